@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QHashFunctions>
+#include <QList>
+#include <QMetaEnum>
+#include <QString>
+
+#include <optional>
+#include <type_traits>
+
+/// The enumerations of the domain. A case's name is also its serialised form.
+namespace vornel {
+Q_NAMESPACE
+
+/// The stage of a skill's life.
+enum class Maturity { draft, ready, active, obsolete };
+Q_ENUM_NS(Maturity)
+
+/// How the installed copies of a skill stand against its canonical copy.
+enum class SyncState { unknown, inSync, drifted, missing, failed };
+Q_ENUM_NS(SyncState)
+
+/// An assistant whose skills folder receives a copy of every skill.
+enum class TargetKind { claude, codex };
+Q_ENUM_NS(TargetKind)
+
+/// Why a slug, a relative path or a root is refused.
+enum class PathViolation {
+    empty,
+    absolute,
+    parentTraversal,
+    nullByte,
+    reserved,
+    invalidSlug,
+    outsideRoot,
+    overlappingRoots
+};
+Q_ENUM_NS(PathViolation)
+
+/// Whether an importable folder was found in one assistant's folder, or with equal content in both.
+enum class ImportClassification { singleSource, identical };
+Q_ENUM_NS(ImportClassification)
+
+/// The side the user keeps when both assistants hold different content under one slug.
+enum class CollisionChoice { claude, codex };
+Q_ENUM_NS(CollisionChoice)
+
+template <typename E>
+    requires std::is_enum_v<E>
+size_t qHash(E value, size_t seed = 0)
+{
+    return ::qHash(static_cast<int>(value), seed);
+}
+
+/// The serialised form of an enumeration's case.
+template <typename E>
+QString rawValue(E value)
+{
+    return QString::fromLatin1(QMetaEnum::fromType<E>().valueToKey(static_cast<int>(value)));
+}
+
+/// The case whose serialised form is exactly `text`; nothing when there is none.
+template <typename E>
+std::optional<E> fromRawValue(const QString &text)
+{
+    bool known = false;
+    const int value = QMetaEnum::fromType<E>().keyToValue(text.toUtf8().constData(), &known);
+    return known && rawValue(static_cast<E>(value)) == text ? std::optional(static_cast<E>(value))
+                                                            : std::nullopt;
+}
+
+/// Every case of an enumeration, in declaration order.
+template <typename E>
+QList<E> allCases()
+{
+    const QMetaEnum cases = QMetaEnum::fromType<E>();
+    QList<E> values;
+    for (int index = 0; index < cases.keyCount(); ++index)
+        values.append(static_cast<E>(cases.value(index)));
+    return values;
+}
+
+} // namespace vornel

@@ -1,0 +1,64 @@
+#include "LocaleText.h"
+
+#include <QCollator>
+#include <QLocale>
+#include <QStringList>
+#include <QTextBoundaryFinder>
+
+namespace vornel::LocaleText {
+
+namespace {
+
+QCollator makeCollator()
+{
+    const QLocale user;
+    QCollator collator(user.language() == QLocale::C ? QLocale(QLocale::French) : user);
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    collator.setNumericMode(true);
+    return collator;
+}
+
+} // namespace
+
+int standardCompare(const QString &a, const QString &b)
+{
+    // A collator is expensive to make and not made to be shared between threads.
+    thread_local const QCollator collator = makeCollator();
+    return collator.compare(a, b);
+}
+
+QString folded(const QString &text)
+{
+    QString result;
+    const QString decomposed = text.normalized(QString::NormalizationForm_D);
+    result.reserve(decomposed.size());
+    for (const QChar c : decomposed) {
+        if (c.category() != QChar::Mark_NonSpacing)
+            result.append(c);
+    }
+    return result.toCaseFolded();
+}
+
+QString caseless(const QString &text)
+{
+    return text.toLower().normalized(QString::NormalizationForm_C);
+}
+
+int characterCount(const QString &text)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    int count = 0;
+    while (finder.toNextBoundary() != -1)
+        ++count;
+    return count;
+}
+
+QString titleFromIdentifier(const QString &identifier)
+{
+    QStringList words = identifier.split(u'-', Qt::SkipEmptyParts);
+    for (QString &word : words)
+        word.replace(0, 1, word.at(0).toUpper());
+    return words.join(u' ');
+}
+
+} // namespace vornel::LocaleText

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+/// Text as the user's language sees it. In the C locale, the language is French.
+namespace vornel::LocaleText {
+
+/// Orders as a file browser does: by language, without regard to case, digits by value.
+/// Returns a negative, zero or positive number.
+int standardCompare(const QString &a, const QString &b);
+
+/// The form in which texts are searched: without case and without diacritics ("Éte" becomes "ete").
+QString folded(const QString &text);
+
+/// The form in which names are compared: without case, diacritics kept.
+QString caseless(const QString &text);
+
+/// The number of characters that a reader sees, which combining marks and emoji sequences don't raise.
+int characterCount(const QString &text);
+
+/// The words of a hyphenated identifier, each with its first letter in upper case: "pdf-tools" gives
+/// "Pdf Tools".
+QString titleFromIdentifier(const QString &identifier);
+
+} // namespace vornel::LocaleText

@@ -1,0 +1,181 @@
+#include "RecordJson.h"
+
+#include "SerializedForms.h"
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QMetaEnum>
+#include <QMetaObject>
+#include <QSequentialIterable>
+#include <QStringList>
+#include <QUuid>
+
+#include <limits>
+
+namespace vornel::RecordJson {
+
+namespace {
+
+/// The enumeration that a type stands for; invalid when it stands for none.
+QMetaEnum enumeration(QMetaType type)
+{
+    if (!type.flags().testFlag(QMetaType::IsEnumeration) || type.metaObject() == nullptr)
+        return {};
+    const QByteArray name = QByteArray(type.name()).split(':').last();
+    return type.metaObject()->enumerator(type.metaObject()->indexOfEnumerator(name.constData()));
+}
+
+bool isRecord(QMetaType type)
+{
+    return type.flags().testFlag(QMetaType::IsGadget);
+}
+
+QJsonObject encodeRecord(const QVariant &record)
+{
+    QJsonObject object;
+    const QMetaObject *fields = record.metaType().metaObject();
+    for (int index = 0; index < fields->propertyCount(); ++index) {
+        const QMetaProperty field = fields->property(index);
+        object.insert(QLatin1String(field.name()), encode(field.readOnGadget(record.constData())));
+    }
+    return object;
+}
+
+QJsonArray encodeList(const QVariant &list)
+{
+    QJsonArray array;
+    for (const QVariant &element : list.value<QSequentialIterable>())
+        array.append(encode(element));
+    return array;
+}
+
+QVariant decode(const QJsonValue &value, QMetaType type);
+
+QVariant decodeRecord(const QJsonValue &value, QMetaType type)
+{
+    if (!value.isObject())
+        return {};
+    const QJsonObject object = value.toObject();
+    const QMetaObject *fields = type.metaObject();
+    QVariant record(type);
+    for (int index = 0; index < fields->propertyCount(); ++index) {
+        const QMetaProperty field = fields->property(index);
+        const QVariant content = decode(object.value(QLatin1String(field.name())), field.metaType());
+        if (!content.isValid() || !field.writeOnGadget(record.data(), content))
+            return {};
+    }
+    return record;
+}
+
+QVariant decodeList(const QJsonValue &value, QMetaType type)
+{
+    if (!value.isArray())
+        return {};
+    QVariant list(type);
+    auto elements = list.view<QSequentialIterable>();
+    const QMetaType elementType = elements.metaContainer().valueMetaType();
+    for (const QJsonValue &item : value.toArray()) {
+        const QVariant element = decode(item, elementType);
+        if (!element.isValid())
+            return {};
+        elements.addValue(element);
+    }
+    return list;
+}
+
+QVariant decodeInteger(const QJsonValue &value, QMetaType type)
+{
+    const qint64 number = value.toInteger(0);
+    if (number != value.toInteger(1))
+        return {};
+    if (type.id() != QMetaType::Int)
+        return QVariant::fromValue(number);
+    if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
+        return {};
+    return QVariant::fromValue(static_cast<int>(number));
+}
+
+QVariant decodeText(const QString &text, QMetaType type)
+{
+    const auto orInvalid = [](const auto &value) { return value ? QVariant::fromValue(*value) : QVariant(); };
+    switch (type.id()) {
+    case QMetaType::QString:
+        return text;
+    case QMetaType::QUuid:
+        return orInvalid(uuidFromText(text));
+    case QMetaType::QDateTime:
+        return orInvalid(dateFromText(text));
+    default:
+        break;
+    }
+    const QMetaEnum cases = enumeration(type);
+    bool known = false;
+    const int number = cases.keyToValue(text.toUtf8().constData(), &known);
+    if (!known || QLatin1String(cases.valueToKey(number)) != text)
+        return {};
+    return QVariant(type, &number);
+}
+
+QVariant decode(const QJsonValue &value, QMetaType type)
+{
+    switch (type.id()) {
+    case QMetaType::Bool:
+        return value.isBool() ? QVariant(value.toBool()) : QVariant();
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return decodeInteger(value, type);
+    default:
+        break;
+    }
+    if (isRecord(type))
+        return decodeRecord(value, type);
+    if (type.id() == QMetaType::QString || type.id() == QMetaType::QUuid ||
+        type.id() == QMetaType::QDateTime || type.flags().testFlag(QMetaType::IsEnumeration))
+        return value.isString() ? decodeText(value.toString(), type) : QVariant();
+    return decodeList(value, type);
+}
+
+} // namespace
+
+QJsonValue encode(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        return QJsonValue::Null;
+    case QMetaType::Bool:
+        return value.toBool();
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return value.toLongLong();
+    case QMetaType::QString:
+        return value.toString();
+    case QMetaType::QUuid:
+        return uuidText(value.toUuid());
+    case QMetaType::QDateTime:
+        return dateText(value.toDateTime());
+    case QMetaType::QVariant:
+        return encode(value.value<QVariant>());
+    default:
+        break;
+    }
+    if (isRecord(value.metaType()))
+        return encodeRecord(value);
+    if (const QMetaEnum cases = enumeration(value.metaType()); cases.isValid())
+        return QLatin1String(cases.valueToKey(*static_cast<const int *>(value.constData())));
+    return encodeList(value);
+}
+
+QByteArray document(const QJsonValue &value)
+{
+    return value.isArray() ? QJsonDocument(value.toArray()).toJson()
+                           : QJsonDocument(value.toObject()).toJson();
+}
+
+QVariant decodeDocument(const QByteArray &document, QMetaType type)
+{
+    const QJsonDocument json = QJsonDocument::fromJson(document);
+    return json.isObject() ? decodeRecord(json.object(), type) : QVariant();
+}
+
+} // namespace vornel::RecordJson
