@@ -1,0 +1,153 @@
+#include "PosixCalls.h"
+
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+
+#include <QUuid>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+namespace vornel::PosixCalls {
+
+namespace fs = std::filesystem;
+
+void fail(const char *operation, const fs::path &path)
+{
+    throw fs::filesystem_error(operation, path, std::error_code(errno, std::system_category()));
+}
+
+FileKind kindOf(mode_t mode)
+{
+    if (S_ISREG(mode))
+        return FileKind::Regular;
+    if (S_ISDIR(mode))
+        return FileKind::Directory;
+    return S_ISLNK(mode) ? FileKind::SymbolicLink : FileKind::Other;
+}
+
+std::optional<FileKind> kindOf(const Folder &folder, const std::string &name)
+{
+    struct stat status{};
+    if (::fstatat(folder.descriptor.fd(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return kindOf(status.st_mode);
+    if (errno != ENOENT)
+        fail("stat", folder.path / name);
+    return std::nullopt;
+}
+
+Descriptor open(const Folder &folder, const std::string &name, int flags)
+{
+    if (name.empty() || name == "." || name == ".." || name.find('/') != std::string::npos)
+        throw VORNELWorkspaceError::invalidPath(PathViolation::outsideRoot);
+    Descriptor descriptor(
+        ::openat(folder.descriptor.fd(), name.c_str(), flags | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY));
+    if (descriptor.fd() >= 0)
+        return descriptor;
+    const int error = errno;
+    if ((error == ELOOP || error == ENOTDIR) && kindOf(folder, name) == FileKind::SymbolicLink)
+        throw VORNELWorkspaceError::symlinkUnsupported(pathText(folder.path / name));
+    errno = error;
+    fail("open", folder.path / name);
+}
+
+Descriptor create(const Folder &folder, const std::string &name)
+{
+    constexpr mode_t ownerReadWrite = 0600;
+    const fs::path path = folder.path / name;
+    Descriptor descriptor(::openat(folder.descriptor.fd(), name.c_str(),
+                                   O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, ownerReadWrite));
+    if (descriptor.fd() < 0 || ::fchmod(descriptor.fd(), ownerReadWrite) != 0)
+        fail("create", path);
+    return descriptor;
+}
+
+void write(const Descriptor &file, QByteArrayView bytes, const fs::path &path)
+{
+    while (!bytes.isEmpty()) {
+        const ssize_t count = ::write(file.fd(), bytes.data(), static_cast<size_t>(bytes.size()));
+        if (count < 0 && errno != EINTR)
+            fail("write", path);
+        bytes = bytes.sliced(std::max<ssize_t>(count, 0));
+    }
+}
+
+std::string temporaryName()
+{
+    return "." + QUuid::createUuid().toString(QUuid::WithoutBraces).toStdString() + ".tmp";
+}
+
+void removeEntry(const FileSystem &files, const Folder &folder, const std::string &name)
+{
+    if (::unlinkat(folder.descriptor.fd(), name.c_str(), 0) == 0)
+        return;
+    if (errno != EISDIR)
+        fail("remove", folder.path / name);
+    {
+        const Folder inner = files.openFolder(folder, name);
+        for (const FolderEntry &entry : files.list(inner))
+            removeEntry(files, inner, entry.name);
+    }
+    if (::unlinkat(folder.descriptor.fd(), name.c_str(), AT_REMOVEDIR) != 0)
+        fail("remove", folder.path / name);
+}
+
+namespace {
+
+void copyLink(const Folder &from, const std::string &name, const Folder &to, const std::string &newName)
+{
+    std::array<char, PATH_MAX> target{};
+    if (::readlinkat(from.descriptor.fd(), name.c_str(), target.data(), target.size() - 1) < 0)
+        fail("readlink", from.path / name);
+    if (::symlinkat(target.data(), to.descriptor.fd(), newName.c_str()) != 0)
+        fail("symlink", to.path / newName);
+}
+
+/// Gives a copy the permissions and times of its source, and puts it on the disk.
+void finishCopy(const Descriptor &source, const Descriptor &copy, const fs::path &path)
+{
+    struct stat status{};
+    if (::fstat(source.fd(), &status) != 0 || ::fchmod(copy.fd(), status.st_mode) != 0)
+        fail("chmod", path);
+    const std::array<timespec, 2> times{status.st_atim, status.st_mtim};
+    if (::futimens(copy.fd(), times.data()) != 0 || ::fsync(copy.fd()) != 0)
+        fail("sync", path);
+}
+
+void copyFile(const FileSystem &files, const File &source, const Folder &to, const std::string &newName)
+{
+    const Descriptor copy = create(to, newName);
+    std::array<char, 64 * 1024> buffer;
+    while (const std::size_t count = files.read(source, buffer))
+        write(copy, QByteArrayView(buffer.data(), static_cast<qsizetype>(count)), to.path / newName);
+    finishCopy(source.descriptor, copy, to.path / newName);
+}
+
+} // namespace
+
+void copyEntry(const FileSystem &files, const Folder &from, const std::string &name, const Folder &to,
+               const std::string &newName)
+{
+    const std::optional<FileKind> kind = kindOf(from, name);
+    if (kind == FileKind::SymbolicLink)
+        return copyLink(from, name, to, newName);
+    const File source = files.openFile(from, name);
+    if (source.kind == FileKind::Regular)
+        return copyFile(files, source, to, newName);
+    if (source.kind != FileKind::Directory)
+        throw fs::filesystem_error("copy", source.path, std::make_error_code(std::errc::invalid_argument));
+
+    if (::mkdirat(to.descriptor.fd(), newName.c_str(), S_IRWXU) != 0)
+        fail("mkdir", to.path / newName);
+    const Folder inner = files.openFolder(from, name);
+    const Folder copy = files.openFolder(to, newName);
+    for (const FolderEntry &entry : files.list(inner))
+        copyEntry(files, inner, entry.name, copy, entry.name);
+    finishCopy(inner.descriptor, copy.descriptor, copy.path);
+}
+
+} // namespace vornel::PosixCalls

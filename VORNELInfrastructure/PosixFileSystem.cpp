@@ -1,0 +1,270 @@
+#include "PosixFileSystem.h"
+
+#include "PosixCalls.h"
+
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <thread>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+using namespace PosixCalls;
+
+namespace {
+
+constexpr mode_t ownerOnly = 0700;
+
+FileKind kindOf(const Folder &folder, const dirent64 &entry)
+{
+    switch (entry.d_type) {
+    case DT_REG:
+        return FileKind::Regular;
+    case DT_DIR:
+        return FileKind::Directory;
+    case DT_LNK:
+        return FileKind::SymbolicLink;
+    case DT_UNKNOWN:
+        return PosixCalls::kindOf(folder, entry.d_name).value_or(FileKind::Other);
+    default:
+        return FileKind::Other;
+    }
+}
+
+Folder openRoot(const fs::path &root)
+{
+    Descriptor descriptor(::open(root.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (descriptor.fd() >= 0)
+        return {std::move(descriptor), root};
+    const int error = errno;
+    struct stat status{};
+    if (::lstat(root.c_str(), &status) == 0 && S_ISLNK(status.st_mode))
+        throw VORNELWorkspaceError::symlinkUnsupported(pathText(root));
+    errno = error;
+    fail("open", root);
+}
+
+/// Renames without ever replacing what may stand at the new place. Returns false with `errno` set.
+bool renameToFreePlace(const Folder &from, const std::string &name, const Folder &to,
+                       const std::string &newName)
+{
+    if (::renameat2(from.descriptor.fd(), name.c_str(), to.descriptor.fd(), newName.c_str(),
+                    RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    if (PosixCalls::kindOf(to, newName)) {
+        errno = EEXIST;
+        return false;
+    }
+    return ::renameat(from.descriptor.fd(), name.c_str(), to.descriptor.fd(), newName.c_str()) == 0;
+}
+
+} // namespace
+
+void PosixFileSystem::confine(std::vector<fs::path> roots)
+{
+    m_roots = std::move(roots);
+}
+
+const fs::path &PosixFileSystem::rootOf(const fs::path &path) const
+{
+    for (const fs::path &root : m_roots) {
+        if (isInside(path, root))
+            return root;
+    }
+    throw VORNELWorkspaceError::invalidPath(PathViolation::outsideRoot);
+}
+
+std::optional<FileKind> PosixFileSystem::kindAt(const fs::path &path) const
+try {
+    if (path != rootOf(path))
+        return PosixCalls::kindOf(openFolder(path.parent_path()), path.filename().native());
+    struct stat status{};
+    if (::lstat(path.c_str(), &status) != 0)
+        fail("stat", path);
+    return PosixCalls::kindOf(status.st_mode);
+} catch (const fs::filesystem_error &error) {
+    if (error.code() == std::errc::no_such_file_or_directory || error.code() == std::errc::not_a_directory)
+        return std::nullopt;
+    throw;
+}
+
+Folder PosixFileSystem::openFolder(const fs::path &path) const
+{
+    const fs::path &root = rootOf(path);
+    Folder folder = openRoot(root);
+    for (const fs::path &component : path.lexically_relative(root)) {
+        if (component != ".")
+            folder = openFolder(folder, component.native());
+    }
+    return folder;
+}
+
+Folder PosixFileSystem::openFolder(const Folder &parent, const std::string &name) const
+{
+    return {PosixCalls::open(parent, name, O_RDONLY | O_DIRECTORY), parent.path / name};
+}
+
+std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
+{
+    std::vector<FolderEntry> entries;
+    alignas(dirent64) std::array<char, 32 * 1024> buffer;
+    const int fd = folder.descriptor.fd();
+    if (::lseek(fd, 0, SEEK_SET) != 0)
+        fail("list", folder.path);
+    while (true) {
+        const ssize_t size = ::getdents64(fd, buffer.data(), buffer.size());
+        if (size < 0)
+            fail("list", folder.path);
+        if (size == 0)
+            return entries;
+        for (ssize_t at = 0; at < size;) {
+            const auto *entry = reinterpret_cast<const dirent64 *>(buffer.data() + at);
+            at += entry->d_reclen;
+            if (std::strcmp(entry->d_name, ".") != 0 && std::strcmp(entry->d_name, "..") != 0)
+                entries.push_back({entry->d_name, kindOf(folder, *entry)});
+        }
+    }
+}
+
+File PosixFileSystem::openFile(const Folder &folder, const std::string &name) const
+{
+    Descriptor descriptor = PosixCalls::open(folder, name, O_RDONLY | O_NONBLOCK);
+    struct stat status{};
+    if (::fstat(descriptor.fd(), &status) != 0)
+        fail("stat", folder.path / name);
+    return {std::move(descriptor), folder.path / name, PosixCalls::kindOf(status.st_mode), status.st_size};
+}
+
+std::size_t PosixFileSystem::read(const File &file, std::span<char> buffer) const
+{
+    while (true) {
+        const ssize_t count = ::read(file.descriptor.fd(), buffer.data(), buffer.size());
+        if (count >= 0)
+            return static_cast<std::size_t>(count);
+        if (errno != EINTR)
+            fail("read", file.path);
+    }
+}
+
+Folder PosixFileSystem::createFolder(const Folder &parent, const std::string &name)
+{
+    if (::mkdirat(parent.descriptor.fd(), name.c_str(), ownerOnly) != 0)
+        fail("mkdir", parent.path / name);
+    Folder folder = openFolder(parent, name);
+    if (::fchmod(folder.descriptor.fd(), ownerOnly) != 0)
+        fail("chmod", folder.path);
+    return folder;
+}
+
+void PosixFileSystem::createRoot(const fs::path &root)
+{
+    if (::mkdir(root.c_str(), ownerOnly) == 0) {
+        if (::chmod(root.c_str(), ownerOnly) != 0)
+            fail("chmod", root);
+        return;
+    }
+    if (errno == ENOENT && root.has_relative_path()) {
+        createRoot(root.parent_path());
+        createRoot(root);
+    } else if (errno != EEXIST || !fs::is_directory(root)) {
+        fail("mkdir", root);
+    }
+}
+
+void PosixFileSystem::createFolders(const fs::path &path)
+{
+    const fs::path &root = rootOf(path);
+    createRoot(root);
+    Folder folder = openRoot(root);
+    for (const fs::path &component : path.lexically_relative(root)) {
+        if (component == ".")
+            continue;
+        const std::string &name = component.native();
+        folder = PosixCalls::kindOf(folder, name) ? openFolder(folder, name) : createFolder(folder, name);
+    }
+}
+
+void PosixFileSystem::createFile(const Folder &folder, const std::string &name, QByteArrayView bytes)
+{
+    PosixCalls::write(PosixCalls::create(folder, name), bytes, folder.path / name);
+}
+
+void PosixFileSystem::replaceFile(const fs::path &path, QByteArrayView bytes)
+{
+    const Folder folder = openFolder(path.parent_path());
+    const std::string temporary = temporaryName();
+    try {
+        const Descriptor file = PosixCalls::create(folder, temporary);
+        PosixCalls::write(file, bytes, path);
+        if (::fsync(file.fd()) != 0)
+            fail("sync", path);
+        if (::renameat(folder.descriptor.fd(), temporary.c_str(), folder.descriptor.fd(),
+                       path.filename().c_str()) != 0)
+            fail("rename", path);
+    } catch (...) {
+        ::unlinkat(folder.descriptor.fd(), temporary.c_str(), 0);
+        throw;
+    }
+}
+
+void PosixFileSystem::move(const fs::path &from, const fs::path &to)
+{
+    const Folder source = openFolder(from.parent_path());
+    const Folder destination = openFolder(to.parent_path());
+    const std::string name = from.filename().native();
+    const std::string newName = to.filename().native();
+    if (renameToFreePlace(source, name, destination, newName))
+        return;
+    if (errno != EXDEV)
+        fail("rename", errno == EEXIST || errno == ENOTEMPTY ? to : from);
+
+    const std::string temporary = temporaryName();
+    try {
+        copyEntry(*this, source, name, destination, temporary);
+        if (!renameToFreePlace(destination, temporary, destination, newName))
+            fail("rename", to);
+    } catch (...) {
+        if (PosixCalls::kindOf(destination, temporary))
+            removeEntry(*this, destination, temporary);
+        throw;
+    }
+    removeEntry(*this, source, name);
+}
+
+void PosixFileSystem::removeTree(const fs::path &path)
+{
+    removeEntry(*this, openFolder(path.parent_path()), path.filename().native());
+}
+
+Folder PosixFileSystem::lock(const fs::path &path, LockMode mode) const
+{
+    constexpr std::chrono::seconds longestWait{10};
+    constexpr std::chrono::milliseconds pause{5};
+    const auto deadline = std::chrono::steady_clock::now() + longestWait;
+    const int operation = (mode == LockMode::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
+
+    Folder folder = openFolder(path);
+    while (::flock(folder.descriptor.fd(), operation) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR)
+            fail("lock", path);
+        if (std::chrono::steady_clock::now() >= deadline)
+            throw VORNELWorkspaceError::integrityFailure(
+                QStringLiteral("Le workspace est occupé par un autre programme."));
+        std::this_thread::sleep_for(pause);
+    }
+    return folder;
+}
+
+} // namespace vornel

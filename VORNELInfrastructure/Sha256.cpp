@@ -1,0 +1,64 @@
+#include "Sha256.h"
+
+#include <openssl/evp.h>
+
+#include <array>
+#include <stdexcept>
+
+namespace vornel {
+
+namespace {
+
+/// Looked up once: a look-up for each digest would cost more than hashing a small file.
+const EVP_MD *sha256()
+{
+    static const EVP_MD *const algorithm = EVP_MD_fetch(nullptr, "SHA256", nullptr);
+    return algorithm;
+}
+
+void require(int succeeded)
+{
+    if (succeeded != 1)
+        throw std::runtime_error("SHA-256 is not available");
+}
+
+} // namespace
+
+void Sha256::Free::operator()(evp_md_ctx_st *context) const
+{
+    EVP_MD_CTX_free(context);
+}
+
+Sha256::Sha256() : m_context(EVP_MD_CTX_new())
+{
+    restart();
+}
+
+void Sha256::restart()
+{
+    require(EVP_DigestInit_ex2(m_context.get(), sha256(), nullptr));
+}
+
+void Sha256::update(QByteArrayView bytes)
+{
+    require(EVP_DigestUpdate(m_context.get(), bytes.data(), static_cast<size_t>(bytes.size())));
+}
+
+std::string Sha256::finish()
+{
+    static constexpr std::string_view hexDigits = "0123456789abcdef";
+    std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
+    unsigned int size = 0;
+    require(EVP_DigestFinal_ex(m_context.get(), digest.data(), &size));
+    restart();
+
+    std::string text;
+    text.reserve(2UL * size);
+    for (unsigned int index = 0; index < size; ++index) {
+        text += hexDigits[digest[index] >> 4U];
+        text += hexDigits[digest[index] & 0xFU];
+    }
+    return text;
+}
+
+} // namespace vornel

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+/// The files that every skill folder holds, and the bound on all of them.
+namespace vornel::SkillFiles {
+
+inline constexpr const char *text = "SKILL.md";
+inline constexpr const char *manifest = "vornel.json";
+
+/// The largest file that is read or copied: 25 MiB.
+inline constexpr std::int64_t sizeLimit = 26'214'400;
+
+} // namespace vornel::SkillFiles
