@@ -1,0 +1,119 @@
+#include "CategoryCatalog.h"
+
+#include "CategoryRules.h"
+#include "SkillFiles.h"
+#include "SkillRecords.h"
+
+#include <VORNELCore/LocaleText.h>
+#include <VORNELCore/RecordJson.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace {
+
+VORNELWorkspaceError failure(const char16_t *reason)
+{
+    return VORNELWorkspaceError::integrityFailure(QString::fromUtf16(reason));
+}
+
+/// A name for a category that only manifests know, acceptable in this catalog.
+QString nameForUnknownCategory(const QString &id, const CategoryCatalog &catalog)
+{
+    const QString title = CategoryRules::legacyCategoryName(id).left(CategoryRules::longestName).trimmed();
+    const QString base = title.isEmpty() ? QStringLiteral("Catégorie") : title;
+    QString name = base;
+    for (int number = 2; catalog.hasName(name); ++number) {
+        const QString suffix = u' ' + QString::number(number);
+        name = base.left(CategoryRules::longestName - suffix.size()) + suffix;
+    }
+    return name;
+}
+
+CategoryCatalog initialCatalog(const Workspace &workspace)
+{
+    CategoryCatalog catalog{1, SkillCategory::defaults()};
+    QList<SkillRecord> records = activeManifests(workspace);
+    records += trashedManifests(workspace);
+    for (const SkillRecord &record : records) {
+        const QString id = CategoryRules::normalizedCategory(record.manifest.category);
+        if (!catalog.contains(id))
+            catalog.categories.append(
+                {id, nameForUnknownCategory(id, catalog), QStringLiteral("FFB347"), false});
+    }
+    return catalog;
+}
+
+} // namespace
+
+bool CategoryCatalog::contains(const QString &id) const
+{
+    return std::ranges::find(categories, id, &SkillCategory::id) != categories.end();
+}
+
+SkillCategory &CategoryCatalog::find(const QString &id)
+{
+    const auto found = std::ranges::find(categories, id, &SkillCategory::id);
+    if (found == categories.end())
+        throw failure(u"Catégorie introuvable.");
+    return *found;
+}
+
+bool CategoryCatalog::hasName(const QString &name, const QString &exceptID) const
+{
+    return std::ranges::any_of(categories, [&](const SkillCategory &category) {
+        return category.id != exceptID &&
+               LocaleText::caseless(category.name) == LocaleText::caseless(name);
+    });
+}
+
+void CategoryCatalog::check() const
+{
+    QSet<QString> ids;
+    QSet<QString> names;
+    bool hasProtectedOther = false;
+    for (const SkillCategory &category : categories) {
+        ids.insert(category.id);
+        names.insert(LocaleText::caseless(category.name));
+        hasProtectedOther |= category.id == SkillCategory::otherID && category.isProtected;
+    }
+    if (ids.size() != categories.size() || names.size() != categories.size() || !hasProtectedOther)
+        throw failure(u"Le catalogue de catégories contient des doublons.");
+    for (const SkillCategory &category : categories) {
+        CategoryRules::validatedCategoryName(category.name);
+        CategoryRules::validatedColorHex(category.colorHex);
+    }
+}
+
+CategoryCatalog readCategoryCatalog(const Workspace &workspace)
+{
+    QByteArray document;
+    try {
+        document = readFile(workspace.files, workspace.config.categories(), SkillFiles::sizeLimit);
+    } catch (const std::exception &) {
+        throw failure(u"Le catalogue de catégories ne peut pas être lu.");
+    }
+    const auto catalog = RecordJson::decodeDocument<CategoryCatalog>(document);
+    if (!catalog)
+        throw failure(u"Le catalogue de catégories est invalide.");
+    catalog->check();
+    return *catalog;
+}
+
+void writeCategoryCatalog(const CategoryCatalog &catalog, const Workspace &workspace)
+{
+    workspace.files.replaceFile(workspace.config.categories(),
+                                RecordJson::document(RecordJson::encode(catalog)));
+}
+
+void prepareCategoryCatalog(const Workspace &workspace)
+{
+    if (workspace.files.kindAt(workspace.config.categories()))
+        readCategoryCatalog(workspace);
+    else
+        writeCategoryCatalog(initialCatalog(workspace), workspace);
+}
+
+} // namespace vornel

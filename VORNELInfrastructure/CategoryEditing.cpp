@@ -1,0 +1,101 @@
+#include "CategoryEditing.h"
+
+#include "CategoryCatalog.h"
+#include "CategoryRules.h"
+#include "SkillFolderStore.h"
+
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace {
+
+VORNELWorkspaceError failure(const char16_t *reason)
+{
+    return VORNELWorkspaceError::integrityFailure(QString::fromUtf16(reason));
+}
+
+void refuseDoubledName(const CategoryCatalog &catalog, const QString &name, const QString &exceptID = {})
+{
+    if (catalog.hasName(name, exceptID))
+        throw failure(u"Une catégorie porte déjà ce nom.");
+}
+
+} // namespace
+
+void CategoryEditing::create(const QString &name, const QString &colorHex) const
+{
+    const QString validName = CategoryRules::validatedCategoryName(name);
+    const QString color = CategoryRules::validatedColorHex(colorHex);
+    CategoryCatalog catalog = readCategoryCatalog(m_workspace);
+    refuseDoubledName(catalog, validName);
+
+    QSet<QString> ids;
+    for (const SkillCategory &category : catalog.categories)
+        ids.insert(category.id);
+    catalog.categories.append({CategoryRules::categoryIdentifier(validName, ids), validName, color, false});
+    writeCategoryCatalog(catalog, m_workspace);
+}
+
+void CategoryEditing::update(const QString &id, const QString &name, const QString &colorHex) const
+{
+    const QString validName = CategoryRules::validatedCategoryName(name);
+    const QString color = CategoryRules::validatedColorHex(colorHex);
+    CategoryCatalog catalog = readCategoryCatalog(m_workspace);
+    SkillCategory &category = catalog.find(id);
+    refuseDoubledName(catalog, validName, id);
+
+    category.name = validName;
+    category.colorHex = color;
+    writeCategoryCatalog(catalog, m_workspace);
+}
+
+void CategoryEditing::remove(const QString &id) const
+{
+    CategoryCatalog catalog = readCategoryCatalog(m_workspace);
+    if (catalog.find(id).isProtected)
+        throw failure(u"La catégorie Autre est nécessaire au classement.");
+
+    for (const SkillRecord &skill : activeManifests(m_workspace)) {
+        if (skill.manifest.category == id)
+            moveActiveSkill(skill, SkillCategory::otherID);
+    }
+    for (SkillRecord &skill : trashedManifests(m_workspace)) {
+        if (skill.manifest.category == id)
+            rewrite(skill, SkillCategory::otherID);
+    }
+    catalog.categories.removeIf([&id](const SkillCategory &category) { return category.id == id; });
+    writeCategoryCatalog(catalog, m_workspace);
+}
+
+void CategoryEditing::assign(const QSet<QUuid> &ids, const QString &category) const
+{
+    readCategoryCatalog(m_workspace).find(category);
+    QList<QUuid> ordered(ids.begin(), ids.end());
+    std::ranges::sort(ordered, {}, uuidText);
+    const QList<SkillRecord> active = activeManifests(m_workspace);
+    for (const QUuid &id : ordered) {
+        const SkillRecord &skill = findRecord(active, id);
+        if (skill.manifest.category != category)
+            moveActiveSkill(skill, category);
+    }
+}
+
+void CategoryEditing::rewrite(SkillRecord &skill, const QString &category) const
+{
+    skill.manifest.category = category;
+    skill.manifest.revision += 1;
+    skill.manifest.updatedAt = currentInstant();
+    SkillFolderStore(m_workspace).writeManifest(skill.manifest, skill.url);
+}
+
+void CategoryEditing::moveActiveSkill(SkillRecord skill, const QString &category) const
+{
+    rewrite(skill, category);
+    SkillFolderStore(m_workspace).createSnapshot(skill.manifest, skill.url);
+}
+
+} // namespace vornel

@@ -1,0 +1,73 @@
+#include "CrashRecovery.h"
+
+#include "BestEffort.h"
+#include "SkillFolderStore.h"
+#include "SkillRecords.h"
+
+#include <VORNELCore/VORNELWorkspaceError.h>
+#include <VORNELCore/WorkspaceValidation.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The canonical folders in recovery whose manifest agrees with their name, the latest revision first.
+QList<SkillRecord> parkedCanonicalFolders(const Workspace &workspace)
+{
+    static const QRegularExpression shape(QStringLiteral(R"(\A[0-9A-F-]{36}-canonical-(.+)\z)"));
+    const SkillFolderStore store(workspace);
+    const fs::path recovery = workspace.config.recovery();
+    QList<SkillRecord> parked;
+    for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(recovery))) {
+        const auto match = shape.match(QString::fromStdString(entry.name));
+        if (!match.hasMatch() || entry.kind != FileKind::Directory)
+            continue;
+        bestEffort([&] {
+            const SkillManifest manifest = store.readManifest(recovery / entry.name);
+            WorkspaceValidation::validateSlug(manifest.slug);
+            if (manifest.slug == match.captured(1))
+                parked.append({manifest, recovery / entry.name});
+        });
+    }
+    std::ranges::sort(parked, std::ranges::greater{},
+                      [](const SkillRecord &record) { return record.manifest.revision; });
+    return parked;
+}
+
+void bringBackSwappedFolders(const Workspace &workspace)
+{
+    const SkillFolderStore store(workspace);
+    for (const SkillRecord &parked : parkedCanonicalFolders(workspace)) {
+        const fs::path canonical = workspace.config.canonical(parked.manifest.slug);
+        if (workspace.files.kindAt(canonical)) {
+            // The swap had succeeded; once the history holds this revision too, the folder is of no use.
+            if (store.hasSnapshot(parked.manifest))
+                bestEffort([&] { store.discard(parked.url); });
+        } else if (!workspace.files.kindAt(workspace.config.trashed(parked.manifest.id))) {
+            workspace.files.move(parked.url, canonical);
+        }
+    }
+}
+
+void removeAbandonedStages(const Workspace &workspace)
+{
+    const fs::path staging = workspace.config.staging();
+    for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(staging)))
+        bestEffort([&] { workspace.files.removeTree(staging / entry.name); });
+}
+
+} // namespace
+
+void recoverFromCrash(const Workspace &workspace)
+{
+    bringBackSwappedFolders(workspace);
+    removeAbandonedStages(workspace);
+}
+
+} // namespace vornel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "SkillFolderStore.h"
+#include "SkillRecords.h"
+
+#include <VORNELCore/ImportModels.h>
+
+#include <functional>
+
+namespace vornel {
+
+/// Told how many of how many steps are done.
+using Progress = std::function<void(int done, int total)>;
+
+/// Brings the folders of a plan into the library.
+class ImportCommit
+{
+public:
+    explicit ImportCommit(const Workspace &workspace) : m_workspace(workspace), m_store(workspace) {}
+
+    /// Imports every candidate and the chosen side of every collision, by slug. Throws `unresolvedCollisions`
+    /// before anything is written. A skill that is already active with the same content is adopted as it is,
+    /// so that an interrupted commit can be repeated. Targets that could not be written are thrown as one
+    /// `partialSync` at the end, when all skills are in the library.
+    void run(const ImportPlan &plan, const Progress &progress);
+
+private:
+    void importCandidate(const ImportCandidate &candidate);
+    void adopt(const ImportCandidate &candidate, const SkillRecord &skill) const;
+    SkillRecord addToLibrary(const ImportCandidate &candidate) const;
+    void stageSource(const ImportCandidate &candidate, const std::filesystem::path &stage) const;
+
+    const Workspace &m_workspace;
+    SkillFolderStore m_store;
+    QList<SkillRecord> m_active;
+    QSet<TargetKind> m_failedTargets;
+};
+
+} // namespace vornel

@@ -1,0 +1,189 @@
+#include "LocalWorkspaceService.h"
+
+#include "CategoryEditing.h"
+#include "ImportCommit.h"
+#include "ImportScan.h"
+#include "Overview.h"
+#include "SkillAuthoring.h"
+#include "SkillTrash.h"
+#include "WorkspaceBootstrap.h"
+
+#include <VORNELCore/VORNELWorkspaceError.h>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager)
+    : m_manager(std::move(manager))
+{
+}
+
+template <typename Operation>
+auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
+{
+    if (!m_configuration)
+        throw VORNELWorkspaceError::notBootstrapped();
+    m_manager->confine(m_configuration->roots());
+    const Folder lock = m_manager->lock(m_configuration->bookkeeping(), mode);
+    return operation(Workspace{*m_manager, *m_configuration, m_failedSyncTargets});
+}
+
+template <typename Operation>
+auto LocalWorkspaceService::perform(LockMode mode, Operation operation)
+{
+    using Result = std::invoke_result_t<Operation, const Workspace &>;
+    return m_executor.submit<Result>([this, mode, operation = std::move(operation)](QPromise<Result> &) {
+        return runLocked(mode, operation);
+    });
+}
+
+template <typename Operation>
+QFuture<WorkspaceOverview> LocalWorkspaceService::change(Operation operation)
+{
+    return perform(LockMode::Exclusive, [operation = std::move(operation)](const Workspace &workspace) {
+        operation(workspace);
+        return makeOverview(workspace);
+    });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceURL, fs::path claudeRoot,
+                                                            fs::path codexRoot)
+{
+    return m_executor.submit<WorkspaceOverview>([=, this](QPromise<WorkspaceOverview> &) {
+        const Configuration config = Configuration::forRoots(workspaceURL, claudeRoot, codexRoot);
+        const Workspace workspace{*m_manager, config, m_failedSyncTargets};
+        m_manager->confine(config.roots());
+        createLayout(*m_manager, config);
+        {
+            const Folder lock = m_manager->lock(config.bookkeeping(), LockMode::Exclusive);
+            prepareWorkspace(workspace);
+        }
+        m_configuration = config;
+        const Folder lock = m_manager->lock(config.bookkeeping(), LockMode::Shared);
+        return makeOverview(workspace);
+    });
+}
+
+QFuture<ImportPlan> LocalWorkspaceService::scanImports()
+{
+    return perform(LockMode::Shared, [this](const Workspace &workspace) {
+        return m_pendingPlan.emplace(vornel::scanImports(workspace));
+    });
+}
+
+ImportPlan &LocalWorkspaceService::pendingPlan()
+{
+    if (!m_pendingPlan)
+        throw VORNELWorkspaceError::importPlanNotFound();
+    return *m_pendingPlan;
+}
+
+QFuture<ImportPlan> LocalWorkspaceService::resolveCollision(QUuid id, CollisionChoice choice)
+{
+    return perform(LockMode::Shared, [this, id, choice](const Workspace &) {
+        ImportPlan &plan = pendingPlan();
+        const auto collision = std::ranges::find(plan.collisions, id, &ImportCollision::id);
+        if (collision == plan.collisions.end())
+            throw VORNELWorkspaceError::collisionNotFound(id);
+        collision->choice = choice;
+        plan.revision += 1;
+        return plan;
+    });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::commitImport(QUuid planID)
+{
+    return m_executor.submit<WorkspaceOverview>([this, planID](QPromise<WorkspaceOverview> &promise) {
+        const auto report = [&promise](int done, int total) {
+            promise.setProgressRange(0, total);
+            promise.setProgressValue(done);
+        };
+        return runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {
+            if (pendingPlan().id != planID)
+                throw VORNELWorkspaceError::importPlanNotFound();
+            ImportCommit(workspace).run(pendingPlan(), report);
+            m_pendingPlan.reset();
+            return makeOverview(workspace);
+        });
+    });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::reload()
+{
+    return perform(LockMode::Shared, makeOverview);
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::createSkill(CreateSkillRequest request)
+{
+    return perform(LockMode::Exclusive,
+                   [=](const Workspace &workspace) { return SkillAuthoring(workspace).create(request); });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::loadSkill(QUuid id)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return SkillAuthoring(workspace).load(id); });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::saveSkill(QUuid id, qint64 expectedRevision, QString skillMD)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return SkillAuthoring(workspace).save(id, expectedRevision, skillMD);
+    });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::createCategory(QString name, QString colorHex)
+{
+    return change([=](const Workspace &workspace) { CategoryEditing(workspace).create(name, colorHex); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::updateCategory(QString id, QString name, QString colorHex)
+{
+    return change([=](const Workspace &workspace) { CategoryEditing(workspace).update(id, name, colorHex); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::deleteCategory(QString id)
+{
+    return change([=](const Workspace &workspace) { CategoryEditing(workspace).remove(id); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::assignSkills(QSet<QUuid> ids, QString to)
+{
+    return change([=](const Workspace &workspace) { CategoryEditing(workspace).assign(ids, to); });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::synchronize(QUuid id)
+{
+    return perform(LockMode::Exclusive,
+                   [=](const Workspace &workspace) { return SkillAuthoring(workspace).synchronize(id); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::moveToTrash(QUuid id)
+{
+    return moveToTrash(QSet<QUuid>{id});
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::moveToTrash(QSet<QUuid> ids)
+{
+    return change([=](const Workspace &workspace) { SkillTrash(workspace).moveToTrash(ids); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::restore(QUuid id)
+{
+    return change([=](const Workspace &workspace) { SkillTrash(workspace).restore(id); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::deletePermanently(QUuid id)
+{
+    return change([=](const Workspace &workspace) { SkillTrash(workspace).deletePermanently(id); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::emptyTrash()
+{
+    return change([](const Workspace &workspace) { SkillTrash(workspace).empty(); });
+}
+
+} // namespace vornel

@@ -1,0 +1,93 @@
+#include "SkillAuthoring.h"
+
+#include "CategoryCatalog.h"
+#include "CategoryRules.h"
+#include "Overview.h"
+#include "SecureFileTree.h"
+#include "SkillText.h"
+#include "TargetSynchronizer.h"
+
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+#include <VORNELCore/WorkspaceValidation.h>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+SkillManifest SkillAuthoring::newManifest(const CreateSkillRequest &request) const
+{
+    const QString displayName = request.displayName.trimmed();
+    if (displayName.isEmpty())
+        throw VORNELWorkspaceError::integrityFailure(QStringLiteral("Le nom du skill est vide."));
+    const QString category = CategoryRules::normalizedCategory(request.category);
+    readCategoryCatalog(m_workspace).find(category);
+
+    const QDateTime now = currentInstant();
+    return {.schemaVersion = 1,
+            .id = QUuid::createUuid(),
+            .slug = request.slug,
+            .displayName = displayName,
+            .summary = request.summary,
+            .category = category,
+            .tags = SkillText::normalizedTags(request.tags),
+            .maturity = request.maturity,
+            .revision = 1,
+            .createdAt = now,
+            .updatedAt = now};
+}
+
+SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
+{
+    WorkspaceValidation::validateSlug(request.slug);
+    ensureUnique(request.slug, activeManifests(m_workspace));
+    ensureUnique(request.slug, trashedManifests(m_workspace));
+    const SkillRecord skill{newManifest(request), m_workspace.config.canonical(request.slug)};
+
+    const fs::path stage = m_store.makeStage();
+    m_workspace.files.createFolders(stage);
+    m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
+    m_store.writeManifest(skill.manifest, stage);
+    m_workspace.files.move(stage, skill.url);
+
+    m_store.createSnapshot(skill.manifest, skill.url);
+    TargetSynchronizer(m_workspace).synchronize(skill);
+    return makeDetail(m_workspace, skill);
+}
+
+SkillDetail SkillAuthoring::load(const QUuid &id) const
+{
+    return makeDetail(m_workspace, activeRecord(m_workspace, id));
+}
+
+SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const
+{
+    SkillRecord skill = activeRecord(m_workspace, id);
+    if (skill.manifest.revision != expectedRevision)
+        throw VORNELWorkspaceError::revisionConflict(expectedRevision, skill.manifest.revision);
+    if (skillMD.trimmed().isEmpty())
+        throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
+    if (!m_store.hasSnapshot(skill.manifest))
+        m_store.createSnapshot(skill.manifest, skill.url);
+    skill.manifest.revision += 1;
+    skill.manifest.updatedAt = currentInstant();
+
+    const fs::path stage = m_store.makeStage();
+    SecureFileTree::copyTree(m_workspace.files, skill.url, stage, TreeFilter::all);
+    m_store.writeSkillMD(skillMD, stage);
+    m_store.writeManifest(skill.manifest, stage);
+    m_store.replaceCanonical(skill.url, stage);
+
+    m_store.createSnapshot(skill.manifest, skill.url);
+    TargetSynchronizer(m_workspace).synchronize(skill);
+    return makeDetail(m_workspace, skill);
+}
+
+SkillDetail SkillAuthoring::synchronize(const QUuid &id) const
+{
+    const SkillRecord skill = activeRecord(m_workspace, id);
+    TargetSynchronizer(m_workspace).synchronize(skill);
+    return makeDetail(m_workspace, skill);
+}
+
+} // namespace vornel

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "SkillFolderStore.h"
+
+#include <VORNELCore/WorkspaceModels.h>
+
+namespace vornel {
+
+/// Creates, loads and edits skills.
+class SkillAuthoring
+{
+public:
+    explicit SkillAuthoring(const Workspace &workspace) : m_workspace(workspace), m_store(workspace) {}
+
+    SkillDetail create(const CreateSkillRequest &request) const;
+    SkillDetail load(const QUuid &id) const;
+
+    /// Throws `revisionConflict` when the skill isn't at `expectedRevision`, and `missingSkillFile` when the
+    /// text is blank.
+    SkillDetail save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const;
+
+    /// Brings both targets in line with the canonical folder.
+    SkillDetail synchronize(const QUuid &id) const;
+
+private:
+    SkillManifest newManifest(const CreateSkillRequest &request) const;
+
+    const Workspace &m_workspace;
+    SkillFolderStore m_store;
+};
+
+} // namespace vornel

@@ -1,0 +1,111 @@
+#include "SkillFolderStore.h"
+
+#include "BestEffort.h"
+#include "SecureFileTree.h"
+#include "SkillFiles.h"
+
+#include <VORNELCore/RecordJson.h>
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+
+#include <QStringDecoder>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+QString decodedText(const QByteArray &bytes, const fs::path &path)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    QString text = decoder(bytes);
+    if (text.toUtf8() != bytes)
+        throw fs::filesystem_error("decode", path, std::make_error_code(std::errc::illegal_byte_sequence));
+    return text;
+}
+
+} // namespace
+
+fs::path SkillFolderStore::makeStage() const
+{
+    return m_config.staging() / pathFromText(uuidText(QUuid::createUuid()));
+}
+
+void SkillFolderStore::writeSkillMD(const QString &text, const fs::path &folder) const
+{
+    m_files.replaceFile(folder / SkillFiles::text, text.toUtf8());
+}
+
+void SkillFolderStore::writeManifest(const SkillManifest &manifest, const fs::path &folder) const
+{
+    m_files.replaceFile(folder / SkillFiles::manifest, RecordJson::document(RecordJson::encode(manifest)));
+}
+
+SkillManifest SkillFolderStore::readManifest(const fs::path &folder) const
+{
+    const fs::path path = folder / SkillFiles::manifest;
+    const VORNELWorkspaceError malformed = VORNELWorkspaceError::malformedManifest(pathText(path));
+    try {
+        const auto manifest =
+            RecordJson::decodeDocument<SkillManifest>(readFile(m_files, path, SkillFiles::sizeLimit));
+        if (!manifest)
+            throw malformed;
+        return *manifest;
+    } catch (const fs::filesystem_error &) {
+        throw malformed;
+    }
+}
+
+QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slug) const
+{
+    const fs::path path = folder / SkillFiles::text;
+    if (!m_files.kindAt(path))
+        throw VORNELWorkspaceError::missingSkillFile(slug);
+    return decodedText(readFile(m_files, path, SkillFiles::sizeLimit), path);
+}
+
+void SkillFolderStore::createSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
+{
+    const QString name = QString::number(manifest.revision) + u'-' + uuidText(QUuid::createUuid());
+    SecureFileTree::copyTree(m_files, skillURL, m_config.historyOf(manifest.id) / pathFromText(name),
+                             TreeFilter::all);
+}
+
+bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest) const
+{
+    const fs::path folder = m_config.historyOf(manifest.id);
+    if (!m_files.kindAt(folder))
+        return false;
+    const std::string prefix = std::to_string(manifest.revision) + '-';
+    return std::ranges::any_of(m_files.list(m_files.openFolder(folder)),
+                               [&prefix](const FolderEntry &entry) { return entry.name.starts_with(prefix); });
+}
+
+void SkillFolderStore::replaceCanonical(const fs::path &destination, const fs::path &staged) const
+{
+    const QString name = uuidText(QUuid::createUuid()) + u"-canonical-" + pathText(destination.filename());
+    const fs::path recovery = m_config.recovery() / pathFromText(name);
+    m_files.move(destination, recovery);
+    try {
+        m_files.move(staged, destination);
+    } catch (...) {
+        bestEffort([&] {
+            if (!m_files.kindAt(destination))
+                m_files.move(recovery, destination);
+        });
+        throw;
+    }
+    discard(recovery);
+}
+
+void SkillFolderStore::discard(const fs::path &folder) const
+{
+    const fs::path condemned = makeStage();
+    m_files.move(folder, condemned);
+    m_files.removeTree(condemned);
+}
+
+} // namespace vornel

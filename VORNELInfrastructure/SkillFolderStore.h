@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Workspace.h"
+
+#include <VORNELCore/WorkspaceModels.h>
+
+namespace vornel {
+
+/// Reads and writes the folder of one skill: the staged copy, its files, its history, its swap into place.
+class SkillFolderStore
+{
+public:
+    explicit SkillFolderStore(const Workspace &workspace) : m_files(workspace.files), m_config(workspace.config)
+    {
+    }
+
+    /// A fresh place in the staging folder. Nothing is created.
+    std::filesystem::path makeStage() const;
+
+    void writeSkillMD(const QString &text, const std::filesystem::path &folder) const;
+    void writeManifest(const SkillManifest &manifest, const std::filesystem::path &folder) const;
+
+    /// Throws `malformedManifest` with the manifest's path when it is missing, unreadable or wrong.
+    SkillManifest readManifest(const std::filesystem::path &folder) const;
+
+    /// The text of "SKILL.md", every character kept. Throws `missingSkillFile(slug)` when there is none, and
+    /// a `filesystem_error` when it is not UTF-8.
+    QString readSkillMD(const std::filesystem::path &folder, const QString &slug) const;
+
+    /// Keeps a copy of `skillURL` in the history, named by the manifest's revision.
+    void createSnapshot(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+
+    /// Whether the history holds a copy of the manifest's revision.
+    bool hasSnapshot(const SkillManifest &manifest) const;
+
+    /// Swaps the folder `staged` into `destination`. Whatever fails, the skill stands whole at `destination`
+    /// or, while the swap runs, in the recovery folder.
+    void replaceCanonical(const std::filesystem::path &destination, const std::filesystem::path &staged) const;
+
+    /// Deletes a folder of the workspace. It leaves its place first, in one step, so that an interrupted
+    /// deletion never leaves half a folder there.
+    void discard(const std::filesystem::path &folder) const;
+
+private:
+    FileSystem &m_files;
+    const Configuration &m_config;
+};
+
+} // namespace vornel

@@ -1,0 +1,105 @@
+#include "SkillRecords.h"
+
+#include "ParallelMap.h"
+#include "SkillFolderStore.h"
+
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+#include <VORNELCore/WorkspaceValidation.h>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+VORNELWorkspaceError failure(const char16_t *reason)
+{
+    return VORNELWorkspaceError::integrityFailure(QString::fromUtf16(reason));
+}
+
+std::vector<fs::path> skillFolders(const FileSystem &files, const fs::path &directory)
+{
+    std::vector<fs::path> folders;
+    for (const FolderEntry &entry : files.list(files.openFolder(directory))) {
+        if (entry.name.starts_with('.'))
+            continue;
+        if (entry.kind == FileKind::SymbolicLink)
+            throw VORNELWorkspaceError::symlinkUnsupported(pathText(directory / entry.name));
+        if (entry.kind == FileKind::Directory)
+            folders.push_back(directory / entry.name);
+    }
+    return folders;
+}
+
+QList<SkillRecord> records(const Workspace &workspace, const fs::path &directory)
+{
+    const SkillFolderStore store(workspace);
+    const auto read = parallelMap(skillFolders(workspace.files, directory), [&store](const fs::path &folder) {
+        SkillRecord record{store.readManifest(folder), folder};
+        WorkspaceValidation::validateSlug(record.manifest.slug);
+        return record;
+    });
+
+    QSet<QUuid> ids;
+    QSet<QString> slugs;
+    for (const SkillRecord &record : read) {
+        ids.insert(record.manifest.id);
+        slugs.insert(record.manifest.slug);
+    }
+    QList<SkillRecord> all(read.begin(), read.end());
+    if (ids.size() < all.size())
+        throw failure(u"Un identifiant de skill est dupliqué.");
+    if (slugs.size() < all.size())
+        throw failure(u"Un slug de skill est dupliqué.");
+    return all;
+}
+
+} // namespace
+
+QList<SkillRecord> activeManifests(const Workspace &workspace)
+{
+    QList<SkillRecord> active = records(workspace, workspace.config.skills());
+    for (const SkillRecord &record : active) {
+        if (record.url != workspace.config.canonical(record.manifest.slug))
+            throw failure(u"Le dossier canonique ne correspond pas au slug du manifeste.");
+    }
+    return active;
+}
+
+QList<SkillRecord> trashedManifests(const Workspace &workspace)
+{
+    QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
+    for (const SkillRecord &record : trashed) {
+        if (record.url != workspace.config.trashed(record.manifest.id))
+            throw failure(u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste.");
+    }
+    return trashed;
+}
+
+const SkillRecord &findRecord(const QList<SkillRecord> &records, const QUuid &id)
+{
+    const auto found =
+        std::ranges::find(records, id, [](const SkillRecord &record) { return record.manifest.id; });
+    if (found == records.end())
+        throw VORNELWorkspaceError::skillNotFound(id);
+    return *found;
+}
+
+SkillRecord activeRecord(const Workspace &workspace, const QUuid &id)
+{
+    return findRecord(activeManifests(workspace), id);
+}
+
+void ensureUnique(const QString &slug, const QList<SkillRecord> &taken)
+{
+    const auto hasSlug = [&slug](const SkillRecord &record) {
+        return record.manifest.slug.compare(slug, Qt::CaseInsensitive) == 0;
+    };
+    if (std::ranges::any_of(taken, hasSlug))
+        throw VORNELWorkspaceError::duplicateSlug(slug);
+}
+
+} // namespace vornel

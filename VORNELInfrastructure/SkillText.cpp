@@ -1,0 +1,44 @@
+#include "SkillText.h"
+
+#include <VORNELCore/LocaleText.h>
+
+#include <algorithm>
+
+namespace vornel::SkillText {
+
+QStringList normalizedTags(const QStringList &tags)
+{
+    QStringList kept;
+    for (const QString &tag : tags) {
+        const QString normalized = tag.trimmed().toLower();
+        if (!normalized.isEmpty() && !kept.contains(normalized))
+            kept.append(normalized);
+    }
+    std::ranges::stable_sort(
+        kept, [](const QString &a, const QString &b) { return LocaleText::standardCompare(a, b) < 0; });
+    return kept;
+}
+
+Metadata frontmatterMetadata(const QString &text, const QString &slug)
+{
+    constexpr QLatin1String nameKey("name:");
+    constexpr QLatin1String descriptionKey("description:");
+    Metadata found;
+    for (const QStringView line : QStringView(text).split(u'\n')) {
+        if (line.startsWith(nameKey))
+            found.name = line.sliced(nameKey.size()).trimmed().toString();
+        else if (line.startsWith(descriptionKey))
+            found.summary = line.sliced(descriptionKey.size()).trimmed().toString();
+    }
+    if (found.name.isEmpty())
+        found.name = LocaleText::titleFromIdentifier(slug);
+    return found;
+}
+
+QString defaultSkillMD(const SkillManifest &manifest)
+{
+    return u"---\nname: " + manifest.slug + u"\ndescription: " + manifest.summary + u"\n---\n\n# " +
+           manifest.displayName + u"\n\nDécrivez ici le fonctionnement de cette compétence.";
+}
+
+} // namespace vornel::SkillText

@@ -1,0 +1,86 @@
+#include "SkillTrash.h"
+
+#include "BestEffort.h"
+#include "TargetSynchronizer.h"
+
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+void SkillTrash::moveToTrash(const QSet<QUuid> &ids) const
+{
+    QList<QUuid> ordered(ids.begin(), ids.end());
+    std::ranges::sort(ordered, {}, uuidText);
+    const QList<SkillRecord> active = activeManifests(m_workspace);
+    for (const QUuid &id : ordered)
+        moveToTrash(findRecord(active, id));
+}
+
+void SkillTrash::moveToTrash(const SkillRecord &skill) const
+{
+    // The trash, like the library, holds a slug once: a second one would make every overview fail.
+    ensureUnique(skill.manifest.slug, trashedManifests(m_workspace));
+    TargetSynchronizer(m_workspace).removeCopies(skill);
+    const fs::path destination = m_workspace.config.trashed(skill.manifest.id);
+    if (m_workspace.files.kindAt(destination))
+        throw VORNELWorkspaceError::integrityFailure(
+            QStringLiteral("Le skill existe déjà dans la corbeille."));
+    m_workspace.files.move(skill.url, destination);
+    m_workspace.failedSyncTargets.remove(skill.manifest.id);
+}
+
+void SkillTrash::restore(const QUuid &id) const
+{
+    FileSystem &files = m_workspace.files;
+    const fs::path source = m_workspace.config.trashed(id);
+    if (!files.kindAt(source))
+        throw VORNELWorkspaceError::skillNotFound(id);
+    SkillManifest manifest = m_store.readManifest(source);
+    if (manifest.id != id)
+        throw VORNELWorkspaceError::integrityFailure(
+            QStringLiteral("L’identifiant de la corbeille ne correspond pas au manifeste."));
+    QList<SkillRecord> others = trashedManifests(m_workspace);
+    others.removeIf([&id](const SkillRecord &record) { return record.manifest.id == id; });
+    ensureUnique(manifest.slug, activeManifests(m_workspace));
+    ensureUnique(manifest.slug, others);
+
+    manifest.updatedAt = currentInstant();
+    m_store.writeManifest(manifest, source);
+    const SkillRecord skill{manifest, m_workspace.config.canonical(manifest.slug)};
+    files.move(source, skill.url);
+    try {
+        m_store.createSnapshot(manifest, skill.url);
+    } catch (...) {
+        bestEffort([&] { files.move(skill.url, source); });
+        throw;
+    }
+    TargetSynchronizer(m_workspace).synchronize(skill);
+}
+
+void SkillTrash::deletePermanently(const QUuid &id) const
+{
+    if (!m_workspace.files.kindAt(m_workspace.config.trashed(id)))
+        throw VORNELWorkspaceError::skillNotFound(id);
+    remove(id);
+}
+
+void SkillTrash::empty() const
+{
+    for (const SkillRecord &skill : trashedManifests(m_workspace))
+        remove(skill.manifest.id);
+}
+
+void SkillTrash::remove(const QUuid &id) const
+{
+    m_workspace.failedSyncTargets.remove(id);
+    m_store.discard(m_workspace.config.trashed(id));
+    if (m_workspace.files.kindAt(m_workspace.config.historyOf(id)))
+        m_store.discard(m_workspace.config.historyOf(id));
+}
+
+} // namespace vornel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "SkillFolderStore.h"
+#include "SkillRecords.h"
+
+namespace vornel {
+
+/// Moves skills to the trash, back from it, and out of existence.
+class SkillTrash
+{
+public:
+    explicit SkillTrash(const Workspace &workspace) : m_workspace(workspace), m_store(workspace) {}
+
+    /// Moves the skills one by one; what was moved before a failure stays in the trash. A skill whose copies
+    /// can't be taken out of the assistants' folders stays in the library: `partialSync`.
+    void moveToTrash(const QSet<QUuid> &ids) const;
+
+    void restore(const QUuid &id) const;
+    void deletePermanently(const QUuid &id) const;
+    void empty() const;
+
+private:
+    void moveToTrash(const SkillRecord &skill) const;
+    void remove(const QUuid &id) const;
+
+    const Workspace &m_workspace;
+    SkillFolderStore m_store;
+};
+
+} // namespace vornel

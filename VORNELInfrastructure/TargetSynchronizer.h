@@ -1,0 +1,39 @@
+#pragma once
+
+#include "SkillFolderStore.h"
+#include "SkillRecords.h"
+
+namespace vornel {
+
+/// Installs a skill into the assistants' folders, and takes it out of them.
+class TargetSynchronizer
+{
+public:
+    explicit TargetSynchronizer(const Workspace &workspace) : m_workspace(workspace), m_store(workspace) {}
+
+    /// Makes both copies equal to the canonical folder. A failed target doesn't stop the other: failures are
+    /// remembered, then thrown as `partialSync`.
+    void synchronize(const SkillRecord &skill) const;
+
+    /// Moves both copies into the recovery folder. A failed target doesn't stop the other: failures are
+    /// remembered, then thrown as `partialSync`.
+    void removeCopies(const SkillRecord &skill) const;
+
+private:
+    void installTargetCopy(const SkillRecord &skill, TargetKind kind) const;
+    void removeTargetCopy(const QString &slug, TargetKind kind) const;
+
+    /// Runs `action` for every target, and returns those for which it threw.
+    template <typename Action>
+    QList<TargetKind> failedTargets(const Action &action) const;
+
+    /// Remembers what failed, and throws it when anything did.
+    void conclude(const QUuid &id, const QList<TargetKind> &failed) const;
+
+    std::filesystem::path recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const;
+
+    const Workspace &m_workspace;
+    SkillFolderStore m_store;
+};
+
+} // namespace vornel

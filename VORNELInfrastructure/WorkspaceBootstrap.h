@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Workspace.h"
+
+#include <QDateTime>
+#include <QObject>
+
+namespace vornel {
+
+/// The content of "workspace.json".
+struct WorkspaceMetadata
+{
+    Q_GADGET
+    Q_PROPERTY(int schemaVersion MEMBER schemaVersion)
+    Q_PROPERTY(QUuid workspaceID MEMBER workspaceID)
+    Q_PROPERTY(QString displayName MEMBER displayName)
+    Q_PROPERTY(QDateTime createdAt MEMBER createdAt)
+    Q_PROPERTY(qint64 resourceCopyThresholdBytes MEMBER resourceCopyThresholdBytes)
+
+public:
+    int schemaVersion = 1;
+    QUuid workspaceID;
+    QString displayName;
+    QDateTime createdAt;
+    qint64 resourceCopyThresholdBytes = 0; ///< kept for readers of the file; the tree's limit is built in
+};
+
+/// Refuses roots that are links, and creates the folders that the layout lacks.
+void createLayout(FileSystem &files, const Configuration &config);
+
+/// Puts right what a crash left, and writes the files that the workspace lacks. An existing "workspace.json"
+/// or catalog is only read and checked.
+void prepareWorkspace(const Workspace &workspace);
+
+} // namespace vornel
