@@ -1,6 +1,7 @@
 #include "SerializedForms.h"
 
 #include <QRegularExpression>
+#include <QStringDecoder>
 
 namespace vornel {
 
@@ -33,6 +34,13 @@ std::optional<QDateTime> dateFromText(const QString &text)
         return std::nullopt;
     const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
     return date.isValid() ? std::optional(date.toUTC()) : std::nullopt;
+}
+
+std::optional<QString> textFromUtf8(const QByteArray &bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    const QString text = decoder(bytes);
+    return text.toUtf8() == bytes ? std::optional(text) : std::nullopt;
 }
 
 QString pathText(const std::filesystem::path &path)

@@ -25,6 +25,9 @@ QString dateText(const QDateTime &date);
 /// Reads an ISO 8601 date-time with whole seconds and a zone ("Z" or an offset); nothing for any other text.
 std::optional<QDateTime> dateFromText(const QString &text);
 
+/// The text of UTF-8 bytes, every character kept, a byte-order mark too; nothing for any other bytes.
+std::optional<QString> textFromUtf8(const QByteArray &bytes);
+
 /// A path as text; bytes that are not UTF-8 become U+FFFD, so the text is for showing only.
 QString pathText(const std::filesystem::path &path);
 

@@ -8,8 +8,6 @@
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 
-#include <QStringDecoder>
-
 #include <algorithm>
 
 namespace vornel {
@@ -18,13 +16,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-QString decodedText(const QByteArray &bytes, const fs::path &path)
+/// Refuses bytes that the tree's walk would refuse later, when they are already in place.
+void replaceSkillFile(FileSystem &files, const fs::path &path, const QByteArray &bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    QString text = decoder(bytes);
-    if (text.toUtf8() != bytes)
-        throw fs::filesystem_error("decode", path, std::make_error_code(std::errc::illegal_byte_sequence));
-    return text;
+    if (bytes.size() > SkillFiles::sizeLimit)
+        throw VORNELWorkspaceError::unsafeImport(pathText(path.filename()));
+    files.replaceFile(path, bytes);
 }
 
 } // namespace
@@ -36,12 +33,13 @@ fs::path SkillFolderStore::makeStage() const
 
 void SkillFolderStore::writeSkillMD(const QString &text, const fs::path &folder) const
 {
-    m_files.replaceFile(folder / SkillFiles::text, text.toUtf8());
+    replaceSkillFile(m_files, folder / SkillFiles::text, text.toUtf8());
 }
 
 void SkillFolderStore::writeManifest(const SkillManifest &manifest, const fs::path &folder) const
 {
-    m_files.replaceFile(folder / SkillFiles::manifest, RecordJson::document(RecordJson::encode(manifest)));
+    replaceSkillFile(m_files, folder / SkillFiles::manifest,
+                     RecordJson::document(RecordJson::encode(manifest)));
 }
 
 SkillManifest SkillFolderStore::readManifest(const fs::path &folder) const
@@ -64,7 +62,10 @@ QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slu
     const fs::path path = folder / SkillFiles::text;
     if (!m_files.kindAt(path))
         throw VORNELWorkspaceError::missingSkillFile(slug);
-    return decodedText(readFile(m_files, path, SkillFiles::sizeLimit), path);
+    const auto text = textFromUtf8(readFile(m_files, path, SkillFiles::sizeLimit));
+    if (!text)
+        throw fs::filesystem_error("decode", path, std::make_error_code(std::errc::illegal_byte_sequence));
+    return *text;
 }
 
 void SkillFolderStore::createSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const

@@ -1,0 +1,362 @@
+#include "Commands.h"
+
+#include "Report.h"
+#include "Terminal.h"
+
+#include <VORNELCore/LibraryQuery.h>
+#include <VORNELCore/RecordJson.h>
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+
+#include <QFile>
+#include <QJsonArray>
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+
+namespace vornel {
+
+namespace {
+
+/// What a command works with.
+struct Session
+{
+    const Invocation &invocation;
+    WorkspaceServicing &service;
+    const WorkspaceOverview &overview;
+};
+
+/// Prints a record as JSON or, for people, as the text that `report` makes.
+template <typename Record, typename ReportText>
+void output(const Session &session, const Record &record, const ReportText &report)
+{
+    if (session.invocation.has(QStringLiteral("json")))
+        Terminal::print(QString::fromUtf8(RecordJson::document(RecordJson::encode(record))));
+    else
+        Terminal::print(report(record));
+}
+
+QUuid findSkill(const QString &typed, const QList<SkillSummary> &skills)
+{
+    if (const auto id = uuidFromText(typed))
+        return *id;
+    const auto found = std::ranges::find(skills, typed, &SkillSummary::slug);
+    if (found == skills.end())
+        throw CommandFailure(QStringLiteral("skillNotFound"), u"Skill introuvable : " + typed);
+    return found->id;
+}
+
+QUuid activeSkill(const Session &session, const QString &typed)
+{
+    return findSkill(typed, session.overview.skills);
+}
+
+QUuid trashedSkill(const Session &session)
+{
+    return findSkill(session.invocation.operands.first(), session.overview.trashedSkills);
+}
+
+QList<QUuid> activeSkills(const Session &session, const QStringList &typed)
+{
+    QList<QUuid> ids;
+    for (const QString &skill : typed) {
+        const QUuid id = activeSkill(session, skill);
+        if (!ids.contains(id))
+            ids.append(id);
+    }
+    return ids;
+}
+
+/// The case of `E` that an option names; the command line has been checked to name one.
+template <typename E>
+E caseOf(const QString &typed)
+{
+    return fromRawValue<E>(typed).value();
+}
+
+QString textOfFile(const QString &name)
+{
+    const std::filesystem::path path = pathFromText(name);
+    QFile file(name);
+    const bool isOpen = name == u"-" ? file.open(0, QFile::ReadOnly) : file.open(QFile::ReadOnly);
+    const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
+    if (!isOpen || file.error() != QFile::NoError)
+        throw std::filesystem::filesystem_error("read", path,
+                                                std::error_code(errno, std::system_category()));
+    const auto text = textFromUtf8(bytes);
+    if (!text)
+        throw std::filesystem::filesystem_error("decode", path,
+                                                std::make_error_code(std::errc::illegal_byte_sequence));
+    return *text;
+}
+
+int status(const Session &session)
+{
+    output(session, session.overview, Report::overview);
+    return LibraryQuery::needsAttention(session.overview).isEmpty() ? ExitCode::success
+                                                                    : ExitCode::needsAttention;
+}
+
+int list(const Session &session)
+{
+    const Invocation &invocation = session.invocation;
+    const QString category = QStringLiteral("category");
+    const QString maturity = QStringLiteral("maturity");
+    LibraryQuery::Filter filter{invocation.value(QStringLiteral("search")), std::nullopt, std::nullopt};
+    if (invocation.has(category))
+        filter.category = invocation.value(category);
+    if (invocation.has(maturity))
+        filter.maturity = caseOf<Maturity>(invocation.value(maturity));
+    output(session, LibraryQuery::orderedFilteredSkills(session.overview, filter),
+           [&session](const QList<SkillSummary> &skills) {
+               return Report::skills(skills, session.overview.categories);
+           });
+    return ExitCode::success;
+}
+
+int show(const Session &session)
+{
+    const QUuid id = activeSkill(session, session.invocation.operands.first());
+    output(session, session.service.loadSkill(id).result(), Report::detail);
+    return ExitCode::success;
+}
+
+int scan(const Session &session)
+{
+    output(session, session.service.scanImports().result(), Report::plan);
+    return ExitCode::success;
+}
+
+/// The choices typed as "SLUG=claude" or "SLUG=codex".
+QHash<QString, CollisionChoice> typedChoices(const Session &session)
+{
+    QHash<QString, CollisionChoice> choices;
+    for (const QString &typed : session.invocation.values.value(QStringLiteral("choose")))
+        choices.insert(typed.section(u'=', 0, 0), caseOf<CollisionChoice>(typed.section(u'=', 1)));
+    return choices;
+}
+
+/// Resolves the collisions of `plan` as the user asked.
+void resolveCollisions(const Session &session, const ImportPlan &plan)
+{
+    const QString prefer = QStringLiteral("prefer");
+    std::optional<CollisionChoice> preferred;
+    if (session.invocation.has(prefer))
+        preferred = caseOf<CollisionChoice>(session.invocation.value(prefer));
+    QHash<QString, CollisionChoice> choices = typedChoices(session);
+
+    QStringList undecided;
+    QList<std::pair<QUuid, CollisionChoice>> decided;
+    for (const ImportCollision &collision : plan.collisions) {
+        const auto typed = choices.find(collision.slug);
+        if (typed != choices.end())
+            decided.append({collision.id, choices.take(collision.slug)});
+        else if (preferred)
+            decided.append({collision.id, *preferred});
+        else
+            undecided.append(collision.slug);
+    }
+    if (!choices.isEmpty())
+        throw CommandFailure(QStringLiteral("collisionNotFound"),
+                             u"Collision d’import introuvable : " + choices.begin().key());
+    for (const auto &[id, choice] : decided)
+        session.service.resolveCollision(id, choice).result();
+    if (!undecided.isEmpty() && !session.invocation.has(QStringLiteral("json")))
+        Terminal::printError(u"À choisir avec --choose SLUG=claude|codex ou --prefer : " +
+                             undecided.join(QStringLiteral(", ")));
+}
+
+int import(const Session &session)
+{
+    const ImportPlan plan = session.service.scanImports().result();
+    resolveCollisions(session, plan);
+    const QFuture<WorkspaceOverview> commit = session.service.commitImport(plan.id);
+    Terminal::followProgress(QStringLiteral("Import"), QFuture<void>(commit));
+    output(session, commit.result(), [&plan](const WorkspaceOverview &overview) -> QString {
+        return Report::plan(plan) + u'\n' + Report::overview(overview);
+    });
+    return ExitCode::success;
+}
+
+int create(const Session &session)
+{
+    const Invocation &invocation = session.invocation;
+    CreateSkillRequest request{
+        invocation.operands.first(),
+        invocation.value(QStringLiteral("name")),
+        invocation.value(QStringLiteral("summary")),
+        invocation.value(QStringLiteral("category"), SkillCategory::otherID),
+        invocation.value(QStringLiteral("tags")).split(u','),
+        caseOf<Maturity>(invocation.value(QStringLiteral("maturity"), rawValue(Maturity::draft))),
+        std::nullopt};
+    if (invocation.has(QStringLiteral("file")))
+        request.skillMD = textOfFile(invocation.value(QStringLiteral("file")));
+    output(session, session.service.createSkill(request).result(),
+           [](const SkillDetail &detail) { return Report::states({detail}); });
+    return ExitCode::success;
+}
+
+int save(const Session &session)
+{
+    const qint64 revision = session.invocation.value(QStringLiteral("expect")).toLongLong();
+    const QString text = textOfFile(session.invocation.value(QStringLiteral("file")));
+    const QUuid id = activeSkill(session, session.invocation.operands.first());
+    output(session, session.service.saveSkill(id, revision, text).result(),
+           [](const SkillDetail &detail) { return Report::states({detail}); });
+    return ExitCode::success;
+}
+
+QList<QUuid> skillsToSynchronize(const Session &session)
+{
+    if (!session.invocation.has(QStringLiteral("all")))
+        return activeSkills(session, session.invocation.operands);
+    QList<QUuid> ids;
+    for (const SkillSummary &skill : session.overview.skills)
+        ids.append(skill.id);
+    return ids;
+}
+
+/// One skill that fails doesn't stop the others; the first failure is thrown once all had their turn.
+int sync(const Session &session)
+{
+    const QList<QUuid> ids = skillsToSynchronize(session);
+    QList<SkillDetail> details;
+    std::exception_ptr failure;
+    for (qsizetype done = 0; done < ids.size(); ++done) {
+        Terminal::showProgress(QStringLiteral("Synchronisation"), static_cast<int>(done),
+                               static_cast<int>(ids.size()));
+        try {
+            details.append(session.service.synchronize(ids.at(done)).result());
+        } catch (const std::exception &) {
+            if (!failure)
+                failure = std::current_exception();
+        }
+    }
+    Terminal::showProgress(QStringLiteral("Synchronisation"), 1, 1);
+    if (failure)
+        std::rethrow_exception(failure);
+    output(session, details, Report::states);
+    return ExitCode::success;
+}
+
+int assign(const Session &session)
+{
+    const QStringList &operands = session.invocation.operands;
+    const QList<QUuid> ids = activeSkills(session, operands.mid(1));
+    output(session,
+           session.service.assignSkills(QSet<QUuid>(ids.begin(), ids.end()), operands.first()).result(),
+           Report::categories);
+    return ExitCode::success;
+}
+
+int createCategory(const Session &session)
+{
+    const QStringList &operands = session.invocation.operands;
+    output(session, session.service.createCategory(operands.at(0), operands.at(1)).result(),
+           Report::categories);
+    return ExitCode::success;
+}
+
+int updateCategory(const Session &session)
+{
+    const QStringList &operands = session.invocation.operands;
+    output(session, session.service.updateCategory(operands.at(0), operands.at(1), operands.at(2)).result(),
+           Report::categories);
+    return ExitCode::success;
+}
+
+int deleteCategory(const Session &session)
+{
+    output(session, session.service.deleteCategory(session.invocation.operands.first()).result(),
+           Report::categories);
+    return ExitCode::success;
+}
+
+int trash(const Session &session)
+{
+    const QList<QUuid> ids = activeSkills(session, session.invocation.operands);
+    output(session, session.service.moveToTrash(QSet<QUuid>(ids.begin(), ids.end())).result(), Report::trash);
+    return ExitCode::success;
+}
+
+int restore(const Session &session)
+{
+    output(session, session.service.restore(trashedSkill(session)).result(), Report::overview);
+    return ExitCode::success;
+}
+
+int deletePermanently(const Session &session)
+{
+    output(session, session.service.deletePermanently(trashedSkill(session)).result(), Report::trash);
+    return ExitCode::success;
+}
+
+int emptyTrash(const Session &session)
+{
+    output(session, session.service.emptyTrash().result(), Report::trash);
+    return ExitCode::success;
+}
+
+struct Command
+{
+    CommandSyntax syntax;
+    int (*run)(const Session &);
+};
+
+QStringList names(std::initializer_list<const char *> list)
+{
+    QStringList result;
+    for (const char *name : list)
+        result.append(QLatin1String(name));
+    return result;
+}
+
+const QList<Command> &commands()
+{
+    constexpr int many = CommandSyntax::unbounded;
+    const auto syntax = [](const char *name, int minOperands, int maxOperands, QStringList options = {},
+                           QStringList required = {}, QStringList flags = {}) {
+        return CommandSyntax{QLatin1String(name), std::move(required), std::move(options),
+                             std::move(flags),    minOperands,         maxOperands};
+    };
+    static const QList<Command> all{
+        {syntax("status", 0, 0), status},
+        {syntax("list", 0, 0, names({"search", "category", "maturity"})), list},
+        {syntax("show", 1, 1), show},
+        {syntax("scan", 0, 0), scan},
+        {syntax("import", 0, 0, names({"choose", "prefer"})), import},
+        {syntax("create", 1, 1, names({"summary", "category", "tags", "maturity", "file"}), names({"name"})),
+         create},
+        {syntax("save", 1, 1, {}, names({"expect", "file"})), save},
+        {syntax("sync", 1, many, {}, {}, names({"all"})), sync},
+        {syntax("assign", 2, many), assign},
+        {syntax("category create", 2, 2), createCategory},
+        {syntax("category update", 3, 3), updateCategory},
+        {syntax("category delete", 1, 1), deleteCategory},
+        {syntax("trash", 1, many), trash},
+        {syntax("restore", 1, 1), restore},
+        {syntax("delete", 1, 1), deletePermanently},
+        {syntax("empty-trash", 0, 0), emptyTrash},
+    };
+    return all;
+}
+
+} // namespace
+
+QList<CommandSyntax> commandSyntaxes()
+{
+    QList<CommandSyntax> syntaxes;
+    for (const Command &command : commands())
+        syntaxes.append(command.syntax);
+    return syntaxes;
+}
+
+int runCommand(const Invocation &invocation, WorkspaceServicing &service, const WorkspaceOverview &overview)
+{
+    const auto command = std::ranges::find(commands(), invocation.command,
+                                           [](const Command &candidate) { return candidate.syntax.name; });
+    return command->run({invocation, service, overview});
+}
+
+} // namespace vornel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <VORNELCore/ImportModels.h>
+#include <VORNELCore/WorkspaceModels.h>
+
+/// The service's records as a person reads them in a terminal.
+namespace vornel::Report {
+
+/// The workspace, how many skills it holds, and those of which a copy needs attention.
+QString overview(const WorkspaceOverview &overview);
+
+/// One row a skill.
+QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories);
+
+/// Everything about one skill, and its text.
+QString detail(const SkillDetail &detail);
+
+/// One row a skill: where it stands after an operation.
+QString states(const QList<SkillDetail> &details);
+
+/// What can be imported, what collides, what is blocked and why.
+QString plan(const ImportPlan &plan);
+
+/// The categories, with the number of skills in each.
+QString categories(const WorkspaceOverview &overview);
+
+/// The skills in the trash.
+QString trash(const WorkspaceOverview &overview);
+
+} // namespace vornel::Report

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QFuture>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/// What is written for people: aligned columns, colour and progress where a terminal shows them.
+namespace vornel::Terminal {
+
+enum class Colour { Plain, Success, Warning, Danger, Muted };
+
+/// `text` in `colour` when standard output is a terminal that shows colours.
+QString coloured(const QString &text, Colour colour);
+
+/// The text without control characters, which could command the terminal.
+QString printable(const QString &text);
+
+/// A cell of a table.
+struct Cell
+{
+    QString text;
+    Colour colour = Colour::Plain;
+};
+
+/// The rows in columns, two blanks apart.
+QString table(const QList<QList<Cell>> &rows);
+
+/// Writes to standard output; throws `std::system_error` when that can't be written.
+void print(const QString &text);
+
+/// Writes a line to standard error.
+void printError(const QString &line);
+
+/// Shows a step of a long work on standard error where that is a terminal; elsewhere nothing.
+void showProgress(const QString &label, int done, int total);
+
+/// Shows the progress of `work` in the same way until it is finished.
+void followProgress(const QString &label, const QFuture<void> &work);
+
+} // namespace vornel::Terminal

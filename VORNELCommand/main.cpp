@@ -1,0 +1,100 @@
+#include "CommandLine.h"
+#include "Commands.h"
+#include "Terminal.h"
+
+#include <VORNELCore/ErrorMessage.h>
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELProduct.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
+#include <VORNELInfrastructure/LocalWorkspaceService.h>
+#include <VORNELInfrastructure/PosixFileSystem.h>
+#include <VORNELInfrastructure/WorkspaceRoots.h>
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <span>
+
+using namespace vornel;
+
+namespace {
+
+QStringList decodedArguments(std::span<char *> arguments)
+{
+    QStringList decoded;
+    for (const char *argument : arguments.subspan(1)) {
+        const auto text = textFromUtf8(argument);
+        if (!text)
+            throw UsageError(QStringLiteral("Un argument n’est pas de l’UTF-8 valide."));
+        decoded.append(*text);
+    }
+    return decoded;
+}
+
+WorkspaceRoots rootsFor(const Invocation &invocation)
+{
+    const std::filesystem::path home = pathFromText(QDir::homePath());
+    WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(QProcessEnvironment::systemEnvironment(), home,
+                                                           DefaultWorkspaceLocator(home));
+    const auto replace = [&invocation](std::filesystem::path &root, const QString &option) {
+        if (invocation.has(option))
+            root = std::filesystem::absolute(pathFromText(invocation.value(option)));
+    };
+    replace(roots.workspace, QStringLiteral("workspace"));
+    replace(roots.claude, QStringLiteral("claude"));
+    replace(roots.codex, QStringLiteral("codex"));
+    return roots;
+}
+
+int run(const Invocation &invocation)
+{
+    const WorkspaceRoots roots = rootsFor(invocation);
+    LocalWorkspaceService service(std::make_shared<PosixFileSystem>());
+    const WorkspaceOverview overview =
+        service.bootstrap(roots.workspace, roots.claude, roots.codex).result();
+    return runCommand(invocation, service, overview);
+}
+
+QString errorCase(const std::exception &error)
+{
+    if (const auto *workspace = dynamic_cast<const VORNELWorkspaceError *>(&error))
+        return workspace->caseName();
+    if (const auto *command = dynamic_cast<const CommandFailure *>(&error))
+        return command->caseName;
+    return QStringLiteral("fileSystem");
+}
+
+void reportFailure(const std::exception &error, bool asJson)
+{
+    const QString message = errorMessage(error);
+    if (!asJson)
+        return Terminal::printError(Terminal::printable(message));
+    const QJsonObject object{{QStringLiteral("error"), errorCase(error)},
+                             {QStringLiteral("message"), message}};
+    Terminal::printError(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    Invocation invocation;
+    try {
+        invocation = parseCommandLine(decodedArguments({argv, static_cast<size_t>(argc)}), commandSyntaxes());
+        if (invocation.command == u"help")
+            Terminal::print(usageText());
+        else if (invocation.command == u"version")
+            Terminal::print(u"vornelctl " + QStringLiteral(VORNEL_VERSION) + u'\n');
+        else
+            return run(invocation);
+        return ExitCode::success;
+    } catch (const UsageError &error) {
+        Terminal::printError(QString::fromUtf8(error.what()) + u"\n\n" + usageText().trimmed());
+        return ExitCode::usage;
+    } catch (const std::exception &error) {
+        reportFailure(error, invocation.has(QStringLiteral("json")));
+        return ExitCode::failure;
+    }
+}
