@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 
 namespace vornel {
@@ -27,21 +28,36 @@ bool isInside(const fs::path &path, const fs::path &folder)
     return inner.starts_with(outer);
 }
 
+QByteArray readFile(const FileSystem &files, const Folder &folder, const std::string &name,
+                    std::int64_t limit)
+{
+    const File file = files.openFile(folder, name);
+    if (file.kind != FileKind::Regular)
+        throw fs::filesystem_error("read", file.path, std::make_error_code(std::errc::invalid_argument));
+    if (file.size > limit)
+        throw fs::filesystem_error("read", file.path, std::make_error_code(std::errc::file_too_large));
+    QByteArray content;
+    content.reserve(file.size);
+    readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });
+    return content;
+}
+
 QByteArray readFile(const FileSystem &files, const fs::path &path, std::int64_t limit)
 {
-    const Folder folder = files.openFolder(path.parent_path());
-    const File file = files.openFile(folder, path.filename().native());
-    if (file.kind != FileKind::Regular)
-        throw fs::filesystem_error("read", path, std::make_error_code(std::errc::invalid_argument));
+    return readFile(files, files.openFolder(path.parent_path()), path.filename().native(), limit);
+}
 
-    QByteArray bytes;
-    std::array<char, 16 * 1024> buffer;
-    while (const std::size_t count = files.read(file, buffer)) {
-        bytes.append(buffer.data(), static_cast<qsizetype>(count));
-        if (bytes.size() > limit)
-            throw fs::filesystem_error("read", path, std::make_error_code(std::errc::file_too_large));
+void readWhole(const FileSystem &files, const File &file, const std::function<void(QByteArrayView)> &sink)
+{
+    std::array<char, 64 * 1024> buffer;
+    for (std::int64_t left = file.size; left > 0;) {
+        const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(left, buffer.size()));
+        const std::size_t count = files.read(file, std::span(buffer).first(wanted));
+        if (count == 0)
+            return;
+        left -= static_cast<std::int64_t>(count);
+        sink(QByteArrayView(buffer.data(), static_cast<qsizetype>(count)));
     }
-    return bytes;
 }
 
 } // namespace vornel

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -41,14 +42,14 @@ private:
 struct Folder
 {
     Descriptor descriptor;
-    std::filesystem::path path; ///< where it was opened, for messages
+    std::string path; ///< where it was opened, for messages
 };
 
 /// An open file, with the kind and size that it had when it was opened.
 struct File
 {
     Descriptor descriptor;
-    std::filesystem::path path;
+    std::string path; ///< where it was opened, for messages
     FileKind kind;
     std::int64_t size; ///< bytes
 };
@@ -77,10 +78,12 @@ public:
     /// What stands at `path`; nothing when nothing does.
     virtual std::optional<FileKind> kindAt(const std::filesystem::path &path) const = 0;
 
+    virtual std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const = 0;
+
     virtual Folder openFolder(const std::filesystem::path &path) const = 0;
     virtual Folder openFolder(const Folder &parent, const std::string &name) const = 0;
 
-    /// Everything in the folder, hidden entries too, in no order.
+    /// Everything in the folder, hidden entries too, in no order. An open folder can be listed once.
     virtual std::vector<FolderEntry> list(const Folder &folder) const = 0;
 
     /// Opens a file for reading. Never waits: a pipe or a device is opened too, for its kind to be looked at.
@@ -115,6 +118,12 @@ public:
 bool isInside(const std::filesystem::path &path, const std::filesystem::path &folder);
 
 /// The bytes of a regular file of at most `limit` bytes; anything else is a `filesystem_error`.
+QByteArray readFile(const FileSystem &files, const Folder &folder, const std::string &name,
+                    std::int64_t limit);
 QByteArray readFile(const FileSystem &files, const std::filesystem::path &path, std::int64_t limit);
+
+/// Hands the bytes of `file` to `sink`, up to the size that it had when it was opened.
+void readWhole(const FileSystem &files, const File &file,
+               const std::function<void(QByteArrayView)> &sink);
 
 } // namespace vornel

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QtConcurrentMap>
-
-#include <exception>
+#include <cstddef>
+#include <functional>
 #include <iterator>
 #include <optional>
 #include <type_traits>
@@ -10,41 +9,26 @@
 
 namespace vornel {
 
-/// `function` applied to every item, on all cores, the results in the order of the items. When some calls
-/// throw, the exception of the first such item is thrown once all are done. May be nested.
+/// Calls `work` for every index below `count`, on all cores. The caller works too, and helpers join only while
+/// they are idle, so calls may be nested. When some throw, the exception of the lowest index is thrown once
+/// all that began has ended; indexes above it may be left out.
+void parallelFor(std::size_t count, const std::function<void(std::size_t)> &work);
+
+/// `function` applied to every item as `parallelFor` does, the results in the order of the items.
 template <typename Items, typename Function>
 auto parallelMap(const Items &items, const Function &function)
 {
-    using Item = std::remove_cvref_t<decltype(*std::begin(items))>;
-    using Result = std::invoke_result_t<Function, const Item &>;
-    struct Call
-    {
-        const Item *item;
-        std::optional<Result> result;
-        std::exception_ptr error;
-    };
-
-    std::vector<Call> calls;
-    calls.reserve(static_cast<std::size_t>(std::size(items)));
-    for (const Item &item : items)
-        calls.push_back({&item, std::nullopt, nullptr});
-
-    QtConcurrent::blockingMap(calls, [&function](Call &call) {
-        try {
-            call.result.emplace(function(*call.item));
-        } catch (...) {
-            call.error = std::current_exception();
-        }
+    using Result = std::invoke_result_t<Function, decltype(*std::begin(items))>;
+    const auto count = static_cast<std::size_t>(std::size(items));
+    std::vector<std::optional<Result>> results(count);
+    parallelFor(count, [&](std::size_t index) {
+        results[index].emplace(function(*std::next(std::begin(items), static_cast<std::ptrdiff_t>(index))));
     });
-
-    std::vector<Result> results;
-    results.reserve(calls.size());
-    for (Call &call : calls) {
-        if (call.error)
-            std::rethrow_exception(call.error);
-        results.push_back(std::move(*call.result));
-    }
-    return results;
+    std::vector<Result> unwrapped;
+    unwrapped.reserve(count);
+    for (std::optional<Result> &result : results)
+        unwrapped.push_back(std::move(*result));
+    return unwrapped;
 }
 
 } // namespace vornel

@@ -36,7 +36,7 @@ std::optional<FileKind> kindOf(const Folder &folder, const std::string &name)
     if (::fstatat(folder.descriptor.fd(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
         return kindOf(status.st_mode);
     if (errno != ENOENT)
-        fail("stat", folder.path / name);
+        fail("stat", folder.path + '/' + name);
     return std::nullopt;
 }
 
@@ -50,19 +50,18 @@ Descriptor open(const Folder &folder, const std::string &name, int flags)
         return descriptor;
     const int error = errno;
     if ((error == ELOOP || error == ENOTDIR) && kindOf(folder, name) == FileKind::SymbolicLink)
-        throw VORNELWorkspaceError::symlinkUnsupported(pathText(folder.path / name));
+        throw VORNELWorkspaceError::symlinkUnsupported(pathText(folder.path + '/' + name));
     errno = error;
-    fail("open", folder.path / name);
+    fail("open", folder.path + '/' + name);
 }
 
 Descriptor create(const Folder &folder, const std::string &name)
 {
     constexpr mode_t ownerReadWrite = 0600;
-    const fs::path path = folder.path / name;
     Descriptor descriptor(::openat(folder.descriptor.fd(), name.c_str(),
                                    O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, ownerReadWrite));
     if (descriptor.fd() < 0 || ::fchmod(descriptor.fd(), ownerReadWrite) != 0)
-        fail("create", path);
+        fail("create", folder.path + '/' + name);
     return descriptor;
 }
 
@@ -78,7 +77,7 @@ void write(const Descriptor &file, QByteArrayView bytes, const fs::path &path)
 
 std::string temporaryName()
 {
-    return "." + QUuid::createUuid().toString(QUuid::WithoutBraces).toStdString() + ".tmp";
+    return QString(u'.' + uuidText(QUuid::createUuid()) + u".tmp").toStdString();
 }
 
 void removeEntry(const FileSystem &files, const Folder &folder, const std::string &name)
@@ -86,14 +85,14 @@ void removeEntry(const FileSystem &files, const Folder &folder, const std::strin
     if (::unlinkat(folder.descriptor.fd(), name.c_str(), 0) == 0)
         return;
     if (errno != EISDIR)
-        fail("remove", folder.path / name);
+        fail("remove", folder.path + '/' + name);
     {
         const Folder inner = files.openFolder(folder, name);
         for (const FolderEntry &entry : files.list(inner))
             removeEntry(files, inner, entry.name);
     }
     if (::unlinkat(folder.descriptor.fd(), name.c_str(), AT_REMOVEDIR) != 0)
-        fail("remove", folder.path / name);
+        fail("remove", folder.path + '/' + name);
 }
 
 namespace {
@@ -102,9 +101,9 @@ void copyLink(const Folder &from, const std::string &name, const Folder &to, con
 {
     std::array<char, PATH_MAX> target{};
     if (::readlinkat(from.descriptor.fd(), name.c_str(), target.data(), target.size() - 1) < 0)
-        fail("readlink", from.path / name);
+        fail("readlink", from.path + '/' + name);
     if (::symlinkat(target.data(), to.descriptor.fd(), newName.c_str()) != 0)
-        fail("symlink", to.path / newName);
+        fail("symlink", to.path + '/' + newName);
 }
 
 /// Gives a copy the permissions and times of its source, and puts it on the disk.
@@ -121,10 +120,9 @@ void finishCopy(const Descriptor &source, const Descriptor &copy, const fs::path
 void copyFile(const FileSystem &files, const File &source, const Folder &to, const std::string &newName)
 {
     const Descriptor copy = create(to, newName);
-    std::array<char, 64 * 1024> buffer;
-    while (const std::size_t count = files.read(source, buffer))
-        write(copy, QByteArrayView(buffer.data(), static_cast<qsizetype>(count)), to.path / newName);
-    finishCopy(source.descriptor, copy, to.path / newName);
+    const fs::path path = to.path + '/' + newName;
+    readWhole(files, source, [&](QByteArrayView bytes) { write(copy, bytes, path); });
+    finishCopy(source.descriptor, copy, path);
 }
 
 } // namespace
@@ -142,7 +140,7 @@ void copyEntry(const FileSystem &files, const Folder &from, const std::string &n
         throw fs::filesystem_error("copy", source.path, std::make_error_code(std::errc::invalid_argument));
 
     if (::mkdirat(to.descriptor.fd(), newName.c_str(), S_IRWXU) != 0)
-        fail("mkdir", to.path / newName);
+        fail("mkdir", to.path + '/' + newName);
     const Folder inner = files.openFolder(from, name);
     const Folder copy = files.openFolder(to, newName);
     for (const FolderEntry &entry : files.list(inner))

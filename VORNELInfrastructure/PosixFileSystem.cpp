@@ -10,10 +10,13 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
+#include <ranges>
+#include <string_view>
 #include <thread>
 
 namespace vornel {
@@ -45,13 +48,24 @@ Folder openRoot(const fs::path &root)
 {
     Descriptor descriptor(::open(root.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (descriptor.fd() >= 0)
-        return {std::move(descriptor), root};
+        return {std::move(descriptor), root.native()};
     const int error = errno;
     struct stat status{};
     if (::lstat(root.c_str(), &status) == 0 && S_ISLNK(status.st_mode))
         throw VORNELWorkspaceError::symlinkUnsupported(pathText(root));
     errno = error;
     fail("open", root);
+}
+
+/// The names of the folders that lead from `root` to `path`.
+std::vector<std::string> componentsBelow(const fs::path &root, const fs::path &path)
+{
+    std::vector<std::string> names;
+    for (const auto component : std::views::split(std::string_view(path.native()).substr(root.native().size()), '/')) {
+        if (!component.empty())
+            names.emplace_back(component.begin(), component.end());
+    }
+    return names;
 }
 
 /// Renames without ever replacing what may stand at the new place. Returns false with `errno` set.
@@ -79,17 +93,21 @@ void PosixFileSystem::confine(std::vector<fs::path> roots)
 
 const fs::path &PosixFileSystem::rootOf(const fs::path &path) const
 {
-    for (const fs::path &root : m_roots) {
-        if (isInside(path, root))
-            return root;
-    }
-    throw VORNELWorkspaceError::invalidPath(PathViolation::outsideRoot);
+    const auto contains = [&path](const fs::path &root) {
+        const std::string_view text = path.native();
+        const std::string_view top = root.native();
+        return text.starts_with(top) && (text.size() == top.size() || text[top.size()] == '/' || top == "/");
+    };
+    const auto root = std::ranges::find_if(m_roots, contains);
+    if (root == m_roots.end())
+        throw VORNELWorkspaceError::invalidPath(PathViolation::outsideRoot);
+    return *root;
 }
 
 std::optional<FileKind> PosixFileSystem::kindAt(const fs::path &path) const
 try {
     if (path != rootOf(path))
-        return PosixCalls::kindOf(openFolder(path.parent_path()), path.filename().native());
+        return kindAt(openFolder(path.parent_path()), path.filename().native());
     struct stat status{};
     if (::lstat(path.c_str(), &status) != 0)
         fail("stat", path);
@@ -100,20 +118,23 @@ try {
     throw;
 }
 
+std::optional<FileKind> PosixFileSystem::kindAt(const Folder &folder, const std::string &name) const
+{
+    return PosixCalls::kindOf(folder, name);
+}
+
 Folder PosixFileSystem::openFolder(const fs::path &path) const
 {
     const fs::path &root = rootOf(path);
     Folder folder = openRoot(root);
-    for (const fs::path &component : path.lexically_relative(root)) {
-        if (component != ".")
-            folder = openFolder(folder, component.native());
-    }
+    for (const std::string &component : componentsBelow(root, path))
+        folder = openFolder(folder, component);
     return folder;
 }
 
 Folder PosixFileSystem::openFolder(const Folder &parent, const std::string &name) const
 {
-    return {PosixCalls::open(parent, name, O_RDONLY | O_DIRECTORY), parent.path / name};
+    return {PosixCalls::open(parent, name, O_RDONLY | O_DIRECTORY), parent.path + '/' + name};
 }
 
 std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
@@ -121,8 +142,6 @@ std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
     std::vector<FolderEntry> entries;
     alignas(dirent64) std::array<char, 32 * 1024> buffer;
     const int fd = folder.descriptor.fd();
-    if (::lseek(fd, 0, SEEK_SET) != 0)
-        fail("list", folder.path);
     while (true) {
         const ssize_t size = ::getdents64(fd, buffer.data(), buffer.size());
         if (size < 0)
@@ -143,8 +162,9 @@ File PosixFileSystem::openFile(const Folder &folder, const std::string &name) co
     Descriptor descriptor = PosixCalls::open(folder, name, O_RDONLY | O_NONBLOCK);
     struct stat status{};
     if (::fstat(descriptor.fd(), &status) != 0)
-        fail("stat", folder.path / name);
-    return {std::move(descriptor), folder.path / name, PosixCalls::kindOf(status.st_mode), status.st_size};
+        fail("stat", folder.path + '/' + name);
+    return {std::move(descriptor), folder.path + '/' + name, PosixCalls::kindOf(status.st_mode),
+            status.st_size};
 }
 
 std::size_t PosixFileSystem::read(const File &file, std::span<char> buffer) const
@@ -161,7 +181,7 @@ std::size_t PosixFileSystem::read(const File &file, std::span<char> buffer) cons
 Folder PosixFileSystem::createFolder(const Folder &parent, const std::string &name)
 {
     if (::mkdirat(parent.descriptor.fd(), name.c_str(), ownerOnly) != 0)
-        fail("mkdir", parent.path / name);
+        fail("mkdir", parent.path + '/' + name);
     Folder folder = openFolder(parent, name);
     if (::fchmod(folder.descriptor.fd(), ownerOnly) != 0)
         fail("chmod", folder.path);
@@ -188,17 +208,13 @@ void PosixFileSystem::createFolders(const fs::path &path)
     const fs::path &root = rootOf(path);
     createRoot(root);
     Folder folder = openRoot(root);
-    for (const fs::path &component : path.lexically_relative(root)) {
-        if (component == ".")
-            continue;
-        const std::string &name = component.native();
+    for (const std::string &name : componentsBelow(root, path))
         folder = PosixCalls::kindOf(folder, name) ? openFolder(folder, name) : createFolder(folder, name);
-    }
 }
 
 void PosixFileSystem::createFile(const Folder &folder, const std::string &name, QByteArrayView bytes)
 {
-    PosixCalls::write(PosixCalls::create(folder, name), bytes, folder.path / name);
+    PosixCalls::write(PosixCalls::create(folder, name), bytes, folder.path + '/' + name);
 }
 
 void PosixFileSystem::replaceFile(const fs::path &path, QByteArrayView bytes)

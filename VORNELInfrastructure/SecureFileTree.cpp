@@ -1,17 +1,16 @@
 #include "SecureFileTree.h"
 
 #include "BestEffort.h"
+#include "NaturalOrder.h"
 #include "ParallelMap.h"
 #include "Sha256.h"
 #include "SkillFiles.h"
 
-#include <VORNELCore/LocaleText.h>
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
 
 #include <algorithm>
-#include <array>
 
 namespace vornel::SecureFileTree {
 
@@ -58,30 +57,6 @@ File openRegularFile(const FileSystem &files, const Folder &folder, const std::s
     return file;
 }
 
-/// Hands the file's bytes to `sink` and returns their number. The limit holds for a file that grows too.
-template <typename Sink>
-std::int64_t readWhole(const FileSystem &files, const File &file, const std::string &relativePath,
-                       const Sink &sink)
-{
-    std::array<char, 64 * 1024> buffer;
-    std::int64_t total = 0;
-    while (const std::size_t count = files.read(file, buffer)) {
-        total += static_cast<std::int64_t>(count);
-        if (total > SkillFiles::sizeLimit)
-            throw unsafe(relativePath);
-        sink(QByteArrayView(buffer.data(), static_cast<qsizetype>(count)));
-    }
-    return total;
-}
-
-/// A child of a folder on the walk.
-struct Child
-{
-    std::string name;
-    FileKind kind;
-    QString sortKey;
-};
-
 class Walk
 {
 public:
@@ -93,14 +68,14 @@ public:
         if (level > deepestLevel)
             throw unsafe(prefix);
 
-        std::vector<Child> files;
-        std::vector<Child> folders;
-        for (Child &child : children(folder)) {
-            if (accepts(child, prefix + child.name))
-                (child.kind == FileKind::Directory ? folders : files).push_back(std::move(child));
-        }
-        addFiles(folder, files, prefix);
-        for (const Child &child : folders) {
+        std::vector<FolderEntry> children = m_files.list(folder);
+        std::ranges::sort(children, naturallyBefore, &FolderEntry::name);
+        std::erase_if(children, [&](const FolderEntry &child) { return !accepts(child, prefix); });
+
+        addFiles(folder, children, prefix);
+        for (const FolderEntry &child : children) {
+            if (child.kind != FileKind::Directory)
+                continue;
             const std::string relativePath = prefix + child.name;
             m_entries.push_back({relativePath, Entry::Kind::directory, 0, std::nullopt});
             visit(openedInTree(relativePath, [&] { return m_files.openFolder(folder, child.name); }),
@@ -111,56 +86,48 @@ public:
     FileTreeSnapshot finish(const fs::path &root)
     {
         std::ranges::sort(m_entries, {}, &Entry::relativePath);
+        std::string line;
         for (const Entry &entry : m_entries) {
-            std::string line{static_cast<char>(entry.kind), '\0'};
-            line += entry.relativePath;
-            line += '\0';
-            line += std::to_string(entry.size);
-            line += '\0';
-            line += entry.fileDigest.value_or("");
-            line += '\n';
+            line.assign({static_cast<char>(entry.kind), '\0'});
+            line.append(entry.relativePath).push_back('\0');
+            line.append(std::to_string(entry.size)).push_back('\0');
+            if (entry.fileDigest)
+                line.append(*entry.fileDigest);
+            line.push_back('\n');
             m_hash.update(line);
         }
         return {root, std::move(m_entries), m_hash.finish()};
     }
 
 private:
-    std::vector<Child> children(const Folder &folder) const
+    /// Whether the walk takes this child; throws when the tree can't be taken with it in it. The folders above
+    /// have passed the same checks, so the name alone decides.
+    bool accepts(const FolderEntry &child, const std::string &prefix) const
     {
-        std::vector<Child> children;
-        for (FolderEntry &entry : m_files.list(folder)) {
-            QString sortKey = QString::fromStdString(entry.name);
-            children.push_back({std::move(entry.name), entry.kind, std::move(sortKey)});
-        }
-        std::ranges::sort(children, [](const Child &a, const Child &b) {
-            return LocaleText::standardCompare(a.sortKey, b.sortKey) < 0;
-        });
-        return children;
-    }
-
-    bool accepts(const Child &child, const std::string &relativePath) const
-    {
-        if (child.sortKey.toStdString() != child.name)
-            throw unsafe(relativePath);
-        WorkspaceValidation::validateRelativePath(relativePath);
+        if (!QByteArrayView(child.name).isValidUtf8())
+            throw unsafe(prefix + child.name);
+        WorkspaceValidation::validateRelativePath(child.name);
         if (child.kind == FileKind::SymbolicLink)
-            throw link(relativePath);
-        if (!includes(m_filter, relativePath))
+            throw link(prefix + child.name);
+        if (!includes(m_filter, child.name))
             return false;
         if (child.kind == FileKind::Other)
-            throw unsafe(relativePath);
+            throw unsafe(prefix + child.name);
         return true;
     }
 
-    void addFiles(const Folder &folder, const std::vector<Child> &children, const std::string &prefix)
+    void addFiles(const Folder &folder, const std::vector<FolderEntry> &children, const std::string &prefix)
     {
         std::vector<std::string> large;
-        for (const Child &child : children) {
-            const File file = openRegularFile(m_files, folder, child.name, prefix + child.name);
+        for (const FolderEntry &child : children) {
+            if (child.kind != FileKind::Regular)
+                continue;
+            std::string relativePath = prefix + child.name;
+            const File file = openRegularFile(m_files, folder, child.name, relativePath);
             if (file.size >= largeFile)
                 large.push_back(child.name);
             else
-                m_entries.push_back(fileEntry(file, prefix + child.name, m_hash));
+                m_entries.push_back(fileEntry(file, std::move(relativePath), m_hash));
         }
         if (large.empty())
             return;
@@ -171,11 +138,14 @@ private:
         m_entries.insert(m_entries.end(), hashed.begin(), hashed.end());
     }
 
-    Entry fileEntry(const File &file, const std::string &relativePath, Sha256 &hash) const
+    Entry fileEntry(const File &file, std::string relativePath, Sha256 &hash) const
     {
-        const std::int64_t size =
-            readWhole(m_files, file, relativePath, [&hash](QByteArrayView bytes) { hash.update(bytes); });
-        return {relativePath, Entry::Kind::file, size, hash.finish()};
+        std::int64_t size = 0;
+        readWhole(m_files, file, [&](QByteArrayView bytes) {
+            hash.update(bytes);
+            size += bytes.size();
+        });
+        return {std::move(relativePath), Entry::Kind::file, size, hash.finish()};
     }
 
     const FileSystem &m_files;
@@ -229,7 +199,7 @@ void copyEntry(FileSystem &files, const fs::path &source, const fs::path &destin
     const File file = openRegularFile(files, from, place.name, entry.relativePath);
     QByteArray content;
     content.reserve(file.size);
-    readWhole(files, file, entry.relativePath, [&content](QByteArrayView bytes) { content.append(bytes); });
+    readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });
     files.createFile(to, place.name, content);
 }
 

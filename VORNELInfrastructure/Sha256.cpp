@@ -52,11 +52,10 @@ std::string Sha256::finish()
     require(EVP_DigestFinal_ex(m_context.get(), digest.data(), &size));
     restart();
 
-    std::string text;
-    text.reserve(2UL * size);
+    std::string text(2UL * size, '0');
     for (unsigned int index = 0; index < size; ++index) {
-        text += hexDigits[digest[index] >> 4U];
-        text += hexDigits[digest[index] & 0xFU];
+        text[2UL * index] = hexDigits[digest[index] >> 4U];
+        text[2UL * index + 1] = hexDigits[digest[index] & 0xFU];
     }
     return text;
 }

@@ -44,17 +44,21 @@ void SkillFolderStore::writeManifest(const SkillManifest &manifest, const fs::pa
 
 SkillManifest SkillFolderStore::readManifest(const fs::path &folder) const
 {
-    const fs::path path = folder / SkillFiles::manifest;
-    const VORNELWorkspaceError malformed = VORNELWorkspaceError::malformedManifest(pathText(path));
+    return readManifest(m_files.openFolder(folder.parent_path()), folder.filename().native());
+}
+
+SkillManifest SkillFolderStore::readManifest(const Folder &parent, const std::string &name) const
+{
+    std::optional<SkillManifest> manifest;
     try {
-        const auto manifest =
-            RecordJson::decodeDocument<SkillManifest>(readFile(m_files, path, SkillFiles::sizeLimit));
-        if (!manifest)
-            throw malformed;
-        return *manifest;
-    } catch (const fs::filesystem_error &) {
-        throw malformed;
+        manifest = RecordJson::decodeDocument<SkillManifest>(readFile(
+            m_files, m_files.openFolder(parent, name), SkillFiles::manifest, SkillFiles::sizeLimit));
+    } catch (const std::exception &) { // whatever is wrong with the file, the manifest is what is missing
     }
+    if (!manifest)
+        throw VORNELWorkspaceError::malformedManifest(
+            pathText(fs::path(parent.path) / name / SkillFiles::manifest));
+    return *manifest;
 }
 
 QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slug) const

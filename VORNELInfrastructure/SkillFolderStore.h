@@ -22,6 +22,7 @@ public:
 
     /// Throws `malformedManifest` with the manifest's path when it is missing, unreadable or wrong.
     SkillManifest readManifest(const std::filesystem::path &folder) const;
+    SkillManifest readManifest(const Folder &parent, const std::string &name) const;
 
     /// The text of "SKILL.md", every character kept. Throws `missingSkillFile(slug)` when there is none, and
     /// a `filesystem_error` when it is not UTF-8.

@@ -20,25 +20,26 @@ VORNELWorkspaceError failure(const char16_t *reason)
     return VORNELWorkspaceError::integrityFailure(QString::fromUtf16(reason));
 }
 
-std::vector<fs::path> skillFolders(const FileSystem &files, const fs::path &directory)
+std::vector<std::string> skillFolders(const FileSystem &files, const Folder &directory)
 {
-    std::vector<fs::path> folders;
-    for (const FolderEntry &entry : files.list(files.openFolder(directory))) {
+    std::vector<std::string> names;
+    for (FolderEntry &entry : files.list(directory)) {
         if (entry.name.starts_with('.'))
             continue;
         if (entry.kind == FileKind::SymbolicLink)
-            throw VORNELWorkspaceError::symlinkUnsupported(pathText(directory / entry.name));
+            throw VORNELWorkspaceError::symlinkUnsupported(pathText(fs::path(directory.path) / entry.name));
         if (entry.kind == FileKind::Directory)
-            folders.push_back(directory / entry.name);
+            names.push_back(std::move(entry.name));
     }
-    return folders;
+    return names;
 }
 
-QList<SkillRecord> records(const Workspace &workspace, const fs::path &directory)
+QList<SkillRecord> records(const Workspace &workspace, const fs::path &place)
 {
     const SkillFolderStore store(workspace);
-    const auto read = parallelMap(skillFolders(workspace.files, directory), [&store](const fs::path &folder) {
-        SkillRecord record{store.readManifest(folder), folder};
+    const Folder directory = workspace.files.openFolder(place);
+    const auto read = parallelMap(skillFolders(workspace.files, directory), [&](const std::string &name) {
+        SkillRecord record{store.readManifest(directory, name), place / name};
         WorkspaceValidation::validateSlug(record.manifest.slug);
         return record;
     });
