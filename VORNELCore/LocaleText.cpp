@@ -9,12 +9,16 @@ namespace vornel::LocaleText {
 
 namespace {
 
-QCollator makeCollator()
+/// A collator is expensive to make, and not made to be shared between threads.
+const QCollator &threadCollator()
 {
-    const QLocale user;
-    QCollator collator(user.language() == QLocale::C ? QLocale(QLocale::French) : user);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    collator.setNumericMode(true);
+    thread_local const QCollator collator = [] {
+        const QLocale user;
+        QCollator made(user.language() == QLocale::C ? QLocale(QLocale::French) : user);
+        made.setCaseSensitivity(Qt::CaseInsensitive);
+        made.setNumericMode(true);
+        return made;
+    }();
     return collator;
 }
 
@@ -22,9 +26,12 @@ QCollator makeCollator()
 
 int standardCompare(const QString &a, const QString &b)
 {
-    // A collator is expensive to make and not made to be shared between threads.
-    thread_local const QCollator collator = makeCollator();
-    return collator.compare(a, b);
+    return threadCollator().compare(a, b);
+}
+
+QCollatorSortKey sortKey(const QString &text)
+{
+    return threadCollator().sortKey(text);
 }
 
 QString folded(const QString &text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCollator>
 #include <QString>
 
 /// Text as the user's language sees it. In the C locale, the language is French.
@@ -8,6 +9,9 @@ namespace vornel::LocaleText {
 /// Orders as a file browser does: by language, without regard to case, digits by value.
 /// Returns a negative, zero or positive number.
 int standardCompare(const QString &a, const QString &b);
+
+/// A text made ready to be ordered many times, by the same rule.
+QCollatorSortKey sortKey(const QString &text);
 
 /// The form in which texts are searched: without case and without diacritics ("Éte" becomes "ete").
 QString folded(const QString &text);

@@ -12,6 +12,7 @@
 #include <QUuid>
 
 #include <limits>
+#include <string_view>
 
 namespace vornel::RecordJson {
 
@@ -22,8 +23,9 @@ QMetaEnum enumeration(QMetaType type)
 {
     if (!type.flags().testFlag(QMetaType::IsEnumeration) || type.metaObject() == nullptr)
         return {};
-    const QByteArray name = QByteArray(type.name()).split(':').last();
-    return type.metaObject()->enumerator(type.metaObject()->indexOfEnumerator(name.constData()));
+    const std::string_view name = type.name();
+    const std::string_view unqualified = name.substr(name.rfind(':') + 1);
+    return type.metaObject()->enumerator(type.metaObject()->indexOfEnumerator(unqualified.data()));
 }
 
 bool isRecord(QMetaType type)

@@ -1,9 +1,22 @@
 #include "SerializedForms.h"
 
-#include <QRegularExpression>
 #include <QStringDecoder>
 
+#include <algorithm>
+
 namespace vornel {
+
+namespace {
+
+/// Whether `text` equals `shape`, in which "0" stands for any digit.
+bool hasShape(QStringView text, QStringView shape)
+{
+    return std::ranges::equal(text, shape, [](QChar c, QChar expected) {
+        return expected == u'0' ? c >= u'0' && c <= u'9' : c == expected;
+    });
+}
+
+} // namespace
 
 QString uuidText(const QUuid &id)
 {
@@ -13,7 +26,8 @@ QString uuidText(const QUuid &id)
 std::optional<QUuid> uuidFromText(const QString &text)
 {
     const QUuid id(text);
-    return uuidText(id) == text.toUpper() ? std::optional(id) : std::nullopt;
+    const bool isExactly = id.toString(QUuid::WithoutBraces).compare(text, Qt::CaseInsensitive) == 0;
+    return isExactly ? std::optional(id) : std::nullopt;
 }
 
 QDateTime currentInstant()
@@ -28,9 +42,9 @@ QString dateText(const QDateTime &date)
 
 std::optional<QDateTime> dateFromText(const QString &text)
 {
-    static const QRegularExpression shape(
-        QStringLiteral(R"(\A\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d(Z|[+-]\d\d:\d\d)\z)"));
-    if (!shape.match(text).hasMatch())
+    // Qt reads much more than this as ISO 8601: dates alone, fractions, local times.
+    if (!hasShape(text, u"0000-00-00T00:00:00Z") && !hasShape(text, u"0000-00-00T00:00:00+00:00") &&
+        !hasShape(text, u"0000-00-00T00:00:00-00:00"))
         return std::nullopt;
     const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
     return date.isValid() ? std::optional(date.toUTC()) : std::nullopt;

@@ -32,10 +32,13 @@ QByteArray readFile(const FileSystem &files, const Folder &folder, const std::st
                     std::int64_t limit)
 {
     const File file = files.openFile(folder, name);
+    const auto refuse = [&](std::errc reason) {
+        throw fs::filesystem_error("read", fs::path(folder.path) / name, std::make_error_code(reason));
+    };
     if (file.kind != FileKind::Regular)
-        throw fs::filesystem_error("read", file.path, std::make_error_code(std::errc::invalid_argument));
+        refuse(std::errc::invalid_argument);
     if (file.size > limit)
-        throw fs::filesystem_error("read", file.path, std::make_error_code(std::errc::file_too_large));
+        refuse(std::errc::file_too_large);
     QByteArray content;
     content.reserve(file.size);
     readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });

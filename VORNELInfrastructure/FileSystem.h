@@ -49,7 +49,6 @@ struct Folder
 struct File
 {
     Descriptor descriptor;
-    std::string path; ///< where it was opened, for messages
     FileKind kind;
     std::int64_t size; ///< bytes
 };

@@ -16,10 +16,19 @@ namespace {
 
 QList<SkillSummary> sortedByName(const std::vector<SkillSummary> &summaries)
 {
-    QList<SkillSummary> sorted(summaries.begin(), summaries.end());
-    std::ranges::stable_sort(sorted, [](const SkillSummary &a, const SkillSummary &b) {
-        return LocaleText::standardCompare(a.displayName, b.displayName) < 0;
+    struct Keyed
+    {
+        QCollatorSortKey key;
+        const SkillSummary *summary;
+    };
+    std::vector<Keyed> order = parallelMap(summaries, [](const SkillSummary &summary) {
+        return Keyed{LocaleText::sortKey(summary.displayName), &summary};
     });
+    std::ranges::stable_sort(order, [](const Keyed &a, const Keyed &b) { return a.key < b.key; });
+    QList<SkillSummary> sorted;
+    sorted.reserve(static_cast<qsizetype>(order.size()));
+    for (const Keyed &next : order)
+        sorted.append(*next.summary);
     return sorted;
 }
 

@@ -21,6 +21,12 @@ void fail(const char *operation, const fs::path &path)
     throw fs::filesystem_error(operation, path, std::error_code(errno, std::system_category()));
 }
 
+fs::path placeOf(const Descriptor &descriptor)
+{
+    std::error_code unknown;
+    return fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor.fd()), unknown);
+}
+
 FileKind kindOf(mode_t mode)
 {
     if (S_ISREG(mode))
@@ -137,7 +143,7 @@ void copyEntry(const FileSystem &files, const Folder &from, const std::string &n
     if (source.kind == FileKind::Regular)
         return copyFile(files, source, to, newName);
     if (source.kind != FileKind::Directory)
-        throw fs::filesystem_error("copy", source.path, std::make_error_code(std::errc::invalid_argument));
+        throw fs::filesystem_error("copy", from.path + '/' + name, std::make_error_code(std::errc::invalid_argument));
 
     if (::mkdirat(to.descriptor.fd(), newName.c_str(), S_IRWXU) != 0)
         fail("mkdir", to.path + '/' + newName);

@@ -10,6 +10,9 @@ namespace vornel::PosixCalls {
 /// Throws `errno` as a `filesystem_error` about `path`; `operation` is an English word for logs.
 [[noreturn]] void fail(const char *operation, const std::filesystem::path &path);
 
+/// Where an open file stands now, for messages; empty when the system doesn't tell.
+std::filesystem::path placeOf(const Descriptor &descriptor);
+
 /// The kind that the mode of a `stat` tells.
 FileKind kindOf(mode_t mode);
 

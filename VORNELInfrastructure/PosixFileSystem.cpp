@@ -163,8 +163,7 @@ File PosixFileSystem::openFile(const Folder &folder, const std::string &name) co
     struct stat status{};
     if (::fstat(descriptor.fd(), &status) != 0)
         fail("stat", folder.path + '/' + name);
-    return {std::move(descriptor), folder.path + '/' + name, PosixCalls::kindOf(status.st_mode),
-            status.st_size};
+    return {std::move(descriptor), PosixCalls::kindOf(status.st_mode), status.st_size};
 }
 
 std::size_t PosixFileSystem::read(const File &file, std::span<char> buffer) const
@@ -174,7 +173,7 @@ std::size_t PosixFileSystem::read(const File &file, std::span<char> buffer) cons
         if (count >= 0)
             return static_cast<std::size_t>(count);
         if (errno != EINTR)
-            fail("read", file.path);
+            fail("read", placeOf(file.descriptor));
     }
 }
 

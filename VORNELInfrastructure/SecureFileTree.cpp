@@ -86,6 +86,7 @@ public:
     FileTreeSnapshot finish(const fs::path &root)
     {
         std::ranges::sort(m_entries, {}, &Entry::relativePath);
+        Sha256 hash;
         std::string line;
         for (const Entry &entry : m_entries) {
             line.assign({static_cast<char>(entry.kind), '\0'});
@@ -94,9 +95,9 @@ public:
             if (entry.fileDigest)
                 line.append(*entry.fileDigest);
             line.push_back('\n');
-            m_hash.update(line);
+            hash.update(line);
         }
-        return {root, std::move(m_entries), m_hash.finish()};
+        return {root, std::move(m_entries), hash.finish()};
     }
 
 private:
@@ -127,19 +128,19 @@ private:
             if (file.size >= largeFile)
                 large.push_back(child.name);
             else
-                m_entries.push_back(fileEntry(file, std::move(relativePath), m_hash));
+                m_entries.push_back(fileEntry(file, std::move(relativePath)));
         }
         if (large.empty())
             return;
         const auto hashed = parallelMap(large, [&](const std::string &name) {
-            Sha256 hash;
-            return fileEntry(openRegularFile(m_files, folder, name, prefix + name), prefix + name, hash);
+            return fileEntry(openRegularFile(m_files, folder, name, prefix + name), prefix + name);
         });
         m_entries.insert(m_entries.end(), hashed.begin(), hashed.end());
     }
 
-    Entry fileEntry(const File &file, std::string relativePath, Sha256 &hash) const
+    Entry fileEntry(const File &file, std::string relativePath) const
     {
+        Sha256 hash;
         std::int64_t size = 0;
         readWhole(m_files, file, [&](QByteArrayView bytes) {
             hash.update(bytes);
@@ -151,7 +152,6 @@ private:
     const FileSystem &m_files;
     TreeFilter m_filter;
     std::vector<Entry> m_entries;
-    Sha256 m_hash;
 };
 
 FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFilter filter)

@@ -3,7 +3,9 @@
 #include <openssl/evp.h>
 
 #include <array>
+#include <memory>
 #include <stdexcept>
+#include <string_view>
 
 namespace vornel {
 
@@ -22,26 +24,26 @@ void require(int succeeded)
         throw std::runtime_error("SHA-256 is not available");
 }
 
+EVP_MD_CTX *threadContext()
+{
+    struct Free
+    {
+        void operator()(EVP_MD_CTX *context) const { EVP_MD_CTX_free(context); }
+    };
+    thread_local const std::unique_ptr<EVP_MD_CTX, Free> context(EVP_MD_CTX_new());
+    return context.get();
+}
+
 } // namespace
 
-void Sha256::Free::operator()(evp_md_ctx_st *context) const
+Sha256::Sha256()
 {
-    EVP_MD_CTX_free(context);
-}
-
-Sha256::Sha256() : m_context(EVP_MD_CTX_new())
-{
-    restart();
-}
-
-void Sha256::restart()
-{
-    require(EVP_DigestInit_ex2(m_context.get(), sha256(), nullptr));
+    require(EVP_DigestInit_ex2(threadContext(), sha256(), nullptr));
 }
 
 void Sha256::update(QByteArrayView bytes)
 {
-    require(EVP_DigestUpdate(m_context.get(), bytes.data(), static_cast<size_t>(bytes.size())));
+    require(EVP_DigestUpdate(threadContext(), bytes.data(), static_cast<size_t>(bytes.size())));
 }
 
 std::string Sha256::finish()
@@ -49,8 +51,7 @@ std::string Sha256::finish()
     static constexpr std::string_view hexDigits = "0123456789abcdef";
     std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
     unsigned int size = 0;
-    require(EVP_DigestFinal_ex(m_context.get(), digest.data(), &size));
-    restart();
+    require(EVP_DigestFinal_ex(threadContext(), digest.data(), &size));
 
     std::string text(2UL * size, '0');
     for (unsigned int index = 0; index < size; ++index) {

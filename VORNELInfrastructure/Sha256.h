@@ -2,14 +2,12 @@
 
 #include <QByteArrayView>
 
-#include <memory>
 #include <string>
-
-struct evp_md_ctx_st;
 
 namespace vornel {
 
-/// A running SHA-256.
+/// A running SHA-256. All digests of a thread share one context, which is costly to make, so a thread runs one
+/// digest at a time: a new one ends the last.
 class Sha256
 {
 public:
@@ -17,18 +15,8 @@ public:
 
     void update(QByteArrayView bytes);
 
-    /// The digest of all that was added, as 64 lower-case hexadecimal digits. The next `update` starts anew.
+    /// The digest of all that was added, as 64 lower-case hexadecimal digits. Ends the digest.
     std::string finish();
-
-private:
-    struct Free
-    {
-        void operator()(evp_md_ctx_st *context) const;
-    };
-
-    void restart();
-
-    std::unique_ptr<evp_md_ctx_st, Free> m_context;
 };
 
 } // namespace vornel
