@@ -40,6 +40,8 @@ QString sentence(const std::error_code &code)
     case std::errc::too_many_symbolic_link_levels:
         return QStringLiteral("Trop de liens symboliques");
     case std::errc::invalid_argument:
+    case std::errc::invalid_seek:
+    case std::errc::no_such_device_or_address:
         return QStringLiteral("Ce n’est pas un fichier ordinaire");
     case std::errc::illegal_byte_sequence:
         return QStringLiteral("Le texte n’est pas de l’UTF-8 valide");

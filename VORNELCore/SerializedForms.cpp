@@ -42,12 +42,22 @@ QString dateText(const QDateTime &date)
 
 std::optional<QDateTime> dateFromText(const QString &text)
 {
-    // Qt reads much more than this as ISO 8601: dates alone, fractions, local times.
-    if (!hasShape(text, u"0000-00-00T00:00:00Z") && !hasShape(text, u"0000-00-00T00:00:00+00:00") &&
-        !hasShape(text, u"0000-00-00T00:00:00-00:00"))
+    constexpr qsizetype zoneAt = 19;
+    const QStringView zone = QStringView(text).mid(zoneAt);
+    if (!hasShape(QStringView(text).left(zoneAt), u"0000-00-00T00:00:00") ||
+        (zone != u"Z" && !hasShape(zone, u"+00:00") && !hasShape(zone, u"-00:00")))
         return std::nullopt;
-    const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
-    return date.isValid() ? std::optional(date.toUTC()) : std::nullopt;
+    const auto number = [&text](qsizetype at, qsizetype digits) {
+        return QStringView(text).mid(at, digits).toInt();
+    };
+    const QDateTime local(QDate(number(0, 4), number(5, 2), number(8, 2)),
+                          QTime(number(11, 2), number(14, 2), number(17, 2)), Qt::UTC);
+    if (!local.isValid())
+        return std::nullopt;
+    if (zone == u"Z")
+        return local;
+    const int offset = number(20, 2) * 3600 + number(23, 2) * 60;
+    return local.addSecs(zone.startsWith(u'+') ? -offset : offset);
 }
 
 std::optional<QString> textFromUtf8(const QByteArray &bytes)

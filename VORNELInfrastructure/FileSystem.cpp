@@ -32,13 +32,9 @@ QByteArray readFile(const FileSystem &files, const Folder &folder, const std::st
                     std::int64_t limit)
 {
     const File file = files.openFile(folder, name);
-    const auto refuse = [&](std::errc reason) {
-        throw fs::filesystem_error("read", fs::path(folder.path) / name, std::make_error_code(reason));
-    };
-    if (file.kind != FileKind::Regular)
-        refuse(std::errc::invalid_argument);
     if (file.size > limit)
-        refuse(std::errc::file_too_large);
+        throw fs::filesystem_error("read", fs::path(folder.path) / name,
+                                   std::make_error_code(std::errc::file_too_large));
     QByteArray content;
     content.reserve(file.size);
     readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });
@@ -53,12 +49,13 @@ QByteArray readFile(const FileSystem &files, const fs::path &path, std::int64_t 
 void readWhole(const FileSystem &files, const File &file, const std::function<void(QByteArrayView)> &sink)
 {
     std::array<char, 64 * 1024> buffer;
-    for (std::int64_t left = file.size; left > 0;) {
-        const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(left, buffer.size()));
-        const std::size_t count = files.read(file, std::span(buffer).first(wanted));
+    for (std::int64_t offset = 0; offset < file.size;) {
+        const auto left = static_cast<std::size_t>(file.size - offset);
+        const std::size_t count =
+            files.read(file, offset, std::span(buffer).first(std::min(left, buffer.size())));
         if (count == 0)
             return;
-        left -= static_cast<std::int64_t>(count);
+        offset += static_cast<std::int64_t>(count);
         sink(QByteArrayView(buffer.data(), static_cast<qsizetype>(count)));
     }
 }

@@ -45,11 +45,10 @@ struct Folder
     std::string path; ///< where it was opened, for messages
 };
 
-/// An open file, with the kind and size that it had when it was opened.
+/// An open file, with the size that it had when it was opened.
 struct File
 {
     Descriptor descriptor;
-    FileKind kind;
     std::int64_t size; ///< bytes
 };
 
@@ -85,11 +84,11 @@ public:
     /// Everything in the folder, hidden entries too, in no order. An open folder can be listed once.
     virtual std::vector<FolderEntry> list(const Folder &folder) const = 0;
 
-    /// Opens a file for reading. Never waits: a pipe or a device is opened too, for its kind to be looked at.
+    /// Opens a file for reading. Never waits: what has no size, as a pipe or a socket, is refused.
     virtual File openFile(const Folder &folder, const std::string &name) const = 0;
 
-    /// Reads the file's next bytes into `buffer`. Returns their number, 0 at the end.
-    virtual std::size_t read(const File &file, std::span<char> buffer) const = 0;
+    /// Reads bytes from `offset` on into `buffer`. Returns their number, 0 at the end.
+    virtual std::size_t read(const File &file, std::int64_t offset, std::span<char> buffer) const = 0;
 
     /// Creates a folder that must not exist yet (permissions 700).
     virtual Folder createFolder(const Folder &parent, const std::string &name) = 0;
@@ -116,7 +115,7 @@ public:
 /// Whether `path` is `folder` or lies below it, by their texts.
 bool isInside(const std::filesystem::path &path, const std::filesystem::path &folder);
 
-/// The bytes of a regular file of at most `limit` bytes; anything else is a `filesystem_error`.
+/// The bytes of a file of at most `limit` bytes; a larger one is a `filesystem_error`.
 QByteArray readFile(const FileSystem &files, const Folder &folder, const std::string &name,
                     std::int64_t limit);
 QByteArray readFile(const FileSystem &files, const std::filesystem::path &path, std::int64_t limit);

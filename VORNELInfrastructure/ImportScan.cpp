@@ -69,11 +69,13 @@ private:
     {
         const fs::path folder = m_root / pathFromText(slug);
         try {
-            if (!m_workspace.files.kindAt(folder / SkillFiles::text))
+            const std::optional<FileKind> text = m_workspace.files.kindAt(folder / SkillFiles::text);
+            if (!text || *text == FileKind::Directory)
                 return block(slug, "missingSkillFile");
             const std::string digest =
                 SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest).digest;
-            SkillFolderStore(m_workspace).readSkillMD(folder, slug); // a text that isn't UTF-8 can't be imported
+            // Its metadata will be read from its text: one that isn't UTF-8 can't be imported.
+            SkillFolderStore(m_workspace).readSkillMD(folder, slug);
             m_found.candidates[slug] = {
                 QUuid::createUuid(),    slug,  m_source, QString::fromStdString(digest),
                 ImportClassification::singleSource, folder};

@@ -139,11 +139,11 @@ void copyEntry(const FileSystem &files, const Folder &from, const std::string &n
     const std::optional<FileKind> kind = kindOf(from, name);
     if (kind == FileKind::SymbolicLink)
         return copyLink(from, name, to, newName);
-    const File source = files.openFile(from, name);
-    if (source.kind == FileKind::Regular)
-        return copyFile(files, source, to, newName);
-    if (source.kind != FileKind::Directory)
-        throw fs::filesystem_error("copy", from.path + '/' + name, std::make_error_code(std::errc::invalid_argument));
+    if (kind == FileKind::Regular)
+        return copyFile(files, files.openFile(from, name), to, newName);
+    if (kind != FileKind::Directory)
+        throw fs::filesystem_error("copy", from.path + '/' + name,
+                                   std::make_error_code(std::errc::invalid_argument));
 
     if (::mkdirat(to.descriptor.fd(), newName.c_str(), S_IRWXU) != 0)
         fail("mkdir", to.path + '/' + newName);

@@ -15,7 +15,7 @@ public:
     Folder openFolder(const Folder &parent, const std::string &name) const override;
     std::vector<FolderEntry> list(const Folder &folder) const override;
     File openFile(const Folder &folder, const std::string &name) const override;
-    std::size_t read(const File &file, std::span<char> buffer) const override;
+    std::size_t read(const File &file, std::int64_t offset, std::span<char> buffer) const override;
     Folder createFolder(const Folder &parent, const std::string &name) override;
     void createFolders(const std::filesystem::path &path) override;
     void createFile(const Folder &folder, const std::string &name, QByteArrayView bytes) override;

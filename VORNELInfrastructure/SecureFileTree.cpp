@@ -48,11 +48,11 @@ auto openedInTree(const std::string &relativePath, const Open &open)
     }
 }
 
-File openRegularFile(const FileSystem &files, const Folder &folder, const std::string &name,
+File openFile(const FileSystem &files, const Folder &folder, const std::string &name,
                      const std::string &relativePath)
 {
     File file = openedInTree(relativePath, [&] { return files.openFile(folder, name); });
-    if (file.kind != FileKind::Regular || file.size > SkillFiles::sizeLimit)
+    if (file.size > SkillFiles::sizeLimit)
         throw unsafe(relativePath);
     return file;
 }
@@ -124,7 +124,7 @@ private:
             if (child.kind != FileKind::Regular)
                 continue;
             std::string relativePath = prefix + child.name;
-            const File file = openRegularFile(m_files, folder, child.name, relativePath);
+            const File file = openFile(m_files, folder, child.name, relativePath);
             if (file.size >= largeFile)
                 large.push_back(child.name);
             else
@@ -133,7 +133,7 @@ private:
         if (large.empty())
             return;
         const auto hashed = parallelMap(large, [&](const std::string &name) {
-            return fileEntry(openRegularFile(m_files, folder, name, prefix + name), prefix + name);
+            return fileEntry(openFile(m_files, folder, name, prefix + name), prefix + name);
         });
         m_entries.insert(m_entries.end(), hashed.begin(), hashed.end());
     }
@@ -153,13 +153,6 @@ private:
     TreeFilter m_filter;
     std::vector<Entry> m_entries;
 };
-
-FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFilter filter)
-{
-    Walk walk(files, filter);
-    walk.visit(root);
-    return walk.finish(root.path);
-}
 
 struct SplitPath
 {
@@ -196,7 +189,7 @@ void copyEntry(FileSystem &files, const fs::path &source, const fs::path &destin
     }
     const Folder from =
         openedInTree(entry.relativePath, [&] { return openBelow(files, source, place.folder); });
-    const File file = openRegularFile(files, from, place.name, entry.relativePath);
+    const File file = openFile(files, from, place.name, entry.relativePath);
     QByteArray content;
     content.reserve(file.size);
     readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });
@@ -212,13 +205,14 @@ FileTreeSnapshot snapshot(const FileSystem &files, const fs::path &root, TreeFil
     if (kind && *kind != FileKind::Directory && *kind != FileKind::SymbolicLink)
         throw VORNELWorkspaceError::integrityFailure(QStringLiteral("La racine n’est pas un dossier : ") +
                                                      pathText(folder.filename()));
-    return snapshotOf(files, files.openFolder(folder), filter);
+    return snapshot(files, files.openFolder(folder), filter);
 }
 
-FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
-                          TreeFilter filter)
+FileTreeSnapshot snapshot(const FileSystem &files, const Folder &root, TreeFilter filter)
 {
-    return snapshotOf(files, files.openFolder(parent, name), filter);
+    Walk walk(files, filter);
+    walk.visit(root);
+    return walk.finish(root.path);
 }
 
 void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)

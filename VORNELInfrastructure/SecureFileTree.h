@@ -12,9 +12,7 @@ namespace vornel::SecureFileTree {
 /// Reads the whole tree. Throws `integrityFailure` when `root` is not a folder.
 FileTreeSnapshot snapshot(const FileSystem &files, const std::filesystem::path &root, TreeFilter filter);
 
-/// The same for a folder of an open folder, `integrityFailure` excepted.
-FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
-                          TreeFilter filter);
+FileTreeSnapshot snapshot(const FileSystem &files, const Folder &root, TreeFilter filter);
 
 /// Copies the filtered tree of `source` into the new folder `destination` (folders 700, files 600). Throws
 /// `integrityFailure` when something stands there already. A failed copy leaves nothing behind.

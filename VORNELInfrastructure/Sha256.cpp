@@ -4,6 +4,7 @@
 
 #include <array>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string_view>
 
@@ -54,9 +55,10 @@ std::string Sha256::finish()
     require(EVP_DigestFinal_ex(threadContext(), digest.data(), &size));
 
     std::string text(2UL * size, '0');
-    for (unsigned int index = 0; index < size; ++index) {
-        text[2UL * index] = hexDigits[digest[index] >> 4U];
-        text[2UL * index + 1] = hexDigits[digest[index] & 0xFU];
+    char *next = text.data();
+    for (const unsigned char byte : std::span(digest).first(size)) {
+        *next++ = hexDigits[byte >> 4U];
+        *next++ = hexDigits[byte & 0xFU];
     }
     return text;
 }

@@ -64,7 +64,8 @@ SkillManifest SkillFolderStore::readManifest(const Folder &parent, const std::st
 QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slug) const
 {
     const fs::path path = folder / SkillFiles::text;
-    if (!m_files.kindAt(path))
+    const std::optional<FileKind> kind = m_files.kindAt(path);
+    if (!kind || *kind == FileKind::Directory)
         throw VORNELWorkspaceError::missingSkillFile(slug);
     const auto text = textFromUtf8(readFile(m_files, path, SkillFiles::sizeLimit));
     if (!text)

@@ -64,7 +64,7 @@ QList<SkillRecord> activeManifests(const Workspace &workspace)
 {
     QList<SkillRecord> active = records(workspace, workspace.config.skills());
     for (const SkillRecord &record : active) {
-        if (record.url != workspace.config.canonical(record.manifest.slug))
+        if (record.url.filename() != pathFromText(record.manifest.slug))
             throw failure(u"Le dossier canonique ne correspond pas au slug du manifeste.");
     }
     return active;
@@ -74,7 +74,7 @@ QList<SkillRecord> trashedManifests(const Workspace &workspace)
 {
     QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
     for (const SkillRecord &record : trashed) {
-        if (record.url != workspace.config.trashed(record.manifest.id))
+        if (record.url.filename() != pathFromText(uuidText(record.manifest.id)))
             throw failure(u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste.");
     }
     return trashed;

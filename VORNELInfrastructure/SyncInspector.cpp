@@ -22,23 +22,31 @@ SyncState SyncInspector::state(const SkillManifest &manifest) const
         return SyncState::failed;
 
     const std::string name = manifest.slug.toStdString();
-    const std::string canonical = digest(m_skills, name);
+    const std::string canonical = digest(m_workspace.files.openFolder(m_skills, name));
     bool isMissing = false;
     bool hasDrifted = false;
     for (const std::optional<Folder> &target : m_targets) {
-        if (!target || !m_workspace.files.kindAt(*target, name))
-            isMissing = true;
-        else
-            hasDrifted = hasDrifted || digest(*target, name) != canonical;
+        const std::optional<Folder> copy = target ? openIfPresent(*target, name) : std::nullopt;
+        isMissing = isMissing || !copy;
+        hasDrifted = hasDrifted || (copy && digest(*copy) != canonical);
     }
     if (isMissing)
         return SyncState::missing;
     return hasDrifted ? SyncState::drifted : SyncState::inSync;
 }
 
-std::string SyncInspector::digest(const Folder &parent, const std::string &name) const
+std::optional<Folder> SyncInspector::openIfPresent(const Folder &parent, const std::string &name) const
+try {
+    return m_workspace.files.openFolder(parent, name);
+} catch (const std::filesystem::filesystem_error &error) {
+    if (error.code() == std::errc::no_such_file_or_directory)
+        return std::nullopt;
+    throw;
+}
+
+std::string SyncInspector::digest(const Folder &folder) const
 {
-    return SecureFileTree::snapshot(m_workspace.files, parent, name, TreeFilter::excludingManifest).digest;
+    return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest).digest;
 }
 
 } // namespace vornel

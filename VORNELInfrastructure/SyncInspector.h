@@ -19,7 +19,8 @@ public:
     SyncState state(const SkillManifest &manifest) const;
 
 private:
-    std::string digest(const Folder &parent, const std::string &name) const;
+    std::optional<Folder> openIfPresent(const Folder &parent, const std::string &name) const;
+    std::string digest(const Folder &folder) const;
 
     const Workspace &m_workspace;
     Folder m_skills;
