@@ -6,21 +6,22 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace {
 
-const QStringList commonOptions{QStringLiteral("workspace"), QStringLiteral("claude"),
-                                QStringLiteral("codex")};
-const QStringList commonFlags{QStringLiteral("json"), QStringLiteral("help"), QStringLiteral("version")};
+const QStringList commonOptions{u"workspace"_s, u"claude"_s, u"codex"_s};
+const QStringList commonFlags{u"json"_s, u"help"_s, u"version"_s};
 
 void addOptions(QCommandLineParser &parser, const QStringList &options, const QStringList &flags)
 {
     for (const QString &option : options)
-        parser.addOption({option, {}, QStringLiteral("value")});
+        parser.addOption({option, {}, u"value"_s});
     for (const QString &flag : flags)
-        parser.addOption(QCommandLineOption(flag == u"help" ? QStringList{flag, QStringLiteral("h")}
-                                                            : QStringList{flag}));
+        parser.addOption(
+            QCommandLineOption(flag == u"help"_s ? QStringList{flag, u"h"_s} : QStringList{flag}));
 }
 
 void parse(QCommandLineParser &parser, const QStringList &arguments)
@@ -29,8 +30,8 @@ void parse(QCommandLineParser &parser, const QStringList &arguments)
         return;
     const QStringList unknown = parser.unknownOptionNames();
     if (unknown.isEmpty())
-        throw UsageError(QStringLiteral("Une option n’a pas de valeur, ou en a une de trop."));
-    throw UsageError(u"Option inconnue : " + unknown.first());
+        throw UsageError(u"Une option n’a pas de valeur, ou en a une de trop."_s);
+    throw UsageError(u"Option inconnue : "_s + unknown.first());
 }
 
 /// The words before the first option that is not common to all, which begin with the command.
@@ -40,7 +41,7 @@ QStringList leadingWords(const QStringList &arguments, QString &request)
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
     addOptions(parser, commonOptions, commonFlags);
     parse(parser, arguments);
-    for (const QString &flag : {QStringLiteral("help"), QStringLiteral("version")}) {
+    for (const QString &flag : {u"help"_s, u"version"_s}) {
         if (parser.isSet(flag))
             request = flag;
     }
@@ -55,9 +56,9 @@ const CommandSyntax &findCommand(const QStringList &words, const QList<CommandSy
     };
     const auto found = std::ranges::find_if(commands, isNamed);
     if (words.isEmpty())
-        throw UsageError(QStringLiteral("Aucune commande n’est donnée."));
+        throw UsageError(u"Aucune commande n’est donnée."_s);
     if (found == commands.end())
-        throw UsageError(u"Commande inconnue : " + words.first());
+        throw UsageError(u"Commande inconnue : "_s + words.first());
     return *found;
 }
 
@@ -65,35 +66,34 @@ const CommandSyntax &findCommand(const QStringList &words, const QList<CommandSy
 void checkValue(const QString &option, const QString &value)
 {
     static const QHash<QString, QRegularExpression> shapes{
-        {QStringLiteral("choose"), QRegularExpression(QStringLiteral(R"(\A[^=]+=(claude|codex)\z)"))},
-        {QStringLiteral("expect"), QRegularExpression(QStringLiteral(R"(\A\d{1,18}\z)"))},
-        {QStringLiteral("maturity"),
-         QRegularExpression(QStringLiteral(R"(\A(draft|ready|active|obsolete)\z)"))},
-        {QStringLiteral("prefer"), QRegularExpression(QStringLiteral(R"(\A(claude|codex)\z)"))},
+        {u"choose"_s, QRegularExpression(uR"(\A[^=]+=(claude|codex)\z)"_s)},
+        {u"expect"_s, QRegularExpression(uR"(\A\d{1,18}\z)"_s)},
+        {u"maturity"_s, QRegularExpression(uR"(\A(draft|ready|active|obsolete)\z)"_s)},
+        {u"prefer"_s, QRegularExpression(uR"(\A(claude|codex)\z)"_s)},
     };
     const auto shape = shapes.find(option);
     if (shape != shapes.end() && !shape->match(value).hasMatch())
-        throw UsageError(u"Valeur incorrecte pour --" + option + u" : " + value);
+        throw UsageError(u"Valeur incorrecte pour --"_s + option + u" : "_s + value);
     if (value.isEmpty() && commonOptions.contains(option))
-        throw UsageError(u"L’option --" + option + u" demande un dossier.");
+        throw UsageError(u"L’option --"_s + option + u" demande un dossier."_s);
 }
 
 void check(const Invocation &invocation, const CommandSyntax &command)
 {
     for (const QString &option : command.requiredOptions) {
         if (!invocation.has(option))
-            throw UsageError(u"Il manque l’option --" + option + u'.');
+            throw UsageError(u"Il manque l’option --"_s + option + u'.');
     }
     for (auto option = invocation.values.begin(); option != invocation.values.end(); ++option) {
         for (const QString &value : option.value())
             checkValue(option.key(), value);
     }
     const qsizetype count = invocation.operands.size();
-    const bool takesAll = invocation.has(QStringLiteral("all"));
+    const bool takesAll = invocation.has(u"all"_s);
     if (count < (takesAll ? 0 : command.minOperands))
-        throw UsageError(u"Il manque un argument à la commande " + command.name + u'.');
+        throw UsageError(u"Il manque un argument à la commande "_s + command.name + u'.');
     if (count > (takesAll ? 0 : command.maxOperands))
-        throw UsageError(u"Argument de trop : " + invocation.operands.last());
+        throw UsageError(u"Argument de trop : "_s + invocation.operands.last());
 }
 
 } // namespace
@@ -116,7 +116,7 @@ Invocation parseCommandLine(const QStringList &arguments, const QList<CommandSyn
     QCommandLineParser parser;
     addOptions(parser, options, flags);
     parse(parser, arguments);
-    for (const QString &flag : {QStringLiteral("help"), QStringLiteral("version")}) {
+    for (const QString &flag : {u"help"_s, u"version"_s}) {
         if (parser.isSet(flag))
             return {flag, {}, {}};
     }
@@ -133,7 +133,7 @@ Invocation parseCommandLine(const QStringList &arguments, const QList<CommandSyn
 
 QString usageText()
 {
-    return QStringLiteral(R"(Usage : vornelctl [OPTIONS] COMMANDE …
+    return uR"(Usage : vornelctl [OPTIONS] COMMANDE …
 
 Options communes
   --workspace DOSSIER   le workspace (sinon VORNEL_WORKSPACE_PATH, sinon ~/VORNEL)
@@ -171,7 +171,7 @@ Corbeille
 
 SKILL est un identifiant ou un slug. FICHIER « - » est l’entrée standard.
 Codes de sortie : 0 réussite, 1 copie à réparer (status), 2 échec, 64 usage incorrect.
-)");
+)"_s;
 }
 
 } // namespace vornel

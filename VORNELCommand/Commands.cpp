@@ -15,6 +15,8 @@
 #include <exception>
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace {
@@ -31,7 +33,7 @@ struct Session
 template <typename Record, typename ReportText>
 void output(const Session &session, const Record &record, const ReportText &report)
 {
-    if (session.invocation.has(QStringLiteral("json")))
+    if (session.invocation.has(u"json"_s))
         Terminal::print(QString::fromUtf8(RecordJson::document(RecordJson::encode(record))));
     else
         Terminal::print(report(record));
@@ -43,7 +45,7 @@ QUuid findSkill(const QString &typed, const QList<SkillSummary> &skills)
         return *id;
     const auto found = std::ranges::find(skills, typed, &SkillSummary::slug);
     if (found == skills.end())
-        throw CommandFailure(QStringLiteral("skillNotFound"), u"Skill introuvable : " + typed);
+        throw CommandFailure(u"skillNotFound"_s, u"Skill introuvable : "_s + typed);
     return found->id;
 }
 
@@ -79,11 +81,10 @@ QString textOfFile(const QString &name)
 {
     const std::filesystem::path path = pathFromText(name);
     QFile file(name);
-    const bool isOpen = name == u"-" ? file.open(0, QFile::ReadOnly) : file.open(QFile::ReadOnly);
+    const bool isOpen = name == u"-"_s ? file.open(0, QFile::ReadOnly) : file.open(QFile::ReadOnly);
     const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
     if (!isOpen || file.error() != QFile::NoError)
-        throw std::filesystem::filesystem_error("read", path,
-                                                std::error_code(errno, std::system_category()));
+        throw std::filesystem::filesystem_error("read", path, std::error_code(errno, std::system_category()));
     const auto text = textFromUtf8(bytes);
     if (!text)
         throw std::filesystem::filesystem_error("decode", path,
@@ -101,9 +102,9 @@ int status(const Session &session)
 int list(const Session &session)
 {
     const Invocation &invocation = session.invocation;
-    const QString category = QStringLiteral("category");
-    const QString maturity = QStringLiteral("maturity");
-    LibraryQuery::Filter filter{invocation.value(QStringLiteral("search")), std::nullopt, std::nullopt};
+    const QString category = u"category"_s;
+    const QString maturity = u"maturity"_s;
+    LibraryQuery::Filter filter{invocation.value(u"search"_s), std::nullopt, std::nullopt};
     if (invocation.has(category))
         filter.category = invocation.value(category);
     if (invocation.has(maturity))
@@ -132,7 +133,7 @@ int scan(const Session &session)
 QHash<QString, CollisionChoice> typedChoices(const Session &session)
 {
     QHash<QString, CollisionChoice> choices;
-    for (const QString &typed : session.invocation.values.value(QStringLiteral("choose")))
+    for (const QString &typed : session.invocation.values.value(u"choose"_s))
         choices.insert(typed.section(u'=', 0, 0), caseOf<CollisionChoice>(typed.section(u'=', 1)));
     return choices;
 }
@@ -140,7 +141,7 @@ QHash<QString, CollisionChoice> typedChoices(const Session &session)
 /// Resolves the collisions of `plan` as the user asked.
 void resolveCollisions(const Session &session, const ImportPlan &plan)
 {
-    const QString prefer = QStringLiteral("prefer");
+    const QString prefer = u"prefer"_s;
     std::optional<CollisionChoice> preferred;
     if (session.invocation.has(prefer))
         preferred = caseOf<CollisionChoice>(session.invocation.value(prefer));
@@ -158,13 +159,13 @@ void resolveCollisions(const Session &session, const ImportPlan &plan)
             undecided.append(collision.slug);
     }
     if (!choices.isEmpty())
-        throw CommandFailure(QStringLiteral("collisionNotFound"),
-                             u"Collision d’import introuvable : " + choices.begin().key());
+        throw CommandFailure(u"collisionNotFound"_s,
+                             u"Collision d’import introuvable : "_s + choices.begin().key());
     for (const auto &[id, choice] : decided)
         session.service.resolveCollision(id, choice).result();
-    if (!undecided.isEmpty() && !session.invocation.has(QStringLiteral("json")))
-        Terminal::printError(u"À choisir avec --choose SLUG=claude|codex ou --prefer : " +
-                             undecided.join(QStringLiteral(", ")));
+    if (!undecided.isEmpty() && !session.invocation.has(u"json"_s))
+        Terminal::printError(u"À choisir avec --choose SLUG=claude|codex ou --prefer : "_s +
+                             undecided.join(u", "_s));
 }
 
 int import(const Session &session)
@@ -172,8 +173,8 @@ int import(const Session &session)
     const ImportPlan plan = session.service.scanImports().result();
     resolveCollisions(session, plan);
     const QFuture<WorkspaceOverview> commit = session.service.commitImport(plan.id);
-    Terminal::followProgress(QStringLiteral("Import"), QFuture<void>(commit));
-    output(session, commit.result(), [&plan](const WorkspaceOverview &overview) -> QString {
+    Terminal::followProgress(u"Import"_s, QFuture<void>(commit));
+    output(session, commit.result(), [&plan](const WorkspaceOverview &overview) {
         return Report::plan(plan) + u'\n' + Report::overview(overview);
     });
     return ExitCode::success;
@@ -182,16 +183,15 @@ int import(const Session &session)
 int create(const Session &session)
 {
     const Invocation &invocation = session.invocation;
-    CreateSkillRequest request{
-        invocation.operands.first(),
-        invocation.value(QStringLiteral("name")),
-        invocation.value(QStringLiteral("summary")),
-        invocation.value(QStringLiteral("category"), SkillCategory::otherID),
-        invocation.value(QStringLiteral("tags")).split(u','),
-        caseOf<Maturity>(invocation.value(QStringLiteral("maturity"), rawValue(Maturity::draft))),
-        std::nullopt};
-    if (invocation.has(QStringLiteral("file")))
-        request.skillMD = textOfFile(invocation.value(QStringLiteral("file")));
+    CreateSkillRequest request{invocation.operands.first(),
+                               invocation.value(u"name"_s),
+                               invocation.value(u"summary"_s),
+                               invocation.value(u"category"_s, SkillCategory::otherID),
+                               invocation.value(u"tags"_s).split(u','),
+                               caseOf<Maturity>(invocation.value(u"maturity"_s, rawValue(Maturity::draft))),
+                               std::nullopt};
+    if (invocation.has(u"file"_s))
+        request.skillMD = textOfFile(invocation.value(u"file"_s));
     output(session, session.service.createSkill(request).result(),
            [](const SkillDetail &detail) { return Report::states({detail}); });
     return ExitCode::success;
@@ -199,8 +199,8 @@ int create(const Session &session)
 
 int save(const Session &session)
 {
-    const qint64 revision = session.invocation.value(QStringLiteral("expect")).toLongLong();
-    const QString text = textOfFile(session.invocation.value(QStringLiteral("file")));
+    const qint64 revision = session.invocation.value(u"expect"_s).toLongLong();
+    const QString text = textOfFile(session.invocation.value(u"file"_s));
     const QUuid id = activeSkill(session, session.invocation.operands.first());
     output(session, session.service.saveSkill(id, revision, text).result(),
            [](const SkillDetail &detail) { return Report::states({detail}); });
@@ -209,7 +209,7 @@ int save(const Session &session)
 
 QList<QUuid> skillsToSynchronize(const Session &session)
 {
-    if (!session.invocation.has(QStringLiteral("all")))
+    if (!session.invocation.has(u"all"_s))
         return activeSkills(session, session.invocation.operands);
     QList<QUuid> ids;
     for (const SkillSummary &skill : session.overview.skills)
@@ -224,8 +224,7 @@ int sync(const Session &session)
     QList<SkillDetail> details;
     std::exception_ptr failure;
     for (qsizetype done = 0; done < ids.size(); ++done) {
-        Terminal::showProgress(QStringLiteral("Synchronisation"), static_cast<int>(done),
-                               static_cast<int>(ids.size()));
+        Terminal::showProgress(u"Synchronisation"_s, static_cast<int>(done), static_cast<int>(ids.size()));
         try {
             details.append(session.service.synchronize(ids.at(done)).result());
         } catch (const std::exception &) {
@@ -233,7 +232,7 @@ int sync(const Session &session)
                 failure = std::current_exception();
         }
     }
-    Terminal::showProgress(QStringLiteral("Synchronisation"), 1, 1);
+    Terminal::showProgress(u"Synchronisation"_s, 1, 1);
     if (failure)
         std::rethrow_exception(failure);
     output(session, details, Report::states);

@@ -20,8 +20,7 @@ class CommandFailure : public std::runtime_error
 public:
     CommandFailure(QString name, const QString &message)
         : std::runtime_error(message.toStdString()), caseName(std::move(name))
-    {
-    }
+    {}
 
     QString caseName;
 };

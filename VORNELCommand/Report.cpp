@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel::Report {
 
 using Terminal::Cell;
@@ -20,47 +22,47 @@ Cell stateCell(SyncState state)
 {
     switch (state) {
     case SyncState::inSync:
-        return {QStringLiteral("à jour"), Colour::Success};
+        return {u"à jour"_s, Colour::Success};
     case SyncState::drifted:
-        return {QStringLiteral("copie modifiée"), Colour::Warning};
+        return {u"copie modifiée"_s, Colour::Warning};
     case SyncState::missing:
-        return {QStringLiteral("copie manquante"), Colour::Warning};
+        return {u"copie manquante"_s, Colour::Warning};
     case SyncState::failed:
-        return {QStringLiteral("échec"), Colour::Danger};
+        return {u"échec"_s, Colour::Danger};
     case SyncState::unknown:
         break;
     }
-    return {QStringLiteral("inconnu"), Colour::Muted};
+    return {u"inconnu"_s, Colour::Muted};
 }
 
 QString maturityLabel(Maturity maturity)
 {
     switch (maturity) {
     case Maturity::draft:
-        return QStringLiteral("Brouillon");
+        return u"Brouillon"_s;
     case Maturity::ready:
-        return QStringLiteral("Prêt");
+        return u"Prêt"_s;
     case Maturity::active:
-        return QStringLiteral("Actif");
+        return u"Actif"_s;
     case Maturity::obsolete:
         break;
     }
-    return QStringLiteral("Obsolète");
+    return u"Obsolète"_s;
 }
 
 QString assistantName(TargetKind kind)
 {
-    return kind == TargetKind::claude ? QStringLiteral("Claude") : QStringLiteral("Codex");
+    return kind == TargetKind::claude ? u"Claude"_s : u"Codex"_s;
 }
 
 QString blockedReason(const QString &reason)
 {
     static const QHash<QString, QString> sentences{
-        {QStringLiteral("symlinkUnsupported"), QStringLiteral("contient un lien symbolique")},
-        {QStringLiteral("invalidPath"), QStringLiteral("le nom du dossier n’est pas un slug valide")},
-        {QStringLiteral("missingSkillFile"), QStringLiteral("ne contient pas de fichier SKILL.md")},
-        {QStringLiteral("unsafeContent"), QStringLiteral("contient un élément qui ne peut pas être importé")},
-        {QStringLiteral("unreadable"), QStringLiteral("ne peut pas être lu")},
+        {u"symlinkUnsupported"_s, u"contient un lien symbolique"_s},
+        {u"invalidPath"_s, u"le nom du dossier n’est pas un slug valide"_s},
+        {u"missingSkillFile"_s, u"ne contient pas de fichier SKILL.md"_s},
+        {u"unsafeContent"_s, u"contient un élément qui ne peut pas être importé"_s},
+        {u"unreadable"_s, u"ne peut pas être lu"_s},
     };
     return sentences.value(reason, reason);
 }
@@ -73,12 +75,12 @@ QString counted(qsizetype count, const QString &singular, const QString &plural)
 
 QString countedSkills(qsizetype count)
 {
-    return counted(count, QStringLiteral("compétence"), QStringLiteral("compétences"));
+    return counted(count, u"compétence"_s, u"compétences"_s);
 }
 
 QString localDate(const QDateTime &date)
 {
-    return date.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+    return date.toLocalTime().toString(u"yyyy-MM-dd HH:mm"_s);
 }
 
 QString oneLine(const QString &text)
@@ -88,27 +90,26 @@ QString oneLine(const QString &text)
 
 QString heading(const QString &title, qsizetype count)
 {
-    return Terminal::coloured(title + u" (" + QString::number(count) + u")\n", Colour::Muted);
+    return Terminal::coloured(title + u" ("_s + QString::number(count) + u")\n"_s, Colour::Muted);
 }
 
 } // namespace
 
 QString overview(const WorkspaceOverview &overview)
 {
-    QString text = QStringLiteral("Workspace : ") + Terminal::printable(overview.workspaceText()) + u'\n' +
+    QString text = u"Workspace : "_s + Terminal::printable(overview.workspaceText()) + u'\n' +
                    countedSkills(overview.skills.size());
     if (!overview.trashedSkills.isEmpty())
-        text += u", " + QString::number(overview.trashedSkills.size()) + u" dans la corbeille";
-    text += u"\n\n";
+        text += u", "_s + QString::number(overview.trashedSkills.size()) + u" dans la corbeille"_s;
+    text += u"\n\n"_s;
 
     const QList<SkillSummary> attention = LibraryQuery::needsAttention(overview);
     if (attention.isEmpty())
-        return text + Terminal::coloured(QStringLiteral("Tout est à jour"), Colour::Success) + u'\n';
+        return text + Terminal::coloured(u"Tout est à jour"_s, Colour::Success) + u'\n';
     QList<QList<Cell>> rows;
     for (const SkillSummary &skill : attention)
         rows.append({{skill.slug}, stateCell(skill.syncState)});
-    return text + Terminal::coloured(QStringLiteral("Attention requise"), Colour::Warning) + u'\n' +
-           Terminal::table(rows);
+    return text + Terminal::coloured(u"Attention requise"_s, Colour::Warning) + u'\n' + Terminal::table(rows);
 }
 
 QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories)
@@ -123,30 +124,30 @@ QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &ca
                      {oneLine(names.value(skill.category, skill.category))},
                      {maturityLabel(skill.maturity)},
                      stateCell(skill.syncState)});
-    return rows.isEmpty() ? QStringLiteral("Aucune compétence\n") : Terminal::table(rows);
+    return rows.isEmpty() ? u"Aucune compétence\n"_s : Terminal::table(rows);
 }
 
 QString detail(const SkillDetail &detail)
 {
     const SkillManifest &manifest = detail.manifest;
     const QString head = Terminal::table({
-        {{QStringLiteral("Nom"), Colour::Muted}, {oneLine(manifest.displayName)}},
-        {{QStringLiteral("Slug"), Colour::Muted}, {manifest.slug}},
-        {{QStringLiteral("Identifiant"), Colour::Muted}, {uuidText(manifest.id)}},
-        {{QStringLiteral("Résumé"), Colour::Muted}, {oneLine(manifest.summary)}},
-        {{QStringLiteral("Catégorie"), Colour::Muted}, {oneLine(manifest.category)}},
-        {{QStringLiteral("Mots-clés"), Colour::Muted}, {oneLine(manifest.tags.join(QStringLiteral(", ")))}},
-        {{QStringLiteral("Maturité"), Colour::Muted}, {maturityLabel(manifest.maturity)}},
-        {{QStringLiteral("Révision"), Colour::Muted}, {QString::number(manifest.revision)}},
-        {{QStringLiteral("Création"), Colour::Muted}, {localDate(manifest.createdAt)}},
-        {{QStringLiteral("Modification"), Colour::Muted}, {localDate(manifest.updatedAt)}},
-        {{QStringLiteral("Copies"), Colour::Muted}, stateCell(detail.syncState)},
+        {{u"Nom"_s, Colour::Muted}, {oneLine(manifest.displayName)}},
+        {{u"Slug"_s, Colour::Muted}, {manifest.slug}},
+        {{u"Identifiant"_s, Colour::Muted}, {uuidText(manifest.id)}},
+        {{u"Résumé"_s, Colour::Muted}, {oneLine(manifest.summary)}},
+        {{u"Catégorie"_s, Colour::Muted}, {oneLine(manifest.category)}},
+        {{u"Mots-clés"_s, Colour::Muted}, {oneLine(manifest.tags.join(u", "_s))}},
+        {{u"Maturité"_s, Colour::Muted}, {maturityLabel(manifest.maturity)}},
+        {{u"Révision"_s, Colour::Muted}, {QString::number(manifest.revision)}},
+        {{u"Création"_s, Colour::Muted}, {localDate(manifest.createdAt)}},
+        {{u"Modification"_s, Colour::Muted}, {localDate(manifest.updatedAt)}},
+        {{u"Copies"_s, Colour::Muted}, stateCell(detail.syncState)},
     });
     QList<QList<Cell>> files;
     for (const QString &file : detail.relativeFiles)
-        files.append({{QStringLiteral(" ")}, {file}});
-    return head + u'\n' + heading(QStringLiteral("Fichiers"), files.size()) + Terminal::table(files) + u'\n' +
-           Terminal::printable(detail.skillMD) + (detail.skillMD.endsWith(u'\n') ? u"" : u"\n");
+        files.append({{u" "_s}, {file}});
+    return head + u'\n' + heading(u"Fichiers"_s, files.size()) + Terminal::table(files) + u'\n' +
+           Terminal::printable(detail.skillMD) + (detail.skillMD.endsWith(u'\n') ? u""_s : u"\n"_s);
 }
 
 QString states(const QList<SkillDetail> &details)
@@ -154,40 +155,39 @@ QString states(const QList<SkillDetail> &details)
     QList<QList<Cell>> rows;
     for (const SkillDetail &skill : details)
         rows.append({{skill.manifest.slug},
-                     {u"révision " + QString::number(skill.manifest.revision)},
+                     {u"révision "_s + QString::number(skill.manifest.revision)},
                      stateCell(skill.syncState)});
-    return rows.isEmpty() ? QStringLiteral("Aucune compétence\n") : Terminal::table(rows);
+    return rows.isEmpty() ? u"Aucune compétence\n"_s : Terminal::table(rows);
 }
 
 QString plan(const ImportPlan &plan)
 {
     QList<QList<Cell>> candidates;
     for (const ImportCandidate &candidate : plan.candidates)
-        candidates.append({{QStringLiteral(" ")},
+        candidates.append({{u" "_s},
                            {candidate.slug},
                            {candidate.classification == ImportClassification::identical
-                                ? QStringLiteral("identique dans les deux dossiers")
-                                : assistantName(candidate.source) + u" seulement"}});
+                                ? u"identique dans les deux dossiers"_s
+                                : assistantName(candidate.source) + u" seulement"_s}});
     QList<QList<Cell>> collisions;
     for (const ImportCollision &collision : plan.collisions)
-        collisions.append({{QStringLiteral(" ")},
-                           {collision.slug, Colour::Warning},
-                           {QStringLiteral("contenus différents dans Claude et Codex")}});
+        collisions.append(
+            {{u" "_s}, {collision.slug, Colour::Warning}, {u"contenus différents dans Claude et Codex"_s}});
     QList<QList<Cell>> blocked;
     for (const BlockedImport &entry : plan.blocked)
-        blocked.append({{QStringLiteral(" ")},
+        blocked.append({{u" "_s},
                         {entry.name, Colour::Danger},
                         {assistantName(entry.source)},
                         {blockedReason(entry.reason)}});
 
     QString text;
-    for (const auto &[title, rows] : {std::pair{QStringLiteral("À importer"), candidates},
-                                      std::pair{QStringLiteral("Collisions"), collisions},
-                                      std::pair{QStringLiteral("Bloqués"), blocked}}) {
+    for (const auto &[title, rows] :
+         {std::pair{u"À importer"_s, candidates}, std::pair{u"Collisions"_s, collisions},
+          std::pair{u"Bloqués"_s, blocked}}) {
         if (!rows.isEmpty())
             text += heading(title, rows.size()) + Terminal::table(rows);
     }
-    return text.isEmpty() ? QStringLiteral("Rien à importer\n") : text;
+    return text.isEmpty() ? u"Rien à importer\n"_s : text;
 }
 
 QString categories(const WorkspaceOverview &overview)
@@ -195,10 +195,7 @@ QString categories(const WorkspaceOverview &overview)
     QList<QList<Cell>> rows;
     for (const SkillCategory &category : overview.categories) {
         const auto count = std::ranges::count(overview.skills, category.id, &SkillSummary::category);
-        rows.append({{category.id},
-                     {oneLine(category.name)},
-                     {category.colorHex},
-                     {countedSkills(count)}});
+        rows.append({{category.id}, {oneLine(category.name)}, {category.colorHex}, {countedSkills(count)}});
     }
     return Terminal::table(rows);
 }
@@ -206,11 +203,11 @@ QString categories(const WorkspaceOverview &overview)
 QString trash(const WorkspaceOverview &overview)
 {
     if (overview.trashedSkills.isEmpty())
-        return QStringLiteral("La corbeille est vide\n");
+        return u"La corbeille est vide\n"_s;
     QList<QList<Cell>> rows;
     for (const SkillSummary &skill : overview.trashedSkills)
-        rows.append({{QStringLiteral(" ")}, {skill.slug}, {oneLine(skill.displayName)}});
-    return heading(QStringLiteral("Corbeille"), rows.size()) + Terminal::table(rows);
+        rows.append({{u" "_s}, {skill.slug}, {oneLine(skill.displayName)}});
+    return heading(u"Corbeille"_s, rows.size()) + Terminal::table(rows);
 }
 
 } // namespace vornel::Report

@@ -11,6 +11,8 @@
 #include <system_error>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel::Terminal {
 
 namespace {
@@ -50,7 +52,7 @@ QString coloured(const QString &text, Colour colour)
 {
     if (colour == Colour::Plain || !showsColours())
         return text;
-    return u"\x1b[" + QLatin1String(escapeCode(colour)) + u'm' + text + u"\x1b[0m";
+    return u"\x1b["_s + QLatin1String(escapeCode(colour)) + u'm' + text + u"\x1b[0m"_s;
 }
 
 QString printable(const QString &text)

@@ -17,6 +17,7 @@
 
 #include <span>
 
+using namespace Qt::StringLiterals;
 using namespace vornel;
 
 namespace {
@@ -27,7 +28,7 @@ QStringList decodedArguments(std::span<char *> arguments)
     for (const char *argument : arguments.subspan(1)) {
         const auto text = textFromUtf8(argument);
         if (!text)
-            throw UsageError(QStringLiteral("Un argument n’est pas de l’UTF-8 valide."));
+            throw UsageError(u"Un argument n’est pas de l’UTF-8 valide."_s);
         decoded.append(*text);
     }
     return decoded;
@@ -42,9 +43,9 @@ WorkspaceRoots rootsFor(const Invocation &invocation)
         if (invocation.has(option))
             root = std::filesystem::absolute(pathFromText(invocation.value(option)));
     };
-    replace(roots.workspace, QStringLiteral("workspace"));
-    replace(roots.claude, QStringLiteral("claude"));
-    replace(roots.codex, QStringLiteral("codex"));
+    replace(roots.workspace, u"workspace"_s);
+    replace(roots.claude, u"claude"_s);
+    replace(roots.codex, u"codex"_s);
     return roots;
 }
 
@@ -52,8 +53,7 @@ int run(const Invocation &invocation)
 {
     const WorkspaceRoots roots = rootsFor(invocation);
     LocalWorkspaceService service(std::make_shared<PosixFileSystem>());
-    const WorkspaceOverview overview =
-        service.bootstrap(roots.workspace, roots.claude, roots.codex).result();
+    const WorkspaceOverview overview = service.bootstrap(roots.workspace, roots.claude, roots.codex).result();
     return runCommand(invocation, service, overview);
 }
 
@@ -63,7 +63,7 @@ QString errorCase(const std::exception &error)
         return workspace->caseName();
     if (const auto *command = dynamic_cast<const CommandFailure *>(&error))
         return command->caseName;
-    return QStringLiteral("fileSystem");
+    return u"fileSystem"_s;
 }
 
 void reportFailure(const std::exception &error, bool asJson)
@@ -71,8 +71,7 @@ void reportFailure(const std::exception &error, bool asJson)
     const QString message = errorMessage(error);
     if (!asJson)
         return Terminal::printError(Terminal::printable(message));
-    const QJsonObject object{{QStringLiteral("error"), errorCase(error)},
-                             {QStringLiteral("message"), message}};
+    const QJsonObject object{{u"error"_s, errorCase(error)}, {u"message"_s, message}};
     Terminal::printError(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
 }
 
@@ -83,18 +82,18 @@ int main(int argc, char *argv[])
     Invocation invocation;
     try {
         invocation = parseCommandLine(decodedArguments({argv, static_cast<size_t>(argc)}), commandSyntaxes());
-        if (invocation.command == u"help")
+        if (invocation.command == u"help"_s)
             Terminal::print(usageText());
-        else if (invocation.command == u"version")
-            Terminal::print(u"vornelctl " + QStringLiteral(VORNEL_VERSION) + u'\n');
+        else if (invocation.command == u"version"_s)
+            Terminal::print(u"vornelctl "_s + QStringLiteral(VORNEL_VERSION) + u'\n');
         else
             return run(invocation);
         return ExitCode::success;
     } catch (const UsageError &error) {
-        Terminal::printError(QString::fromUtf8(error.what()) + u"\n\n" + usageText().trimmed());
+        Terminal::printError(QString::fromUtf8(error.what()) + u"\n\n"_s + usageText().trimmed());
         return ExitCode::usage;
     } catch (const std::exception &error) {
-        reportFailure(error, invocation.has(QStringLiteral("json")));
+        reportFailure(error, invocation.has(u"json"_s));
         return ExitCode::failure;
     }
 }

@@ -46,8 +46,7 @@ enum class CollisionChoice { claude, codex };
 Q_ENUM_NS(CollisionChoice)
 
 template <typename E>
-    requires std::is_enum_v<E>
-size_t qHash(E value, size_t seed = 0)
+requires std::is_enum_v<E> size_t qHash(E value, size_t seed = 0)
 {
     return ::qHash(static_cast<int>(value), seed);
 }

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <system_error>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace {
@@ -16,39 +18,39 @@ QString sentence(const std::error_code &code)
     switch (static_cast<std::errc>(code.value())) {
     case std::errc::permission_denied:
     case std::errc::operation_not_permitted:
-        return QStringLiteral("Accès refusé");
+        return u"Accès refusé"_s;
     case std::errc::read_only_file_system:
-        return QStringLiteral("Le volume est en lecture seule");
+        return u"Le volume est en lecture seule"_s;
     case std::errc::no_space_on_device:
-        return QStringLiteral("Le volume est plein");
+        return u"Le volume est plein"_s;
     case std::errc::no_such_file_or_directory:
-        return QStringLiteral("Fichier ou dossier introuvable");
+        return u"Fichier ou dossier introuvable"_s;
     case std::errc::not_a_directory:
-        return QStringLiteral("Ce n’est pas un dossier");
+        return u"Ce n’est pas un dossier"_s;
     case std::errc::is_a_directory:
-        return QStringLiteral("C’est un dossier");
+        return u"C’est un dossier"_s;
     case std::errc::file_exists:
     case std::errc::directory_not_empty:
-        return QStringLiteral("Un élément existe déjà à cet endroit");
+        return u"Un élément existe déjà à cet endroit"_s;
     case std::errc::filename_too_long:
-        return QStringLiteral("Le nom est trop long");
+        return u"Le nom est trop long"_s;
     case std::errc::file_too_large:
-        return QStringLiteral("Le fichier est trop volumineux");
+        return u"Le fichier est trop volumineux"_s;
     case std::errc::too_many_files_open:
     case std::errc::too_many_files_open_in_system:
-        return QStringLiteral("Trop de fichiers sont ouverts");
+        return u"Trop de fichiers sont ouverts"_s;
     case std::errc::too_many_symbolic_link_levels:
-        return QStringLiteral("Trop de liens symboliques");
+        return u"Trop de liens symboliques"_s;
     case std::errc::invalid_argument:
     case std::errc::invalid_seek:
     case std::errc::no_such_device_or_address:
-        return QStringLiteral("Ce n’est pas un fichier ordinaire");
+        return u"Ce n’est pas un fichier ordinaire"_s;
     case std::errc::illegal_byte_sequence:
-        return QStringLiteral("Le texte n’est pas de l’UTF-8 valide");
+        return u"Le texte n’est pas de l’UTF-8 valide"_s;
     case std::errc::device_or_resource_busy:
-        return QStringLiteral("L’élément est utilisé par un autre programme");
+        return u"L’élément est utilisé par un autre programme"_s;
     case std::errc::io_error:
-        return QStringLiteral("Erreur d’entrée-sortie");
+        return u"Erreur d’entrée-sortie"_s;
     default:
         return QString::fromStdString(code.message());
     }
@@ -60,7 +62,7 @@ QString errorMessage(const std::exception &error)
 {
     if (const auto *file = dynamic_cast<const std::filesystem::filesystem_error *>(&error);
         file != nullptr && !file->path1().empty())
-        return sentence(file->code()) + u"\u00A0: " + pathText(file->path1());
+        return sentence(file->code()) + u"\u00A0: "_s + pathText(file->path1());
     if (const auto *system = dynamic_cast<const std::system_error *>(&error))
         return sentence(system->code());
     return QString::fromUtf8(error.what());

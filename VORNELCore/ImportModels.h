@@ -74,7 +74,8 @@ struct BlockedImport
 public:
     TargetKind source = TargetKind::claude;
     QString name;
-    QString reason; ///< "symlinkUnsupported", "invalidPath", "missingSkillFile", "unsafeContent", "unreadable"
+    QString
+        reason; ///< "symlinkUnsupported", "invalidPath", "missingSkillFile", "unsafeContent", "unreadable"
 
     bool operator==(const BlockedImport &) const = default;
 };

@@ -21,8 +21,8 @@ struct Filter
 /// for in the name, slug, summary, category and tags, without regard to case or diacritics.
 QList<SkillSummary> filteredSkills(const QList<SkillSummary> &skills, const Filter &filter);
 
-/// The skills of `overview` that pass `filter`, in the library's order: by the category's place in the catalog
-/// (unless the filter names one category), then by display name, then by slug.
+/// The skills of `overview` that pass `filter`, in the library's order: by the category's place in the
+/// catalog (unless the filter names one category), then by display name, then by slug.
 QList<SkillSummary> orderedFilteredSkills(const WorkspaceOverview &overview, const Filter &filter);
 
 /// The skills of which a copy is drifted, missing or failed, in the overview's order.

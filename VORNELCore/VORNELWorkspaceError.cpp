@@ -5,59 +5,61 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace WorkspaceErrorCase {
 
 QString InvalidPath::message() const
 {
-    return u"Chemin invalide (" + rawValue(violation) + u").";
+    return u"Chemin invalide ("_s + rawValue(violation) + u")."_s;
 }
 
 QString SymlinkUnsupported::message() const
 {
-    return u"Les liens symboliques ne sont pas pris en charge : " + path;
+    return u"Les liens symboliques ne sont pas pris en charge : "_s + path;
 }
 
 QString MissingSkillFile::message() const
 {
-    return u"Le skill " + slug + u" ne contient pas de fichier SKILL.md.";
+    return u"Le skill "_s + slug + u" ne contient pas de fichier SKILL.md."_s;
 }
 
 QString MalformedManifest::message() const
 {
-    return u"Le manifeste est invalide : " + path;
+    return u"Le manifeste est invalide : "_s + path;
 }
 
 QString SkillNotFound::message() const
 {
-    return u"Skill introuvable : " + uuidText(id);
+    return u"Skill introuvable : "_s + uuidText(id);
 }
 
 QString DuplicateSlug::message() const
 {
-    return u"Le slug " + slug + u" existe déjà.";
+    return u"Le slug "_s + slug + u" existe déjà."_s;
 }
 
 QString RevisionConflict::message() const
 {
-    return u"Révision obsolète (attendue " + QString::number(expected) + u", actuelle " +
-           QString::number(actual) + u").";
+    return u"Révision obsolète (attendue "_s + QString::number(expected) + u", actuelle "_s +
+           QString::number(actual) + u")."_s;
 }
 
 QString CollisionNotFound::message() const
 {
-    return u"Collision d’import introuvable : " + uuidText(id);
+    return u"Collision d’import introuvable : "_s + uuidText(id);
 }
 
 QString UnresolvedCollisions::message() const
 {
-    return QString::number(ids.size()) + u" collision(s) doivent être résolues avant l’import.";
+    return QString::number(ids.size()) + u" collision(s) doivent être résolues avant l’import."_s;
 }
 
 QString UnsafeImport::message() const
 {
-    return u"Le dossier " + folder + u" ne peut pas être importé en sécurité.";
+    return u"Le dossier "_s + folder + u" ne peut pas être importé en sécurité."_s;
 }
 
 QString PartialSync::message() const
@@ -65,22 +67,22 @@ QString PartialSync::message() const
     QStringList names;
     for (const TargetKind kind : kinds)
         names.append(rawValue(kind));
-    return u"Synchronisation incomplète : " + names.join(QStringLiteral(", ")) + u".";
+    return u"Synchronisation incomplète : "_s + names.join(u", "_s) + u"."_s;
 }
 
 QString IntegrityFailure::message() const
 {
-    return u"Échec d’intégrité : " + reason;
+    return u"Échec d’intégrité : "_s + reason;
 }
 
 QString NotBootstrapped::message() const
 {
-    return u"Le workspace " + VORNELProduct::name + u" n’est pas initialisé.";
+    return u"Le workspace "_s + VORNELProduct::name + u" n’est pas initialisé."_s;
 }
 
 QString ImportPlanNotFound::message() const
 {
-    return QStringLiteral("Le plan d’import n’existe plus.");
+    return u"Le plan d’import n’existe plus."_s;
 }
 
 } // namespace WorkspaceErrorCase
@@ -88,8 +90,7 @@ QString ImportPlanNotFound::message() const
 VORNELWorkspaceError::VORNELWorkspaceError(Case errorCase)
     : m_case(std::move(errorCase)),
       m_what(std::visit([](const auto &payload) { return payload.message(); }, m_case).toStdString())
-{
-}
+{}
 
 QString VORNELWorkspaceError::caseName() const
 {

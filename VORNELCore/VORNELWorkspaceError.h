@@ -132,14 +132,13 @@ struct ImportPlanNotFound
 class VORNELWorkspaceError : public std::exception
 {
 public:
-    using Case = std::variant<
-        WorkspaceErrorCase::InvalidPath, WorkspaceErrorCase::SymlinkUnsupported,
-        WorkspaceErrorCase::MissingSkillFile, WorkspaceErrorCase::MalformedManifest,
-        WorkspaceErrorCase::SkillNotFound, WorkspaceErrorCase::DuplicateSlug,
-        WorkspaceErrorCase::RevisionConflict, WorkspaceErrorCase::CollisionNotFound,
-        WorkspaceErrorCase::UnresolvedCollisions, WorkspaceErrorCase::UnsafeImport,
-        WorkspaceErrorCase::PartialSync, WorkspaceErrorCase::IntegrityFailure,
-        WorkspaceErrorCase::NotBootstrapped, WorkspaceErrorCase::ImportPlanNotFound>;
+    using Case = std::variant<WorkspaceErrorCase::InvalidPath, WorkspaceErrorCase::SymlinkUnsupported,
+                              WorkspaceErrorCase::MissingSkillFile, WorkspaceErrorCase::MalformedManifest,
+                              WorkspaceErrorCase::SkillNotFound, WorkspaceErrorCase::DuplicateSlug,
+                              WorkspaceErrorCase::RevisionConflict, WorkspaceErrorCase::CollisionNotFound,
+                              WorkspaceErrorCase::UnresolvedCollisions, WorkspaceErrorCase::UnsafeImport,
+                              WorkspaceErrorCase::PartialSync, WorkspaceErrorCase::IntegrityFailure,
+                              WorkspaceErrorCase::NotBootstrapped, WorkspaceErrorCase::ImportPlanNotFound>;
 
     static VORNELWorkspaceError invalidPath(PathViolation violation);
     static VORNELWorkspaceError symlinkUnsupported(const QString &path);

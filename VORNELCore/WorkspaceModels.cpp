@@ -2,29 +2,37 @@
 
 #include "SerializedForms.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
-const QString SkillCategory::otherID = QStringLiteral("other");
+const QString SkillCategory::otherID = u"other"_s;
 
 const QList<SkillCategory> &SkillCategory::defaults()
 {
     static const QList<SkillCategory> categories{
-        {QStringLiteral("development"), QStringLiteral("Développement"), QStringLiteral("8A61E6"), false},
-        {QStringLiteral("quality"), QStringLiteral("Qualité"), QStringLiteral("63DE91"), false},
-        {QStringLiteral("operations"), QStringLiteral("Opérations"), QStringLiteral("FF571A"), false},
-        {QStringLiteral("design"), QStringLiteral("Design"), QStringLiteral("D152F0"), false},
-        {QStringLiteral("knowledge"), QStringLiteral("Connaissance"), QStringLiteral("21D6D1"), false},
-        {otherID, QStringLiteral("Autre"), QStringLiteral("FFB347"), true},
+        {u"development"_s, u"Développement"_s, u"8A61E6"_s, false},
+        {u"quality"_s, u"Qualité"_s, u"63DE91"_s, false},
+        {u"operations"_s, u"Opérations"_s, u"FF571A"_s, false},
+        {u"design"_s, u"Design"_s, u"D152F0"_s, false},
+        {u"knowledge"_s, u"Connaissance"_s, u"21D6D1"_s, false},
+        {otherID, u"Autre"_s, u"FFB347"_s, true},
     };
     return categories;
 }
 
 SkillSummary::SkillSummary(const SkillManifest &manifest, SyncState state)
-    : id(manifest.id), slug(manifest.slug), displayName(manifest.displayName), summary(manifest.summary),
-      category(manifest.category), tags(manifest.tags), maturity(manifest.maturity), syncState(state),
-      revision(manifest.revision), updatedAt(manifest.updatedAt)
-{
-}
+    : id(manifest.id),
+      slug(manifest.slug),
+      displayName(manifest.displayName),
+      summary(manifest.summary),
+      category(manifest.category),
+      tags(manifest.tags),
+      maturity(manifest.maturity),
+      syncState(state),
+      revision(manifest.revision),
+      updatedAt(manifest.updatedAt)
+{}
 
 QString WorkspaceOverview::workspaceText() const
 {
@@ -46,8 +54,7 @@ size_t qHash(const SkillManifest &manifest, size_t seed)
 size_t qHash(const SkillSummary &summary, size_t seed)
 {
     return qHashMulti(seed, summary.id, summary.slug, summary.displayName, summary.summary, summary.category,
-                      summary.tags, summary.maturity, summary.syncState, summary.revision,
-                      summary.updatedAt);
+                      summary.tags, summary.maturity, summary.syncState, summary.revision, summary.updatedAt);
 }
 
 size_t qHash(const SkillDetail &detail, size_t seed)

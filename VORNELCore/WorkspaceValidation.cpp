@@ -26,9 +26,8 @@ void validateRelativePath(QUtf8StringView path)
 {
     const std::string_view text(path.data(), static_cast<size_t>(path.size()));
     const auto hasComponent = [text](std::string_view name) {
-        return std::ranges::any_of(std::views::split(text, '/'), [name](auto component) {
-            return std::ranges::equal(component, name);
-        });
+        return std::ranges::any_of(std::views::split(text, '/'),
+                                   [name](auto component) { return std::ranges::equal(component, name); });
     };
 
     if (text.empty())

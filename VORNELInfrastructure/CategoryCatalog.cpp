@@ -10,20 +10,22 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace {
 
-VORNELWorkspaceError failure(const char16_t *reason)
+VORNELWorkspaceError failure(const QString &reason)
 {
-    return VORNELWorkspaceError::integrityFailure(QString::fromUtf16(reason));
+    return VORNELWorkspaceError::integrityFailure(reason);
 }
 
 /// A name for a category that only manifests know, acceptable in this catalog.
 QString nameForUnknownCategory(const QString &id, const CategoryCatalog &catalog)
 {
     const QString title = CategoryRules::legacyCategoryName(id).left(CategoryRules::longestName).trimmed();
-    const QString base = title.isEmpty() ? QStringLiteral("Catégorie") : title;
+    const QString base = title.isEmpty() ? u"Catégorie"_s : title;
     QString name = base;
     for (int number = 2; catalog.hasName(name); ++number) {
         const QString suffix = u' ' + QString::number(number);
@@ -40,8 +42,7 @@ CategoryCatalog initialCatalog(const Workspace &workspace)
     for (const SkillRecord &record : records) {
         const QString id = CategoryRules::normalizedCategory(record.manifest.category);
         if (!catalog.contains(id))
-            catalog.categories.append(
-                {id, nameForUnknownCategory(id, catalog), QStringLiteral("FFB347"), false});
+            catalog.categories.append({id, nameForUnknownCategory(id, catalog), u"FFB347"_s, false});
     }
     return catalog;
 }
@@ -57,15 +58,14 @@ SkillCategory &CategoryCatalog::find(const QString &id)
 {
     const auto found = std::ranges::find(categories, id, &SkillCategory::id);
     if (found == categories.end())
-        throw failure(u"Catégorie introuvable.");
+        throw failure(u"Catégorie introuvable."_s);
     return *found;
 }
 
 bool CategoryCatalog::hasName(const QString &name, const QString &exceptID) const
 {
     return std::ranges::any_of(categories, [&](const SkillCategory &category) {
-        return category.id != exceptID &&
-               LocaleText::caseless(category.name) == LocaleText::caseless(name);
+        return category.id != exceptID && LocaleText::caseless(category.name) == LocaleText::caseless(name);
     });
 }
 
@@ -80,7 +80,7 @@ void CategoryCatalog::check() const
         hasProtectedOther |= category.id == SkillCategory::otherID && category.isProtected;
     }
     if (ids.size() != categories.size() || names.size() != categories.size() || !hasProtectedOther)
-        throw failure(u"Le catalogue de catégories contient des doublons.");
+        throw failure(u"Le catalogue de catégories contient des doublons."_s);
     for (const SkillCategory &category : categories) {
         CategoryRules::validatedCategoryName(category.name);
         CategoryRules::validatedColorHex(category.colorHex);
@@ -93,11 +93,11 @@ CategoryCatalog readCategoryCatalog(const Workspace &workspace)
     try {
         document = readFile(workspace.files, workspace.config.categories(), SkillFiles::sizeLimit);
     } catch (const std::exception &) {
-        throw failure(u"Le catalogue de catégories ne peut pas être lu.");
+        throw failure(u"Le catalogue de catégories ne peut pas être lu."_s);
     }
     const auto catalog = RecordJson::decodeDocument<CategoryCatalog>(document);
     if (!catalog)
-        throw failure(u"Le catalogue de catégories est invalide.");
+        throw failure(u"Le catalogue de catégories est invalide."_s);
     catalog->check();
     return *catalog;
 }

@@ -9,19 +9,21 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace {
 
-VORNELWorkspaceError failure(const char16_t *reason)
+VORNELWorkspaceError failure(const QString &reason)
 {
-    return VORNELWorkspaceError::integrityFailure(QString::fromUtf16(reason));
+    return VORNELWorkspaceError::integrityFailure(reason);
 }
 
 void refuseDoubledName(const CategoryCatalog &catalog, const QString &name, const QString &exceptID = {})
 {
     if (catalog.hasName(name, exceptID))
-        throw failure(u"Une catégorie porte déjà ce nom.");
+        throw failure(u"Une catégorie porte déjà ce nom."_s);
 }
 
 } // namespace
@@ -57,7 +59,7 @@ void CategoryEditing::remove(const QString &id) const
 {
     CategoryCatalog catalog = readCategoryCatalog(m_workspace);
     if (catalog.find(id).isProtected)
-        throw failure(u"La catégorie Autre est nécessaire au classement.");
+        throw failure(u"La catégorie Autre est nécessaire au classement."_s);
 
     for (const SkillRecord &skill : activeManifests(m_workspace)) {
         if (skill.manifest.category == id)

@@ -6,6 +6,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel::CategoryRules {
 
 QString validatedCategoryName(const QString &name)
@@ -13,29 +15,29 @@ QString validatedCategoryName(const QString &name)
     QString trimmed = name.trimmed();
     if (trimmed.isEmpty() || LocaleText::characterCount(trimmed) > longestName)
         throw VORNELWorkspaceError::integrityFailure(
-            QStringLiteral("Le nom de la catégorie doit contenir entre 1 et 40 caractères."));
+            u"Le nom de la catégorie doit contenir entre 1 et 40 caractères."_s);
     return trimmed;
 }
 
 QString validatedColorHex(const QString &color)
 {
-    static const QRegularExpression shape(QStringLiteral(R"(\A[#\s]*([0-9A-F]{6})[#\s]*\z)"));
+    static const QRegularExpression shape(uR"(\A[#\s]*([0-9A-F]{6})[#\s]*\z)"_s);
     const QRegularExpressionMatch match = shape.match(color.toUpper());
     if (!match.hasMatch())
-        throw VORNELWorkspaceError::integrityFailure(QStringLiteral("La couleur est invalide."));
+        throw VORNELWorkspaceError::integrityFailure(u"La couleur est invalide."_s);
     return match.captured(1);
 }
 
 QString categoryIdentifier(const QString &name, const QSet<QString> &existing)
 {
-    static const QRegularExpression otherCharacters(QStringLiteral("[^a-z0-9]+"));
-    static const QRegularExpression outerHyphens(QStringLiteral(R"(\A-|-\z)"));
+    static const QRegularExpression otherCharacters(u"[^a-z0-9]+"_s);
+    static const QRegularExpression outerHyphens(uR"(\A-|-\z)"_s);
     constexpr qsizetype longestBase = 40;
 
-    QString base = LocaleText::folded(name).replace(otherCharacters, QStringLiteral("-"));
+    QString base = LocaleText::folded(name).replace(otherCharacters, u"-"_s);
     base = base.remove(outerHyphens).left(longestBase);
     if (base.isEmpty())
-        base = QStringLiteral("categorie");
+        base = u"categorie"_s;
 
     QString id = base;
     for (int number = 2; existing.contains(id); ++number)

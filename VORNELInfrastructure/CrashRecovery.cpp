@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace fs = std::filesystem;
@@ -20,7 +22,7 @@ namespace {
 /// The canonical folders in recovery whose manifest agrees with their name, the latest revision first.
 QList<SkillRecord> parkedCanonicalFolders(const Workspace &workspace)
 {
-    static const QRegularExpression shape(QStringLiteral(R"(\A[0-9A-F-]{36}-canonical-(.+)\z)"));
+    static const QRegularExpression shape(uR"(\A[0-9A-F-]{36}-canonical-(.+)\z)"_s);
     const SkillFolderStore store(workspace);
     const fs::path recovery = workspace.config.recovery();
     QList<SkillRecord> parked;

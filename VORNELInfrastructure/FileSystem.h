@@ -121,7 +121,6 @@ QByteArray readFile(const FileSystem &files, const Folder &folder, const std::st
 QByteArray readFile(const FileSystem &files, const std::filesystem::path &path, std::int64_t limit);
 
 /// Hands the bytes of `file` to `sink`, up to the size that it had when it was opened.
-void readWhole(const FileSystem &files, const File &file,
-               const std::function<void(QByteArrayView)> &sink);
+void readWhole(const FileSystem &files, const File &file, const std::function<void(QByteArrayView)> &sink);
 
 } // namespace vornel

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace fs = std::filesystem;
@@ -74,8 +76,7 @@ void ImportCommit::importCandidate(const ImportCandidate &candidate)
 void ImportCommit::adopt(const ImportCandidate &candidate, const SkillRecord &skill) const
 {
     const auto hasContent = [&](const fs::path &folder) {
-        const auto tree =
-            SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
+        const auto tree = SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
         return QString::fromStdString(tree.digest) == candidate.digest;
     };
     if (!hasContent(skill.url))
@@ -95,8 +96,8 @@ void ImportCommit::stageSource(const ImportCandidate &candidate, const fs::path 
     // Comparing the copy, not the source, leaves no moment in which the source could still change.
     const auto staged = SecureFileTree::snapshot(files, stage, TreeFilter::excludingManifest);
     if (QString::fromStdString(staged.digest) != candidate.digest)
-        throw VORNELWorkspaceError::integrityFailure(u"Le contenu de " + candidate.slug +
-                                                     u" a changé depuis le scan.");
+        throw VORNELWorkspaceError::integrityFailure(u"Le contenu de "_s + candidate.slug +
+                                                     u" a changé depuis le scan."_s);
 }
 
 SkillRecord ImportCommit::addToLibrary(const ImportCandidate &candidate) const

@@ -31,8 +31,7 @@ class SourceScanner
 public:
     SourceScanner(const Workspace &workspace, TargetKind source)
         : m_workspace(workspace), m_source(source), m_root(workspace.config.target(source))
-    {
-    }
+    {}
 
     SourceScan scan(const QSet<QString> &excluding)
     {
@@ -76,9 +75,12 @@ private:
                 SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest).digest;
             // Its metadata will be read from its text: one that isn't UTF-8 can't be imported.
             SkillFolderStore(m_workspace).readSkillMD(folder, slug);
-            m_found.candidates[slug] = {
-                QUuid::createUuid(),    slug,  m_source, QString::fromStdString(digest),
-                ImportClassification::singleSource, folder};
+            m_found.candidates[slug] = {QUuid::createUuid(),
+                                        slug,
+                                        m_source,
+                                        QString::fromStdString(digest),
+                                        ImportClassification::singleSource,
+                                        folder};
         } catch (const VORNELWorkspaceError &error) {
             block(slug, reason(error));
         } catch (const fs::filesystem_error &) {

@@ -18,8 +18,7 @@ namespace fs = std::filesystem;
 
 LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager)
     : m_manager(std::move(manager))
-{
-}
+{}
 
 template <typename Operation>
 auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)

@@ -37,8 +37,7 @@ bool naturallyBefore(std::string_view a, std::string_view b)
             const std::string_view numberA = takeNumber(restA);
             const std::string_view numberB = takeNumber(restB);
             if (numberA != numberB)
-                return numberA.size() != numberB.size() ? numberA.size() < numberB.size()
-                                                        : numberA < numberB;
+                return numberA.size() != numberB.size() ? numberA.size() < numberB.size() : numberA < numberB;
         } else {
             if (lowered(restA.front()) != lowered(restB.front()))
                 return lowered(restA.front()) < lowered(restB.front());

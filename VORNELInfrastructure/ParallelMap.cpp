@@ -79,7 +79,8 @@ void parallelFor(std::size_t count, const std::function<void(std::size_t)> &work
         finished.release();
     };
     const int wanted = static_cast<int>(std::min<std::size_t>(
-        count, static_cast<std::size_t>(QThread::idealThreadCount()))) - 1;
+                           count, static_cast<std::size_t>(QThread::idealThreadCount()))) -
+                       1;
     while (started < wanted && helpers.tryStart(help))
         ++started;
     loop.run();

@@ -12,6 +12,8 @@
 #include <cerrno>
 #include <system_error>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel::PosixCalls {
 
 namespace fs = std::filesystem;
@@ -38,7 +40,8 @@ FileKind kindOf(mode_t mode)
 
 std::optional<FileKind> kindOf(const Folder &folder, const std::string &name)
 {
-    struct stat status{};
+    struct stat status
+    {};
     if (::fstatat(folder.descriptor.fd(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
         return kindOf(status.st_mode);
     if (errno != ENOENT)
@@ -83,7 +86,7 @@ void write(const Descriptor &file, QByteArrayView bytes, const fs::path &path)
 
 std::string temporaryName()
 {
-    return QString(u'.' + uuidText(QUuid::createUuid()) + u".tmp").toStdString();
+    return (u'.' + uuidText(QUuid::createUuid()) + u".tmp"_s).toStdString();
 }
 
 void removeEntry(const FileSystem &files, const Folder &folder, const std::string &name)
@@ -115,7 +118,8 @@ void copyLink(const Folder &from, const std::string &name, const Folder &to, con
 /// Gives a copy the permissions and times of its source, and puts it on the disk.
 void finishCopy(const Descriptor &source, const Descriptor &copy, const fs::path &path)
 {
-    struct stat status{};
+    struct stat status
+    {};
     if (::fstat(source.fd(), &status) != 0 || ::fchmod(copy.fd(), status.st_mode) != 0)
         fail("chmod", path);
     const std::array<timespec, 2> times{status.st_atim, status.st_mtim};

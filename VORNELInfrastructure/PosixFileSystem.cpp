@@ -19,6 +19,8 @@
 #include <string_view>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace fs = std::filesystem;
@@ -50,7 +52,8 @@ Folder openRoot(const fs::path &root)
     if (descriptor.fd() >= 0)
         return {std::move(descriptor), root.native()};
     const int error = errno;
-    struct stat status{};
+    struct stat status
+    {};
     if (::lstat(root.c_str(), &status) == 0 && S_ISLNK(status.st_mode))
         throw VORNELWorkspaceError::symlinkUnsupported(pathText(root));
     errno = error;
@@ -61,11 +64,27 @@ Folder openRoot(const fs::path &root)
 std::vector<std::string> componentsBelow(const fs::path &root, const fs::path &path)
 {
     std::vector<std::string> names;
-    for (const auto component : std::views::split(std::string_view(path.native()).substr(root.native().size()), '/')) {
+    for (const auto component :
+         std::views::split(std::string_view(path.native()).substr(root.native().size()), '/')) {
         if (!component.empty())
             names.emplace_back(component.begin(), component.end());
     }
     return names;
+}
+
+/// Creates a root with the folders above it; links above it are followed, as they are the user's own.
+void createRoot(const fs::path &root)
+{
+    if (fs::is_directory(root))
+        return;
+    if (root.has_relative_path())
+        createRoot(root.parent_path());
+    if (::mkdir(root.c_str(), ownerOnly) == 0) {
+        if (::chmod(root.c_str(), ownerOnly) != 0)
+            fail("chmod", root);
+    } else if (errno != EEXIST || !fs::is_directory(root)) {
+        fail("mkdir", root);
+    }
 }
 
 /// Renames without ever replacing what may stand at the new place. Returns false with `errno` set.
@@ -108,7 +127,8 @@ std::optional<FileKind> PosixFileSystem::kindAt(const fs::path &path) const
 try {
     if (path != rootOf(path))
         return kindAt(openFolder(path.parent_path()), path.filename().native());
-    struct stat status{};
+    struct stat status
+    {};
     if (::lstat(path.c_str(), &status) != 0)
         fail("stat", path);
     return PosixCalls::kindOf(status.st_mode);
@@ -160,8 +180,8 @@ std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
 File PosixFileSystem::openFile(const Folder &folder, const std::string &name) const
 {
     Descriptor descriptor = PosixCalls::open(folder, name, O_RDONLY | O_NONBLOCK);
-    // Where the end is tells the size, and a pipe or socket has none. A stat tells no more that is needed here,
-    // and for thousands of small files costs as much as their hashing does around it.
+    // Where the end is tells the size, and a pipe or socket has none. A stat tells no more that is needed
+    // here, and for thousands of small files costs as much as their hashing does around it.
     const off_t end = ::lseek(descriptor.fd(), 0, SEEK_END);
     if (end < 0)
         fail("open", folder.path + '/' + name);
@@ -183,24 +203,14 @@ Folder PosixFileSystem::createFolder(const Folder &parent, const std::string &na
 {
     if (::mkdirat(parent.descriptor.fd(), name.c_str(), ownerOnly) != 0)
         fail("mkdir", parent.path + '/' + name);
-    Folder folder = openFolder(parent, name);
-    if (::fchmod(folder.descriptor.fd(), ownerOnly) != 0)
-        fail("chmod", folder.path);
-    return folder;
-}
-
-void PosixFileSystem::createRoot(const fs::path &root)
-{
-    if (::mkdir(root.c_str(), ownerOnly) == 0) {
-        if (::chmod(root.c_str(), ownerOnly) != 0)
-            fail("chmod", root);
-        return;
-    }
-    if (errno == ENOENT && root.has_relative_path()) {
-        createRoot(root.parent_path());
-        createRoot(root);
-    } else if (errno != EEXIST || !fs::is_directory(root)) {
-        fail("mkdir", root);
+    try {
+        if (::fchmodat(parent.descriptor.fd(), name.c_str(), ownerOnly, AT_SYMLINK_NOFOLLOW) != 0 &&
+            errno != ENOTSUP)
+            fail("chmod", parent.path + '/' + name);
+        return openFolder(parent, name);
+    } catch (...) {
+        ::unlinkat(parent.descriptor.fd(), name.c_str(), AT_REMOVEDIR);
+        throw;
     }
 }
 
@@ -278,7 +288,7 @@ Folder PosixFileSystem::lock(const fs::path &path, LockMode mode) const
             fail("lock", path);
         if (std::chrono::steady_clock::now() >= deadline)
             throw VORNELWorkspaceError::integrityFailure(
-                QStringLiteral("Le workspace est occupé par un autre programme."));
+                u"Le workspace est occupé par un autre programme."_s);
         std::this_thread::sleep_for(pause);
     }
     return folder;

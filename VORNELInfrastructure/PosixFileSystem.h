@@ -26,7 +26,6 @@ public:
 
 private:
     const std::filesystem::path &rootOf(const std::filesystem::path &path) const;
-    void createRoot(const std::filesystem::path &root);
 
     std::vector<std::filesystem::path> m_roots;
 };

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel::SecureFileTree {
 
 namespace fs = std::filesystem;
@@ -49,7 +51,7 @@ auto openedInTree(const std::string &relativePath, const Open &open)
 }
 
 File openFile(const FileSystem &files, const Folder &folder, const std::string &name,
-                     const std::string &relativePath)
+              const std::string &relativePath)
 {
     File file = openedInTree(relativePath, [&] { return files.openFile(folder, name); });
     if (file.size > SkillFiles::sizeLimit)
@@ -101,8 +103,8 @@ public:
     }
 
 private:
-    /// Whether the walk takes this child; throws when the tree can't be taken with it in it. The folders above
-    /// have passed the same checks, so the name alone decides.
+    /// Whether the walk takes this child; throws when the tree can't be taken with it in it. The folders
+    /// above have passed the same checks, so the name alone decides.
     bool accepts(const FolderEntry &child, const std::string &prefix) const
     {
         if (!QByteArrayView(child.name).isValidUtf8())
@@ -203,7 +205,7 @@ FileTreeSnapshot snapshot(const FileSystem &files, const fs::path &root, TreeFil
     const fs::path folder = standardizedPath(root);
     const std::optional<FileKind> kind = files.kindAt(folder);
     if (kind && *kind != FileKind::Directory && *kind != FileKind::SymbolicLink)
-        throw VORNELWorkspaceError::integrityFailure(QStringLiteral("La racine n’est pas un dossier : ") +
+        throw VORNELWorkspaceError::integrityFailure(u"La racine n’est pas un dossier : "_s +
                                                      pathText(folder.filename()));
     return snapshot(files, files.openFolder(folder), filter);
 }
@@ -219,7 +221,7 @@ void copyTree(FileSystem &files, const fs::path &source, const fs::path &destina
 {
     const FileTreeSnapshot tree = snapshot(files, source, filter);
     if (files.kindAt(destination))
-        throw VORNELWorkspaceError::integrityFailure(QStringLiteral("La destination existe déjà : ") +
+        throw VORNELWorkspaceError::integrityFailure(u"La destination existe déjà : "_s +
                                                      pathText(destination.filename()));
     files.createFolders(destination);
     try {

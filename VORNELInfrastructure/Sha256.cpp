@@ -1,5 +1,6 @@
 #include "Sha256.h"
 
+#include <openssl/crypto.h>
 #include <openssl/evp.h>
 
 #include <array>
@@ -15,7 +16,11 @@ namespace {
 /// Looked up once: a look-up for each digest would cost more than hashing a small file.
 const EVP_MD *sha256()
 {
-    static const EVP_MD *const algorithm = EVP_MD_fetch(nullptr, "SHA256", nullptr);
+    static const EVP_MD *const algorithm = [] {
+        // Threads may end after the library's own clean-up at exit, which would then leave their part behind.
+        OPENSSL_init_crypto(OPENSSL_INIT_NO_ATEXIT, nullptr);
+        return EVP_MD_fetch(nullptr, "SHA256", nullptr);
+    }();
     return algorithm;
 }
 

@@ -6,8 +6,8 @@
 
 namespace vornel {
 
-/// A running SHA-256. All digests of a thread share one context, which is costly to make, so a thread runs one
-/// digest at a time: a new one ends the last.
+/// A running SHA-256. All digests of a thread share one context, which is costly to make, so a thread runs
+/// one digest at a time: a new one ends the last.
 class Sha256
 {
 public:

@@ -11,6 +11,8 @@
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace fs = std::filesystem;
@@ -19,7 +21,7 @@ SkillManifest SkillAuthoring::newManifest(const CreateSkillRequest &request) con
 {
     const QString displayName = request.displayName.trimmed();
     if (displayName.isEmpty())
-        throw VORNELWorkspaceError::integrityFailure(QStringLiteral("Le nom du skill est vide."));
+        throw VORNELWorkspaceError::integrityFailure(u"Le nom du skill est vide."_s);
     const QString category = CategoryRules::normalizedCategory(request.category);
     readCategoryCatalog(m_workspace).find(category);
 

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace fs = std::filesystem;
@@ -51,8 +53,8 @@ SkillManifest SkillFolderStore::readManifest(const Folder &parent, const std::st
 {
     std::optional<SkillManifest> manifest;
     try {
-        manifest = RecordJson::decodeDocument<SkillManifest>(readFile(
-            m_files, m_files.openFolder(parent, name), SkillFiles::manifest, SkillFiles::sizeLimit));
+        manifest = RecordJson::decodeDocument<SkillManifest>(
+            readFile(m_files, m_files.openFolder(parent, name), SkillFiles::manifest, SkillFiles::sizeLimit));
     } catch (const std::exception &) { // whatever is wrong with the file, the manifest is what is missing
     }
     if (!manifest)
@@ -86,13 +88,14 @@ bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest) const
     if (!m_files.kindAt(folder))
         return false;
     const std::string prefix = std::to_string(manifest.revision) + '-';
-    return std::ranges::any_of(m_files.list(m_files.openFolder(folder)),
-                               [&prefix](const FolderEntry &entry) { return entry.name.starts_with(prefix); });
+    return std::ranges::any_of(m_files.list(m_files.openFolder(folder)), [&prefix](const FolderEntry &entry) {
+        return entry.name.starts_with(prefix);
+    });
 }
 
 void SkillFolderStore::replaceCanonical(const fs::path &destination, const fs::path &staged) const
 {
-    const QString name = uuidText(QUuid::createUuid()) + u"-canonical-" + pathText(destination.filename());
+    const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + pathText(destination.filename());
     const fs::path recovery = m_config.recovery() / pathFromText(name);
     m_files.move(destination, recovery);
     try {

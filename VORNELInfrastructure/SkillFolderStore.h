@@ -10,9 +10,9 @@ namespace vornel {
 class SkillFolderStore
 {
 public:
-    explicit SkillFolderStore(const Workspace &workspace) : m_files(workspace.files), m_config(workspace.config)
-    {
-    }
+    explicit SkillFolderStore(const Workspace &workspace)
+        : m_files(workspace.files), m_config(workspace.config)
+    {}
 
     /// A fresh place in the staging folder. Nothing is created.
     std::filesystem::path makeStage() const;
@@ -36,7 +36,8 @@ public:
 
     /// Swaps the folder `staged` into `destination`. Whatever fails, the skill stands whole at `destination`
     /// or, while the swap runs, in the recovery folder.
-    void replaceCanonical(const std::filesystem::path &destination, const std::filesystem::path &staged) const;
+    void replaceCanonical(const std::filesystem::path &destination,
+                          const std::filesystem::path &staged) const;
 
     /// Deletes a folder of the workspace. It leaves its place first, in one step, so that an interrupted
     /// deletion never leaves half a folder there.

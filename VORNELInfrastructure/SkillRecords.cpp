@@ -9,15 +9,17 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace fs = std::filesystem;
 
 namespace {
 
-VORNELWorkspaceError failure(const char16_t *reason)
+VORNELWorkspaceError failure(const QString &reason)
 {
-    return VORNELWorkspaceError::integrityFailure(QString::fromUtf16(reason));
+    return VORNELWorkspaceError::integrityFailure(reason);
 }
 
 std::vector<std::string> skillFolders(const FileSystem &files, const Folder &directory)
@@ -52,9 +54,9 @@ QList<SkillRecord> records(const Workspace &workspace, const fs::path &place)
     }
     QList<SkillRecord> all(read.begin(), read.end());
     if (ids.size() < all.size())
-        throw failure(u"Un identifiant de skill est dupliqué.");
+        throw failure(u"Un identifiant de skill est dupliqué."_s);
     if (slugs.size() < all.size())
-        throw failure(u"Un slug de skill est dupliqué.");
+        throw failure(u"Un slug de skill est dupliqué."_s);
     return all;
 }
 
@@ -65,7 +67,7 @@ QList<SkillRecord> activeManifests(const Workspace &workspace)
     QList<SkillRecord> active = records(workspace, workspace.config.skills());
     for (const SkillRecord &record : active) {
         if (record.url.filename() != pathFromText(record.manifest.slug))
-            throw failure(u"Le dossier canonique ne correspond pas au slug du manifeste.");
+            throw failure(u"Le dossier canonique ne correspond pas au slug du manifeste."_s);
     }
     return active;
 }
@@ -75,7 +77,7 @@ QList<SkillRecord> trashedManifests(const Workspace &workspace)
     QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
     for (const SkillRecord &record : trashed) {
         if (record.url.filename() != pathFromText(uuidText(record.manifest.id)))
-            throw failure(u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste.");
+            throw failure(u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s);
     }
     return trashed;
 }

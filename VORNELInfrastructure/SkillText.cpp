@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel::SkillText {
 
 QStringList normalizedTags(const QStringList &tags)
@@ -37,8 +39,8 @@ Metadata frontmatterMetadata(const QString &text, const QString &slug)
 
 QString defaultSkillMD(const SkillManifest &manifest)
 {
-    return u"---\nname: " + manifest.slug + u"\ndescription: " + manifest.summary + u"\n---\n\n# " +
-           manifest.displayName + u"\n\nDécrivez ici le fonctionnement de cette compétence.";
+    return u"---\nname: "_s + manifest.slug + u"\ndescription: "_s + manifest.summary + u"\n---\n\n# "_s +
+           manifest.displayName + u"\n\nDécrivez ici le fonctionnement de cette compétence."_s;
 }
 
 } // namespace vornel::SkillText

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace fs = std::filesystem;
@@ -28,8 +30,7 @@ void SkillTrash::moveToTrash(const SkillRecord &skill) const
     TargetSynchronizer(m_workspace).removeCopies(skill);
     const fs::path destination = m_workspace.config.trashed(skill.manifest.id);
     if (m_workspace.files.kindAt(destination))
-        throw VORNELWorkspaceError::integrityFailure(
-            QStringLiteral("Le skill existe déjà dans la corbeille."));
+        throw VORNELWorkspaceError::integrityFailure(u"Le skill existe déjà dans la corbeille."_s);
     m_workspace.files.move(skill.url, destination);
     m_workspace.failedSyncTargets.remove(skill.manifest.id);
 }
@@ -43,7 +44,7 @@ void SkillTrash::restore(const QUuid &id) const
     SkillManifest manifest = m_store.readManifest(source);
     if (manifest.id != id)
         throw VORNELWorkspaceError::integrityFailure(
-            QStringLiteral("L’identifiant de la corbeille ne correspond pas au manifeste."));
+            u"L’identifiant de la corbeille ne correspond pas au manifeste."_s);
     QList<SkillRecord> others = trashedManifests(m_workspace);
     others.removeIf([&id](const SkillRecord &record) { return record.manifest.id == id; });
     ensureUnique(manifest.slug, activeManifests(m_workspace));

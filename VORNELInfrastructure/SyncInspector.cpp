@@ -9,10 +9,10 @@ SyncInspector::SyncInspector(const Workspace &workspace)
 {
     for (const TargetKind kind : allCases<TargetKind>()) {
         const std::filesystem::path &root = workspace.config.target(kind);
-        if (workspace.files.kindAt(root))
-            m_targets.emplace_back(workspace.files.openFolder(root));
-        else
-            m_targets.emplace_back(std::nullopt);
+        refuseLinkedRoot(workspace.files, root);
+        std::optional<Folder> &target = m_targets.emplace_back();
+        if (workspace.files.kindAt(root) == FileKind::Directory)
+            target = workspace.files.openFolder(root);
     }
 }
 

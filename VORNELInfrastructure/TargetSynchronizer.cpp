@@ -7,14 +7,15 @@
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace fs = std::filesystem;
 
 void TargetSynchronizer::synchronize(const SkillRecord &skill) const
 {
-    conclude(skill.manifest.id,
-             failedTargets([&](TargetKind kind) { installTargetCopy(skill, kind); }));
+    conclude(skill.manifest.id, failedTargets([&](TargetKind kind) { installTargetCopy(skill, kind); }));
 }
 
 void TargetSynchronizer::removeCopies(const SkillRecord &skill) const
@@ -73,7 +74,7 @@ void TargetSynchronizer::installTargetCopy(const SkillRecord &skill, TargetKind 
     const fs::path stage = m_store.makeStage();
     SecureFileTree::copyTree(files, skill.url, stage, TreeFilter::excludingManifest);
 
-    const fs::path parked = recoveryPlace(QStringLiteral("-"), kind, skill.manifest.slug);
+    const fs::path parked = recoveryPlace(u"-"_s, kind, skill.manifest.slug);
     if (isOccupied)
         files.move(destination, parked);
     try {
@@ -103,7 +104,7 @@ void TargetSynchronizer::removeTargetCopy(const QString &slug, TargetKind kind) 
         return;
     if (*kindThere == FileKind::SymbolicLink)
         throw VORNELWorkspaceError::symlinkUnsupported(pathText(destination));
-    files.move(destination, recoveryPlace(QStringLiteral("-removed-"), kind, slug));
+    files.move(destination, recoveryPlace(u"-removed-"_s, kind, slug));
 }
 
 } // namespace vornel

@@ -9,6 +9,8 @@
 #include <VORNELCore/VORNELProduct.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace {
@@ -25,8 +27,7 @@ void prepareMetadata(const Workspace &workspace)
         workspace.files.replaceFile(path, RecordJson::document(RecordJson::encode(metadata)));
     } else if (!RecordJson::decodeDocument<WorkspaceMetadata>(
                    readFile(workspace.files, path, SkillFiles::sizeLimit))) {
-        throw VORNELWorkspaceError::integrityFailure(
-            QStringLiteral("Les métadonnées du workspace sont invalides."));
+        throw VORNELWorkspaceError::integrityFailure(u"Les métadonnées du workspace sont invalides."_s);
     }
 }
 

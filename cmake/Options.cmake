@@ -4,8 +4,7 @@ target_compile_options(vornel_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Werror)
 target_compile_definitions(vornel_options INTERFACE
-    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_STRICT_ITERATORS
-    QT_USE_QSTRINGBUILDER)
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_STRICT_ITERATORS)
 
 if(VORNEL_SANITIZERS)
     target_compile_options(vornel_options INTERFACE

@@ -1,0 +1,163 @@
+#include "Scratch.h"
+
+#include <VORNELCore/SerializedForms.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Result
+{
+    int code;
+    QByteArray output;
+    QByteArray errors;
+
+    QJsonDocument json() const { return QJsonDocument::fromJson(output); }
+    QJsonObject error() const { return QJsonDocument::fromJson(errors).object(); }
+};
+
+class Vornelctl : public testing::Test, protected Scratch
+{
+protected:
+    Result run(const QStringList &arguments, const QByteArray &input = {}) const
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"LC_ALL"_s, u"C"_s);
+        environment.insert(u"HOME"_s, pathText(path("home")));
+        environment.insert(u"VORNEL_CODEX_SKILLS_PATH"_s, pathText(path("codex")));
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(pathText(path()));
+        process.start(QStringLiteral(VORNELCTL), QStringList{u"--workspace"_s, u"ws"_s} + arguments);
+        process.write(input);
+        process.closeWriteChannel();
+        process.waitForFinished();
+        return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    }
+
+    /// The words of a command line without quoting.
+    Result run(const char *line, const QByteArray &input = {}) const
+    {
+        return run(QString::fromUtf8(line).split(u' '), input);
+    }
+};
+
+TEST_F(Vornelctl, ImportsRealFolders)
+{
+    write("home/.claude/skills/left/SKILL.md", "name: Gauche");
+    write("home/.claude/skills/clash/SKILL.md", "claude");
+    write("codex/clash/SKILL.md", "codex");
+    write("codex/Bad_Name/SKILL.md", "x");
+
+    const QJsonObject plan = run("--json scan").json().object();
+    EXPECT_EQ(plan[u"candidates"][0][u"slug"], u"left"_s);
+    EXPECT_EQ(plan[u"candidates"][0][u"sourceURL"], pathText(path("home/.claude/skills/left")));
+    EXPECT_EQ(plan[u"collisions"][0][u"choice"], QJsonValue::Null);
+    EXPECT_EQ(plan[u"blocked"][0][u"reason"], u"invalidPath"_s);
+
+    const Result undecided = run("import --json");
+    EXPECT_EQ(undecided.code, 2);
+    EXPECT_TRUE(undecided.output.isEmpty());
+    EXPECT_EQ(undecided.error()[u"error"], u"unresolvedCollisions"_s);
+    EXPECT_EQ(run("import --json --choose nothing=claude").error()[u"error"], u"collisionNotFound"_s);
+
+    const Result imported = run("import --json --choose clash=codex --prefer claude");
+    EXPECT_EQ(imported.code, 0) << imported.errors.constData();
+    EXPECT_EQ(imported.json()[u"skills"].toArray().size(), 2);
+    EXPECT_EQ(bytesOf(path("home/.claude/skills/clash/SKILL.md")), "codex");
+
+    const Result status = run("status");
+    EXPECT_EQ(status.code, 0);
+    EXPECT_TRUE(status.output.contains("Tout est à jour")) << status.output.constData();
+    EXPECT_FALSE(status.output.contains('\x1b'));
+    fs::remove_all(path("codex/left"));
+    EXPECT_EQ(run("status").code, 1);
+    EXPECT_EQ(run("sync --all --json").json().array().size(), 2);
+    EXPECT_EQ(run("status").code, 0);
+}
+
+TEST_F(Vornelctl, CarriesASkillThroughItsLife)
+{
+    const QByteArray text = "\xEF\xBB\xBF# Déjà\xC2\xA0vu\r\n\r\nsans fin";
+    const Result created = run("create demo --name Démo --tags b,a --file - --json", text);
+    ASSERT_EQ(created.code, 0) << created.errors.constData();
+    EXPECT_EQ(bytesOf(path("codex/demo/SKILL.md")), text.toStdString());
+    const QJsonObject manifest = created.json()[u"manifest"].toObject();
+    EXPECT_EQ(manifest[u"category"], u"other"_s);
+    EXPECT_EQ(manifest[u"maturity"], u"draft"_s);
+    EXPECT_EQ(manifest[u"tags"], (QJsonArray{u"a"_s, u"b"_s}));
+    const QString id = manifest[u"id"].toString();
+    ASSERT_TRUE(uuidFromText(id));
+
+    const QString file = pathText(write("text", "nouveau"));
+    EXPECT_EQ(run({u"save"_s, id, u"--expect"_s, u"1"_s, u"--file"_s, file}).code, 0);
+    const Result stale = run("save demo --expect 1 --file text --json");
+    EXPECT_EQ(stale.code, 2);
+    EXPECT_EQ(stale.error()[u"message"], u"Révision obsolète (attendue 1, actuelle 2)."_s);
+    EXPECT_EQ(stale.errors.count('\n'), 1);
+    EXPECT_EQ(run("show demo --json").json()[u"skillMD"], u"nouveau"_s);
+
+    EXPECT_EQ(run("assign design demo").code, 0);
+    EXPECT_EQ(run("list --category DESIGN --search nouv --json").json().array().size(), 0);
+    EXPECT_EQ(run("list --category DESIGN --search demo --maturity draft --json").json().array().size(), 1);
+    const QJsonObject category = run({u"category"_s, u"create"_s, u"Équipe"_s, u"#a1b2c3"_s, u"--json"_s})
+                                     .json()[u"categories"][6]
+                                     .toObject();
+    EXPECT_EQ(category[u"id"], u"equipe"_s);
+    EXPECT_EQ(run("category update equipe Groupe 000000").code, 0);
+    EXPECT_EQ(run("category delete equipe").code, 0);
+
+    EXPECT_EQ(run("trash demo").code, 0);
+    EXPECT_EQ(run("show demo").code, 2);
+    EXPECT_EQ(run("restore demo").code, 0);
+    EXPECT_EQ(run("trash demo --json").json()[u"trashedSkills"].toArray().size(), 1);
+    EXPECT_EQ(run("delete demo").code, 0);
+    EXPECT_EQ(run("empty-trash --json").json()[u"trashedSkills"].toArray().size(), 0);
+}
+
+TEST_F(Vornelctl, NamesItsFailures)
+{
+    const Result unknown = run("show rien --json");
+    EXPECT_EQ(unknown.code, 2);
+    EXPECT_EQ(unknown.error()[u"error"], u"skillNotFound"_s);
+    EXPECT_EQ(unknown.error()[u"message"], u"Skill introuvable : rien"_s);
+    EXPECT_EQ(run("restore rien").errors, QByteArray("Skill introuvable : rien\n"));
+
+    const Result blank = run({u"create"_s, u"x"_s, u"--name"_s, u"  "_s, u"--json"_s});
+    EXPECT_EQ(blank.error()[u"message"], u"Échec d’intégrité : Le nom du skill est vide."_s);
+    EXPECT_EQ(run({u"create"_s, u"--name"_s, u"x"_s, u"--json"_s, u"--"_s, u"--json"_s}).error()[u"error"],
+              u"invalidPath"_s);
+    EXPECT_EQ(run("create x --name x --file absent --json").error()[u"error"], u"fileSystem"_s);
+    EXPECT_EQ(run("create x --name x --file - --json", "caf\xE9").error()[u"error"], u"fileSystem"_s);
+    write("ws/.vornel/workspace.json", "broken");
+    EXPECT_EQ(run("--json status").error()[u"error"], u"integrityFailure"_s);
+}
+
+TEST_F(Vornelctl, AnswersWrongUsageWithoutTouchingAnything)
+{
+    for (const char *line :
+         {"frobnicate", "category", "category rename", "show", "show a b", "status extra", "create x",
+          "save x --file f", "save x --expect one --file f", "list --maturity Draft", "import --prefer both",
+          "import --choose a", "sync", "sync --all x", "status --verbose", "list --search", "--claude"}) {
+        const Result result = run(line);
+        EXPECT_EQ(result.code, 64) << line;
+        EXPECT_TRUE(result.errors.contains("Usage : vornelctl")) << line;
+        EXPECT_TRUE(result.output.isEmpty()) << line;
+    }
+    EXPECT_FALSE(fs::exists(path("ws")));
+    EXPECT_EQ(run("--help").code, 0);
+    EXPECT_TRUE(run("import --help").output.startsWith("Usage : vornelctl"));
+    EXPECT_TRUE(run("--version").output.startsWith("vornelctl "));
+    EXPECT_FALSE(fs::exists(path("ws")));
+}
+
+} // namespace
+} // namespace vornel

@@ -1,0 +1,186 @@
+#include "FaultyFileSystem.h"
+#include "Scratch.h"
+
+#include <VORNELCore/SerializedForms.h>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+namespace {
+
+namespace fs = std::filesystem;
+using Error = VORNELWorkspaceError;
+
+class Import : public testing::Test, protected TestWorkspace
+{
+protected:
+    ImportPlan scan() { return service->scanImports().result(); }
+
+    WorkspaceOverview commit(const ImportPlan &plan) { return service->commitImport(plan.id).result(); }
+
+    std::optional<Error> failure(const ImportPlan &plan)
+    {
+        return errorOf([&] { commit(plan); });
+    }
+
+    static QString slugs(const ImportPlan &plan)
+    {
+        QStringList all;
+        for (const ImportCandidate &candidate : plan.candidates)
+            all.append(candidate.slug + u':' + rawValue(candidate.source) + u':' +
+                       rawValue(candidate.classification));
+        return all.join(u' ');
+    }
+};
+
+TEST_F(Import, ClassifiesWhatBothFoldersHold)
+{
+    EXPECT_TRUE(scan().isReadyToCommit());
+    EXPECT_EQ(commit(scan()).skills.size(), 0);
+
+    write("claude/both/SKILL.md", "same");
+    write("codex/both/SKILL.md", "same");
+    write("codex/both/.hidden", "not compared");
+    write("claude/left/SKILL.md", "x");
+    write("codex/right/SKILL.md", "x");
+    for (const char *slug : {"zz-collision", "aa-collision"}) {
+        write("claude/" + std::string(slug) + "/SKILL.md", "one");
+        write("codex/" + std::string(slug) + "/SKILL.md", "other");
+    }
+    create(u"known"_s);
+    write("claude/known/SKILL.md", "differs, but is in the library");
+
+    const ImportPlan plan = scan();
+    EXPECT_EQ(slugs(plan), u"both:claude:identical left:claude:singleSource "_s
+                           u"right:codex:singleSource"_s);
+    ASSERT_EQ(plan.collisions.size(), 2);
+    EXPECT_EQ(plan.collisions[0].slug, u"aa-collision"_s);
+    EXPECT_EQ(plan.collisions[0].codex.sourceURL, path("codex/aa-collision"));
+    EXPECT_EQ(plan.revision, 1);
+    EXPECT_TRUE(plan.blocked.isEmpty());
+}
+
+TEST_F(Import, SaysWhyAFolderIsBlocked)
+{
+    write("claude/.system/SKILL.md", "hidden");
+    write("claude/file", "plain file");
+    write("codex/Bad_Name/SKILL.md", "x");
+    write("claude/Bad_Name/SKILL.md", "x");
+    write("claude/caf\xE9/SKILL.md", "x");
+    fs::create_directory_symlink(path("codex/Bad_Name"), path("codex/linked"));
+    fs::create_directories(path("claude/empty"));
+    fs::create_directories(path("claude/folder/SKILL.md"));
+    write("claude/inner-link/SKILL.md", "x");
+    fs::create_symlink("SKILL.md", path("claude/inner-link/link"));
+    write("claude/odd-name/SKILL.md", "x");
+    write("claude/odd-name/caf\xE9", "x");
+    write("claude/pipe/SKILL.md", "x");
+    ASSERT_EQ(::mkfifo(path("claude/pipe/pipe").c_str(), 0600), 0);
+    write("claude/latin/SKILL.md", "caf\xE9");
+    write("claude/reserved/SKILL.md", "x");
+    write("claude/reserved/.vornel/x", "x");
+
+    QStringList blocked;
+    for (const BlockedImport &entry : scan().blocked)
+        blocked.append(entry.name + u':' + rawValue(entry.source) + u':' + entry.reason);
+    EXPECT_EQ(blocked.join(u' '), u"Bad_Name:claude:invalidPath Bad_Name:codex:invalidPath "_s
+                                  u"caf\uFFFD:claude:invalidPath empty:claude:missingSkillFile "_s
+                                  u"folder:claude:missingSkillFile inner-link:claude:symlinkUnsupported "_s
+                                  u"latin:claude:unreadable linked:codex:symlinkUnsupported "_s
+                                  u"odd-name:claude:unsafeContent pipe:claude:unsafeContent "_s
+                                  u"reserved:claude:unreadable"_s);
+    EXPECT_TRUE(scan().candidates.isEmpty());
+    fs::remove_all(path("claude"));
+    fs::create_directory_symlink(path("codex"), path("claude"));
+    EXPECT_EQ(errorOf([&] { scan(); }), Error::symlinkUnsupported(pathText(path("claude"))));
+}
+
+TEST_F(Import, TakesTheChosenSideAndInstallsItEverywhere)
+{
+    write("claude/clash/SKILL.md", "name: Left\ndescription: From the left\n");
+    write("codex/clash/SKILL.md", "name: Right\n");
+    write("codex/clash/reference/file", "bytes");
+    ImportPlan plan = scan();
+    const QUuid collision = plan.collisions.first().id;
+    EXPECT_EQ(failure(plan), Error::unresolvedCollisions({collision}));
+    service->resolveCollision(collision, CollisionChoice::claude).waitForFinished();
+    plan = service->resolveCollision(collision, CollisionChoice::codex).result();
+    EXPECT_EQ(plan.revision, 3);
+
+    const QFuture<WorkspaceOverview> future = service->commitImport(plan.id);
+    const WorkspaceOverview overview = future.result();
+    EXPECT_EQ(future.progressMaximum(), 1);
+    EXPECT_EQ(future.progressValue(), 1);
+    ASSERT_EQ(overview.skills.size(), 1);
+    const SkillSummary skill = overview.skills.first();
+    EXPECT_EQ(skill.displayName, u"Right"_s);
+    EXPECT_EQ(skill.category, SkillCategory::otherID);
+    EXPECT_EQ(skill.maturity, Maturity::active);
+    EXPECT_EQ(skill.syncState, SyncState::inSync);
+    EXPECT_EQ(bytesOf(path("claude/clash/reference/file")), "bytes");
+    EXPECT_EQ(names("workspace/.vornel/history").size(), 1U);
+    EXPECT_EQ(failure(plan), Error::importPlanNotFound());
+}
+
+TEST_F(Import, ActsOnThePendingPlanOnly)
+{
+    const QUuid id = QUuid::createUuid();
+    const auto resolve = [&] { service->resolveCollision(id, CollisionChoice::claude).result(); };
+    EXPECT_EQ(errorOf(resolve), Error::importPlanNotFound());
+    const ImportPlan older = scan();
+    EXPECT_EQ(errorOf(resolve), Error::collisionNotFound(id));
+    scan();
+    EXPECT_EQ(failure(older), Error::importPlanNotFound());
+}
+
+TEST_F(Import, RefusesASourceThatChangedAndCanBeRepeated)
+{
+    write("claude/first/SKILL.md", "x");
+    write("claude/second/SKILL.md", "x");
+    const ImportPlan plan = scan();
+    write("claude/second/more", "x");
+    EXPECT_EQ(failure(plan), integrity(u"Le contenu de second a changé depuis le scan."_s));
+    EXPECT_TRUE(names("workspace/.vornel/staging").empty());
+    EXPECT_EQ(stateOf(u"first"_s), SyncState::inSync);
+
+    fs::remove(path("claude/second/more"));
+    EXPECT_EQ(commit(plan).skills.size(), 2);
+    EXPECT_EQ(names("workspace/.vornel/history").size(), 2U);
+}
+
+TEST_F(Import, AdoptsOnlyWhatIsTheSame)
+{
+    write("claude/demo/SKILL.md", "theirs");
+    write("claude/other/SKILL.md", "x");
+    const ImportPlan plan = scan();
+    create(u"demo"_s, u"ours"_s);
+    EXPECT_EQ(failure(plan), Error::duplicateSlug(u"demo"_s));
+    EXPECT_EQ(bytesOf(path("workspace/skills/demo/SKILL.md")), "ours");
+}
+
+TEST_F(Import, GoesOnPastABrokenTargetAndNeverLocksTheUserOut)
+{
+    for (const char *slug : {"a", "b"})
+        write("claude/" + std::string(slug) + "/SKILL.md", slug);
+    const ImportPlan plan = scan();
+    write("codex", "a file stands where the folder should");
+    EXPECT_EQ(failure(plan), Error::partialSync({TargetKind::codex}));
+    EXPECT_EQ(names("workspace/skills"), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(commit(plan).skills.first().syncState, SyncState::failed);
+}
+
+TEST_F(Import, LeavesASourceAloneThatChangedSinceItWasAdopted)
+{
+    write("claude/demo/SKILL.md", "scanned");
+    const ImportPlan plan = scan();
+    write("codex", "a file stands where the folder should");
+    EXPECT_EQ(failure(plan), Error::partialSync({TargetKind::codex}));
+    write("claude/demo/SKILL.md", "edited since");
+    commit(plan);
+    EXPECT_EQ(bytesOf(path("claude/demo/SKILL.md")), "edited since");
+}
+
+} // namespace
+} // namespace vornel

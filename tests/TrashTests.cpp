@@ -1,0 +1,132 @@
+#include "FaultyFileSystem.h"
+#include "Scratch.h"
+
+#include <VORNELCore/SerializedForms.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+namespace {
+
+namespace fs = std::filesystem;
+using Error = VORNELWorkspaceError;
+
+class Trash : public testing::Test, protected TestWorkspace
+{
+protected:
+    Trash() : TestWorkspace(std::make_shared<FaultyFileSystem>()) {}
+
+    FaultyFileSystem &files() { return static_cast<FaultyFileSystem &>(*manager); }
+
+    static std::string folder(const char *name, const QUuid &id)
+    {
+        return std::string("workspace/.vornel/") + name + '/' + uuidText(id).toStdString();
+    }
+};
+
+TEST_F(Trash, TakesASkillOutOfAllPlacesAndBringsItBack)
+{
+    const SkillDetail demo = create(u"demo"_s);
+    const QUuid id = demo.manifest.id;
+    write("claude/demo/SKILL.md", "edited by the assistant");
+    const WorkspaceOverview trashed = service->moveToTrash(id).result();
+    EXPECT_TRUE(trashed.skills.isEmpty());
+    ASSERT_EQ(trashed.trashedSkills.size(), 1);
+    EXPECT_EQ(trashed.trashedSkills.first().syncState, SyncState::unknown);
+    EXPECT_TRUE(names("claude").empty());
+    EXPECT_TRUE(names("codex").empty());
+    EXPECT_EQ(names("workspace/.vornel/recovery").size(), 2U);
+    EXPECT_TRUE(names("workspace/.vornel/recovery").front().find("-removed-") != std::string::npos);
+    EXPECT_EQ(errorOf([&] { service->moveToTrash(id).result(); }), Error::skillNotFound(id));
+
+    const WorkspaceOverview restored = service->restore(id).result();
+    EXPECT_EQ(restored.skills.first().syncState, SyncState::inSync);
+    EXPECT_EQ(restored.skills.first().revision, 1);
+    EXPECT_EQ(service->loadSkill(id).result().skillMD, demo.skillMD);
+    EXPECT_EQ(errorOf([&] { service->restore(id).result(); }), Error::skillNotFound(id));
+}
+
+TEST_F(Trash, MovesSeveralAndStopsAtTheFirstFailure)
+{
+    QSet<QUuid> ids;
+    for (const char *slug : {"a", "b", "c"})
+        ids.insert(create(QString::fromUtf8(slug)).manifest.id);
+    fs::remove_all(path("claude/b"));
+    EXPECT_EQ(service->moveToTrash(ids).result().trashedSkills.size(), 3);
+    EXPECT_EQ(service->emptyTrash().result().trashedSkills.size(), 0);
+
+    const QUuid broken = create(u"broken"_s).manifest.id;
+    fs::remove_all(path("codex/broken"));
+    fs::create_symlink("/etc/passwd", path("codex/broken"));
+    EXPECT_EQ(errorOf([&] { service->moveToTrash(broken).result(); }),
+              Error::partialSync({TargetKind::codex}));
+    fs::remove(path("codex/broken"));
+    EXPECT_EQ(stateOf(u"broken"_s), SyncState::failed);
+    EXPECT_EQ(service->moveToTrash(broken).result().trashedSkills.size(), 1);
+}
+
+TEST_F(Trash, KeepsSlugsApart)
+{
+    const QUuid first = create(u"demo"_s).manifest.id;
+    service->moveToTrash(first).waitForFinished();
+    const Error taken = Error::duplicateSlug(u"demo"_s);
+    EXPECT_EQ(errorOf([&] { create(u"demo"_s); }), taken);
+
+    write("claude/demo/SKILL.md", "another");
+    const ImportPlan plan = service->scanImports().result();
+    const QUuid second = service->commitImport(plan.id).result().skills.first().id;
+    EXPECT_EQ(errorOf([&] { service->restore(first).result(); }), taken);
+    EXPECT_EQ(errorOf([&] { service->moveToTrash(second).result(); }), taken);
+    EXPECT_EQ(service->reload().result().trashedSkills.first().id, first);
+    EXPECT_EQ(stateOf(u"demo"_s), SyncState::inSync);
+}
+
+TEST_F(Trash, RefusesFoldersThatAreNotWhatTheyAreNamed)
+{
+    const QUuid id = create(u"demo"_s).manifest.id;
+    service->moveToTrash(id).waitForFinished();
+    const QUuid alias = QUuid::createUuid();
+    fs::rename(path(folder("trash", id)), path(folder("trash", alias)));
+    EXPECT_EQ(errorOf([&] { service->restore(alias).result(); }),
+              integrity(u"L’identifiant de la corbeille ne correspond pas au manifeste."_s));
+    const Error misnamed =
+        integrity(u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s);
+    EXPECT_EQ(errorOf([&] { service->emptyTrash().result(); }), misnamed);
+    EXPECT_TRUE(fs::exists(path(folder("trash", alias) + "/SKILL.md")));
+}
+
+TEST_F(Trash, DeletesASkillWithItsHistoryAndNoOther)
+{
+    const QUuid a = create(u"a"_s).manifest.id;
+    const QUuid b = create(u"b"_s).manifest.id;
+    const QUuid active = create(u"c"_s).manifest.id;
+    service->moveToTrash(QSet<QUuid>{a, b}).waitForFinished();
+    EXPECT_EQ(errorOf([&] { service->deletePermanently(active).result(); }), Error::skillNotFound(active));
+    EXPECT_EQ(service->deletePermanently(a).result().trashedSkills.size(), 1);
+    EXPECT_FALSE(fs::exists(path(folder("history", a))));
+    service->emptyTrash().waitForFinished();
+    EXPECT_EQ(names("workspace/.vornel/history"), std::vector<std::string>{uuidText(active).toStdString()});
+    EXPECT_TRUE(names("workspace/.vornel/trash").empty());
+    EXPECT_NO_THROW(service->emptyTrash().result());
+}
+
+TEST_F(Trash, NeverKeepsHalfADeletedSkill)
+{
+    const QUuid id = create(u"demo"_s).manifest.id;
+    service->moveToTrash(id).waitForFinished();
+    int faults = 0;
+    for (int call = 1; service->reload().result().trashedSkills.size() == 1; ++call) {
+        files().failAt(call);
+        try {
+            service->deletePermanently(id).waitForFinished();
+        } catch (const std::exception &) {
+            ++faults;
+        }
+        files().failAt(0);
+        ASSERT_NO_THROW(service->reload().result()) << "call " << call;
+    }
+    EXPECT_GT(faults, 1);
+}
+
+} // namespace
+} // namespace vornel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <VORNELInfrastructure/PosixFileSystem.h>
+
+#include <atomic>
+#include <functional>
+
+namespace vornel {
+
+/// The real disk, of which one call fails as a full or broken disk would: before it has done anything.
+class FaultyFileSystem : public PosixFileSystem
+{
+public:
+    /// The n-th call from now on fails, counted from 1; 0 lets all succeed.
+    void failAt(int call);
+
+    /// Calls since `failAt`.
+    int calls() const { return m_calls; }
+
+    /// Fails every call of one kind that it is given, instead of one by number.
+    std::function<bool(const std::filesystem::path &from, const std::filesystem::path &to)> refusesMove;
+
+    std::optional<FileKind> kindAt(const std::filesystem::path &path) const override;
+    std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const override;
+    Folder openFolder(const std::filesystem::path &path) const override;
+    Folder openFolder(const Folder &parent, const std::string &name) const override;
+    std::vector<FolderEntry> list(const Folder &folder) const override;
+    File openFile(const Folder &folder, const std::string &name) const override;
+    std::size_t read(const File &file, std::int64_t offset, std::span<char> buffer) const override;
+    Folder createFolder(const Folder &parent, const std::string &name) override;
+    void createFolders(const std::filesystem::path &path) override;
+    void createFile(const Folder &folder, const std::string &name, QByteArrayView bytes) override;
+    void replaceFile(const std::filesystem::path &path, QByteArrayView bytes) override;
+    void move(const std::filesystem::path &from, const std::filesystem::path &to) override;
+    void removeTree(const std::filesystem::path &path) override;
+
+private:
+    void count() const;
+
+    mutable std::atomic<int> m_calls = 0;
+    int m_failing = 0;
+};
+
+} // namespace vornel

@@ -1,0 +1,109 @@
+#include "Scratch.h"
+
+#include <VORNELCore/SerializedForms.h>
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+
+void PrintTo(const QString &text, std::ostream *stream)
+{
+    *stream << '"' << text.toStdString() << '"';
+}
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+Scratch::Scratch()
+{
+    if (!m_folder.isValid())
+        throw std::runtime_error("no temporary folder");
+}
+
+fs::path Scratch::path(const std::string &below) const
+{
+    const fs::path root = pathFromText(m_folder.path());
+    return below.empty() ? root : root / below;
+}
+
+fs::path Scratch::write(const std::string &below, const std::string &bytes) const
+{
+    const fs::path file = path(below);
+    fs::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << bytes;
+    return file;
+}
+
+std::vector<std::string> Scratch::names(const std::string &below) const
+{
+    std::vector<std::string> names;
+    for (const fs::directory_entry &entry : fs::directory_iterator(path(below)))
+        names.push_back(entry.path().filename());
+    std::ranges::sort(names);
+    return names;
+}
+
+std::map<std::string, std::string> Scratch::tree(const std::string &below) const
+{
+    std::map<std::string, std::string> tree;
+    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(path(below))) {
+        const std::string name = entry.path().lexically_relative(path(below));
+        if (entry.is_directory())
+            tree[name + '/'];
+        else
+            tree[name] = bytesOf(entry.path());
+    }
+    return tree;
+}
+
+std::string bytesOf(const fs::path &file)
+{
+    std::ostringstream bytes;
+    bytes << std::ifstream(file, std::ios::binary).rdbuf();
+    return bytes.str();
+}
+
+int permissionsOf(const fs::path &path)
+{
+    struct stat status
+    {};
+    return ::stat(path.c_str(), &status) == 0 ? static_cast<int>(status.st_mode & 07777) : -1;
+}
+
+TestWorkspace::TestWorkspace(std::shared_ptr<FileSystem> files) : manager(std::move(files))
+{
+    restart();
+}
+
+WorkspaceOverview TestWorkspace::bootstrap()
+{
+    return service->bootstrap(path("workspace"), path("claude"), path("codex")).result();
+}
+
+void TestWorkspace::restart()
+{
+    service = std::make_unique<LocalWorkspaceService>(manager);
+    bootstrap();
+}
+
+SkillDetail TestWorkspace::create(const QString &slug, const QString &text)
+{
+    CreateSkillRequest request;
+    request.slug = slug;
+    request.displayName = slug;
+    request.category = SkillCategory::otherID;
+    request.skillMD = text;
+    return service->createSkill(request).result();
+}
+
+SyncState TestWorkspace::stateOf(const QString &slug)
+{
+    const QList<SkillSummary> skills = service->reload().result().skills;
+    const auto found = std::ranges::find(skills, slug, &SkillSummary::slug);
+    return found == skills.end() ? SyncState::unknown : found->syncState;
+}
+
+} // namespace vornel

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <VORNELCore/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/LocalWorkspaceService.h>
+#include <VORNELInfrastructure/PosixFileSystem.h>
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <ostream>
+#include <string>
+
+void PrintTo(const QString &text, std::ostream *stream);
+
+namespace vornel {
+
+/// A temporary folder, removed at the end.
+class Scratch
+{
+public:
+    Scratch();
+
+    std::filesystem::path path(const std::string &below = {}) const;
+
+    /// Writes a file with the folders above it, and returns its place.
+    std::filesystem::path write(const std::string &below, const std::string &bytes) const;
+
+    /// The names in a folder, sorted.
+    std::vector<std::string> names(const std::string &below) const;
+
+    /// Every file below a folder, hidden ones too, with its bytes; folders end in "/".
+    std::map<std::string, std::string> tree(const std::string &below) const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+std::string bytesOf(const std::filesystem::path &file);
+int permissionsOf(const std::filesystem::path &path);
+
+/// The three roots in a scratch folder, and a bootstrapped service on them.
+struct TestWorkspace : Scratch
+{
+    explicit TestWorkspace(std::shared_ptr<FileSystem> files = std::make_shared<PosixFileSystem>());
+
+    WorkspaceOverview bootstrap();
+
+    /// Forgets everything in memory, as a new process would.
+    void restart();
+
+    /// A skill of this slug, named like it, with the text "texte".
+    SkillDetail create(const QString &slug, const QString &text = QStringLiteral("texte"));
+
+    SyncState stateOf(const QString &slug);
+
+    std::shared_ptr<FileSystem> manager;
+    std::unique_ptr<LocalWorkspaceService> service;
+};
+
+/// The error that `action` throws; a failure of the test when it throws none, or another.
+template <typename Action>
+std::optional<VORNELWorkspaceError> errorOf(const Action &action)
+{
+    try {
+        action();
+    } catch (const VORNELWorkspaceError &error) {
+        return error;
+    } catch (const std::exception &error) {
+        ADD_FAILURE() << "another exception: " << error.what();
+        return std::nullopt;
+    }
+    ADD_FAILURE() << "no exception";
+    return std::nullopt;
+}
+
+inline VORNELWorkspaceError integrity(const QString &reason)
+{
+    return VORNELWorkspaceError::integrityFailure(reason);
+}
+
+} // namespace vornel
