@@ -31,7 +31,7 @@ void parse(QCommandLineParser &parser, const QStringList &arguments)
     const QStringList unknown = parser.unknownOptionNames();
     if (unknown.isEmpty())
         throw UsageError(u"Une option n’a pas de valeur, ou en a une de trop."_s);
-    throw UsageError(u"Option inconnue : "_s + unknown.first());
+    throw UsageError(u"Option inconnue\u00A0: "_s + unknown.first());
 }
 
 /// The words before the first option that is not common to all, which begin with the command.
@@ -57,8 +57,10 @@ const CommandSyntax &findCommand(const QStringList &words, const QList<CommandSy
     const auto found = std::ranges::find_if(commands, isNamed);
     if (words.isEmpty())
         throw UsageError(u"Aucune commande n’est donnée."_s);
+    if (found == commands.end() && words.first() == u"category")
+        throw UsageError(u"La commande category demande create, update ou delete."_s);
     if (found == commands.end())
-        throw UsageError(u"Commande inconnue : "_s + words.first());
+        throw UsageError(u"Commande inconnue\u00A0: "_s + words.first());
     return *found;
 }
 
@@ -67,13 +69,17 @@ void checkValue(const QString &option, const QString &value)
 {
     static const QHash<QString, QRegularExpression> shapes{
         {u"choose"_s, QRegularExpression(uR"(\A[^=]+=(claude|codex)\z)"_s)},
-        {u"expect"_s, QRegularExpression(uR"(\A\d{1,18}\z)"_s)},
         {u"maturity"_s, QRegularExpression(uR"(\A(draft|ready|active|obsolete)\z)"_s)},
         {u"prefer"_s, QRegularExpression(uR"(\A(claude|codex)\z)"_s)},
     };
     const auto shape = shapes.find(option);
     if (shape != shapes.end() && !shape->match(value).hasMatch())
         throw UsageError(u"Valeur incorrecte pour --"_s + option + u" : "_s + value);
+    bool isNumber = true;
+    if (option == u"expect")
+        value.toLongLong(&isNumber);
+    if (!isNumber)
+        throw UsageError(u"Valeur incorrecte pour --expect\u00A0: "_s + value);
     if (value.isEmpty() && commonOptions.contains(option))
         throw UsageError(u"L’option --"_s + option + u" demande un dossier."_s);
 }
@@ -93,7 +99,7 @@ void check(const Invocation &invocation, const CommandSyntax &command)
     if (count < (takesAll ? 0 : command.minOperands))
         throw UsageError(u"Il manque un argument à la commande "_s + command.name + u'.');
     if (count > (takesAll ? 0 : command.maxOperands))
-        throw UsageError(u"Argument de trop : "_s + invocation.operands.last());
+        throw UsageError(u"Argument de trop\u00A0: "_s + invocation.operands.last());
 }
 
 } // namespace
@@ -133,7 +139,7 @@ Invocation parseCommandLine(const QStringList &arguments, const QList<CommandSyn
 
 QString usageText()
 {
-    return uR"(Usage : vornelctl [OPTIONS] COMMANDE …
+    return uR"(Usage : vornelctl [OPTIONS] COMMANDE …
 
 Options communes
   --workspace DOSSIER   le workspace (sinon VORNEL_WORKSPACE_PATH, sinon ~/VORNEL)
@@ -144,7 +150,7 @@ Options communes
   --                    fin des options
 
 Consulter
-  status                                    l’état du workspace ; code 1 si une copie est à réparer
+  status                                    l’état du workspace ; code 1 si une copie est à réparer
   list [--search TEXTE] [--category ID] [--maturity draft|ready|active|obsolete]
   show SKILL
 
@@ -169,8 +175,8 @@ Corbeille
   delete SKILL
   empty-trash
 
-SKILL est un identifiant ou un slug. FICHIER « - » est l’entrée standard.
-Codes de sortie : 0 réussite, 1 copie à réparer (status), 2 échec, 64 usage incorrect.
+SKILL est un identifiant ou un slug. FICHIER « - » est l’entrée standard.
+Codes de sortie : 0 réussite, 1 copie à réparer (status), 2 échec, 64 usage incorrect.
 )"_s;
 }
 

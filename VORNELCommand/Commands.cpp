@@ -1,19 +1,19 @@
 #include "Commands.h"
 
+#include "InputFile.h"
 #include "Report.h"
 #include "Terminal.h"
 
+#include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/LibraryQuery.h>
 #include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 
-#include <QFile>
 #include <QJsonArray>
 
 #include <algorithm>
 #include <exception>
-#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -39,19 +39,26 @@ void output(const Session &session, const Record &record, const ReportText &repo
         Terminal::print(report(record));
 }
 
+/// The skill that the user means: by its slug or, where none has it, by its identifier.
 QUuid findSkill(const QString &typed, const QList<SkillSummary> &skills)
 {
+    const auto found = std::ranges::find(skills, typed, &SkillSummary::slug);
+    if (found != skills.end())
+        return found->id;
     if (const auto id = uuidFromText(typed))
         return *id;
-    const auto found = std::ranges::find(skills, typed, &SkillSummary::slug);
-    if (found == skills.end())
-        throw CommandFailure(u"skillNotFound"_s, u"Skill introuvable : "_s + typed);
-    return found->id;
+    throw CommandFailure(u"skillNotFound"_s, u"Skill introuvable : "_s + typed);
 }
 
 QUuid activeSkill(const Session &session, const QString &typed)
 {
     return findSkill(typed, session.overview.skills);
+}
+
+QString slugOf(const Session &session, const QUuid &id)
+{
+    const auto found = std::ranges::find(session.overview.skills, id, &SkillSummary::id);
+    return found == session.overview.skills.end() ? uuidText(id) : found->slug;
 }
 
 QUuid trashedSkill(const Session &session)
@@ -75,21 +82,6 @@ template <typename E>
 E caseOf(const QString &typed)
 {
     return fromRawValue<E>(typed).value();
-}
-
-QString textOfFile(const QString &name)
-{
-    const std::filesystem::path path = pathFromText(name);
-    QFile file(name);
-    const bool isOpen = name == u"-"_s ? file.open(0, QFile::ReadOnly) : file.open(QFile::ReadOnly);
-    const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
-    if (!isOpen || file.error() != QFile::NoError)
-        throw std::filesystem::filesystem_error("read", path, std::error_code(errno, std::system_category()));
-    const auto text = textFromUtf8(bytes);
-    if (!text)
-        throw std::filesystem::filesystem_error("decode", path,
-                                                std::make_error_code(std::errc::illegal_byte_sequence));
-    return *text;
 }
 
 int status(const Session &session)
@@ -138,8 +130,8 @@ QHash<QString, CollisionChoice> typedChoices(const Session &session)
     return choices;
 }
 
-/// Resolves the collisions of `plan` as the user asked.
-void resolveCollisions(const Session &session, const ImportPlan &plan)
+/// Resolves the collisions of `plan` as the user asked, and returns the plan as it is then.
+ImportPlan resolveCollisions(const Session &session, ImportPlan plan)
 {
     const QString prefer = u"prefer"_s;
     std::optional<CollisionChoice> preferred;
@@ -162,20 +154,20 @@ void resolveCollisions(const Session &session, const ImportPlan &plan)
         throw CommandFailure(u"collisionNotFound"_s,
                              u"Collision d’import introuvable : "_s + choices.begin().key());
     for (const auto &[id, choice] : decided)
-        session.service.resolveCollision(id, choice).result();
+        plan = session.service.resolveCollision(id, choice).result();
     if (!undecided.isEmpty() && !session.invocation.has(u"json"_s))
         Terminal::printError(u"À choisir avec --choose SLUG=claude|codex ou --prefer : "_s +
                              undecided.join(u", "_s));
+    return plan;
 }
 
 int import(const Session &session)
 {
-    const ImportPlan plan = session.service.scanImports().result();
-    resolveCollisions(session, plan);
+    const ImportPlan plan = resolveCollisions(session, session.service.scanImports().result());
     const QFuture<WorkspaceOverview> commit = session.service.commitImport(plan.id);
     Terminal::followProgress(u"Import"_s, QFuture<void>(commit));
     output(session, commit.result(), [&plan](const WorkspaceOverview &overview) {
-        return Report::plan(plan) + u'\n' + Report::overview(overview);
+        return Report::imported(plan) + u'\n' + Report::overview(overview);
     });
     return ExitCode::success;
 }
@@ -221,22 +213,31 @@ QList<QUuid> skillsToSynchronize(const Session &session)
 int sync(const Session &session)
 {
     const QList<QUuid> ids = skillsToSynchronize(session);
+    const int total = static_cast<int>(ids.size());
     QList<SkillDetail> details;
-    std::exception_ptr failure;
-    for (qsizetype done = 0; done < ids.size(); ++done) {
-        Terminal::showProgress(u"Synchronisation"_s, static_cast<int>(done), static_cast<int>(ids.size()));
+    QStringList failures;
+    std::exception_ptr firstFailure;
+    for (int done = 0; done < total; ++done) {
+        Terminal::showProgress(u"Synchronisation"_s, done, total);
         try {
             details.append(session.service.synchronize(ids.at(done)).result());
-        } catch (const std::exception &) {
-            if (!failure)
-                failure = std::current_exception();
+        } catch (const std::exception &error) {
+            failures.append(slugOf(session, ids.at(done)) + u"\u00A0: "_s + errorMessage(error));
+            if (!firstFailure)
+                firstFailure = std::current_exception();
         }
     }
-    Terminal::showProgress(u"Synchronisation"_s, 1, 1);
-    if (failure)
-        std::rethrow_exception(failure);
-    output(session, details, Report::states);
-    return ExitCode::success;
+    Terminal::showProgress(u"Synchronisation"_s, total, total);
+    if (!firstFailure) {
+        output(session, details, Report::states);
+        return ExitCode::success;
+    }
+    if (session.invocation.has(u"json"_s))
+        std::rethrow_exception(firstFailure);
+    Terminal::print(Report::states(details));
+    for (const QString &failure : failures)
+        Terminal::printError(Terminal::printable(failure));
+    return ExitCode::failure;
 }
 
 int assign(const Session &session)

@@ -83,21 +83,40 @@ QString localDate(const QDateTime &date)
     return date.toLocalTime().toString(u"yyyy-MM-dd HH:mm"_s);
 }
 
-QString oneLine(const QString &text)
-{
-    return text.simplified();
-}
-
 QString heading(const QString &title, qsizetype count)
 {
     return Terminal::coloured(title + u" ("_s + QString::number(count) + u")\n"_s, Colour::Muted);
+}
+
+/// A headed table; nothing without rows.
+QString section(const QString &title, const QList<QList<Cell>> &rows)
+{
+    return rows.isEmpty() ? QString() : heading(title, rows.size()) + Terminal::table(rows);
+}
+
+QList<Cell> candidateRow(const ImportCandidate &candidate)
+{
+    const bool isIdentical = candidate.classification == ImportClassification::identical;
+    return {{},
+            {candidate.slug},
+            {isIdentical ? u"identique dans les deux dossiers"_s
+                         : assistantName(candidate.source) + u" seulement"_s}};
+}
+
+QString blockedSection(const ImportPlan &plan)
+{
+    QList<QList<Cell>> rows;
+    for (const BlockedImport &entry : plan.blocked)
+        rows.append(
+            {{}, {entry.name, Colour::Danger}, {assistantName(entry.source)}, {blockedReason(entry.reason)}});
+    return section(u"Bloqué"_s, rows);
 }
 
 } // namespace
 
 QString overview(const WorkspaceOverview &overview)
 {
-    QString text = u"Workspace : "_s + Terminal::printable(overview.workspaceText()) + u'\n' +
+    QString text = u"Workspace\u00A0: "_s + Terminal::printable(overview.workspaceText()) + u'\n' +
                    countedSkills(overview.skills.size());
     if (!overview.trashedSkills.isEmpty())
         text += u", "_s + QString::number(overview.trashedSkills.size()) + u" dans la corbeille"_s;
@@ -120,8 +139,8 @@ QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &ca
     QList<QList<Cell>> rows;
     for (const SkillSummary &skill : skills)
         rows.append({{skill.slug},
-                     {oneLine(skill.displayName)},
-                     {oneLine(names.value(skill.category, skill.category))},
+                     {skill.displayName},
+                     {names.value(skill.category, skill.category)},
                      {maturityLabel(skill.maturity)},
                      stateCell(skill.syncState)});
     return rows.isEmpty() ? u"Aucune compétence\n"_s : Terminal::table(rows);
@@ -131,12 +150,12 @@ QString detail(const SkillDetail &detail)
 {
     const SkillManifest &manifest = detail.manifest;
     const QString head = Terminal::table({
-        {{u"Nom"_s, Colour::Muted}, {oneLine(manifest.displayName)}},
+        {{u"Nom"_s, Colour::Muted}, {manifest.displayName}},
         {{u"Slug"_s, Colour::Muted}, {manifest.slug}},
         {{u"Identifiant"_s, Colour::Muted}, {uuidText(manifest.id)}},
-        {{u"Résumé"_s, Colour::Muted}, {oneLine(manifest.summary)}},
-        {{u"Catégorie"_s, Colour::Muted}, {oneLine(manifest.category)}},
-        {{u"Mots-clés"_s, Colour::Muted}, {oneLine(manifest.tags.join(u", "_s))}},
+        {{u"Résumé"_s, Colour::Muted}, {manifest.summary}},
+        {{u"Catégorie"_s, Colour::Muted}, {manifest.category}},
+        {{u"Mots-clés"_s, Colour::Muted}, {manifest.tags.join(u", "_s)}},
         {{u"Maturité"_s, Colour::Muted}, {maturityLabel(manifest.maturity)}},
         {{u"Révision"_s, Colour::Muted}, {QString::number(manifest.revision)}},
         {{u"Création"_s, Colour::Muted}, {localDate(manifest.createdAt)}},
@@ -145,9 +164,9 @@ QString detail(const SkillDetail &detail)
     });
     QList<QList<Cell>> files;
     for (const QString &file : detail.relativeFiles)
-        files.append({{u" "_s}, {file}});
-    return head + u'\n' + heading(u"Fichiers"_s, files.size()) + Terminal::table(files) + u'\n' +
-           Terminal::printable(detail.skillMD) + (detail.skillMD.endsWith(u'\n') ? u""_s : u"\n"_s);
+        files.append({{u""_s}, {file}});
+    return head + u'\n' + section(u"Fichiers"_s, files) + u'\n' + Terminal::printable(detail.skillMD) +
+           (detail.skillMD.endsWith(u'\n') ? u""_s : u"\n"_s);
 }
 
 QString states(const QList<SkillDetail> &details)
@@ -164,29 +183,27 @@ QString plan(const ImportPlan &plan)
 {
     QList<QList<Cell>> candidates;
     for (const ImportCandidate &candidate : plan.candidates)
-        candidates.append({{u" "_s},
-                           {candidate.slug},
-                           {candidate.classification == ImportClassification::identical
-                                ? u"identique dans les deux dossiers"_s
-                                : assistantName(candidate.source) + u" seulement"_s}});
+        candidates.append(candidateRow(candidate));
     QList<QList<Cell>> collisions;
     for (const ImportCollision &collision : plan.collisions)
         collisions.append(
-            {{u" "_s}, {collision.slug, Colour::Warning}, {u"contenus différents dans Claude et Codex"_s}});
-    QList<QList<Cell>> blocked;
-    for (const BlockedImport &entry : plan.blocked)
-        blocked.append({{u" "_s},
-                        {entry.name, Colour::Danger},
-                        {assistantName(entry.source)},
-                        {blockedReason(entry.reason)}});
+            {{}, {collision.slug, Colour::Warning}, {u"contenus différents dans Claude et Codex"_s}});
+    const QString text =
+        section(u"À importer"_s, candidates) + section(u"Collisions"_s, collisions) + blockedSection(plan);
+    return text.isEmpty() ? u"Rien à importer\n"_s : text;
+}
 
-    QString text;
-    for (const auto &[title, rows] :
-         {std::pair{u"À importer"_s, candidates}, std::pair{u"Collisions"_s, collisions},
-          std::pair{u"Bloqués"_s, blocked}}) {
-        if (!rows.isEmpty())
-            text += heading(title, rows.size()) + Terminal::table(rows);
+QString imported(const ImportPlan &plan)
+{
+    QList<QList<Cell>> rows;
+    for (const ImportCandidate &candidate : plan.candidates)
+        rows.append(candidateRow(candidate));
+    for (const ImportCollision &collision : plan.collisions) {
+        const bool keepsClaude = collision.choice == CollisionChoice::claude;
+        rows.append({{}, {collision.slug}, {keepsClaude ? u"version de Claude"_s : u"version de Codex"_s}});
     }
+    std::ranges::stable_sort(rows, {}, [](const QList<Cell> &row) { return row[1].text; });
+    const QString text = section(u"Importé"_s, rows) + blockedSection(plan);
     return text.isEmpty() ? u"Rien à importer\n"_s : text;
 }
 
@@ -195,7 +212,7 @@ QString categories(const WorkspaceOverview &overview)
     QList<QList<Cell>> rows;
     for (const SkillCategory &category : overview.categories) {
         const auto count = std::ranges::count(overview.skills, category.id, &SkillSummary::category);
-        rows.append({{category.id}, {oneLine(category.name)}, {category.colorHex}, {countedSkills(count)}});
+        rows.append({{category.id}, {category.name}, {category.colorHex}, {countedSkills(count)}});
     }
     return Terminal::table(rows);
 }
@@ -206,8 +223,8 @@ QString trash(const WorkspaceOverview &overview)
         return u"La corbeille est vide\n"_s;
     QList<QList<Cell>> rows;
     for (const SkillSummary &skill : overview.trashedSkills)
-        rows.append({{u" "_s}, {skill.slug}, {oneLine(skill.displayName)}});
-    return heading(u"Corbeille"_s, rows.size()) + Terminal::table(rows);
+        rows.append({{u""_s}, {skill.slug}, {skill.displayName}});
+    return section(u"Corbeille"_s, rows);
 }
 
 } // namespace vornel::Report

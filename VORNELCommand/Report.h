@@ -21,6 +21,9 @@ QString states(const QList<SkillDetail> &details);
 /// What can be imported, what collides, what is blocked and why.
 QString plan(const ImportPlan &plan);
 
+/// What a plan has brought into the library, and what stayed blocked.
+QString imported(const ImportPlan &plan);
+
 /// The categories, with the number of skills in each.
 QString categories(const WorkspaceOverview &overview);
 

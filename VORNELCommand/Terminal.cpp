@@ -59,10 +59,17 @@ QString printable(const QString &text)
 {
     QString clean = text;
     for (QChar &c : clean) {
-        if (c.category() == QChar::Other_Control && c != u'\n' && c != u'\t')
+        const bool commandsTheTerminal = c.category() == QChar::Other_Control && c != u'\n' && c != u'\t';
+        const bool reordersTheLine = (c >= u'\u202A' && c <= u'\u202E') || (c >= u'\u2066' && c <= u'\u2069');
+        if (commandsTheTerminal || reordersTheLine)
             c = QChar::ReplacementCharacter;
     }
     return clean;
+}
+
+QString oneLine(const QString &text)
+{
+    return printable(text.simplified());
 }
 
 QString table(const QList<QList<Cell>> &rows)
@@ -72,15 +79,15 @@ QString table(const QList<QList<Cell>> &rows)
     for (const QList<Cell> &row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
         for (qsizetype column = 0; column < row.size(); ++column)
-            widths[column] = std::max(widths[column], LocaleText::characterCount(row[column].text));
+            widths[column] = std::max(widths[column], LocaleText::characterCount(oneLine(row[column].text)));
     }
     QString text;
     for (const QList<Cell> &row : rows) {
         for (qsizetype column = 0; column < row.size(); ++column) {
             const Cell &cell = row[column];
-            text += coloured(printable(cell.text), cell.colour);
+            text += coloured(oneLine(cell.text), cell.colour);
             if (column + 1 < row.size())
-                text += QString(widths[column] + gap - LocaleText::characterCount(cell.text), u' ');
+                text += QString(widths[column] + gap - LocaleText::characterCount(oneLine(cell.text)), u' ');
         }
         text += u'\n';
     }

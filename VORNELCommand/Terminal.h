@@ -16,6 +16,9 @@ QString coloured(const QString &text, Colour colour);
 /// The text without control characters, which could command the terminal.
 QString printable(const QString &text);
 
+/// `printable` text on one line, its white space reduced to single blanks.
+QString oneLine(const QString &text);
+
 /// A cell of a table.
 struct Cell
 {

@@ -11,10 +11,10 @@
 #include <VORNELInfrastructure/PosixFileSystem.h>
 #include <VORNELInfrastructure/WorkspaceRoots.h>
 
-#include <QDir>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <cstdlib>
 #include <span>
 
 using namespace Qt::StringLiterals;
@@ -36,9 +36,9 @@ QStringList decodedArguments(std::span<char *> arguments)
 
 WorkspaceRoots rootsFor(const Invocation &invocation)
 {
-    const std::filesystem::path home = pathFromText(QDir::homePath());
-    WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(QProcessEnvironment::systemEnvironment(), home,
-                                                           DefaultWorkspaceLocator(home));
+    const Environment environment = [](const char *variable) { return std::getenv(variable); };
+    const std::filesystem::path home = homeFolder(environment);
+    WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(environment, home, DefaultWorkspaceLocator(home));
     const auto replace = [&invocation](std::filesystem::path &root, const QString &option) {
         if (invocation.has(option))
             root = std::filesystem::absolute(pathFromText(invocation.value(option)));

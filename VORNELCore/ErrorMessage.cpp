@@ -2,6 +2,7 @@
 
 #include "SerializedForms.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -15,6 +16,8 @@ QString sentence(const std::error_code &code)
 {
     if (code.category() != std::system_category() && code.category() != std::generic_category())
         return QString::fromStdString(code.message());
+    if (code.value() == EDQUOT)
+        return u"Le quota de disque est atteint"_s;
     switch (static_cast<std::errc>(code.value())) {
     case std::errc::permission_denied:
     case std::errc::operation_not_permitted:
@@ -41,8 +44,7 @@ QString sentence(const std::error_code &code)
         return u"Trop de fichiers sont ouverts"_s;
     case std::errc::too_many_symbolic_link_levels:
         return u"Trop de liens symboliques"_s;
-    case std::errc::invalid_argument:
-    case std::errc::invalid_seek:
+    case std::errc::not_supported:
     case std::errc::no_such_device_or_address:
         return u"Ce n’est pas un fichier ordinaire"_s;
     case std::errc::illegal_byte_sequence:
@@ -52,7 +54,7 @@ QString sentence(const std::error_code &code)
     case std::errc::io_error:
         return u"Erreur d’entrée-sortie"_s;
     default:
-        return QString::fromStdString(code.message());
+        return u"Erreur du système de fichiers "_s + QString::number(code.value());
     }
 }
 

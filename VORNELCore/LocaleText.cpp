@@ -60,6 +60,15 @@ int characterCount(const QString &text)
     return count;
 }
 
+QString truncated(const QString &text, int characters)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype end = 0;
+    for (int count = 0; count < characters && end >= 0; ++count)
+        end = finder.toNextBoundary();
+    return end < 0 ? text : text.left(end);
+}
+
 QString titleFromIdentifier(const QString &identifier)
 {
     QStringList words = identifier.split(u'-', Qt::SkipEmptyParts);

@@ -22,6 +22,9 @@ QString caseless(const QString &text);
 /// The number of characters that a reader sees, which combining marks and emoji sequences don't raise.
 int characterCount(const QString &text);
 
+/// The first characters of a text, as a reader counts them.
+QString truncated(const QString &text, int characters);
+
 /// The words of a hyphenated identifier, each with its first letter in upper case: "pdf-tools" gives
 /// "Pdf Tools".
 QString titleFromIdentifier(const QString &identifier);

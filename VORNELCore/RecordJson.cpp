@@ -11,7 +11,6 @@
 #include <QStringList>
 #include <QUuid>
 
-#include <limits>
 #include <string_view>
 
 namespace vornel::RecordJson {
@@ -86,16 +85,10 @@ QVariant decodeList(const QJsonValue &value, QMetaType type)
     return list;
 }
 
-QVariant decodeInteger(const QJsonValue &value, QMetaType type)
+QVariant decodeInteger(const QJsonValue &value)
 {
     const qint64 number = value.toInteger(0);
-    if (number != value.toInteger(1))
-        return {};
-    if (type.id() != QMetaType::Int)
-        return QVariant::fromValue(number);
-    if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
-        return {};
-    return QVariant::fromValue(static_cast<int>(number));
+    return number == value.toInteger(1) ? QVariant::fromValue(number) : QVariant();
 }
 
 QVariant decodeText(const QString &text, QMetaType type)
@@ -124,9 +117,8 @@ QVariant decode(const QJsonValue &value, QMetaType type)
     switch (type.id()) {
     case QMetaType::Bool:
         return value.isBool() ? QVariant(value.toBool()) : QVariant();
-    case QMetaType::Int:
     case QMetaType::LongLong:
-        return decodeInteger(value, type);
+        return decodeInteger(value);
     default:
         break;
     }
@@ -147,7 +139,6 @@ QJsonValue encode(const QVariant &value)
         return QJsonValue::Null;
     case QMetaType::Bool:
         return value.toBool();
-    case QMetaType::Int:
     case QMetaType::LongLong:
         return value.toLongLong();
     case QMetaType::QString:

@@ -54,10 +54,10 @@ std::optional<QDateTime> dateFromText(const QString &text)
                           QTime(number(11, 2), number(14, 2), number(17, 2)), Qt::UTC);
     if (!local.isValid())
         return std::nullopt;
-    if (zone == u"Z")
-        return local;
-    const int offset = number(20, 2) * 3600 + number(23, 2) * 60;
-    return local.addSecs(zone.startsWith(u'+') ? -offset : offset);
+    const int offset = zone == u"Z" ? 0 : number(20, 2) * 3600 + number(23, 2) * 60;
+    const QDateTime date = local.addSecs(zone.startsWith(u'+') ? -offset : offset);
+    const bool hasFourDigitYear = date.date().year() >= 1 && date.date().year() <= 9999;
+    return hasFourDigitYear ? std::optional(date) : std::nullopt;
 }
 
 std::optional<QString> textFromUtf8(const QByteArray &bytes)

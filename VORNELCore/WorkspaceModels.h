@@ -43,7 +43,7 @@ size_t qHash(const SkillCategory &category, size_t seed = 0);
 struct SkillManifest
 {
     Q_GADGET
-    Q_PROPERTY(int schemaVersion MEMBER schemaVersion)
+    Q_PROPERTY(qint64 schemaVersion MEMBER schemaVersion)
     Q_PROPERTY(QUuid id MEMBER id)
     Q_PROPERTY(QString slug MEMBER slug)
     Q_PROPERTY(QString displayName MEMBER displayName)
@@ -56,7 +56,7 @@ struct SkillManifest
     Q_PROPERTY(QDateTime updatedAt MEMBER updatedAt)
 
 public:
-    int schemaVersion = 1;
+    qint64 schemaVersion = 1;
     QUuid id;     ///< identity for the whole life, also in the trash
     QString slug; ///< name of the skill's folder
     QString displayName;

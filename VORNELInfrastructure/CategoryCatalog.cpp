@@ -16,23 +16,23 @@ namespace vornel {
 
 namespace {
 
-VORNELWorkspaceError failure(const QString &reason)
-{
-    return VORNELWorkspaceError::integrityFailure(reason);
-}
-
 /// A name for a category that only manifests know, acceptable in this catalog.
 QString nameForUnknownCategory(const QString &id, const CategoryCatalog &catalog)
 {
-    const QString title = CategoryRules::legacyCategoryName(id).left(CategoryRules::longestName).trimmed();
+    const QString title =
+        LocaleText::truncated(CategoryRules::legacyCategoryName(id), CategoryRules::longestName).trimmed();
     const QString base = title.isEmpty() ? u"Catégorie"_s : title;
     QString name = base;
     for (int number = 2; catalog.hasName(name); ++number) {
         const QString suffix = u' ' + QString::number(number);
-        name = base.left(CategoryRules::longestName - suffix.size()) + suffix;
+        name = LocaleText::truncated(base, CategoryRules::longestName - static_cast<int>(suffix.size())) +
+               suffix;
     }
     return name;
 }
+
+/// Beyond this, no program has made an identifier, and the catalog would grow too large to be read.
+constexpr qsizetype longestIdentifier = 1000;
 
 CategoryCatalog initialCatalog(const Workspace &workspace)
 {
@@ -41,7 +41,7 @@ CategoryCatalog initialCatalog(const Workspace &workspace)
     records += trashedManifests(workspace);
     for (const SkillRecord &record : records) {
         const QString id = CategoryRules::normalizedCategory(record.manifest.category);
-        if (!catalog.contains(id))
+        if (!catalog.contains(id) && id.size() <= longestIdentifier)
             catalog.categories.append({id, nameForUnknownCategory(id, catalog), u"FFB347"_s, false});
     }
     return catalog;
@@ -58,7 +58,7 @@ SkillCategory &CategoryCatalog::find(const QString &id)
 {
     const auto found = std::ranges::find(categories, id, &SkillCategory::id);
     if (found == categories.end())
-        throw failure(u"Catégorie introuvable."_s);
+        throw VORNELWorkspaceError::integrityFailure(u"Catégorie introuvable."_s);
     return *found;
 }
 
@@ -80,7 +80,7 @@ void CategoryCatalog::check() const
         hasProtectedOther |= category.id == SkillCategory::otherID && category.isProtected;
     }
     if (ids.size() != categories.size() || names.size() != categories.size() || !hasProtectedOther)
-        throw failure(u"Le catalogue de catégories contient des doublons."_s);
+        throw VORNELWorkspaceError::integrityFailure(u"Le catalogue de catégories contient des doublons."_s);
     for (const SkillCategory &category : categories) {
         CategoryRules::validatedCategoryName(category.name);
         CategoryRules::validatedColorHex(category.colorHex);
@@ -93,19 +93,21 @@ CategoryCatalog readCategoryCatalog(const Workspace &workspace)
     try {
         document = readFile(workspace.files, workspace.config.categories(), SkillFiles::sizeLimit);
     } catch (const std::exception &) {
-        throw failure(u"Le catalogue de catégories ne peut pas être lu."_s);
+        throw VORNELWorkspaceError::integrityFailure(u"Le catalogue de catégories ne peut pas être lu."_s);
     }
     const auto catalog = RecordJson::decodeDocument<CategoryCatalog>(document);
     if (!catalog)
-        throw failure(u"Le catalogue de catégories est invalide."_s);
+        throw VORNELWorkspaceError::integrityFailure(u"Le catalogue de catégories est invalide."_s);
     catalog->check();
     return *catalog;
 }
 
 void writeCategoryCatalog(const CategoryCatalog &catalog, const Workspace &workspace)
 {
-    workspace.files.replaceFile(workspace.config.categories(),
-                                RecordJson::document(RecordJson::encode(catalog)));
+    const QByteArray document = RecordJson::document(RecordJson::encode(catalog));
+    if (document.size() > SkillFiles::sizeLimit)
+        throw VORNELWorkspaceError::integrityFailure(u"Le catalogue de catégories est invalide."_s);
+    workspace.files.replaceFile(workspace.config.categories(), document);
 }
 
 void prepareCategoryCatalog(const Workspace &workspace)

@@ -10,11 +10,11 @@ namespace vornel {
 struct CategoryCatalog
 {
     Q_GADGET
-    Q_PROPERTY(int schemaVersion MEMBER schemaVersion)
+    Q_PROPERTY(qint64 schemaVersion MEMBER schemaVersion)
     Q_PROPERTY(QList<vornel::SkillCategory> categories MEMBER categories)
 
 public:
-    int schemaVersion = 1;
+    qint64 schemaVersion = 1;
     QList<SkillCategory> categories;
 
     bool contains(const QString &id) const;

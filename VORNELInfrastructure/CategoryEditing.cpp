@@ -4,10 +4,7 @@
 #include "CategoryRules.h"
 #include "SkillFolderStore.h"
 
-#include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -15,15 +12,10 @@ namespace vornel {
 
 namespace {
 
-VORNELWorkspaceError failure(const QString &reason)
-{
-    return VORNELWorkspaceError::integrityFailure(reason);
-}
-
 void refuseDoubledName(const CategoryCatalog &catalog, const QString &name, const QString &exceptID = {})
 {
     if (catalog.hasName(name, exceptID))
-        throw failure(u"Une catégorie porte déjà ce nom."_s);
+        throw VORNELWorkspaceError::integrityFailure(u"Une catégorie porte déjà ce nom."_s);
 }
 
 } // namespace
@@ -59,7 +51,7 @@ void CategoryEditing::remove(const QString &id) const
 {
     CategoryCatalog catalog = readCategoryCatalog(m_workspace);
     if (catalog.find(id).isProtected)
-        throw failure(u"La catégorie Autre est nécessaire au classement."_s);
+        throw VORNELWorkspaceError::integrityFailure(u"La catégorie Autre est nécessaire au classement."_s);
 
     for (const SkillRecord &skill : activeManifests(m_workspace)) {
         if (skill.manifest.category == id)
@@ -76,10 +68,8 @@ void CategoryEditing::remove(const QString &id) const
 void CategoryEditing::assign(const QSet<QUuid> &ids, const QString &category) const
 {
     readCategoryCatalog(m_workspace).find(category);
-    QList<QUuid> ordered(ids.begin(), ids.end());
-    std::ranges::sort(ordered, {}, uuidText);
     const QList<SkillRecord> active = activeManifests(m_workspace);
-    for (const QUuid &id : ordered) {
+    for (const QUuid &id : inTextOrder(ids)) {
         const SkillRecord &skill = findRecord(active, id);
         if (skill.manifest.category != category)
             moveActiveSkill(skill, category);
@@ -89,8 +79,7 @@ void CategoryEditing::assign(const QSet<QUuid> &ids, const QString &category) co
 void CategoryEditing::rewrite(SkillRecord &skill, const QString &category) const
 {
     skill.manifest.category = category;
-    skill.manifest.revision += 1;
-    skill.manifest.updatedAt = currentInstant();
+    advanceRevision(skill.manifest);
     SkillFolderStore(m_workspace).writeManifest(skill.manifest, skill.url);
 }
 

@@ -1,7 +1,5 @@
 #include "Configuration.h"
 
-#include "FileSystem.h"
-
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 
@@ -13,19 +11,20 @@ namespace {
 
 bool overlap(const fs::path &a, const fs::path &b)
 {
-    const fs::path resolvedA = fs::weakly_canonical(a);
-    const fs::path resolvedB = fs::weakly_canonical(b);
-    return isInside(resolvedA, resolvedB) || isInside(resolvedB, resolvedA);
+    return isInside(a, b) || isInside(b, a);
 }
 
 } // namespace
 
-Configuration Configuration::forRoots(const fs::path &workspace, const fs::path &claude,
-                                      const fs::path &codex)
+Configuration Configuration::forRoots(const FileSystem &files, const fs::path &workspace,
+                                      const fs::path &claude, const fs::path &codex)
 {
     Configuration config{standardizedPath(workspace), standardizedPath(claude), standardizedPath(codex)};
-    if (overlap(config.workspace, config.claude) || overlap(config.workspace, config.codex) ||
-        overlap(config.claude, config.codex))
+    const fs::path resolvedWorkspace = files.resolved(config.workspace);
+    const fs::path resolvedClaude = files.resolved(config.claude);
+    const fs::path resolvedCodex = files.resolved(config.codex);
+    if (overlap(resolvedWorkspace, resolvedClaude) || overlap(resolvedWorkspace, resolvedCodex) ||
+        overlap(resolvedClaude, resolvedCodex))
         throw VORNELWorkspaceError::invalidPath(PathViolation::overlappingRoots);
     return config;
 }

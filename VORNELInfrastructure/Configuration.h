@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FileSystem.h"
+
 #include <VORNELCore/Enumerations.h>
 
 #include <QUuid>
@@ -18,8 +20,8 @@ struct Configuration
 
     /// Standardises the three paths and refuses roots of which one lies in another, links resolved:
     /// `invalidPath(overlappingRoots)`.
-    static Configuration forRoots(const std::filesystem::path &workspace, const std::filesystem::path &claude,
-                                  const std::filesystem::path &codex);
+    static Configuration forRoots(const FileSystem &files, const std::filesystem::path &workspace,
+                                  const std::filesystem::path &claude, const std::filesystem::path &codex);
 
     std::filesystem::path skills() const { return workspace / "skills"; }
     std::filesystem::path bookkeeping() const { return workspace / ".vornel"; }

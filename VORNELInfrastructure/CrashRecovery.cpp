@@ -64,12 +64,31 @@ void removeAbandonedStages(const Workspace &workspace)
         bestEffort([&] { workspace.files.removeTree(staging / entry.name); });
 }
 
+/// A move to another volume, or a write, that was cut short leaves its unfinished part under a hidden name.
+void removeUnfinishedParts(const Workspace &workspace)
+{
+    static const QRegularExpression shape(uR"(\A\.[0-9A-F-]{36}\.tmp\z)"_s);
+    const Configuration &config = workspace.config;
+    for (const fs::path &folder : {config.bookkeeping(), config.recovery(), config.trash(), config.skills(),
+                                   config.claude, config.codex}) {
+        bestEffort([&] {
+            if (workspace.files.kindAt(folder) != FileKind::Directory)
+                return;
+            for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(folder))) {
+                if (shape.match(QString::fromStdString(entry.name)).hasMatch())
+                    workspace.files.removeTree(folder / entry.name);
+            }
+        });
+    }
+}
+
 } // namespace
 
 void recoverFromCrash(const Workspace &workspace)
 {
     bringBackSwappedFolders(workspace);
     removeAbandonedStages(workspace);
+    removeUnfinishedParts(workspace);
 }
 
 } // namespace vornel

@@ -70,6 +70,9 @@ class FileSystem
 public:
     virtual ~FileSystem() = default;
 
+    /// Where a path leads once its links are followed. It need not exist, nor lie in a root.
+    virtual std::filesystem::path resolved(const std::filesystem::path &path) const = 0;
+
     /// Sets the roots. Until then every path is outside.
     virtual void confine(std::vector<std::filesystem::path> roots) = 0;
 
@@ -84,7 +87,7 @@ public:
     /// Everything in the folder, hidden entries too, in no order. An open folder can be listed once.
     virtual std::vector<FolderEntry> list(const Folder &folder) const = 0;
 
-    /// Opens a file for reading. Never waits: what has no size, as a pipe or a socket, is refused.
+    /// Opens a regular file for reading. Anything else is refused, and never waited for.
     virtual File openFile(const Folder &folder, const std::string &name) const = 0;
 
     /// Reads bytes from `offset` on into `buffer`. Returns their number, 0 at the end.
@@ -99,11 +102,15 @@ public:
     /// Creates a file that must not exist yet (permissions 600).
     virtual void createFile(const Folder &folder, const std::string &name, QByteArrayView bytes) = 0;
 
-    /// Creates or replaces a file (permissions 600): whoever reads it sees the old bytes or the new, whole.
+    /// Creates or replaces a file (permissions 600): whoever reads it sees the old bytes or the new, whole,
+    /// also after a loss of power.
     virtual void replaceFile(const std::filesystem::path &path, QByteArrayView bytes) = 0;
 
     /// Moves a file or folder to a place where nothing stands, across volumes too.
     virtual void move(const std::filesystem::path &from, const std::filesystem::path &to) = 0;
+
+    /// Puts a folder with everything in it on the disk, where the loss of power can't harm it.
+    virtual void flush(const std::filesystem::path &folder) = 0;
 
     /// Removes a file, a link, or a folder with everything in it.
     virtual void removeTree(const std::filesystem::path &path) = 0;

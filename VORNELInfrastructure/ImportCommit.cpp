@@ -85,8 +85,10 @@ void ImportCommit::adopt(const ImportCandidate &candidate, const SkillRecord &sk
         m_store.createSnapshot(skill.manifest, skill.url);
     // A target that still fails is remembered with the skill, and doesn't hold back the import again. One
     // whose content has changed since the scan is left for the user to look at.
-    if (hasContent(candidate.sourceURL))
-        bestEffort([&] { TargetSynchronizer(m_workspace).synchronize(skill); });
+    bestEffort([&] {
+        if (hasContent(candidate.sourceURL))
+            TargetSynchronizer(m_workspace).synchronize(skill);
+    });
 }
 
 void ImportCommit::stageSource(const ImportCandidate &candidate, const fs::path &stage) const
@@ -121,7 +123,7 @@ SkillRecord ImportCommit::addToLibrary(const ImportCandidate &candidate) const
                                  .updatedAt = now},
                                 m_workspace.config.canonical(candidate.slug)};
         m_store.writeManifest(skill.manifest, stage);
-        m_workspace.files.move(stage, skill.url);
+        m_store.publish(stage, skill.url);
         m_store.createSnapshot(skill.manifest, skill.url);
         return skill;
     } catch (...) {

@@ -4,6 +4,7 @@
 #include "SkillFiles.h"
 #include "SkillFolderStore.h"
 #include "SkillRecords.h"
+#include "SkillText.h"
 
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
@@ -73,8 +74,8 @@ private:
                 return block(slug, "missingSkillFile");
             const std::string digest =
                 SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest).digest;
-            // Its metadata will be read from its text: one that isn't UTF-8 can't be imported.
-            SkillFolderStore(m_workspace).readSkillMD(folder, slug);
+            if (!hasUsableText(folder, slug))
+                return block(slug, "unsafeContent");
             m_found.candidates[slug] = {QUuid::createUuid(),
                                         slug,
                                         m_source,
@@ -86,6 +87,15 @@ private:
         } catch (const fs::filesystem_error &) {
             block(slug, "unreadable");
         }
+    }
+
+    /// Whether the import can take the metadata from the text; throws when that isn't UTF-8.
+    bool hasUsableText(const fs::path &folder, const QString &slug) const
+    {
+        const QString text = SkillFolderStore(m_workspace).readSkillMD(folder, slug);
+        const SkillText::Metadata metadata = SkillText::frontmatterMetadata(text, slug);
+        return metadata.name.size() <= SkillText::longestMetadata &&
+               metadata.summary.size() <= SkillText::longestMetadata;
     }
 
     static const char *reason(const VORNELWorkspaceError &error)

@@ -52,7 +52,7 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
                                                             fs::path codexRoot)
 {
     return m_executor.submit<WorkspaceOverview>([=, this](QPromise<WorkspaceOverview> &) {
-        const Configuration config = Configuration::forRoots(workspaceURL, claudeRoot, codexRoot);
+        const Configuration config = Configuration::forRoots(*m_manager, workspaceURL, claudeRoot, codexRoot);
         const Workspace workspace{*m_manager, config, m_failedSyncTargets};
         m_manager->confine(config.roots());
         createLayout(*m_manager, config);
@@ -97,7 +97,8 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::commitImport(QUuid planID)
 {
     return m_executor.submit<WorkspaceOverview>([this, planID](QPromise<WorkspaceOverview> &promise) {
         const auto report = [&promise](int done, int total) {
-            promise.setProgressRange(0, total);
+            if (done == 0)
+                promise.setProgressRange(0, total);
             promise.setProgressValue(done);
         };
         return runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {

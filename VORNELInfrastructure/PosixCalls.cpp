@@ -58,7 +58,10 @@ Descriptor open(const Folder &folder, const std::string &name, int flags)
     if (descriptor.fd() >= 0)
         return descriptor;
     const int error = errno;
-    if ((error == ELOOP || error == ENOTDIR) && kindOf(folder, name) == FileKind::SymbolicLink)
+    const std::optional<FileKind> kind =
+        error == ELOOP || error == ENOTDIR ? kindOf(folder, name) : std::nullopt;
+    // What was no folder a moment ago and is one now was a link, swapped back in between.
+    if (kind == FileKind::SymbolicLink || kind == FileKind::Directory)
         throw VORNELWorkspaceError::symlinkUnsupported(pathText(folder.path + '/' + name));
     errno = error;
     fail("open", folder.path + '/' + name);
@@ -87,6 +90,30 @@ void write(const Descriptor &file, QByteArrayView bytes, const fs::path &path)
 std::string temporaryName()
 {
     return (u'.' + uuidText(QUuid::createUuid()) + u".tmp"_s).toStdString();
+}
+
+void startWriting(const FileSystem &files, const Folder &folder)
+{
+    for (const FolderEntry &entry : files.list(folder)) {
+        if (entry.kind == FileKind::Directory)
+            startWriting(files, files.openFolder(folder, entry.name));
+        else if (entry.kind == FileKind::Regular)
+            ::sync_file_range(files.openFile(folder, entry.name).descriptor.fd(), 0, 0,
+                              SYNC_FILE_RANGE_WRITE);
+    }
+}
+
+void awaitWritten(const FileSystem &files, const Folder &folder)
+{
+    for (const FolderEntry &entry : files.list(folder)) {
+        if (entry.kind == FileKind::Directory)
+            awaitWritten(files, files.openFolder(folder, entry.name));
+        else if (entry.kind == FileKind::Regular &&
+                 ::fsync(files.openFile(folder, entry.name).descriptor.fd()) != 0)
+            fail("sync", folder.path + '/' + entry.name);
+    }
+    if (::fsync(folder.descriptor.fd()) != 0)
+        fail("sync", folder.path);
 }
 
 void removeEntry(const FileSystem &files, const Folder &folder, const std::string &name)
@@ -147,7 +174,7 @@ void copyEntry(const FileSystem &files, const Folder &from, const std::string &n
         return copyFile(files, files.openFile(from, name), to, newName);
     if (kind != FileKind::Directory)
         throw fs::filesystem_error("copy", from.path + '/' + name,
-                                   std::make_error_code(std::errc::invalid_argument));
+                                   std::make_error_code(std::errc::not_supported));
 
     if (::mkdirat(to.descriptor.fd(), newName.c_str(), S_IRWXU) != 0)
         fail("mkdir", to.path + '/' + newName);

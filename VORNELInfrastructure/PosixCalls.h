@@ -7,7 +7,7 @@
 /// System calls that name an entry of an open folder, with their errors as exceptions.
 namespace vornel::PosixCalls {
 
-/// Throws `errno` as a `filesystem_error` about `path`; `operation` is an English word for logs.
+/// Throws `errno` as a `filesystem_error` about `path`; `operation` is the system's word for what failed.
 [[noreturn]] void fail(const char *operation, const std::filesystem::path &path);
 
 /// Where an open file stands now, for messages; empty when the system doesn't tell.
@@ -30,6 +30,12 @@ void write(const Descriptor &file, QByteArrayView bytes, const std::filesystem::
 
 /// A name that no other entry has, and that listings of skills pass over.
 std::string temporaryName();
+
+/// Makes the disk begin to write what is below a folder, without waiting.
+void startWriting(const FileSystem &files, const Folder &folder);
+
+/// Waits until what is below a folder, and the folder itself, is on the disk.
+void awaitWritten(const FileSystem &files, const Folder &folder);
 
 /// Removes an entry, and all that is below it.
 void removeEntry(const FileSystem &files, const Folder &folder, const std::string &name);

@@ -87,6 +87,13 @@ void createRoot(const fs::path &root)
     }
 }
 
+/// Puts the names in a folder on the disk. A name that gets lost with the power changes nothing that is
+/// whole, so a disk that can't do this is no reason to fail.
+void flushNames(const Folder &folder)
+{
+    ::fsync(folder.descriptor.fd());
+}
+
 /// Renames without ever replacing what may stand at the new place. Returns false with `errno` set.
 bool renameToFreePlace(const Folder &from, const std::string &name, const Folder &to,
                        const std::string &newName)
@@ -104,6 +111,11 @@ bool renameToFreePlace(const Folder &from, const std::string &name, const Folder
 }
 
 } // namespace
+
+fs::path PosixFileSystem::resolved(const fs::path &path) const
+{
+    return fs::weakly_canonical(path);
+}
 
 void PosixFileSystem::confine(std::vector<fs::path> roots)
 {
@@ -180,12 +192,14 @@ std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
 File PosixFileSystem::openFile(const Folder &folder, const std::string &name) const
 {
     Descriptor descriptor = PosixCalls::open(folder, name, O_RDONLY | O_NONBLOCK);
-    // Where the end is tells the size, and a pipe or socket has none. A stat tells no more that is needed
-    // here, and for thousands of small files costs as much as their hashing does around it.
-    const off_t end = ::lseek(descriptor.fd(), 0, SEEK_END);
-    if (end < 0)
-        fail("open", folder.path + '/' + name);
-    return {std::move(descriptor), end};
+    struct stat status
+    {};
+    if (::fstat(descriptor.fd(), &status) != 0)
+        fail("stat", folder.path + '/' + name);
+    if (!S_ISREG(status.st_mode))
+        throw fs::filesystem_error("open", folder.path + '/' + name,
+                                   std::make_error_code(std::errc::not_supported));
+    return {std::move(descriptor), status.st_size};
 }
 
 std::size_t PosixFileSystem::read(const File &file, std::int64_t offset, std::span<char> buffer) const
@@ -240,6 +254,7 @@ void PosixFileSystem::replaceFile(const fs::path &path, QByteArrayView bytes)
         if (::renameat(folder.descriptor.fd(), temporary.c_str(), folder.descriptor.fd(),
                        path.filename().c_str()) != 0)
             fail("rename", path);
+        flushNames(folder);
     } catch (...) {
         ::unlinkat(folder.descriptor.fd(), temporary.c_str(), 0);
         throw;
@@ -252,8 +267,11 @@ void PosixFileSystem::move(const fs::path &from, const fs::path &to)
     const Folder destination = openFolder(to.parent_path());
     const std::string name = from.filename().native();
     const std::string newName = to.filename().native();
-    if (renameToFreePlace(source, name, destination, newName))
+    if (renameToFreePlace(source, name, destination, newName)) {
+        flushNames(destination);
+        flushNames(source);
         return;
+    }
     if (errno != EXDEV)
         fail("rename", errno == EEXIST || errno == ENOTEMPTY ? to : from);
 
@@ -262,12 +280,20 @@ void PosixFileSystem::move(const fs::path &from, const fs::path &to)
         copyEntry(*this, source, name, destination, temporary);
         if (!renameToFreePlace(destination, temporary, destination, newName))
             fail("rename", to);
+        flushNames(destination);
     } catch (...) {
         if (PosixCalls::kindOf(destination, temporary))
             removeEntry(*this, destination, temporary);
         throw;
     }
     removeEntry(*this, source, name);
+}
+
+void PosixFileSystem::flush(const fs::path &folder)
+{
+    const Folder top = openFolder(folder);
+    startWriting(*this, top);
+    awaitWritten(*this, openFolder(folder));
 }
 
 void PosixFileSystem::removeTree(const fs::path &path)

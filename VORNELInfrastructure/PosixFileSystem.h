@@ -8,6 +8,7 @@ namespace vornel {
 class PosixFileSystem : public FileSystem
 {
 public:
+    std::filesystem::path resolved(const std::filesystem::path &path) const override;
     void confine(std::vector<std::filesystem::path> roots) override;
     std::optional<FileKind> kindAt(const std::filesystem::path &path) const override;
     std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const override;
@@ -21,6 +22,7 @@ public:
     void createFile(const Folder &folder, const std::string &name, QByteArrayView bytes) override;
     void replaceFile(const std::filesystem::path &path, QByteArrayView bytes) override;
     void move(const std::filesystem::path &from, const std::filesystem::path &to) override;
+    void flush(const std::filesystem::path &folder) override;
     void removeTree(const std::filesystem::path &path) override;
     Folder lock(const std::filesystem::path &folder, LockMode mode) const override;
 

@@ -68,7 +68,7 @@ public:
     void visit(const Folder &folder, const std::string &prefix = {}, int level = 1)
     {
         if (level > deepestLevel)
-            throw unsafe(prefix);
+            throw unsafe(prefix.substr(0, prefix.size() - 1));
 
         std::vector<FolderEntry> children = m_files.list(folder);
         std::ranges::sort(children, naturallyBefore, &FolderEntry::name);
@@ -156,6 +156,24 @@ private:
     std::vector<Entry> m_entries;
 };
 
+/// Opens the root of a tree, which must be a folder.
+template <typename Open>
+Folder openedRoot(const fs::path &name, const Open &open)
+try {
+    return open();
+} catch (const fs::filesystem_error &error) {
+    if (error.code() == std::errc::not_a_directory)
+        throw VORNELWorkspaceError::integrityFailure(u"La racine n’est pas un dossier : "_s + pathText(name));
+    throw;
+}
+
+FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFilter filter)
+{
+    Walk walk(files, filter);
+    walk.visit(root);
+    return walk.finish(root.path);
+}
+
 struct SplitPath
 {
     std::string folder;
@@ -202,19 +220,16 @@ void copyEntry(FileSystem &files, const fs::path &source, const fs::path &destin
 
 FileTreeSnapshot snapshot(const FileSystem &files, const fs::path &root, TreeFilter filter)
 {
-    const fs::path folder = standardizedPath(root);
-    const std::optional<FileKind> kind = files.kindAt(folder);
-    if (kind && *kind != FileKind::Directory && *kind != FileKind::SymbolicLink)
-        throw VORNELWorkspaceError::integrityFailure(u"La racine n’est pas un dossier : "_s +
-                                                     pathText(folder.filename()));
-    return snapshot(files, files.openFolder(folder), filter);
+    const fs::path path = standardizedPath(root);
+    const Folder folder = openedRoot(path.filename(), [&] { return files.openFolder(path); });
+    return snapshotOf(files, folder, filter);
 }
 
-FileTreeSnapshot snapshot(const FileSystem &files, const Folder &root, TreeFilter filter)
+FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
+                          TreeFilter filter)
 {
-    Walk walk(files, filter);
-    walk.visit(root);
-    return walk.finish(root.path);
+    const Folder folder = openedRoot(name, [&] { return files.openFolder(parent, name); });
+    return snapshotOf(files, folder, filter);
 }
 
 void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)

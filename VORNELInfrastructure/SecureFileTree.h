@@ -12,7 +12,8 @@ namespace vornel::SecureFileTree {
 /// Reads the whole tree. Throws `integrityFailure` when `root` is not a folder.
 FileTreeSnapshot snapshot(const FileSystem &files, const std::filesystem::path &root, TreeFilter filter);
 
-FileTreeSnapshot snapshot(const FileSystem &files, const Folder &root, TreeFilter filter);
+FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
+                          TreeFilter filter);
 
 /// Copies the filtered tree of `source` into the new folder `destination` (folders 700, files 600). Throws
 /// `integrityFailure` when something stands there already. A failed copy leaves nothing behind.

@@ -50,7 +50,7 @@ SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
     m_workspace.files.createFolders(stage);
     m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
     m_store.writeManifest(skill.manifest, stage);
-    m_workspace.files.move(stage, skill.url);
+    m_store.publish(stage, skill.url);
 
     m_store.createSnapshot(skill.manifest, skill.url);
     TargetSynchronizer(m_workspace).synchronize(skill);
@@ -71,8 +71,7 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
     if (!m_store.hasSnapshot(skill.manifest))
         m_store.createSnapshot(skill.manifest, skill.url);
-    skill.manifest.revision += 1;
-    skill.manifest.updatedAt = currentInstant();
+    advanceRevision(skill.manifest);
 
     const fs::path stage = m_store.makeStage();
     SecureFileTree::copyTree(m_workspace.files, skill.url, stage, TreeFilter::all);

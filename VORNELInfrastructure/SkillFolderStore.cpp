@@ -9,6 +9,7 @@
 #include <VORNELCore/VORNELWorkspaceError.h>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +28,14 @@ void replaceSkillFile(FileSystem &files, const fs::path &path, const QByteArray 
 }
 
 } // namespace
+
+void advanceRevision(SkillManifest &manifest)
+{
+    if (manifest.revision == std::numeric_limits<qint64>::max())
+        throw VORNELWorkspaceError::integrityFailure(u"La révision du skill ne peut plus augmenter."_s);
+    manifest.revision += 1;
+    manifest.updatedAt = currentInstant();
+}
 
 fs::path SkillFolderStore::makeStage() const
 {
@@ -78,8 +87,10 @@ QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slu
 void SkillFolderStore::createSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
 {
     const QString name = QString::number(manifest.revision) + u'-' + uuidText(QUuid::createUuid());
-    SecureFileTree::copyTree(m_files, skillURL, m_config.historyOf(manifest.id) / pathFromText(name),
-                             TreeFilter::all);
+    const fs::path stage = makeStage();
+    SecureFileTree::copyTree(m_files, skillURL, stage, TreeFilter::all);
+    m_files.createFolders(m_config.historyOf(manifest.id));
+    publish(stage, m_config.historyOf(manifest.id) / pathFromText(name));
 }
 
 bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest) const
@@ -93,10 +104,17 @@ bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest) const
     });
 }
 
+void SkillFolderStore::publish(const fs::path &staged, const fs::path &destination) const
+{
+    m_files.flush(staged);
+    m_files.move(staged, destination);
+}
+
 void SkillFolderStore::replaceCanonical(const fs::path &destination, const fs::path &staged) const
 {
     const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + pathText(destination.filename());
     const fs::path recovery = m_config.recovery() / pathFromText(name);
+    m_files.flush(staged);
     m_files.move(destination, recovery);
     try {
         m_files.move(staged, destination);

@@ -6,6 +6,10 @@
 
 namespace vornel {
 
+/// Makes the manifest that of the skill's next revision, changed now. Throws `integrityFailure` at the last
+/// revision that can be counted.
+void advanceRevision(SkillManifest &manifest);
+
 /// Reads and writes the folder of one skill: the staged copy, its files, its history, its swap into place.
 class SkillFolderStore
 {
@@ -33,6 +37,9 @@ public:
 
     /// Whether the history holds a copy of the manifest's revision.
     bool hasSnapshot(const SkillManifest &manifest) const;
+
+    /// Moves a staged folder to a free place, once it is safely on the disk.
+    void publish(const std::filesystem::path &staged, const std::filesystem::path &destination) const;
 
     /// Swaps the folder `staged` into `destination`. Whatever fails, the skill stands whole at `destination`
     /// or, while the swap runs, in the recovery folder.

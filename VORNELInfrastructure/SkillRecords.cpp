@@ -17,11 +17,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-VORNELWorkspaceError failure(const QString &reason)
-{
-    return VORNELWorkspaceError::integrityFailure(reason);
-}
-
 std::vector<std::string> skillFolders(const FileSystem &files, const Folder &directory)
 {
     std::vector<std::string> names;
@@ -54,9 +49,9 @@ QList<SkillRecord> records(const Workspace &workspace, const fs::path &place)
     }
     QList<SkillRecord> all(read.begin(), read.end());
     if (ids.size() < all.size())
-        throw failure(u"Un identifiant de skill est dupliqué."_s);
+        throw VORNELWorkspaceError::integrityFailure(u"Un identifiant de skill est dupliqué."_s);
     if (slugs.size() < all.size())
-        throw failure(u"Un slug de skill est dupliqué."_s);
+        throw VORNELWorkspaceError::integrityFailure(u"Un slug de skill est dupliqué."_s);
     return all;
 }
 
@@ -67,7 +62,8 @@ QList<SkillRecord> activeManifests(const Workspace &workspace)
     QList<SkillRecord> active = records(workspace, workspace.config.skills());
     for (const SkillRecord &record : active) {
         if (record.url.filename() != pathFromText(record.manifest.slug))
-            throw failure(u"Le dossier canonique ne correspond pas au slug du manifeste."_s);
+            throw VORNELWorkspaceError::integrityFailure(
+                u"Le dossier canonique ne correspond pas au slug du manifeste."_s);
     }
     return active;
 }
@@ -77,7 +73,8 @@ QList<SkillRecord> trashedManifests(const Workspace &workspace)
     QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
     for (const SkillRecord &record : trashed) {
         if (record.url.filename() != pathFromText(uuidText(record.manifest.id)))
-            throw failure(u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s);
+            throw VORNELWorkspaceError::integrityFailure(
+                u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s);
     }
     return trashed;
 }
@@ -94,6 +91,13 @@ const SkillRecord &findRecord(const QList<SkillRecord> &records, const QUuid &id
 SkillRecord activeRecord(const Workspace &workspace, const QUuid &id)
 {
     return findRecord(activeManifests(workspace), id);
+}
+
+QList<QUuid> inTextOrder(const QSet<QUuid> &ids)
+{
+    QList<QUuid> ordered(ids.begin(), ids.end());
+    std::ranges::sort(ordered, {}, uuidText);
+    return ordered;
 }
 
 void ensureUnique(const QString &slug, const QList<SkillRecord> &taken)

@@ -29,6 +29,9 @@ const SkillRecord &findRecord(const QList<SkillRecord> &records, const QUuid &id
 /// The active record of this identifier; throws `skillNotFound`.
 SkillRecord activeRecord(const Workspace &workspace, const QUuid &id);
 
+/// Identifiers in the order of their texts, in which several skills are worked through.
+QList<QUuid> inTextOrder(const QSet<QUuid> &ids);
+
 /// Throws `duplicateSlug` when one of `taken` has this slug, whatever the case.
 void ensureUnique(const QString &slug, const QList<SkillRecord> &taken);
 

@@ -2,6 +2,8 @@
 
 #include <VORNELCore/LocaleText.h>
 
+#include <QStringTokenizer>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -26,7 +28,7 @@ Metadata frontmatterMetadata(const QString &text, const QString &slug)
     constexpr QLatin1String nameKey("name:");
     constexpr QLatin1String descriptionKey("description:");
     Metadata found;
-    for (const QStringView line : QStringView(text).split(u'\n')) {
+    for (const QStringView line : qTokenize(text, u'\n')) {
         if (line.startsWith(nameKey))
             found.name = line.sliced(nameKey.size()).trimmed().toString();
         else if (line.startsWith(descriptionKey))

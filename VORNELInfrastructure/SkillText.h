@@ -17,6 +17,10 @@ struct Metadata
     QString summary;
 };
 
+/// The most characters that a name or summary may have to be taken from a text: the manifest must stay small
+/// enough to be read.
+inline constexpr qsizetype longestMetadata = 1'000'000;
+
 /// The values of the last lines that begin with "name:" and "description:", anywhere in the text. Without a
 /// name, one is made from the slug; without a description, the summary is empty.
 Metadata frontmatterMetadata(const QString &text, const QString &slug);

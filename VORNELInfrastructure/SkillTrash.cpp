@@ -6,8 +6,6 @@
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -16,10 +14,8 @@ namespace fs = std::filesystem;
 
 void SkillTrash::moveToTrash(const QSet<QUuid> &ids) const
 {
-    QList<QUuid> ordered(ids.begin(), ids.end());
-    std::ranges::sort(ordered, {}, uuidText);
     const QList<SkillRecord> active = activeManifests(m_workspace);
-    for (const QUuid &id : ordered)
+    for (const QUuid &id : inTextOrder(ids))
         moveToTrash(findRecord(active, id));
 }
 

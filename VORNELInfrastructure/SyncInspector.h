@@ -19,12 +19,13 @@ public:
     SyncState state(const SkillManifest &manifest) const;
 
 private:
-    std::optional<Folder> openIfPresent(const Folder &parent, const std::string &name) const;
-    std::string digest(const Folder &folder) const;
+    /// The assistant's folder; nothing where none can be seen, so that its copies are missing.
+    std::optional<Folder> openTarget(const std::filesystem::path &root) const;
+    std::string digest(const Folder &parent, const std::string &name) const;
 
     const Workspace &m_workspace;
     Folder m_skills;
-    std::vector<std::optional<Folder>> m_targets; ///< the assistants' folders, as far as they exist
+    std::vector<std::optional<Folder>> m_targets;
 };
 
 } // namespace vornel

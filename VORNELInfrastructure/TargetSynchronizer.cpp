@@ -75,17 +75,19 @@ void TargetSynchronizer::installTargetCopy(const SkillRecord &skill, TargetKind 
     SecureFileTree::copyTree(files, skill.url, stage, TreeFilter::excludingManifest);
 
     const fs::path parked = recoveryPlace(u"-"_s, kind, skill.manifest.slug);
-    if (isOccupied)
-        files.move(destination, parked);
+    bool isParked = false;
     try {
+        if (isOccupied)
+            files.move(destination, parked);
+        isParked = isOccupied;
         files.move(stage, destination);
     } catch (...) {
-        if (isOccupied)
+        if (isParked)
             bestEffort([&] { files.move(parked, destination); });
         bestEffort([&] { files.removeTree(stage); });
         throw;
     }
-    if (isOccupied)
+    if (isParked)
         bestEffort([&] { m_store.discard(parked); });
 }
 

@@ -11,14 +11,14 @@ namespace vornel {
 struct WorkspaceMetadata
 {
     Q_GADGET
-    Q_PROPERTY(int schemaVersion MEMBER schemaVersion)
+    Q_PROPERTY(qint64 schemaVersion MEMBER schemaVersion)
     Q_PROPERTY(QUuid workspaceID MEMBER workspaceID)
     Q_PROPERTY(QString displayName MEMBER displayName)
     Q_PROPERTY(QDateTime createdAt MEMBER createdAt)
     Q_PROPERTY(qint64 resourceCopyThresholdBytes MEMBER resourceCopyThresholdBytes)
 
 public:
-    int schemaVersion = 1;
+    qint64 schemaVersion = 1;
     QUuid workspaceID;
     QString displayName;
     QDateTime createdAt;

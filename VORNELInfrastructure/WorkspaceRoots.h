@@ -2,11 +2,13 @@
 
 #include <VORNELCore/WorkspaceLocating.h>
 
-#include <QProcessEnvironment>
-
 #include <filesystem>
+#include <functional>
 
 namespace vornel {
+
+/// The value of an environment variable, null without one.
+using Environment = std::function<const char *(const char *variable)>;
 
 /// The three folders that the program works on.
 struct WorkspaceRoots
@@ -17,9 +19,12 @@ struct WorkspaceRoots
 
     /// The defaults below `home`, each replaced by VORNEL_WORKSPACE_PATH, VORNEL_CLAUDE_SKILLS_PATH or
     /// VORNEL_CODEX_SKILLS_PATH where that holds an absolute path; any other value is passed over.
-    static WorkspaceRoots fromEnvironment(const QProcessEnvironment &environment,
-                                          const std::filesystem::path &home,
+    static WorkspaceRoots fromEnvironment(const Environment &environment, const std::filesystem::path &home,
                                           const WorkspaceLocating &locator);
 };
+
+/// The user's home folder: HOME, or what the system's accounts say. Throws `std::system_error` without
+/// either.
+std::filesystem::path homeFolder(const Environment &environment);
 
 } // namespace vornel

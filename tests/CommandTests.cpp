@@ -149,12 +149,12 @@ TEST_F(Vornelctl, AnswersWrongUsageWithoutTouchingAnything)
           "import --choose a", "sync", "sync --all x", "status --verbose", "list --search", "--claude"}) {
         const Result result = run(line);
         EXPECT_EQ(result.code, 64) << line;
-        EXPECT_TRUE(result.errors.contains("Usage : vornelctl")) << line;
+        EXPECT_TRUE(result.errors.contains("Usage : vornelctl")) << line;
         EXPECT_TRUE(result.output.isEmpty()) << line;
     }
     EXPECT_FALSE(fs::exists(path("ws")));
     EXPECT_EQ(run("--help").code, 0);
-    EXPECT_TRUE(run("import --help").output.startsWith("Usage : vornelctl"));
+    EXPECT_TRUE(run("import --help").output.startsWith("Usage : vornelctl"));
     EXPECT_TRUE(run("--version").output.startsWith("vornelctl "));
     EXPECT_FALSE(fs::exists(path("ws")));
 }

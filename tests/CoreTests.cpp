@@ -145,6 +145,7 @@ TEST(Json, RefusesAManifestOfWhichAnyFieldIsMissingOrWrong)
         {"createdAt", "2026-02-28T09:30:00"},
         {"createdAt", "2026-02-28T09:30:00.5Z"},
         {"createdAt", "2026-02-30T09:30:00Z"},
+        {"createdAt", "9999-12-31T23:59:59-10:00"},
     };
     for (const auto &[key, text] : unacceptable) {
         QJsonObject object = good;
@@ -228,10 +229,13 @@ TEST(CategoryRules, MakeIdentifiersNamesAndColours)
 
 TEST(Roots, ComeFromAbsoluteVariablesOnly)
 {
-    QProcessEnvironment environment;
-    environment.insert(u"VORNEL_WORKSPACE_PATH"_s, u"relative/dir"_s);
-    environment.insert(u"VORNEL_CLAUDE_SKILLS_PATH"_s, u"/tmp/w/..//x/"_s);
-    environment.insert(u"VORNEL_CODEX_SKILLS_PATH"_s, QString());
+    const std::map<std::string, const char *> variables{{"VORNEL_WORKSPACE_PATH", "relative/dir"},
+                                                        {"VORNEL_CLAUDE_SKILLS_PATH", "/tmp/w/..//x/"},
+                                                        {"VORNEL_CODEX_SKILLS_PATH", ""}};
+    const Environment environment = [&variables](const char *variable) {
+        const auto found = variables.find(variable);
+        return found == variables.end() ? nullptr : found->second;
+    };
     const WorkspaceRoots roots =
         WorkspaceRoots::fromEnvironment(environment, "/home/u", DefaultWorkspaceLocator("/home/u"));
     EXPECT_EQ(roots.workspace, "/home/u/VORNEL");

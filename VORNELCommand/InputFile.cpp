@@ -1,0 +1,50 @@
+#include "InputFile.h"
+
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELInfrastructure/FileSystem.h>
+#include <VORNELInfrastructure/SkillFiles.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+QByteArray readToEnd(const Descriptor &input, const fs::path &path)
+{
+    QByteArray bytes;
+    std::array<char, 64 * 1024> buffer;
+    while (true) {
+        const ssize_t count = ::read(input.fd(), buffer.data(), buffer.size());
+        if (count < 0 && errno != EINTR)
+            throw fs::filesystem_error("read", path, std::error_code(errno, std::system_category()));
+        if (count == 0)
+            return bytes;
+        bytes.append(buffer.data(), std::max<ssize_t>(count, 0));
+        if (bytes.size() > SkillFiles::sizeLimit)
+            throw fs::filesystem_error("read", path, std::make_error_code(std::errc::file_too_large));
+    }
+}
+
+} // namespace
+
+QString textOfFile(const QString &name)
+{
+    const fs::path path = pathFromText(name);
+    const Descriptor input(name == u"-" ? ::dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (input.fd() < 0)
+        throw fs::filesystem_error("open", path, std::error_code(errno, std::system_category()));
+    const auto text = textFromUtf8(readToEnd(input, path));
+    if (!text)
+        throw fs::filesystem_error("decode", path, std::make_error_code(std::errc::illegal_byte_sequence));
+    return *text;
+}
+
+} // namespace vornel

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace vornel {
+
+/// The text of a file, byte for byte; "-" is standard input. Throws `std::filesystem::filesystem_error` when
+/// it can't be read, is larger than a skill's file may be, or isn't UTF-8.
+QString textOfFile(const QString &name);
+
+} // namespace vornel

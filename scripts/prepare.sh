@@ -1,0 +1,40 @@
+# Sourced by the scripts at the root: sees to the Debian packages, and builds.
+
+build_packages="cmake g++ ninja-build libssl-dev qt6-base-dev"
+test_packages="$build_packages libgtest-dev"
+check_packages="$test_packages clang-format clang-tidy-16 libbenchmark-dev"
+benchmark_packages="$build_packages diffutils libbenchmark-dev openssl python3 rsync"
+
+# Installs those of the named packages that are missing, or says which to install.
+require() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        as_root=(sudo)
+    fi
+    if ! command -v apt-get >/dev/null || { [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; }; then
+        echo "Installez d’abord ces paquets (noms Debian) : ${missing[*]}" >&2
+        exit 1
+    fi
+    echo "Installation : ${missing[*]}" >&2
+    "${as_root[@]}" apt-get update -q >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
+}
+
+# Configures a preset and builds it; what it prints is shown only when it fails.
+build_quietly() {
+    local preset=$1 log
+    shift
+    log=$(mktemp)
+    if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
+        cat "$log" >&2
+        rm -f "$log"
+        exit 1
+    fi
+    rm -f "$log"
+}
