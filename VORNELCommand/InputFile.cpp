@@ -20,7 +20,7 @@ namespace {
 QByteArray readToEnd(const Descriptor &input, const fs::path &path)
 {
     QByteArray bytes;
-    std::array<char, 64 * 1024> buffer;
+    std::array<char, 64UL * 1024> buffer;
     while (true) {
         const ssize_t count = ::read(input.fd(), buffer.data(), buffer.size());
         if (count < 0 && errno != EINTR)

@@ -118,13 +118,13 @@ void showProgress(const QString &label, int done, int total)
     std::fflush(stderr);
 }
 
-void followProgress(const QString &label, const QFuture<void> &progress)
+void followProgress(const QString &label, const QFuture<void> &work)
 {
     constexpr std::chrono::milliseconds interval{50};
     if (!showsProgress())
         return;
-    while (!progress.isFinished()) {
-        showProgress(label, progress.progressValue(), progress.progressMaximum());
+    while (!work.isFinished()) {
+        showProgress(label, work.progressValue(), work.progressMaximum());
         std::this_thread::sleep_for(interval);
     }
     showProgress(label, 1, 1);

@@ -76,7 +76,7 @@ QVariant decodeList(const QJsonValue &value, QMetaType type)
     QVariant list(type);
     auto elements = list.view<QSequentialIterable>();
     const QMetaType elementType = elements.metaContainer().valueMetaType();
-    for (const QJsonValue &item : value.toArray()) {
+    for (const auto item : value.toArray()) {
         const QVariant element = decode(item, elementType);
         if (!element.isValid())
             return {};

@@ -75,12 +75,12 @@ QString IntegrityFailure::message() const
     return u"Échec d’intégrité : "_s + reason;
 }
 
-QString NotBootstrapped::message() const
+QString NotBootstrapped::message()
 {
     return u"Le workspace "_s + VORNELProduct::name + u" n’est pas initialisé."_s;
 }
 
-QString ImportPlanNotFound::message() const
+QString ImportPlanNotFound::message()
 {
     return u"Le plan d’import n’existe plus."_s;
 }

@@ -114,14 +114,14 @@ struct IntegrityFailure
 struct NotBootstrapped
 {
     static constexpr const char *name = "notBootstrapped";
-    QString message() const;
+    static QString message();
     bool operator==(const NotBootstrapped &) const = default;
 };
 
 struct ImportPlanNotFound
 {
     static constexpr const char *name = "importPlanNotFound";
-    QString message() const;
+    static QString message();
     bool operator==(const ImportPlanNotFound &) const = default;
 };
 

@@ -48,7 +48,7 @@ QByteArray readFile(const FileSystem &files, const fs::path &path, std::int64_t 
 
 void readWhole(const FileSystem &files, const File &file, const std::function<void(QByteArrayView)> &sink)
 {
-    std::array<char, 64 * 1024> buffer;
+    std::array<char, 64UL * 1024> buffer;
     for (std::int64_t offset = 0; offset < file.size;) {
         const auto left = static_cast<std::size_t>(file.size - offset);
         const std::size_t count =

@@ -110,18 +110,18 @@ SkillRecord ImportCommit::addToLibrary(const ImportCandidate &candidate) const
         const SkillText::Metadata metadata =
             SkillText::frontmatterMetadata(m_store.readSkillMD(stage, candidate.slug), candidate.slug);
         const QDateTime now = currentInstant();
-        const SkillRecord skill{{.schemaVersion = 1,
-                                 .id = QUuid::createUuid(),
-                                 .slug = candidate.slug,
-                                 .displayName = metadata.name,
-                                 .summary = metadata.summary,
-                                 .category = SkillCategory::otherID,
-                                 .tags = {},
-                                 .maturity = Maturity::active,
-                                 .revision = 1,
-                                 .createdAt = now,
-                                 .updatedAt = now},
-                                m_workspace.config.canonical(candidate.slug)};
+        SkillRecord skill{{.schemaVersion = 1,
+                           .id = QUuid::createUuid(),
+                           .slug = candidate.slug,
+                           .displayName = metadata.name,
+                           .summary = metadata.summary,
+                           .category = SkillCategory::otherID,
+                           .tags = {},
+                           .maturity = Maturity::active,
+                           .revision = 1,
+                           .createdAt = now,
+                           .updatedAt = now},
+                          m_workspace.config.canonical(candidate.slug)};
         m_store.writeManifest(skill.manifest, stage);
         m_store.publish(stage, skill.url);
         m_store.createSnapshot(skill.manifest, skill.url);

@@ -172,7 +172,7 @@ Folder PosixFileSystem::openFolder(const Folder &parent, const std::string &name
 std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
 {
     std::vector<FolderEntry> entries;
-    alignas(dirent64) std::array<char, 32 * 1024> buffer;
+    alignas(dirent64) std::array<char, 32UL * 1024> buffer; // NOLINT(*-member-init): filled below
     const int fd = folder.descriptor.fd();
     while (true) {
         const ssize_t size = ::getdents64(fd, buffer.data(), buffer.size());
@@ -301,23 +301,23 @@ void PosixFileSystem::removeTree(const fs::path &path)
     removeEntry(*this, openFolder(path.parent_path()), path.filename().native());
 }
 
-Folder PosixFileSystem::lock(const fs::path &path, LockMode mode) const
+Folder PosixFileSystem::lock(const fs::path &folder, LockMode mode) const
 {
     constexpr std::chrono::seconds longestWait{10};
     constexpr std::chrono::milliseconds pause{5};
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
     const int operation = (mode == LockMode::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
 
-    Folder folder = openFolder(path);
-    while (::flock(folder.descriptor.fd(), operation) != 0) {
+    Folder locked = openFolder(folder);
+    while (::flock(locked.descriptor.fd(), operation) != 0) {
         if (errno != EWOULDBLOCK && errno != EINTR)
-            fail("lock", path);
+            fail("lock", folder);
         if (std::chrono::steady_clock::now() >= deadline)
             throw VORNELWorkspaceError::integrityFailure(
                 u"Le workspace est occupé par un autre programme."_s);
         std::this_thread::sleep_for(pause);
     }
-    return folder;
+    return locked;
 }
 
 } // namespace vornel

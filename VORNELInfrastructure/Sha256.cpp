@@ -42,14 +42,14 @@ EVP_MD_CTX *threadContext()
 
 } // namespace
 
-Sha256::Sha256()
+Sha256::Sha256() : m_context(threadContext())
 {
-    require(EVP_DigestInit_ex2(threadContext(), sha256(), nullptr));
+    require(EVP_DigestInit_ex2(m_context, sha256(), nullptr));
 }
 
 void Sha256::update(QByteArrayView bytes)
 {
-    require(EVP_DigestUpdate(threadContext(), bytes.data(), static_cast<size_t>(bytes.size())));
+    require(EVP_DigestUpdate(m_context, bytes.data(), static_cast<size_t>(bytes.size())));
 }
 
 std::string Sha256::finish()
@@ -57,7 +57,7 @@ std::string Sha256::finish()
     static constexpr std::string_view hexDigits = "0123456789abcdef";
     std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
     unsigned int size = 0;
-    require(EVP_DigestFinal_ex(threadContext(), digest.data(), &size));
+    require(EVP_DigestFinal_ex(m_context, digest.data(), &size));
 
     std::string text(2UL * size, '0');
     char *next = text.data();

@@ -95,7 +95,7 @@ std::vector<std::string> libraryFiles()
 void hashFiles(const std::vector<std::string> &files, std::atomic<std::size_t> &next)
 {
     BareHash hash;
-    std::array<char, 64 * 1024> buffer;
+    std::array<char, 64UL * 1024> buffer;
     for (std::size_t index = next++; index < files.size(); index = next++) {
         const int fd = ::open(files[index].c_str(), O_RDONLY | O_CLOEXEC);
         for (ssize_t size = 0; (size = ::read(fd, buffer.data(), buffer.size())) > 0;)

@@ -137,6 +137,22 @@ TEST_F(Vornelctl, NamesItsFailures)
               u"invalidPath"_s);
     EXPECT_EQ(run("create x --name x --file absent --json").error()[u"error"], u"fileSystem"_s);
     EXPECT_EQ(run("create x --name x --file - --json", "caf\xE9").error()[u"error"], u"fileSystem"_s);
+    EXPECT_EQ(run("create x --name x --file - --json", QByteArray(26'214'401, 'x')).error()[u"error"],
+              u"fileSystem"_s);
+    EXPECT_TRUE(run("create x --name x --file .").errors.startsWith("C’est un dossier"));
+
+    ASSERT_EQ(run("create a --name A").code, 0);
+    ASSERT_EQ(run("create b --name B").code, 0);
+    fs::remove_all(path("codex"));
+    write("codex", "a file stands where the folder should");
+    const Result partial = run("sync a b");
+    EXPECT_EQ(partial.code, 2);
+    EXPECT_EQ(partial.errors.count("Synchronisation incomplète : codex."), 2) << partial.errors.constData();
+    fs::remove(path("codex"));
+    const char *likeAnIdentifier = "create 0c9af7b6-0000-4000-8000-000000000000 --name x";
+    EXPECT_EQ(run(likeAnIdentifier).code, 0);
+    EXPECT_EQ(run("show 0c9af7b6-0000-4000-8000-000000000000").code, 0);
+
     write("ws/.vornel/workspace.json", "broken");
     EXPECT_EQ(run("--json status").error()[u"error"], u"integrityFailure"_s);
 }

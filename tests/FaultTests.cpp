@@ -1,6 +1,8 @@
 #include "FaultyFileSystem.h"
 #include "Scratch.h"
 
+#include <VORNELCore/SerializedForms.h>
+
 #include <iostream>
 
 using namespace Qt::StringLiterals;
@@ -77,7 +79,18 @@ private:
         EXPECT_EQ(bytesOf(m_workspace.path("workspace/skills/demo/reference/file")), "extra");
         EXPECT_EQ(m_workspace.stateOf(u"bystander"_s), SyncState::inSync);
         EXPECT_TRUE(m_workspace.names("workspace/.vornel/staging").empty());
+        checkHistory();
         EXPECT_EQ(m_workspace.service->synchronize(m_id).result().syncState, SyncState::inSync);
+    }
+
+    /// Whatever the history holds must be whole: it is what the next change relies on.
+    void checkHistory()
+    {
+        const fs::path history = m_workspace.path("workspace/.vornel/history") / uuidText(m_id).toStdString();
+        for (const fs::directory_entry &revision : fs::directory_iterator(history)) {
+            for (const char *file : {"SKILL.md", "vornel.json"})
+                EXPECT_TRUE(fs::exists(revision.path() / file)) << revision.path();
+        }
     }
 
     std::shared_ptr<FaultyFileSystem> m_files;

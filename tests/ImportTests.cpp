@@ -79,18 +79,20 @@ TEST_F(Import, SaysWhyAFolderIsBlocked)
     write("claude/pipe/SKILL.md", "x");
     ASSERT_EQ(::mkfifo(path("claude/pipe/pipe").c_str(), 0600), 0);
     write("claude/latin/SKILL.md", "caf\xE9");
+    write("claude/long/SKILL.md", "description: " + std::string(1'000'001, '"'));
     write("claude/reserved/SKILL.md", "x");
     write("claude/reserved/.vornel/x", "x");
 
     QStringList blocked;
     for (const BlockedImport &entry : scan().blocked)
         blocked.append(entry.name + u':' + rawValue(entry.source) + u':' + entry.reason);
-    EXPECT_EQ(blocked.join(u' '), u"Bad_Name:claude:invalidPath Bad_Name:codex:invalidPath "_s
-                                  u"caf\uFFFD:claude:invalidPath empty:claude:missingSkillFile "_s
-                                  u"folder:claude:missingSkillFile inner-link:claude:symlinkUnsupported "_s
-                                  u"latin:claude:unreadable linked:codex:symlinkUnsupported "_s
-                                  u"odd-name:claude:unsafeContent pipe:claude:unsafeContent "_s
-                                  u"reserved:claude:unreadable"_s);
+    EXPECT_EQ(blocked.join(u' '),
+              u"Bad_Name:claude:invalidPath Bad_Name:codex:invalidPath "_s
+              u"caf\uFFFD:claude:invalidPath empty:claude:missingSkillFile "_s
+              u"folder:claude:missingSkillFile inner-link:claude:symlinkUnsupported "_s
+              u"latin:claude:unreadable linked:codex:symlinkUnsupported "_s
+              u"long:claude:unsafeContent odd-name:claude:unsafeContent pipe:claude:unsafeContent "_s
+              u"reserved:claude:unreadable"_s);
     EXPECT_TRUE(scan().candidates.isEmpty());
     fs::remove_all(path("claude"));
     fs::create_directory_symlink(path("codex"), path("claude"));

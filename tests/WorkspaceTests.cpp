@@ -107,6 +107,14 @@ TEST_F(Bootstrap, RefusesRootsThatAreLinksAndFollowsLinksAboveThem)
               refused("other/skills"));
 }
 
+TEST_F(Bootstrap, FailsClearlyWhereNothingCanBeCreated)
+{
+    const fs::path file = write("file", "x");
+    for (const fs::path &root : {fs::path("/proc/nowhere/ws"), file, file / "ws"})
+        EXPECT_THROW(bootstrap(root, path("claude"), path("codex")), fs::filesystem_error) << root;
+    EXPECT_EQ(bytesOf(file), "x");
+}
+
 TEST_F(Bootstrap, RefusesBrokenFilesOfTheWorkspace)
 {
     bootstrap();
@@ -175,11 +183,14 @@ TEST_F(Bootstrap, PutsRightWhatACrashLeft)
     write(recovery + "-removed-claude-kept/SKILL.md", "x");
     write(recovery + "-codex-kept/SKILL.md", "x");
     write("ws/.vornel/staging/" + uuidText(id).toStdString() + "/SKILL.md", "x");
+    write("claude/." + uuidText(id).toStdString() + ".tmp/SKILL.md", "a move that was cut short");
+    write("claude/.kept.tmp", "x");
 
     const WorkspaceOverview overview = bootstrap();
     ASSERT_EQ(overview.skills.size(), 1);
     EXPECT_EQ(overview.skills.first().revision, 4);
     EXPECT_TRUE(names("ws/.vornel/staging").empty());
+    EXPECT_EQ(names("claude"), std::vector<std::string>{".kept.tmp"});
     EXPECT_EQ(names("ws/.vornel/recovery").size(), 5U) << "only the folder that was missing may leave";
 }
 
