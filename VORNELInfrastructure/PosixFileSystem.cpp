@@ -172,7 +172,7 @@ Folder PosixFileSystem::openFolder(const Folder &parent, const std::string &name
 std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
 {
     std::vector<FolderEntry> entries;
-    alignas(dirent64) std::array<char, 32UL * 1024> buffer; // NOLINT(*-member-init): filled below
+    alignas(dirent64) std::array<char, 32UL * 1024> buffer;
     const int fd = folder.descriptor.fd();
     while (true) {
         const ssize_t size = ::getdents64(fd, buffer.data(), buffer.size());

@@ -25,7 +25,7 @@ namespace {
 constexpr int deepestLevel = 100;
 
 /// From this size on, the files of a folder are hashed side by side.
-constexpr std::int64_t largeFile = 1024 * 1024;
+constexpr std::int64_t largeFile = 1'048'576;
 
 VORNELWorkspaceError unsafe(const std::string &relativePath)
 {
@@ -174,46 +174,21 @@ FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFil
     return walk.finish(root.path);
 }
 
-struct SplitPath
-{
-    std::string folder;
-    std::string name;
-};
-
-SplitPath split(const std::string &relativePath)
-{
-    const std::size_t slash = relativePath.rfind('/');
-    if (slash == std::string::npos)
-        return {"", relativePath};
-    return {relativePath.substr(0, slash), relativePath.substr(slash + 1)};
-}
-
-/// Opens a folder of the tree level by level, so that no link can lead out of it.
-Folder openBelow(const FileSystem &files, const fs::path &top, const std::string &relativePath)
-{
-    Folder folder = files.openFolder(top);
-    if (relativePath.empty())
-        return folder;
-    for (const fs::path &component : fs::path(relativePath))
-        folder = files.openFolder(folder, component.native());
-    return folder;
-}
-
 void copyEntry(FileSystem &files, const fs::path &source, const fs::path &destination, const Entry &entry)
 {
-    const SplitPath place = split(entry.relativePath);
-    const Folder to = openBelow(files, destination, place.folder);
+    const fs::path path = entry.relativePath;
+    const Folder to = files.openFolder(destination / path.parent_path());
     if (entry.kind == Entry::Kind::directory) {
-        files.createFolder(to, place.name);
+        files.createFolder(to, path.filename());
         return;
     }
     const Folder from =
-        openedInTree(entry.relativePath, [&] { return openBelow(files, source, place.folder); });
-    const File file = openFile(files, from, place.name, entry.relativePath);
+        openedInTree(entry.relativePath, [&] { return files.openFolder(source / path.parent_path()); });
+    const File file = openFile(files, from, path.filename(), entry.relativePath);
     QByteArray content;
     content.reserve(file.size);
     readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });
-    files.createFile(to, place.name, content);
+    files.createFile(to, path.filename(), content);
 }
 
 } // namespace
