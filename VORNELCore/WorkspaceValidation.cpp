@@ -3,7 +3,6 @@
 #include "VORNELWorkspaceError.h"
 
 #include <algorithm>
-#include <ranges>
 #include <string_view>
 
 namespace vornel::WorkspaceValidation {
@@ -26,8 +25,12 @@ void validateRelativePath(QUtf8StringView path)
 {
     const std::string_view text(path.data(), static_cast<size_t>(path.size()));
     const auto hasComponent = [text](std::string_view name) {
-        return std::ranges::any_of(std::views::split(text, '/'),
-                                   [name](auto component) { return std::ranges::equal(component, name); });
+        for (std::size_t at = text.find(name); at != std::string_view::npos; at = text.find(name, at + 1)) {
+            const std::size_t end = at + name.size();
+            if ((at == 0 || text[at - 1] == '/') && (end == text.size() || text[end] == '/'))
+                return true;
+        }
+        return false;
     };
 
     if (text.empty())

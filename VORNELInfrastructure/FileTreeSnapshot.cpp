@@ -2,16 +2,11 @@
 
 #include "SkillFiles.h"
 
-#include <algorithm>
-#include <ranges>
-
 namespace vornel {
 
 bool includes(TreeFilter filter, std::string_view relativePath)
 {
-    const bool hidden = std::ranges::any_of(std::views::split(relativePath, '/'), [](auto component) {
-        return !component.empty() && component.front() == '.';
-    });
+    const bool hidden = relativePath.starts_with('.') || relativePath.find("/.") != std::string_view::npos;
     const std::string_view name = relativePath.substr(relativePath.rfind('/') + 1);
     return !hidden && (filter == TreeFilter::all || name != SkillFiles::manifest);
 }

@@ -8,6 +8,8 @@
 #include <VORNELCore/WorkspaceValidation.h>
 
 #include <algorithm>
+#include <iterator>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +37,7 @@ QList<SkillRecord> records(const Workspace &workspace, const fs::path &place)
 {
     const SkillFolderStore store(workspace);
     const Folder directory = workspace.files.openFolder(place);
-    const auto read = parallelMap(skillFolders(workspace.files, directory), [&](const std::string &name) {
+    auto read = parallelMap(skillFolders(workspace.files, directory), [&](const std::string &name) {
         SkillRecord record{store.readManifest(directory, name), place / name};
         WorkspaceValidation::validateSlug(record.manifest.slug);
         return record;
@@ -47,7 +49,7 @@ QList<SkillRecord> records(const Workspace &workspace, const fs::path &place)
         ids.insert(record.manifest.id);
         slugs.insert(record.manifest.slug);
     }
-    QList<SkillRecord> all(read.begin(), read.end());
+    QList<SkillRecord> all(std::move_iterator(read.begin()), std::move_iterator(read.end()));
     if (ids.size() < all.size())
         throw VORNELWorkspaceError::integrityFailure(u"Un identifiant de skill est dupliqué."_s);
     if (slugs.size() < all.size())
@@ -55,13 +57,19 @@ QList<SkillRecord> records(const Workspace &workspace, const fs::path &place)
     return all;
 }
 
+std::string_view folderName(const SkillRecord &record)
+{
+    const std::string_view url = record.url.native();
+    return url.substr(url.rfind('/') + 1);
+}
+
 } // namespace
 
 QList<SkillRecord> activeManifests(const Workspace &workspace)
 {
-    QList<SkillRecord> active = records(workspace, workspace.config.skills());
+    const QList<SkillRecord> active = records(workspace, workspace.config.skills());
     for (const SkillRecord &record : active) {
-        if (record.url.filename() != pathFromText(record.manifest.slug))
+        if (folderName(record) != record.manifest.slug.toStdString())
             throw VORNELWorkspaceError::integrityFailure(
                 u"Le dossier canonique ne correspond pas au slug du manifeste."_s);
     }
@@ -70,9 +78,9 @@ QList<SkillRecord> activeManifests(const Workspace &workspace)
 
 QList<SkillRecord> trashedManifests(const Workspace &workspace)
 {
-    QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
+    const QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
     for (const SkillRecord &record : trashed) {
-        if (record.url.filename() != pathFromText(uuidText(record.manifest.id)))
+        if (folderName(record) != uuidText(record.manifest.id).toStdString())
             throw VORNELWorkspaceError::integrityFailure(
                 u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s);
     }

@@ -2,13 +2,30 @@
 
 #include "SecureFileTree.h"
 
+#include <VORNELCore/VORNELWorkspaceError.h>
+
 namespace vornel {
+
+namespace {
+
+std::string contentDigest(const FileSystem &files, const Folder &parent, const std::string &name)
+{
+    return SecureFileTree::snapshot(files, parent, name, TreeFilter::excludingManifest).digest;
+}
+
+} // namespace
 
 SyncInspector::SyncInspector(const Workspace &workspace)
     : m_workspace(workspace), m_skills(workspace.files.openFolder(workspace.config.skills()))
 {
-    for (const TargetKind kind : allCases<TargetKind>())
-        m_targets.push_back(openTarget(workspace.config.target(kind)));
+    for (const TargetKind kind : allCases<TargetKind>()) {
+        Target &target = m_targets.emplace_back();
+        try {
+            target.folder = openTarget(workspace.config.target(kind));
+        } catch (const VORNELWorkspaceError &) {
+            target.failure = std::current_exception();
+        }
+    }
 }
 
 std::optional<Folder> SyncInspector::openTarget(const std::filesystem::path &root) const
@@ -29,23 +46,33 @@ SyncState SyncInspector::state(const SkillManifest &manifest) const
         return SyncState::failed;
 
     const std::string name = manifest.slug.toStdString();
-    const std::string canonical = digest(m_skills, name);
+    const std::string canonical = contentDigest(m_workspace.files, m_skills, name);
     bool isMissing = false;
     bool hasDrifted = false;
-    for (const std::optional<Folder> &target : m_targets) {
-        if (!target || !m_workspace.files.kindAt(*target, name))
+    for (const Target &target : m_targets) {
+        if (target.failure)
+            std::rethrow_exception(target.failure);
+        if (!target.folder)
             isMissing = true;
+        else if (hasDrifted)
+            isMissing = isMissing || !m_workspace.files.kindAt(*target.folder, name);
+        else if (const std::optional<std::string> copy = digest(*target.folder, name))
+            hasDrifted = copy != canonical;
         else
-            hasDrifted = hasDrifted || digest(*target, name) != canonical;
+            isMissing = true;
     }
     if (isMissing)
         return SyncState::missing;
     return hasDrifted ? SyncState::drifted : SyncState::inSync;
 }
 
-std::string SyncInspector::digest(const Folder &parent, const std::string &name) const
-{
-    return SecureFileTree::snapshot(m_workspace.files, parent, name, TreeFilter::excludingManifest).digest;
+std::optional<std::string> SyncInspector::digest(const Folder &parent, const std::string &name) const
+try {
+    return contentDigest(m_workspace.files, parent, name);
+} catch (const std::filesystem::filesystem_error &error) {
+    if (error.code() == std::errc::no_such_file_or_directory && !m_workspace.files.kindAt(parent, name))
+        return std::nullopt;
+    throw;
 }
 
 } // namespace vornel

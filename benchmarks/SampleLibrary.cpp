@@ -1,5 +1,5 @@
-/// Fills a folder with skills like real ones: about five files each, sizes log-normal around a few kilobytes,
-/// the same at every run.
+/// Fills a folder with skills like real ones: about five files each, those beyond the fourth in a subfolder,
+/// sizes log-normal around a few kilobytes. The same at every run.
 
 #include <algorithm>
 #include <charconv>
@@ -22,13 +22,14 @@ public:
 
     void write(int number)
     {
+        constexpr int filesBesideTheText = 3;
         const fs::path skill = m_folder / ("skill-" + std::to_string(number));
-        fs::create_directories(skill / "reference");
         writeFile(skill / "SKILL.md", "---\nname: Skill " + std::to_string(number) +
                                           "\ndescription: A sample of a skill\n---\n\n");
         const int further = std::uniform_int_distribution(2, 6)(m_random);
         for (int file = 0; file < further; ++file)
-            writeFile(skill / (file % 2 == 0 ? "reference" : ".") / ("part-" + std::to_string(file) + ".md"),
+            writeFile(skill / (file < filesBesideTheText ? "." : "reference") /
+                          ("part-" + std::to_string(file) + ".md"),
                       "# Part\n\n");
     }
 
@@ -36,6 +37,7 @@ private:
     void writeFile(const fs::path &path, std::string text)
     {
         constexpr double largest = 2'000'000;
+        fs::create_directories(path.parent_path());
         const auto size = static_cast<std::size_t>(std::min(m_size(m_random), largest));
         while (text.size() < size)
             text += static_cast<char>(m_letter(m_random));
@@ -44,7 +46,7 @@ private:
 
     fs::path m_folder;
     std::mt19937 m_random{20'260'228}; // NOLINT(cert-msc51-cpp): the same library at every run
-    std::lognormal_distribution<double> m_size{8.4, 1.3};
+    std::lognormal_distribution<double> m_size{8.47, 1.3};
     std::uniform_int_distribution<int> m_letter{' ', '~'};
 };
 
