@@ -150,6 +150,9 @@ ImportPlan resolveCollisions(const Session &session, ImportPlan plan)
         else
             undecided.append(collision.slug);
     }
+    // A command that is repeated names collisions that are settled and in the library by now.
+    for (const SkillSummary &skill : session.overview.skills)
+        choices.remove(skill.slug);
     if (!choices.isEmpty())
         throw CommandFailure(u"collisionNotFound"_s,
                              u"Collision d’import introuvable : "_s + choices.begin().key());

@@ -84,6 +84,14 @@ void removeUnfinishedParts(const Workspace &workspace)
 
 } // namespace
 
+void discardParkedFolders(const Workspace &workspace, const QUuid &id)
+{
+    for (const SkillRecord &parked : parkedCanonicalFolders(workspace)) {
+        if (parked.manifest.id == id)
+            SkillFolderStore(workspace).discard(parked.url);
+    }
+}
+
 void recoverFromCrash(const Workspace &workspace)
 {
     bringBackSwappedFolders(workspace);

@@ -8,4 +8,7 @@ namespace vornel {
 /// recovery folder, and abandoned staging folders are removed. Copies that only the user can judge stay.
 void recoverFromCrash(const Workspace &workspace);
 
+/// Deletes what interrupted swaps left of a skill, so that it can't come back once it is deleted for good.
+void discardParkedFolders(const Workspace &workspace, const QUuid &id);
+
 } // namespace vornel

@@ -9,9 +9,9 @@
 
 namespace vornel {
 
-/// Calls `work` for every index below `count`, on all cores. The caller works too, and helpers join only
-/// while they are idle, so calls may be nested. When some throw, the exception of the lowest index is thrown
-/// once all that began has ended; indexes above it may be left out.
+/// Calls `work` for every index below `count`, on up to eight cores. The caller works too, and helpers join
+/// only while they are idle, so calls may be nested. When some throw, the exception of the lowest index is
+/// thrown once all that began has ended; indexes above it may be left out.
 void parallelFor(std::size_t count, const std::function<void(std::size_t)> &work);
 
 /// `function` applied to every item as `parallelFor` does, the results in the order of the items.

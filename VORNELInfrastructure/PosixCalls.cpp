@@ -116,16 +116,45 @@ void awaitWritten(const FileSystem &files, const Folder &folder)
         fail("sync", folder.path);
 }
 
+namespace {
+
+/// Empties a folder some levels deep. Folders below that are lifted to `top`, so that however deep a tree is,
+/// few descriptors remove it. Returns whether any was lifted.
+bool emptyFolder(const FileSystem &files, const Folder &top, const Folder &folder, int level = 1)
+{
+    constexpr int deepestLevel = 100;
+    bool hasLifted = false;
+    for (const FolderEntry &entry : files.list(folder)) {
+        const int fd = folder.descriptor.fd();
+        if (::unlinkat(fd, entry.name.c_str(), 0) == 0)
+            continue;
+        if (errno != EISDIR)
+            fail("remove", folder.path + '/' + entry.name);
+        if (level == deepestLevel) {
+            if (::renameat(fd, entry.name.c_str(), top.descriptor.fd(), temporaryName().c_str()) != 0)
+                fail("rename", folder.path + '/' + entry.name);
+            hasLifted = true;
+            continue;
+        }
+        hasLifted |= emptyFolder(files, top, files.openFolder(folder, entry.name), level + 1);
+        if (::unlinkat(fd, entry.name.c_str(), AT_REMOVEDIR) != 0)
+            fail("remove", folder.path + '/' + entry.name);
+    }
+    return hasLifted;
+}
+
+} // namespace
+
 void removeEntry(const FileSystem &files, const Folder &folder, const std::string &name)
 {
     if (::unlinkat(folder.descriptor.fd(), name.c_str(), 0) == 0)
         return;
     if (errno != EISDIR)
         fail("remove", folder.path + '/' + name);
-    {
-        const Folder inner = files.openFolder(folder, name);
-        for (const FolderEntry &entry : files.list(inner))
-            removeEntry(files, inner, entry.name);
+    bool isEmpty = false;
+    while (!isEmpty) {
+        const Folder top = files.openFolder(folder, name);
+        isEmpty = !emptyFolder(files, top, top);
     }
     if (::unlinkat(folder.descriptor.fd(), name.c_str(), AT_REMOVEDIR) != 0)
         fail("remove", folder.path + '/' + name);

@@ -1,6 +1,7 @@
 #include "SkillTrash.h"
 
 #include "BestEffort.h"
+#include "CrashRecovery.h"
 #include "TargetSynchronizer.h"
 
 #include <VORNELCore/SerializedForms.h>
@@ -22,13 +23,20 @@ void SkillTrash::moveToTrash(const QSet<QUuid> &ids) const
 void SkillTrash::moveToTrash(const SkillRecord &skill) const
 {
     // The trash, like the library, holds a slug once: a second one would make every overview fail.
-    ensureUnique(skill.manifest.slug, trashedManifests(m_workspace));
+    ensureUnique(skill.manifest.slug, trashedBut(skill.manifest.id));
     TargetSynchronizer(m_workspace).removeCopies(skill);
     const fs::path destination = m_workspace.config.trashed(skill.manifest.id);
     if (m_workspace.files.kindAt(destination))
         throw VORNELWorkspaceError::integrityFailure(u"Le skill existe déjà dans la corbeille."_s);
     m_workspace.files.move(skill.url, destination);
     m_workspace.failedSyncTargets.remove(skill.manifest.id);
+}
+
+QList<SkillRecord> SkillTrash::trashedBut(const QUuid &id) const
+{
+    QList<SkillRecord> others = trashedManifests(m_workspace);
+    others.removeIf([&id](const SkillRecord &record) { return record.manifest.id == id; });
+    return others;
 }
 
 void SkillTrash::restore(const QUuid &id) const
@@ -41,10 +49,8 @@ void SkillTrash::restore(const QUuid &id) const
     if (manifest.id != id)
         throw VORNELWorkspaceError::integrityFailure(
             u"L’identifiant de la corbeille ne correspond pas au manifeste."_s);
-    QList<SkillRecord> others = trashedManifests(m_workspace);
-    others.removeIf([&id](const SkillRecord &record) { return record.manifest.id == id; });
     ensureUnique(manifest.slug, activeManifests(m_workspace));
-    ensureUnique(manifest.slug, others);
+    ensureUnique(manifest.slug, trashedBut(id));
 
     manifest.updatedAt = currentInstant();
     m_store.writeManifest(manifest, source);
@@ -75,6 +81,7 @@ void SkillTrash::empty() const
 void SkillTrash::remove(const QUuid &id) const
 {
     m_workspace.failedSyncTargets.remove(id);
+    discardParkedFolders(m_workspace, id);
     m_store.discard(m_workspace.config.trashed(id));
     if (m_workspace.files.kindAt(m_workspace.config.historyOf(id)))
         m_store.discard(m_workspace.config.historyOf(id));

@@ -23,6 +23,9 @@ private:
     void moveToTrash(const SkillRecord &skill) const;
     void remove(const QUuid &id) const;
 
+    /// The skills in the trash, without the one of this identifier.
+    QList<SkillRecord> trashedBut(const QUuid &id) const;
+
     const Workspace &m_workspace;
     SkillFolderStore m_store;
 };

@@ -80,7 +80,7 @@ void TargetSynchronizer::installTargetCopy(const SkillRecord &skill, TargetKind 
         if (isOccupied)
             files.move(destination, parked);
         isParked = isOccupied;
-        files.move(stage, destination);
+        m_store.publish(stage, destination);
     } catch (...) {
         if (isParked)
             bestEffort([&] { files.move(parked, destination); });

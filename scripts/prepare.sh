@@ -2,12 +2,19 @@
 
 build_packages="cmake g++ ninja-build libssl-dev qt6-base-dev"
 test_packages="$build_packages libgtest-dev"
-check_packages="$test_packages clang-format clang-tidy-16 libbenchmark-dev"
+check_packages="$test_packages clang-format-14 clang-tidy-16 git libbenchmark-dev"
 benchmark_packages="$build_packages diffutils libbenchmark-dev openssl python3 rsync"
 
 # Installs those of the named packages that are missing, or says which to install.
 require() {
     local missing=() package
+    if ! command -v dpkg-query >/dev/null; then
+        if command -v cmake >/dev/null && command -v ninja >/dev/null && command -v c++ >/dev/null; then
+            return # CMake says what else is missing
+        fi
+        echo "Installez d’abord l’équivalent de ces paquets Debian : $*" >&2
+        exit 1
+    fi
     for package in "$@"; do
         dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
     done

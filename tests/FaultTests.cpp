@@ -37,6 +37,18 @@ protected:
 
     void runWithEveryFault(const char *name, const Operation &operation)
     {
+        for (const bool afterwards : {false, true})
+            runWithEveryFault(name, afterwards, operation);
+    }
+
+    QUuid m_id;
+
+private:
+    static constexpr auto recursive = fs::copy_options::recursive;
+
+    void runWithEveryFault(const char *name, bool afterwards, const Operation &operation)
+    {
+        m_files->failAfterwards(afterwards);
         int failures = 0;
         for (int call = 1;; ++call) {
             SCOPED_TRACE(testing::Message() << name << ", call " << call);
@@ -53,14 +65,10 @@ protected:
             if (HasFatalFailure() || !wasReached)
                 break;
         }
-        std::cout << name << ": " << failures << " of the faults made it fail\n";
+        std::cout << name << (afterwards ? ", done and" : ",") << " reported as failed: " << failures
+                  << " of the faults made it fail\n";
         EXPECT_GT(failures, 20);
     }
-
-    QUuid m_id;
-
-private:
-    static constexpr auto recursive = fs::copy_options::recursive;
 
     void reset()
     {

@@ -130,7 +130,7 @@ TEST_F(FileTree, AcceptsFilesUpToTheLimit)
     EXPECT_EQ(errorOf([&] { snapshot(); }), Error::unsafeImport(u"big-too"_s));
 }
 
-TEST_F(FileTree, RefusesEndlessNesting)
+TEST_F(FileTree, RefusesEndlessNestingAndCanBeRemovedAllTheSame)
 {
     fs::create_directories(path("tree"));
     int folder = ::open(path("tree").c_str(), O_DIRECTORY | O_CLOEXEC);
@@ -144,6 +144,8 @@ TEST_F(FileTree, RefusesEndlessNesting)
     const auto error = errorOf([&] { snapshot(); });
     ASSERT_TRUE(error);
     EXPECT_NE(error->as<WorkspaceErrorCase::UnsafeImport>(), nullptr);
+    files.removeTree(path("tree"));
+    EXPECT_FALSE(fs::exists(path("tree")));
 }
 
 TEST_F(FileTree, NeverReadsThroughAFolderSwappedForALink)

@@ -121,6 +121,18 @@ TEST_F(Library, KeepsARevisionThatTheHistoryLacksBeforeItIsReplaced)
     EXPECT_EQ(history(demo.manifest.id), (Revisions{"1", "2"}));
 }
 
+TEST_F(Library, CountsNoRevisionPastTheLast)
+{
+    const QUuid id = create(u"demo"_s).manifest.id;
+    std::string manifest = bytesOf(path("workspace/skills/demo/vornel.json"));
+    const std::string counter = "\"revision\": 1";
+    manifest.replace(manifest.find(counter), counter.size(), "\"revision\": 9223372036854775807");
+    write("workspace/skills/demo/vornel.json", manifest);
+    const Error last = integrity(u"La révision du skill ne peut plus augmenter."_s);
+    EXPECT_EQ(errorOf([&] { service->assignSkills({id}, u"design"_s).result(); }), last);
+    EXPECT_EQ(errorOf([&] { service->saveSkill(id, 9223372036854775807, u"x"_s).result(); }), last);
+}
+
 TEST_F(Library, LoadsOnlyWhatIsText)
 {
     const QUuid id = create(u"demo"_s).manifest.id;
@@ -228,6 +240,11 @@ TEST_F(Library, ToleratesStrayFilesAndNothingElse)
 
     fs::copy(path("workspace/skills/demo"), path("workspace/skills/twin"), fs::copy_options::recursive);
     EXPECT_EQ(errorOf(reload), integrity(u"Un identifiant de skill est dupliqué."_s));
+    std::string manifest = bytesOf(path("workspace/skills/twin/vornel.json"));
+    const std::size_t id = manifest.find("\"id\": \"") + 7;
+    manifest[id] = manifest[id] == '0' ? '1' : '0';
+    write("workspace/skills/twin/vornel.json", manifest);
+    EXPECT_EQ(errorOf(reload), integrity(u"Un slug de skill est dupliqué."_s));
     fs::remove_all(path("workspace/skills/twin"));
 
     fs::rename(path("workspace/skills/demo"), path("workspace/skills/renamed"));

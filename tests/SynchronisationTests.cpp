@@ -86,6 +86,7 @@ TEST_F(Synchronisation, NeverFollowsATargetThatBecameALink)
     fs::rename(path("codex"), path("aside"));
     fs::create_directory_symlink(path("elsewhere"), path("codex"));
     EXPECT_EQ(failure(), Error::partialSync({TargetKind::codex}));
+    EXPECT_EQ(state(), SyncState::failed);
     fs::remove(path("codex"));
     fs::rename(path("aside"), path("codex"));
 

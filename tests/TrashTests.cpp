@@ -110,6 +110,28 @@ TEST_F(Trash, DeletesASkillWithItsHistoryAndNoOther)
     EXPECT_NO_THROW(service->emptyTrash().result());
 }
 
+TEST_F(Trash, RefusesASkillThatIsThereAlready)
+{
+    const QUuid id = create(u"demo"_s).manifest.id;
+    fs::copy(path("workspace/skills/demo"), path(folder("trash", id)), fs::copy_options::recursive);
+    EXPECT_EQ(errorOf([&] { service->moveToTrash(id).result(); }),
+              integrity(u"Le skill existe déjà dans la corbeille."_s));
+    EXPECT_TRUE(fs::exists(path("workspace/skills/demo/SKILL.md")));
+}
+
+TEST_F(Trash, TakesASkillBackWhoseHistoryCannotBeKept)
+{
+    const QUuid id = create(u"demo"_s).manifest.id;
+    service->moveToTrash(id).waitForFinished();
+    files().refusesMove = [](const fs::path &, const fs::path &to) {
+        return to.parent_path().parent_path().filename() == "history";
+    };
+    EXPECT_THROW(service->restore(id).result(), fs::filesystem_error);
+    const WorkspaceOverview overview = service->reload().result();
+    EXPECT_TRUE(overview.skills.isEmpty());
+    EXPECT_EQ(overview.trashedSkills.size(), 1);
+}
+
 TEST_F(Trash, NeverKeepsHalfADeletedSkill)
 {
     const QUuid id = create(u"demo"_s).manifest.id;

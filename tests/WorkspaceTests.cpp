@@ -191,7 +191,11 @@ TEST_F(Bootstrap, PutsRightWhatACrashLeft)
     EXPECT_EQ(overview.skills.first().revision, 4);
     EXPECT_TRUE(names("ws/.vornel/staging").empty());
     EXPECT_EQ(names("claude"), std::vector<std::string>{".kept.tmp"});
+    LocalWorkspaceService service(std::make_shared<PosixFileSystem>());
+    service.bootstrap(path("ws"), path("claude"), path("codex")).waitForFinished();
     EXPECT_EQ(names("ws/.vornel/recovery").size(), 5U) << "only the folder that was missing may leave";
+    service.deletePermanently(trashed).waitForFinished();
+    EXPECT_EQ(bootstrap().skills.size(), 1) << "a skill deleted for good came back";
 }
 
 TEST(Service, AnswersNothingBeforeBootstrap)

@@ -25,6 +25,17 @@ void FaultyFileSystem::count() const
         failAsDisk();
 }
 
+template <typename Change>
+void FaultyFileSystem::change(const Change &make)
+{
+    const bool fails = ++m_calls == m_failing;
+    if (fails && !m_afterwards)
+        failAsDisk();
+    make();
+    if (fails)
+        failAsDisk();
+}
+
 std::optional<FileKind> FaultyFileSystem::kindAt(const fs::path &path) const
 {
     count();
@@ -75,34 +86,40 @@ Folder FaultyFileSystem::createFolder(const Folder &parent, const std::string &n
 
 void FaultyFileSystem::createFolders(const fs::path &path)
 {
-    count();
-    PosixFileSystem::createFolders(path);
+    change([&] { PosixFileSystem::createFolders(path); });
 }
 
 void FaultyFileSystem::createFile(const Folder &folder, const std::string &name, QByteArrayView bytes)
 {
-    count();
-    PosixFileSystem::createFile(folder, name, bytes);
+    change([&] { PosixFileSystem::createFile(folder, name, bytes); });
 }
 
 void FaultyFileSystem::replaceFile(const fs::path &path, QByteArrayView bytes)
 {
-    count();
-    PosixFileSystem::replaceFile(path, bytes);
+    change([&] { PosixFileSystem::replaceFile(path, bytes); });
 }
 
 void FaultyFileSystem::move(const fs::path &from, const fs::path &to)
 {
-    count();
     if (refusesMove && refusesMove(from, to))
         failAsDisk();
-    PosixFileSystem::move(from, to);
+    change([&] { PosixFileSystem::move(from, to); });
 }
 
 void FaultyFileSystem::removeTree(const fs::path &path)
 {
+    change([&] { PosixFileSystem::removeTree(path); });
+}
+
+void FaultyFileSystem::flush(const fs::path &folder)
+{
+    change([&] { PosixFileSystem::flush(folder); });
+}
+
+Folder FaultyFileSystem::lock(const fs::path &folder, LockMode mode) const
+{
     count();
-    PosixFileSystem::removeTree(path);
+    return PosixFileSystem::lock(folder, mode);
 }
 
 } // namespace vornel

@@ -7,12 +7,16 @@
 
 namespace vornel {
 
-/// The real disk, of which one call fails as a full or broken disk would: before it has done anything.
+/// The real disk, of which one call fails as a full or broken disk would: before it has done anything or,
+/// where that is asked for, after a change that it has made.
 class FaultyFileSystem : public PosixFileSystem
 {
 public:
     /// The n-th call from now on fails, counted from 1; 0 lets all succeed.
     void failAt(int call);
+
+    /// Lets changes be made before they are reported as failed.
+    void failAfterwards(bool afterwards) { m_afterwards = afterwards; }
 
     /// Calls since `failAt`.
     int calls() const { return m_calls; }
@@ -32,13 +36,20 @@ public:
     void createFile(const Folder &folder, const std::string &name, QByteArrayView bytes) override;
     void replaceFile(const std::filesystem::path &path, QByteArrayView bytes) override;
     void move(const std::filesystem::path &from, const std::filesystem::path &to) override;
+    void flush(const std::filesystem::path &folder) override;
     void removeTree(const std::filesystem::path &path) override;
+    Folder lock(const std::filesystem::path &folder, LockMode mode) const override;
 
 private:
     void count() const;
 
+    /// Makes a change that counts as one call.
+    template <typename Change>
+    void change(const Change &make);
+
     mutable std::atomic<int> m_calls = 0;
     int m_failing = 0;
+    bool m_afterwards = false;
 };
 
 } // namespace vornel
