@@ -68,14 +68,9 @@ QString blockedReason(const QString &reason)
 }
 
 /// "1 compétence", "2 compétences".
-QString counted(qsizetype count, const QString &singular, const QString &plural)
-{
-    return QString::number(count) + u' ' + (count < 2 ? singular : plural);
-}
-
 QString countedSkills(qsizetype count)
 {
-    return counted(count, u"compétence"_s, u"compétences"_s);
+    return QString::number(count) + (count < 2 ? u" compétence"_s : u" compétences"_s);
 }
 
 QString localDate(const QDateTime &date)

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -67,8 +68,8 @@ std::string_view folderName(const SkillRecord &record)
 
 QList<SkillRecord> activeManifests(const Workspace &workspace)
 {
-    const QList<SkillRecord> active = records(workspace, workspace.config.skills());
-    for (const SkillRecord &record : active) {
+    QList<SkillRecord> active = records(workspace, workspace.config.skills());
+    for (const SkillRecord &record : std::as_const(active)) {
         if (folderName(record) != record.manifest.slug.toStdString())
             throw VORNELWorkspaceError::integrityFailure(
                 u"Le dossier canonique ne correspond pas au slug du manifeste."_s);
@@ -78,8 +79,8 @@ QList<SkillRecord> activeManifests(const Workspace &workspace)
 
 QList<SkillRecord> trashedManifests(const Workspace &workspace)
 {
-    const QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
-    for (const SkillRecord &record : trashed) {
+    QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
+    for (const SkillRecord &record : std::as_const(trashed)) {
         if (folderName(record) != uuidText(record.manifest.id).toStdString())
             throw VORNELWorkspaceError::integrityFailure(
                 u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s);

@@ -52,14 +52,13 @@ SyncState SyncInspector::state(const SkillManifest &manifest) const
     for (const Target &target : m_targets) {
         if (target.failure)
             std::rethrow_exception(target.failure);
-        if (!target.folder)
-            isMissing = true;
-        else if (hasDrifted)
-            isMissing = isMissing || !m_workspace.files.kindAt(*target.folder, name);
-        else if (const std::optional<std::string> copy = digest(*target.folder, name))
-            hasDrifted = copy != canonical;
-        else
-            isMissing = true;
+        if (hasDrifted || !target.folder) {
+            isMissing = isMissing || !target.folder || !m_workspace.files.kindAt(*target.folder, name);
+            continue;
+        }
+        const std::optional<std::string> copy = digest(*target.folder, name);
+        isMissing = isMissing || !copy;
+        hasDrifted = copy && *copy != canonical;
     }
     if (isMissing)
         return SyncState::missing;
