@@ -80,7 +80,7 @@ QString localDate(const QDateTime &date)
 
 QString heading(const QString &title, qsizetype count)
 {
-    return Terminal::coloured(title + u" ("_s + QString::number(count) + u")\n"_s, Colour::Muted);
+    return Terminal::coloured(title + u" ("_s + QString::number(count) + u')', Colour::Muted) + u'\n';
 }
 
 /// A headed table; nothing without rows.
