@@ -101,10 +101,10 @@ int list(const Session &session)
         filter.category = invocation.value(category);
     if (invocation.has(maturity))
         filter.maturity = caseOf<Maturity>(invocation.value(maturity));
-    output(session, LibraryQuery::orderedFilteredSkills(session.overview, filter),
-           [&session](const QList<SkillSummary> &skills) {
-               return Report::skills(skills, session.overview.categories);
-           });
+    const LibraryIndex index(session.overview.skills, session.overview.categories);
+    output(session, index.orderedFilteredSkills(filter), [&session](const QList<SkillSummary> &skills) {
+        return Report::skills(skills, session.overview.categories);
+    });
     return ExitCode::success;
 }
 

@@ -55,18 +55,6 @@ QString assistantName(TargetKind kind)
     return kind == TargetKind::claude ? u"Claude"_s : u"Codex"_s;
 }
 
-QString blockedReason(const QString &reason)
-{
-    static const QHash<QString, QString> sentences{
-        {u"symlinkUnsupported"_s, u"contient un lien symbolique"_s},
-        {u"invalidPath"_s, u"le nom du dossier n’est pas un slug valide"_s},
-        {u"missingSkillFile"_s, u"ne contient pas de fichier SKILL.md"_s},
-        {u"unsafeContent"_s, u"contient un élément qui ne peut pas être importé"_s},
-        {u"unreadable"_s, u"ne peut pas être lu"_s},
-    };
-    return sentences.value(reason, reason);
-}
-
 /// "1 compétence", "2 compétences".
 QString countedSkills(qsizetype count)
 {
@@ -103,7 +91,7 @@ QString blockedSection(const ImportPlan &plan)
     QList<QList<Cell>> rows;
     for (const BlockedImport &entry : plan.blocked)
         rows.append(
-            {{}, {entry.name, Colour::Danger}, {assistantName(entry.source)}, {blockedReason(entry.reason)}});
+            {{}, {entry.name, Colour::Danger}, {assistantName(entry.source)}, {entry.reasonText()}});
     return section(u"Bloqué"_s, rows);
 }
 

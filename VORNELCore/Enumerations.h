@@ -11,6 +11,7 @@
 /// The enumerations of the domain. A case's name is also its serialised form.
 namespace vornel {
 Q_NAMESPACE
+Q_CLASSINFO("RegisterEnumClassesUnscoped", "false") // cases of one name stay apart in QML
 
 /// The stage of a skill's life.
 enum class Maturity { draft, ready, active, obsolete };

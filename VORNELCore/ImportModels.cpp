@@ -2,7 +2,11 @@
 
 #include "SerializedForms.h"
 
+#include <QHash>
+
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace vornel {
 
@@ -14,6 +18,18 @@ QString ImportCandidate::sourceText() const
 QVariant ImportCollision::choiceValue() const
 {
     return choice ? QVariant::fromValue(*choice) : QVariant();
+}
+
+QString BlockedImport::reasonText() const
+{
+    static const QHash<QString, QString> sentences{
+        {u"symlinkUnsupported"_s, u"contient un lien symbolique"_s},
+        {u"invalidPath"_s, u"le nom du dossier n’est pas un slug valide"_s},
+        {u"missingSkillFile"_s, u"ne contient pas de fichier SKILL.md"_s},
+        {u"unsafeContent"_s, u"contient un élément qui ne peut pas être importé"_s},
+        {u"unreadable"_s, u"ne peut pas être lu"_s},
+    };
+    return sentences.value(reason, reason);
 }
 
 int ImportPlan::unresolvedCollisionCount() const

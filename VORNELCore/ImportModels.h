@@ -74,8 +74,11 @@ struct BlockedImport
 public:
     TargetKind source = TargetKind::claude;
     QString name;
-    QString
-        reason; ///< "symlinkUnsupported", "invalidPath", "missingSkillFile", "unsafeContent", "unreadable"
+    /// "symlinkUnsupported", "invalidPath", "missingSkillFile", "unsafeContent" or "unreadable"
+    QString reason;
+
+    /// The reason for people: the end of a sentence that begins with the folder's name.
+    Q_INVOKABLE QString reasonText() const;
 
     bool operator==(const BlockedImport &) const = default;
 };

@@ -6,63 +6,67 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
+#include <numeric>
+#include <utility>
+#include <vector>
 
-namespace vornel::LibraryQuery {
+using namespace Qt::StringLiterals;
+
+namespace vornel {
 
 namespace {
 
-bool containsFolded(const SkillSummary &skill, const QString &foldedSearch)
+/// Stands between the texts of a skill, so that all are searched at once. As a folded text has no combining
+/// marks, neither has the search: nothing that is typed can match across two texts.
+constexpr QChar textSeparator(u'\u0300');
+
+QString searchedText(const SkillSummary &skill)
 {
-    const auto matches = [&foldedSearch](const QString &text) {
-        return LocaleText::folded(text).contains(foldedSearch);
-    };
-    return foldedSearch.isEmpty() || matches(skill.displayName) || matches(skill.slug) ||
-           matches(skill.summary) || matches(skill.category) || std::ranges::any_of(skill.tags, matches);
+    QString joined;
+    for (const QString &text :
+         QStringList{skill.displayName, skill.slug, skill.summary, skill.category} + skill.tags)
+        joined += LocaleText::folded(text) + textSeparator;
+    return joined;
 }
 
-QHash<QString, qint64> categoryRanks(const QList<SkillCategory> &categories)
+QList<qsizetype> categoryRanks(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories)
 {
-    QHash<QString, qint64> ranks;
+    QHash<QString, qsizetype> rankOf;
     for (const SkillCategory &category : categories)
-        ranks.insert(category.id, ranks.size());
+        rankOf.insert(category.id, rankOf.size());
+    QList<qsizetype> ranks;
+    ranks.reserve(skills.size());
+    for (const SkillSummary &skill : skills)
+        ranks.append(rankOf.value(skill.category, categories.size()));
     return ranks;
+}
+
+QList<qsizetype> positionsByName(const QList<SkillSummary> &skills)
+{
+    struct Keys
+    {
+        QCollatorSortKey name;
+        QCollatorSortKey slug;
+    };
+    std::vector<Keys> keys;
+    keys.reserve(static_cast<std::size_t>(skills.size()));
+    for (const SkillSummary &skill : skills)
+        keys.push_back({LocaleText::sortKey(skill.displayName), LocaleText::sortKey(skill.slug)});
+
+    QList<qsizetype> positions(skills.size());
+    std::iota(positions.begin(), positions.end(), 0);
+    std::ranges::stable_sort(positions, [&keys](qsizetype left, qsizetype right) {
+        const Keys &a = keys[static_cast<std::size_t>(left)];
+        const Keys &b = keys[static_cast<std::size_t>(right)];
+        const int byName = a.name.compare(b.name);
+        return byName != 0 ? byName < 0 : a.slug < b.slug;
+    });
+    return positions;
 }
 
 } // namespace
 
-QList<SkillSummary> filteredSkills(const QList<SkillSummary> &skills, const Filter &filter)
-{
-    const QString search = LocaleText::folded(filter.searchText.trimmed());
-    const auto passes = [&](const SkillSummary &skill) {
-        return containsFolded(skill, search) &&
-               (!filter.category || skill.category.compare(*filter.category, Qt::CaseInsensitive) == 0) &&
-               (!filter.maturity || skill.maturity == *filter.maturity);
-    };
-    QList<SkillSummary> kept;
-    std::ranges::copy_if(skills, std::back_inserter(kept), passes);
-    return kept;
-}
-
-QList<SkillSummary> orderedFilteredSkills(const WorkspaceOverview &overview, const Filter &filter)
-{
-    const QHash<QString, qint64> ranks = categoryRanks(overview.categories);
-    const auto rank = [&](const SkillSummary &skill) {
-        return filter.category ? 0 : ranks.value(skill.category, std::numeric_limits<qint64>::max());
-    };
-    const auto comesFirst = [&](const SkillSummary &a, const SkillSummary &b) {
-        if (rank(a) != rank(b))
-            return rank(a) < rank(b);
-        if (const int byName = LocaleText::standardCompare(a.displayName, b.displayName); byName != 0)
-            return byName < 0;
-        return LocaleText::standardCompare(a.slug, b.slug) < 0;
-    };
-    QList<SkillSummary> skills = filteredSkills(overview.skills, filter);
-    std::ranges::stable_sort(skills, comesFirst);
-    return skills;
-}
-
-QList<SkillSummary> needsAttention(const WorkspaceOverview &overview)
+QList<SkillSummary> LibraryQuery::needsAttention(const WorkspaceOverview &overview)
 {
     QList<SkillSummary> kept;
     std::ranges::copy_if(overview.skills, std::back_inserter(kept), [](const SkillSummary &skill) {
@@ -72,4 +76,86 @@ QList<SkillSummary> needsAttention(const WorkspaceOverview &overview)
     return kept;
 }
 
-} // namespace vornel::LibraryQuery
+SkillCategory LibraryQuery::category(const QList<SkillCategory> &categories, const QString &id)
+{
+    auto found = std::ranges::find(categories, id, &SkillCategory::id);
+    if (found == categories.end())
+        found = std::ranges::find(categories, SkillCategory::otherID, &SkillCategory::id);
+    return found != categories.end() ? *found
+                                     : SkillCategory{SkillCategory::otherID, u"Autre"_s, u"FFB347"_s, true};
+}
+
+LibraryIndex::LibraryIndex(QList<SkillSummary> skills, QList<SkillCategory> categories)
+    : m_skills(std::move(skills)),
+      m_categories(std::move(categories)),
+      m_ranks(categoryRanks(m_skills, m_categories)),
+      m_byName(positionsByName(m_skills)),
+      m_byCategory(m_byName)
+{
+    m_searchedTexts.reserve(m_skills.size());
+    for (const SkillSummary &skill : std::as_const(m_skills))
+        m_searchedTexts.append(searchedText(skill));
+    std::ranges::stable_sort(m_byCategory, {}, [this](qsizetype position) { return m_ranks.at(position); });
+}
+
+QList<SkillSummary> LibraryIndex::filteredSkills(const LibraryQuery::Filter &filter) const
+{
+    Positions positions = matching(filter);
+    std::ranges::sort(positions);
+    return skillsAt(positions);
+}
+
+QList<SkillSummary> LibraryIndex::orderedFilteredSkills(const LibraryQuery::Filter &filter) const
+{
+    return skillsAt(matching(filter));
+}
+
+SkillPage LibraryIndex::skillPage(const LibraryQuery::Filter &filter, qint64 requestedPage) const
+{
+    const Positions ordered = matching(filter);
+    const Pagination pagination(ordered.size(), Pagination::defaultPageSize, requestedPage);
+    const auto [begin, end] = pagination.itemRange();
+    const Positions shown = ordered.sliced(begin, end - begin);
+    return {pagination, skillsAt(shown), groups(shown, ordered)};
+}
+
+/// The positions of the skills that pass the filter, in the library's order.
+LibraryIndex::Positions LibraryIndex::matching(const LibraryQuery::Filter &filter) const
+{
+    const QString search = LocaleText::folded(filter.searchText.trimmed());
+    const auto passes = [&](qsizetype position) {
+        const SkillSummary &skill = m_skills.at(position);
+        return (!filter.category || skill.category.compare(*filter.category, Qt::CaseInsensitive) == 0) &&
+               (!filter.maturity || skill.maturity == *filter.maturity) &&
+               (search.isEmpty() || m_searchedTexts.at(position).contains(search));
+    };
+    // What is left of an ordered list is ordered: no key stroke sorts.
+    Positions kept;
+    std::ranges::copy_if(filter.category ? m_byName : m_byCategory, std::back_inserter(kept), passes);
+    return kept;
+}
+
+QList<SkillSummary> LibraryIndex::skillsAt(const Positions &positions) const
+{
+    QList<SkillSummary> skills;
+    skills.reserve(positions.size());
+    for (const qsizetype position : positions)
+        skills.append(m_skills.at(position));
+    return skills;
+}
+
+QList<SkillGroup> LibraryIndex::groups(const Positions &shown, const Positions &ordered) const
+{
+    QList<SkillGroup> groups(m_categories.size() + 1); // the last one for unknown categories
+    for (const qsizetype position : ordered)
+        ++groups[m_ranks.at(position)].totalCount;
+    for (const qsizetype position : shown)
+        groups[m_ranks.at(position)].skills.append(m_skills.at(position));
+    for (qsizetype rank = 0; rank < m_categories.size(); ++rank)
+        groups[rank].category = m_categories.at(rank);
+    groups.removeLast();
+    groups.removeIf([](const SkillGroup &group) { return group.skills.isEmpty(); });
+    return groups;
+}
+
+} // namespace vornel

@@ -36,14 +36,9 @@ QCollatorSortKey sortKey(const QString &text)
 
 QString folded(const QString &text)
 {
-    QString result;
-    const QString decomposed = text.normalized(QString::NormalizationForm_D);
-    result.reserve(decomposed.size());
-    for (const QChar c : decomposed) {
-        if (c.category() != QChar::Mark_NonSpacing)
-            result.append(c);
-    }
-    return result.toCaseFolded();
+    QString letters = text.normalized(QString::NormalizationForm_D);
+    letters.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
+    return std::move(letters).toCaseFolded();
 }
 
 QString caseless(const QString &text)

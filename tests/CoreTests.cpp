@@ -14,6 +14,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -183,6 +185,10 @@ TEST(Records, AreEqualAndHashedOverAllFields)
 TEST(Text, IsFoldedAndOrderedAsAReaderExpects)
 {
     EXPECT_EQ(LocaleText::folded(u"ÉTÉ Ça"_s), u"ete ca"_s);
+    for (char16_t c = 0; c < 0xFFFF; ++c) { // a library's texts are kept apart by a mark
+        for (const QChar letter : LocaleText::folded(QString(1, QChar(c))))
+            ASSERT_NE(letter.category(), QChar::Mark_NonSpacing) << int(c);
+    }
     EXPECT_LT(LocaleText::standardCompare(u"skill 9"_s, u"Skill 10"_s), 0);
     EXPECT_LT(LocaleText::standardCompare(u"été"_s, u"Zèbre"_s), 0);
     EXPECT_EQ(LocaleText::characterCount(u"e\u0301👩‍👧"_s), 2);
@@ -252,28 +258,151 @@ SkillSummary summary(const char *slug, const char *name, const char *category)
     return {manifest, SyncState::inSync};
 }
 
-TEST(LibraryQuery, FiltersAndOrders)
+QString slugs(const QList<SkillSummary> &skills)
+{
+    QStringList slugs;
+    for (const SkillSummary &skill : skills)
+        slugs.append(skill.slug);
+    return slugs.join(u' ');
+}
+
+LibraryIndex sampleIndex()
+{
+    return LibraryIndex({summary("z", "Skill 10", "unknown"), summary("b", "skill 9", "design"),
+                         summary("a", "Skill 9", "design"), summary("q", "Épée", "Quality"),
+                         summary("e", "Etude", "quality")});
+}
+
+TEST(LibraryQuery, SearchesEachTextOfASkillByItself)
+{
+    SkillSummary skill = summary("lame-fine", "Épée", "design");
+    skill.tags = {u"réseau"_s, u"web"_s};
+    const LibraryIndex index({skill});
+    const auto finds = [&index](const QString &search) {
+        return !index.filteredSkills({search, {}, {}}).isEmpty();
+    };
+    for (const QString &search : {u" \r\n\t"_s, u"EPEE"_s, u"e\u0301p"_s, u"lame-"_s, u"resume"_s,
+                                  u"DESIGN"_s, u"Reseau\n"_s, u"WEB"_s})
+        EXPECT_TRUE(finds(search)) << search.toStdString();
+    EXPECT_FALSE(finds(u"webs"_s));
+    for (const QString &between : {u""_s, u" "_s, u"\n"_s, u"\u0300"_s, u"\uFFFF"_s, QString(QChar::Null)}) {
+        EXPECT_FALSE(finds(u"épée"_s + between + u"lame"_s)) << between.toStdString();
+        EXPECT_FALSE(finds(u"réseau"_s + between + u"web"_s)) << between.toStdString();
+    }
+}
+
+TEST(LibraryQuery, OrdersWhatPassesTheFilter)
+{
+    const LibraryIndex index = sampleIndex();
+    EXPECT_EQ(slugs(index.filteredSkills({})), u"z b a q e"_s);
+    EXPECT_EQ(slugs(index.orderedFilteredSkills({})), u"e a b q z"_s);
+    EXPECT_EQ(slugs(index.orderedFilteredSkills({u"skill"_s, {}, {}})), u"a b z"_s);
+    EXPECT_EQ(slugs(index.orderedFilteredSkills({{}, u"QUALITY"_s, {}})), u"q e"_s);
+    EXPECT_EQ(slugs(index.orderedFilteredSkills({{}, u"qualitý"_s, {}})), QString());
+    EXPECT_EQ(slugs(index.orderedFilteredSkills({u"etude"_s, u"quality"_s, Maturity::ready})), u"e"_s);
+    EXPECT_EQ(slugs(index.orderedFilteredSkills({{}, {}, Maturity::draft})), QString());
+    EXPECT_EQ(slugs(LibraryIndex({summary("q", "q", "quality"), summary("d", "d", "design")},
+                                 {{u"design"_s, {}, {}, false}, {u"quality"_s, {}, {}, false}})
+                        .orderedFilteredSkills({})),
+              u"d q"_s);
+
+    const SkillSummary upper = summary("A", "Same", "design");
+    const SkillSummary lower = summary("a", "same", "design");
+    for (const auto &[given, order] :
+         {std::pair{QList{upper, lower}, u"A a"_s}, {{lower, upper}, u"a A"_s}}) {
+        EXPECT_EQ(slugs(LibraryIndex(given).orderedFilteredSkills({})), order);
+        EXPECT_EQ(slugs(LibraryIndex(given).orderedFilteredSkills({{}, u"design"_s, {}})), order);
+    }
+}
+
+/// The groups of a page as "category shown/total".
+QStringList groupsOf(const SkillPage &page)
+{
+    QStringList texts;
+    for (const SkillGroup &group : page.groups)
+        texts.append(u"%1 %2/%3"_s.arg(group.category.id).arg(group.skills.size()).arg(group.totalCount));
+    return texts;
+}
+
+TEST(LibraryQuery, CutsTheOrderedSkillsIntoGroupedPages)
+{
+    QList<SkillSummary> skills;
+    for (int number = 25; number > 0; --number) {
+        const QByteArray text = QByteArray::number(number);
+        skills.append(summary(text, "Skill " + text, number > 20 ? "quality" : "design"));
+    }
+    const LibraryIndex index(skills);
+    const SkillPage first = index.skillPage({}, 1);
+    const SkillPage last = index.skillPage({}, 2);
+    EXPECT_EQ(groupsOf(first), QStringList({u"quality 5/5"_s, u"design 19/20"_s}));
+    EXPECT_EQ(slugs(first.skills), u"21 22 23 24 25 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19"_s);
+    EXPECT_EQ(slugs(first.groups[0].skills), u"21 22 23 24 25"_s);
+    EXPECT_EQ(first.groups[0].category, SkillCategory::defaults()[1]);
+    EXPECT_EQ(groupsOf(last), QStringList(u"design 1/20"_s));
+    EXPECT_EQ(slugs(last.skills), u"20"_s);
+    EXPECT_TRUE(last.pagination == Pagination(25, 24, 2));
+    EXPECT_TRUE(index.skillPage({}, 7) == last);
+    EXPECT_TRUE(index.skillPage({}, 0) == first);
+    EXPECT_TRUE(index.skillPage({}, -3) == first);
+    EXPECT_FALSE(first == last);
+    EXPECT_EQ(groupsOf(index.skillPage({u"2"_s, {}, {}}, 1)),
+              QStringList({u"quality 5/5"_s, u"design 3/3"_s}));
+
+    const SkillPage withUnknown = sampleIndex().skillPage({}, 1);
+    EXPECT_EQ(slugs(withUnknown.skills), u"e a b q z"_s);
+    EXPECT_EQ(groupsOf(withUnknown), QStringList({u"quality 1/1"_s, u"design 2/2"_s}));
+    EXPECT_TRUE(LibraryIndex().skillPage({}, 2) == SkillPage());
+}
+
+TEST(LibraryQuery, NamesACategoryForEveryIdentifier)
+{
+    const SkillCategory design{u"design"_s, u"Design"_s, u"D152F0"_s, false};
+    const SkillCategory other{u"other"_s, u"Divers"_s, u"000000"_s, true};
+    EXPECT_EQ(LibraryQuery::category({other, design}, u"design"_s), design);
+    EXPECT_EQ(LibraryQuery::category({design, other}, u"Design"_s), other);
+    EXPECT_EQ(LibraryQuery::category({design}, u"gone"_s),
+              (SkillCategory{u"other"_s, u"Autre"_s, u"FFB347"_s, true}));
+}
+
+TEST(LibraryQuery, ListsTheSkillsThatNeedAttention)
 {
     WorkspaceOverview overview;
-    overview.categories = SkillCategory::defaults();
-    overview.skills = {summary("z", "Skill 10", "unknown"), summary("b", "skill 9", "design"),
-                       summary("a", "Skill 9", "design"), summary("q", "Épée", "Quality")};
-    overview.skills[1].tags = {u"réseau"_s};
-    const auto slugs = [&overview](const LibraryQuery::Filter &filter) {
-        QString text;
-        for (const SkillSummary &skill : LibraryQuery::orderedFilteredSkills(overview, filter))
-            text += skill.slug;
-        return text;
-    };
-    EXPECT_EQ(slugs({u" \n"_s, {}, {}}), u"abqz"_s);
-    EXPECT_EQ(slugs({u"epee"_s, {}, {}}), u"q"_s);
-    EXPECT_EQ(slugs({u"RESEAU "_s, {}, {}}), u"b"_s);
-    EXPECT_EQ(slugs({{}, u"quality"_s, {}}), u"q"_s);
-    EXPECT_EQ(slugs({{}, {}, Maturity::draft}), QString());
+    for (const SyncState state :
+         {SyncState::failed, SyncState::inSync, SyncState::drifted, SyncState::unknown, SyncState::missing}) {
+        overview.skills.append(summary("s", "s", "design"));
+        overview.skills.last().syncState = state;
+    }
+    const QList<SkillSummary> &skills = overview.skills;
+    EXPECT_EQ(LibraryQuery::needsAttention(overview), (QList{skills[0], skills[2], skills[4]}));
+}
 
-    overview.skills[0].syncState = SyncState::failed;
-    overview.skills[1].syncState = SyncState::unknown;
-    EXPECT_EQ(LibraryQuery::needsAttention(overview), QList{overview.skills[0]});
+TEST(Pagination, ShowsAnExistingPage)
+{
+    const auto shown = [](qint64 itemCount, qint64 pageSize, qint64 requestedPage) {
+        const Pagination pages(itemCount, pageSize, requestedPage);
+        return u"%1/%2: %3-%4 of %5"_s.arg(pages.page())
+                   .arg(pages.pageCount())
+                   .arg(pages.firstItemNumber())
+                   .arg(pages.lastItemNumber())
+                   .arg(pages.itemCount()) +
+               (pages.hasPreviousPage() ? u" <"_s : QString()) + (pages.hasNextPage() ? u" >"_s : QString());
+    };
+    EXPECT_EQ(shown(0, 24, 3), u"1/1: 0-0 of 0"_s);
+    EXPECT_EQ(shown(24, 24, 2), u"1/1: 1-24 of 24"_s);
+    EXPECT_EQ(shown(25, 24, -3), u"1/2: 1-24 of 25 >"_s);
+    EXPECT_EQ(shown(25, 24, 7), u"2/2: 25-25 of 25 <"_s);
+    EXPECT_EQ(shown(49, 24, 2), u"2/3: 25-48 of 49 < >"_s);
+    EXPECT_EQ(shown(-5, 0, 1), u"1/1: 0-0 of 0"_s);
+    EXPECT_EQ(shown(3, -1, 2), u"2/3: 2-2 of 3 < >"_s);
+    EXPECT_EQ(Pagination(25, 24, 2).itemRange(), (ItemRange{24, 25}));
+    EXPECT_TRUE(Pagination(-5, 24, 9).itemRange().isEmpty());
+    EXPECT_TRUE(Pagination(-5, 24, 9) == Pagination());
+    EXPECT_FALSE(Pagination(25, 24, 1) == Pagination(25, 24, 2));
+
+    constexpr qint64 largest = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(Pagination(largest - 24, 24, largest).lastItemNumber(), largest - 24);
+    EXPECT_EQ(Pagination(0, largest, 1).pageCount(), 1);
+    EXPECT_DEATH(Pagination(largest, 24, 1), "");
 }
 
 } // namespace
