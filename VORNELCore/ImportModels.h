@@ -107,7 +107,7 @@ public:
     int unresolvedCollisionCount() const;
 
     /// Whether every collision has a choice.
-    bool isReadyToCommit() const { return unresolvedCollisionCount() == 0; }
+    Q_INVOKABLE bool isReadyToCommit() const { return unresolvedCollisionCount() == 0; }
 
     bool operator==(const ImportPlan &) const = default;
 };

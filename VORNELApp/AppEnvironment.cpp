@@ -1,0 +1,44 @@
+#include "AppEnvironment.h"
+
+#include "AppModel.h"
+
+#include <VORNELInfrastructure/LocalWorkspaceService.h>
+#include <VORNELInfrastructure/PosixFileSystem.h>
+
+#include <QCoreApplication>
+
+#include <string_view>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+std::shared_ptr<QSettings> settings(const Environment &environment)
+{
+    const char *testMode = environment("VORNEL_TEST_MODE");
+    const bool isPrivate = testMode != nullptr && testMode == std::string_view("1");
+    const QString name = isPrivate ? u"com.brindlecove.vornel.ui-test."_s +
+                                         QString::number(QCoreApplication::applicationPid())
+                                   : u"com.brindlecove.vornel"_s;
+    return std::make_shared<QSettings>(QSettings::IniFormat, QSettings::UserScope, name);
+}
+
+} // namespace
+
+AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, const Environment &environment,
+                                    const std::filesystem::path &home)
+{
+    const WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(environment, home, workspaceLocator);
+    return {roots.workspace, roots.claude, roots.codex,
+            std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>()),
+            settings(environment)};
+}
+
+std::unique_ptr<AppModel> AppEnvironment::makeAppModel() const
+{
+    return std::make_unique<AppModel>(workspaceService, workspaceURL, claudeRoot, codexRoot, defaults);
+}
+
+} // namespace vornel

@@ -1,0 +1,151 @@
+#include "AppModel.h"
+
+#include <VORNELCore/ErrorMessage.h>
+
+#include <QEventLoop>
+
+namespace vornel {
+
+namespace {
+
+template <typename T>
+QVariant optionalValue(const std::optional<T> &value)
+{
+    return value ? QVariant::fromValue(*value) : QVariant();
+}
+
+template <typename E>
+std::optional<E> optionalCase(const QVariant &value)
+{
+    return value.isValid() ? std::optional(value.value<E>()) : std::nullopt;
+}
+
+} // namespace
+
+AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::filesystem::path workspaceURL,
+                   std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
+                   std::shared_ptr<QSettings> defaults)
+    : m_service(std::move(service)), m_workspaceURL(std::move(workspaceURL)),
+      m_claudeRoot(std::move(claudeRoot)), m_codexRoot(std::move(codexRoot)), m_defaults(std::move(defaults))
+{
+    m_canCommitImport.setBinding(
+        [this] { return m_importPlan.value() && m_importPlan.value()->isReadyToCommit() && !m_isWorking; });
+    m_isBusy.setBinding([this] { return m_operationCount > 0; });
+    m_libraryIndex.setBinding([this] {
+        const auto &overview = m_overview.value();
+        return overview ? LibraryIndex(overview->skills, overview->categories) : LibraryIndex();
+    });
+}
+
+AppModel::~AppModel()
+{
+    QEventLoop loop;
+    connect(this, &AppModel::isBusyChanged, &loop, &QEventLoop::quit);
+    if (m_isBusy)
+        loop.exec();
+}
+
+void AppModel::advanceOnboarding()
+{
+    m_onboardingStep = vornel::onboardingStep(static_cast<int>(onboardingStep()) + 1).value_or(onboardingStep());
+}
+
+void AppModel::retreatOnboarding()
+{
+    m_onboardingStep = vornel::onboardingStep(static_cast<int>(onboardingStep()) - 1).value_or(onboardingStep());
+}
+
+void AppModel::clearError()
+{
+    m_errorMessage = QString();
+}
+
+void AppModel::clearTransientMessage()
+{
+    m_transientMessage = QString();
+}
+
+QString AppModel::message(const std::exception &error)
+{
+    return vornel::errorMessage(error);
+}
+
+LibraryQuery::Filter AppModel::filter() const
+{
+    const QString &category = m_selectedCategory.value();
+    return {m_searchText, category.isEmpty() ? std::nullopt : std::optional(category), m_selectedMaturity};
+}
+
+QList<SkillSummary> AppModel::filteredSkills() const
+{
+    return libraryIndex().filteredSkills(filter());
+}
+
+QList<SkillSummary> AppModel::needsAttention() const
+{
+    const auto &overview = m_overview.value();
+    return overview ? LibraryQuery::needsAttention(*overview) : QList<SkillSummary>();
+}
+
+SkillCategory AppModel::category(const QString &id) const
+{
+    const auto &overview = m_overview.value();
+    return LibraryQuery::category(overview ? overview->categories : SkillCategory::defaults(), id);
+}
+
+void AppModel::setSelectedDestination(std::optional<Destination> destination)
+{
+    m_selectedDestination = destination;
+}
+
+void AppModel::setSearchText(const QString &text)
+{
+    m_searchText = text;
+}
+
+void AppModel::setSelectedCategory(const QString &id)
+{
+    m_selectedCategory = id;
+}
+
+void AppModel::setSelectedMaturity(std::optional<Maturity> maturity)
+{
+    m_selectedMaturity = maturity;
+}
+
+QVariant AppModel::overviewValue() const
+{
+    return optionalValue(overview());
+}
+
+QVariant AppModel::importPlanValue() const
+{
+    return optionalValue(importPlan());
+}
+
+QVariant AppModel::selectedDestinationValue() const
+{
+    return optionalValue(selectedDestination());
+}
+
+void AppModel::setSelectedDestinationValue(const QVariant &destination)
+{
+    setSelectedDestination(optionalCase<Destination>(destination));
+}
+
+QVariant AppModel::selectedSkillValue() const
+{
+    return optionalValue(selectedSkill());
+}
+
+QVariant AppModel::selectedMaturityValue() const
+{
+    return optionalValue(selectedMaturity());
+}
+
+void AppModel::setSelectedMaturityValue(const QVariant &maturity)
+{
+    setSelectedMaturity(optionalCase<Maturity>(maturity));
+}
+
+} // namespace vornel

@@ -1,0 +1,260 @@
+#pragma once
+
+#include "AppStates.h"
+
+#include <VORNELCore/LibraryQuery.h>
+#include <VORNELCore/WorkspaceServicing.h>
+
+#include <QCoro/QCoroTask>
+#include <QObjectBindableProperty>
+#include <QSettings>
+#include <QtQml/qqmlregistration.h>
+
+#include <exception>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+namespace vornel {
+
+/// Everything the screens show, and every action they offer. Lives on the main thread, like all who use it.
+/// Each field notifies its readers when its value really changes, and only then; an absent record is
+/// `undefined` in QML.
+class AppModel : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made at start-up")
+
+    Q_PROPERTY(vornel::Phase phase READ phase NOTIFY phaseChanged BINDABLE bindablePhase)
+    Q_PROPERTY(vornel::AppStates::OnboardingStep onboardingStep READ onboardingStep NOTIFY
+                   onboardingStepChanged BINDABLE bindableOnboardingStep)
+    Q_PROPERTY(QVariant overview READ overviewValue NOTIFY overviewChanged)
+    Q_PROPERTY(QVariant importPlan READ importPlanValue NOTIFY importPlanChanged)
+    Q_PROPERTY(QVariant selectedDestination READ selectedDestinationValue WRITE setSelectedDestinationValue
+                   NOTIFY selectedDestinationChanged)
+    Q_PROPERTY(QUuid selectedSkillID READ selectedSkillID NOTIFY selectedSkillIDChanged BINDABLE
+                   bindableSelectedSkillID)
+    Q_PROPERTY(QVariant selectedSkill READ selectedSkillValue NOTIFY selectedSkillChanged)
+    Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged BINDABLE
+                   bindableSearchText)
+    Q_PROPERTY(QString selectedCategory READ selectedCategory WRITE setSelectedCategory NOTIFY
+                   selectedCategoryChanged BINDABLE bindableSelectedCategory)
+    Q_PROPERTY(QVariant selectedMaturity READ selectedMaturityValue WRITE setSelectedMaturityValue NOTIFY
+                   selectedMaturityChanged)
+    Q_PROPERTY(bool isWorking READ isWorking NOTIFY isWorkingChanged BINDABLE bindableIsWorking)
+    Q_PROPERTY(bool isDetailLoading READ isDetailLoading NOTIFY isDetailLoadingChanged BINDABLE
+                   bindableIsDetailLoading)
+    Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY errorMessageChanged BINDABLE
+                   bindableErrorMessage)
+    Q_PROPERTY(QString transientMessage READ transientMessage NOTIFY transientMessageChanged)
+    Q_PROPERTY(bool canCommitImport READ canCommitImport NOTIFY canCommitImportChanged BINDABLE
+                   bindableCanCommitImport)
+    Q_PROPERTY(qsizetype needsAttentionCount READ needsAttentionCount NOTIFY overviewChanged)
+    Q_PROPERTY(qreal commitProgress READ commitProgress NOTIFY commitProgressChanged BINDABLE
+                   bindableCommitProgress)
+    Q_PROPERTY(bool isBusy READ isBusy NOTIFY isBusyChanged BINDABLE bindableIsBusy)
+
+public:
+    /// `defaults` keeps what the user's machine remembers between two starts.
+    AppModel(std::shared_ptr<WorkspaceServicing> service, std::filesystem::path workspaceURL,
+             std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
+             std::shared_ptr<QSettings> defaults);
+
+    /// Waits for the operations that still run.
+    ~AppModel() override;
+
+    // What the screens show.
+
+    Phase phase() const { return m_phase; }
+    OnboardingStep onboardingStep() const { return m_onboardingStep; }
+    std::optional<WorkspaceOverview> overview() const { return m_overview; }
+    std::optional<ImportPlan> importPlan() const { return m_importPlan; }
+    std::optional<Destination> selectedDestination() const { return m_selectedDestination; }
+
+    /// The skill chosen in the library; null while none is.
+    QUuid selectedSkillID() const { return m_selectedSkillID; }
+
+    std::optional<SkillDetail> selectedSkill() const { return m_selectedSkill; }
+    QString searchText() const { return m_searchText; }
+
+    /// Identifier of the category that filters the library; empty without a filter.
+    QString selectedCategory() const { return m_selectedCategory; }
+
+    std::optional<Maturity> selectedMaturity() const { return m_selectedMaturity; }
+
+    /// Whether an operation other than the loading of a skill runs.
+    bool isWorking() const { return m_isWorking; }
+
+    bool isDetailLoading() const { return m_isDetailLoading; }
+
+    /// What the user reads about the last failure; empty without one.
+    QString errorMessage() const { return m_errorMessage; }
+
+    /// A short confirmation in capitals; empty without one. Whoever shows it clears it.
+    QString transientMessage() const { return m_transientMessage; }
+
+    /// Whether there is a plan without an open collision, and no operation runs.
+    bool canCommitImport() const { return m_canCommitImport; }
+
+    /// How much of an import is done, from 0 to 1.
+    qreal commitProgress() const { return m_commitProgress; }
+
+    /// Whether any operation runs, a start or the loading of a skill included.
+    bool isBusy() const { return m_isBusy; }
+
+    /// The active skills that pass the search text and the filters, in the overview's order.
+    QList<SkillSummary> filteredSkills() const;
+
+    /// The skills of which a copy is not as it should be, whatever the filters say.
+    QList<SkillSummary> needsAttention() const;
+    qsizetype needsAttentionCount() const { return needsAttention().size(); }
+
+    /// The library, prepared for queries of which the fields above are the filter.
+    const LibraryIndex &libraryIndex() const { return m_libraryIndex.value(); }
+    LibraryQuery::Filter filter() const;
+
+    /// The category of this identifier, or the catch-all one.
+    SkillCategory category(const QString &id) const;
+
+    void setSelectedDestination(std::optional<Destination> destination);
+    void setSearchText(const QString &text);
+    void setSelectedCategory(const QString &id);
+    void setSelectedMaturity(std::optional<Maturity> maturity);
+
+    QBindable<Phase> bindablePhase() const { return &m_phase; }
+    QBindable<OnboardingStep> bindableOnboardingStep() const { return &m_onboardingStep; }
+    QBindable<std::optional<WorkspaceOverview>> bindableOverview() const { return &m_overview; }
+    QBindable<std::optional<ImportPlan>> bindableImportPlan() const { return &m_importPlan; }
+    QBindable<std::optional<Destination>> bindableSelectedDestination() { return &m_selectedDestination; }
+    QBindable<QUuid> bindableSelectedSkillID() const { return &m_selectedSkillID; }
+    QBindable<std::optional<SkillDetail>> bindableSelectedSkill() const { return &m_selectedSkill; }
+    QBindable<QString> bindableSearchText() { return &m_searchText; }
+    QBindable<QString> bindableSelectedCategory() { return &m_selectedCategory; }
+    QBindable<std::optional<Maturity>> bindableSelectedMaturity() { return &m_selectedMaturity; }
+    QBindable<bool> bindableIsWorking() const { return &m_isWorking; }
+    QBindable<bool> bindableIsDetailLoading() const { return &m_isDetailLoading; }
+    QBindable<QString> bindableErrorMessage() const { return &m_errorMessage; }
+    QBindable<QString> bindableTransientMessage() const { return &m_transientMessage; }
+    QBindable<bool> bindableCanCommitImport() const { return &m_canCommitImport; }
+    QBindable<qreal> bindableCommitProgress() const { return &m_commitProgress; }
+    QBindable<bool> bindableIsBusy() const { return &m_isBusy; }
+
+    // The start and the onboarding.
+
+    /// Opens the workspace and decides what the window shows. Never throws: a failure becomes the phase.
+    QCoro::Task<> start();
+
+    /// Begins `start` and returns at once.
+    Q_INVOKABLE void retryStart();
+
+    Q_INVOKABLE void advanceOnboarding();
+    Q_INVOKABLE void retreatOnboarding();
+    Q_INVOKABLE void clearError();
+    Q_INVOKABLE void clearTransientMessage();
+
+    /// The text shown for any failure.
+    static QString message(const std::exception &error);
+
+    // Actions that return at once; what comes of them shows in the fields.
+
+    Q_INVOKABLE void beginImportScan();
+    Q_INVOKABLE void resolveCollision(const QUuid &id, vornel::CollisionChoice choice);
+    Q_INVOKABLE void commitImport();
+    Q_INVOKABLE void reload();
+
+    /// Loads a skill to show it; a null identifier closes the one shown.
+    Q_INVOKABLE void selectSkill(const QUuid &id);
+    Q_INVOKABLE void closeSkill() { selectSkill({}); }
+
+    void assignSkills(const QSet<QUuid> &ids, const QString &category);
+    Q_INVOKABLE void synchronizeSelectedSkill();
+    Q_INVOKABLE void moveSelectedSkillToTrash();
+    void moveSkillsToTrash(const QSet<QUuid> &ids);
+    Q_INVOKABLE void restore(const QUuid &id);
+    Q_INVOKABLE void deletePermanently(const QUuid &id);
+    Q_INVOKABLE void emptyTrash();
+
+    // Actions that tell whether they succeeded. They never throw.
+
+    QCoro::Task<bool> createSkill(CreateSkillRequest request);
+    QCoro::Task<bool> saveSelectedSkill(QString skillMD);
+    QCoro::Task<bool> createCategory(QString name, QString colorHex);
+    QCoro::Task<bool> updateCategory(QString id, QString name, QString colorHex);
+    QCoro::Task<bool> deleteCategory(QString id);
+
+Q_SIGNALS:
+    void phaseChanged();
+    void onboardingStepChanged();
+    void overviewChanged();
+    void importPlanChanged();
+    void selectedDestinationChanged();
+    void selectedSkillIDChanged();
+    void selectedSkillChanged();
+    void searchTextChanged();
+    void selectedCategoryChanged();
+    void selectedMaturityChanged();
+    void isWorkingChanged();
+    void isDetailLoadingChanged();
+    void errorMessageChanged();
+    void transientMessageChanged();
+    void canCommitImportChanged();
+    void commitProgressChanged();
+    void isBusyChanged();
+
+    /// An action confirmed its success. Also sent when the confirmation reads like the one before.
+    void confirmed();
+
+private:
+    class Operation;
+
+    /// Runs an action: busy while it does, and its failure shown. The result says whether it succeeded.
+    template <typename Action>
+    QCoro::Task<bool> perform(Action action);
+
+    QCoro::Task<> loadSelectedSkill();
+    void followProgress(const QFuture<WorkspaceOverview> &commit);
+    void confirm(const QString &text);
+    void deselect();
+
+    QVariant overviewValue() const;
+    QVariant importPlanValue() const;
+    QVariant selectedDestinationValue() const;
+    void setSelectedDestinationValue(const QVariant &destination);
+    QVariant selectedSkillValue() const;
+    QVariant selectedMaturityValue() const;
+    void setSelectedMaturityValue(const QVariant &maturity);
+
+    const std::shared_ptr<WorkspaceServicing> m_service;
+    const std::filesystem::path m_workspaceURL;
+    const std::filesystem::path m_claudeRoot;
+    const std::filesystem::path m_codexRoot;
+    const std::shared_ptr<QSettings> m_defaults;
+
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, Phase, m_phase, &AppModel::phaseChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, OnboardingStep, m_onboardingStep, &AppModel::onboardingStepChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<WorkspaceOverview>, m_overview,
+                               &AppModel::overviewChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<ImportPlan>, m_importPlan,
+                               &AppModel::importPlanChanged)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(AppModel, std::optional<Destination>, m_selectedDestination,
+                                         Destination::library, &AppModel::selectedDestinationChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, QUuid, m_selectedSkillID, &AppModel::selectedSkillIDChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<SkillDetail>, m_selectedSkill,
+                               &AppModel::selectedSkillChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, QString, m_searchText, &AppModel::searchTextChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, QString, m_selectedCategory, &AppModel::selectedCategoryChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<Maturity>, m_selectedMaturity,
+                               &AppModel::selectedMaturityChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, bool, m_isWorking, &AppModel::isWorkingChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, bool, m_isDetailLoading, &AppModel::isDetailLoadingChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, QString, m_errorMessage, &AppModel::errorMessageChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, QString, m_transientMessage, &AppModel::transientMessageChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, bool, m_canCommitImport, &AppModel::canCommitImportChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, qreal, m_commitProgress, &AppModel::commitProgressChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, int, m_operationCount)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, bool, m_isBusy, &AppModel::isBusyChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, LibraryIndex, m_libraryIndex)
+};
+
+} // namespace vornel

@@ -1,0 +1,263 @@
+#include "AppModel.h"
+
+#include <QCoro/QCoroFuture>
+#include <QFutureWatcher>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+const QString onboardingCompletedKey = u"com.brindlecove.vornel.onboarding.completed.v3"_s;
+
+} // namespace
+
+/// Counts an operation among those that run, for as long as it lives.
+class AppModel::Operation
+{
+public:
+    explicit Operation(AppModel &model) : m_model(model) { count(1); }
+    ~Operation() { count(-1); }
+    Q_DISABLE_COPY_MOVE(Operation)
+
+private:
+    void count(int change) { m_model.m_operationCount = m_model.m_operationCount + change; }
+
+    AppModel &m_model;
+};
+
+template <typename Action>
+QCoro::Task<bool> AppModel::perform(Action action)
+{
+    const Operation operation(*this);
+    m_isWorking = true;
+    clearError();
+    bool succeeded = true;
+    try {
+        co_await action();
+    } catch (const std::exception &error) {
+        m_errorMessage = message(error);
+        succeeded = false;
+    }
+    m_isWorking = false;
+    co_return succeeded;
+}
+
+QCoro::Task<> AppModel::start()
+{
+    const Operation operation(*this);
+    m_phase = Phase::launching();
+    clearError();
+    try {
+        m_overview = co_await m_service->bootstrap(m_workspaceURL, m_claudeRoot, m_codexRoot);
+        const bool isOnboarded = m_defaults->value(onboardingCompletedKey, false).toBool();
+        m_phase = isOnboarded ? Phase::ready() : Phase::onboarding();
+    } catch (const std::exception &error) {
+        m_phase = Phase::failed(message(error));
+    }
+}
+
+void AppModel::retryStart()
+{
+    start();
+}
+
+void AppModel::beginImportScan()
+{
+    perform([this]() -> QCoro::Task<> { m_importPlan = co_await m_service->scanImports(); });
+}
+
+void AppModel::resolveCollision(const QUuid &id, CollisionChoice choice)
+{
+    perform([this, id, choice]() -> QCoro::Task<> {
+        m_importPlan = co_await m_service->resolveCollision(id, choice);
+    });
+}
+
+void AppModel::commitImport()
+{
+    if (!importPlan())
+        return;
+    perform([this, planID = importPlan()->id]() -> QCoro::Task<> {
+        const QFuture<WorkspaceOverview> commit = m_service->commitImport(planID);
+        followProgress(commit);
+        m_overview = co_await commit;
+        m_defaults->setValue(onboardingCompletedKey, true);
+        m_defaults->sync();
+        m_phase = Phase::ready();
+        setSelectedDestination(Destination::library);
+        confirm(u"PRÊT"_s);
+    });
+}
+
+void AppModel::reload()
+{
+    perform([this]() -> QCoro::Task<> { m_overview = co_await m_service->reload(); });
+}
+
+void AppModel::selectSkill(const QUuid &id)
+{
+    m_selectedSkillID = id;
+    if (id.isNull())
+        m_selectedSkill = std::nullopt;
+    else
+        loadSelectedSkill();
+}
+
+QCoro::Task<> AppModel::loadSelectedSkill()
+{
+    const Operation operation(*this);
+    m_isDetailLoading = true;
+    clearError();
+    try {
+        m_selectedSkill = co_await m_service->loadSkill(selectedSkillID());
+    } catch (const std::exception &error) {
+        m_selectedSkill = std::nullopt;
+        m_errorMessage = message(error);
+    }
+    m_isDetailLoading = false;
+}
+
+QCoro::Task<bool> AppModel::createSkill(CreateSkillRequest request)
+{
+    return perform([this, request = std::move(request)]() -> QCoro::Task<> {
+        const SkillDetail created = co_await m_service->createSkill(request);
+        m_selectedSkill = created;
+        m_selectedSkillID = created.manifest.id;
+        m_overview = co_await m_service->reload();
+        confirm(u"CRÉÉE"_s);
+    });
+}
+
+QCoro::Task<bool> AppModel::saveSelectedSkill(QString skillMD)
+{
+    if (!selectedSkill())
+        co_return false;
+    co_return co_await perform([this, shown = selectedSkill()->manifest, skillMD]() -> QCoro::Task<> {
+        m_selectedSkill = co_await m_service->saveSkill(shown.id, shown.revision, skillMD);
+        m_overview = co_await m_service->reload();
+        confirm(u"ENREGISTRÉE"_s);
+    });
+}
+
+void AppModel::synchronizeSelectedSkill()
+{
+    if (!selectedSkill())
+        return;
+    perform([this, id = selectedSkill()->manifest.id]() -> QCoro::Task<> {
+        m_selectedSkill = co_await m_service->synchronize(id);
+        m_overview = co_await m_service->reload();
+        confirm(u"À JOUR"_s);
+    });
+}
+
+QCoro::Task<bool> AppModel::createCategory(QString name, QString colorHex)
+{
+    return perform([this, name, colorHex]() -> QCoro::Task<> {
+        m_overview = co_await m_service->createCategory(name, colorHex);
+        confirm(u"CATÉGORIE CRÉÉE"_s);
+    });
+}
+
+QCoro::Task<bool> AppModel::updateCategory(QString id, QString name, QString colorHex)
+{
+    return perform([this, id, name, colorHex]() -> QCoro::Task<> {
+        m_overview = co_await m_service->updateCategory(id, name, colorHex);
+        confirm(u"CATÉGORIE MODIFIÉE"_s);
+    });
+}
+
+QCoro::Task<bool> AppModel::deleteCategory(QString id)
+{
+    return perform([this, id]() -> QCoro::Task<> {
+        m_overview = co_await m_service->deleteCategory(id);
+        if (selectedCategory() == id)
+            setSelectedCategory({});
+        if (selectedSkill())
+            m_selectedSkill = co_await m_service->loadSkill(selectedSkill()->manifest.id);
+        confirm(u"CATÉGORIE SUPPRIMÉE"_s);
+    });
+}
+
+void AppModel::assignSkills(const QSet<QUuid> &ids, const QString &category)
+{
+    perform([this, ids, category]() -> QCoro::Task<> {
+        m_overview = co_await m_service->assignSkills(ids, category);
+        if (ids.contains(selectedSkillID()))
+            m_selectedSkill = co_await m_service->loadSkill(selectedSkillID());
+        confirm(u"CATÉGORIE MODIFIÉE"_s);
+    });
+}
+
+void AppModel::moveSelectedSkillToTrash()
+{
+    if (selectedSkillID().isNull())
+        return;
+    perform([this, id = selectedSkillID()]() -> QCoro::Task<> {
+        m_overview = co_await m_service->moveToTrash(id);
+        deselect();
+        confirm(u"CORBEILLE"_s);
+    });
+}
+
+void AppModel::moveSkillsToTrash(const QSet<QUuid> &ids)
+{
+    perform([this, ids]() -> QCoro::Task<> {
+        m_overview = co_await m_service->moveToTrash(ids);
+        if (ids.contains(selectedSkillID()))
+            deselect();
+        confirm(ids.size() == 1 ? u"CORBEILLE"_s : QString::number(ids.size()) + u" DÉPLACÉES"_s);
+    });
+}
+
+void AppModel::restore(const QUuid &id)
+{
+    perform([this, id]() -> QCoro::Task<> {
+        m_overview = co_await m_service->restore(id);
+        confirm(u"RESTAURÉE"_s);
+    });
+}
+
+void AppModel::deletePermanently(const QUuid &id)
+{
+    perform([this, id]() -> QCoro::Task<> {
+        m_overview = co_await m_service->deletePermanently(id);
+        confirm(u"SUPPRIMÉE"_s);
+    });
+}
+
+void AppModel::emptyTrash()
+{
+    perform([this]() -> QCoro::Task<> {
+        m_overview = co_await m_service->emptyTrash();
+        confirm(u"CORBEILLE VIDÉE"_s);
+    });
+}
+
+/// Keeps `commitProgress` in step until the import ends.
+void AppModel::followProgress(const QFuture<WorkspaceOverview> &commit)
+{
+    m_commitProgress = 0;
+    auto *watcher = new QFutureWatcher<WorkspaceOverview>(this);
+    connect(watcher, &QFutureWatcherBase::progressValueChanged, this, [this, watcher](int done) {
+        if (watcher->progressMaximum() > 0)
+            m_commitProgress = static_cast<qreal>(done) / watcher->progressMaximum();
+    });
+    connect(watcher, &QFutureWatcherBase::finished, watcher, &QObject::deleteLater);
+    watcher->setFuture(commit);
+}
+
+void AppModel::confirm(const QString &text)
+{
+    m_transientMessage = text;
+    Q_EMIT confirmed();
+}
+
+void AppModel::deselect()
+{
+    m_selectedSkillID = QUuid();
+    m_selectedSkill = std::nullopt;
+}
+
+} // namespace vornel

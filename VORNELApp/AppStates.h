@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+namespace vornel {
+
+/// The choices of the application model that QML names too.
+namespace AppStates {
+Q_NAMESPACE
+Q_CLASSINFO("RegisterEnumClassesUnscoped", "false")
+
+/// Where the application stands.
+enum class PhaseName { launching, onboarding, ready, failed };
+Q_ENUM_NS(PhaseName)
+
+/// The pages of the onboarding, in their order.
+enum class OnboardingStep { library, canonical, synchronized, protected_, importSkills };
+Q_ENUM_NS(OnboardingStep)
+
+/// What the sidebar leads to, in its order.
+enum class Destination { library, needsAttention, trash };
+Q_ENUM_NS(Destination)
+
+} // namespace AppStates
+
+using AppStates::Destination;
+using AppStates::OnboardingStep;
+using AppStates::PhaseName;
+
+/// The application's phase. Only `failed` carries a message.
+class Phase
+{
+    Q_GADGET
+    Q_PROPERTY(vornel::AppStates::PhaseName name READ name)
+    Q_PROPERTY(QString message READ message)
+
+public:
+    Phase() = default;
+
+    static Phase launching() { return Phase(PhaseName::launching); }
+    static Phase onboarding() { return Phase(PhaseName::onboarding); }
+    static Phase ready() { return Phase(PhaseName::ready); }
+    static Phase failed(const QString &message) { return Phase(PhaseName::failed, message); }
+
+    PhaseName name() const { return m_name; }
+
+    /// What the user reads about the failure; empty in the other phases.
+    QString message() const { return m_message; }
+
+    bool operator==(const Phase &) const = default;
+
+private:
+    explicit Phase(PhaseName name, const QString &message = {}) : m_name(name), m_message(message) {}
+
+    PhaseName m_name = PhaseName::launching;
+    QString m_message;
+};
+
+/// The step of this place in the order, counted from 0; nothing outside of it.
+constexpr std::optional<OnboardingStep> onboardingStep(int rawValue)
+{
+    const bool exists = rawValue >= 0 && rawValue <= static_cast<int>(OnboardingStep::importSkills);
+    return exists ? std::optional(static_cast<OnboardingStep>(rawValue)) : std::nullopt;
+}
+
+} // namespace vornel

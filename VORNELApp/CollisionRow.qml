@@ -1,0 +1,49 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** One slug under which the assistants hold different content, and the choice between the two. */
+Item {
+    id: row
+
+    required property importCollision collision
+
+    /** The user picks a side. */
+    signal chosen(choice: int)
+    /** The keyboard comes to this row. */
+    signal reached
+
+    implicitHeight: Metrics.rowHeight
+
+    Accessible.name: collision.slug
+    Accessible.role: Accessible.Grouping
+
+    Label {
+        anchors.left: parent.left
+        anchors.right: choices.left
+        anchors.rightMargin: Metrics.large
+        anchors.verticalCenter: parent.verticalCenter
+        font: Typography.control
+        text: row.collision.slug
+    }
+    Row {
+        id: choices
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Metrics.small
+
+        ChoiceButton {
+            checked: row.collision.choice === Vornel.CollisionChoice.claude
+            text: "Claude"
+            onActiveFocusChanged: if (activeFocus) row.reached()
+            onClicked: row.chosen(Vornel.CollisionChoice.claude)
+        }
+        ChoiceButton {
+            checked: row.collision.choice === Vornel.CollisionChoice.codex
+            text: "Codex"
+            onActiveFocusChanged: if (activeFocus) row.reached()
+            onClicked: row.chosen(Vornel.CollisionChoice.codex)
+        }
+    }
+}

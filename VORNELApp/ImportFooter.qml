@@ -1,0 +1,77 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** Says whether the import can begin, begins it, and shows how far it is. */
+Item {
+    id: footer
+
+    required property AppModel model
+
+    readonly property var plan: model.importPlan
+    readonly property bool isReady: plan !== undefined && plan.isReadyToCommit
+    property bool isCommitting: false
+
+    implicitHeight: 48
+
+    Connections {
+        function onIsWorkingChanged() {
+            footer.isCommitting = footer.isCommitting && footer.model.isWorking;
+        }
+
+        target: footer.model
+    }
+    Row {
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Metrics.small
+        visible: footer.isReady && !footer.isCommitting
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            color: Colors.success
+            height: Metrics.symbol
+            name: "circle-check"
+            width: Metrics.symbol
+        }
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Prêt à commencer."
+        }
+    }
+    Column {
+        anchors.left: parent.left
+        anchors.right: open.left
+        anchors.rightMargin: Metrics.huge
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Metrics.small
+        visible: footer.isCommitting
+
+        Label {
+            text: "Import en cours : " + Math.round(progress.value * 100) + " %"
+        }
+        ProgressLine {
+            id: progress
+
+            value: footer.model.commitProgress
+            width: parent.width
+
+            Accessible.name: "Import en cours"
+        }
+    }
+    ActionButton {
+        id: open
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        enabled: footer.model.canCommitImport
+        height: 44
+        isSymbolTrailing: true
+        role: ActionButton.Primary
+        symbol: "arrow-right"
+        text: "Ouvrir la bibliothèque"
+        onClicked: {
+            footer.isCommitting = true;
+            footer.model.commitImport();
+        }
+    }
+}

@@ -1,0 +1,99 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import VORNELApp
+import VORNELDesignSystem
+
+/** What a scan found: three counters, the collisions to settle, and the folders left out. */
+FocusScope {
+    id: review
+
+    required property AppModel model
+
+    readonly property var plan: model.importPlan
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: Metrics.large
+
+        Row {
+            spacing: Metrics.large
+
+            StatCard {
+                label: "COMPÉTENCES"
+                value: review.plan.candidates.length
+            }
+            StatCard {
+                hue: value > 0 ? Colors.warning : Colors.text
+                label: "DOUBLONS"
+                value: review.plan.collisions.length
+            }
+            StatCard {
+                label: value === 1 ? "IGNORÉE" : "IGNORÉES"
+                value: review.plan.blocked.length
+            }
+        }
+        Surface {
+            Layout.fillHeight: true
+            Layout.fillWidth: true
+
+            Flickable {
+                id: scroller
+
+                anchors.fill: parent
+                anchors.margins: Metrics.hairline
+                boundsBehavior: Flickable.StopAtBounds
+                clip: true
+                contentHeight: rows.height
+                contentWidth: width
+
+                Column {
+                    id: rows
+
+                    padding: Metrics.large
+                    spacing: Metrics.small
+                    width: parent.width
+
+                    Row {
+                        height: Metrics.rowHeight
+                        spacing: Metrics.medium
+                        visible: review.plan.collisions.length === 0
+
+                        Symbol {
+                            anchors.verticalCenter: parent.verticalCenter
+                            color: Colors.success
+                            height: Metrics.symbol
+                            name: "check"
+                            width: Metrics.symbol
+                        }
+                        Label {
+                            anchors.verticalCenter: parent.verticalCenter
+                            text: "Aucune collision"
+                        }
+                    }
+                    Repeater {
+                        model: CollisionListModel {
+                            model: review.model
+                        }
+
+                        CollisionRow {
+                            required property importCollision record
+
+                            collision: record
+                            enabled: !review.model.isWorking
+                            width: rows.width - 2 * rows.padding
+                            onChosen: choice => review.model.resolveCollision(record.id, choice)
+                            onReached: scroller.contentY = Math.max(Math.min(scroller.contentY, y), y + height - scroller.height)
+                        }
+                    }
+                    BlockedFolders {
+                        blocked: review.plan.blocked
+                        visible: review.plan.blocked.length > 0
+                        width: rows.width - 2 * rows.padding
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,54 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** The application's window. Closing it waits for what is being done. */
+Window {
+    id: window
+
+    required property AppModel model
+
+    property bool isClosing: false
+
+    color: Colors.canvas
+    height: 800
+    minimumHeight: 620
+    minimumWidth: 960
+    title: "VORNEL"
+    visible: true
+    width: 1240
+
+    onClosing: event => {
+        event.accepted = !model.isBusy;
+        isClosing = model.isBusy;
+    }
+
+    Connections {
+        function onIsBusyChanged() {
+            if (window.isClosing && !window.model.isBusy)
+                window.close();
+        }
+
+        target: window.model
+    }
+    RootView {
+        anchors.fill: parent
+        focus: true
+        model: window.model
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: Colors.scrim
+        visible: window.isClosing
+
+        MouseArea {
+            anchors.fill: parent
+        }
+        StateView {
+            anchors.centerIn: parent
+            line: "VORNEL termine l’opération en cours."
+            title: "Fermeture"
+            width: 400
+        }
+    }
+}

@@ -1,0 +1,72 @@
+import QtQuick
+import QtQuick.Layouts
+import VORNELApp
+import VORNELDesignSystem
+
+/** The search, and what can be done from every screen. */
+Item {
+    id: toolbar
+
+    required property AppModel model
+
+    function focusSearch(): void {
+        search.forceActiveFocus(Qt.ShortcutFocusReason);
+        search.selectAll();
+    }
+
+    implicitHeight: 68
+
+    Accessible.name: "Outils"
+    Accessible.role: Accessible.ToolBar
+
+    Rectangle {
+        anchors.bottom: parent.bottom
+        color: Colors.line
+        height: Metrics.hairline
+        width: parent.width
+    }
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: Metrics.huge
+        anchors.rightMargin: Metrics.huge
+        spacing: Metrics.medium
+
+        SearchField {
+            id: search
+
+            Layout.fillWidth: true
+            Layout.maximumWidth: 420
+            clearText: "Effacer"
+            placeholderText: "Rechercher une compétence"
+            onTextChanged: toolbar.model.searchText = text
+
+            Binding on text {
+                value: toolbar.model.searchText
+            }
+        }
+        Item {
+            Layout.fillWidth: true
+        }
+        BusySignal {
+            isBusy: toolbar.model.isWorking
+        }
+        ActionButton {
+            enabled: toolbar.model.selectedSkill !== undefined && !toolbar.model.isWorking
+            symbol: "refresh-cw"
+            text: "Synchroniser"
+            onClicked: toolbar.model.synchronizeSelectedSkill()
+        }
+        ActionButton {
+            enabled: !toolbar.model.isWorking
+            symbol: "rotate-cw"
+            text: "Actualiser"
+            onClicked: toolbar.model.reload()
+        }
+        ActionButton {
+            enabled: !toolbar.model.isWorking
+            role: ActionButton.Primary
+            symbol: "plus"
+            text: "Nouvelle compétence"
+        }
+    }
+}

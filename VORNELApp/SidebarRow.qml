@@ -1,0 +1,75 @@
+import QtQuick
+import QtQuick.Templates as T
+import VORNELApp
+import VORNELDesignSystem
+
+/** One destination. A count of zero isn't shown. */
+T.AbstractButton {
+    id: row
+
+    required property AppModel model
+    required property int destination
+    required property string symbol
+    property int count: 0
+
+    readonly property bool isCurrent: model.selectedDestination === destination
+    readonly property color foreground: isCurrent ? Colors.accent : Colors.secondary
+
+    anchors.left: parent?.left
+    anchors.right: parent?.right
+    implicitHeight: 40
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+
+    Accessible.checked: isCurrent
+    Accessible.name: text
+    Accessible.role: Accessible.RadioButton
+    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: click()
+    onClicked: {
+        model.selectedDestination = destination;
+        model.closeSkill();
+    }
+
+    background: Rectangle {
+        color: row.isCurrent ? Colors.tint(Colors.accent) : row.hovered ? Colors.hover : "transparent"
+        radius: Metrics.controlRadius
+
+        FocusRing {
+            control: row
+            isShown: row.visualFocus
+        }
+    }
+    contentItem: Item {
+        Symbol {
+            id: icon
+
+            anchors.left: parent.left
+            anchors.leftMargin: Metrics.medium
+            anchors.verticalCenter: parent.verticalCenter
+            color: row.foreground
+            height: Metrics.symbol
+            name: row.symbol
+            width: Metrics.symbol
+        }
+        Text {
+            anchors.left: icon.right
+            anchors.leftMargin: Metrics.medium
+            anchors.verticalCenter: parent.verticalCenter
+            color: row.isCurrent ? Colors.text : Colors.secondary
+            font: Typography.control
+            renderType: Text.NativeRendering
+            text: row.text
+        }
+        Text {
+            anchors.right: parent.right
+            anchors.rightMargin: Metrics.medium
+            anchors.verticalCenter: parent.verticalCenter
+            color: Colors.warning
+            font: Typography.small
+            renderType: Text.NativeRendering
+            text: row.count
+            visible: row.count > 0
+        }
+    }
+}

@@ -1,0 +1,63 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** The chosen skill: its name and its instructions. */
+FocusScope {
+    id: editor
+
+    required property AppModel model
+
+    readonly property var detail: model.selectedSkill
+
+    Keys.onEscapePressed: model.closeSkill()
+
+    ActionButton {
+        id: back
+
+        anchors.left: parent.left
+        anchors.margins: Metrics.huge
+        anchors.top: parent.top
+        focus: true
+        symbol: "chevron-left"
+        text: "Bibliothèque"
+
+        Accessible.name: "Retour à la bibliothèque"
+        onClicked: editor.model.closeSkill()
+    }
+    Label {
+        anchors.left: back.right
+        anchors.leftMargin: Metrics.large
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.huge
+        anchors.verticalCenter: back.verticalCenter
+        font: Typography.title
+        text: editor.detail?.manifest.displayName ?? ""
+    }
+    Surface {
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.margins: Metrics.huge
+        anchors.right: parent.right
+        anchors.top: back.bottom
+
+        Flickable {
+            anchors.fill: parent
+            anchors.margins: Metrics.large
+            boundsBehavior: Flickable.StopAtBounds
+            clip: true
+            contentHeight: text.height
+            contentWidth: width
+
+            Label {
+                id: text
+
+                color: Colors.secondary
+                font: Typography.code
+                text: editor.detail?.skillMD ?? ""
+                width: parent.width
+                wrapMode: Text.Wrap
+            }
+        }
+    }
+}

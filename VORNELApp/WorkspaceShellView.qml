@@ -1,0 +1,57 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** The working window: the sidebar, the toolbar, and the screen or the skill that they lead to. */
+FocusScope {
+    id: shell
+
+    required property AppModel model
+
+    Shortcut {
+        sequences: [StandardKey.Find]
+        onActivated: toolbar.focusSearch()
+    }
+    Shortcut {
+        sequences: [StandardKey.Refresh]
+        onActivated: if (!shell.model.isWorking) shell.model.reload()
+    }
+    Sidebar {
+        id: sidebar
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.top: parent.top
+        model: shell.model
+        width: Metrics.sidebarWidth
+    }
+    ShellToolbar {
+        id: toolbar
+
+        anchors.left: sidebar.right
+        anchors.right: parent.right
+        anchors.top: parent.top
+        model: shell.model
+    }
+    ShellContent {
+        anchors.bottom: parent.bottom
+        anchors.left: sidebar.right
+        anchors.right: parent.right
+        anchors.top: toolbar.bottom
+        focus: true
+        model: shell.model
+    }
+    OpeningOverlay {
+        anchors.bottom: parent.bottom
+        anchors.left: sidebar.right
+        anchors.right: parent.right
+        anchors.top: toolbar.bottom
+        visible: shell.model.isDetailLoading
+    }
+    Confirmations {
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Metrics.huge
+        anchors.horizontalCenter: toolbar.horizontalCenter
+        model: shell.model
+    }
+}

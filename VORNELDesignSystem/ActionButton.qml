@@ -1,0 +1,101 @@
+import QtQuick
+import QtQuick.Templates as T
+import VORNELDesignSystem
+
+/**
+ * A button. A screen has at most one primary action; a destructive one can't be undone. With `isCompact`,
+ * only the symbol is shown, and the text is its name for assistive tools and its tool tip.
+ */
+T.Button {
+    id: control
+
+    enum Role { Primary, Quiet, Destructive }
+
+    property int role: ActionButton.Quiet
+    property string symbol
+    property bool isSymbolTrailing: false
+    property bool isCompact: false
+
+    readonly property color foreground: {
+        if (!enabled)
+            return Colors.muted;
+        if (role === ActionButton.Primary)
+            return Colors.inkOnAccent;
+        return role === ActionButton.Destructive ? Colors.danger : Colors.text;
+    }
+    readonly property color fill: {
+        if (role === ActionButton.Primary) {
+            if (!enabled)
+                return Colors.raised;
+            return down ? Colors.accentPressed : hovered ? Colors.accentHover : Colors.accent;
+        }
+        if (role === ActionButton.Destructive)
+            return Qt.alpha(Colors.danger, !enabled ? 0 : down ? 0.28 : hovered ? 0.2 : 0.12);
+        return down ? Colors.line : hovered ? Colors.hover : isCompact ? "transparent" : Colors.raised;
+    }
+
+    implicitWidth: isCompact ? implicitHeight : implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Metrics.controlHeight
+    leftPadding: isCompact ? 0 : Metrics.large
+    rightPadding: leftPadding
+    focusPolicy: Qt.StrongFocus
+    font: Typography.control
+    hoverEnabled: true
+
+    Accessible.description: T.ToolTip.text === text ? "" : T.ToolTip.text
+    Accessible.name: text
+    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: click()
+
+    background: Rectangle {
+        border.color: control.role === ActionButton.Quiet && !control.isCompact ? Colors.line : "transparent"
+        border.width: Metrics.hairline
+        color: control.fill
+        radius: Metrics.controlRadius
+
+        Behavior on color {
+            ColorAnimation {
+                duration: Motion.quick
+            }
+        }
+
+        FocusRing {
+            control: control
+            isShown: control.visualFocus
+        }
+    }
+    contentItem: Item {
+        implicitWidth: row.implicitWidth
+
+        Row {
+            id: row
+
+            anchors.centerIn: parent
+            layoutDirection: control.isSymbolTrailing ? Qt.RightToLeft : Qt.LeftToRight
+            spacing: Metrics.small
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                color: control.foreground
+                height: Metrics.symbol
+                name: control.symbol
+                visible: control.symbol !== ""
+                width: Metrics.symbol
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                color: control.foreground
+                font: control.font
+                renderType: Text.NativeRendering
+                text: control.text
+                visible: !control.isCompact
+            }
+        }
+    }
+
+    Hint {
+        control: control
+        text: control.text
+        visible: control.isCompact && control.hovered
+    }
+}

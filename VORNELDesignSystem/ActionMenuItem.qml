@@ -1,0 +1,58 @@
+import QtQuick
+import QtQuick.Templates as T
+import VORNELDesignSystem
+
+/** A command of a menu. A checked one carries a check mark. */
+T.MenuItem {
+    id: item
+
+    property string symbol
+    property bool isDestructive: false
+
+    readonly property color foreground: !enabled ? Colors.muted : isDestructive ? Colors.danger : Colors.text
+
+    implicitWidth: 232
+    implicitHeight: Metrics.controlHeight
+    font: Typography.body
+    leftPadding: Metrics.medium
+    rightPadding: Metrics.medium
+
+    Accessible.name: text
+
+    background: Rectangle {
+        color: item.highlighted ? Colors.hover : "transparent"
+        radius: Metrics.controlRadius - Metrics.tiny
+    }
+    contentItem: Row {
+        spacing: Metrics.small
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            color: item.foreground
+            height: Metrics.symbol
+            name: item.symbol
+            visible: item.symbol !== ""
+            width: Metrics.symbol
+        }
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            color: item.foreground
+            elide: Text.ElideRight
+            font: item.font
+            renderType: Text.NativeRendering
+            text: item.text
+            textFormat: Text.PlainText
+            width: item.availableWidth - x - (item.checked ? Metrics.symbol : 0)
+        }
+    }
+    indicator: Symbol {
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.medium
+        anchors.verticalCenter: parent.verticalCenter
+        color: Colors.accent
+        height: Metrics.symbol
+        name: "check"
+        visible: item.checked
+        width: Metrics.symbol
+    }
+}

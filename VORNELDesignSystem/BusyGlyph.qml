@@ -1,0 +1,43 @@
+import QtQuick
+
+/** The product's sign at work: the light goes round its four tiles. */
+Item {
+    id: glyph
+
+    property bool isRunning: true
+    property color hue: Colors.accent
+    property real turn: 0
+
+    implicitWidth: Metrics.symbol
+    implicitHeight: Metrics.symbol
+
+    Accessible.ignored: true
+
+    NumberAnimation on turn {
+        duration: Motion.turn
+        from: 0
+        loops: Animation.Infinite
+        running: glyph.isRunning && glyph.visible && Motion.isEnabled
+        to: 4
+    }
+
+    Repeater {
+        model: 4
+
+        Rectangle {
+            required property int index
+
+            /** The tile's place clockwise, and how far behind it the light is. */
+            readonly property int place: [0, 1, 3, 2][index]
+            readonly property real lag: (glyph.turn - place + 4) % 4
+
+            color: glyph.hue
+            height: glyph.height * 0.44
+            opacity: 0.2 + 0.8 * Math.max(0, 1 - lag / 2)
+            radius: glyph.width * 0.1
+            width: glyph.width * 0.44
+            x: index % 2 === 0 ? 0 : glyph.width - width
+            y: index < 2 ? 0 : glyph.height - height
+        }
+    }
+}

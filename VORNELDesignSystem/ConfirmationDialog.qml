@@ -1,0 +1,47 @@
+import QtQuick
+
+/** Asks before something happens. The way back has the keyboard when the dialog opens. */
+Sheet {
+    id: dialog
+
+    required property string message
+    required property string acceptText
+    property string rejectText: "Annuler"
+    property bool isDestructive: false
+
+    signal accepted
+
+    implicitWidth: Math.min(440, parent.width - 2 * Metrics.page)
+    onOpened: reject.forceActiveFocus(Qt.TabFocusReason)
+
+    contentItem: Column {
+        spacing: Metrics.huge
+
+        Label {
+            color: Colors.secondary
+            lineHeight: 1.35
+            text: dialog.message
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+        Row {
+            anchors.right: parent.right
+            spacing: Metrics.medium
+
+            ActionButton {
+                id: reject
+
+                text: dialog.rejectText
+                onClicked: dialog.close()
+            }
+            ActionButton {
+                role: dialog.isDestructive ? ActionButton.Destructive : ActionButton.Primary
+                text: dialog.acceptText
+                onClicked: {
+                    dialog.close();
+                    dialog.accepted();
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,15 @@
+import QtQuick
+
+/** The frame around the control that has the keyboard, drawn just outside of it. */
+Rectangle {
+    required property Item control
+    property bool isShown: control.activeFocus
+
+    anchors.fill: parent
+    anchors.margins: -2 * Metrics.focusWidth
+    border.color: Colors.accent
+    border.width: Metrics.focusWidth
+    color: "transparent"
+    radius: Metrics.controlRadius + 2 * Metrics.focusWidth
+    visible: isShown
+}

@@ -1,0 +1,65 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/** A panel over the window that keeps the keyboard until it is closed. Esc closes it. */
+T.Popup {
+    id: sheet
+
+    required property string title
+
+    parent: T.Overlay.overlay
+    x: Math.round((parent.width - width) / 2)
+    y: Math.round((parent.height - height) / 2)
+    implicitWidth: Math.min(520, parent.width - 2 * Metrics.page)
+    implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, parent.height - 2 * Metrics.page)
+    contentHeight: contentItem.implicitHeight
+    bottomPadding: Metrics.huge
+    closePolicy: T.Popup.CloseOnEscape
+    focus: true
+    leftPadding: Metrics.huge
+    modal: true
+    rightPadding: Metrics.huge
+    topPadding: Metrics.huge + heading.height + Metrics.large
+
+    background: Rectangle {
+        border.color: Colors.line
+        border.width: Metrics.hairline
+        color: Colors.raised
+        radius: Metrics.cardRadius
+
+        Accessible.name: sheet.title
+        Accessible.role: Accessible.Dialog
+
+        Label {
+            id: heading
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.margins: Metrics.huge
+            font: Typography.title
+            text: sheet.title
+            wrapMode: Text.Wrap
+        }
+    }
+    enter: Transition {
+        NumberAnimation {
+            duration: Motion.normal
+            easing.type: Motion.easing
+            from: 0
+            property: "opacity"
+            to: 1
+        }
+    }
+    exit: Transition {
+        NumberAnimation {
+            duration: Motion.quick
+            property: "opacity"
+            to: 0
+        }
+    }
+
+    T.Overlay.modal: Rectangle {
+        color: Colors.scrim
+    }
+}

@@ -1,0 +1,41 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/** A line to type in. */
+T.TextField {
+    id: field
+
+    implicitWidth: 240
+    implicitHeight: Metrics.controlHeight
+    color: Colors.text
+    font: Typography.body
+    leftPadding: Metrics.medium
+    placeholderTextColor: Colors.muted
+    rightPadding: Metrics.medium
+    selectByMouse: true
+    selectedTextColor: Colors.inkOnAccent
+    selectionColor: Colors.accent
+    verticalAlignment: TextInput.AlignVCenter
+
+    Accessible.name: placeholderText
+
+    background: Rectangle {
+        border.color: field.activeFocus ? Colors.accent : Colors.line
+        border.width: field.activeFocus ? Metrics.focusWidth : Metrics.hairline
+        color: Colors.surface
+        radius: Metrics.controlRadius
+    }
+
+    Text {
+        anchors.fill: parent
+        anchors.leftMargin: field.leftPadding
+        anchors.rightMargin: field.rightPadding
+        color: field.placeholderTextColor
+        elide: Text.ElideRight
+        font: field.font
+        renderType: Text.NativeRendering
+        text: field.placeholderText
+        verticalAlignment: Text.AlignVCenter
+        visible: field.text === "" && field.preeditText === ""
+    }
+}

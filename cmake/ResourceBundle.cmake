@@ -1,0 +1,37 @@
+# The application's fonts and images, taken from npm packages of exact versions: only the files in use, with
+# their licences.
+set(vornel_bundle ${PROJECT_BINARY_DIR}/VORNELApp/VORNEL_VORNELApp.bundle)
+set(vornel_font_weights 400Regular 500Medium 600SemiBold)
+set(vornel_symbols
+    arrow-left arrow-right check chevron-down chevron-left chevron-right circle circle-check ellipsis grid-2x2
+    layout-grid plus refresh-cw rotate-cw search shield-half trash-2 triangle-alert wrench x)
+
+find_program(NPM npm REQUIRED)
+set(assets ${PROJECT_SOURCE_DIR}/VORNELApp/Assets)
+set(packages ${PROJECT_BINARY_DIR}/assets)
+set(oxanium ${packages}/node_modules/@expo-google-fonts/oxanium)
+set(lucide ${packages}/node_modules/lucide-static)
+
+set(fonts ${vornel_font_weights})
+list(TRANSFORM fonts REPLACE "(.+)" "${oxanium}/\\1/Oxanium_\\1.ttf")
+set(images ${vornel_symbols})
+list(TRANSFORM images REPLACE "(.+)" "${lucide}/icons/\\1.svg")
+
+add_custom_command(
+    OUTPUT ${vornel_bundle}.stamp
+    DEPENDS ${assets}/package.json ${assets}/package-lock.json ${CMAKE_CURRENT_LIST_FILE}
+    COMMENT "Collecting fonts and images"
+    COMMAND ${CMAKE_COMMAND} -E rm -rf ${packages} ${vornel_bundle}
+    COMMAND ${CMAKE_COMMAND} -E copy_directory ${assets} ${packages}
+    COMMAND ${CMAKE_COMMAND} -E chdir ${packages} ${NPM} ci --loglevel=error
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${vornel_bundle}/Fonts ${vornel_bundle}/Images
+    COMMAND ${CMAKE_COMMAND} -E copy ${fonts} ${vornel_bundle}/Fonts
+    COMMAND ${CMAKE_COMMAND} -E copy ${images} ${vornel_bundle}/Images
+    COMMAND ${CMAKE_COMMAND} -E copy ${oxanium}/LICENSE_FONT ${vornel_bundle}/Fonts/LICENSE
+    COMMAND ${CMAKE_COMMAND} -E copy ${lucide}/LICENSE ${vornel_bundle}/Images/LICENSE
+    COMMAND ${CMAKE_COMMAND} -E rm -rf ${packages}
+    COMMAND ${CMAKE_COMMAND} -E touch ${vornel_bundle}.stamp
+    VERBATIM
+)
+add_custom_target(VORNELBundle ALL DEPENDS ${vornel_bundle}.stamp)
+install(DIRECTORY ${vornel_bundle} DESTINATION share/vornel)
