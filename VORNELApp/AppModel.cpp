@@ -28,8 +28,10 @@ AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::filesystem:
     : m_service(std::move(service)), m_workspaceURL(std::move(workspaceURL)),
       m_claudeRoot(std::move(claudeRoot)), m_codexRoot(std::move(codexRoot)), m_defaults(std::move(defaults))
 {
-    m_canCommitImport.setBinding(
-        [this] { return m_importPlan.value() && m_importPlan.value()->isReadyToCommit() && !m_isWorking; });
+    m_canCommitImport.setBinding([this] {
+        const auto &plan = m_importPlan.value();
+        return plan && plan->isReadyToCommit() && !m_isWorking;
+    });
     m_isBusy.setBinding([this] { return m_operationCount > 0; });
     m_libraryIndex.setBinding([this] {
         const auto &overview = m_overview.value();

@@ -26,45 +26,37 @@ Column {
     Repeater {
         model: folders.isUnfolded ? folders.blocked : []
 
-        Item {
+        Column {
             id: row
 
             required property blockedImport modelData
 
-            readonly property string assistant: modelData.source === Vornel.TargetKind.claude ? "Claude" : "Codex"
-
-            height: name.height + reason.height + Metrics.medium
+            bottomPadding: Metrics.small
+            leftPadding: Metrics.large
+            spacing: Metrics.tiny
             width: folders.width
 
-            Accessible.name: modelData.name + ", " + assistant + ", " + modelData.reasonText()
+            Accessible.name: modelData.name + ", " + modelData.assistant + ", " + modelData.reasonText
             Accessible.role: Accessible.ListItem
 
-            Label {
-                id: name
+            Row {
+                spacing: Metrics.small
 
-                font: Typography.control
-                text: row.modelData.name
-                width: Math.min(implicitWidth, parent.width - tag.width - Metrics.small)
-                x: Metrics.large
-            }
-            Tag {
-                id: tag
-
-                anchors.left: name.right
-                anchors.leftMargin: Metrics.small
-                anchors.verticalCenter: name.verticalCenter
-                text: row.assistant
+                Label {
+                    anchors.verticalCenter: parent.verticalCenter
+                    font: Typography.control
+                    text: row.modelData.name
+                    width: Math.min(implicitWidth, row.width - 120)
+                }
+                Tag {
+                    text: row.modelData.assistant
+                }
             }
             Label {
-                id: reason
-
-                anchors.top: name.bottom
-                anchors.topMargin: Metrics.tiny
                 color: Colors.secondary
                 font: Typography.small
-                text: row.modelData.reasonText()
-                width: parent.width - x
-                x: Metrics.large
+                text: row.modelData.reasonText
+                width: row.width - 2 * row.leftPadding
             }
         }
     }

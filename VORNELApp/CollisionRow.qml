@@ -34,13 +34,13 @@ Item {
         spacing: Metrics.small
 
         ChoiceButton {
-            checked: row.collision.choice === Vornel.CollisionChoice.claude
+            isChosen: row.collision.choice === Vornel.CollisionChoice.claude
             text: "Claude"
             onActiveFocusChanged: if (activeFocus) row.reached()
             onClicked: row.chosen(Vornel.CollisionChoice.claude)
         }
         ChoiceButton {
-            checked: row.collision.choice === Vornel.CollisionChoice.codex
+            isChosen: row.collision.choice === Vornel.CollisionChoice.codex
             text: "Codex"
             onActiveFocusChanged: if (activeFocus) row.reached()
             onClicked: row.chosen(Vornel.CollisionChoice.codex)

@@ -4,7 +4,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** What has just succeeded, each confirmation for 1.8 seconds from when it came, the newest below. */
+/** What has just succeeded, each confirmation for 1.8 seconds from when it came, the newest last. */
 Item {
     id: confirmations
 
@@ -56,7 +56,7 @@ Item {
             NumberAnimation {
                 duration: Motion.normal
                 easing.type: Motion.easing
-                from: stack.height + Metrics.page
+                from: -Metrics.page
                 property: "y"
             }
         }

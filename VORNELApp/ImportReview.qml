@@ -72,6 +72,14 @@ FocusScope {
                             text: "Aucune collision"
                         }
                     }
+                    Label {
+                        bottomPadding: Metrics.tiny
+                        color: Colors.secondary
+                        text: "Deux versions portent le même nom. Choisissez celle à garder."
+                        visible: review.plan.collisions.length > 0
+                        width: rows.width - 2 * rows.padding
+                        wrapMode: Text.Wrap
+                    }
                     Repeater {
                         model: CollisionListModel {
                             model: review.model

@@ -24,8 +24,8 @@ T.AbstractButton {
     Accessible.checked: isCurrent
     Accessible.name: text
     Accessible.role: Accessible.RadioButton
-    Keys.onEnterPressed: click()
-    Keys.onReturnPressed: click()
+    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: clicked()
     onClicked: {
         model.selectedDestination = destination;
         model.closeSkill();

@@ -38,7 +38,7 @@ FocusScope {
 
         anchors.bottom: parent.bottom
         anchors.left: parent.left
-        anchors.margins: Metrics.large
+        anchors.margins: Metrics.medium
         anchors.right: parent.right
         anchors.top: heading.bottom
         boundsBehavior: Flickable.StopAtBounds

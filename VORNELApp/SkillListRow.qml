@@ -20,8 +20,8 @@ T.ItemDelegate {
     Accessible.description: record.slug
     Accessible.name: text
     Accessible.role: Accessible.ListItem
-    Keys.onEnterPressed: click()
-    Keys.onReturnPressed: click()
+    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: clicked()
 
     background: Rectangle {
         color: row.hovered ? Colors.hover : "transparent"
@@ -36,26 +36,22 @@ T.ItemDelegate {
             visible: row.highlighted
         }
     }
-    contentItem: Item {
-        Label {
-            id: name
+    contentItem: Column {
+        leftPadding: Metrics.medium
+        rightPadding: Metrics.medium
+        spacing: Metrics.tiny + 2
+        topPadding: Metrics.small + 2
 
-            anchors.left: parent.left
-            anchors.leftMargin: Metrics.medium
-            anchors.right: parent.right
-            anchors.rightMargin: Metrics.medium
+        Label {
             font: Typography.control
             text: row.text
-            y: Metrics.small
+            width: parent.width - 2 * Metrics.medium
         }
         Label {
-            anchors.left: name.left
-            anchors.right: name.right
-            anchors.top: name.bottom
-            anchors.topMargin: Metrics.tiny
             color: Colors.secondary
             font: Typography.small
             text: row.record.summary
+            width: parent.width - 2 * Metrics.medium
         }
     }
 }

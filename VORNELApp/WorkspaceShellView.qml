@@ -49,9 +49,9 @@ FocusScope {
         visible: shell.model.isDetailLoading
     }
     Confirmations {
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: Metrics.huge
         anchors.horizontalCenter: toolbar.horizontalCenter
+        anchors.top: toolbar.bottom
+        anchors.topMargin: Metrics.large
         model: shell.model
     }
 }

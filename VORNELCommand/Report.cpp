@@ -50,11 +50,6 @@ QString maturityLabel(Maturity maturity)
     return u"Obsolète"_s;
 }
 
-QString assistantName(TargetKind kind)
-{
-    return kind == TargetKind::claude ? u"Claude"_s : u"Codex"_s;
-}
-
 /// "1 compétence", "2 compétences".
 QString countedSkills(qsizetype count)
 {

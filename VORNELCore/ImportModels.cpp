@@ -10,6 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
+QString assistantName(TargetKind kind)
+{
+    return kind == TargetKind::claude ? u"Claude"_s : u"Codex"_s;
+}
+
 QString ImportCandidate::sourceText() const
 {
     return pathText(sourceURL);

@@ -14,6 +14,9 @@
 /// all their fields. A property's name is also its key in JSON.
 namespace vornel {
 
+/// How people call an assistant.
+QString assistantName(TargetKind kind);
+
 /// A folder that can be imported.
 struct ImportCandidate
 {
@@ -70,6 +73,8 @@ struct BlockedImport
     Q_PROPERTY(vornel::TargetKind source MEMBER source)
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QString reason MEMBER reason)
+    Q_PROPERTY(QString assistant READ assistant STORED false)
+    Q_PROPERTY(QString reasonText READ reasonText STORED false)
 
 public:
     TargetKind source = TargetKind::claude;
@@ -77,8 +82,11 @@ public:
     /// "symlinkUnsupported", "invalidPath", "missingSkillFile", "unsafeContent" or "unreadable"
     QString reason;
 
+    /// The name of the assistant in whose folder the entry is.
+    QString assistant() const { return assistantName(source); }
+
     /// The reason for people: the end of a sentence that begins with the folder's name.
-    Q_INVOKABLE QString reasonText() const;
+    QString reasonText() const;
 
     bool operator==(const BlockedImport &) const = default;
 };
@@ -93,6 +101,7 @@ struct ImportPlan
     Q_PROPERTY(QList<vornel::ImportCandidate> candidates MEMBER candidates)
     Q_PROPERTY(QList<vornel::ImportCollision> collisions MEMBER collisions)
     Q_PROPERTY(QList<vornel::BlockedImport> blocked MEMBER blocked)
+    Q_PROPERTY(bool isReadyToCommit READ isReadyToCommit STORED false)
 
 public:
     QUuid id;
@@ -107,7 +116,7 @@ public:
     int unresolvedCollisionCount() const;
 
     /// Whether every collision has a choice.
-    Q_INVOKABLE bool isReadyToCommit() const { return unresolvedCollisionCount() == 0; }
+    bool isReadyToCommit() const { return unresolvedCollisionCount() == 0; }
 
     bool operator==(const ImportPlan &) const = default;
 };

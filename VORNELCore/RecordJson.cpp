@@ -38,7 +38,8 @@ QJsonObject encodeRecord(const QVariant &record)
     const QMetaObject *fields = record.metaType().metaObject();
     for (int index = 0; index < fields->propertyCount(); ++index) {
         const QMetaProperty field = fields->property(index);
-        object.insert(QLatin1String(field.name()), encode(field.readOnGadget(record.constData())));
+        if (field.isStored())
+            object.insert(QLatin1String(field.name()), encode(field.readOnGadget(record.constData())));
     }
     return object;
 }
@@ -62,6 +63,8 @@ QVariant decodeRecord(const QJsonValue &value, QMetaType type)
     QVariant record(type);
     for (int index = 0; index < fields->propertyCount(); ++index) {
         const QMetaProperty field = fields->property(index);
+        if (!field.isStored())
+            continue;
         const QVariant content = decode(object.value(QLatin1String(field.name())), field.metaType());
         if (!content.isValid() || !field.writeOnGadget(record.data(), content))
             return {};

@@ -44,8 +44,8 @@ T.Button {
 
     Accessible.description: T.ToolTip.text === text ? "" : T.ToolTip.text
     Accessible.name: text
-    Keys.onEnterPressed: click()
-    Keys.onReturnPressed: click()
+    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: clicked()
 
     background: Rectangle {
         border.color: control.role === ActionButton.Quiet && !control.isCompact ? Colors.line : "transparent"

@@ -2,9 +2,11 @@ import QtQuick
 import QtQuick.Templates as T
 import VORNELDesignSystem
 
-/** One of a few exclusive choices that stand side by side. */
-T.RadioButton {
+/** One of a few exclusive choices that stand side by side. Whoever answers the click sets `isChosen`. */
+T.AbstractButton {
     id: choice
+
+    property bool isChosen: false
 
     implicitWidth: Math.max(96, label.implicitWidth + Metrics.symbol + Metrics.small + 2 * Metrics.medium)
     implicitHeight: Metrics.controlHeight
@@ -12,15 +14,18 @@ T.RadioButton {
     font: Typography.control
     hoverEnabled: true
 
-    Accessible.description: checked ? "sélectionné" : "non sélectionné"
+    Accessible.checkable: true
+    Accessible.checked: isChosen
+    Accessible.description: isChosen ? "sélectionné" : "non sélectionné"
     Accessible.name: text
-    Keys.onEnterPressed: click()
-    Keys.onReturnPressed: click()
+    Accessible.role: Accessible.RadioButton
+    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: clicked()
 
     background: Rectangle {
-        border.color: choice.checked ? Colors.accent : Colors.line
+        border.color: choice.isChosen ? Colors.accent : Colors.line
         border.width: Metrics.hairline
-        color: choice.checked ? Colors.tint(Colors.accent) : choice.hovered ? Colors.hover : Colors.raised
+        color: choice.isChosen ? Colors.tint(Colors.accent) : choice.hovered ? Colors.hover : Colors.raised
         radius: Metrics.controlRadius
 
         FocusRing {
@@ -35,9 +40,9 @@ T.RadioButton {
 
             Symbol {
                 anchors.verticalCenter: parent.verticalCenter
-                color: choice.checked ? Colors.accent : Colors.muted
+                color: choice.isChosen ? Colors.accent : Colors.muted
                 height: Metrics.symbol
-                name: choice.checked ? "circle-check" : "circle"
+                name: choice.isChosen ? "circle-check" : "circle"
                 width: Metrics.symbol
             }
             Text {

@@ -141,7 +141,7 @@ Rectangle {
                 name: "CHOIX ET SAISIE"
 
                 ChoiceButton {
-                    checked: true
+                    isChosen: true
                     text: "Choisi"
                 }
                 ChoiceButton {

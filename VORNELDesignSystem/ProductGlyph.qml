@@ -12,7 +12,7 @@ Item {
     property real gathered: 1
 
     readonly property real tile: width * 0.2
-    readonly property real step: tile + width * 0.0625
+    readonly property real step: (width - tile) / 3
 
     implicitWidth: 360
     implicitHeight: 360

@@ -1,0 +1,223 @@
+/// Renders the screens of the application, driven as a user would through the demonstration library, into
+/// one picture each. Arguments: the folder for the pictures, the window's width and height, and the names of
+/// the pictures to take (all without any).
+
+#include <VORNELApp/AppModel.h>
+#include <VORNELApp/VORNELApp.h>
+#include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlExtensionPlugin>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <map>
+#include <optional>
+#include <string>
+
+Q_IMPORT_QML_PLUGIN(VORNELAppPlugin)
+Q_IMPORT_QML_PLUGIN(VORNELDesignSystemPlugin)
+
+using namespace Qt::StringLiterals;
+using namespace vornel;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A scratch copy of the demonstration library, and an application on it.
+class Stage
+{
+public:
+    /// With `isBroken`, the workspace lies in an assistant's folder, so that the start fails.
+    explicit Stage(bool isBroken = false)
+    {
+        const fs::path root = fs::path(m_folder.path().toStdString());
+        for (const char *assistant : {"claude", "codex"})
+            fs::copy(fs::path(VORNEL_DEMO) / assistant, root / assistant, fs::copy_options::recursive);
+        const std::map<std::string, std::string> variables{
+            {"VORNEL_TEST_MODE", "1"},
+            {"VORNEL_WORKSPACE_PATH", root / (isBroken ? "claude/VORNEL" : "VORNEL")},
+            {"VORNEL_CLAUDE_SKILLS_PATH", root / "claude"},
+            {"VORNEL_CODEX_SKILLS_PATH", root / "codex"},
+        };
+        const Environment environment = [&variables](const char *name) {
+            const auto found = variables.find(name);
+            return found == variables.end() ? nullptr : found->second.c_str();
+        };
+        m_application.emplace(AppEnvironment::live(DefaultWorkspaceLocator(root), environment, root));
+    }
+
+    VORNELApp &application() { return *m_application; }
+    AppModel &model() { return m_application->model(); }
+
+    fs::path path(const char *below) const { return fs::path(m_folder.path().toStdString()) / below; }
+
+private:
+    QTemporaryDir m_folder;
+    std::optional<VORNELApp> m_application;
+};
+
+/// Everything is at its place at once, so that a picture never shows a movement half done.
+void stopMotion(QQmlEngine &engine)
+{
+    QQmlComponent component(&engine);
+    component.setData("import QtQml; import VORNELDesignSystem\n"
+                      "QtObject { Component.onCompleted: Motion.isEnabled = false }",
+                      {});
+    delete component.create();
+}
+
+class Photographer
+{
+public:
+    Photographer(QString folder, QSize size, QStringList chosen)
+        : m_folder(std::move(folder)), m_size(size), m_chosen(std::move(chosen))
+    {
+    }
+
+    void watch(Stage &stage)
+    {
+        m_window = stage.application().showWindow();
+        m_window->resize(m_size);
+        stopMotion(stage.application().engine());
+    }
+
+    void take(const QString &name)
+    {
+        if (!m_chosen.isEmpty() && !m_chosen.contains(name))
+            return;
+        QCoreApplication::processEvents();
+        const QString file = m_folder + u'/' + name + u".png"_s;
+        if (!m_window->grabWindow().save(file))
+            qFatal("can't write %s", qUtf8Printable(file));
+        qInfo("%s", qUtf8Printable(file));
+    }
+
+    /// Clicks the button that reads `text`.
+    void click(const QString &text) const
+    {
+        QQuickItem *button = buttonBelow(m_window->contentItem(), text);
+        if (button == nullptr)
+            qFatal("no button %s", qUtf8Printable(text));
+        QMetaObject::invokeMethod(button, "clicked");
+    }
+
+private:
+    static QQuickItem *buttonBelow(QQuickItem *item, const QString &text)
+    {
+        if (item->property("text").toString() == text && item->property("checkable").isValid())
+            return item;
+        const auto children = item->childItems();
+        for (QQuickItem *child : children) {
+            if (QQuickItem *found = child->isVisible() ? buttonBelow(child, text) : nullptr)
+                return found;
+        }
+        return nullptr;
+    }
+
+    QString m_folder;
+    QSize m_size;
+    QStringList m_chosen;
+    QQuickWindow *m_window = nullptr;
+};
+
+void settle(const AppModel &model)
+{
+    do
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    while (model.isBusy());
+    QCoreApplication::processEvents();
+}
+
+void photographFailure(Photographer &photographer)
+{
+    Stage stage(true);
+    photographer.watch(stage);
+    settle(stage.model());
+    photographer.take(u"failure"_s);
+}
+
+void photographOnboarding(Photographer &photographer, AppModel &model)
+{
+    photographer.take(u"launch"_s);
+    settle(model);
+    for (int page = 1; page <= 4; ++page) {
+        photographer.take(u"onboarding-%1"_s.arg(page));
+        model.advanceOnboarding();
+    }
+    photographer.take(u"import-scan"_s);
+    settle(model);
+    photographer.take(u"import-collisions"_s);
+    const QList<ImportCollision> collisions = model.importPlan()->collisions;
+    for (const ImportCollision &collision : collisions) {
+        model.resolveCollision(collision.id, CollisionChoice::claude);
+        settle(model);
+    }
+    photographer.click(u"2 dossiers ignorés"_s);
+    photographer.take(u"import-ready"_s);
+    photographer.click(u"Ouvrir la bibliothèque"_s);
+    while (model.commitProgress() < 0.3)
+        QCoreApplication::processEvents();
+    photographer.take(u"import-progress"_s);
+    settle(model);
+}
+
+void photographShell(Photographer &photographer, Stage &stage)
+{
+    AppModel &model = stage.model();
+    photographer.take(u"library-confirmation"_s);
+    model.setSearchText(u"sécurité"_s);
+    photographer.take(u"library-search"_s);
+    model.setSearchText(u"introuvable"_s);
+    photographer.take(u"library-no-result"_s);
+    model.setSearchText({});
+    model.setSelectedDestination(Destination::needsAttention);
+    photographer.take(u"attention-empty"_s);
+    model.setSelectedDestination(Destination::trash);
+    photographer.take(u"trash-empty"_s);
+
+    const QList<SkillSummary> skills = model.overview()->skills;
+    fs::remove_all(stage.path("codex") / skills.at(0).slug.toStdString());
+    fs::remove_all(stage.path("claude") / skills.at(3).slug.toStdString());
+    model.moveSkillsToTrash({skills.at(1).id, skills.at(2).id});
+    settle(model);
+    photographer.take(u"trash"_s);
+    model.setSelectedDestination(Destination::needsAttention);
+    photographer.take(u"attention"_s);
+    model.setSelectedDestination(Destination::library);
+    model.selectSkill(skills.at(4).id);
+    photographer.take(u"opening"_s);
+    settle(model);
+    photographer.take(u"skill"_s);
+    model.closeSkill();
+    model.restore(QUuid::createUuid());
+    settle(model);
+    photographer.take(u"error"_s);
+    model.clearError();
+    photographer.take(u"library"_s);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication application(argc, argv);
+    QStringList arguments = QGuiApplication::arguments().mid(1);
+    if (arguments.size() < 3)
+        qFatal("usage: vornel-screenshots FOLDER WIDTH HEIGHT [NAME ...]");
+    const QString folder = arguments.takeFirst();
+    const int width = arguments.takeFirst().toInt();
+    const int height = arguments.takeFirst().toInt();
+    QDir().mkpath(folder);
+    Photographer photographer(folder, {width, height}, arguments);
+    photographFailure(photographer);
+    Stage stage;
+    photographer.watch(stage);
+    photographOnboarding(photographer, stage.model());
+    photographShell(photographer, stage);
+    return 0;
+}
