@@ -50,7 +50,7 @@ class AppModel : public QObject
     Q_PROPERTY(QString transientMessage READ transientMessage NOTIFY transientMessageChanged)
     Q_PROPERTY(bool canCommitImport READ canCommitImport NOTIFY canCommitImportChanged BINDABLE
                    bindableCanCommitImport)
-    Q_PROPERTY(qsizetype needsAttentionCount READ needsAttentionCount NOTIFY overviewChanged)
+    Q_PROPERTY(int needsAttentionCount READ needsAttentionCount NOTIFY overviewChanged)
     Q_PROPERTY(qreal commitProgress READ commitProgress NOTIFY commitProgressChanged BINDABLE
                    bindableCommitProgress)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY isBusyChanged BINDABLE bindableIsBusy)
@@ -108,7 +108,7 @@ public:
 
     /// The skills of which a copy is not as it should be, whatever the filters say.
     QList<SkillSummary> needsAttention() const;
-    qsizetype needsAttentionCount() const { return needsAttention().size(); }
+    int needsAttentionCount() const { return static_cast<int>(needsAttention().size()); }
 
     /// The library, prepared for queries of which the fields above are the filter.
     const LibraryIndex &libraryIndex() const { return m_libraryIndex.value(); }

@@ -5,24 +5,32 @@ import VORNELDesignSystem
 Rectangle {
     color: Colors.scrim
 
-    Column {
+    Surface {
         anchors.centerIn: parent
-        spacing: Metrics.medium
+        height: column.height + 2 * Metrics.huge
+        width: column.width + 2 * Metrics.page
 
-        BusyGlyph {
-            anchors.horizontalCenter: parent.horizontalCenter
-            height: 32
-            width: 32
-        }
-        Label {
-            anchors.horizontalCenter: parent.horizontalCenter
-            font: Typography.label
-            text: "OUVERTURE"
-        }
-        Label {
-            anchors.horizontalCenter: parent.horizontalCenter
-            color: Colors.secondary
-            text: "Ouverture de la compétence"
+        Column {
+            id: column
+
+            anchors.centerIn: parent
+            spacing: Metrics.medium
+
+            BusyGlyph {
+                anchors.horizontalCenter: parent.horizontalCenter
+                height: 32
+                width: 32
+            }
+            Label {
+                anchors.horizontalCenter: parent.horizontalCenter
+                font: Typography.label
+                text: "OUVERTURE"
+            }
+            Label {
+                anchors.horizontalCenter: parent.horizontalCenter
+                color: Colors.secondary
+                text: "Ouverture de la compétence"
+            }
         }
     }
 }

@@ -23,6 +23,13 @@ QML_FOREIGN_NAMESPACE(vornel::AppStates)
 QML_NAMED_ELEMENT(AppStates)
 } // namespace States
 
+struct UuidType
+{
+    Q_GADGET
+    QML_FOREIGN(QUuid)
+    QML_VALUE_TYPE(uuid)
+};
+
 struct PhaseType
 {
     Q_GADGET

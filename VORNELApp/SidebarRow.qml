@@ -37,15 +37,13 @@ T.AbstractButton {
 
         FocusRing {
             control: row
-            isShown: row.visualFocus
         }
     }
-    contentItem: Item {
-        Symbol {
-            id: icon
+    contentItem: Row {
+        leftPadding: Metrics.medium
+        spacing: Metrics.medium
 
-            anchors.left: parent.left
-            anchors.leftMargin: Metrics.medium
+        Symbol {
             anchors.verticalCenter: parent.verticalCenter
             color: row.foreground
             height: Metrics.symbol
@@ -53,23 +51,22 @@ T.AbstractButton {
             width: Metrics.symbol
         }
         Text {
-            anchors.left: icon.right
-            anchors.leftMargin: Metrics.medium
             anchors.verticalCenter: parent.verticalCenter
             color: row.isCurrent ? Colors.text : Colors.secondary
             font: Typography.control
             renderType: Text.NativeRendering
             text: row.text
         }
-        Text {
-            anchors.right: parent.right
-            anchors.rightMargin: Metrics.medium
-            anchors.verticalCenter: parent.verticalCenter
-            color: Colors.warning
-            font: Typography.small
-            renderType: Text.NativeRendering
-            text: row.count
-            visible: row.count > 0
-        }
+    }
+
+    Text {
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.medium
+        anchors.verticalCenter: parent.verticalCenter
+        color: Colors.warning
+        font: Typography.small
+        renderType: Text.NativeRendering
+        text: row.count
+        visible: row.count > 0
     }
 }

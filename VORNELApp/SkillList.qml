@@ -1,7 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
+import VORNELApp
 import VORNELDesignSystem
 
 /** Skills by name. Up and Down move, Enter chooses. Without skills, `emptyTitle` stands in their place. */
@@ -14,7 +14,7 @@ FocusScope {
     required property string emptySymbol
     property bool isChoosable: true
 
-    signal chosen(id: var)
+    signal chosen(id: uuid)
 
     Label {
         id: heading

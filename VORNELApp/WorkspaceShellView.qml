@@ -9,11 +9,11 @@ FocusScope {
     required property AppModel model
 
     Shortcut {
-        sequences: [StandardKey.Find]
+        sequence: "Ctrl+F"
         onActivated: toolbar.focusSearch()
     }
     Shortcut {
-        sequences: [StandardKey.Refresh]
+        sequence: "F5"
         onActivated: if (!shell.model.isWorking) shell.model.reload()
     }
     Sidebar {

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Templates as T
-import VORNELDesignSystem
 
 /**
  * A button. A screen has at most one primary action; a destructive one can't be undone. With `isCompact`,
@@ -61,36 +60,16 @@ T.Button {
 
         FocusRing {
             control: control
-            isShown: control.visualFocus
         }
     }
-    contentItem: Item {
-        implicitWidth: row.implicitWidth
-
-        Row {
-            id: row
-
-            anchors.centerIn: parent
-            layoutDirection: control.isSymbolTrailing ? Qt.RightToLeft : Qt.LeftToRight
-            spacing: Metrics.small
-
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                color: control.foreground
-                height: Metrics.symbol
-                name: control.symbol
-                visible: control.symbol !== ""
-                width: Metrics.symbol
-            }
-            Text {
-                anchors.verticalCenter: parent.verticalCenter
-                color: control.foreground
-                font: control.font
-                renderType: Text.NativeRendering
-                text: control.text
-                visible: !control.isCompact
-            }
-        }
+    contentItem: SymbolLabel {
+        color: control.foreground
+        font: control.font
+        isSymbolAlone: control.isCompact
+        isSymbolTrailing: control.isSymbolTrailing
+        symbol: control.symbol
+        symbolColor: control.foreground
+        text: control.text
     }
 
     Hint {

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 /** The product's sign at work: the light goes round its four tiles. */
@@ -6,7 +8,7 @@ Item {
 
     property bool isRunning: true
     property color hue: Colors.accent
-    property real turn: 0
+    property real turn
 
     implicitWidth: Metrics.symbol
     implicitHeight: Metrics.symbol

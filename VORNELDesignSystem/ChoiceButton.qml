@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Templates as T
-import VORNELDesignSystem
 
 /** One of a few exclusive choices that stand side by side. Whoever answers the click sets `isChosen`. */
 T.AbstractButton {
@@ -8,7 +7,7 @@ T.AbstractButton {
 
     property bool isChosen: false
 
-    implicitWidth: Math.max(96, label.implicitWidth + Metrics.symbol + Metrics.small + 2 * Metrics.medium)
+    implicitWidth: Math.max(96, implicitContentWidth + 2 * Metrics.medium)
     implicitHeight: Metrics.controlHeight
     focusPolicy: Qt.StrongFocus
     font: Typography.control
@@ -30,30 +29,13 @@ T.AbstractButton {
 
         FocusRing {
             control: choice
-            isShown: choice.visualFocus
         }
     }
-    contentItem: Item {
-        Row {
-            anchors.centerIn: parent
-            spacing: Metrics.small
-
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                color: choice.isChosen ? Colors.accent : Colors.muted
-                height: Metrics.symbol
-                name: choice.isChosen ? "circle-check" : "circle"
-                width: Metrics.symbol
-            }
-            Text {
-                id: label
-
-                anchors.verticalCenter: parent.verticalCenter
-                color: !choice.enabled ? Colors.muted : Colors.text
-                font: choice.font
-                renderType: Text.NativeRendering
-                text: choice.text
-            }
-        }
+    contentItem: SymbolLabel {
+        color: choice.enabled ? Colors.text : Colors.muted
+        font: choice.font
+        symbol: choice.isChosen ? "circle-check" : "circle"
+        symbolColor: choice.isChosen ? Colors.accent : Colors.muted
+        text: choice.text
     }
 }

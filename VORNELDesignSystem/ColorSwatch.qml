@@ -30,7 +30,6 @@ T.RadioButton {
         }
         FocusRing {
             control: swatch
-            isShown: swatch.visualFocus
         }
     }
 }

@@ -12,35 +12,30 @@ Sheet {
     signal accepted
 
     implicitWidth: Math.min(440, parent.width - 2 * Metrics.page)
-    onOpened: reject.forceActiveFocus(Qt.TabFocusReason)
 
-    contentItem: Column {
-        spacing: Metrics.huge
+    Label {
+        bottomPadding: Metrics.small
+        color: Colors.secondary
+        lineHeight: 1.35
+        text: dialog.message
+        width: parent.width
+        wrapMode: Text.Wrap
+    }
+    Row {
+        anchors.right: parent.right
+        spacing: Metrics.medium
 
-        Label {
-            color: Colors.secondary
-            lineHeight: 1.35
-            text: dialog.message
-            width: parent.width
-            wrapMode: Text.Wrap
+        ActionButton {
+            focus: true
+            text: dialog.rejectText
+            onClicked: dialog.close()
         }
-        Row {
-            anchors.right: parent.right
-            spacing: Metrics.medium
-
-            ActionButton {
-                id: reject
-
-                text: dialog.rejectText
-                onClicked: dialog.close()
-            }
-            ActionButton {
-                role: dialog.isDestructive ? ActionButton.Destructive : ActionButton.Primary
-                text: dialog.acceptText
-                onClicked: {
-                    dialog.close();
-                    dialog.accepted();
-                }
+        ActionButton {
+            role: dialog.isDestructive ? ActionButton.Destructive : ActionButton.Primary
+            text: dialog.acceptText
+            onClicked: {
+                dialog.close();
+                dialog.accepted();
             }
         }
     }

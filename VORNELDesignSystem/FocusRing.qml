@@ -1,9 +1,9 @@
 import QtQuick
+import QtQuick.Templates as T
 
 /** The frame around the control that has the keyboard, drawn just outside of it. */
 Rectangle {
-    required property Item control
-    property bool isShown: control.activeFocus
+    required property T.Control control
 
     anchors.fill: parent
     anchors.margins: -2 * Metrics.focusWidth
@@ -11,5 +11,5 @@ Rectangle {
     border.width: Metrics.focusWidth
     color: "transparent"
     radius: Metrics.controlRadius + 2 * Metrics.focusWidth
-    visible: isShown
+    visible: control.activeFocus && control.focusReason !== Qt.MouseFocusReason
 }

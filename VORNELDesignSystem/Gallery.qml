@@ -294,9 +294,10 @@ Rectangle {
 
                         title: "Panneau"
 
-                        contentItem: TextEntry {
+                        TextEntry {
                             focus: true
                             placeholderText: "Un champ"
+                            width: parent.width
                         }
                     }
                 }

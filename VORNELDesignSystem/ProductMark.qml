@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 /** The product's sign: four tiles, the one that counts in the accent. */

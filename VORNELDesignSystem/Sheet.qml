@@ -1,7 +1,10 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/** A panel over the window that keeps the keyboard until it is closed. Esc closes it. */
+/**
+ * A panel over the window that keeps the keyboard until it is closed. Esc closes it. What it holds
+ * stands below its title.
+ */
 T.Popup {
     id: sheet
 
@@ -13,13 +16,10 @@ T.Popup {
     implicitWidth: Math.min(520, parent.width - 2 * Metrics.page)
     implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, parent.height - 2 * Metrics.page)
     contentHeight: contentItem.implicitHeight
-    bottomPadding: Metrics.huge
     closePolicy: T.Popup.CloseOnEscape
     focus: true
-    leftPadding: Metrics.huge
     modal: true
-    rightPadding: Metrics.huge
-    topPadding: Metrics.huge + heading.height + Metrics.large
+    padding: Metrics.huge
 
     background: Rectangle {
         border.color: Colors.line
@@ -29,16 +29,14 @@ T.Popup {
 
         Accessible.name: sheet.title
         Accessible.role: Accessible.Dialog
+    }
+    contentItem: Column {
+        spacing: Metrics.large
 
         Label {
-            id: heading
-
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.top: parent.top
-            anchors.margins: Metrics.huge
             font: Typography.title
             text: sheet.title
+            width: parent.width
             wrapMode: Text.Wrap
         }
     }

@@ -1,7 +1,10 @@
 # Sourced by the scripts at the root: sees to the Debian packages, and builds.
 
-build_packages="cmake g++ ninja-build libssl-dev qt6-base-dev"
-test_packages="$build_packages libgtest-dev"
+window_packages="fonts-dejavu-core libgl-dev qcoro-qt6-dev qml6-module-qtqml qml6-module-qtqml-models
+    qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-layouts qml6-module-qtquick-templates
+    qml6-module-qtquick-window qt6-declarative-dev qt6-declarative-dev-tools qt6-qpa-plugins qt6-svg-dev"
+build_packages="cmake g++ ninja-build libssl-dev qt6-base-dev $window_packages"
+test_packages="$build_packages libgtest-dev qml6-module-qttest"
 check_packages="$test_packages clang-format-14 clang-tidy-16 git libbenchmark-dev"
 benchmark_packages="$build_packages diffutils libbenchmark-dev openssl python3 rsync"
 
@@ -31,6 +34,11 @@ require() {
     "${as_root[@]}" apt-get update -q >&2
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
+}
+
+# npm brings the typeface and the icons; it need not be Debian's.
+require_npm() {
+    command -v npm >/dev/null || require npm
 }
 
 # Configures a preset and builds it; what it prints is shown only when it fails.

@@ -1,0 +1,44 @@
+import QtQuick
+import VORNELDesignSystem
+
+/** A symbol and a few words side by side, in the middle of the item. Either may be missing. */
+Item {
+    id: label
+
+    required property string text
+    required property color color
+    required property font font
+    property string symbol
+    property color symbolColor: color
+    property bool isSymbolTrailing: false
+    property bool isSymbolAlone: false
+
+    implicitWidth: row.implicitWidth
+    implicitHeight: row.implicitHeight
+
+    Row {
+        id: row
+
+        anchors.centerIn: parent
+        layoutDirection: label.isSymbolTrailing ? Qt.RightToLeft : Qt.LeftToRight
+        spacing: Metrics.small
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            color: label.symbolColor
+            height: Metrics.symbol
+            name: label.symbol
+            visible: label.symbol !== ""
+            width: Metrics.symbol
+        }
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            color: label.color
+            font: label.font
+            renderType: Text.NativeRendering
+            text: label.text
+            textFormat: Text.PlainText
+            visible: !label.isSymbolAlone
+        }
+    }
+}
