@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import VORNELApp
@@ -40,29 +38,14 @@ FocusScope {
                 wrapMode: Text.Wrap
             }
         }
-        Loader {
+        ScreenLoader {
             Layout.fillHeight: true
             Layout.fillWidth: true
-            focus: true
-            sourceComponent: page.plan === undefined ? waiting : review
+            model: page.model
+            screen: page.plan === undefined ? "ImportWaiting.qml" : "ImportReview.qml"
         }
         ImportFooter {
             Layout.fillWidth: true
-            model: page.model
-        }
-    }
-    Component {
-        id: waiting
-
-        ImportWaiting {
-            isScanning: page.model.isWorking
-            onRetried: page.model.beginImportScan()
-        }
-    }
-    Component {
-        id: review
-
-        ImportReview {
             model: page.model
         }
     }

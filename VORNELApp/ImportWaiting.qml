@@ -1,13 +1,14 @@
 import QtQuick
+import VORNELApp
 import VORNELDesignSystem
 
 /** Shown until there is something to review: the scan runs, or it has failed. */
 FocusScope {
     id: waiting
 
-    required property bool isScanning
+    required property AppModel model
 
-    signal retried
+    readonly property bool isScanning: model.isWorking
 
     BusyGlyph {
         anchors.bottom: line.top
@@ -33,6 +34,6 @@ FocusScope {
         symbol: "rotate-cw"
         text: "Relancer l’analyse"
         visible: !waiting.isScanning
-        onClicked: waiting.retried()
+        onClicked: waiting.model.beginImportScan()
     }
 }

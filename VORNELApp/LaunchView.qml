@@ -1,8 +1,11 @@
 import QtQuick
+import VORNELApp
 import VORNELDesignSystem
 
 /** Shown while the workspace is opened. */
 FocusScope {
+    required property AppModel model
+
     Accessible.name: "Démarrage"
     Accessible.role: Accessible.Pane
 

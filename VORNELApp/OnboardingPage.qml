@@ -1,13 +1,40 @@
 import QtQuick
+import VORNELApp
 import VORNELDesignSystem
 
-/** One page: what it says on the left, its picture on the right. */
+/** One page that tells something: what it says on the left, its picture on the right. */
 FocusScope {
     id: page
 
-    required property OnboardingStory story
+    required property AppModel model
 
-    signal advanced
+    readonly property OnboardingStory story: stories[Math.min(model.onboardingStep, stories.length - 1)]
+    readonly property list<OnboardingStory> stories: [
+        OnboardingStory {
+            label: "BIBLIOTHÈQUE"
+            subtitle: "Vos compétences restent organisées."
+            symbol: "grid-2x2"
+            title: "Tout au même\nendroit."
+        },
+        OnboardingStory {
+            label: "REPÈRES"
+            subtitle: "Une carte. Un rôle. Un état."
+            symbol: "layout-grid"
+            title: "Trouvez ce qu’il\nvous faut."
+        },
+        OnboardingStory {
+            label: "À JOUR"
+            subtitle: "Vos assistants partagent la même version."
+            symbol: "refresh-cw"
+            title: "Toujours\ndisponible."
+        },
+        OnboardingStory {
+            label: "PROTÉGÉ"
+            subtitle: "Historique. Corbeille. Restauration."
+            symbol: "shield-half"
+            title: "Rien ne\ndisparaît."
+        }
+    ]
 
     Column {
         id: text
@@ -43,7 +70,7 @@ FocusScope {
             role: ActionButton.Primary
             symbol: "arrow-right"
             text: "Continuer"
-            onClicked: page.advanced()
+            onClicked: page.model.advanceOnboarding()
         }
     }
     ProductGlyph {

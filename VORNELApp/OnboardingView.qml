@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import VORNELApp
 import VORNELDesignSystem
@@ -12,32 +10,6 @@ FocusScope {
 
     readonly property int step: model.onboardingStep
     readonly property bool isImporting: model.onboardingStep === AppStates.OnboardingStep.importSkills
-    readonly property list<OnboardingStory> stories: [
-        OnboardingStory {
-            label: "BIBLIOTHÈQUE"
-            subtitle: "Vos compétences restent organisées."
-            symbol: "grid-2x2"
-            title: "Tout au même\nendroit."
-        },
-        OnboardingStory {
-            label: "REPÈRES"
-            subtitle: "Une carte. Un rôle. Un état."
-            symbol: "layout-grid"
-            title: "Trouvez ce qu’il\nvous faut."
-        },
-        OnboardingStory {
-            label: "À JOUR"
-            subtitle: "Vos assistants partagent la même version."
-            symbol: "refresh-cw"
-            title: "Toujours\ndisponible."
-        },
-        OnboardingStory {
-            label: "PROTÉGÉ"
-            subtitle: "Historique. Corbeille. Restauration."
-            symbol: "shield-half"
-            title: "Rien ne\ndisparaît."
-        }
-    ]
 
     property bool hasAppeared: false
 
@@ -62,29 +34,14 @@ FocusScope {
         anchors.top: parent.top
         step: onboarding.step
     }
-    Loader {
+    ScreenLoader {
         anchors.bottom: footer.top
         anchors.left: parent.left
         anchors.margins: Metrics.page
         anchors.right: parent.right
         anchors.top: header.bottom
-        focus: true
-        sourceComponent: onboarding.isImporting ? importPage : storyPage
-    }
-    Component {
-        id: storyPage
-
-        OnboardingPage {
-            story: onboarding.stories[Math.min(onboarding.step, onboarding.stories.length - 1)]
-            onAdvanced: onboarding.model.advanceOnboarding()
-        }
-    }
-    Component {
-        id: importPage
-
-        ImportPage {
-            model: onboarding.model
-        }
+        model: onboarding.model
+        screen: onboarding.isImporting ? "ImportPage.qml" : "OnboardingPage.qml"
     }
     OnboardingFooter {
         id: footer

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import VORNELApp
 import VORNELDesignSystem
@@ -12,46 +10,20 @@ FocusScope {
 
     Component.onCompleted: model.retryStart()
 
-    Loader {
+    ScreenLoader {
         anchors.fill: parent
-        focus: true
-        sourceComponent: {
+        model: root.model
+        screen: {
             switch (root.model.phase.name) {
-            case AppStates.PhaseName.launching:
-                return launching;
-            case AppStates.PhaseName.failed:
-                return failed;
             case AppStates.PhaseName.onboarding:
-                return onboarding;
+                return "OnboardingView.qml";
+            case AppStates.PhaseName.ready:
+                return "WorkspaceShellView.qml";
+            case AppStates.PhaseName.failed:
+                return "FailureView.qml";
             default:
-                return shell;
+                return "LaunchView.qml";
             }
-        }
-    }
-    Component {
-        id: launching
-
-        LaunchView {}
-    }
-    Component {
-        id: failed
-
-        FailureView {
-            model: root.model
-        }
-    }
-    Component {
-        id: onboarding
-
-        OnboardingView {
-            model: root.model
-        }
-    }
-    Component {
-        id: shell
-
-        WorkspaceShellView {
-            model: root.model
         }
     }
     ErrorPanel {

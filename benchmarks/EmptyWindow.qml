@@ -1,0 +1,7 @@
+import QtQuick.Controls.Basic
+
+ApplicationWindow {
+    height: 800
+    visible: true
+    width: 1240
+}
