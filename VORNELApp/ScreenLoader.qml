@@ -7,6 +7,7 @@ Loader {
     required property string screen
 
     focus: true
+    onLoaded: item.focus = true
     Component.onCompleted: setSource(screen, { model: model })
     onScreenChanged: {
         if (status !== Loader.Null)

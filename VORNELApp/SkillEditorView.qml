@@ -10,8 +10,6 @@ FocusScope {
 
     readonly property var detail: model.selectedSkill
 
-    Keys.onEscapePressed: model.closeSkill()
-
     ActionButton {
         id: back
 

@@ -8,6 +8,8 @@ FocusScope {
 
     required property AppModel model
 
+    Keys.onEscapePressed: model.closeSkill()
+
     Shortcut {
         sequence: "Ctrl+F"
         onActivated: toolbar.focusSearch()

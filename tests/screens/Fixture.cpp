@@ -1,0 +1,55 @@
+#include "Fixture.h"
+
+#include <VORNELCore/SerializedForms.h>
+
+#include <QCoro/QCoroTask>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+Fixture::Fixture(QObject *parent) : QObject(parent)
+{
+    restart();
+}
+
+void Fixture::restart()
+{
+    m_model.reset();
+    m_model = std::make_unique<AppModel>(
+        std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>()),
+        m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex"),
+        std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));
+    Q_EMIT modelChanged();
+}
+
+void Fixture::write(const QString &below, const QString &text) const
+{
+    m_scratch.write(below.toStdString(), text.toStdString());
+}
+
+void Fixture::remove(const QString &below) const
+{
+    std::filesystem::remove_all(m_scratch.path(below.toStdString()));
+}
+
+void Fixture::fillLibrary(const QStringList &slugs)
+{
+    for (const QString &slug : slugs)
+        write(u"claude/%1/SKILL.md"_s.arg(slug), u"name: "_s + slug);
+    QCoro::waitFor(m_model->start());
+    m_model->beginImportScan();
+    while (!m_model->canCommitImport())
+        QCoreApplication::processEvents();
+    m_model->commitImport();
+    restart();
+}
+
+QUuid Fixture::idOf(const QString &slug) const
+{
+    const QList<SkillSummary> skills = m_model->overview() ? m_model->overview()->skills : QList<SkillSummary>();
+    const auto found = std::ranges::find(skills, slug, &SkillSummary::slug);
+    return found == skills.end() ? QUuid() : found->id;
+}
+
+} // namespace vornel

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Scratch.h"
+
+#include <VORNELApp/AppModel.h>
+
+#include <QObject>
+
+namespace vornel {
+
+/// What a test of the screens works on: scratch folders, and a model of them on the real service.
+class Fixture : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(vornel::AppModel *model READ model NOTIFY modelChanged)
+
+public:
+    explicit Fixture(QObject *parent = nullptr);
+
+    AppModel *model() const { return m_model.get(); }
+
+    /// A new process on the same folders and settings.
+    Q_INVOKABLE void restart();
+
+    /// Writes a file below the scratch folder: "claude/audit/SKILL.md".
+    Q_INVOKABLE void write(const QString &below, const QString &text) const;
+
+    /// Removes a file, or a folder with all it holds.
+    Q_INVOKABLE void remove(const QString &below) const;
+
+    /// A model whose onboarding is done, with one skill for each slug, opened once.
+    Q_INVOKABLE void fillLibrary(const QStringList &slugs);
+
+    /// The identifier of the skill of this slug; null without one.
+    Q_INVOKABLE QUuid idOf(const QString &slug) const;
+
+Q_SIGNALS:
+    void modelChanged();
+
+private:
+    Scratch m_scratch;
+    std::unique_ptr<AppModel> m_model;
+};
+
+} // namespace vornel

@@ -1,0 +1,91 @@
+import QtQuick
+import QtTest
+import VORNELApp
+import VORNELTests
+
+/** A test that sees the window as assistive tools do: by the names of what is visible. */
+TestCase {
+    id: test
+
+    readonly property Fixture fixture: currentFixture
+    property Fixture currentFixture
+    property Item root
+
+    readonly property Component fixtures: Component {
+        Fixture {}
+    }
+    readonly property Component roots: Component {
+        RootView {
+            focus: true
+            height: 800
+            model: test.fixture.model
+            width: 1240
+        }
+    }
+
+    /** Every visible item of this accessible name. */
+    function all(name) {
+        const found = [];
+        function walk(item) {
+            if (!item.visible)
+                return;
+            if (item.Accessible.name === name && !item.Accessible.ignored)
+                found.push(item);
+            for (let index = 0; index < item.children.length; ++index)
+                walk(item.children[index]);
+        }
+        walk(root);
+        return found;
+    }
+    function shows(name) {
+        return all(name).length > 0;
+    }
+    function awaitText(name) {
+        tryVerify(() => shows(name), 5000, "shows " + name);
+    }
+    /** The only visible control of this name. */
+    function control(name) {
+        awaitText(name);
+        const found = all(name).filter(item => item.activeFocusOnTab);
+        compare(found.length, 1, name);
+        return found[0];
+    }
+    function click(name) {
+        const item = control(name);
+        verify(item.enabled, name);
+        mouseClick(item);
+    }
+    function settle() {
+        tryVerify(() => !fixture.model.isBusy);
+    }
+    /** The window goes before what it shows. */
+    function close() {
+        root?.destroy();
+        wait(0);
+    }
+    function open() {
+        close();
+        root = createTemporaryObject(roots, test.parent); // a test itself is invisible
+        root.Window.window.requestActivate();
+        tryVerify(() => root.Window.active);
+        root.forceActiveFocus();
+    }
+    function openShell(slugs) {
+        fixture.fillLibrary(slugs);
+        open();
+        awaitText("Bibliothèque");
+        settle();
+    }
+
+    height: 800
+    when: windowShown
+    width: 1240
+
+    function init() {
+        failOnWarning(/.*/);
+        currentFixture = createTemporaryObject(fixtures, test);
+    }
+    function cleanup() {
+        close();
+    }
+}

@@ -1,0 +1,125 @@
+import QtQuick
+import VORNELApp
+
+ScreenTest {
+    name: "Onboarding"
+
+    function enterImportPage() {
+        open();
+        for (let page = 1; page <= 4; ++page) {
+            awaitText("Étape " + page + " sur 5");
+            click("Continuer");
+        }
+        awaitText("Étape 5 sur 5");
+        settle();
+    }
+
+    function test_pages() {
+        open();
+        verify(shows("Ouverture d’VORNEL"));
+        const pages = [
+            ["Tout au même\nendroit.", "Vos compétences restent organisées.", "BIBLIOTHÈQUE"],
+            ["Trouvez ce qu’il\nvous faut.", "Une carte. Un rôle. Un état.", "REPÈRES"],
+            ["Toujours\ndisponible.", "Vos assistants partagent la même version.", "À JOUR"],
+            ["Rien ne\ndisparaît.", "Historique. Corbeille. Restauration.", "PROTÉGÉ"]
+        ];
+        for (const texts of pages) {
+            for (const text of texts)
+                awaitText(text);
+            verify(shows("VORNEL"));
+            click("Étape suivante");
+        }
+        awaitText("PRÉPARATION");
+        verify(!control("Étape suivante").enabled);
+        click("Étape précédente");
+        awaitText(pages[3][0]);
+    }
+
+    function test_keyboard() {
+        open();
+        awaitText("Étape 1 sur 5");
+        verify(control("Continuer").activeFocus);
+        keyClick(Qt.Key_Return);
+        awaitText("Étape 2 sur 5");
+        keyClick(Qt.Key_Right);
+        awaitText("Étape 3 sur 5");
+        keyClick(Qt.Key_Left);
+        awaitText("Étape 2 sur 5");
+        keyClick(Qt.Key_Space);
+        awaitText("Étape 3 sur 5");
+    }
+
+    function test_collision() {
+        fixture.write("claude/audit/SKILL.md", "un");
+        fixture.write("codex/audit/SKILL.md", "deux");
+        fixture.write("claude/notes/SKILL.md", "name: Notes");
+        fixture.write("codex/vide/notes.md", "sans SKILL.md");
+        enterImportPage();
+        awaitText("1 COMPÉTENCES");
+        verify(shows("1 DOUBLONS"));
+        verify(shows("1 IGNORÉE"));
+        verify(!shows("Aucune collision"));
+        verify(!shows("Prêt à commencer."));
+        verify(!control("Ouvrir la bibliothèque").enabled);
+
+        click("1 dossier ignoré");
+        awaitText("vide, Codex, ne contient pas de fichier SKILL.md");
+
+        compare(control("Claude").Accessible.description, "non sélectionné");
+        click("Codex");
+        tryCompare(control("Codex").Accessible, "description", "sélectionné");
+        verify(control("Codex").activeFocus, "a choice keeps the keyboard");
+        compare(control("Claude").Accessible.description, "non sélectionné");
+        awaitText("Prêt à commencer.");
+
+        click("Ouvrir la bibliothèque");
+        verify(!control("Ouvrir la bibliothèque").enabled);
+        awaitText("Bibliothèque");
+        awaitText("PRÊT");
+        awaitText("Notes");
+
+        close();
+        fixture.restart();
+        open();
+        awaitText("Bibliothèque");
+    }
+
+    function test_nothing_to_import() {
+        enterImportPage();
+        awaitText("0 COMPÉTENCES");
+        verify(shows("0 DOUBLONS"));
+        verify(shows("0 IGNORÉES"));
+        verify(shows("Aucune collision"));
+        verify(shows("Prêt à commencer."));
+        click("Ouvrir la bibliothèque");
+        awaitText("Aucune compétence");
+    }
+
+    function test_failed_scan() {
+        open();
+        awaitText("Étape 1 sur 5");
+        fixture.remove("claude");
+        fixture.write("claude", "un fichier à la place du dossier");
+        for (let page = 1; page <= 4; ++page)
+            click("Continuer");
+        awaitText("Fermer");
+        verify(!control("Ouvrir la bibliothèque").enabled);
+        fixture.remove("claude");
+        click("Relancer l’analyse");
+        awaitText("Prêt à commencer.");
+        verify(!shows("Fermer"));
+    }
+
+    function test_failed_start() {
+        fixture.write("workspace", "un fichier à la place du dossier");
+        open();
+        awaitText("VORNEL a rencontré un problème");
+        verify(shows(fixture.model.phase.message));
+        verify(shows("Indisponible"));
+        verify(control("Réessayer").activeFocus);
+        fixture.remove("workspace");
+        click("Réessayer");
+        awaitText("Ouverture d’VORNEL");
+        awaitText("Étape 1 sur 5");
+    }
+}

@@ -1,0 +1,113 @@
+import QtQuick
+import VORNELApp
+
+ScreenTest {
+    name: "Shell"
+
+    Component {
+        id: windows
+
+        Main {
+            model: fixture.model
+        }
+    }
+
+    function test_sidebar() {
+        openShell(["audit", "notes"]);
+        verify(shows("VORNEL"));
+        verify(shows("Tout est à jour"));
+        fixture.remove("codex/audit");
+        click("Actualiser");
+        awaitText("Attention requise");
+
+        click("À réparer");
+        awaitText("audit");
+        verify(!shows("notes"));
+        verify(control("À réparer").Accessible.checked);
+        keyClick(Qt.Key_Down);
+        verify(control("Corbeille").activeFocus);
+        keyClick(Qt.Key_Return);
+        awaitText("La corbeille est vide");
+    }
+
+    function test_search() {
+        openShell(["audit", "notes"]);
+        keyClick(Qt.Key_F, Qt.ControlModifier);
+        const field = control("Rechercher une compétence");
+        verify(field.activeFocus);
+        for (const letter of "NOT")
+            keyClick(letter);
+        compare(fixture.model.searchText, "NOT");
+        verify(shows("notes"));
+        verify(!shows("audit"));
+        keyClick("x");
+        verify(shows("Aucun résultat"));
+        click("Effacer");
+        compare(fixture.model.searchText, "");
+        verify(shows("audit"));
+        verify(!shows("Effacer"));
+        fixture.model.searchText = "aud";
+        compare(field.text, "aud", "the field follows the model");
+        keyClick(Qt.Key_Escape);
+        compare(fixture.model.searchText, "");
+    }
+
+    function test_skill() {
+        openShell(["audit", "notes"]);
+        verify(!control("Synchroniser").enabled);
+        fixture.write("codex/notes/SKILL.md", "retouché");
+        fixture.model.reload();
+        settle();
+        awaitText("Attention requise");
+        click("notes");
+        awaitText("OUVERTURE");
+        verify(shows("Ouverture de la compétence"));
+        awaitText("Retour à la bibliothèque");
+        verify(!shows("OUVERTURE"));
+        click("Synchroniser");
+        awaitText("À JOUR");
+        awaitText("Tout est à jour");
+        keyClick(Qt.Key_Escape);
+        awaitText("audit");
+    }
+
+    function test_confirmations() {
+        openShell(["audit"]);
+        fixture.model.emptyTrash();
+        tryVerify(() => all("CORBEILLE VIDÉE").length === 1);
+        const first = Date.now();
+        wait(900);
+        fixture.model.emptyTrash();
+        tryVerify(() => all("CORBEILLE VIDÉE").length === 2);
+        const second = Date.now();
+        tryVerify(() => all("CORBEILLE VIDÉE").length === 1, 3000);
+        fuzzyCompare(Date.now() - first, 1800 + 220, 300);
+        compare(fixture.model.transientMessage, "CORBEILLE VIDÉE");
+        tryVerify(() => all("CORBEILLE VIDÉE").length === 0, 3000);
+        fuzzyCompare(Date.now() - second, 1800 + 220, 300);
+        compare(fixture.model.transientMessage, "");
+    }
+
+    function test_error() {
+        openShell(["audit"]);
+        fixture.model.restore(fixture.idOf("audit"));
+        settle();
+        awaitText(fixture.model.errorMessage);
+        click("Fermer");
+        compare(fixture.model.errorMessage, "");
+        verify(!shows("Fermer"));
+    }
+
+    function test_closing_waits() {
+        fixture.fillLibrary(["audit", "notes"]);
+        const window = windows.createObject(this);
+        tryVerify(() => fixture.model.phase.name === AppStates.PhaseName.ready && !fixture.model.isBusy);
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        window.close();
+        verify(window.visible);
+        settle();
+        tryVerify(() => !window.visible);
+        window.destroy();
+        wait(0);
+    }
+}
