@@ -10,8 +10,6 @@ Item {
 
     /** The user picks a side. */
     signal chosen(choice: int)
-    /** The keyboard comes to this row. */
-    signal reached
 
     implicitHeight: Metrics.rowHeight
 
@@ -36,13 +34,11 @@ Item {
         ChoiceButton {
             isChosen: row.collision.choice === Vornel.CollisionChoice.claude
             text: "Claude"
-            onActiveFocusChanged: if (activeFocus) row.reached()
             onClicked: row.chosen(Vornel.CollisionChoice.claude)
         }
         ChoiceButton {
             isChosen: row.collision.choice === Vornel.CollisionChoice.codex
             text: "Codex"
-            onActiveFocusChanged: if (activeFocus) row.reached()
             onClicked: row.chosen(Vornel.CollisionChoice.codex)
         }
     }

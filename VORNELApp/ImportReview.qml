@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -13,6 +14,21 @@ FocusScope {
 
     readonly property var plan: model.importPlan
 
+    /** Brings the control that has the keyboard into view. */
+    function reveal(item: Item): void {
+        const top = item.mapToItem(rows, 0, 0).y - Metrics.large;
+        const bottom = top + item.height + 2 * Metrics.large;
+        scroller.contentY = Math.max(0, Math.min(scroller.contentY, top), bottom - scroller.height);
+    }
+
+    Connections {
+        function onActiveFocusItemChanged() {
+            if (review.activeFocus)
+                review.reveal(review.Window.activeFocusItem);
+        }
+
+        target: review.Window.window
+    }
     ColumnLayout {
         anchors.fill: parent
         spacing: Metrics.large
@@ -47,6 +63,8 @@ FocusScope {
                 clip: true
                 contentHeight: rows.height
                 contentWidth: width
+
+                T.ScrollBar.vertical: ScrollRail {}
 
                 Column {
                     id: rows
@@ -92,7 +110,6 @@ FocusScope {
                             enabled: !review.model.isWorking
                             width: rows.width - 2 * rows.padding
                             onChosen: choice => review.model.resolveCollision(record.id, choice)
-                            onReached: scroller.contentY = Math.max(Math.min(scroller.contentY, y), y + height - scroller.height)
                         }
                     }
                     BlockedFolders {

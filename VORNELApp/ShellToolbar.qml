@@ -9,6 +9,9 @@ Item {
 
     required property AppModel model
 
+    /** Without room for every word, the search keeps its own. */
+    readonly property bool isNarrow: width < 860
+
     function focusSearch(): void {
         search.forceActiveFocus(Qt.ShortcutFocusReason);
         search.selectAll();
@@ -35,7 +38,6 @@ Item {
             id: search
 
             Layout.fillWidth: true
-            Layout.maximumWidth: 420
             clearText: "Effacer"
             placeholderText: "Rechercher une compétence"
             onTextChanged: toolbar.model.searchText = text
@@ -44,20 +46,19 @@ Item {
                 value: toolbar.model.searchText
             }
         }
-        Item {
-            Layout.fillWidth: true
-        }
         BusySignal {
             isBusy: toolbar.model.isWorking
         }
         ActionButton {
             enabled: toolbar.model.selectedSkill !== undefined && !toolbar.model.isWorking
+            isCompact: toolbar.isNarrow
             symbol: "refresh-cw"
             text: "Synchroniser"
             onClicked: toolbar.model.synchronizeSelectedSkill()
         }
         ActionButton {
             enabled: !toolbar.model.isWorking
+            isCompact: toolbar.isNarrow
             symbol: "rotate-cw"
             text: "Actualiser"
             onClicked: toolbar.model.reload()

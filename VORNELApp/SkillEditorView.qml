@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -46,6 +47,8 @@ FocusScope {
             clip: true
             contentHeight: text.height
             contentWidth: width
+
+            T.ScrollBar.vertical: ScrollRail {}
 
             Label {
                 id: text

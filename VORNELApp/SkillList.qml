@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -47,6 +48,7 @@ FocusScope {
         model: list.skills
         spacing: Metrics.tiny
 
+        T.ScrollBar.vertical: ScrollRail {}
         Accessible.name: list.title
         Accessible.role: Accessible.List
 
