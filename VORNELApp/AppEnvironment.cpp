@@ -19,9 +19,9 @@ std::shared_ptr<QSettings> settings(const Environment &environment)
 {
     const char *testMode = environment("VORNEL_TEST_MODE");
     const bool isPrivate = testMode != nullptr && testMode == std::string_view("1");
-    const QString name = isPrivate ? u"com.brindlecove.vornel.ui-test."_s +
-                                         QString::number(QCoreApplication::applicationPid())
-                                   : u"com.brindlecove.vornel"_s;
+    const QString name =
+        isPrivate ? u"com.brindlecove.vornel.ui-test."_s + QString::number(QCoreApplication::applicationPid())
+                  : u"com.brindlecove.vornel"_s;
     return std::make_shared<QSettings>(QSettings::IniFormat, QSettings::UserScope, name);
 }
 

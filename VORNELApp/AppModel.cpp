@@ -25,8 +25,11 @@ std::optional<E> optionalCase(const QVariant &value)
 AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::filesystem::path workspaceURL,
                    std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
                    std::shared_ptr<QSettings> defaults)
-    : m_service(std::move(service)), m_workspaceURL(std::move(workspaceURL)),
-      m_claudeRoot(std::move(claudeRoot)), m_codexRoot(std::move(codexRoot)), m_defaults(std::move(defaults))
+    : m_service(std::move(service)),
+      m_workspaceURL(std::move(workspaceURL)),
+      m_claudeRoot(std::move(claudeRoot)),
+      m_codexRoot(std::move(codexRoot)),
+      m_defaults(std::move(defaults))
 {
     m_canCommitImport.setBinding([this] {
         const auto &plan = m_importPlan.value();
@@ -49,12 +52,14 @@ AppModel::~AppModel()
 
 void AppModel::advanceOnboarding()
 {
-    m_onboardingStep = vornel::onboardingStep(static_cast<int>(onboardingStep()) + 1).value_or(onboardingStep());
+    m_onboardingStep =
+        vornel::onboardingStep(static_cast<int>(onboardingStep()) + 1).value_or(onboardingStep());
 }
 
 void AppModel::retreatOnboarding()
 {
-    m_onboardingStep = vornel::onboardingStep(static_cast<int>(onboardingStep()) - 1).value_or(onboardingStep());
+    m_onboardingStep =
+        vornel::onboardingStep(static_cast<int>(onboardingStep()) - 1).value_or(onboardingStep());
 }
 
 void AppModel::clearError()

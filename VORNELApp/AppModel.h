@@ -45,14 +45,14 @@ class AppModel : public QObject
     Q_PROPERTY(bool isWorking READ isWorking NOTIFY isWorkingChanged BINDABLE bindableIsWorking)
     Q_PROPERTY(bool isDetailLoading READ isDetailLoading NOTIFY isDetailLoadingChanged BINDABLE
                    bindableIsDetailLoading)
-    Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY errorMessageChanged BINDABLE
-                   bindableErrorMessage)
+    Q_PROPERTY(
+        QString errorMessage READ errorMessage NOTIFY errorMessageChanged BINDABLE bindableErrorMessage)
     Q_PROPERTY(QString transientMessage READ transientMessage NOTIFY transientMessageChanged)
     Q_PROPERTY(bool canCommitImport READ canCommitImport NOTIFY canCommitImportChanged BINDABLE
                    bindableCanCommitImport)
     Q_PROPERTY(int needsAttentionCount READ needsAttentionCount NOTIFY overviewChanged)
-    Q_PROPERTY(qreal commitProgress READ commitProgress NOTIFY commitProgressChanged BINDABLE
-                   bindableCommitProgress)
+    Q_PROPERTY(
+        qreal commitProgress READ commitProgress NOTIFY commitProgressChanged BINDABLE bindableCommitProgress)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY isBusyChanged BINDABLE bindableIsBusy)
 
 public:

@@ -9,6 +9,8 @@ Item {
 
     required property AppModel model
 
+    signal creationAsked
+
     /** Without room for every word, the search keeps its own. */
     readonly property bool isNarrow: width < 860
 
@@ -68,6 +70,7 @@ Item {
             role: ActionButton.Primary
             symbol: "plus"
             text: "Nouvelle compétence"
+            onClicked: toolbar.creationAsked()
         }
     }
 }

@@ -4,7 +4,7 @@ import VORNELApp
 import VORNELDesignSystem
 
 /** One destination. A count of zero isn't shown. */
-T.AbstractButton {
+T.RadioButton {
     id: row
 
     required property AppModel model
@@ -18,12 +18,13 @@ T.AbstractButton {
     anchors.left: parent?.left
     anchors.right: parent?.right
     implicitHeight: 40
+    checked: isCurrent
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
 
-    Accessible.checked: isCurrent
     Accessible.name: text
-    Accessible.role: Accessible.RadioButton
+    Accessible.onPressAction: if (enabled) clicked()
+    Accessible.onToggleAction: if (enabled) clicked()
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
     onClicked: {

@@ -11,8 +11,8 @@ class SkillListModel : public RecordListModel<SkillSummary>
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model NOTIFY modelChanged REQUIRED)
-    Q_PROPERTY(vornel::AppStates::Destination destination MEMBER m_destination NOTIFY destinationChanged
-                   REQUIRED)
+    Q_PROPERTY(
+        vornel::AppStates::Destination destination MEMBER m_destination NOTIFY destinationChanged REQUIRED)
 
 public:
     explicit SkillListModel(QObject *parent = nullptr);

@@ -20,6 +20,7 @@ T.ItemDelegate {
     Accessible.description: record.slug
     Accessible.name: text
     Accessible.role: Accessible.ListItem
+    Accessible.onPressAction: if (enabled) clicked()
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
 

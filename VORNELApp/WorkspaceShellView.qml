@@ -18,6 +18,15 @@ FocusScope {
         sequence: "F5"
         onActivated: if (!shell.model.isWorking) shell.model.reload()
     }
+    Shortcut {
+        sequence: "Ctrl+N"
+        onActivated: creation.open()
+    }
+    CreateSkillView {
+        id: creation
+
+        model: shell.model
+    }
     Sidebar {
         id: sidebar
 
@@ -34,6 +43,7 @@ FocusScope {
         anchors.right: parent.right
         anchors.top: parent.top
         model: shell.model
+        onCreationAsked: creation.open()
     }
     ShellContent {
         anchors.bottom: parent.bottom

@@ -85,8 +85,7 @@ QString blockedSection(const ImportPlan &plan)
 {
     QList<QList<Cell>> rows;
     for (const BlockedImport &entry : plan.blocked)
-        rows.append(
-            {{}, {entry.name, Colour::Danger}, {assistantName(entry.source)}, {entry.reasonText()}});
+        rows.append({{}, {entry.name, Colour::Danger}, {assistantName(entry.source)}, {entry.reasonText()}});
     return section(u"Bloqué"_s, rows);
 }
 

@@ -2,8 +2,11 @@
 
 #include <QCollator>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QStringList>
 #include <QTextBoundaryFinder>
+
+using namespace Qt::StringLiterals;
 
 namespace vornel::LocaleText {
 
@@ -70,6 +73,12 @@ QString titleFromIdentifier(const QString &identifier)
     for (QString &word : words)
         word.replace(0, 1, word.at(0).toUpper());
     return words.join(u' ');
+}
+
+QString identifierFromTitle(const QString &title)
+{
+    static const QRegularExpression others(u"[^a-z0-9]+"_s);
+    return folded(title).split(others, Qt::SkipEmptyParts).join(u'-');
 }
 
 } // namespace vornel::LocaleText

@@ -29,4 +29,7 @@ QString truncated(const QString &text, int characters);
 /// "Pdf Tools".
 QString titleFromIdentifier(const QString &identifier);
 
+/// The identifier that a name suggests: "Audit de sécurité" gives "audit-de-securite". May be empty.
+QString identifierFromTitle(const QString &title);
+
 } // namespace vornel::LocaleText

@@ -8,8 +8,8 @@
 
 #include <optional>
 
-/// The JSON form of the records: an object with one key a stored property, identifiers, dates and enumerations
-/// in their text forms, an absent value as null.
+/// The JSON form of the records: an object with one key a stored property, identifiers, dates and
+/// enumerations in their text forms, an absent value as null.
 namespace vornel::RecordJson {
 
 /// The JSON form of any value that a record's property may hold, and of records and lists of records.

@@ -25,7 +25,7 @@ T.Button {
     readonly property color fill: {
         if (role === ActionButton.Primary) {
             if (!enabled)
-                return Colors.raised;
+                return Colors.hover;
             return down ? Colors.accentPressed : hovered ? Colors.accentHover : Colors.accent;
         }
         if (role === ActionButton.Destructive)
@@ -41,8 +41,10 @@ T.Button {
     font: Typography.control
     hoverEnabled: true
 
-    Accessible.description: T.ToolTip.text === text ? "" : T.ToolTip.text
+    // Qt 6.4 has neither a way to tell assistive tools that an item is disabled nor an action of its own for buttons.
+    Accessible.description: !enabled ? "indisponible" : T.ToolTip.text === text ? "" : T.ToolTip.text
     Accessible.name: text
+    Accessible.onPressAction: if (enabled) clicked()
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
 

@@ -2,24 +2,26 @@ import QtQuick
 import QtQuick.Templates as T
 
 /** One of a few exclusive choices that stand side by side. Whoever answers the click sets `isChosen`. */
-T.AbstractButton {
+T.RadioButton {
     id: choice
 
     property bool isChosen: false
 
     implicitWidth: Math.max(96, implicitContentWidth + 2 * Metrics.medium)
     implicitHeight: Metrics.controlHeight
+    autoExclusive: false
+    checked: isChosen
     focusPolicy: Qt.StrongFocus
     font: Typography.control
     hoverEnabled: true
 
-    Accessible.checkable: true
-    Accessible.checked: isChosen
     Accessible.description: isChosen ? "sélectionné" : "non sélectionné"
     Accessible.name: text
-    Accessible.role: Accessible.RadioButton
+    Accessible.onPressAction: if (enabled) clicked()
+    Accessible.onToggleAction: if (enabled) clicked()
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
+    onClicked: checked = Qt.binding(() => isChosen) // a click checks by itself
 
     background: Rectangle {
         border.color: choice.isChosen ? Colors.accent : Colors.line

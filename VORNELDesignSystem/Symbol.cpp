@@ -46,8 +46,8 @@ QImage picture(const QString &name, const QColor &color, const QSize &pixels)
 {
     constexpr int keptPictures = 512;
     thread_local QCache<QString, QImage> pictures(keptPictures);
-    const QString key = u"%1 %2 %3×%4"_s.arg(name, color.name(QColor::HexArgb)).arg(pixels.width()).arg(
-        pixels.height());
+    const QString key =
+        u"%1 %2 %3×%4"_s.arg(name, color.name(QColor::HexArgb)).arg(pixels.width()).arg(pixels.height());
     if (const QImage *known = pictures.object(key))
         return *known;
     const QImage image = drawn(name, color, pixels);
@@ -86,7 +86,8 @@ void Symbol::setColor(const QColor &color)
 QSGNode *Symbol::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 {
     const qreal ratio = window()->effectiveDevicePixelRatio();
-    const QSize pixels(static_cast<int>(std::ceil(width() * ratio)), static_cast<int>(std::ceil(height() * ratio)));
+    const QSize pixels(static_cast<int>(std::ceil(width() * ratio)),
+                       static_cast<int>(std::ceil(height() * ratio)));
     if (m_name.isEmpty() || pixels.isEmpty()) {
         delete node;
         return nullptr;

@@ -43,8 +43,7 @@ private:
     {
         QPromise<T> promise;
         promise.start();
-        promise.setException(
-            std::make_exception_ptr(VORNELWorkspaceError::integrityFailure(u"illisible"_s)));
+        promise.setException(std::make_exception_ptr(VORNELWorkspaceError::integrityFailure(u"illisible"_s)));
         promise.finish();
         return promise.future();
     }
@@ -63,7 +62,7 @@ struct ModelTest : testing::Test
         model = std::make_unique<AppModel>(service, scratch.path("workspace"), scratch.path("claude"),
                                            scratch.path("codex"), settings());
         QObject::connect(model.get(), &AppModel::confirmed, model.get(),
-                         [this] { confirmations.append(model->transientMessage()); });
+                         [this, sender = model.get()] { confirmations.append(sender->transientMessage()); });
     }
 
     std::shared_ptr<QSettings> settings() const
@@ -95,8 +94,7 @@ struct ModelTest : testing::Test
     int notifications(void (AppModel::*changed)(), const Action &action) const
     {
         int count = 0;
-        const auto connection =
-            QObject::connect(model.get(), changed, model.get(), [&count] { ++count; });
+        const auto connection = QObject::connect(model.get(), changed, model.get(), [&count] { ++count; });
         action();
         settle();
         QObject::disconnect(connection);
@@ -224,7 +222,8 @@ TEST_F(ModelTest, NotifiesOnlyWhenAValueReallyChanges)
         {&AppModel::searchTextChanged, [this] { model->setSearchText(u"audit"_s); }},
         {&AppModel::selectedCategoryChanged, [this] { model->setSelectedCategory(u"other"_s); }},
         {&AppModel::selectedMaturityChanged, [this] { model->setSelectedMaturity(Maturity::ready); }},
-        {&AppModel::selectedDestinationChanged, [this] { model->setSelectedDestination(Destination::trash); }},
+        {&AppModel::selectedDestinationChanged,
+         [this] { model->setSelectedDestination(Destination::trash); }},
         {&AppModel::selectedSkillIDChanged, [this, id] { model->selectSkill(id); }},
         {&AppModel::selectedSkillChanged, [this] { model->closeSkill(); }},
     };

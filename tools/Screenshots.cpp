@@ -76,8 +76,7 @@ class Photographer
 public:
     Photographer(QString folder, QSize size, QStringList chosen)
         : m_folder(std::move(folder)), m_size(size), m_chosen(std::move(chosen))
-    {
-    }
+    {}
 
     void watch(Stage &stage)
     {
@@ -133,6 +132,14 @@ void settle(const AppModel &model)
     QCoreApplication::processEvents();
 }
 
+/// Waits until the last confirmation has gone.
+void quieten(const AppModel &model)
+{
+    settle(model);
+    while (!model.transientMessage().isEmpty())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 void photographFailure(Photographer &photographer)
 {
     Stage stage(true);
@@ -170,6 +177,7 @@ void photographShell(Photographer &photographer, Stage &stage)
 {
     AppModel &model = stage.model();
     photographer.take(u"library-confirmation"_s);
+    quieten(model);
     model.setSearchText(u"sécurité"_s);
     photographer.take(u"library-search"_s);
     model.setSearchText(u"introuvable"_s);
@@ -184,7 +192,7 @@ void photographShell(Photographer &photographer, Stage &stage)
     fs::remove_all(stage.path("codex") / skills.at(0).slug.toStdString());
     fs::remove_all(stage.path("claude") / skills.at(3).slug.toStdString());
     model.moveSkillsToTrash({skills.at(1).id, skills.at(2).id});
-    settle(model);
+    quieten(model);
     photographer.take(u"trash"_s);
     model.setSelectedDestination(Destination::needsAttention);
     photographer.take(u"attention"_s);
@@ -199,6 +207,8 @@ void photographShell(Photographer &photographer, Stage &stage)
     photographer.take(u"error"_s);
     model.clearError();
     photographer.take(u"library"_s);
+    photographer.click(u"Nouvelle compétence"_s);
+    photographer.take(u"create"_s);
 }
 
 } // namespace

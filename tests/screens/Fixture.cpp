@@ -47,7 +47,8 @@ void Fixture::fillLibrary(const QStringList &slugs)
 
 QUuid Fixture::idOf(const QString &slug) const
 {
-    const QList<SkillSummary> skills = m_model->overview() ? m_model->overview()->skills : QList<SkillSummary>();
+    const QList<SkillSummary> skills =
+        m_model->overview() ? m_model->overview()->skills : QList<SkillSummary>();
     const auto found = std::ranges::find(skills, slug, &SkillSummary::slug);
     return found == skills.end() ? QUuid() : found->id;
 }

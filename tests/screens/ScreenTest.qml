@@ -34,7 +34,7 @@ TestCase {
             for (let index = 0; index < item.children.length; ++index)
                 walk(item.children[index]);
         }
-        walk(root);
+        walk(root.Window.contentItem); // sheets lie beside the root
         return found;
     }
     function shows(name) {

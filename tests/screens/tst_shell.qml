@@ -96,15 +96,36 @@ ScreenTest {
         verify(!shows("Fermer"));
     }
 
+    function test_creation() {
+        openShell(["audit"]);
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        awaitText("Le nom est requis.");
+        verify(!control("Créer").enabled);
+        for (const letter of "Audit 2024 !!")
+            keyClick(letter);
+        tryCompare(control("Identifiant"), "text", "audit-2024");
+        click("Identifiant");
+        keyClick("x");
+        keyClick("_");
+        awaitText("Utilisez uniquement des lettres, chiffres et tirets.");
+        keyClick(Qt.Key_Backspace);
+        awaitText("Prête à être créée.");
+        click("Créer");
+        awaitText("CRÉÉE");
+        tryVerify(() => !shows("Annuler"));
+        compare(fixture.model.selectedSkill.manifest.slug, "audit-2024x");
+    }
+
     function test_closing_waits() {
         fixture.fillLibrary(["audit", "notes"]);
-        const window = windows.createObject(this);
-        tryVerify(() => fixture.model.phase.name === AppStates.PhaseName.ready && !fixture.model.isBusy);
-        fixture.model.selectSkill(fixture.idOf("audit"));
+        const window = windows.createObject(null);
+        tryVerify(() => window.visible && fixture.model.phase.name === AppStates.PhaseName.ready && !fixture.model.isBusy);
+        for (let count = 0; count < 20; ++count)
+            fixture.model.reload();
         window.close();
-        verify(window.visible);
-        settle();
+        verify(fixture.model.isBusy && window.visible);
         tryVerify(() => !window.visible);
+        verify(!fixture.model.isBusy);
         window.destroy();
         wait(0);
     }
