@@ -63,45 +63,46 @@ public:
 
     /// Waits for the operations that still run.
     ~AppModel() override;
+    Q_DISABLE_COPY_MOVE(AppModel)
 
     // What the screens show.
 
-    Phase phase() const { return m_phase; }
-    OnboardingStep onboardingStep() const { return m_onboardingStep; }
-    std::optional<WorkspaceOverview> overview() const { return m_overview; }
-    std::optional<ImportPlan> importPlan() const { return m_importPlan; }
-    std::optional<Destination> selectedDestination() const { return m_selectedDestination; }
+    Phase phase() const { return m_phase.value(); }
+    OnboardingStep onboardingStep() const { return m_onboardingStep.value(); }
+    std::optional<WorkspaceOverview> overview() const { return m_overview.value(); }
+    std::optional<ImportPlan> importPlan() const { return m_importPlan.value(); }
+    std::optional<Destination> selectedDestination() const { return m_selectedDestination.value(); }
 
     /// The skill chosen in the library; null while none is.
-    QUuid selectedSkillID() const { return m_selectedSkillID; }
+    QUuid selectedSkillID() const { return m_selectedSkillID.value(); }
 
-    std::optional<SkillDetail> selectedSkill() const { return m_selectedSkill; }
-    QString searchText() const { return m_searchText; }
+    std::optional<SkillDetail> selectedSkill() const { return m_selectedSkill.value(); }
+    QString searchText() const { return m_searchText.value(); }
 
     /// Identifier of the category that filters the library; empty without a filter.
-    QString selectedCategory() const { return m_selectedCategory; }
+    QString selectedCategory() const { return m_selectedCategory.value(); }
 
-    std::optional<Maturity> selectedMaturity() const { return m_selectedMaturity; }
+    std::optional<Maturity> selectedMaturity() const { return m_selectedMaturity.value(); }
 
     /// Whether an operation other than the loading of a skill runs.
-    bool isWorking() const { return m_isWorking; }
+    bool isWorking() const { return m_isWorking.value(); }
 
-    bool isDetailLoading() const { return m_isDetailLoading; }
+    bool isDetailLoading() const { return m_isDetailLoading.value(); }
 
     /// What the user reads about the last failure; empty without one.
-    QString errorMessage() const { return m_errorMessage; }
+    QString errorMessage() const { return m_errorMessage.value(); }
 
     /// A short confirmation in capitals; empty without one. Whoever shows it clears it.
-    QString transientMessage() const { return m_transientMessage; }
+    QString transientMessage() const { return m_transientMessage.value(); }
 
     /// Whether there is a plan without an open collision, and no operation runs.
-    bool canCommitImport() const { return m_canCommitImport; }
+    bool canCommitImport() const { return m_canCommitImport.value(); }
 
     /// How much of an import is done, from 0 to 1.
-    qreal commitProgress() const { return m_commitProgress; }
+    qreal commitProgress() const { return m_commitProgress.value(); }
 
     /// Whether any operation runs, a start or the loading of a skill included.
-    bool isBusy() const { return m_isBusy; }
+    bool isBusy() const { return m_isBusy.value(); }
 
     /// The active skills that pass the search text and the filters, in the overview's order.
     QList<SkillSummary> filteredSkills() const;
@@ -159,20 +160,20 @@ public:
     // Actions that return at once; what comes of them shows in the fields.
 
     Q_INVOKABLE void beginImportScan();
-    Q_INVOKABLE void resolveCollision(const QUuid &id, vornel::CollisionChoice choice);
+    Q_INVOKABLE void resolveCollision(QUuid id, vornel::CollisionChoice choice);
     Q_INVOKABLE void commitImport();
     Q_INVOKABLE void reload();
 
     /// Loads a skill to show it; a null identifier closes the one shown.
-    Q_INVOKABLE void selectSkill(const QUuid &id);
+    Q_INVOKABLE void selectSkill(QUuid id);
     Q_INVOKABLE void closeSkill() { selectSkill({}); }
 
-    void assignSkills(const QSet<QUuid> &ids, const QString &category);
+    void assignSkills(QSet<QUuid> ids, QString category);
     Q_INVOKABLE void synchronizeSelectedSkill();
     Q_INVOKABLE void moveSelectedSkillToTrash();
-    void moveSkillsToTrash(const QSet<QUuid> &ids);
-    Q_INVOKABLE void restore(const QUuid &id);
-    Q_INVOKABLE void deletePermanently(const QUuid &id);
+    void moveSkillsToTrash(QSet<QUuid> ids);
+    Q_INVOKABLE void restore(QUuid id);
+    Q_INVOKABLE void deletePermanently(QUuid id);
     Q_INVOKABLE void emptyTrash();
 
     // Actions that tell whether they succeeded. They never throw.

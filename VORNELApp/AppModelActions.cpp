@@ -68,7 +68,7 @@ void AppModel::beginImportScan()
     perform([this]() -> QCoro::Task<> { m_importPlan = co_await m_service->scanImports(); });
 }
 
-void AppModel::resolveCollision(const QUuid &id, CollisionChoice choice)
+void AppModel::resolveCollision(QUuid id, CollisionChoice choice)
 {
     perform([this, id, choice]() -> QCoro::Task<> {
         m_importPlan = co_await m_service->resolveCollision(id, choice);
@@ -96,7 +96,7 @@ void AppModel::reload()
     perform([this]() -> QCoro::Task<> { m_overview = co_await m_service->reload(); });
 }
 
-void AppModel::selectSkill(const QUuid &id)
+void AppModel::selectSkill(QUuid id)
 {
     m_selectedSkillID = id;
     if (id.isNull())
@@ -134,11 +134,12 @@ QCoro::Task<bool> AppModel::saveSelectedSkill(QString skillMD)
 {
     if (!selectedSkill())
         co_return false;
-    co_return co_await perform([this, shown = selectedSkill()->manifest, skillMD]() -> QCoro::Task<> {
-        m_selectedSkill = co_await m_service->saveSkill(shown.id, shown.revision, skillMD);
-        m_overview = co_await m_service->reload();
-        confirm(u"ENREGISTRÉE"_s);
-    });
+    co_return co_await perform(
+        [this, shown = selectedSkill()->manifest, skillMD = std::move(skillMD)]() -> QCoro::Task<> {
+            m_selectedSkill = co_await m_service->saveSkill(shown.id, shown.revision, skillMD);
+            m_overview = co_await m_service->reload();
+            confirm(u"ENREGISTRÉE"_s);
+        });
 }
 
 void AppModel::synchronizeSelectedSkill()
@@ -154,7 +155,7 @@ void AppModel::synchronizeSelectedSkill()
 
 QCoro::Task<bool> AppModel::createCategory(QString name, QString colorHex)
 {
-    return perform([this, name, colorHex]() -> QCoro::Task<> {
+    return perform([this, name = std::move(name), colorHex = std::move(colorHex)]() -> QCoro::Task<> {
         m_overview = co_await m_service->createCategory(name, colorHex);
         confirm(u"CATÉGORIE CRÉÉE"_s);
     });
@@ -162,7 +163,8 @@ QCoro::Task<bool> AppModel::createCategory(QString name, QString colorHex)
 
 QCoro::Task<bool> AppModel::updateCategory(QString id, QString name, QString colorHex)
 {
-    return perform([this, id, name, colorHex]() -> QCoro::Task<> {
+    return perform([this, id = std::move(id), name = std::move(name),
+                    colorHex = std::move(colorHex)]() -> QCoro::Task<> {
         m_overview = co_await m_service->updateCategory(id, name, colorHex);
         confirm(u"CATÉGORIE MODIFIÉE"_s);
     });
@@ -170,7 +172,7 @@ QCoro::Task<bool> AppModel::updateCategory(QString id, QString name, QString col
 
 QCoro::Task<bool> AppModel::deleteCategory(QString id)
 {
-    return perform([this, id]() -> QCoro::Task<> {
+    return perform([this, id = std::move(id)]() -> QCoro::Task<> {
         m_overview = co_await m_service->deleteCategory(id);
         if (selectedCategory() == id)
             setSelectedCategory({});
@@ -180,9 +182,9 @@ QCoro::Task<bool> AppModel::deleteCategory(QString id)
     });
 }
 
-void AppModel::assignSkills(const QSet<QUuid> &ids, const QString &category)
+void AppModel::assignSkills(QSet<QUuid> ids, QString category)
 {
-    perform([this, ids, category]() -> QCoro::Task<> {
+    perform([this, ids = std::move(ids), category = std::move(category)]() -> QCoro::Task<> {
         m_overview = co_await m_service->assignSkills(ids, category);
         if (ids.contains(selectedSkillID()))
             m_selectedSkill = co_await m_service->loadSkill(selectedSkillID());
@@ -201,9 +203,9 @@ void AppModel::moveSelectedSkillToTrash()
     });
 }
 
-void AppModel::moveSkillsToTrash(const QSet<QUuid> &ids)
+void AppModel::moveSkillsToTrash(QSet<QUuid> ids)
 {
-    perform([this, ids]() -> QCoro::Task<> {
+    perform([this, ids = std::move(ids)]() -> QCoro::Task<> {
         m_overview = co_await m_service->moveToTrash(ids);
         if (ids.contains(selectedSkillID()))
             deselect();
@@ -211,7 +213,7 @@ void AppModel::moveSkillsToTrash(const QSet<QUuid> &ids)
     });
 }
 
-void AppModel::restore(const QUuid &id)
+void AppModel::restore(QUuid id)
 {
     perform([this, id]() -> QCoro::Task<> {
         m_overview = co_await m_service->restore(id);
@@ -219,7 +221,7 @@ void AppModel::restore(const QUuid &id)
     });
 }
 
-void AppModel::deletePermanently(const QUuid &id)
+void AppModel::deletePermanently(QUuid id)
 {
     perform([this, id]() -> QCoro::Task<> {
         m_overview = co_await m_service->deletePermanently(id);

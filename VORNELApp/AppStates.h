@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <optional>
+#include <utility>
 
 namespace vornel {
 
@@ -43,7 +44,7 @@ public:
     static Phase launching() { return Phase(PhaseName::launching); }
     static Phase onboarding() { return Phase(PhaseName::onboarding); }
     static Phase ready() { return Phase(PhaseName::ready); }
-    static Phase failed(const QString &message) { return Phase(PhaseName::failed, message); }
+    static Phase failed(QString message) { return Phase(PhaseName::failed, std::move(message)); }
 
     PhaseName name() const { return m_name; }
 
@@ -53,7 +54,7 @@ public:
     bool operator==(const Phase &) const = default;
 
 private:
-    explicit Phase(PhaseName name, const QString &message = {}) : m_name(name), m_message(message) {}
+    explicit Phase(PhaseName name, QString message = {}) : m_name(name), m_message(std::move(message)) {}
 
     PhaseName m_name = PhaseName::launching;
     QString m_message;

@@ -17,7 +17,7 @@ QCoro::Task<> createFrom(QPointer<CreateSkillForm> form, AppModel *model, Create
 {
     // GCC 12 loses the frame of a coroutine that awaits in the middle of a condition.
     const bool succeeded = co_await model->createSkill(std::move(request));
-    if (succeeded && form)
+    if (succeeded && !form.isNull())
         Q_EMIT form->created();
 }
 

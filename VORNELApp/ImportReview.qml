@@ -18,8 +18,13 @@ FocusScope {
     function reveal(item: Item): void {
         const top = item.mapToItem(rows, 0, 0).y - Metrics.large;
         const bottom = top + item.height + 2 * Metrics.large;
-        scroller.contentY = Math.max(0, Math.min(scroller.contentY, top), bottom - scroller.height);
+        const wanted = Math.max(Math.min(scroller.contentY, top), bottom - scroller.height);
+        scroller.contentY = Math.max(0, Math.min(wanted, scroller.contentHeight - scroller.height));
     }
+
+    focus: true
+    // Whoever comes here with the keyboard stands on the first control, not on nothing.
+    onActiveFocusChanged: if (Window.activeFocusItem === review) nextItemInFocusChain().forceActiveFocus()
 
     Connections {
         function onActiveFocusItemChanged() {

@@ -3,7 +3,10 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import VORNELDesignSystem
 
-/** The way back and forth, and a dot for each page. `step` counts from 0. */
+/**
+ * The way back and forth, and a dot for each page. `step` counts from 0. A button that can no longer be used hands
+ * the keyboard to the other.
+ */
 Item {
     id: footer
 
@@ -49,18 +52,24 @@ Item {
         spacing: Metrics.small
 
         ActionButton {
+            id: retreat
+
             enabled: footer.canRetreat
             isCompact: true
             symbol: "arrow-left"
             text: "Étape précédente"
             onClicked: footer.retreated()
+            onEnabledChanged: if (!enabled && focus) advance.forceActiveFocus(Qt.TabFocusReason)
         }
         ActionButton {
+            id: advance
+
             enabled: footer.canAdvance
             isCompact: true
             symbol: "arrow-right"
             text: "Étape suivante"
             onClicked: footer.advanced()
+            onEnabledChanged: if (!enabled && focus) retreat.forceActiveFocus(Qt.TabFocusReason)
         }
     }
 }

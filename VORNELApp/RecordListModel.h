@@ -20,7 +20,7 @@ public:
         return parent.isValid() ? 0 : static_cast<int>(m_records.size());
     }
 
-    QVariant data(const QModelIndex &index, int) const override
+    QVariant data(const QModelIndex &index, int /*role*/) const override
     {
         return checkIndex(index, CheckIndexOption::IndexIsValid)
                    ? QVariant::fromValue(m_records.at(index.row()))

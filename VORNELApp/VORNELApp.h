@@ -12,7 +12,7 @@ namespace vornel {
 class VORNELApp
 {
 public:
-    explicit VORNELApp(AppEnvironment environment);
+    explicit VORNELApp(AppEnvironment live);
     ~VORNELApp();
     Q_DISABLE_COPY_MOVE(VORNELApp)
 

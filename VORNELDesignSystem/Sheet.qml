@@ -3,12 +3,14 @@ import QtQuick.Templates as T
 
 /**
  * A panel over the window that keeps the keyboard until it is closed. Esc closes it. What it holds
- * stands below its title.
+ * stands below its title. The keyboard goes back to where it was.
  */
 T.Popup {
     id: sheet
 
     required property string title
+
+    property Item formerFocus
 
     parent: T.Overlay.overlay
     x: Math.round((parent.width - width) / 2)
@@ -20,15 +22,17 @@ T.Popup {
     focus: true
     modal: true
     padding: Metrics.huge
+    onAboutToShow: {
+        formerFocus = parent.Window.activeFocusItem;
+        contentItem.parent.Accessible.name = title; // of the dialog, which is an item of Qt's
+    }
+    onClosed: formerFocus?.forceActiveFocus(Qt.PopupFocusReason)
 
     background: Rectangle {
         border.color: Colors.line
         border.width: Metrics.hairline
         color: Colors.raised
         radius: Metrics.cardRadius
-
-        Accessible.name: sheet.title
-        Accessible.role: Accessible.Dialog
     }
     contentItem: Column {
         spacing: Metrics.large

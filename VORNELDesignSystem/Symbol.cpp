@@ -16,11 +16,15 @@ namespace vornel {
 
 namespace {
 
-QString symbolFolder;
+QString &symbolFolder()
+{
+    static QString folder;
+    return folder;
+}
 
 QByteArray strokes(const QString &name, const QColor &color)
 {
-    QFile file(symbolFolder + u'/' + name + u".svg"_s);
+    QFile file(symbolFolder() + u'/' + name + u".svg"_s);
     if (!file.open(QIODevice::ReadOnly)) {
         qWarning("symbol %s is missing", qUtf8Printable(name));
         return {};
@@ -64,7 +68,7 @@ Symbol::Symbol(QQuickItem *parent) : QQuickItem(parent)
 
 void Symbol::setFolder(const QString &folder)
 {
-    symbolFolder = folder;
+    symbolFolder() = folder;
 }
 
 void Symbol::setName(const QString &name)

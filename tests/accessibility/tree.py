@@ -5,6 +5,8 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
+Atspi.set_timeout(5000, 30000)  # milliseconds to answer in, and to start in: a sanitised program is slow
+
 
 class Node:
     """One object of the tree, as it was when the tree was read."""

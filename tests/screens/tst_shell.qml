@@ -22,7 +22,7 @@ ScreenTest {
 
         click("À réparer");
         tryVerify(() => shows("audit") && !shows("notes"));
-        verify(control("À réparer").Accessible.checked);
+        verify(control("À réparer").checked);
         keyClick(Qt.Key_Down);
         verify(control("Corbeille").activeFocus);
         keyClick(Qt.Key_Return);
