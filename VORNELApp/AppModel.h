@@ -213,6 +213,10 @@ private:
     template <typename Action>
     QCoro::Task<bool> perform(Action action);
 
+    /// Makes each field known to the storage of bindings. Qt 6.4 lets that storage grow, and move, when a
+    /// field gains its first reader, even while it goes through the readers of another one.
+    void enterEveryField() const;
+
     QCoro::Task<> loadSelectedSkill();
     void followProgress(const QFuture<WorkspaceOverview> &commit);
     void confirm(const QString &text);

@@ -54,7 +54,7 @@ QImage picture(const QString &name, const QColor &color, const QSize &pixels)
         u"%1 %2 %3×%4"_s.arg(name, color.name(QColor::HexArgb)).arg(pixels.width()).arg(pixels.height());
     if (const QImage *known = pictures.object(key))
         return *known;
-    const QImage image = drawn(name, color, pixels);
+    QImage image = drawn(name, color, pixels);
     pictures.insert(key, new QImage(image));
     return image;
 }
@@ -87,7 +87,7 @@ void Symbol::setColor(const QColor &color)
     Q_EMIT colorChanged();
 }
 
-QSGNode *Symbol::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
+QSGNode *Symbol::updatePaintNode(QSGNode *node, UpdatePaintNodeData * /*data*/)
 {
     const qreal ratio = window()->effectiveDevicePixelRatio();
     const QSize pixels(static_cast<int>(std::ceil(width() * ratio)),
@@ -96,7 +96,7 @@ QSGNode *Symbol::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
         delete node;
         return nullptr;
     }
-    auto *image = static_cast<QSGImageNode *>(node);
+    auto *image = dynamic_cast<QSGImageNode *>(node);
     if (image == nullptr) {
         image = window()->createImageNode();
         image->setOwnsTexture(true);

@@ -32,7 +32,7 @@ Q_SIGNALS:
     void colorChanged();
 
 protected:
-    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *) override;
+    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
     void itemChange(ItemChange change, const ItemChangeData &data) override;
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
 

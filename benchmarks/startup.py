@@ -15,7 +15,7 @@ BUILD = Path(sys.argv[1])
 EMPTY_WINDOW = [BUILD / "benchmarks/EmptyWindow/vornel-empty-window"]
 VORNEL = [BUILD / "VORNELApp/vornel", "--end-after-first-frame"]
 DEMO = Path(__file__).parent.parent / "demo"
-ROUNDS = 25
+ROUNDS = 49
 FRAME = 16  # milliseconds
 
 
