@@ -47,7 +47,8 @@ class AppModel : public QObject
                    bindableIsDetailLoading)
     Q_PROPERTY(
         QString errorMessage READ errorMessage NOTIFY errorMessageChanged BINDABLE bindableErrorMessage)
-    Q_PROPERTY(QString transientMessage READ transientMessage NOTIFY transientMessageChanged)
+    Q_PROPERTY(QString transientMessage READ transientMessage NOTIFY transientMessageChanged BINDABLE
+                   bindableTransientMessage)
     Q_PROPERTY(bool canCommitImport READ canCommitImport NOTIFY canCommitImportChanged BINDABLE
                    bindableCanCommitImport)
     Q_PROPERTY(int needsAttentionCount READ needsAttentionCount NOTIFY overviewChanged)

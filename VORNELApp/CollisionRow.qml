@@ -11,6 +11,10 @@ Item {
     /** The user picks a side. */
     signal chosen(choice: int)
 
+    function focusChoice(): void {
+        claude.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     implicitHeight: Metrics.rowHeight
 
     Accessible.name: collision.slug
@@ -32,12 +36,20 @@ Item {
         spacing: Metrics.small
 
         ChoiceButton {
+            id: claude
+
+            KeyNavigation.right: codex
             isChosen: row.collision.choice === Vornel.CollisionChoice.claude
+            Keys.onLeftPressed: {} // which would turn the page
             text: "Claude"
             onClicked: row.chosen(Vornel.CollisionChoice.claude)
         }
         ChoiceButton {
+            id: codex
+
+            KeyNavigation.left: claude
             isChosen: row.collision.choice === Vornel.CollisionChoice.codex
+            Keys.onRightPressed: {}
             text: "Codex"
             onClicked: row.chosen(Vornel.CollisionChoice.codex)
         }

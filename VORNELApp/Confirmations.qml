@@ -76,6 +76,11 @@ Item {
         }
         displaced: Transition {
             NumberAnimation {
+                duration: Motion.quick
+                property: "opacity"
+                to: 1
+            }
+            NumberAnimation {
                 duration: Motion.normal
                 easing.type: Motion.easing
                 property: "y"

@@ -44,6 +44,11 @@ Sheet {
         font: Typography.small
         text: form.validationHint
     }
+    ErrorPanel {
+        text: sheet.model.errorMessage
+        width: parent.width
+        onDismissed: sheet.model.clearError()
+    }
     Row {
         anchors.right: parent.right
         spacing: Metrics.medium

@@ -2,24 +2,28 @@ import QtQuick
 import VORNELDesignSystem
 
 /** The last failure, over whatever is shown, until it is closed. Without a text, nothing. */
-Rectangle {
+FocusScope {
     id: panel
 
     required property string text
 
     signal dismissed
 
-    border.color: Colors.danger
-    border.width: Metrics.hairline
-    color: Colors.raised
-    height: Math.max(message.height, close.height) + 2 * Metrics.large
-    radius: Metrics.cardRadius
+    enabled: visible
+    implicitHeight: Math.max(message.height, close.height) + 2 * Metrics.large
     visible: text !== ""
 
     Accessible.name: text
     Accessible.role: Accessible.AlertMessage
     Keys.onEscapePressed: dismissed()
 
+    Rectangle {
+        anchors.fill: parent
+        border.color: Colors.danger
+        border.width: Metrics.hairline
+        color: Colors.raised
+        radius: Metrics.cardRadius
+    }
     Symbol {
         id: symbol
 
@@ -27,9 +31,9 @@ Rectangle {
         anchors.leftMargin: Metrics.large
         anchors.verticalCenter: parent.verticalCenter
         color: Colors.danger
-        height: 22
+        height: Metrics.symbol
         name: "triangle-alert"
-        width: 22
+        width: Metrics.symbol
     }
     Label {
         id: message
@@ -50,6 +54,7 @@ Rectangle {
         anchors.right: parent.right
         anchors.rightMargin: Metrics.large
         anchors.verticalCenter: parent.verticalCenter
+        focus: true
         text: "Fermer"
         onClicked: panel.dismissed()
     }

@@ -12,6 +12,10 @@ Item {
     readonly property bool isReady: plan !== undefined && plan.isReadyToCommit
     property bool isCommitting: false
 
+    function focusOpen(): void {
+        open.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     implicitHeight: 48
 
     Connections {

@@ -11,15 +11,29 @@ FocusScope {
 
     readonly property var plan: model.importPlan
 
+    /** Gives the keyboard to what comes next, unless a control has it. */
+    function settleFocus(): void {
+        const item = Window.activeFocusItem;
+        if (!activeFocus || (item.activeFocusOnTab && item.enabled && item.visible))
+            return;
+        const review = content.item as ImportReview;
+        if (!review?.focusFirstDecision())
+            footer.focusOpen();
+    }
+
     Component.onCompleted: {
-        if (plan === undefined)
+        if (plan === undefined && !model.isWorking)
             model.beginImportScan();
+    }
+
+    Timer {
+        interval: 0 // after the screens have followed the model
+        running: !page.model.isWorking
+        onTriggered: page.settleFocus()
     }
 
     ColumnLayout {
         anchors.fill: parent
-        anchors.leftMargin: Metrics.page
-        anchors.rightMargin: Metrics.page
         spacing: Metrics.huge
 
         Column {
@@ -39,12 +53,16 @@ FocusScope {
             }
         }
         ScreenLoader {
+            id: content
+
             Layout.fillHeight: true
             Layout.fillWidth: true
             model: page.model
             screen: page.plan === undefined ? "ImportWaiting.qml" : "ImportReview.qml"
         }
         ImportFooter {
+            id: footer
+
             Layout.fillWidth: true
             model: page.model
         }

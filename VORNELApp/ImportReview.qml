@@ -22,9 +22,12 @@ FocusScope {
         scroller.contentY = Math.max(0, Math.min(wanted, scroller.contentHeight - scroller.height));
     }
 
-    focus: true
-    // Whoever comes here with the keyboard stands on the first control, not on nothing.
-    onActiveFocusChanged: if (Window.activeFocusItem === review) nextItemInFocusChain().forceActiveFocus()
+    /** Brings the keyboard to the first decision; false when there is none to take. */
+    function focusFirstDecision(): bool {
+        const first = collisions.itemAt(0);
+        first?.focusChoice();
+        return first !== null;
+    }
 
     Connections {
         function onActiveFocusItemChanged() {
@@ -33,6 +36,17 @@ FocusScope {
         }
 
         target: review.Window.window
+    }
+    Connections {
+        function onContentHeightChanged() {
+            if (review.activeFocus)
+                review.reveal(review.Window.activeFocusItem);
+        }
+        function onHeightChanged() {
+            onContentHeightChanged();
+        }
+
+        target: scroller
     }
     ColumnLayout {
         anchors.fill: parent
@@ -54,6 +68,12 @@ FocusScope {
                 label: value === 1 ? "IGNORÉE" : "IGNORÉES"
                 value: review.plan.blocked.length
             }
+        }
+        ActionButton {
+            enabled: !review.model.isWorking
+            symbol: "rotate-cw"
+            text: "Relancer l’analyse"
+            onClicked: review.model.beginImportScan()
         }
         Surface {
             Layout.fillHeight: true
@@ -104,6 +124,8 @@ FocusScope {
                         wrapMode: Text.Wrap
                     }
                     Repeater {
+                        id: collisions
+
                         model: CollisionListModel {
                             model: review.model
                         }

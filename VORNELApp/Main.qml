@@ -2,7 +2,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The application's window. Closing it waits for what is being done. */
+/** The application's window. Closing it waits for what is being done, and stays if that has failed. */
 Window {
     id: window
 
@@ -25,7 +25,10 @@ Window {
 
     Connections {
         function onIsBusyChanged() {
-            if (window.isClosing && !window.model.isBusy)
+            if (!window.isClosing || window.model.isBusy)
+                return;
+            window.isClosing = false;
+            if (window.model.errorMessage === "")
                 window.close();
         }
 
@@ -33,6 +36,7 @@ Window {
     }
     RootView {
         anchors.fill: parent
+        enabled: !window.isClosing
         focus: true
         model: window.model
     }

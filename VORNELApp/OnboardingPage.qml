@@ -40,7 +40,6 @@ FocusScope {
         id: text
 
         anchors.left: parent.left
-        anchors.leftMargin: Metrics.page
         anchors.verticalCenter: parent.verticalCenter
         spacing: Metrics.large
         width: parent.width * 0.5
@@ -75,7 +74,6 @@ FocusScope {
     }
     ProductGlyph {
         anchors.right: parent.right
-        anchors.rightMargin: Metrics.page
         anchors.verticalCenter: parent.verticalCenter
         height: width
         symbol: page.story.symbol

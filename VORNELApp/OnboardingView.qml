@@ -13,10 +13,20 @@ FocusScope {
 
     property bool hasAppeared: false
 
+    /** A page on which something runs can't be turned. */
+    function advance(): void {
+        if (!model.isWorking)
+            model.advanceOnboarding();
+    }
+    function retreat(): void {
+        if (!model.isWorking)
+            model.retreatOnboarding();
+    }
+
     opacity: hasAppeared ? 1 : 0
     Component.onCompleted: hasAppeared = true
-    Keys.onLeftPressed: model.retreatOnboarding()
-    Keys.onRightPressed: model.advanceOnboarding()
+    Keys.onLeftPressed: retreat()
+    Keys.onRightPressed: advance()
 
     Behavior on opacity {
         NumberAnimation {
@@ -29,16 +39,20 @@ FocusScope {
         id: header
 
         anchors.left: parent.left
+        anchors.leftMargin: 2 * Metrics.page
         anchors.margins: Metrics.page
         anchors.right: parent.right
+        anchors.rightMargin: 2 * Metrics.page
         anchors.top: parent.top
         step: onboarding.step
     }
     ScreenLoader {
         anchors.bottom: footer.top
         anchors.left: parent.left
+        anchors.leftMargin: 2 * Metrics.page
         anchors.margins: Metrics.page
         anchors.right: parent.right
+        anchors.rightMargin: 2 * Metrics.page
         anchors.top: header.bottom
         model: onboarding.model
         screen: onboarding.isImporting ? "ImportPage.qml" : "OnboardingPage.qml"
@@ -48,12 +62,14 @@ FocusScope {
 
         anchors.bottom: parent.bottom
         anchors.left: parent.left
+        anchors.leftMargin: 2 * Metrics.page
         anchors.margins: Metrics.page
         anchors.right: parent.right
+        anchors.rightMargin: 2 * Metrics.page
         canAdvance: !onboarding.isImporting
         canRetreat: onboarding.step > 0
         step: onboarding.step
-        onAdvanced: onboarding.model.advanceOnboarding()
-        onRetreated: onboarding.model.retreatOnboarding()
+        onAdvanced: onboarding.advance()
+        onRetreated: onboarding.retreat()
     }
 }

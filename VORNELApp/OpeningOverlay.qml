@@ -5,6 +5,9 @@ import VORNELDesignSystem
 Rectangle {
     color: Colors.scrim
 
+    MouseArea {
+        anchors.fill: parent
+    }
     Surface {
         anchors.centerIn: parent
         height: column.height + 2 * Metrics.huge

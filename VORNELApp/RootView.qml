@@ -11,6 +11,8 @@ FocusScope {
     Component.onCompleted: model.retryStart()
 
     ScreenLoader {
+        id: screens
+
         anchors.fill: parent
         model: root.model
         screen: {
@@ -32,6 +34,9 @@ FocusScope {
         anchors.horizontalCenter: parent.horizontalCenter
         text: root.model.errorMessage
         width: Math.min(640, parent.width - 2 * Metrics.huge)
-        onDismissed: root.model.clearError()
+        onDismissed: {
+            root.model.clearError();
+            screens.forceActiveFocus();
+        }
     }
 }

@@ -3,8 +3,11 @@ import VORNELApp
 
 /** The chosen skill or, without one, the screen of the chosen destination. */
 ScreenLoader {
+    /** A skill that was left while it was still loading doesn't open any more. */
+    readonly property bool isSkillOpen: String(model.selectedSkill?.manifest.id) === String(model.selectedSkillID)
+
     screen: {
-        if (model.selectedSkill !== undefined)
+        if (isSkillOpen)
             return "SkillEditorView.qml";
         switch (model.selectedDestination) {
         case AppStates.Destination.needsAttention:

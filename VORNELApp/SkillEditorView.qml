@@ -39,14 +39,23 @@ FocusScope {
         anchors.margins: Metrics.huge
         anchors.right: parent.right
         anchors.top: back.bottom
+        border.color: scroller.activeFocus ? Colors.accent : Colors.line
 
         Flickable {
+            id: scroller
+
             anchors.fill: parent
             anchors.margins: Metrics.large
+            activeFocusOnTab: true
             boundsBehavior: Flickable.StopAtBounds
             clip: true
             contentHeight: text.height
             contentWidth: width
+
+            Accessible.name: "Instructions de la compétence"
+            Accessible.role: Accessible.Document
+            Keys.onDownPressed: T.ScrollBar.vertical.increase()
+            Keys.onUpPressed: T.ScrollBar.vertical.decrease()
 
             T.ScrollBar.vertical: ScrollRail {}
 

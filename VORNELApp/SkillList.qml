@@ -42,6 +42,7 @@ FocusScope {
         anchors.margins: Metrics.medium
         anchors.right: parent.right
         anchors.top: heading.bottom
+        activeFocusOnTab: true
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         focus: true
@@ -54,7 +55,7 @@ FocusScope {
 
         delegate: SkillListRow {
             isChoosable: list.isChoosable
-            width: view.width
+            width: view.width - Metrics.medium
             onClicked: list.chosen(record.id)
         }
     }

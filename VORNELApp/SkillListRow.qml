@@ -7,15 +7,17 @@ import VORNELDesignSystem
 T.ItemDelegate {
     id: row
 
+    required property int index
     required property skillSummary record
     property bool isChoosable: true
 
     implicitHeight: 56
     enabled: isChoosable
-    focusPolicy: Qt.StrongFocus
-    highlighted: ListView.isCurrentItem && ListView.view.activeFocus
+    focusPolicy: Qt.ClickFocus
+    highlighted: activeFocus
     hoverEnabled: true
     text: record.displayName
+    onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
 
     Accessible.description: record.slug
     Accessible.name: text

@@ -8,7 +8,12 @@ FocusScope {
 
     required property AppModel model
 
-    Keys.onEscapePressed: model.closeSkill()
+    Keys.onEscapePressed: {
+        if (model.errorMessage !== "")
+            model.clearError();
+        else
+            model.closeSkill();
+    }
 
     Shortcut {
         sequence: "Ctrl+F"
@@ -26,6 +31,10 @@ FocusScope {
         id: creation
 
         model: shell.model
+        onClosed: {
+            if (!shell.activeFocus)
+                content.forceActiveFocus();
+        }
     }
     Sidebar {
         id: sidebar
@@ -46,6 +55,8 @@ FocusScope {
         onCreationAsked: creation.open()
     }
     ShellContent {
+        id: content
+
         anchors.bottom: parent.bottom
         anchors.left: sidebar.right
         anchors.right: parent.right

@@ -10,6 +10,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+#include <span>
 
 Q_IMPORT_QML_PLUGIN(VORNELAppPlugin)
 Q_IMPORT_QML_PLUGIN(VORNELDesignSystemPlugin)
@@ -19,28 +21,32 @@ using namespace vornel;
 
 namespace {
 
+const QString usage = u"Usage\u00A0: vornel\n\n"
+                      "Ouvre la bibliothèque de vos compétences.\n\n"
+                      "  -h, --help     affiche cette aide\n"
+                      "  -v, --version  affiche la version\n"_s;
+
+/// What the command line asks for. Those who work on the program have two more options than its users.
 struct Options
 {
+    bool showsHelp = false;
+    bool showsVersion = false;
     bool showsGallery = false;
     bool endsAfterFirstFrame = false;
+    QString mistake;
 };
 
-Options options(const QGuiApplication &application)
+Options options(const QStringList &arguments)
 {
-    const auto hidden = [](const QString &name) {
-        QCommandLineOption option(name);
-        option.setFlags(QCommandLineOption::HiddenFromHelp);
-        return option;
-    };
+    const QCommandLineOption help(QStringList{u"h"_s, u"help"_s});
+    const QCommandLineOption version(QStringList{u"v"_s, u"version"_s});
+    const QCommandLineOption gallery(u"gallery"_s);
+    const QCommandLineOption firstFrame(u"end-after-first-frame"_s);
     QCommandLineParser parser;
-    parser.setApplicationDescription(u"La bibliothèque de vos compétences, au même endroit."_s);
-    parser.addHelpOption();
-    parser.addVersionOption();
-    const QCommandLineOption gallery = hidden(u"gallery"_s);
-    const QCommandLineOption firstFrame = hidden(u"end-after-first-frame"_s);
-    parser.addOptions({gallery, firstFrame});
-    parser.process(application);
-    return {parser.isSet(gallery), parser.isSet(firstFrame)};
+    parser.addOptions({help, version, gallery, firstFrame});
+    const bool isUnderstood = parser.parse(arguments) && parser.positionalArguments().isEmpty();
+    return {parser.isSet(help), parser.isSet(version), parser.isSet(gallery), parser.isSet(firstFrame),
+            isUnderstood ? QString() : u"Argument inconnu\u00A0: "_s + arguments.mid(1).join(u' ')};
 }
 
 AppEnvironment liveEnvironment()
@@ -73,15 +79,34 @@ int showApplication(bool endsAfterFirstFrame)
     return QGuiApplication::exec();
 }
 
+/// What needs no screen: the answer to a mistake or a question. Nothing when the window is wanted.
+std::optional<int> answer(const Options &chosen)
+{
+    if (!chosen.mistake.isEmpty()) {
+        std::fputs(qUtf8Printable(chosen.mistake + u"\n\n"_s + usage), stderr);
+        return 64;
+    }
+    if (!chosen.showsHelp && !chosen.showsVersion)
+        return std::nullopt;
+    const QString version = QStringLiteral("vornel " VORNEL_VERSION "\n");
+    std::fputs(qUtf8Printable(chosen.showsHelp ? usage : version), stdout);
+    return EXIT_SUCCESS;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    QStringList arguments;
+    for (const char *argument : std::span(argv, static_cast<size_t>(argc)))
+        arguments.append(QString::fromLocal8Bit(argument));
+    const Options chosen = options(arguments);
+    if (const auto status = answer(chosen))
+        return *status;
+
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(u"vornel"_s);
     QGuiApplication::setApplicationDisplayName(u"VORNEL"_s);
-    QGuiApplication::setApplicationVersion(QStringLiteral(VORNEL_VERSION));
-    const Options chosen = options(application);
     try {
         return chosen.showsGallery ? showGallery() : showApplication(chosen.endsAfterFirstFrame);
     } catch (const std::exception &error) {

@@ -77,6 +77,6 @@ T.Button {
     Hint {
         control: control
         text: control.text
-        visible: control.isCompact && control.hovered
+        visible: control.isCompact && (control.hovered || control.visualFocus)
     }
 }

@@ -6,8 +6,6 @@ import QtQuick
 Item {
     id: glyph
 
-    property bool isRunning: true
-    property color hue: Colors.accent
     property real turn
 
     implicitWidth: Metrics.symbol
@@ -19,7 +17,7 @@ Item {
         duration: Motion.turn
         from: 0
         loops: Animation.Infinite
-        running: glyph.isRunning && glyph.visible && Motion.isEnabled
+        running: glyph.visible && Motion.isEnabled
         to: 4
     }
 
@@ -33,7 +31,7 @@ Item {
             readonly property int place: [0, 1, 3, 2][index]
             readonly property real lag: (glyph.turn - place + 4) % 4
 
-            color: glyph.hue
+            color: Colors.accent
             height: glyph.height * 0.44
             opacity: 0.2 + 0.8 * Math.max(0, 1 - lag / 2)
             radius: glyph.width * 0.1

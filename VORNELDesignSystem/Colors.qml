@@ -24,6 +24,11 @@ QtObject {
     readonly property color warning: "#FFB347"
     readonly property color danger: "#FF5A4F"
 
+    // Of categories only.
+    readonly property color violet: "#8A61E6"
+    readonly property color magenta: "#D152F0"
+    readonly property color orange: "#FF571A"
+
     /** A colour thinned to a tint that lies well behind text of that colour. */
     function tint(color: color): color {
         return Qt.rgba(color.r, color.g, color.b, 0.14);

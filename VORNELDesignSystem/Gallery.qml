@@ -157,6 +157,16 @@ Rectangle {
                 TextEntry {
                     text: "Champ rempli"
                 }
+                TextEntry {
+                    enabled: false
+                    text: "Champ désactivé"
+                }
+                LabelledField {
+                    hint: "Indication"
+                    label: "Champ nommé"
+                    text: ""
+                    width: 240
+                }
                 SearchField {
                     clearText: "Effacer"
                     placeholderText: "Rechercher"
@@ -166,15 +176,15 @@ Rectangle {
                     text: "recherche"
                 }
                 Repeater {
-                    model: ["#21D6D1", "#8A61E6", "#FF571A"]
+                    model: [Colors.accent, Colors.violet, Colors.magenta, Colors.orange]
 
                     ColorSwatch {
                         required property int index
-                        required property string modelData
+                        required property color modelData
 
                         checked: index === 0
                         hue: modelData
-                        text: modelData
+                        text: String(modelData)
                     }
                 }
                 ActionButton {

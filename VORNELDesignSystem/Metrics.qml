@@ -19,7 +19,6 @@ QtObject {
     readonly property int controlHeight: 36
     readonly property int rowHeight: 44
     readonly property int symbol: 18
-    readonly property int smallSymbol: 14
     readonly property int largeSymbol: 40
     readonly property int sidebarWidth: 216
 }

@@ -6,8 +6,6 @@ import QtQuick
 Item {
     id: mark
 
-    property color hue: Colors.accent
-
     implicitWidth: 40
     implicitHeight: 40
 
@@ -21,9 +19,9 @@ Item {
 
             readonly property bool isBright: index === 3
 
-            border.color: isBright ? mark.hue : Colors.secondary
+            border.color: isBright ? Colors.accent : Colors.secondary
             border.width: Math.max(1.5, mark.width / 20)
-            color: isBright ? mark.hue : "transparent"
+            color: isBright ? Colors.accent : "transparent"
             height: mark.height * 0.44
             radius: mark.width * 0.1
             width: mark.width * 0.44

@@ -7,7 +7,7 @@ T.TextField {
 
     implicitWidth: 240
     implicitHeight: Metrics.controlHeight
-    color: Colors.text
+    color: enabled ? Colors.text : Colors.muted
     font: Typography.body
     leftPadding: Metrics.medium
     placeholderTextColor: Colors.muted

@@ -87,9 +87,15 @@ public:
 
     void take(const QString &name)
     {
+        QCoreApplication::processEvents();
+        takeAtOnce(name);
+    }
+
+    /// The same, before anything else happens.
+    void takeAtOnce(const QString &name)
+    {
         if (!m_chosen.isEmpty() && !m_chosen.contains(name))
             return;
-        QCoreApplication::processEvents();
         const QString file = m_folder + u'/' + name + u".png"_s;
         if (!m_window->grabWindow().save(file))
             qFatal("can't write %s", qUtf8Printable(file));
@@ -156,7 +162,7 @@ void photographOnboarding(Photographer &photographer, AppModel &model)
         photographer.take(u"onboarding-%1"_s.arg(page));
         model.advanceOnboarding();
     }
-    photographer.take(u"import-scan"_s);
+    photographer.takeAtOnce(u"import-scan"_s);
     settle(model);
     photographer.take(u"import-collisions"_s);
     const QList<ImportCollision> collisions = model.importPlan()->collisions;

@@ -38,14 +38,19 @@ class Program:
         self.process = subprocess.Popen([executable], env=environment)
 
     def __enter__(self):
-        self.wait("a window", lambda nodes: nodes)
-        with Window() as window:
-            window.focus()
         return self
 
     def __exit__(self, *_):
         self.process.kill()
         self.process.wait()
+
+    def takes_keyboard(self):
+        def is_active(nodes):
+            with Window() as window:
+                window.focus()
+            return any("active" in node.states for node in nodes)
+
+        self.wait("an active window", is_active)
 
     def showing(self):
         """What is to be seen, or nothing while the tree changes under the reader."""
@@ -318,6 +323,7 @@ def main(executable, demo, folder):
     demo, folder = pathlib.Path(demo), pathlib.Path(folder)
     first, names = library(demo, folder / "first")
     with Program(executable, first) as program:
+        program.takes_keyboard()
         onboarding(program)
         preparation(program)
         program.sees("alert", "PRÊT")
@@ -328,12 +334,15 @@ def main(executable, demo, folder):
         program.close()
     with Program(executable, first) as program:
         opens_at_once(program)
+        program.takes_keyboard()
         shell(program, names)
         program.close()
     with Program(executable, library(demo, folder / "overlapping")[0], workspace="claude/workspace") as program:
+        program.takes_keyboard()
         failure(program)
         program.close()
     with Program(executable, library(demo, folder / "keyboard")[0]) as program:
+        program.takes_keyboard()
         by_keyboard(program)
         program.close()
     print("Everything that shows can be read out and reached.")

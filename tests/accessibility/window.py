@@ -9,6 +9,10 @@ _x11.XOpenDisplay.restype = ctypes.c_void_p
 _x11.XDefaultRootWindow.restype = _Id
 _x11.XInternAtom.restype = _Id
 
+# A window may not be there yet, or no longer; whoever waits tries again.
+_ignore = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(lambda *_: 0)
+_x11.XSetErrorHandler(_ignore)
+
 _CLIENT_MESSAGE = 33
 _REVERT_TO_PARENT = 2
 
@@ -24,7 +28,7 @@ class Window:
 
     def __init__(self):
         self._display = ctypes.c_void_p(_x11.XOpenDisplay(None))
-        self._id = next((window for window in self._top_level() if self._protocols(window)), None)
+        self._id = next((window for window in self._top_level() if self._protocols(window)), 0)
 
     def __enter__(self):
         return self

@@ -46,7 +46,7 @@ TestCase {
     /** The only visible control of this name. */
     function control(name) {
         awaitText(name);
-        const found = all(name).filter(item => item.activeFocusOnTab);
+        const found = all(name).filter(item => item.clicked !== undefined || item.placeholderText !== undefined);
         compare(found.length, 1, name);
         return found[0];
     }

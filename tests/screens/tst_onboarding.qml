@@ -31,6 +31,7 @@ ScreenTest {
         }
         awaitText("PRÉPARATION");
         verify(!control("Étape suivante").enabled);
+        settle();
         click("Étape précédente");
         awaitText(pages[3][0]);
     }
@@ -55,6 +56,7 @@ ScreenTest {
         fixture.write("claude/notes/SKILL.md", "name: Notes");
         fixture.write("codex/vide/notes.md", "sans SKILL.md");
         enterImportPage();
+        tryVerify(() => control("Claude").activeFocus);
         awaitText("1 COMPÉTENCES");
         verify(shows("1 DOUBLONS"));
         verify(shows("1 IGNORÉE"));
@@ -69,6 +71,10 @@ ScreenTest {
         click("Codex");
         tryCompare(control("Codex").Accessible, "description", "sélectionné");
         verify(control("Codex").activeFocus, "a choice keeps the keyboard");
+        keyClick(Qt.Key_Right);
+        verify(shows("Étape 5 sur 5"), "an arrow between the choices turns no page");
+        keyClick(Qt.Key_Left);
+        verify(control("Claude").activeFocus);
         compare(control("Claude").Accessible.description, "non sélectionné");
         awaitText("Prêt à commencer.");
 
@@ -87,6 +93,7 @@ ScreenTest {
     function test_nothing_to_import() {
         enterImportPage();
         awaitText("0 COMPÉTENCES");
+        tryVerify(() => control("Ouvrir la bibliothèque").activeFocus);
         verify(shows("0 DOUBLONS"));
         verify(shows("0 IGNORÉES"));
         verify(shows("Aucune collision"));
@@ -108,6 +115,28 @@ ScreenTest {
         click("Relancer l’analyse");
         awaitText("Prêt à commencer.");
         verify(!shows("Fermer"));
+    }
+
+    function test_stale_plan() {
+        fixture.write("claude/audit/SKILL.md", "avant");
+        enterImportPage();
+        fixture.write("claude/audit/SKILL.md", "après");
+        click("Ouvrir la bibliothèque");
+        awaitText("Fermer");
+        click("Relancer l’analyse");
+        settle();
+        verify(!shows("Fermer"));
+        click("Ouvrir la bibliothèque");
+        awaitText("Bibliothèque");
+    }
+
+    function test_pages_stay_while_something_runs() {
+        fixture.write("claude/audit/SKILL.md", "un");
+        enterImportPage();
+        fixture.model.commitImport();
+        keyClick(Qt.Key_Left);
+        compare(fixture.model.onboardingStep, AppStates.OnboardingStep.importSkills);
+        awaitText("Bibliothèque");
     }
 
     function test_failed_start() {

@@ -74,12 +74,13 @@ ScreenTest {
         fixture.model.emptyTrash();
         tryVerify(() => all("CORBEILLE VIDÉE").length === 1);
         const first = Date.now();
-        wait(900);
+        wait(1650); // so that the first leaves while the second still comes
         fixture.model.emptyTrash();
         tryVerify(() => all("CORBEILLE VIDÉE").length === 2);
         const second = Date.now();
         tryVerify(() => all("CORBEILLE VIDÉE").length === 1, 3000);
         fuzzyCompare(Date.now() - first, 1800 + 220, 300);
+        tryCompare(all("CORBEILLE VIDÉE")[0], "opacity", 1, 500);
         compare(fixture.model.transientMessage, "CORBEILLE VIDÉE");
         tryVerify(() => all("CORBEILLE VIDÉE").length === 0, 3000);
         fuzzyCompare(Date.now() - second, 1800 + 220, 300);
@@ -91,9 +92,11 @@ ScreenTest {
         fixture.model.restore(fixture.idOf("audit"));
         settle();
         awaitText(fixture.model.errorMessage);
-        click("Fermer");
+        control("Fermer").forceActiveFocus();
+        keyClick(Qt.Key_Return);
         compare(fixture.model.errorMessage, "");
         verify(!shows("Fermer"));
+        verify(all("audit").some(item => item.activeFocus), "the keyboard goes back to the list");
     }
 
     function test_creation() {
@@ -114,6 +117,41 @@ ScreenTest {
         awaitText("CRÉÉE");
         tryVerify(() => !shows("Annuler"));
         compare(fixture.model.selectedSkill.manifest.slug, "audit-2024x");
+    }
+
+    function test_refused_creation() {
+        openShell(["audit"]);
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        for (const letter of "audit")
+            keyClick(letter);
+        click("Créer");
+        tryVerify(() => fixture.model.errorMessage !== "");
+        tryVerify(() => all("Fermer").length === 2);
+        all("Fermer")[1].forceActiveFocus(); // the one in the sheet
+        keyClick(Qt.Key_Return);
+        compare(fixture.model.errorMessage, "");
+        compare(control("Nom").text, "audit", "what was typed stays");
+    }
+
+    function test_list_by_keyboard() {
+        openShell(["audit", "notes", "revue"]);
+        keyClick(Qt.Key_Down);
+        verify(control("notes").highlighted);
+        keyClick(Qt.Key_Tab);
+        keyClick(Qt.Key_Tab, Qt.ShiftModifier);
+        verify(control("notes").highlighted, "the list is one stop of Tab");
+        keyClick(Qt.Key_Return);
+        settle();
+        compare(fixture.model.selectedSkill.manifest.slug, "notes");
+    }
+
+    function test_leaving_while_a_skill_loads() {
+        openShell(["audit"]);
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        click("Corbeille");
+        settle();
+        verify(!shows("Retour à la bibliothèque"));
+        verify(shows("La corbeille est vide"));
     }
 
     function test_closing_waits() {
