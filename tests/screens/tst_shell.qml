@@ -57,8 +57,8 @@ ScreenTest {
         fixture.model.reload();
         settle();
         awaitText("Attention requise");
-        click("notes");
-        awaitText("OUVERTURE");
+        fixture.model.selectSkill(fixture.idOf("notes"));
+        verify(shows("OUVERTURE"));
         verify(shows("Ouverture de la compétence"));
         awaitText("Retour à la bibliothèque");
         verify(!shows("OUVERTURE"));
