@@ -52,7 +52,8 @@ FocusScope {
         anchors.fill: parent
         spacing: Metrics.large
 
-        Row {
+        RowLayout {
+            Layout.fillWidth: true
             spacing: Metrics.large
 
             StatCard {
@@ -68,12 +69,16 @@ FocusScope {
                 label: value === 1 ? "IGNORÉE" : "IGNORÉES"
                 value: review.plan.blocked.length
             }
-        }
-        ActionButton {
-            enabled: !review.model.isWorking
-            symbol: "rotate-cw"
-            text: "Relancer l’analyse"
-            onClicked: review.model.beginImportScan()
+            Item {
+                Layout.fillWidth: true
+            }
+            ActionButton {
+                Layout.alignment: Qt.AlignBottom
+                enabled: !review.model.isWorking
+                symbol: "rotate-cw"
+                text: "Relancer l’analyse"
+                onClicked: review.model.beginImportScan()
+            }
         }
         Surface {
             Layout.fillHeight: true

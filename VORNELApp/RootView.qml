@@ -30,8 +30,8 @@ FocusScope {
     }
     ErrorPanel {
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: Metrics.huge
-        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.margins: Metrics.huge
+        anchors.right: parent.right
         text: root.model.errorMessage
         width: Math.min(640, parent.width - 2 * Metrics.huge)
         onDismissed: {

@@ -93,12 +93,8 @@ class Program:
         return found[-1]
 
     def sees_page(self):
-        """Whatever shows has a name: no control and no mere decoration is read out as nothing, nor has it the focus."""
-
-        def nameless(node):
-            return not node.name.strip() and (node.actions or node.child_count == 0 or "focusable" in node.states)
-
-        self.wait("a name on everything", lambda nodes: nodes and not any(map(nameless, nodes)))
+        """Nothing that shows, no control and no mere decoration, is read out without a name, nor has it the focus."""
+        self.wait("a name on everything", lambda nodes: nodes and all(node.name.strip() for node in nodes))
         self.focused()
 
     def act(self, node):

@@ -4,6 +4,10 @@
 
 #include <QCoro/QCoroTask>
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -43,6 +47,19 @@ void Fixture::fillLibrary(const QStringList &slugs)
         QCoreApplication::processEvents();
     m_model->commitImport();
     restart();
+}
+
+void Fixture::holdWorkspace()
+{
+    m_lock = ::open(m_scratch.path("workspace/.vornel").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (m_lock < 0 || ::flock(m_lock, LOCK_EX) != 0)
+        qFatal("the workspace can't be locked");
+}
+
+void Fixture::releaseWorkspace()
+{
+    if (m_lock >= 0)
+        ::close(std::exchange(m_lock, -1));
 }
 
 QUuid Fixture::idOf(const QString &slug) const

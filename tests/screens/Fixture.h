@@ -16,6 +16,8 @@ class Fixture : public QObject
 
 public:
     explicit Fixture(QObject *parent = nullptr);
+    ~Fixture() override { releaseWorkspace(); }
+    Q_DISABLE_COPY_MOVE(Fixture)
 
     AppModel *model() const { return m_model.get(); }
 
@@ -31,6 +33,10 @@ public:
     /// A model whose onboarding is done, with one skill for each slug, opened once.
     Q_INVOKABLE void fillLibrary(const QStringList &slugs);
 
+    /// Locks the workspace, as another program would: operations wait until it is released.
+    Q_INVOKABLE void holdWorkspace();
+    Q_INVOKABLE void releaseWorkspace();
+
     /// The identifier of the skill of this slug; null without one.
     Q_INVOKABLE QUuid idOf(const QString &slug) const;
 
@@ -39,6 +45,7 @@ Q_SIGNALS:
 
 private:
     Scratch m_scratch;
+    int m_lock = -1;
     std::unique_ptr<AppModel> m_model;
 };
 

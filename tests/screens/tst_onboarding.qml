@@ -79,7 +79,6 @@ ScreenTest {
         awaitText("Prêt à commencer.");
 
         click("Ouvrir la bibliothèque");
-        verify(!control("Ouvrir la bibliothèque").enabled);
         awaitText("Bibliothèque");
         awaitText("PRÊT");
         awaitText("Notes");
@@ -133,9 +132,13 @@ ScreenTest {
     function test_pages_stay_while_something_runs() {
         fixture.write("claude/audit/SKILL.md", "un");
         enterImportPage();
-        fixture.model.commitImport();
+        fixture.holdWorkspace();
+        click("Ouvrir la bibliothèque");
+        verify(!control("Ouvrir la bibliothèque").enabled);
+        awaitText("Import en cours");
         keyClick(Qt.Key_Left);
         compare(fixture.model.onboardingStep, AppStates.OnboardingStep.importSkills);
+        fixture.releaseWorkspace();
         awaitText("Bibliothèque");
     }
 

@@ -57,9 +57,11 @@ ScreenTest {
         fixture.model.reload();
         settle();
         awaitText("Attention requise");
-        fixture.model.selectSkill(fixture.idOf("notes"));
-        verify(shows("OUVERTURE"));
+        fixture.holdWorkspace();
+        click("notes");
+        awaitText("OUVERTURE");
         verify(shows("Ouverture de la compétence"));
+        fixture.releaseWorkspace();
         awaitText("Retour à la bibliothèque");
         verify(!shows("OUVERTURE"));
         click("Synchroniser");
@@ -147,8 +149,10 @@ ScreenTest {
 
     function test_leaving_while_a_skill_loads() {
         openShell(["audit"]);
+        fixture.holdWorkspace();
         fixture.model.selectSkill(fixture.idOf("audit"));
         click("Corbeille");
+        fixture.releaseWorkspace();
         settle();
         verify(!shows("Retour à la bibliothèque"));
         verify(shows("La corbeille est vide"));
@@ -158,10 +162,12 @@ ScreenTest {
         fixture.fillLibrary(["audit", "notes"]);
         const window = windows.createObject(null);
         tryVerify(() => window.visible && fixture.model.phase.name === AppStates.PhaseName.ready && !fixture.model.isBusy);
-        for (let count = 0; count < 20; ++count)
-            fixture.model.reload();
+        fixture.holdWorkspace();
+        fixture.model.reload();
         window.close();
+        wait(100);
         verify(fixture.model.isBusy && window.visible);
+        fixture.releaseWorkspace();
         tryVerify(() => !window.visible);
         verify(!fixture.model.isBusy);
         window.destroy();
