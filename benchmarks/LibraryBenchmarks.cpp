@@ -1,9 +1,15 @@
-/// What a person waits for who types into the search field of a library of 10,000 skills: every key stroke
-/// asks the index for the first page. A stroke goes unnoticed if it takes less than one frame of the screen,
-/// 16 ms. The words are typed letter by letter, from the empty field on; each benchmark's label is the text
-/// that stands in the field. Making the index comes once after each change of the library.
+/// What a key stroke in the search field costs the main thread in a library of 10,000 skills, without the
+/// drawing: the application model takes the text, the index answers, and the list tells its view what
+/// changed. It goes unnoticed if it takes less than one frame of the screen, 16 ms. The words are typed
+/// letter by letter; each benchmark's label is the text that stands in the field. A stroke is timed with the
+/// one that takes it back. Making the index comes once after each change of the library.
 
-#include <VORNELCore/LibraryQuery.h>
+#include <VORNELApp/SkillListModel.h>
+#include <VORNELInfrastructure/LocalWorkspaceService.h>
+#include <VORNELInfrastructure/PosixFileSystem.h>
+
+#include <QCoreApplication>
+#include <QCoro/QCoroTask>
 
 #include <benchmark/benchmark.h>
 
@@ -25,6 +31,7 @@ public:
     {
         const QString name = words(2) + u' ' + QString::number(number);
         SkillSummary skill;
+        skill.id = QUuid(static_cast<uint>(number), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
         skill.displayName = name.at(0).toUpper() + name.mid(1);
         skill.slug = QString(name).replace(u' ', u'-');
         skill.summary = words(16);
@@ -63,15 +70,42 @@ const QList<SkillSummary> &library()
     return skills;
 }
 
+/// A service that opens on the large library, and on no folder.
+class LargeLibrary : public LocalWorkspaceService
+{
+public:
+    LargeLibrary() : LocalWorkspaceService(std::make_shared<PosixFileSystem>()) {}
+
+    QFuture<WorkspaceOverview> bootstrap(std::filesystem::path /*workspaceURL*/,
+                                         std::filesystem::path /*claudeRoot*/,
+                                         std::filesystem::path /*codexRoot*/) override
+    {
+        return QtFuture::makeReadyFuture(WorkspaceOverview{{}, library(), {}, SkillCategory::defaults()});
+    }
+};
+
 void keyStroke(benchmark::State &state, const QString &word)
 {
+    const auto settings = std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat);
+    AppModel model(std::make_shared<LargeLibrary>(), {}, {}, {}, settings);
+    QCoro::waitFor(model.start());
+    SkillListModel list;
+    list.setProperty("model", QVariant::fromValue(&model));
+    const QString before = word.left(state.range(0) - 1);
+    const QString after = word.left(state.range(0));
+    for (auto _ : state) {
+        model.setSearchText(before);
+        model.setSearchText(after);
+    }
+    state.SetLabel(after.toStdString());
+    state.counters["hits"] = list.rowCount();
+}
+
+void firstPage(benchmark::State &state)
+{
     const LibraryIndex index(library());
-    const LibraryQuery::Filter filter{word.left(state.range(0)), {}, {}};
-    SkillPage page;
     for (auto _ : state)
-        benchmark::DoNotOptimize(page = index.skillPage(filter, 1));
-    state.SetLabel(filter.searchText.toStdString());
-    state.counters["hits"] = static_cast<double>(page.pagination.itemCount());
+        benchmark::DoNotOptimize(index.skillPage({u"Réseau"_s, {}, {}}, 1));
 }
 
 void makeIndex(benchmark::State &state)
@@ -80,11 +114,17 @@ void makeIndex(benchmark::State &state)
         benchmark::DoNotOptimize(LibraryIndex(library()));
 }
 
-BENCHMARK_CAPTURE(keyStroke, word, u"Réseau"_s)->DenseRange(0, 6)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(keyStroke, word, u"Réseau"_s)->DenseRange(1, 6)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(keyStroke, number, u"1234"_s)->DenseRange(1, 4)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(keyStroke, absent, u"kayak"_s)->DenseRange(1, 5)->Unit(benchmark::kMillisecond);
+BENCHMARK(firstPage)->Unit(benchmark::kMillisecond);
 BENCHMARK(makeIndex)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}
