@@ -4,12 +4,16 @@
 
 #include <VORNELApp/AppEnvironment.h>
 #include <VORNELApp/AppModel.h>
+#include <VORNELApp/RecordListModel.h>
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
 
+#include <QAbstractItemModelTester>
 #include <QCoreApplication>
 #include <QCoro/QCoroTask>
+#include <QTimer>
 
 #include <functional>
+#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -76,6 +80,9 @@ struct ModelTest : testing::Test
         while (model->isBusy())
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
+
+    /// While it lives, operations begin but don't end.
+    WorkspaceHold hold() const { return WorkspaceHold(scratch.path("workspace")); }
 
     void start() const { QCoro::waitFor(model->start()); }
 
@@ -150,8 +157,11 @@ TEST_F(ModelTest, FirstStartLeadsThroughTheImportIntoTheLibrary)
     settle();
     ASSERT_EQ(model->importPlan()->collisions.size(), 1);
     EXPECT_FALSE(model->canCommitImport());
-    model->resolveCollision(model->importPlan()->collisions.first().id, CollisionChoice::codex);
-    EXPECT_FALSE(model->canCommitImport()) << "an operation runs";
+    {
+        const WorkspaceHold held = hold();
+        model->resolveCollision(model->importPlan()->collisions.first().id, CollisionChoice::codex);
+        EXPECT_FALSE(model->canCommitImport()) << "an operation runs";
+    }
     settle();
     EXPECT_TRUE(model->canCommitImport());
 
@@ -163,7 +173,6 @@ TEST_F(ModelTest, FirstStartLeadsThroughTheImportIntoTheLibrary)
                      [&] { progress.append(model->commitProgress()); });
     model->setSelectedDestination(std::nullopt);
     model->commitImport();
-    EXPECT_FALSE(model->canCommitImport());
     settle();
     EXPECT_EQ(model->phase(), Phase::ready());
     EXPECT_TRUE(wasRemembered) << "a crash right after must open in the library";
@@ -357,9 +366,12 @@ TEST_F(ModelTest, FailureShowsItsTextUntilTheNextAction)
     EXPECT_FALSE(model->isWorking());
     EXPECT_EQ(model->selectedSkillID(), id) << "the selection stays";
 
-    model->reload();
-    EXPECT_EQ(model->errorMessage(), QString());
-    EXPECT_TRUE(model->isWorking());
+    {
+        const WorkspaceHold held = hold();
+        model->reload();
+        EXPECT_EQ(model->errorMessage(), QString());
+        EXPECT_TRUE(model->isWorking());
+    }
     settle();
     model->restore(id);
     settle();
@@ -397,11 +409,14 @@ TEST_F(ModelTest, OverlappingActionsEachWriteTheirResults)
     start();
     const QUuid audit = create(u"audit"_s);
     const QUuid notes = create(u"notes"_s);
-    model->selectSkill(audit);
-    model->selectSkill(notes);
-    model->moveSkillsToTrash({audit});
-    EXPECT_TRUE(model->isWorking());
-    EXPECT_TRUE(model->isDetailLoading());
+    {
+        const WorkspaceHold held = hold();
+        model->selectSkill(audit);
+        model->selectSkill(notes);
+        model->moveSkillsToTrash({audit});
+        EXPECT_TRUE(model->isWorking());
+        EXPECT_TRUE(model->isDetailLoading());
+    }
     settle();
     EXPECT_EQ(model->selectedSkill()->manifest.id, notes);
     EXPECT_EQ(model->overview()->skills.size(), 1);
@@ -413,11 +428,47 @@ TEST_F(ModelTest, EndsOnlyWhenItsOperationsHave)
 {
     start();
     create(u"audit"_s);
+    auto held = std::make_unique<WorkspaceHold>(scratch.path("workspace"));
     auto task = model->saveSelectedSkill(u"dernier mot"_s);
+    QTimer::singleShot(50, [&held] { held.reset(); });
     model.reset();
+    EXPECT_FALSE(held) << "it waited";
     EXPECT_TRUE(task.isReady());
     EXPECT_EQ(bytesOf(scratch.path("workspace/skills/audit/SKILL.md")), "dernier mot");
     EXPECT_EQ(bytesOf(scratch.path("codex/audit/SKILL.md")), "dernier mot");
+}
+
+TEST(RecordListModel, TellsItsViewsExactlyWhatChanged)
+{
+    RecordListModel<SkillSummary> model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QList<SkillSummary> records(60);
+    for (qsizetype number = 0; number < records.size(); ++number)
+        records[number].id = QUuid(static_cast<uint>(number + 1), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    std::mt19937 random(7); // NOLINT: the same lists at every run
+    for (int round = 0; round < 2000; ++round) {
+        const auto pick = [&random](unsigned bound) { return static_cast<qsizetype>(random() % bound); };
+        std::swap(records[pick(60)], records[pick(60)]);
+        records[pick(60)].revision = round;
+        const QList<SkillSummary> shown = records.mid(pick(20), round % 10 == 0 ? 0 : 30 + pick(30));
+        model.setRecords(shown);
+        ASSERT_EQ(model.rowCount(), shown.size());
+        for (int row = 0; row < shown.size(); ++row)
+            ASSERT_EQ(model.index(row).data(Qt::UserRole).value<SkillSummary>(), shown.at(row)) << round;
+    }
+}
+
+TEST(RecordListModel, RowsThatStayKeepTheirIndex)
+{
+    QList<SkillSummary> records(5);
+    for (SkillSummary &record : records)
+        record.id = QUuid::createUuid();
+    RecordListModel<SkillSummary> model;
+    model.setRecords(records);
+    const QPersistentModelIndex third = model.index(2);
+    model.setRecords({records.at(4), records.at(2), records.at(0)});
+    EXPECT_EQ(third.row(), 1);
+    EXPECT_EQ(third.data(Qt::UserRole).value<SkillSummary>(), records.at(2));
 }
 
 } // namespace

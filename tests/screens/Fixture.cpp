@@ -4,10 +4,6 @@
 
 #include <QCoro/QCoroTask>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -51,15 +47,12 @@ void Fixture::fillLibrary(const QStringList &slugs)
 
 void Fixture::holdWorkspace()
 {
-    m_lock = ::open(m_scratch.path("workspace/.vornel").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (m_lock < 0 || ::flock(m_lock, LOCK_EX) != 0)
-        qFatal("the workspace can't be locked");
+    m_hold = std::make_unique<WorkspaceHold>(m_scratch.path("workspace"));
 }
 
 void Fixture::releaseWorkspace()
 {
-    if (m_lock >= 0)
-        ::close(std::exchange(m_lock, -1));
+    m_hold.reset();
 }
 
 QUuid Fixture::idOf(const QString &slug) const

@@ -16,8 +16,6 @@ class Fixture : public QObject
 
 public:
     explicit Fixture(QObject *parent = nullptr);
-    ~Fixture() override { releaseWorkspace(); }
-    Q_DISABLE_COPY_MOVE(Fixture)
 
     AppModel *model() const { return m_model.get(); }
 
@@ -45,8 +43,8 @@ Q_SIGNALS:
 
 private:
     Scratch m_scratch;
-    int m_lock = -1;
     std::unique_ptr<AppModel> m_model;
+    std::unique_ptr<WorkspaceHold> m_hold; // goes before the model, which waits for its operations
 };
 
 } // namespace vornel

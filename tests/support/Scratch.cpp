@@ -2,7 +2,10 @@
 
 #include <VORNELCore/SerializedForms.h>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
@@ -57,6 +60,18 @@ std::map<std::string, std::string> Scratch::tree(const std::string &below) const
             tree[name] = bytesOf(entry.path());
     }
     return tree;
+}
+
+WorkspaceHold::WorkspaceHold(const fs::path &workspace)
+    : m_lock(::open((workspace / ".vornel").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{
+    if (m_lock < 0 || ::flock(m_lock, LOCK_EX) != 0)
+        throw std::runtime_error("the workspace can't be locked");
+}
+
+WorkspaceHold::~WorkspaceHold()
+{
+    ::close(m_lock);
 }
 
 std::string bytesOf(const fs::path &file)

@@ -37,6 +37,19 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// Holds a workspace locked, as another program would: operations wait for as long as it lives.
+class WorkspaceHold
+{
+public:
+    explicit WorkspaceHold(const std::filesystem::path &workspace);
+    ~WorkspaceHold();
+    WorkspaceHold(const WorkspaceHold &) = delete;
+    WorkspaceHold &operator=(const WorkspaceHold &) = delete;
+
+private:
+    int m_lock;
+};
+
 std::string bytesOf(const std::filesystem::path &file);
 int permissionsOf(const std::filesystem::path &path);
 
