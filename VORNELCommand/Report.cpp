@@ -4,6 +4,7 @@
 
 #include <VORNELCore/LibraryQuery.h>
 #include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Wording.h>
 
 #include <QLocale>
 
@@ -20,40 +21,19 @@ namespace {
 
 Cell stateCell(SyncState state)
 {
+    const QString text = Wording::syncState(state);
     switch (state) {
     case SyncState::inSync:
-        return {u"à jour"_s, Colour::Success};
+        return {text, Colour::Success};
     case SyncState::drifted:
-        return {u"copie modifiée"_s, Colour::Warning};
     case SyncState::missing:
-        return {u"copie manquante"_s, Colour::Warning};
+        return {text, Colour::Warning};
     case SyncState::failed:
-        return {u"échec"_s, Colour::Danger};
+        return {text, Colour::Danger};
     case SyncState::unknown:
         break;
     }
-    return {u"inconnu"_s, Colour::Muted};
-}
-
-QString maturityLabel(Maturity maturity)
-{
-    switch (maturity) {
-    case Maturity::draft:
-        return u"Brouillon"_s;
-    case Maturity::ready:
-        return u"Prêt"_s;
-    case Maturity::active:
-        return u"Actif"_s;
-    case Maturity::obsolete:
-        break;
-    }
-    return u"Obsolète"_s;
-}
-
-/// "1 compétence", "2 compétences".
-QString countedSkills(qsizetype count)
-{
-    return QString::number(count) + (count < 2 ? u" compétence"_s : u" compétences"_s);
+    return {text, Colour::Muted};
 }
 
 QString localDate(const QDateTime &date)
@@ -94,7 +74,7 @@ QString blockedSection(const ImportPlan &plan)
 QString overview(const WorkspaceOverview &overview)
 {
     QString text = u"Workspace\u00A0: "_s + Terminal::printable(overview.workspaceText()) + u'\n' +
-                   countedSkills(overview.skills.size());
+                   Wording::countedSkills(overview.skills.size());
     if (!overview.trashedSkills.isEmpty())
         text += u", "_s + QString::number(overview.trashedSkills.size()) + u" dans la corbeille"_s;
     text += u"\n\n"_s;
@@ -118,7 +98,7 @@ QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &ca
         rows.append({{skill.slug},
                      {skill.displayName},
                      {names.value(skill.category, skill.category)},
-                     {maturityLabel(skill.maturity)},
+                     {Wording::maturity(skill.maturity)},
                      stateCell(skill.syncState)});
     return rows.isEmpty() ? u"Aucune compétence\n"_s : Terminal::table(rows);
 }
@@ -133,7 +113,7 @@ QString detail(const SkillDetail &detail)
         {{u"Résumé"_s, Colour::Muted}, {manifest.summary}},
         {{u"Catégorie"_s, Colour::Muted}, {manifest.category}},
         {{u"Mots-clés"_s, Colour::Muted}, {manifest.tags.join(u", "_s)}},
-        {{u"Maturité"_s, Colour::Muted}, {maturityLabel(manifest.maturity)}},
+        {{u"Maturité"_s, Colour::Muted}, {Wording::maturity(manifest.maturity)}},
         {{u"Révision"_s, Colour::Muted}, {QString::number(manifest.revision)}},
         {{u"Création"_s, Colour::Muted}, {localDate(manifest.createdAt)}},
         {{u"Modification"_s, Colour::Muted}, {localDate(manifest.updatedAt)}},
@@ -189,7 +169,7 @@ QString categories(const WorkspaceOverview &overview)
     QList<QList<Cell>> rows;
     for (const SkillCategory &category : overview.categories) {
         const auto count = std::ranges::count(overview.skills, category.id, &SkillSummary::category);
-        rows.append({{category.id}, {category.name}, {category.colorHex}, {countedSkills(count)}});
+        rows.append({{category.id}, {category.name}, {category.colorHex}, {Wording::countedSkills(count)}});
     }
     return Terminal::table(rows);
 }

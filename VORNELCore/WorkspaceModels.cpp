@@ -1,6 +1,7 @@
 #include "WorkspaceModels.h"
 
 #include "SerializedForms.h"
+#include "Wording.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +34,16 @@ SkillSummary::SkillSummary(const SkillManifest &manifest, SyncState state)
       revision(manifest.revision),
       updatedAt(manifest.updatedAt)
 {}
+
+QString SkillSummary::maturityText() const
+{
+    return Wording::maturity(maturity);
+}
+
+QString SkillSummary::syncStateText() const
+{
+    return Wording::syncState(syncState);
+}
 
 QString WorkspaceOverview::workspaceText() const
 {

@@ -86,6 +86,8 @@ struct SkillSummary
     Q_PROPERTY(vornel::SyncState syncState MEMBER syncState)
     Q_PROPERTY(qint64 revision MEMBER revision)
     Q_PROPERTY(QDateTime updatedAt MEMBER updatedAt)
+    Q_PROPERTY(QString maturityText READ maturityText STORED false)
+    Q_PROPERTY(QString syncStateText READ syncStateText STORED false)
 
 public:
     SkillSummary() = default;
@@ -101,6 +103,10 @@ public:
     SyncState syncState = SyncState::unknown;
     qint64 revision = 1;
     QDateTime updatedAt;
+
+    /// What the user reads.
+    QString maturityText() const;
+    QString syncStateText() const;
 
     bool operator==(const SkillSummary &) const = default;
 };

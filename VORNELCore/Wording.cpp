@@ -1,0 +1,69 @@
+#include "Wording.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel::Wording {
+
+QString maturity(Maturity maturity)
+{
+    switch (maturity) {
+    case Maturity::draft:
+        return u"Brouillon"_s;
+    case Maturity::ready:
+        return u"Prêt"_s;
+    case Maturity::active:
+        return u"Actif"_s;
+    case Maturity::obsolete:
+        break;
+    }
+    return u"Obsolète"_s;
+}
+
+QString syncState(SyncState state)
+{
+    switch (state) {
+    case SyncState::inSync:
+        return u"à jour"_s;
+    case SyncState::drifted:
+        return u"copie modifiée"_s;
+    case SyncState::missing:
+        return u"copie manquante"_s;
+    case SyncState::failed:
+        return u"échec"_s;
+    case SyncState::unknown:
+        break;
+    }
+    return u"inconnu"_s;
+}
+
+QString countedSkills(qsizetype count)
+{
+    return QString::number(count) + (count < 2 ? u" compétence"_s : u" compétences"_s);
+}
+
+QString age(const QDateTime &instant, const QDateTime &now)
+{
+    struct Unit
+    {
+        qint64 seconds;
+        QString singular;
+        QString plural;
+    };
+    constexpr qint64 day = 86'400;
+    static const std::array units{
+        Unit{365 * day, u"an"_s, u"ans"_s},  Unit{30 * day, u"mois"_s, u"mois"_s},
+        Unit{day, u"jour"_s, u"jours"_s},    Unit{3'600, u"heure"_s, u"heures"_s},
+        Unit{60, u"minute"_s, u"minutes"_s},
+    };
+    const qint64 seconds = instant.secsTo(now);
+    for (const Unit &unit : units) {
+        const qint64 count = seconds / unit.seconds;
+        if (count > 0)
+            return u"il y a %1 %2"_s.arg(count).arg(count == 1 ? unit.singular : unit.plural);
+    }
+    return u"à l’instant"_s;
+}
+
+} // namespace vornel::Wording

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Enumerations.h"
+
+#include <QDateTime>
+#include <QString>
+
+/// What the user reads about the domain's values, in French.
+namespace vornel::Wording {
+
+/// "Brouillon", "Prêt", "Actif", "Obsolète".
+QString maturity(Maturity maturity);
+
+/// In lower case: "à jour", "copie modifiée".
+QString syncState(SyncState state);
+
+/// "1 compétence", "2 compétences".
+QString countedSkills(qsizetype count);
+
+/// How long ago `instant` was at `now`, in its largest whole unit: "à l’instant", "il y a 3 jours".
+QString age(const QDateTime &instant, const QDateTime &now);
+
+} // namespace vornel::Wording
