@@ -1,0 +1,31 @@
+#pragma once
+
+#include "FileTreeSnapshot.h"
+#include "Workspace.h"
+
+#include <exception>
+#include <optional>
+
+namespace vornel {
+
+/// An assistant's folder, open for a look at the copies in it. It holds none where no folder is, or none that
+/// may be seen. May be asked from several threads.
+class TargetFolder
+{
+public:
+    TargetFolder(const Workspace &workspace, TargetKind kind);
+
+    /// Whether anything stands under this name. Throws `symlinkUnsupported` when the folder is a link.
+    bool holds(const std::string &name) const;
+
+    /// The content that counts of the copy of this name; nothing where no copy is. Throws what `holds` and
+    /// the walk over the copy throw.
+    std::optional<FileTreeSnapshot> snapshot(const std::string &name) const;
+
+private:
+    const FileSystem &m_files;
+    std::optional<Folder> m_folder;
+    std::exception_ptr m_failure; ///< why the folder may not be looked at, thrown when it has to be
+};
+
+} // namespace vornel
