@@ -25,6 +25,11 @@ Q_ENUM_NS(SyncState)
 enum class TargetKind { claude, codex };
 Q_ENUM_NS(TargetKind)
 
+/// What became of an entry of the canonical folder in an installed copy: `added` is in the copy alone,
+/// `removed` in the canonical folder alone.
+enum class FileChange { added, removed, changed };
+Q_ENUM_NS(FileChange)
+
 /// Why a slug, a relative path or a root is refused.
 enum class PathViolation {
     empty,

@@ -6,6 +6,7 @@
 #include "Overview.h"
 #include "SkillAuthoring.h"
 #include "SkillTrash.h"
+#include "TargetInspector.h"
 #include "WorkspaceBootstrap.h"
 
 #include <VORNELCore/VORNELWorkspaceError.h>
@@ -184,6 +185,20 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::deletePermanently(QUuid id)
 QFuture<WorkspaceOverview> LocalWorkspaceService::emptyTrash()
 {
     return change([](const Workspace &workspace) { SkillTrash(workspace).empty(); });
+}
+
+QFuture<QList<TargetInspection>> LocalWorkspaceService::inspectTargets(QUuid id)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return TargetInspector(workspace).inspect(id); });
+}
+
+QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std::optional<TargetKind> copy,
+                                                                   QString relativePath)
+{
+    return perform(LockMode::Shared, [=](const Workspace &workspace) {
+        return TargetInspector(workspace).readFile(id, copy, relativePath);
+    });
 }
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include "SerialExecutor.h"
 #include "Workspace.h"
 
+#include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/WorkspaceServicing.h>
 
 #include <memory>
@@ -12,7 +13,7 @@ namespace vornel {
 
 /// The workspace on this machine's disk. Operations run one at a time in the order of the calls; several
 /// programs may work on one workspace, each operation holds it locked while it runs.
-class LocalWorkspaceService : public WorkspaceServicing
+class LocalWorkspaceService : public WorkspaceServicing, public TargetInspecting
 {
 public:
     /// All file operations go through `manager`.
@@ -37,6 +38,9 @@ public:
     QFuture<WorkspaceOverview> restore(QUuid id) override;
     QFuture<WorkspaceOverview> deletePermanently(QUuid id) override;
     QFuture<WorkspaceOverview> emptyTrash() override;
+    QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override;
+    QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
+                                                QString relativePath) override;
 
 private:
     /// Runs `operation` on the open workspace, locked; throws `notBootstrapped` when none is open.

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "TargetInspection.h"
+
+#include <QByteArray>
+#include <QFuture>
+#include <QUuid>
+
+#include <optional>
+
+namespace vornel {
+
+/// Looks into the installed copies of an active skill, and changes nothing. Each operation may fail with
+/// `notBootstrapped`, `skillNotFound` or a file-system error.
+class TargetInspecting
+{
+public:
+    virtual ~TargetInspecting() = default;
+
+    /// How the copy of each assistant stands against the canonical folder, in the order of `TargetKind`. A
+    /// copy that can't be looked at is `failed` with the reason, and doesn't hide the other.
+    virtual QFuture<QList<TargetInspection>> inspectTargets(QUuid id) = 0;
+
+    /// The bytes of a file in the skill's canonical folder or, with `copy`, in that assistant's copy; nothing
+    /// where no file is. Fails with `invalidPath` for a path out of the folder, and with `symlinkUnsupported`
+    /// for a link on the way.
+    virtual QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
+                                                        QString relativePath) = 0;
+};
+
+} // namespace vornel

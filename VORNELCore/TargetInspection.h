@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Enumerations.h"
+
+#include <QString>
+
+/// What a look into the installed copies of a skill found: plain values. A property's name is also its key in
+/// JSON.
+namespace vornel {
+
+/// One entry in which a copy differs from the canonical folder.
+struct FileDifference
+{
+    Q_GADGET
+    Q_PROPERTY(QString relativePath MEMBER relativePath)
+    Q_PROPERTY(vornel::FileChange change MEMBER change)
+
+public:
+    QString relativePath; ///< below the skill's folder; that of a folder ends in "/"
+    FileChange change = FileChange::changed;
+
+    bool operator==(const FileDifference &) const = default;
+};
+
+/// How the copy in one assistant's folder stands against the canonical folder.
+struct TargetInspection
+{
+    Q_GADGET
+    Q_PROPERTY(vornel::TargetKind target MEMBER target)
+    Q_PROPERTY(vornel::SyncState state MEMBER state)
+    Q_PROPERTY(QList<vornel::FileDifference> differences MEMBER differences)
+    Q_PROPERTY(QString reason MEMBER reason)
+    Q_PROPERTY(QString assistant READ assistant STORED false)
+    Q_PROPERTY(QString stateText READ stateText STORED false)
+
+public:
+    TargetKind target = TargetKind::claude;
+    SyncState state = SyncState::unknown;
+    QList<FileDifference> differences; ///< by path; a folder only where nothing in it is listed
+    QString reason;                    ///< of a failure, for the user; empty in any other state
+
+    /// What the user reads.
+    QString assistant() const;
+    QString stateText() const;
+
+    bool operator==(const TargetInspection &) const = default;
+};
+
+} // namespace vornel

@@ -1,0 +1,114 @@
+#include "TargetInspector.h"
+
+#include "SecureFileTree.h"
+#include "SkillFiles.h"
+#include "SkillRecords.h"
+#include "TargetFolder.h"
+
+#include <VORNELCore/ErrorMessage.h>
+#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/WorkspaceValidation.h>
+
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+using Entry = FileTreeSnapshot::Entry;
+
+namespace {
+
+/// The entries that share a path; a file and a folder never do.
+struct Counterparts
+{
+    const Entry *canonical = nullptr;
+    const Entry *installed = nullptr;
+};
+
+std::string shownPath(const Entry &entry)
+{
+    return entry.kind == Entry::Kind::directory ? entry.relativePath + '/' : entry.relativePath;
+}
+
+std::optional<FileChange> changeOf(const Counterparts &entry)
+{
+    if (entry.canonical == nullptr)
+        return FileChange::added;
+    if (entry.installed == nullptr)
+        return FileChange::removed;
+    return entry.canonical->fileDigest == entry.installed->fileDigest ? std::nullopt
+                                                                      : std::optional(FileChange::changed);
+}
+
+QList<FileDifference> differences(const FileTreeSnapshot &canonical, const FileTreeSnapshot &installed)
+{
+    std::map<std::string, Counterparts> entries;
+    for (const Entry &entry : canonical.entries)
+        entries[shownPath(entry)].canonical = &entry;
+    for (const Entry &entry : installed.entries)
+        entries[shownPath(entry)].installed = &entry;
+
+    QList<FileDifference> found;
+    for (const auto &[path, entry] : entries) {
+        const std::optional<FileChange> change = changeOf(entry);
+        if (!change)
+            continue;
+        const QString shown = QString::fromStdString(path);
+        // What lies in a folder tells of the folder too.
+        if (!found.isEmpty() && found.last().relativePath.endsWith(u'/') &&
+            shown.startsWith(found.last().relativePath))
+            found.removeLast();
+        found.append({shown, *change});
+    }
+    return found;
+}
+
+} // namespace
+
+QList<TargetInspection> TargetInspector::inspect(const QUuid &id) const
+{
+    const SkillRecord skill = activeRecord(m_workspace, id);
+    const FileTreeSnapshot canonical =
+        SecureFileTree::snapshot(m_workspace.files, skill.url, TreeFilter::excludingManifest);
+    QList<TargetInspection> inspections;
+    for (const TargetKind target : allCases<TargetKind>())
+        inspections.append(inspect(skill.manifest, canonical, target));
+    return inspections;
+}
+
+TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
+                                          TargetKind target) const
+{
+    TargetInspection inspection{target, SyncState::missing, {}, {}};
+    try {
+        if (const auto copy = TargetFolder(m_workspace, target).snapshot(manifest.slug.toStdString())) {
+            inspection.differences = differences(canonical, *copy);
+            inspection.state = inspection.differences.isEmpty() ? SyncState::inSync : SyncState::drifted;
+        }
+    } catch (const std::exception &error) {
+        return {target, SyncState::failed, {}, errorMessage(error)};
+    }
+    if (m_workspace.failedSyncTargets.value(manifest.id).contains(target)) {
+        inspection.state = SyncState::failed;
+        inspection.reason = u"La dernière synchronisation a échoué."_s;
+    }
+    return inspection;
+}
+
+std::optional<QByteArray> TargetInspector::readFile(const QUuid &id, std::optional<TargetKind> target,
+                                                    const QString &relativePath) const
+{
+    WorkspaceValidation::validateRelativePath(relativePath.toUtf8());
+    const SkillRecord skill = activeRecord(m_workspace, id);
+    const fs::path folder =
+        target ? m_workspace.config.target(*target) / pathFromText(skill.manifest.slug) : skill.url;
+    const fs::path path = folder / pathFromText(relativePath);
+    const std::optional<FileKind> kind = m_workspace.files.kindAt(path);
+    if (!kind || *kind == FileKind::Directory)
+        return std::nullopt;
+    return vornel::readFile(m_workspace.files, path, SkillFiles::sizeLimit);
+}
+
+} // namespace vornel

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "FileTreeSnapshot.h"
+#include "Workspace.h"
+
+#include <VORNELCore/TargetInspection.h>
+#include <VORNELCore/WorkspaceModels.h>
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace vornel {
+
+/// Shows what the copies of an active skill hold, beside its canonical folder. Throws `skillNotFound`.
+class TargetInspector
+{
+public:
+    explicit TargetInspector(const Workspace &workspace) : m_workspace(workspace) {}
+
+    /// How each copy stands, in the order of the targets. What goes wrong with a copy is told in its place.
+    QList<TargetInspection> inspect(const QUuid &id) const;
+
+    /// The bytes of a file of the canonical folder or of the copy in `target`; nothing where no file is.
+    std::optional<QByteArray> readFile(const QUuid &id, std::optional<TargetKind> target,
+                                       const QString &relativePath) const;
+
+private:
+    TargetInspection inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
+                             TargetKind target) const;
+
+    const Workspace &m_workspace;
+};
+
+} // namespace vornel
