@@ -1,9 +1,11 @@
 #pragma once
 
 #include "AppStates.h"
+#include "LineDiff.h"
 
 #include <VORNELCore/ImportModels.h>
 #include <VORNELCore/LibraryQuery.h>
+#include <VORNELCore/TargetInspection.h>
 #include <VORNELCore/WorkspaceModels.h>
 
 #include <QtQml/qqml.h>
@@ -22,6 +24,12 @@ Q_NAMESPACE
 QML_FOREIGN_NAMESPACE(vornel::AppStates)
 QML_NAMED_ELEMENT(AppStates)
 } // namespace States
+
+namespace DiffLines {
+Q_NAMESPACE
+QML_FOREIGN_NAMESPACE(vornel::DiffLine)
+QML_NAMED_ELEMENT(DiffLine)
+} // namespace DiffLines
 
 struct UuidType
 {
@@ -91,6 +99,27 @@ struct PlanType
     Q_GADGET
     QML_FOREIGN(vornel::ImportPlan)
     QML_VALUE_TYPE(importPlan)
+};
+
+struct DifferenceType
+{
+    Q_GADGET
+    QML_FOREIGN(vornel::FileDifference)
+    QML_VALUE_TYPE(fileDifference)
+};
+
+struct InspectionType
+{
+    Q_GADGET
+    QML_FOREIGN(vornel::TargetInspection)
+    QML_VALUE_TYPE(targetInspection)
+};
+
+struct DiffLineType
+{
+    Q_GADGET
+    QML_FOREIGN(vornel::DiffLine)
+    QML_VALUE_TYPE(diffLine)
 };
 
 } // namespace vornel::QmlTypes

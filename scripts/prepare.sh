@@ -1,8 +1,9 @@
 # Sourced by the scripts at the root: sees to the Debian packages, and builds.
 
-window_packages="fonts-dejavu-core libgl-dev qcoro-qt6-dev qml6-module-qtqml qml6-module-qtqml-models
-    qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-layouts qml6-module-qtquick-templates
-    qml6-module-qtquick-window qt6-declarative-dev qt6-declarative-dev-tools qt6-qpa-plugins qt6-svg-dev"
+window_packages="fonts-dejavu-core libgit2-dev libgl-dev pkg-config qcoro-qt6-dev qml6-module-qtqml
+    qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-layouts
+    qml6-module-qtquick-templates qml6-module-qtquick-window qt6-declarative-dev qt6-declarative-dev-tools
+    qt6-qpa-plugins qt6-svg-dev"
 build_packages="cmake g++ ninja-build libssl-dev qt6-base-dev $window_packages"
 test_packages="$build_packages at-spi2-core dbus gir1.2-atspi-2.0 libgtest-dev libx11-6 python3-gi
     qml6-module-qttest xvfb"
