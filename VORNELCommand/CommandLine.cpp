@@ -153,6 +153,8 @@ Consulter
   status                                    l’état du workspace ; code 1 si une copie est à réparer
   list [--search TEXTE] [--category ID] [--maturity draft|ready|active|obsolete]
   show SKILL
+  diff SKILL                                ce que chaque copie a en plus (+), en moins (-) ou de modifié (~) ;
+                                            code 1 si une copie diffère
 
 Importer
   scan                                      ce que contiennent les deux dossiers
@@ -176,7 +178,7 @@ Corbeille
   empty-trash
 
 SKILL est un identifiant ou un slug. FICHIER « - » est l’entrée standard.
-Codes de sortie : 0 réussite, 1 copie à réparer (status), 2 échec, 64 usage incorrect.
+Codes de sortie : 0 réussite, 1 copie à réparer (status, diff), 2 échec, 64 usage incorrect.
 )"_s;
 }
 

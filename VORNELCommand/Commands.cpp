@@ -26,6 +26,7 @@ struct Session
 {
     const Invocation &invocation;
     WorkspaceServicing &service;
+    TargetInspecting &copies;
     const WorkspaceOverview &overview;
 };
 
@@ -113,6 +114,15 @@ int show(const Session &session)
     const QUuid id = activeSkill(session, session.invocation.operands.first());
     output(session, session.service.loadSkill(id).result(), Report::detail);
     return ExitCode::success;
+}
+
+int diff(const Session &session)
+{
+    const QUuid id = activeSkill(session, session.invocation.operands.first());
+    const QList<TargetInspection> copies = session.copies.inspectTargets(id).result();
+    output(session, copies, Report::copies);
+    const auto isInSync = [](const TargetInspection &copy) { return copy.state == SyncState::inSync; };
+    return std::ranges::all_of(copies, isInSync) ? ExitCode::success : ExitCode::needsAttention;
 }
 
 int scan(const Session &session)
@@ -327,6 +337,7 @@ const QList<Command> &commands()
         {syntax("status", 0, 0), status},
         {syntax("list", 0, 0, names({"search", "category", "maturity"})), list},
         {syntax("show", 1, 1), show},
+        {syntax("diff", 1, 1), diff},
         {syntax("scan", 0, 0), scan},
         {syntax("import", 0, 0, names({"choose", "prefer"})), import},
         {syntax("create", 1, 1, names({"summary", "category", "tags", "maturity", "file"}), names({"name"})),
@@ -355,11 +366,12 @@ QList<CommandSyntax> commandSyntaxes()
     return syntaxes;
 }
 
-int runCommand(const Invocation &invocation, WorkspaceServicing &service, const WorkspaceOverview &overview)
+int runCommand(const Invocation &invocation, WorkspaceServicing &service, TargetInspecting &copies,
+               const WorkspaceOverview &overview)
 {
     const auto command = std::ranges::find(commands(), invocation.command,
                                            [](const Command &candidate) { return candidate.syntax.name; });
-    return command->run({invocation, service, overview});
+    return command->run({invocation, service, copies, overview});
 }
 
 } // namespace vornel

@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 
+#include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/WorkspaceServicing.h>
 
 namespace vornel {
@@ -28,8 +29,9 @@ public:
 /// The syntax of every command.
 QList<CommandSyntax> commandSyntaxes();
 
-/// Runs a command on a service whose `bootstrap` returned `overview`, prints its result and returns the
-/// exit code. Throws what the service throws, and `CommandFailure`.
-int runCommand(const Invocation &invocation, WorkspaceServicing &service, const WorkspaceOverview &overview);
+/// Runs a command on a service whose `bootstrap` returned `overview` and which looks into the copies too,
+/// prints its result and returns the exit code. Throws what the service throws, and `CommandFailure`.
+int runCommand(const Invocation &invocation, WorkspaceServicing &service, TargetInspecting &copies,
+               const WorkspaceOverview &overview);
 
 } // namespace vornel

@@ -36,6 +36,19 @@ Cell stateCell(SyncState state)
     return {text, Colour::Muted};
 }
 
+Cell differenceCell(const FileDifference &difference)
+{
+    switch (difference.change) {
+    case FileChange::added:
+        return {u"+ "_s + difference.relativePath, Colour::Success};
+    case FileChange::removed:
+        return {u"- "_s + difference.relativePath, Colour::Danger};
+    case FileChange::changed:
+        break;
+    }
+    return {u"~ "_s + difference.relativePath, Colour::Warning};
+}
+
 QString localDate(const QDateTime &date)
 {
     return date.toLocalTime().toString(u"yyyy-MM-dd HH:mm"_s);
@@ -124,6 +137,19 @@ QString detail(const SkillDetail &detail)
         files.append({{u""_s}, {file}});
     return head + u'\n' + section(u"Fichiers"_s, files) + u'\n' + Terminal::printable(detail.skillMD) +
            (detail.skillMD.endsWith(u'\n') ? u""_s : u"\n"_s);
+}
+
+QString copies(const QList<TargetInspection> &copies)
+{
+    QList<QList<Cell>> rows;
+    for (const TargetInspection &copy : copies) {
+        rows.append({{copy.assistant()}, stateCell(copy.state)});
+        if (!copy.reason.isEmpty())
+            rows.append({{}, {copy.reason}});
+        for (const FileDifference &difference : copy.differences)
+            rows.append({{}, differenceCell(difference)});
+    }
+    return Terminal::table(rows);
 }
 
 QString states(const QList<SkillDetail> &details)

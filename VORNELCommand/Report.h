@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELCore/ImportModels.h>
+#include <VORNELCore/TargetInspection.h>
 #include <VORNELCore/WorkspaceModels.h>
 
 /// The service's records as a person reads them in a terminal.
@@ -14,6 +15,9 @@ QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &ca
 
 /// Everything about one skill, and its text.
 QString detail(const SkillDetail &detail);
+
+/// Where each copy stands, with the reason of a failure and the paths that differ.
+QString copies(const QList<TargetInspection> &copies);
 
 /// One row a skill: where it stands after an operation.
 QString states(const QList<SkillDetail> &details);

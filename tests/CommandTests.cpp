@@ -123,6 +123,27 @@ TEST_F(Vornelctl, CarriesASkillThroughItsLife)
     EXPECT_EQ(run("empty-trash --json").json()[u"trashedSkills"].toArray().size(), 0);
 }
 
+TEST_F(Vornelctl, ListsWhatDiffersInTheCopies)
+{
+    ASSERT_EQ(run("create demo --name Démo --file -", "texte").code, 0);
+    EXPECT_EQ(run("diff demo").code, 0);
+    write("codex/demo/SKILL.md", "autre");
+    write("codex/demo/notes/plus.txt", "x");
+    fs::remove_all(path("home/.claude/skills/demo"));
+    const Result text = run("diff demo");
+    EXPECT_EQ(text.code, 1);
+    EXPECT_EQ(text.output, QByteArray("Claude  copie manquante\n"
+                                      "Codex   copie modifiée\n"
+                                      "        ~ SKILL.md\n"
+                                      "        + notes/plus.txt\n"));
+    const Result json = run("diff demo --json");
+    EXPECT_EQ(json.code, 1);
+    EXPECT_EQ(json.json()[0][u"state"], u"missing"_s);
+    EXPECT_EQ(json.json()[1][u"target"], u"codex"_s);
+    EXPECT_EQ(json.json()[1][u"differences"][1][u"change"], u"added"_s);
+    EXPECT_EQ(run("diff rien").code, 2);
+}
+
 TEST_F(Vornelctl, NamesItsFailures)
 {
     const Result unknown = run("show rien --json");
@@ -160,7 +181,7 @@ TEST_F(Vornelctl, NamesItsFailures)
 TEST_F(Vornelctl, AnswersWrongUsageWithoutTouchingAnything)
 {
     for (const char *line :
-         {"frobnicate", "category", "category rename", "show", "show a b", "status extra", "create x",
+         {"frobnicate", "category", "category rename", "show", "show a b", "diff", "status extra", "create x",
           "save x --file f", "save x --expect one --file f", "list --maturity Draft", "import --prefer both",
           "import --choose a", "sync", "sync --all x", "status --verbose", "list --search", "--claude"}) {
         const Result result = run(line);
