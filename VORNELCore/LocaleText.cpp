@@ -25,6 +25,21 @@ const QCollator &threadCollator()
     return collator;
 }
 
+/// Whether a character never joins with a neighbour of its kind: the letters and signs of western texts.
+bool isLone(QChar c)
+{
+    return (c < u'\u0300' && c != u'\r') || (c >= u'\u2010' && c <= u'\u2027');
+}
+
+int graphemeCount(const QChar *text, qsizetype length)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text, length);
+    int count = 0;
+    while (finder.toNextBoundary() != -1)
+        ++count;
+    return count;
+}
+
 } // namespace
 
 int standardCompare(const QString &a, const QString &b)
@@ -51,11 +66,16 @@ QString caseless(const QString &text)
 
 int characterCount(const QString &text)
 {
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    int count = 0;
-    while (finder.toNextBoundary() != -1)
-        ++count;
-    return count;
+    // Between two lone characters there is always a boundary: only the stretches between such places, rare in
+    // most texts, need a closer look.
+    qsizetype count = 0;
+    for (qsizetype begin = 0, end = 0; begin < text.size(); begin = end) {
+        end = begin + 1;
+        while (end < text.size() && !(isLone(text.at(end - 1)) && isLone(text.at(end))))
+            ++end;
+        count += end == begin + 1 ? 1 : graphemeCount(text.constData() + begin, end - begin);
+    }
+    return static_cast<int>(count);
 }
 
 QString truncated(const QString &text, int characters)

@@ -1,5 +1,7 @@
 #include "Wording.h"
 
+#include <QLocale>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -64,6 +66,16 @@ QString age(const QDateTime &instant, const QDateTime &now)
             return u"il y a %1 %2"_s.arg(count).arg(count == 1 ? unit.singular : unit.plural);
     }
     return u"à l’instant"_s;
+}
+
+QString fileSize(qint64 bytes)
+{
+    if (bytes < 1'000)
+        return u"%1\u00A0octet%2"_s.arg(bytes).arg(bytes < 2 ? QString() : u"s"_s);
+    const bool isLarge = bytes >= 1'000'000;
+    const QLocale french(QLocale::French, QLocale::France);
+    return french.toString(static_cast<double>(bytes) / (isLarge ? 1e6 : 1e3), 'f', 1) +
+           (isLarge ? u"\u00A0Mo"_s : u"\u00A0ko"_s);
 }
 
 } // namespace vornel::Wording

@@ -20,4 +20,7 @@ QString countedSkills(qsizetype count);
 /// How long ago `instant` was at `now`, in its largest whole unit: "à l’instant", "il y a 3 jours".
 QString age(const QDateTime &instant, const QDateTime &now);
 
+/// "812 octets", "1,4 ko".
+QString fileSize(qint64 bytes);
+
 } // namespace vornel::Wording
