@@ -31,14 +31,14 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
                                     const std::filesystem::path &home)
 {
     const WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(environment, home, workspaceLocator);
-    return {roots.workspace, roots.claude, roots.codex,
-            std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>()),
-            settings(environment)};
+    const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
+    return {roots.workspace, roots.claude, roots.codex, service, service, settings(environment)};
 }
 
 std::unique_ptr<AppModel> AppEnvironment::makeAppModel() const
 {
-    return std::make_unique<AppModel>(workspaceService, workspaceURL, claudeRoot, codexRoot, defaults);
+    return std::make_unique<AppModel>(workspaceService, targetInspector, workspaceURL, claudeRoot, codexRoot,
+                                      defaults);
 }
 
 } // namespace vornel

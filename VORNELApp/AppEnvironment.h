@@ -1,5 +1,6 @@
 #pragma once
 
+#include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/WorkspaceLocating.h>
 #include <VORNELCore/WorkspaceServicing.h>
 #include <VORNELInfrastructure/WorkspaceRoots.h>
@@ -19,6 +20,7 @@ struct AppEnvironment
     std::filesystem::path claudeRoot;
     std::filesystem::path codexRoot;
     std::shared_ptr<WorkspaceServicing> workspaceService;
+    std::shared_ptr<TargetInspecting> targetInspector;
     std::shared_ptr<QSettings> defaults;
 
     /// From the environment's variables, with the defaults below `home`. Touches no folder. With

@@ -22,10 +22,11 @@ std::optional<E> optionalCase(const QVariant &value)
 
 } // namespace
 
-AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::filesystem::path workspaceURL,
-                   std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
-                   std::shared_ptr<QSettings> defaults)
+AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
+                   std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
+                   std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults)
     : m_service(std::move(service)),
+      m_inspector(std::move(inspector)),
       m_workspaceURL(std::move(workspaceURL)),
       m_claudeRoot(std::move(claudeRoot)),
       m_codexRoot(std::move(codexRoot)),
@@ -78,6 +79,7 @@ void AppModel::retreatOnboarding()
 
 void AppModel::clearError()
 {
+    m_errorCase.clear();
     m_errorMessage = QString();
 }
 

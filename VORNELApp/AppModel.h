@@ -1,8 +1,10 @@
 #pragma once
 
 #include "AppStates.h"
+#include "Departure.h"
 
 #include <VORNELCore/LibraryQuery.h>
+#include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/WorkspaceServicing.h>
 
 #include <QCoro/QCoroTask>
@@ -55,12 +57,14 @@ class AppModel : public QObject
     Q_PROPERTY(
         qreal commitProgress READ commitProgress NOTIFY commitProgressChanged BINDABLE bindableCommitProgress)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY isBusyChanged BINDABLE bindableIsBusy)
+    Q_PROPERTY(vornel::Departure *departure READ departure CONSTANT)
 
 public:
-    /// `defaults` keeps what the user's machine remembers between two starts.
-    AppModel(std::shared_ptr<WorkspaceServicing> service, std::filesystem::path workspaceURL,
-             std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
-             std::shared_ptr<QSettings> defaults);
+    /// `inspector` looks at what `service` keeps; `defaults` holds what the user's machine remembers between
+    /// two starts.
+    AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
+             std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
+             std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults);
 
     /// Waits for the operations that still run.
     ~AppModel() override;
@@ -93,6 +97,10 @@ public:
     /// What the user reads about the last failure; empty without one.
     QString errorMessage() const { return m_errorMessage.value(); }
 
+    /// The name of the workspace error behind the last failure, "revisionConflict" for example; empty for any
+    /// other failure, and without one.
+    QString errorCase() const { return m_errorCase; }
+
     /// A short confirmation in capitals; empty without one. Whoever shows it clears it.
     QString transientMessage() const { return m_transientMessage.value(); }
 
@@ -112,12 +120,18 @@ public:
     QList<SkillSummary> needsAttention() const;
     int needsAttentionCount() const { return static_cast<int>(needsAttention().size()); }
 
+    /// What asks before unsaved edits are left.
+    Departure *departure() { return &m_departure; }
+
+    /// Looks at skills' files, for the screens that show them.
+    TargetInspecting &inspector() const { return *m_inspector; }
+
     /// The library, prepared for queries of which the fields above are the filter.
     const LibraryIndex &libraryIndex() const { return m_libraryIndex.value(); }
     LibraryQuery::Filter filter() const;
 
     /// The category of this identifier, or the catch-all one.
-    SkillCategory category(const QString &id) const;
+    Q_INVOKABLE vornel::SkillCategory category(const QString &id) const;
 
     void setSelectedDestination(std::optional<Destination> destination);
     void setSearchText(const QString &text);
@@ -169,7 +183,12 @@ public:
     Q_INVOKABLE void selectSkill(QUuid id);
     Q_INVOKABLE void closeSkill() { selectSkill({}); }
 
+    /// Reads the skill shown anew, quietly: the last error stays, and what can't be read stays as it was.
+    /// Tells whether it succeeded.
+    QCoro::Task<bool> refreshSelectedSkill();
+
     void assignSkills(QSet<QUuid> ids, QString category);
+    Q_INVOKABLE void assignSelectedSkill(const QString &category);
     Q_INVOKABLE void synchronizeSelectedSkill();
     Q_INVOKABLE void moveSelectedSkillToTrash();
     void moveSkillsToTrash(QSet<QUuid> ids);
@@ -219,6 +238,7 @@ private:
     void enterEveryField() const;
 
     QCoro::Task<> loadSelectedSkill();
+    void fail(const std::exception &error);
     void followProgress(const QFuture<WorkspaceOverview> &commit);
     void confirm(const QString &text);
     void deselect();
@@ -232,10 +252,13 @@ private:
     void setSelectedMaturityValue(const QVariant &maturity);
 
     const std::shared_ptr<WorkspaceServicing> m_service;
+    const std::shared_ptr<TargetInspecting> m_inspector;
     const std::filesystem::path m_workspaceURL;
     const std::filesystem::path m_claudeRoot;
     const std::filesystem::path m_codexRoot;
     const std::shared_ptr<QSettings> m_defaults;
+    Departure m_departure;
+    QString m_errorCase;
 
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, Phase, m_phase, &AppModel::phaseChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, OnboardingStep, m_onboardingStep, &AppModel::onboardingStepChanged)

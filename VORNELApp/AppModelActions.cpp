@@ -1,5 +1,7 @@
 #include "AppModel.h"
 
+#include <VORNELCore/VORNELWorkspaceError.h>
+
 #include <QCoro/QCoroFuture>
 #include <QFutureWatcher>
 
@@ -10,6 +12,11 @@ namespace vornel {
 namespace {
 
 const QString onboardingCompletedKey = u"com.brindlecove.vornel.onboarding.completed.v3"_s;
+
+QCoro::Task<bool> failure()
+{
+    co_return false;
+}
 
 } // namespace
 
@@ -37,7 +44,7 @@ QCoro::Task<bool> AppModel::perform(Action action)
     try {
         co_await action();
     } catch (const std::exception &error) {
-        m_errorMessage = message(error);
+        fail(error);
         succeeded = false;
     }
     m_isWorking = false;
@@ -114,9 +121,23 @@ QCoro::Task<> AppModel::loadSelectedSkill()
         m_selectedSkill = co_await m_service->loadSkill(selectedSkillID());
     } catch (const std::exception &error) {
         m_selectedSkill = std::nullopt;
-        m_errorMessage = message(error);
+        fail(error);
     }
     m_isDetailLoading = false;
+}
+
+QCoro::Task<bool> AppModel::refreshSelectedSkill()
+{
+    const Operation operation(*this);
+    const QUuid id = selectedSkillID();
+    try {
+        const SkillDetail fresh = co_await m_service->loadSkill(id);
+        if (selectedSkillID() == id)
+            m_selectedSkill = fresh;
+        co_return true;
+    } catch (const std::exception &) {
+        co_return false;
+    }
 }
 
 QCoro::Task<bool> AppModel::createSkill(CreateSkillRequest request)
@@ -133,8 +154,8 @@ QCoro::Task<bool> AppModel::createSkill(CreateSkillRequest request)
 QCoro::Task<bool> AppModel::saveSelectedSkill(QString skillMD)
 {
     if (!selectedSkill())
-        co_return false;
-    co_return co_await perform(
+        return failure();
+    return perform(
         [this, shown = selectedSkill()->manifest, skillMD = std::move(skillMD)]() -> QCoro::Task<> {
             m_selectedSkill = co_await m_service->saveSkill(shown.id, shown.revision, skillMD);
             m_overview = co_await m_service->reload();
@@ -190,6 +211,12 @@ void AppModel::assignSkills(QSet<QUuid> ids, QString category)
             m_selectedSkill = co_await m_service->loadSkill(selectedSkillID());
         confirm(u"CATÉGORIE MODIFIÉE"_s);
     });
+}
+
+void AppModel::assignSelectedSkill(const QString &category)
+{
+    if (!selectedSkillID().isNull())
+        assignSkills({selectedSkillID()}, category);
 }
 
 void AppModel::moveSelectedSkillToTrash()
@@ -248,6 +275,13 @@ void AppModel::followProgress(const QFuture<WorkspaceOverview> &commit)
     });
     connect(watcher, &QFutureWatcherBase::finished, watcher, &QObject::deleteLater);
     watcher->setFuture(commit);
+}
+
+void AppModel::fail(const std::exception &error)
+{
+    const auto *known = dynamic_cast<const VORNELWorkspaceError *>(&error);
+    m_errorCase = known != nullptr ? known->caseName() : QString();
+    m_errorMessage = message(error);
 }
 
 void AppModel::confirm(const QString &text)

@@ -19,6 +19,11 @@ Window {
     width: 1240
 
     onClosing: event => {
+        if (model.departure.isGuarded) {
+            event.accepted = false;
+            model.departure.leave(() => window.close());
+            return;
+        }
         event.accepted = !model.isBusy;
         isClosing = model.isBusy;
     }

@@ -27,10 +27,10 @@ T.RadioButton {
     Accessible.onToggleAction: if (enabled) clicked()
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
-    onClicked: {
+    onClicked: model.departure.leave(() => {
         model.selectedDestination = destination;
         model.closeSkill();
-    }
+    })
 
     background: Rectangle {
         color: row.isCurrent ? Colors.tint(Colors.accent) : row.hovered ? Colors.hover : "transparent"

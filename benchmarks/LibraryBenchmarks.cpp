@@ -87,7 +87,8 @@ public:
 void keyStroke(benchmark::State &state, const QString &word)
 {
     const auto settings = std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat);
-    AppModel model(std::make_shared<LargeLibrary>(), {}, {}, {}, settings);
+    const auto service = std::make_shared<LargeLibrary>();
+    AppModel model(service, service, {}, {}, {}, settings);
     QCoro::waitFor(model.start());
     SkillListModel list;
     list.setProperty("model", QVariant::fromValue(&model));

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QJSValue>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace vornel {
+
+/// Stands between the user and whatever would leave unsaved edits behind: while it is guarded, an action that
+/// leaves waits until the user has decided.
+class Departure : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("belongs to the model")
+    Q_PROPERTY(bool isGuarded READ isGuarded NOTIFY isGuardedChanged)
+    Q_PROPERTY(bool isPending READ isPending NOTIFY isPendingChanged)
+
+public:
+    using QObject::QObject;
+
+    bool isGuarded() const { return m_isGuarded; }
+    void setGuarded(bool isGuarded);
+
+    /// Whether an action waits for the user's decision.
+    bool isPending() const { return !m_action.isUndefined(); }
+
+    /// Runs `action` at once or, while guarded, once the user has let it go on. A later one replaces it.
+    Q_INVOKABLE void leave(const QJSValue &action);
+
+    /// The user goes: runs what waits.
+    Q_INVOKABLE void resume();
+
+    /// The user stays: forgets what waits.
+    Q_INVOKABLE void stay();
+
+Q_SIGNALS:
+    void isGuardedChanged();
+    void isPendingChanged();
+
+private:
+    void setAction(const QJSValue &action);
+
+    bool m_isGuarded = false;
+    QJSValue m_action;
+};
+
+} // namespace vornel
