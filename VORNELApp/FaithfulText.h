@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QTextCursor;
+class QTextDocument;
+
+namespace vornel {
+
+/// The text of a file in a document that is edited: whatever isn't typed stays as it was, to the character.
+/// A document has one kind of line end; so each line end that isn't the file's usual one is remembered with
+/// the document's own separator, where it survives editing, undo and redo. New lines take the usual one, or
+/// that of the line before.
+class FaithfulText
+{
+public:
+    explicit FaithfulText(QTextDocument *document) : m_document(document) {}
+
+    /// Shows another text, and forgets what could be undone.
+    void begin(const QString &text);
+
+    /// Replaces the text, which can be undone.
+    void replace(const QString &text);
+
+    /// The text as it would be saved.
+    QString text() const;
+
+    /// Whether the text is another than `text`; quick where the lengths tell.
+    bool differsFrom(const QString &text) const;
+
+private:
+    void insert(QTextCursor &cursor, const QString &text);
+    QString withLineEnds(QString raw) const;
+
+    QTextDocument *m_document;
+    QString m_mark; ///< a byte-order mark, which isn't shown
+    QString m_usualEnd = QStringLiteral("\n");
+    bool m_isMixed = false; ///< whether some line ends are, or were, unusual
+};
+
+} // namespace vornel

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "AppModel.h"
+#include "FaithfulText.h"
+
+#include <QPointer>
+#include <QQmlParserStatus>
+#include <QQuickTextDocument>
+#include <QTimer>
+
+#include <optional>
+
+namespace vornel {
+
+/// The text of the selected skill while it is edited in `document`. It begins anew with each other skill;
+/// when the same skill is read again, unsaved edits stay. While there are any, the model's departure is
+/// guarded.
+class SkillDraft : public QObject, public QQmlParserStatus
+{
+    Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
+    QML_ELEMENT
+    Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
+    Q_PROPERTY(QQuickTextDocument *document MEMBER m_document REQUIRED)
+    Q_PROPERTY(bool isModified READ isModified NOTIFY isModifiedChanged)
+    Q_PROPERTY(int characterCount READ characterCount NOTIFY characterCountChanged)
+    Q_PROPERTY(Standing standing READ standing NOTIFY standingChanged)
+
+public:
+    /// Whether the skill is still what was opened: `Stale` when it has moved on, `Gone` when it is no longer
+    /// in the library.
+    enum Standing { Current, Stale, Gone };
+    Q_ENUM(Standing)
+
+    using QObject::QObject;
+    ~SkillDraft() override;
+    Q_DISABLE_COPY_MOVE(SkillDraft)
+
+    bool isModified() const { return m_isModified; }
+
+    /// As a reader counts them.
+    int characterCount() const { return m_characterCount; }
+
+    Standing standing() const { return m_standing; }
+
+    /// Saves the text; `saved` or `saveFailed` follows.
+    Q_INVOKABLE void save();
+
+    /// Takes the skill as it is on the disk. The edits can be brought back by undoing.
+    Q_INVOKABLE void reload();
+
+    /// Goes back to the saved text. The edits can be brought back by undoing.
+    Q_INVOKABLE void discard();
+
+    /// Puts the whole text on the clipboard.
+    Q_INVOKABLE void copy() const;
+
+    void classBegin() override {}
+    void componentComplete() override;
+
+Q_SIGNALS:
+    /// The text of another skill is shown.
+    void begun();
+
+    void isModifiedChanged();
+    void characterCountChanged();
+    void standingChanged();
+    void saved();
+    void saveFailed();
+
+private:
+    static QCoro::Task<> saveText(QPointer<SkillDraft> draft, AppModel *model, QString text);
+    static QCoro::Task<> reloadText(QPointer<SkillDraft> draft, AppModel *model);
+    void conclude(bool succeeded);
+    void followSkill();
+    void followLibrary();
+    void measure();
+    void count();
+    void setModified(bool isModified);
+    void setStanding(Standing standing);
+
+    AppModel *m_model = nullptr;
+    QQuickTextDocument *m_document = nullptr;
+    std::optional<FaithfulText> m_text;
+    QUuid m_skillID;
+    QString m_savedText;
+    bool m_isModified = false;
+    bool m_takesNextText = false; ///< whatever was edited
+    int m_characterCount = 0;
+    QTimer m_counting; ///< as soon as nothing else is to be done: the whole text is counted
+    Standing m_standing = Current;
+};
+
+} // namespace vornel
