@@ -1,0 +1,58 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import VORNELDesignSystem
+
+/** One file in which a copy differs: "+" where only the copy has it, "−" where it lacks it. */
+T.ItemDelegate {
+    id: row
+
+    required property int index
+    required property int target
+    required property string path
+    required property string symbol
+    required property string changeText
+    required property string assistant
+
+    readonly property color hue: symbol === "+" ? Colors.success : symbol === "−" ? Colors.danger : Colors.warning
+
+    implicitHeight: 32
+    focusPolicy: Qt.NoFocus
+    highlighted: ListView.isCurrentItem
+    hoverEnabled: true
+    horizontalPadding: Metrics.small
+    text: path
+
+    Accessible.name: path + ", " + changeText + ", " + assistant
+    Accessible.onPressAction: if (enabled) clicked()
+
+    background: Rectangle {
+        color: row.highlighted ? Colors.tint(Colors.accent) : row.hovered ? Colors.hover : "transparent"
+        radius: Metrics.controlRadius
+    }
+    contentItem: RowLayout {
+        spacing: Metrics.small
+
+        Text {
+            color: row.hue
+            font: Typography.code
+            renderType: Text.NativeRendering
+            text: row.symbol
+        }
+        Text {
+            Layout.fillWidth: true
+            color: Colors.text
+            elide: Text.ElideMiddle
+            font: Typography.body
+            renderType: Text.NativeRendering
+            text: row.text
+            textFormat: Text.PlainText
+        }
+        Text {
+            color: Colors.muted
+            font: Typography.small
+            renderType: Text.NativeRendering
+            text: row.assistant
+        }
+    }
+}

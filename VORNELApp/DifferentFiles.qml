@@ -1,0 +1,50 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import VORNELApp
+import VORNELDesignSystem
+
+/** The files in which copies differ. Up and Down choose. */
+Surface {
+    id: list
+
+    required property CopyDifferences model
+    property alias currentIndex: view.currentIndex
+    readonly property alias count: view.count
+
+    signal chosen(target: int, path: string)
+
+    function show(): void {
+        const item = view.currentItem as DifferentFileRow;
+        if (item !== null)
+            chosen(item.target, item.path);
+    }
+
+    border.color: view.activeFocus ? Colors.accent : Colors.line
+
+    ListView {
+        id: view
+
+        anchors.fill: parent
+        anchors.margins: Metrics.small
+        activeFocusOnTab: true
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        focus: true
+        model: list.model
+
+        Accessible.name: "Fichiers différents"
+        Accessible.role: Accessible.List
+        T.ScrollBar.vertical: ScrollRail {}
+        onCurrentItemChanged: list.show()
+
+        delegate: DifferentFileRow {
+            width: view.width
+            onClicked: {
+                view.currentIndex = index;
+                view.forceActiveFocus(Qt.MouseFocusReason);
+            }
+        }
+    }
+}

@@ -1,0 +1,64 @@
+#include "SkillCopies.h"
+
+#include <QCoro/QCoroFuture>
+
+#include <algorithm>
+
+namespace vornel {
+
+QVariantList SkillCopies::targets() const
+{
+    QVariantList targets;
+    for (const TargetInspection &inspection : m_inspections)
+        targets.append(QVariant::fromValue(inspection));
+    return targets;
+}
+
+bool SkillCopies::hasDrifted() const
+{
+    return std::ranges::any_of(
+        m_inspections, [](const TargetInspection &inspection) { return !inspection.differences.isEmpty(); });
+}
+
+void SkillCopies::check()
+{
+    inspect(this, m_model, m_model->selectedSkillID());
+}
+
+void SkillCopies::componentComplete()
+{
+    connect(m_model, &AppModel::selectedSkillChanged, this, &SkillCopies::follow);
+    connect(m_model, &AppModel::isWorkingChanged, this, &SkillCopies::follow);
+    follow();
+}
+
+void SkillCopies::follow()
+{
+    if (m_model->selectedSkill() && !m_model->isWorking())
+        check();
+}
+
+QCoro::Task<> SkillCopies::inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id)
+{
+    QList<TargetInspection> inspections;
+    try {
+        inspections = co_await model->inspector().inspectTargets(id);
+    } catch (const std::exception &) {
+        inspections.clear(); // a skill that can't be read has no copies to compare
+    }
+    if (self.isNull() || model->selectedSkillID() != id)
+        co_return;
+    self->show(inspections);
+    Q_EMIT self->checked();
+}
+
+void SkillCopies::show(const QList<TargetInspection> &inspections)
+{
+    if (m_inspections == inspections)
+        return;
+    m_inspections = inspections;
+    m_differences.setInspections(inspections);
+    Q_EMIT changed();
+}
+
+} // namespace vornel

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "AppModel.h"
+#include "CopyDifferences.h"
+
+#include <QPointer>
+#include <QQmlParserStatus>
+
+namespace vornel {
+
+/// How the installed copies of the selected skill stand, looked at anew after each operation.
+class SkillCopies : public QObject, public QQmlParserStatus
+{
+    Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
+    QML_ELEMENT
+    Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
+    Q_PROPERTY(QVariantList targets READ targets NOTIFY changed)
+    Q_PROPERTY(bool hasDrifted READ hasDrifted NOTIFY changed)
+    Q_PROPERTY(vornel::CopyDifferences *differences READ differences CONSTANT)
+
+public:
+    using QObject::QObject;
+
+    /// One inspection for each assistant; none before the first look.
+    QVariantList targets() const;
+
+    /// Whether a copy holds something else than the canonical folder, which replacing it would lose.
+    bool hasDrifted() const;
+
+    /// What differs, copy by copy.
+    CopyDifferences *differences() { return &m_differences; }
+
+    /// Looks again; `checked` follows in any case.
+    Q_INVOKABLE void check();
+
+    void classBegin() override {}
+    void componentComplete() override;
+
+Q_SIGNALS:
+    void changed();
+    void checked();
+
+private:
+    static QCoro::Task<> inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id);
+    void follow();
+    void show(const QList<TargetInspection> &inspections);
+
+    AppModel *m_model = nullptr;
+    QList<TargetInspection> m_inspections;
+    CopyDifferences m_differences;
+};
+
+} // namespace vornel
