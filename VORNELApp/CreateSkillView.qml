@@ -8,6 +8,7 @@ Sheet {
 
     required property AppModel model
 
+    firstFocus: name
     title: "Nouvelle compétence"
     onAboutToShow: form.reset()
 
@@ -18,7 +19,8 @@ Sheet {
         onCreated: sheet.close()
     }
     LabelledField {
-        focus: true
+        id: name
+
         hint: "Ex. Audit de sécurité"
         label: "Nom"
         text: form.displayName

@@ -11,6 +11,7 @@ Sheet {
 
     signal accepted
 
+    firstFocus: reject
     implicitWidth: Math.min(440, parent.width - 2 * Metrics.page)
 
     Label {
@@ -26,7 +27,8 @@ Sheet {
         spacing: Metrics.medium
 
         ActionButton {
-            focus: true
+            id: reject
+
             text: dialog.rejectText
             onClicked: dialog.close()
         }

@@ -10,6 +10,9 @@ T.Popup {
 
     required property string title
 
+    /** What has the keyboard whenever the sheet opens. */
+    property Item firstFocus
+
     property Item formerFocus
 
     parent: T.Overlay.overlay
@@ -24,6 +27,8 @@ T.Popup {
     padding: Metrics.huge
     onAboutToShow: {
         formerFocus = parent.Window.activeFocusItem;
+        if (firstFocus !== null)
+            firstFocus.focus = true; // and not what had it when the sheet was closed
         contentItem.parent.Accessible.name = title; // of the dialog, which is an item of Qt's
     }
     onClosed: formerFocus?.forceActiveFocus(Qt.PopupFocusReason)
