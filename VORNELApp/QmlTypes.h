@@ -1,7 +1,6 @@
 #pragma once
 
 #include "AppStates.h"
-#include "LineDiff.h"
 
 #include <VORNELCore/ImportModels.h>
 #include <VORNELCore/LibraryQuery.h>
@@ -24,12 +23,6 @@ Q_NAMESPACE
 QML_FOREIGN_NAMESPACE(vornel::AppStates)
 QML_NAMED_ELEMENT(AppStates)
 } // namespace States
-
-namespace DiffLines {
-Q_NAMESPACE
-QML_FOREIGN_NAMESPACE(vornel::DiffLine)
-QML_NAMED_ELEMENT(DiffLine)
-} // namespace DiffLines
 
 struct UuidType
 {
@@ -113,13 +106,6 @@ struct InspectionType
     Q_GADGET
     QML_FOREIGN(vornel::TargetInspection)
     QML_VALUE_TYPE(targetInspection)
-};
-
-struct DiffLineType
-{
-    Q_GADGET
-    QML_FOREIGN(vornel::DiffLine)
-    QML_VALUE_TYPE(diffLine)
 };
 
 } // namespace vornel::QmlTypes

@@ -1,16 +1,23 @@
 import QtQuick
 import VORNELApp
 
-/** Shows one screen of this module at a time, named by its file. Every screen is given the model. */
+/** Shows one screen of this module at a time, named by its file, or none. Every screen is given the model. */
 Loader {
     required property AppModel model
     required property string screen
 
-    focus: true
-    onLoaded: item.focus = true
-    Component.onCompleted: setSource(screen, { model: model })
-    onScreenChanged: {
-        if (status !== Loader.Null)
+    property bool isComplete: false
+
+    function load(): void {
+        if (isComplete)
             setSource(screen, { model: model });
     }
+
+    focus: true
+    onLoaded: item.focus = true
+    Component.onCompleted: {
+        isComplete = true;
+        load();
+    }
+    onScreenChanged: load()
 }

@@ -1,21 +1,50 @@
 import QtQuick
 import VORNELApp
 
-/** The chosen skill or, without one, the screen of the chosen destination. */
-ScreenLoader {
+/** The screen of the chosen destination and, over it, the chosen skill; the screen keeps its place below. */
+FocusScope {
+    id: content
+
+    required property AppModel model
+
     /** A skill that was left while it was still loading doesn't open any more. */
     readonly property bool isSkillOpen: String(model.selectedSkill?.manifest.id) === String(model.selectedSkillID)
+    readonly property SkillEditorView editor: skill.item as SkillEditorView
 
-    screen: {
-        if (isSkillOpen)
-            return "SkillEditorView.qml";
-        switch (model.selectedDestination) {
-        case AppStates.Destination.needsAttention:
-            return "NeedsAttentionView.qml";
-        case AppStates.Destination.trash:
-            return "TrashView.qml";
-        default:
-            return "LibraryView.qml";
+    signal creationAsked
+
+    ScreenLoader {
+        id: screens
+
+        anchors.fill: parent
+        focus: !content.isSkillOpen
+        model: content.model
+        screen: {
+            switch (content.model.selectedDestination) {
+            case AppStates.Destination.needsAttention:
+                return "NeedsAttentionView.qml";
+            case AppStates.Destination.trash:
+                return "TrashView.qml";
+            default:
+                return "LibraryView.qml";
+            }
         }
+        visible: !content.isSkillOpen
+    }
+    Connections {
+        function onCreationAsked() {
+            content.creationAsked();
+        }
+
+        ignoreUnknownSignals: true
+        target: screens.item
+    }
+    ScreenLoader {
+        id: skill
+
+        anchors.fill: parent
+        focus: content.isSkillOpen
+        model: content.model
+        screen: content.isSkillOpen ? "SkillEditorView.qml" : ""
     }
 }

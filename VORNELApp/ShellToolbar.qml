@@ -10,6 +10,7 @@ Item {
     required property AppModel model
 
     signal creationAsked
+    signal synchronizationAsked
 
     /** Without room for every word, the search keeps its own. */
     readonly property bool isNarrow: width < 860
@@ -56,7 +57,7 @@ Item {
             isCompact: toolbar.isNarrow
             symbol: "refresh-cw"
             text: "Synchroniser"
-            onClicked: toolbar.model.synchronizeSelectedSkill()
+            onClicked: toolbar.synchronizationAsked()
         }
         ActionButton {
             enabled: !toolbar.model.isWorking
@@ -67,7 +68,7 @@ Item {
         }
         ActionButton {
             enabled: !toolbar.model.isWorking
-            role: ActionButton.Primary
+            role: toolbar.model.selectedSkill === undefined ? ActionButton.Primary : ActionButton.Quiet // beside "Enregistrer"
             symbol: "plus"
             text: "Nouvelle compétence"
             onClicked: toolbar.creationAsked()

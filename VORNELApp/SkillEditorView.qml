@@ -1,73 +1,213 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
-import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
-/** The chosen skill: its name and its instructions. */
+/** The chosen skill: its files, its instructions to edit, its category, and how its copies stand. */
 FocusScope {
     id: editor
 
     required property AppModel model
 
     readonly property var detail: model.selectedSkill
+    readonly property string name: detail?.manifest.displayName ?? ""
+    readonly property string skillID: String(model.selectedSkillID)
+    readonly property SkillDraft draft: instructions.draft
+    property string selectedFile: "SKILL.md"
 
-    ActionButton {
-        id: back
+    /** What is done once the copies have been looked at; nothing while none waits. */
+    property var intention
+
+    function find(): void {
+        if (instructions.visible)
+            instructions.find();
+        else
+            file.find();
+    }
+    function synchronize(): void {
+        replaceCopies("Synchroniser", () => model.synchronizeSelectedSkill());
+    }
+    function save(): void {
+        if (draft.isModified && !model.isWorking)
+            replaceCopies("Enregistrer", () => draft.save());
+    }
+
+    /** Runs `action`, which replaces the copies, unless one has edits of its own: these are shown first. */
+    function replaceCopies(acceptText: string, action: var): void {
+        differences.acceptText = acceptText;
+        intention = action;
+        copies.check();
+    }
+    function act(): void {
+        const action = intention;
+        intention = undefined;
+        action();
+    }
+
+    onSkillIDChanged: selectedFile = "SKILL.md"
+
+    SkillCopies {
+        id: copies
+
+        model: editor.model
+        onChecked: {
+            if (editor.intention === undefined)
+                return;
+            if (copies.hasDrifted)
+                differences.open();
+            else
+                editor.act();
+        }
+    }
+    Connections {
+        function onSaveFailed() {
+            editor.model.departure.stay();
+        }
+        function onSaved() {
+            editor.model.departure.resume();
+        }
+
+        target: editor.draft
+    }
+    Connections {
+        function onIsPendingChanged() {
+            if (editor.model.departure.isPending)
+                unsaved.open();
+        }
+
+        target: editor.model.departure
+    }
+    Shortcut {
+        sequence: "Ctrl+S"
+        onActivated: editor.save()
+    }
+    EditorTopBar {
+        id: bar
 
         anchors.left: parent.left
         anchors.margins: Metrics.huge
+        anchors.right: parent.right
         anchors.top: parent.top
-        focus: true
-        symbol: "chevron-left"
-        text: "Bibliothèque"
-
-        Accessible.name: "Retour à la bibliothèque"
-        onClicked: editor.model.closeSkill()
+        draft: editor.draft
+        model: editor.model
+        onCloseAsked: editor.model.departure.leave(() => editor.model.closeSkill())
+        onSaveAsked: editor.save()
+        onSynchronizationAsked: editor.synchronize()
+        onTrashAsked: confirmation.open()
     }
-    Label {
-        anchors.left: back.right
-        anchors.leftMargin: Metrics.large
+    EditorFacts {
+        id: facts
+
+        anchors.left: parent.left
+        anchors.leftMargin: Metrics.huge
         anchors.right: parent.right
         anchors.rightMargin: Metrics.huge
-        anchors.verticalCenter: back.verticalCenter
-        font: Typography.title
-        text: editor.detail?.manifest.displayName ?? ""
+        anchors.top: bar.bottom
+        anchors.topMargin: Metrics.medium
+        copies: copies
+        model: editor.model
+        onDetailsAsked: {
+            differences.acceptText = "Synchroniser";
+            editor.intention = () => editor.model.synchronizeSelectedSkill();
+            differences.open();
+        }
+    }
+    StaleNotice {
+        id: notice
+
+        anchors.left: facts.left
+        anchors.right: facts.right
+        anchors.top: facts.bottom
+        anchors.topMargin: visible ? Metrics.medium : 0
+        draft: editor.draft
+    }
+    FileTree {
+        id: tree
+
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Metrics.huge
+        anchors.left: facts.left
+        anchors.top: notice.bottom
+        anchors.topMargin: Metrics.medium
+        relativeFiles: editor.detail?.relativeFiles ?? []
+        selectedFile: editor.selectedFile
+        width: Math.min(240, parent.width / 4)
+        onFileChosen: path => editor.selectedFile = path
     }
     Surface {
-        anchors.bottom: parent.bottom
-        anchors.left: parent.left
-        anchors.margins: Metrics.huge
-        anchors.right: parent.right
-        anchors.top: back.bottom
-        border.color: scroller.activeFocus ? Colors.accent : Colors.line
+        anchors.bottom: tree.bottom
+        anchors.left: tree.right
+        anchors.leftMargin: Metrics.medium
+        anchors.right: facts.right
+        anchors.top: tree.top
 
-        Flickable {
-            id: scroller
+        InstructionsPane {
+            id: instructions
 
-            anchors.fill: parent
-            anchors.margins: Metrics.large
-            activeFocusOnTab: true
-            boundsBehavior: Flickable.StopAtBounds
-            clip: true
-            contentHeight: text.height
-            contentWidth: width
-
-            Accessible.name: "Instructions de la compétence"
-            Accessible.role: Accessible.Document
-            Keys.onDownPressed: T.ScrollBar.vertical.increase()
-            Keys.onUpPressed: T.ScrollBar.vertical.decrease()
-
-            T.ScrollBar.vertical: ScrollRail {}
-
-            Label {
-                id: text
-
-                color: Colors.secondary
-                font: Typography.code
-                text: editor.detail?.skillMD ?? ""
-                width: parent.width
-                wrapMode: Text.Wrap
-            }
+            anchors.bottom: footer.top
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            focus: true
+            model: editor.model
+            visible: editor.selectedFile === "SKILL.md"
         }
+        AssociatedFilePane {
+            id: file
+
+            anchors.fill: instructions
+            model: editor.model
+            path: visible ? editor.selectedFile : ""
+            visible: editor.selectedFile !== "" && editor.selectedFile !== "SKILL.md"
+        }
+        StateView {
+            anchors.centerIn: parent
+            symbol: "file"
+            title: "Sélectionnez un fichier."
+            visible: editor.selectedFile === ""
+            width: parent.width - 2 * Metrics.huge
+        }
+        EditorFooter {
+            id: footer
+
+            anchors.bottom: parent.bottom
+            anchors.left: parent.left
+            anchors.right: parent.right
+            draft: editor.draft
+            model: editor.model
+        }
+    }
+    DifferencesSheet {
+        id: differences
+
+        copies: copies
+        model: editor.model
+        onAboutToHide: {
+            if (editor.intention !== undefined)
+                editor.model.departure.stay();
+            editor.intention = undefined;
+        }
+        onAccepted: editor.act()
+    }
+    UnsavedSheet {
+        id: unsaved
+
+        model: editor.model
+        name: editor.name
+        onDiscardAsked: {
+            editor.draft.discard();
+            editor.model.departure.resume();
+        }
+        onSaveAsked: editor.save()
+    }
+    ConfirmationDialog {
+        id: confirmation
+
+        acceptText: "Placer dans la corbeille"
+        isDestructive: true
+        message: "Vous pourrez restaurer cette compétence depuis la corbeille." + (editor.draft.isModified ? "\n\nLes modifications non enregistrées seront perdues." : "")
+        title: "Placer « " + editor.name + " » dans la corbeille ?"
+        onAccepted: editor.model.moveSelectedSkillToTrash()
     }
 }

@@ -8,16 +8,25 @@ FocusScope {
 
     required property AppModel model
 
+    function create(): void {
+        model.departure.leave(() => creation.open());
+    }
+
     Keys.onEscapePressed: {
         if (model.errorMessage !== "")
             model.clearError();
         else
-            model.closeSkill();
+            model.departure.leave(() => model.closeSkill());
     }
 
     Shortcut {
         sequence: "Ctrl+F"
-        onActivated: toolbar.focusSearch()
+        onActivated: {
+            if (content.isSkillOpen)
+                content.editor.find();
+            else
+                toolbar.focusSearch();
+        }
     }
     Shortcut {
         sequence: "F5"
@@ -25,7 +34,7 @@ FocusScope {
     }
     Shortcut {
         sequence: "Ctrl+N"
-        onActivated: creation.open()
+        onActivated: shell.create()
     }
     CreateSkillView {
         id: creation
@@ -52,7 +61,8 @@ FocusScope {
         anchors.right: parent.right
         anchors.top: parent.top
         model: shell.model
-        onCreationAsked: creation.open()
+        onCreationAsked: shell.create()
+        onSynchronizationAsked: content.editor?.synchronize()
     }
     ShellContent {
         id: content
@@ -63,6 +73,7 @@ FocusScope {
         anchors.top: toolbar.bottom
         focus: true
         model: shell.model
+        onCreationAsked: shell.create()
     }
     OpeningOverlay {
         anchors.bottom: parent.bottom

@@ -15,6 +15,8 @@ T.Button {
     property bool isSymbolTrailing: false
     property bool isCompact: false
 
+    property color symbolColor: foreground
+
     readonly property color foreground: {
         if (!enabled)
             return Colors.muted;
@@ -70,7 +72,7 @@ T.Button {
         isSymbolAlone: control.isCompact
         isSymbolTrailing: control.isSymbolTrailing
         symbol: control.symbol
-        symbolColor: control.foreground
+        symbolColor: control.symbolColor
         text: control.text
     }
 

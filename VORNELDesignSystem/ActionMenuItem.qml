@@ -8,6 +8,7 @@ T.MenuItem {
 
     property string symbol
     property bool isDestructive: false
+    property color symbolColor: foreground
 
     readonly property color foreground: !enabled ? Colors.muted : isDestructive ? Colors.danger : Colors.text
 
@@ -18,6 +19,7 @@ T.MenuItem {
     rightPadding: Metrics.medium
 
     Accessible.name: text
+    Accessible.onPressAction: if (enabled) triggered()
 
     background: Rectangle {
         color: item.highlighted ? Colors.hover : "transparent"
@@ -28,7 +30,7 @@ T.MenuItem {
 
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
-            color: item.foreground
+            color: item.symbolColor
             height: Metrics.symbol
             name: item.symbol
             visible: item.symbol !== ""

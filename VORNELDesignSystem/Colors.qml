@@ -24,6 +24,10 @@ QtObject {
     readonly property color warning: "#FFB347"
     readonly property color danger: "#FF5A4F"
 
+    // Of code only.
+    readonly property color code: "#9FD8B4"
+    readonly property color link: "#8FB8FF"
+
     // Of categories only.
     readonly property color violet: "#8A61E6"
     readonly property color magenta: "#D152F0"

@@ -7,7 +7,9 @@
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQmlExtensionPlugin>
 #include <QQuickItem>
@@ -15,6 +17,7 @@
 #include <QTemporaryDir>
 
 #include <chrono>
+#include <fstream>
 #include <map>
 #include <optional>
 #include <string>
@@ -111,6 +114,21 @@ public:
         QMetaObject::invokeMethod(button, "clicked");
     }
 
+    void press(Qt::Key key) const
+    {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_window, &event);
+    }
+
+    /// Types into whatever has the keyboard.
+    void type(const QString &text) const
+    {
+        m_window->requestActivate();
+        QQuickItem *field = m_window->activeFocusItem();
+        const int place = field->property("cursorPosition").toInt();
+        QMetaObject::invokeMethod(field, "insert", Q_ARG(int, place), Q_ARG(QString, text));
+    }
+
 private:
     static QQuickItem *buttonBelow(QQuickItem *item, const QString &text)
     {
@@ -136,6 +154,14 @@ void settle(const AppModel &model)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     while (model.isBusy());
     QCoreApplication::processEvents();
+}
+
+/// Lets what isn't an operation of the model come to its end: the look at copies and files.
+void rest()
+{
+    QElapsedTimer timer;
+    for (timer.start(); timer.elapsed() < 300;)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 
 /// Waits until the last confirmation has gone.
@@ -179,11 +205,62 @@ void photographOnboarding(Photographer &photographer, AppModel &model)
     settle(model);
 }
 
+QUuid idOf(const AppModel &model, const QString &slug)
+{
+    const QList<SkillSummary> skills = model.overview()->skills;
+    return std::ranges::find(skills, slug, &SkillSummary::slug)->id;
+}
+
+/// Opens a skill, and waits until its copies have been looked at.
+void open(Stage &stage, const QString &slug)
+{
+    stage.model().selectSkill(idOf(stage.model(), slug));
+    settle(stage.model());
+    rest();
+}
+
+void photographEditor(Photographer &photographer, Stage &stage)
+{
+    AppModel &model = stage.model();
+    model.selectSkill(idOf(model, u"revue-de-securite"_s));
+    photographer.take(u"opening"_s);
+    open(stage, u"revue-de-securite"_s);
+    photographer.take(u"editor"_s);
+    for (int line = 0; line < 10; ++line)
+        photographer.press(Qt::Key_Down);
+    photographer.type(u"Vérifie aussi les dépendances.\n"_s);
+    photographer.take(u"editor-modified"_s);
+    photographer.press(Qt::Key_Escape);
+    photographer.take(u"editor-unsaved"_s);
+    photographer.click(u"Ne pas enregistrer"_s);
+    settle(model);
+
+    open(stage, u"maquette-vers-composant"_s);
+    photographer.click(u"maquette.png"_s);
+    rest();
+    photographer.take(u"editor-image"_s);
+    model.closeSkill();
+
+    std::ofstream(stage.path("claude/revue-de-securite/SKILL.md"), std::ios::app)
+        << "\nAjout fait sur place.\n";
+    fs::remove_all(stage.path("codex/revue-de-securite/references"));
+    model.reload();
+    open(stage, u"revue-de-securite"_s);
+    photographer.take(u"editor-drifted"_s);
+    photographer.click(u"Synchroniser"_s);
+    rest();
+    photographer.take(u"editor-differences"_s);
+    photographer.click(u"Fermer"_s);
+    model.closeSkill();
+    settle(model);
+}
+
 void photographShell(Photographer &photographer, Stage &stage)
 {
     AppModel &model = stage.model();
     photographer.take(u"library-confirmation"_s);
     quieten(model);
+    photographEditor(photographer, stage);
     model.setSearchText(u"sécurité"_s);
     photographer.take(u"library-search"_s);
     model.setSearchText(u"introuvable"_s);
@@ -203,11 +280,6 @@ void photographShell(Photographer &photographer, Stage &stage)
     model.setSelectedDestination(Destination::needsAttention);
     photographer.take(u"attention"_s);
     model.setSelectedDestination(Destination::library);
-    model.selectSkill(skills.at(4).id);
-    photographer.take(u"opening"_s);
-    settle(model);
-    photographer.take(u"skill"_s);
-    model.closeSkill();
     model.restore(QUuid::createUuid());
     settle(model);
     photographer.take(u"error"_s);

@@ -2,7 +2,10 @@
 
 #include <VORNELCore/SerializedForms.h>
 
+#include <QClipboard>
 #include <QCoro/QCoroTask>
+#include <QGuiApplication>
+#include <QImage>
 
 using namespace Qt::StringLiterals;
 
@@ -16,9 +19,9 @@ Fixture::Fixture(QObject *parent) : QObject(parent)
 void Fixture::restart()
 {
     m_model.reset();
+    const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
     m_model = std::make_unique<AppModel>(
-        std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>()),
-        m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex"),
+        service, service, m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex"),
         std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));
     Q_EMIT modelChanged();
 }
@@ -26,6 +29,38 @@ void Fixture::restart()
 void Fixture::write(const QString &below, const QString &text) const
 {
     m_scratch.write(below.toStdString(), text.toStdString());
+}
+
+QString Fixture::bytes(const QString &below) const
+{
+    return QString::fromLatin1(
+        QByteArray::fromStdString(bytesOf(m_scratch.path(below.toStdString()))).toHex());
+}
+
+QString Fixture::bytesOfText(const QString &text) const
+{
+    return QString::fromLatin1(text.toUtf8().toHex());
+}
+
+void Fixture::writePicture(const QString &below, const QSize &size) const
+{
+    const auto place = m_scratch.write(below.toStdString(), {});
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    picture.save(pathText(place));
+}
+
+bool Fixture::saveElsewhere(const QString &slug, const QString &text) const
+{
+    LocalWorkspaceService other(std::make_shared<PosixFileSystem>());
+    other.bootstrap(m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex")).result();
+    const SkillDetail skill = other.loadSkill(idOf(slug)).result();
+    return other.saveSkill(skill.manifest.id, skill.manifest.revision, text).result().skillMD == text;
+}
+
+QString Fixture::clipboard() const
+{
+    return QGuiApplication::clipboard()->text();
 }
 
 void Fixture::remove(const QString &below) const

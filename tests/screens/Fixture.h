@@ -25,6 +25,19 @@ public:
     /// Writes a file below the scratch folder: "claude/audit/SKILL.md".
     Q_INVOKABLE void write(const QString &below, const QString &text) const;
 
+    /// The bytes of a file, and those of a text, as hexadecimal digits.
+    Q_INVOKABLE QString bytes(const QString &below) const;
+    Q_INVOKABLE QString bytesOfText(const QString &text) const;
+
+    /// Writes a picture of one colour.
+    Q_INVOKABLE void writePicture(const QString &below, const QSize &size) const;
+
+    /// Saves a skill's text as another program would, and tells whether that succeeded.
+    Q_INVOKABLE bool saveElsewhere(const QString &slug, const QString &text) const;
+
+    /// What is on the clipboard.
+    Q_INVOKABLE QString clipboard() const;
+
     /// Removes a file, or a folder with all it holds.
     Q_INVOKABLE void remove(const QString &below) const;
 

@@ -64,9 +64,14 @@ ScreenTest {
         fixture.releaseWorkspace();
         awaitText("Retour à la bibliothèque");
         verify(!shows("OUVERTURE"));
-        click("Synchroniser");
+        all("Synchroniser")[0].clicked();
+        awaitText("Différences avec les copies");
+        for (let stop = 0; stop < 3; ++stop)
+            keyClick(Qt.Key_Tab);
+        keyClick(Qt.Key_Return);
         awaitText("À JOUR");
         awaitText("Tout est à jour");
+        tryVerify(() => !shows("Différences avec les copies"));
         keyClick(Qt.Key_Escape);
         awaitText("audit");
     }

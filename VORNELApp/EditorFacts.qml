@@ -1,0 +1,36 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** The category of the selected skill, and how its copies stand. */
+Item {
+    id: facts
+
+    required property AppModel model
+    required property SkillCopies copies
+
+    signal detailsAsked
+
+    implicitHeight: Metrics.controlHeight
+
+    CategoryPicker {
+        model: facts.model
+    }
+    Row {
+        anchors.right: parent.right
+        spacing: Metrics.small
+
+        Repeater {
+            model: facts.copies.targets
+
+            TargetChip {
+                required property targetInspection modelData
+
+                inspection: modelData
+                onClicked: facts.detailsAsked()
+            }
+        }
+    }
+}

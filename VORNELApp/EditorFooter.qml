@@ -1,0 +1,56 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** How the draft stands: saved or not, how long, and whether something runs. */
+Item {
+    id: footer
+
+    required property AppModel model
+    required property SkillDraft draft
+
+    implicitHeight: 40
+
+    Rectangle {
+        color: Colors.line
+        height: Metrics.hairline
+        width: parent.width
+    }
+    Row {
+        anchors.left: parent.left
+        anchors.leftMargin: Metrics.large
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Metrics.medium
+
+        StatusBadge {
+            anchors.verticalCenter: parent.verticalCenter
+            text: footer.draft.isModified ? "MODIFIÉ" : "ENREGISTRÉ"
+            tone: footer.draft.isModified ? StatusBadge.Warning : StatusBadge.Success
+        }
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            color: Colors.secondary
+            font: Typography.small
+            text: "Modifications non enregistrées"
+            visible: footer.draft.isModified
+        }
+    }
+    Row {
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.large
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Metrics.large
+
+        Label {
+            color: Colors.accent
+            font: Typography.small
+            text: "Opération en cours"
+            visible: footer.model.isWorking
+        }
+        Label {
+            color: Colors.secondary
+            font: Typography.small
+            text: footer.draft.characterCount + " caractères"
+        }
+    }
+}

@@ -1,0 +1,67 @@
+import QtQuick
+import QtQuick.Layouts
+import VORNELApp
+import VORNELDesignSystem
+
+/** The way back, the name of the skill, and what can be done with it. */
+RowLayout {
+    id: bar
+
+    required property AppModel model
+    required property SkillDraft draft
+
+    signal closeAsked
+    signal synchronizationAsked
+    signal saveAsked
+    signal trashAsked
+
+    spacing: Metrics.medium
+
+    ActionButton {
+        symbol: "chevron-left"
+        text: "Bibliothèque"
+
+        Accessible.name: "Retour à la bibliothèque"
+        onClicked: bar.closeAsked()
+    }
+    Label {
+        Layout.fillWidth: true
+        Layout.leftMargin: Metrics.small
+        font: Typography.title
+        text: bar.model.selectedSkill?.manifest.displayName ?? ""
+    }
+    ActionButton {
+        enabled: !bar.model.isWorking
+        isCompact: bar.width < 860
+        symbol: "refresh-cw"
+        text: "Synchroniser"
+        onClicked: bar.synchronizationAsked()
+    }
+    ActionButton {
+        enabled: bar.draft.isModified && !bar.model.isWorking
+        role: ActionButton.Primary
+        symbol: "save"
+        text: "Enregistrer"
+        onClicked: bar.saveAsked()
+    }
+    ActionButton {
+        id: more
+
+        isCompact: true
+        symbol: "ellipsis"
+        text: "Plus d’actions"
+        onClicked: menu.popup(more, more.width - menu.width, more.height + Metrics.tiny)
+
+        ActionMenu {
+            id: menu
+
+            ActionMenuItem {
+                enabled: !bar.model.isWorking
+                isDestructive: true
+                symbol: "trash-2"
+                text: "Placer dans la corbeille"
+                onTriggered: bar.trashAsked()
+            }
+        }
+    }
+}

@@ -1,0 +1,62 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** The text of the selected skill's "SKILL.md", edited in place. */
+FocusScope {
+    id: pane
+
+    required property AppModel model
+
+    readonly property SkillDraft draft: draft
+
+    function find(): void {
+        findBar.open();
+    }
+
+    SkillDraft {
+        id: draft
+
+        document: text.area.textDocument
+        model: pane.model
+        onBegun: text.area.cursorPosition = 0
+    }
+    MarkdownHighlighter {
+        codeColor: Colors.code
+        document: text.area.textDocument
+        headingColor: Colors.accent
+        linkColor: Colors.link
+        markColor: Colors.muted
+    }
+    PaneHeader {
+        id: header
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        text: "INSTRUCTIONS"
+
+        Tag {
+            text: "MARKDOWN"
+        }
+    }
+    FindBar {
+        id: findBar
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: header.bottom
+        pane: text
+    }
+    CodePane {
+        id: text
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: findBar.visible ? findBar.bottom : header.bottom
+        focus: true
+
+        area.Accessible.name: "Instructions de la compétence"
+    }
+}

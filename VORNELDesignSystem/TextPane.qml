@@ -1,0 +1,32 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/** A text of many lines in the fixed-width font, which wraps and scrolls. Its `area` is the text itself. */
+FocusScope {
+    id: pane
+
+    property alias area: area
+
+    Flickable {
+        anchors.fill: parent
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        T.ScrollBar.vertical: ScrollRail {}
+        T.TextArea.flickable: T.TextArea {
+            id: area
+
+            implicitHeight: contentHeight + topPadding + bottomPadding
+            color: Colors.text
+            focus: true
+            font: Typography.code
+            padding: Metrics.large
+            renderType: Text.NativeRendering
+            selectByMouse: true
+            selectedTextColor: Colors.inkOnAccent
+            selectionColor: Colors.accent
+            textFormat: TextEdit.PlainText
+            wrapMode: TextEdit.Wrap
+        }
+    }
+}

@@ -1,0 +1,403 @@
+import QtQuick
+import VORNELApp
+
+ScreenTest {
+    id: test
+
+    readonly property string file: "workspace/skills/audit/SKILL.md"
+
+    name: "Editor"
+
+    Component {
+        id: windows
+
+        Main {
+            model: fixture.model
+        }
+    }
+
+    function textArea() {
+        return control("Instructions de la compétence");
+    }
+    /** A library of two skills, opened on the first, whose text is `text`. */
+    function openSkill(text) {
+        fixture.fillLibrary(["audit", "notes"]);
+        for (const folder of ["workspace/skills", "claude", "codex"])
+            fixture.write(folder + "/audit/SKILL.md", text);
+        showSkill();
+    }
+    function showSkill() {
+        open();
+        awaitText("Bibliothèque");
+        settle();
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        awaitText("INSTRUCTIONS");
+        settle();
+        awaitText("Claude, à jour");
+    }
+    function type(text) {
+        for (const letter of text)
+            keyClick(letter);
+    }
+    function typeAt(position, text) {
+        textArea().forceActiveFocus();
+        textArea().cursorPosition = position;
+        type(text);
+    }
+    function save() {
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("ENREGISTRÉ");
+        settle();
+    }
+    function undo() {
+        keyClick(Qt.Key_Z, Qt.ControlModifier);
+    }
+    function verifyStored(text) {
+        compare(fixture.bytes(file), fixture.bytesOfText(text));
+        compare(fixture.bytes("claude/audit/SKILL.md"), fixture.bytesOfText(text));
+    }
+
+    function test_what_was_not_typed_does_not_change_data() {
+        const rows = {
+            "plain": "un\ndeux\n",
+            "no last newline": "un\ndeux",
+            "no-break spaces": "Prix\u00a0: 3\u202f000\u00a0\n",
+            "separators": "a\u2028b\u2029c\n",
+            "tabs and blanks": "\ta \t \n  \n \u3000",
+            "CRLF": "un\r\ndeux\r\n\r\ntrois\r\n",
+            "mixed line ends": "un\r\ndeux\ntrois\r\rquatre\r\n\n",
+            "carriage returns": "un\rdeux\r",
+            "byte-order mark": "\ufeff# un\r\n",
+            "two marks": "\ufeff\ufeffa",
+            "emoji, combining marks": "e\u0301 👩‍💻 🇫🇷 ﬁ\n",
+            "odd characters": "a\u000bb\u000cc\u0085d\ufffce\ufdd0f\u200fg\u0001h\ufdd1\n",
+            "front matter": "---\r\nname: Été\r\n---\r\n\r\n# Titre *a* `b`\r\n```sh\r\nls\r\n```\r\n"
+        };
+        return Object.keys(rows).map(tag => ({ tag: tag, text: rows[tag] }));
+    }
+    function test_what_was_not_typed_does_not_change(row) {
+        openSkill(row.text);
+        const mark = row.text.startsWith("\ufeff") ? "\ufeff" : "";
+        const rest = row.text.slice(mark.length);
+        verify(shows("ENREGISTRÉ") && !shows("MODIFIÉ"));
+        typeAt(0, "x");
+        verify(shows("MODIFIÉ"));
+        undo();
+        verify(shows("ENREGISTRÉ"), "an undone letter");
+        textArea().selectAll();
+        keyClick(Qt.Key_Delete);
+        verify(shows("MODIFIÉ"));
+        undo();
+        verify(shows("ENREGISTRÉ"), "an undone deletion");
+
+        typeAt(0, "x");
+        save();
+        verifyStored(mark + "x" + rest);
+        typeAt(textArea().length, "y");
+        save();
+        verifyStored(mark + "x" + rest + "y");
+    }
+
+    function test_line_ends_data() {
+        return [
+            { tag: "after an empty line", text: "un\r\n\ntrois\rquatre", position: 4, left: "un\r\ntrois\rquatre" },
+            { tag: "before an empty line", text: "un\r\n\ntrois\rquatre", position: 3, left: "un\ntrois\rquatre" },
+            { tag: "first line", text: "\n\r\nx\n\n", position: 1, left: "\r\nx\n\n" },
+            { tag: "unusual end", text: "a\nb\r\nc\n", position: 4, left: "a\nbc\n" }
+        ];
+    }
+    function test_line_ends(row) {
+        openSkill(row.text);
+        textArea().forceActiveFocus();
+        textArea().cursorPosition = row.position;
+        keyClick(Qt.Key_Backspace);
+        save();
+        verifyStored(row.left);
+        undo();
+        save();
+        verifyStored(row.text);
+    }
+
+    function test_cut_and_paste() {
+        openSkill("Prix\u00a0: 3\u202f000\r\n\u2028fin\r\n");
+        textArea().forceActiveFocus();
+        for (const key of [Qt.Key_A, Qt.Key_X])
+            keyClick(key, Qt.ControlModifier);
+        verify(shows("MODIFIÉ"));
+        awaitText("0 caractères");
+        keyClick(Qt.Key_V, Qt.ControlModifier);
+        verify(shows("ENREGISTRÉ"));
+    }
+
+    function test_new_lines() {
+        openSkill("un\r\ndeux\r\n");
+        typeAt(2, "");
+        keyClick(Qt.Key_Return);
+        keyClick(Qt.Key_Return, Qt.ShiftModifier);
+        save();
+        verifyStored("un\r\n\r\n\r\ndeux\r\n");
+    }
+
+    function test_state_of_the_draft() {
+        openSkill("texte");
+        for (const text of ["Arborescence", "MARKDOWN", "5 caractères", "CATÉGORIE"])
+            verify(shows(text), text);
+        verify(!control("Enregistrer").enabled);
+        verify(!shows("Modifications non enregistrées"));
+        typeAt(5, "s");
+        verify(shows("MODIFIÉ") && shows("Modifications non enregistrées"));
+        awaitText("6 caractères");
+        fixture.holdWorkspace();
+        fixture.model.reload();
+        verify(shows("Opération en cours"));
+        fixture.releaseWorkspace();
+        settle();
+        function typeOnce() {
+            fixture.model.isWorkingChanged.disconnect(typeOnce);
+            textArea().insert(0, "!");
+        }
+        fixture.model.isWorkingChanged.connect(typeOnce); // while the save runs
+        click("Enregistrer");
+        awaitText("ENREGISTRÉE");
+        settle();
+        verify(shows("MODIFIÉ"), "what was typed meanwhile isn't saved");
+        verifyStored("textes");
+        textArea().forceActiveFocus();
+        undo();
+        verify(shows("ENREGISTRÉ"));
+    }
+
+    function test_leaving_asks() {
+        openSkill("texte");
+        typeAt(0, "x");
+        keyClick(Qt.Key_Escape);
+        awaitText("Enregistrer les modifications\u00a0?");
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !shows("Ne pas enregistrer"));
+        compare(textArea().text, "xtexte");
+
+        click("Corbeille");
+        awaitText("Ne pas enregistrer");
+        tryVerify(() => all("Enregistrer").some(button => button.activeFocus), 1000, "the safe way has the keyboard");
+        click("Annuler");
+        tryVerify(() => !shows("Annuler"));
+        verify(shows("MODIFIÉ"));
+
+        click("Retour à la bibliothèque");
+        tryVerify(() => all("Enregistrer").some(button => button.activeFocus));
+        keyClick(Qt.Key_Return);
+        awaitText("ENREGISTRÉE");
+        tryVerify(() => !shows("INSTRUCTIONS"));
+        verifyStored("xtexte");
+    }
+
+    function test_leaving_without_saving() {
+        openSkill("texte");
+        typeAt(0, "x");
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        awaitText("Ne pas enregistrer");
+        click("Ne pas enregistrer");
+        awaitText("Le nom est requis.");
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !shows("Le nom est requis."));
+        compare(textArea().text, "texte");
+        textArea().forceActiveFocus();
+        undo();
+        compare(textArea().text, "xtexte", "even what was given up can be brought back");
+        undo();
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !shows("INSTRUCTIONS"));
+        verifyStored("texte");
+    }
+
+    function test_closing_the_window_asks() {
+        fixture.fillLibrary(["audit"]);
+        const window = windows.createObject(null);
+        tryVerify(() => window.active && fixture.model.phase.name === AppStates.PhaseName.ready);
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        root = window.contentItem;
+        awaitText("INSTRUCTIONS");
+        textArea().insert(0, "x");
+        window.close();
+        verify(window.visible);
+        awaitText("Ne pas enregistrer");
+        all("Ne pas enregistrer")[0].clicked();
+        tryVerify(() => !window.visible);
+        window.destroy();
+        root = null;
+        wait(0);
+    }
+
+    function test_stale_revision() {
+        openSkill("texte");
+        typeAt(0, "x");
+        verify(fixture.saveElsewhere("audit", "autre"));
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici.");
+        verify(fixture.model.errorMessage !== "");
+        click("Fermer");
+        compare(textArea().text, "xtexte");
+        click("Copier le texte");
+        compare(fixture.clipboard(), "xtexte");
+        click("Recharger");
+        tryCompare(textArea(), "text", "autre");
+        verify(!shows("Recharger") && shows("ENREGISTRÉ"));
+        textArea().forceActiveFocus();
+        undo();
+        compare(textArea().text, "xtexte", "what was edited can be brought back");
+        save();
+        verifyStored("xtexte");
+    }
+
+    function test_changes_elsewhere() {
+        openSkill("texte");
+        verify(fixture.saveElsewhere("audit", "autre"));
+        click("Actualiser");
+        tryCompare(textArea(), "text", "autre", 5000, "without edits, the new text is shown");
+        typeAt(0, "x");
+        click("Actualiser");
+        settle();
+        verify(!shows("Recharger"));
+        verify(fixture.saveElsewhere("audit", "encore"));
+        click("Actualiser");
+        awaitText("Recharger");
+        compare(textArea().text, "xautre");
+
+        fixture.remove("workspace/skills/audit");
+        click("Actualiser");
+        awaitText("Cette compétence n’est plus dans la bibliothèque. Votre texte est encore ici.");
+        verify(!shows("Recharger") && shows("Copier le texte"));
+    }
+
+    function test_category_keeps_the_draft() {
+        openSkill("texte");
+        typeAt(0, "x");
+        click("Catégorie, Autre");
+        awaitText("Design");
+        click("Design");
+        awaitText("CATÉGORIE MODIFIÉE");
+        awaitText("Catégorie, Design");
+        settle();
+        compare(textArea().text, "xtexte");
+        verify(shows("MODIFIÉ"));
+        save();
+        verifyStored("xtexte");
+    }
+
+    function test_failed_copy_keeps_saving_possible() {
+        openSkill("texte");
+        fixture.remove("codex");
+        fixture.write("codex", "un fichier à la place du dossier");
+        typeAt(0, "x");
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        tryVerify(() => fixture.model.errorMessage !== "");
+        awaitText("ENREGISTRÉ");
+        compare(fixture.bytes(file), fixture.bytesOfText("xtexte"));
+        fixture.remove("codex");
+        typeAt(0, "y");
+        save();
+        verifyStored("yxtexte");
+    }
+
+    function test_drift_is_shown_before_it_is_replaced() {
+        openSkill("un\ndeux\n");
+        fixture.write("claude/audit/SKILL.md", "un\nDEUX\n");
+        fixture.write("claude/audit/notes/idee.md", "idée\n");
+        click("Actualiser");
+        awaitText("Claude, copie modifiée");
+        verify(shows("Codex, à jour"));
+        all("Synchroniser")[0].clicked();
+        awaitText("Différences avec les copies");
+        awaitText("deux");
+        verify(shows("DEUX") && shows("SKILL.md, modifié, Claude"));
+        keyClick(Qt.Key_Down);
+        awaitText("idée");
+        verify(all("notes/idee.md, ajouté, Claude").length === 1);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !shows("idée"));
+        compare(fixture.bytes("claude/audit/SKILL.md"), fixture.bytesOfText("un\nDEUX\n"), "nothing is replaced");
+
+        typeAt(0, "x");
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("Différences avec les copies");
+        for (let stop = 0; stop < 3; ++stop)
+            keyClick(Qt.Key_Tab); // over the lines and the way back
+        keyClick(Qt.Key_Return);
+        awaitText("ENREGISTRÉE");
+        awaitText("Claude, à jour");
+        verifyStored("xun\ndeux\n");
+    }
+
+    function test_files() {
+        fixture.fillLibrary(["audit"]);
+        fixture.write("workspace/skills/audit/docs/guide.txt", "Bonjour\u00a0!\n");
+        fixture.write("workspace/skills/audit/docs/vide.bin", "a\u0000b");
+        fixture.writePicture("workspace/skills/audit/image.png", Qt.size(40, 30));
+        open();
+        awaitText("Bibliothèque");
+        settle();
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        awaitText("guide.txt");
+        click("guide.txt");
+        awaitText("Fichier associé à cette compétence.");
+        awaitText("11 octets".replace(" ", "\u00a0"));
+        const content = control("Contenu de docs/guide.txt");
+        verify(content.readOnly);
+        content.forceActiveFocus();
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        keyClick(Qt.Key_C, Qt.ControlModifier);
+        compare(fixture.clipboard(), "Bonjour\u00a0!\n");
+        click("vide.bin");
+        awaitText("Ce fichier n’est pas un texte.");
+        click("image.png");
+        awaitText("Image image.png");
+        click("docs");
+        tryVerify(() => !shows("guide.txt"));
+        keyClick(Qt.Key_Right);
+        awaitText("guide.txt");
+        keyClick(Qt.Key_Left);
+        tryVerify(() => !shows("guide.txt"));
+        click("SKILL.md");
+        awaitText("Instructions de la compétence");
+    }
+
+    function test_find() {
+        openSkill("Un mot, un autre MOT.\nEt un mot.\n");
+        typeAt(0, "");
+        keyClick(Qt.Key_F, Qt.ControlModifier);
+        const field = control("Rechercher dans le texte");
+        verify(field.activeFocus);
+        type("mot");
+        awaitText("3 résultats");
+        compare(textArea().selectionStart, 3);
+        for (const place of [17, 28, 3]) {
+            keyClick(Qt.Key_Return);
+            compare(textArea().selectionStart, place);
+        }
+        keyClick(Qt.Key_Return, Qt.ShiftModifier);
+        compare(textArea().selectionStart, 28);
+        type("x");
+        awaitText("Aucun résultat");
+        keyClick(Qt.Key_Escape);
+        verify(textArea().activeFocus && !shows("Aucun résultat"));
+        verify(shows("INSTRUCTIONS"), "Esc closes one thing at a time");
+    }
+
+    function test_trash() {
+        openSkill("texte");
+        click("Plus d’actions");
+        awaitText("Placer dans la corbeille");
+        click("Placer dans la corbeille");
+        awaitText("Placer « audit » dans la corbeille ?");
+        verify(shows("Vous pourrez restaurer cette compétence depuis la corbeille."));
+        keyClick(Qt.Key_Return);
+        tryVerify(() => !shows("Annuler"));
+        verify(shows("INSTRUCTIONS"), "the way back has the keyboard");
+        click("Plus d’actions");
+        click("Placer dans la corbeille");
+        awaitText("Annuler");
+        click("Placer dans la corbeille");
+        awaitText("CORBEILLE");
+        tryVerify(() => !shows("INSTRUCTIONS"));
+    }
+}
