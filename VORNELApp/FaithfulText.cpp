@@ -102,7 +102,8 @@ QString FaithfulText::text() const
 
 bool FaithfulText::differsFrom(const QString &text) const
 {
-    const qsizetype shownLength = text.size() - text.startsWith(QChar::ByteOrderMark) - text.count(u"\r\n"_s);
+    const qsizetype shownLength =
+        text.size() - (text.startsWith(QChar::ByteOrderMark) ? 1 : 0) - text.count(u"\r\n"_s);
     return m_document->characterCount() - 1 != shownLength || this->text() != text;
 }
 

@@ -39,6 +39,8 @@ QRectF PlainTextLayout::blockBoundingRect(const QTextBlock &block) const
 
 void PlainTextLayout::documentChanged(int from, int /*charsRemoved*/, int charsAdded)
 {
+    if (document()->textWidth() <= 0)
+        return; // the item has no size yet
     m_lineHeight = std::ceil(QFontMetricsF(document()->defaultFont()).lineSpacing());
     const QTextBlock end = document()->findBlock(from + charsAdded).next();
     for (QTextBlock block = document()->findBlock(from); block.isValid() && block != end; block = block.next()) {

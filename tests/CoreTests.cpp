@@ -5,6 +5,7 @@
 #include <VORNELCore/LocaleText.h>
 #include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Wording.h>
 #include <VORNELCore/WorkspaceValidation.h>
 #include <VORNELInfrastructure/CategoryRules.h>
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
@@ -13,6 +14,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QTextBoundaryFinder>
 
 #include <limits>
 
@@ -191,9 +193,25 @@ TEST(Text, IsFoldedAndOrderedAsAReaderExpects)
     }
     EXPECT_LT(LocaleText::standardCompare(u"skill 9"_s, u"Skill 10"_s), 0);
     EXPECT_LT(LocaleText::standardCompare(u"été"_s, u"Zèbre"_s), 0);
-    EXPECT_EQ(LocaleText::characterCount(u"e\u0301👩‍👧"_s), 2);
+    const QStringList texts{
+        u"e\u0301👩‍👧"_s, u"l’été\r\nà\u0300\n\r"_s, u"\u0600a🇫🇷🇫🇷©\u200D®"_s, u"각ก็\u0301"_s, {}};
+    for (const QString &text : texts) {
+        QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+        int count = 0;
+        while (finder.toNextBoundary() != -1)
+            ++count;
+        EXPECT_EQ(LocaleText::characterCount(text), count) << text.toStdString();
+    }
     EXPECT_EQ(SkillText::normalizedTags({u" Foo"_s, u"foo"_s, u" "_s, u"Bar"_s}),
               (QStringList{u"bar"_s, u"foo"_s}));
+}
+
+TEST(Text, WordsSizes)
+{
+    EXPECT_EQ(Wording::fileSize(1), u"1\u00A0octet"_s);
+    EXPECT_EQ(Wording::fileSize(999), u"999\u00A0octets"_s);
+    EXPECT_EQ(Wording::fileSize(1'440), u"1,4\u00A0ko"_s);
+    EXPECT_EQ(Wording::fileSize(26'214'400), u"26,2\u00A0Mo"_s);
 }
 
 TEST(Text, YieldsTheMetadataOfASkill)
