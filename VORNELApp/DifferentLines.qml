@@ -30,7 +30,7 @@ Surface {
         T.ScrollBar.vertical: ScrollRail {}
 
         delegate: DifferentLine {
-            width: view.width
+            width: view.width - Metrics.medium
         }
     }
     Label {

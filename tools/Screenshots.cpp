@@ -20,6 +20,7 @@
 #include <fstream>
 #include <map>
 #include <optional>
+#include <sstream>
 #include <string>
 
 Q_IMPORT_QML_PLUGIN(VORNELAppPlugin)
@@ -219,6 +220,18 @@ void open(Stage &stage, const QString &slug)
     rest();
 }
 
+/// Edits both assistants' copies of a skill, as an assistant would.
+void editCopies(const Stage &stage)
+{
+    const fs::path copy = stage.path("claude/audit-accessibilite");
+    std::stringstream text;
+    text << std::ifstream(copy / "SKILL.md").rdbuf();
+    const QString edited = QString::fromStdString(text.str()).replace(u"## "_s, u"## Étape\u00A0: "_s);
+    std::ofstream(copy / "SKILL.md") << edited.toStdString();
+    std::ofstream(copy / "exemples.md") << "# Exemples\n";
+    fs::remove_all(stage.path("codex/audit-accessibilite/references"));
+}
+
 void photographEditor(Photographer &photographer, Stage &stage)
 {
     AppModel &model = stage.model();
@@ -241,11 +254,9 @@ void photographEditor(Photographer &photographer, Stage &stage)
     photographer.take(u"editor-image"_s);
     model.closeSkill();
 
-    std::ofstream(stage.path("claude/revue-de-securite/SKILL.md"), std::ios::app)
-        << "\nAjout fait sur place.\n";
-    fs::remove_all(stage.path("codex/revue-de-securite/references"));
+    editCopies(stage);
     model.reload();
-    open(stage, u"revue-de-securite"_s);
+    open(stage, u"audit-accessibilite"_s);
     photographer.take(u"editor-drifted"_s);
     photographer.click(u"Synchroniser"_s);
     rest();
