@@ -4,24 +4,64 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** What the assistants' copies hold that VORNEL's doesn't, before it is replaced. */
+/** Stands before whatever replaces the assistants' copies: shows what they hold that VORNEL's doesn't. */
 Sheet {
     id: sheet
 
     required property AppModel model
     required property SkillCopies copies
-    property string acceptText: "Synchroniser"
-
-    /** The copies may be replaced. */
-    signal accepted
 
     readonly property real bodyHeight: Math.max(200, parent.height - 340)
+    property string acceptText
+
+    /** What replaces the copies, while it waits for a look at them or for the user. */
+    property var action
+
+    /** The copies are to stay as they are. */
+    signal declined
+
+    /** Runs `action` once the copies have been looked at, and the user has agreed where one has edits of its own. */
+    function replaceCopies(acceptText: string, action: var): void {
+        sheet.acceptText = acceptText;
+        sheet.action = action;
+        copies.check();
+    }
+
+    /** Opens in any case. */
+    function show(acceptText: string, action: var): void {
+        sheet.acceptText = acceptText;
+        sheet.action = action;
+        open();
+    }
+    function act(): void {
+        const accepted = action;
+        action = undefined;
+        accepted();
+    }
 
     implicitWidth: Math.min(1040, parent.width - 2 * Metrics.page)
     title: "Différences avec les copies"
+    onAboutToHide: {
+        if (action !== undefined)
+            declined();
+        action = undefined;
+    }
     onAboutToShow: {
         files.currentIndex = 0;
         files.show();
+    }
+
+    Connections {
+        function onChecked() {
+            if (sheet.action === undefined)
+                return;
+            if (sheet.copies.hasDrifted)
+                sheet.open();
+            else
+                sheet.act();
+        }
+
+        target: sheet.copies
     }
 
     Label {
@@ -84,7 +124,7 @@ Sheet {
             symbol: "refresh-cw"
             text: sheet.acceptText
             onClicked: {
-                sheet.accepted();
+                sheet.act();
                 sheet.close();
             }
         }

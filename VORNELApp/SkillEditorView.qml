@@ -16,9 +16,6 @@ FocusScope {
     readonly property SkillDraft draft: instructions.draft
     property string selectedFile: "SKILL.md"
 
-    /** What is done once the copies have been looked at; nothing while none waits. */
-    property var intention
-
     function find(): void {
         if (instructions.visible)
             instructions.find();
@@ -26,23 +23,11 @@ FocusScope {
             file.find();
     }
     function synchronize(): void {
-        replaceCopies("Synchroniser", () => model.synchronizeSelectedSkill());
+        differences.replaceCopies("Synchroniser", () => model.synchronizeSelectedSkill());
     }
     function save(): void {
         if (draft.isModified && !model.isWorking)
-            replaceCopies("Enregistrer", () => draft.save());
-    }
-
-    /** Runs `action`, which replaces the copies, unless one has edits of its own: these are shown first. */
-    function replaceCopies(acceptText: string, action: var): void {
-        differences.acceptText = acceptText;
-        intention = action;
-        copies.check();
-    }
-    function act(): void {
-        const action = intention;
-        intention = undefined;
-        action();
+            differences.replaceCopies("Enregistrer", () => draft.save());
     }
 
     onSkillIDChanged: selectedFile = "SKILL.md"
@@ -51,21 +36,18 @@ FocusScope {
         id: copies
 
         model: editor.model
-        onChecked: {
-            if (editor.intention === undefined)
-                return;
-            if (copies.hasDrifted)
-                differences.open();
-            else
-                editor.act();
-        }
     }
     Connections {
         function onSaveFailed() {
             editor.model.departure.stay();
         }
         function onSaved() {
-            editor.model.departure.resume();
+            if (unsaved.opened)
+                return; // the user is being asked
+            if (editor.draft.isModified)
+                editor.model.departure.stay(); // something was typed meanwhile
+            else
+                editor.model.departure.resume();
         }
 
         target: editor.draft
@@ -107,11 +89,7 @@ FocusScope {
         anchors.topMargin: Metrics.medium
         copies: copies
         model: editor.model
-        onDetailsAsked: {
-            differences.acceptText = "Synchroniser";
-            editor.intention = () => editor.model.synchronizeSelectedSkill();
-            differences.open();
-        }
+        onDetailsAsked: differences.show("Synchroniser", () => editor.model.synchronizeSelectedSkill())
     }
     StaleNotice {
         id: notice
@@ -183,12 +161,7 @@ FocusScope {
 
         copies: copies
         model: editor.model
-        onAboutToHide: {
-            if (editor.intention !== undefined)
-                editor.model.departure.stay();
-            editor.intention = undefined;
-        }
-        onAccepted: editor.act()
+        onDeclined: editor.model.departure.stay()
     }
     UnsavedSheet {
         id: unsaved
