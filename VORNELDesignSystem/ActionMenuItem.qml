@@ -7,6 +7,7 @@ T.MenuItem {
     id: item
 
     property string symbol
+    property color symbolColor: foreground
     property bool isDestructive: false
 
     readonly property color foreground: !enabled ? Colors.muted : isDestructive ? Colors.danger : Colors.text
@@ -28,7 +29,7 @@ T.MenuItem {
 
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
-            color: item.foreground
+            color: item.symbolColor
             height: Metrics.symbol
             name: item.symbol
             visible: item.symbol !== ""
