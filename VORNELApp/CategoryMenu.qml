@@ -4,28 +4,31 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The categories to choose from, the current one checked. */
+/** The categories to choose one from, the current one checked. */
 ActionMenu {
     id: choices
 
-    required property var categories
+    required property AppModel model
     property string currentID
 
     signal chosen(id: string)
 
     Instantiator {
-        model: choices.categories
+        model: CategoryListModel {
+            model: choices.model
+        }
+
+        ActionMenuItem {
+            required property categoryEntry record
+
+            checked: record.category.id === choices.currentID
+            symbol: CategoryVisuals.symbol(record.category.id)
+            symbolColor: CategoryVisuals.hue(record.category.colorHex)
+            text: record.category.name
+            onTriggered: choices.chosen(record.category.id)
+        }
+
         onObjectAdded: (index, object) => choices.insertItem(index, object)
         onObjectRemoved: (index, object) => choices.removeItem(object)
-
-        delegate: ActionMenuItem {
-            required property skillCategory modelData
-
-            checked: modelData.id === choices.currentID
-            symbol: CategoryVisuals.symbol(modelData.id)
-            symbolColor: CategoryVisuals.hue(modelData.colorHex)
-            text: modelData.name
-            onTriggered: choices.chosen(modelData.id)
-        }
     }
 }

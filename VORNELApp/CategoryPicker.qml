@@ -41,8 +41,8 @@ Row {
         CategoryMenu {
             id: menu
 
-            categories: picker.model.overview?.categories ?? []
             currentID: picker.category.id
+            model: picker.model
             onChosen: id => {
                 if (id !== picker.category.id)
                     picker.model.assignSelectedSkill(id);

@@ -1,19 +1,43 @@
 import QtQuick
 import VORNELApp
 
-/** The skills that pass the search. */
-SkillList {
-    id: library
+/** The library. It is made while the window already draws, and answers, without it. */
+FocusScope {
+    id: view
 
     required property AppModel model
 
-    emptySymbol: "layout-grid"
-    emptyTitle: model.searchText === "" ? "Aucune compétence" : "Aucun résultat"
-    title: "Compétences"
-    onChosen: id => model.selectSkill(id)
+    signal creationAsked
 
-    skills: SkillListModel {
-        destination: AppStates.Destination.library
-        model: library.model
+    Connections {
+        function onAfterAnimating() {
+            start.start();
+        }
+
+        enabled: screen.item === null
+        target: view.Window.window
+    }
+    Timer {
+        id: start
+
+        interval: 0 // once the frame is under way
+        onTriggered: screen.make()
+    }
+    Connections {
+        function onCreationAsked() {
+            view.creationAsked();
+        }
+
+        target: screen.item as LibraryScreen
+    }
+    DeferredItem {
+        id: screen
+
+        anchors.fill: parent
+        file: "LibraryScreen.qml"
+        focus: true
+        properties: ({ model: view.model })
+        visible: true
+        onLoaded: item.focus = true
     }
 }

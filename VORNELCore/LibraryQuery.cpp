@@ -116,7 +116,7 @@ SkillPage LibraryIndex::skillPage(const LibraryQuery::Filter &filter, qint64 req
     const Pagination pagination(ordered.size(), Pagination::defaultPageSize, requestedPage);
     const auto [begin, end] = pagination.itemRange();
     const Positions shown = ordered.sliced(begin, end - begin);
-    return {pagination, skillsAt(shown), groups(shown, ordered)};
+    return {pagination, skillsAt(shown), groups(shown, ordered), ungroupedCount(ordered)};
 }
 
 /// The positions of the skills that pass the filter, in the library's order.
@@ -156,6 +156,12 @@ QList<SkillGroup> LibraryIndex::groups(const Positions &shown, const Positions &
     groups.removeLast();
     groups.removeIf([](const SkillGroup &group) { return group.skills.isEmpty(); });
     return groups;
+}
+
+qint64 LibraryIndex::ungroupedCount(const Positions &positions) const
+{
+    return std::ranges::count(positions, m_categories.size(),
+                              [this](qsizetype position) { return m_ranks.at(position); });
 }
 
 } // namespace vornel

@@ -52,11 +52,13 @@ struct SkillPage
     Q_PROPERTY(vornel::Pagination pagination MEMBER pagination)
     Q_PROPERTY(QList<vornel::SkillSummary> skills MEMBER skills)
     Q_PROPERTY(QList<vornel::SkillGroup> groups MEMBER groups)
+    Q_PROPERTY(qint64 ungroupedCount MEMBER ungroupedCount)
 
 public:
     Pagination pagination;
     QList<SkillSummary> skills;
-    QList<SkillGroup> groups; ///< in the catalog's order; skills of unknown categories are in none
+    QList<SkillGroup> groups;  ///< in the catalog's order; skills of unknown categories are in none
+    qint64 ungroupedCount = 0; ///< the skills of unknown categories on all pages
 
     bool operator==(const SkillPage &) const = default;
 };
@@ -86,6 +88,7 @@ private:
     Positions matching(const LibraryQuery::Filter &filter) const;
     QList<SkillSummary> skillsAt(const Positions &positions) const;
     QList<SkillGroup> groups(const Positions &shown, const Positions &ordered) const;
+    qint64 ungroupedCount(const Positions &positions) const;
 
     QList<SkillSummary> m_skills;
     QList<SkillCategory> m_categories;

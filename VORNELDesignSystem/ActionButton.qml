@@ -3,7 +3,8 @@ import QtQuick.Templates as T
 
 /**
  * A button. A screen has at most one primary action; a destructive one can't be undone. With `isCompact`,
- * only the symbol is shown, and the text is its name for assistive tools and its tool tip.
+ * only the symbol is shown, and the text is its name for assistive tools and its tool tip. With `isFlat`, a quiet
+ * one has no surface until the pointer is over it; nor has a compact one.
  */
 T.Button {
     id: control
@@ -14,7 +15,7 @@ T.Button {
     property string symbol
     property bool isSymbolTrailing: false
     property bool isCompact: false
-
+    property bool isFlat: isCompact
     property color symbolColor: foreground
 
     readonly property color foreground: {
@@ -32,7 +33,7 @@ T.Button {
         }
         if (role === ActionButton.Destructive)
             return Qt.alpha(Colors.danger, !enabled ? 0 : down ? 0.28 : hovered ? 0.2 : 0.12);
-        return down ? Colors.line : hovered ? Colors.hover : isCompact ? "transparent" : Colors.raised;
+        return down ? Colors.line : hovered ? Colors.hover : isFlat ? "transparent" : Colors.raised;
     }
 
     implicitWidth: isCompact ? implicitHeight : implicitContentWidth + leftPadding + rightPadding
@@ -51,7 +52,7 @@ T.Button {
     Keys.onReturnPressed: clicked()
 
     background: Rectangle {
-        border.color: control.role === ActionButton.Quiet && !control.isCompact ? Colors.line : "transparent"
+        border.color: control.role === ActionButton.Quiet && !control.isFlat ? Colors.line : "transparent"
         border.width: Metrics.hairline
         color: control.fill
         radius: Metrics.controlRadius

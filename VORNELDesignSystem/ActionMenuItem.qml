@@ -7,8 +7,8 @@ T.MenuItem {
     id: item
 
     property string symbol
-    property bool isDestructive: false
     property color symbolColor: foreground
+    property bool isDestructive: false
 
     readonly property color foreground: !enabled ? Colors.muted : isDestructive ? Colors.danger : Colors.text
 

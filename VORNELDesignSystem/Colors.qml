@@ -37,4 +37,21 @@ QtObject {
     function tint(color: color): color {
         return Qt.rgba(color.r, color.g, color.b, 0.14);
     }
+
+    /** A colour with just as much white as text of it needs to be read on every surface. */
+    function legible(color: color): color {
+        const darkest = 0.28; // 4.5 times as light as the lightest surface
+        const luminance = 0.2126 * linear(color.r) + 0.7152 * linear(color.g) + 0.0722 * linear(color.b);
+        if (luminance >= darkest)
+            return color;
+        const white = (darkest - luminance) / (1 - luminance);
+        return Qt.rgba(whitened(color.r, white), whitened(color.g, white), whitened(color.b, white), 1);
+    }
+    function whitened(component: real, white: real): real {
+        const light = linear(component) * (1 - white) + white;
+        return light <= 0.0031308 ? light * 12.92 : 1.055 * Math.pow(light, 1 / 2.4) - 0.055;
+    }
+    function linear(component: real): real {
+        return component <= 0.04045 ? component / 12.92 : Math.pow((component + 0.055) / 1.055, 2.4);
+    }
 }

@@ -11,5 +11,5 @@ Rectangle {
     border.width: Metrics.focusWidth
     color: "transparent"
     radius: Metrics.controlRadius + 2 * Metrics.focusWidth
-    visible: control.activeFocus && control.focusReason !== Qt.MouseFocusReason
+    visible: control !== null && control.activeFocus && control.focusReason !== Qt.MouseFocusReason
 }

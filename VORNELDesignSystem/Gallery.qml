@@ -113,6 +113,11 @@ Rectangle {
                     text: "Symbole après"
                 }
                 ActionButton {
+                    isFlat: true
+                    symbol: "x"
+                    text: "Sans surface"
+                }
+                ActionButton {
                     isCompact: true
                     symbol: "rotate-cw"
                     text: "Symbole seul"
@@ -245,6 +250,10 @@ Rectangle {
                 }
                 Tag {
                     text: "un mot-clé bien trop long pour sa place"
+                }
+                TagRow {
+                    tags: ["atelier", "maquette", "interface", "animation"]
+                    width: 240
                 }
                 CapsuleMessage {
                     text: "ENREGISTRÉE"

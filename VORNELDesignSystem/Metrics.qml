@@ -21,4 +21,7 @@ QtObject {
     readonly property int symbol: 18
     readonly property int largeSymbol: 40
     readonly property int sidebarWidth: 216
+    readonly property int railWidth: 208
+    readonly property int cardWidth: 264
+    readonly property int cardHeight: 164
 }

@@ -14,5 +14,10 @@ QtObject {
     readonly property font control: Qt.font({ family: family, pixelSize: 14, weight: Font.Medium })
     readonly property font small: Qt.font({ family: family, pixelSize: 12 })
     readonly property font label: Qt.font({ family: family, pixelSize: 11, weight: Font.DemiBold, letterSpacing: 1.6 })
+    /** Measures a text of the small type. */
+    readonly property FontMetrics smallMetrics: FontMetrics {
+        font: Typography.small
+    }
+
     readonly property font code: Qt.font({ family: "monospace", pixelSize: 13 })
 }

@@ -66,19 +66,20 @@ class Home:
         return map(statistics.median, zip(*rounds))
 
 
-def key_strokes():
-    """Milliseconds of each key stroke in the search."""
+def milliseconds(benchmark, chosen):
+    """What each of a program's chosen benchmarks takes."""
     output = subprocess.run(
-        [BUILD / "benchmarks/vornel-library-benchmark", "--benchmark_filter=^keyStroke/", "--benchmark_format=json"],
+        [BUILD / "benchmarks" / benchmark, f"--benchmark_filter={chosen}", "--benchmark_format=json"],
         check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
-    return [stroke["real_time"] for stroke in json.loads(output)["benchmarks"]]
+    return [run["real_time"] for run in json.loads(output)["benchmarks"]]
 
 
 def main():
     with tempfile.TemporaryDirectory() as folder:
         used_time, used_memory = Home(Path(folder) / "used", True).ratios()
         new_time, new_memory = Home(Path(folder) / "new", False).ratios()
-    strokes = key_strokes()
+    strokes = milliseconds("vornel-library-benchmark", "^keyStroke/")
+    changes = milliseconds("vornel-screen-benchmark", ".")
 
     rows = [
         ("start to the first frame, library of the demonstration", "the empty window", used_time, 1.5),
@@ -87,6 +88,8 @@ def main():
         ("its peak memory", "the same", new_memory, 2),
         (f"the slowest of {len(strokes)} key strokes in the search, 10,000 skills", f"a frame of {FRAME} ms",
          max(strokes) / FRAME, 1),
+        (f"the slowest of {len(changes)} changes of page, filter or search in its screen, 2,000 skills", "the same",
+         max(changes) / FRAME, 1),
     ]
     print("| work | beside | measured | must reach |")
     print("|---|---|---|---|")

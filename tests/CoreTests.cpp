@@ -231,6 +231,22 @@ TEST(Text, YieldsTheMetadataOfASkill)
               u"Décrivez ici le fonctionnement de cette compétence."_s);
 }
 
+TEST(Wording, TellsAnAgeInItsLargestWholeUnit)
+{
+    const QDateTime now(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC);
+    constexpr qint64 day = 86'400;
+    const std::vector<std::pair<qint64, QString>> ages{
+        {-5, u"à l’instant"_s},           {59, u"à l’instant"_s},         {60, u"il y a 1 minute"_s},
+        {3'599, u"il y a 59 minutes"_s},  {3'600, u"il y a 1 heure"_s},   {day - 1, u"il y a 23 heures"_s},
+        {day, u"il y a 1 jour"_s},        {3 * day, u"il y a 3 jours"_s}, {30 * day, u"il y a 1 mois"_s},
+        {364 * day, u"il y a 12 mois"_s}, {365 * day, u"il y a 1 an"_s},  {900 * day, u"il y a 2 ans"_s},
+    };
+    for (const auto &[seconds, text] : ages)
+        EXPECT_EQ(Wording::age(now.addSecs(-seconds), now), text) << seconds;
+    EXPECT_EQ(Wording::countedSkills(0), u"0 compétence"_s);
+    EXPECT_EQ(Wording::countedSkills(2), u"2 compétences"_s);
+}
+
 TEST(CategoryRules, MakeIdentifiersNamesAndColours)
 {
     using namespace CategoryRules;
@@ -369,6 +385,7 @@ TEST(LibraryQuery, CutsTheOrderedSkillsIntoGroupedPages)
     const SkillPage withUnknown = sampleIndex().skillPage({}, 1);
     EXPECT_EQ(slugs(withUnknown.skills), u"e a b q z"_s);
     EXPECT_EQ(groupsOf(withUnknown), QStringList({u"quality 1/1"_s, u"design 2/2"_s}));
+    EXPECT_EQ(withUnknown.ungroupedCount, 2);
     EXPECT_TRUE(LibraryIndex().skillPage({}, 2) == SkillPage());
 }
 

@@ -6,6 +6,7 @@
 #include <VORNELApp/VORNELApp.h>
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
 
+#include <QCoro/QCoroTask>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -266,27 +267,98 @@ void photographEditor(Photographer &photographer, Stage &stage)
     settle(model);
 }
 
+/// A skill with keywords, which an imported one doesn't have.
+void createSkill(AppModel &model)
+{
+    CreateSkillRequest request;
+    request.slug = u"analyse-de-dependances"_s;
+    request.displayName = u"Analyse de dépendances"_s;
+    request.summary =
+        u"Passe en revue les bibliothèques d’un projet, leurs licences et leurs failles connues, et "
+        "propose les mises à jour dans l’ordre où elles risquent le moins."_s;
+    request.category = u"development"_s;
+    request.tags = QStringList{u"bibliothèques"_s, u"licences"_s, u"mises à jour"_s, u"sécurité"_s};
+    QCoro::waitFor(model.createSkill(request));
+    model.closeSkill();
+}
+
+/// Sorts the imported skills, which have no category yet, into several.
+void sortSkills(AppModel &model)
+{
+    const QList<SkillSummary> skills = model.overview()->skills;
+    const QStringList categories{u"development"_s, u"quality"_s, u"operations"_s, u"knowledge"_s};
+    for (qsizetype number = 0; number < skills.size(); ++number) {
+        model.assignSkills({skills.at(number).id}, categories.at(number % categories.size()));
+        settle(model);
+    }
+    quieten(model);
+}
+
+void photographLibrary(Photographer &photographer, Stage &stage)
+{
+    AppModel &model = stage.model();
+    sortSkills(model);
+    createSkill(model);
+    photographEditor(photographer, stage);
+    fs::remove_all(stage.path("codex") / model.overview()->skills.at(0).slug.toStdString());
+    model.reload();
+    quieten(model);
+    photographer.take(u"library"_s);
+    model.setSelectedCategory(u"quality"_s);
+    photographer.take(u"library-category"_s);
+    model.setSelectedCategory({});
+    photographer.click(u"Sélectionner"_s);
+    const QList<SkillSummary> skills = model.overview()->skills;
+    for (const SkillSummary &skill : skills.mid(0, 3))
+        photographer.click(skill.displayName);
+    photographer.take(u"library-selection"_s);
+    photographer.click(u"Supprimer"_s);
+    photographer.take(u"library-trash"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Terminer la sélection"_s);
+    photographer.click(u"Gérer les catégories"_s);
+    photographer.take(u"categories"_s);
+    photographer.click(u"Nouvelle"_s);
+    photographer.take(u"category-new"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Fermer"_s);
+    model.setSearchText(u"sécurité"_s);
+    photographer.take(u"library-search"_s);
+    model.setSearchText(u"introuvable"_s);
+    model.setSelectedMaturity(Maturity::ready);
+    photographer.take(u"library-no-result"_s);
+    model.setSearchText({});
+    model.setSelectedMaturity({});
+}
+
+void emptyLibrary(AppModel &model)
+{
+    QSet<QUuid> ids;
+    const QList<SkillSummary> skills = model.overview()->skills;
+    for (const SkillSummary &skill : skills)
+        ids.insert(skill.id);
+    model.moveSkillsToTrash(ids);
+    quieten(model);
+}
+
 void photographShell(Photographer &photographer, Stage &stage)
 {
     AppModel &model = stage.model();
     photographer.take(u"library-confirmation"_s);
     quieten(model);
-    photographEditor(photographer, stage);
-    model.setSearchText(u"sécurité"_s);
-    photographer.take(u"library-search"_s);
-    model.setSearchText(u"introuvable"_s);
-    photographer.take(u"library-no-result"_s);
-    model.setSearchText({});
     model.setSelectedDestination(Destination::needsAttention);
     photographer.take(u"attention-empty"_s);
     model.setSelectedDestination(Destination::trash);
     photographer.take(u"trash-empty"_s);
+    model.setSelectedDestination(Destination::library);
+    photographLibrary(photographer, stage);
 
     const QList<SkillSummary> skills = model.overview()->skills;
     fs::remove_all(stage.path("codex") / skills.at(0).slug.toStdString());
     fs::remove_all(stage.path("claude") / skills.at(3).slug.toStdString());
     model.moveSkillsToTrash({skills.at(1).id, skills.at(2).id});
     quieten(model);
+    model.setSelectedDestination(Destination::trash);
     photographer.take(u"trash"_s);
     model.setSelectedDestination(Destination::needsAttention);
     photographer.take(u"attention"_s);
@@ -295,9 +367,11 @@ void photographShell(Photographer &photographer, Stage &stage)
     settle(model);
     photographer.take(u"error"_s);
     model.clearError();
-    photographer.take(u"library"_s);
     photographer.click(u"Nouvelle compétence"_s);
     photographer.take(u"create"_s);
+    photographer.click(u"Annuler"_s);
+    emptyLibrary(model);
+    photographer.take(u"library-empty"_s);
 }
 
 } // namespace

@@ -20,7 +20,8 @@ STORIES = [
 ]
 COLLISIONS = ["relecture-de-code", "revue-de-securite"]
 UNAVAILABLE = "indisponible"
-TAB, RETURN, ESCAPE, LEFT, RIGHT, DOWN, SPACE = 0xFF09, 0xFF0D, 0xFF1B, 0xFF51, 0xFF53, 0xFF54, 0x20
+TAB, RETURN, ESCAPE, SPACE = 0xFF09, 0xFF0D, 0xFF1B, 0x20
+HOME, LEFT, RIGHT, DOWN, END = 0xFF50, 0xFF51, 0xFF53, 0xFF54, 0xFF57
 
 
 class Program:
@@ -205,10 +206,15 @@ def shell(program, names):
     program.sees("push button", "Synchroniser", description=UNAVAILABLE)
     program.sees("push button", "Actualiser", "Nouvelle compétence", description="")
     program.sees("list", "Compétences")
-    program.sees("list item", *names)
-    program.wait("a list of no more than the library holds",
-                 lambda nodes: sum(node.role == "list item" for node in nodes) == len(names))
+    half = len(names) // 2
+    program.sees("list item", *names[:half])
+    program.type(END)
+    program.sees("list item", *names[half:])
+    program.wait("no card without a skill",
+                 lambda nodes: nodes and all(node.name in names for node in nodes if node.role == "list item"))
     program.sees_page()
+    program.type(HOME)
+    program.sees("list item", names[0], states={"focused"})
 
 
 def destinations(program):
@@ -222,8 +228,18 @@ def destinations(program):
     skill = program.sees("list item", "Migration SQL")
     skill.act("Press")
     program.sees("push button", "Synchroniser", description="")
+    program.sees("push button", "Enregistrer", description=UNAVAILABLE)
+    program.sees("push button", "Claude, à jour", "Codex, à jour", "Catégorie, Autre", "Retour à la bibliothèque")
+    program.sees("list item", "SKILL.md", "scripts", "verifier-migration.sql")
+    program.sees("label", "ENREGISTRÉ")
     program.sees_page()
+    program.sees("text", "Instructions de la compétence", states={"editable"}).act("SetFocus")
+    program.sees("text", "Instructions de la compétence", states={"focused"})
+    program.type(ord("x"))
+    program.sees("label", "MODIFIÉ", "Modifications non enregistrées")
     program.press("Bibliothèque", "radio button")
+    program.sees("dialog", "Enregistrer les modifications\u00a0?")
+    program.press("Ne pas enregistrer")
     program.sees("push button", "Synchroniser", description=UNAVAILABLE)
 
 

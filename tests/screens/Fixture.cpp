@@ -6,6 +6,9 @@
 #include <QCoro/QCoroTask>
 #include <QGuiApplication>
 #include <QImage>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QQuickWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -78,6 +81,42 @@ void Fixture::fillLibrary(const QStringList &slugs)
         QCoreApplication::processEvents();
     m_model->commitImport();
     restart();
+}
+
+void Fixture::create(const QString &slug, const QString &category, Maturity maturity)
+{
+    CreateSkillRequest request;
+    request.slug = slug;
+    request.displayName = slug;
+    request.summary = u"Résumé de "_s + slug;
+    request.category = category;
+    request.tags = QStringList{u"un mot-clé"_s, u"deux"_s, u"trois"_s, u"quatre"_s};
+    request.maturity = maturity;
+    QCoro::waitFor(m_model->createSkill(request));
+    m_model->closeSkill();
+}
+
+void Fixture::dragOver(QQuickItem *item, const QString &text)
+{
+    QDragLeaveEvent leave; // what is before
+    QCoreApplication::sendEvent(item->window(), &leave);
+    QMimeData data;
+    data.setText(text);
+    const QPoint middle = item->mapToScene(item->boundingRect().center()).toPoint();
+    QDragEnterEvent enter({}, Qt::MoveAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(item->window(), &enter);
+    QDragMoveEvent move(middle, Qt::MoveAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(item->window(), &move);
+}
+
+void Fixture::drop(QQuickItem *item, const QString &text)
+{
+    dragOver(item, text);
+    QMimeData data;
+    data.setText(text);
+    const QPointF middle = item->mapToScene(item->boundingRect().center());
+    QDropEvent drop(middle, Qt::MoveAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(item->window(), &drop);
 }
 
 void Fixture::holdWorkspace()

@@ -5,6 +5,7 @@
 #include <VORNELApp/AppModel.h>
 
 #include <QObject>
+#include <QQuickItem>
 
 namespace vornel {
 
@@ -43,6 +44,13 @@ public:
 
     /// A model whose onboarding is done, with one skill for each slug, opened once.
     Q_INVOKABLE void fillLibrary(const QStringList &slugs);
+
+    /// One more skill, named like its slug, in a category and of a maturity.
+    Q_INVOKABLE void create(const QString &slug, const QString &category, vornel::Maturity maturity);
+
+    /// Holds a dragged text over an item, as the window system does; and lets it go there.
+    Q_INVOKABLE static void dragOver(QQuickItem *item, const QString &text);
+    Q_INVOKABLE static void drop(QQuickItem *item, const QString &text);
 
     /// Locks the workspace, as another program would: operations wait until it is released.
     Q_INVOKABLE void holdWorkspace();

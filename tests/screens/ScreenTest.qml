@@ -53,6 +53,7 @@ TestCase {
     function click(name) {
         const item = control(name);
         verify(item.enabled, name);
+        waitForItemPolished(item.parent);
         mouseClick(item);
     }
     function settle() {

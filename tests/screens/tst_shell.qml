@@ -142,7 +142,7 @@ ScreenTest {
 
     function test_list_by_keyboard() {
         openShell(["audit", "notes", "revue"]);
-        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Right);
         verify(control("notes").highlighted);
         keyClick(Qt.Key_Tab);
         keyClick(Qt.Key_Tab, Qt.ShiftModifier);

@@ -1,0 +1,36 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** Stands in place of the cards: the library is empty, or its filters and the search hide every skill. */
+StateView {
+    id: view
+
+    required property AppModel model
+    required property LibraryPage page
+
+    signal creationAsked
+
+    line: page.isLibraryEmpty ? "Créez la première : vos assistants en recevront chacun une copie." : "Aucune compétence ne correspond à votre recherche et à vos filtres."
+    symbol: page.isLibraryEmpty ? "layout-grid" : "search"
+    title: page.isLibraryEmpty ? "Aucune compétence" : "Aucun résultat"
+
+    ActionButton {
+        enabled: !view.model.isWorking
+        role: ActionButton.Primary
+        symbol: "plus"
+        text: "Créer une compétence"
+        visible: view.page.isLibraryEmpty
+        onClicked: view.creationAsked()
+    }
+    ActionButton {
+        text: "Effacer la recherche"
+        visible: !view.page.isLibraryEmpty && view.model.searchText !== ""
+        onClicked: view.model.searchText = ""
+    }
+    ActionButton {
+        text: "Effacer les filtres"
+        visible: !view.page.isLibraryEmpty && view.page.isFiltered
+        onClicked: view.page.clearFilters()
+    }
+}

@@ -1,0 +1,49 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** Below the cards: the pages and, in selection mode, what can be done with the selected skills. */
+Rectangle {
+    id: footer
+
+    required property AppModel model
+    required property LibraryPage page
+    required property SkillSelection selection
+
+    signal trashAsked
+
+    implicitHeight: 60
+    color: Colors.canvas
+
+    Rectangle {
+        color: Colors.line
+        height: Metrics.hairline
+        width: parent.width
+    }
+    DeferredItem {
+        id: bar
+
+        anchors.left: parent.left
+        anchors.leftMargin: Metrics.huge
+        anchors.right: pages.left
+        anchors.verticalCenter: parent.verticalCenter
+        file: "SelectionBar.qml"
+        isWanted: footer.selection.isSelecting
+        properties: ({ model: footer.model, page: footer.page, selection: footer.selection })
+    }
+    Connections {
+        function onTrashAsked() {
+            footer.trashAsked();
+        }
+
+        target: bar.item as SelectionBar
+    }
+    PageControls {
+        id: pages
+
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.huge
+        anchors.verticalCenter: parent.verticalCenter
+        page: footer.page
+    }
+}

@@ -1,0 +1,139 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** The library as it is used: the skills by category. Ctrl+A selects all that pass the filters, Esc ends the selection. */
+FocusScope {
+    id: library
+
+    required property AppModel model
+
+    signal creationAsked
+
+    readonly property bool hasResults: page.skillCount > 0
+
+    /** Asks for the selected skills or, without any, for this one. */
+    function askToTrash(id: var): void {
+        if (model.isWorking)
+            return;
+        confirmation.make();
+        const question = confirmation.item as TrashConfirmation;
+        if (selection.count > 0)
+            question.askForSelection();
+        else
+            question.askFor(id);
+    }
+    function openCategories(isCreating: bool): void {
+        categories.make();
+        const sheet = categories.item as CategoriesView;
+        sheet.open();
+        if (isCreating)
+            sheet.create();
+    }
+
+    Window.onActiveFocusItemChanged: {
+        const item = Window.activeFocusItem;
+        if (activeFocus && (item === library || !item.visible)) // what had the keyboard is gone
+            grid.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    Keys.onEscapePressed: event => {
+        event.accepted = selection.isSelecting;
+        selection.end();
+    }
+    Keys.onPressed: event => {
+        event.accepted = event.matches(StandardKey.SelectAll);
+        if (event.accepted)
+            selection.selectAll();
+    }
+
+    SkillSelection {
+        id: selection
+
+        model: library.model
+    }
+    LibraryPage {
+        id: page
+
+        columns: grid.columns
+        model: library.model
+        selection: selection
+    }
+    CategoryRail {
+        id: rail
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.top: parent.top
+        model: library.model
+        selection: selection
+        width: Metrics.railWidth
+        onCreationAsked: library.openCategories(true)
+        onManagementAsked: library.openCategories(false)
+    }
+    LibraryHeader {
+        id: header
+
+        anchors.left: rail.right
+        anchors.right: parent.right
+        anchors.top: parent.top
+        model: library.model
+        page: page
+        selection: selection
+        onCreationAsked: library.creationAsked()
+    }
+    SkillGrid {
+        id: grid
+
+        anchors.bottom: footer.top
+        anchors.left: rail.right
+        anchors.right: parent.right
+        anchors.top: header.bottom
+        focus: true
+        model: library.model
+        page: page
+        selection: selection
+        visible: library.hasResults
+        onTrashAsked: id => library.askToTrash(id)
+    }
+    DeferredItem {
+        id: emptiness
+
+        anchors.centerIn: grid
+        file: "LibraryEmptyView.qml"
+        isWanted: !library.hasResults
+        properties: ({ model: library.model, page: page })
+        width: grid.width - 2 * Metrics.huge
+    }
+    Connections {
+        function onCreationAsked() {
+            library.creationAsked();
+        }
+
+        target: emptiness.item as LibraryEmptyView
+    }
+    LibraryFooter {
+        id: footer
+
+        anchors.bottom: parent.bottom
+        anchors.left: rail.right
+        anchors.right: parent.right
+        model: library.model
+        page: page
+        selection: selection
+        visible: library.hasResults || selection.isSelecting
+        onTrashAsked: library.askToTrash()
+    }
+    DeferredItem {
+        id: categories
+
+        file: "CategoriesView.qml"
+        properties: ({ model: library.model })
+    }
+    DeferredItem {
+        id: confirmation
+
+        file: "TrashConfirmation.qml"
+        properties: ({ selection: selection })
+    }
+}

@@ -1,0 +1,47 @@
+import QtQuick
+import QtQuick.Templates as T
+import VORNELApp
+import VORNELDesignSystem
+
+/** One skill of the library. Without a skill at its place, it isn't there. */
+T.ItemDelegate {
+    id: card
+
+    required property int index
+    required property libraryCard record
+    required property bool isSelecting
+    required property int mostTags
+
+    signal selectionAsked
+
+    readonly property skillSummary skill: record.skill
+    readonly property color hue: CategoryVisuals.hue(record.category.colorHex)
+    readonly property color fill: down ? Colors.line : hovered ? Colors.hover : Colors.raised
+
+    implicitHeight: Metrics.cardHeight
+    focusPolicy: Qt.ClickFocus
+    highlighted: activeFocus
+    hoverEnabled: true
+    padding: Metrics.large
+    text: skill.displayName
+    visible: record.isShown
+
+    Accessible.description: `${skill.slug}, ${record.category.name}, ${skill.maturityText}, ${skill.syncStateText}` + (record.isSelected ? ", sélectionnée" : "")
+    Accessible.name: text
+    Accessible.role: Accessible.ListItem
+    Accessible.onPressAction: if (enabled) clicked()
+    Keys.onSpacePressed: selectionAsked() // which would be a click
+
+    background: Rectangle {
+        border.color: card.record.isSelected ? Colors.accent : card.hovered ? Colors.muted : Colors.line
+        border.width: Metrics.hairline
+        color: card.record.isSelected ? Qt.tint(card.fill, Qt.alpha(Colors.accent, 0.08)) : card.fill
+        radius: Metrics.cardRadius
+    }
+    contentItem: SkillCardContent {
+        hue: card.hue
+        isSelecting: card.isSelecting
+        mostTags: card.mostTags
+        record: card.record
+    }
+}

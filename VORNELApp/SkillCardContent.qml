@@ -1,0 +1,91 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** What a card says. Its name speaks for it; the lines are for the eye. */
+Item {
+    id: content
+
+    required property libraryCard record
+    required property color hue
+    required property bool isSelecting
+    required property int mostTags
+
+    readonly property skillSummary skill: record.skill
+
+    component Line: Text {
+        color: Colors.secondary
+        elide: Text.ElideRight
+        font: Typography.small
+        renderType: Text.NativeRendering
+        textFormat: Text.PlainText
+    }
+
+    CategoryTile {
+        id: tile
+
+        hue: content.hue
+        isSelected: content.record.isSelected
+        isSelecting: content.isSelecting
+        symbol: CategoryVisuals.symbol(content.record.category.id)
+    }
+    Line {
+        id: name
+
+        anchors.left: tile.right
+        anchors.leftMargin: Metrics.medium
+        anchors.right: parent.right
+        anchors.top: tile.top
+        color: Colors.text
+        font: Typography.section
+        text: content.skill.displayName
+    }
+    Line {
+        anchors.bottom: tile.bottom
+        anchors.left: name.left
+        anchors.right: parent.right
+        color: content.hue
+        text: content.record.category.name
+    }
+    Line {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: tile.bottom
+        anchors.topMargin: Metrics.medium
+        lineHeight: 1.3
+        maximumLineCount: 2
+        text: content.skill.summary
+        wrapMode: Text.Wrap
+    }
+    TagRow {
+        anchors.bottom: state.top
+        anchors.bottomMargin: Metrics.small + 2
+        most: content.mostTags
+        tags: content.skill.tags
+        width: parent.width
+    }
+    Rectangle {
+        anchors.left: parent.left
+        anchors.verticalCenter: state.verticalCenter
+        color: SyncVisuals.hue(content.record.syncStateNumber)
+        height: 8
+        radius: 4
+        width: 8
+    }
+    Line {
+        id: state
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.leftMargin: Metrics.large
+        text: content.skill.syncStateText
+    }
+    Line {
+        anchors.baseline: state.baseline
+        anchors.left: state.right
+        anchors.leftMargin: Metrics.medium
+        anchors.right: parent.right
+        horizontalAlignment: Text.AlignRight
+        text: `${content.skill.maturityText} · ${content.record.age}`
+    }
+}

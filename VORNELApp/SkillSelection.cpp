@@ -1,0 +1,113 @@
+#include "SkillSelection.h"
+
+#include "DragPayload.h"
+
+#include <utility>
+
+namespace vornel {
+
+namespace {
+
+QSet<QUuid> identifiers(const QList<SkillSummary> &skills)
+{
+    QSet<QUuid> ids;
+    ids.reserve(skills.size());
+    for (const SkillSummary &skill : skills)
+        ids.insert(skill.id);
+    return ids;
+}
+
+} // namespace
+
+SkillSelection::SkillSelection(QObject *parent) : QObject(parent)
+{
+    connect(this, &SkillSelection::modelChanged, this, &SkillSelection::follow);
+    connect(this, &SkillSelection::changed, this, &SkillSelection::compareWithAll);
+}
+
+void SkillSelection::follow()
+{
+    connect(m_model, &AppModel::overviewChanged, this, &SkillSelection::dropMissing);
+    for (const auto changed : {&AppModel::overviewChanged, &AppModel::searchTextChanged,
+                               &AppModel::selectedCategoryChanged, &AppModel::selectedMaturityChanged})
+        connect(m_model, changed, this, &SkillSelection::compareWithAll);
+}
+
+void SkillSelection::toggle(QUuid id)
+{
+    QSet<QUuid> ids = m_ids;
+    if (!ids.remove(id))
+        ids.insert(id);
+    change(true, ids);
+}
+
+void SkillSelection::selectAll()
+{
+    change(true, identifiers(m_model->filteredSkills()));
+}
+
+QString SkillSelection::payload(QUuid id) const
+{
+    return DragPayload::encode(carried(id));
+}
+
+bool SkillSelection::accepts(const QString &text)
+{
+    return !DragPayload::decode({text}).isEmpty();
+}
+
+void SkillSelection::drop(const QString &text, const QString &category)
+{
+    const QSet<QUuid> ids = DragPayload::decode({text});
+    if (!ids.isEmpty())
+        m_model->assignSkills(ids, category);
+}
+
+void SkillSelection::assign(const QString &category)
+{
+    m_model->assignSkills(m_ids, category);
+}
+
+void SkillSelection::trash()
+{
+    m_model->moveSkillsToTrash(m_ids);
+}
+
+void SkillSelection::trashAlone(QUuid id)
+{
+    m_model->moveSkillsToTrash({id});
+}
+
+void SkillSelection::change(bool isSelecting, const QSet<QUuid> &ids)
+{
+    if (isSelecting == m_isSelecting && ids == m_ids)
+        return;
+    m_isSelecting = isSelecting;
+    m_ids = ids;
+    Q_EMIT changed();
+}
+
+void SkillSelection::dropMissing()
+{
+    if (m_ids.isEmpty())
+        return;
+    const auto overview = m_model->overview();
+    const QSet<QUuid> present = overview ? identifiers(overview->skills) : QSet<QUuid>();
+    const QSet<QUuid> kept = m_ids & present;
+    change(!kept.isEmpty(), kept);
+}
+
+void SkillSelection::compareWithAll()
+{
+    const QSet<QUuid> all = m_isSelecting ? identifiers(m_model->filteredSkills()) : QSet<QUuid>();
+    const bool holdsAll = !all.isEmpty() && m_ids.contains(all);
+    if (std::exchange(m_holdsAll, holdsAll) != holdsAll)
+        Q_EMIT holdsAllChanged();
+}
+
+QSet<QUuid> SkillSelection::carried(const QUuid &id) const
+{
+    return m_isSelecting && m_ids.contains(id) ? m_ids : QSet<QUuid>{id};
+}
+
+} // namespace vornel

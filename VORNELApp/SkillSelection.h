@@ -1,0 +1,74 @@
+#pragma once
+
+#include "AppModel.h"
+
+#include <QSet>
+
+namespace vornel {
+
+/// The skills chosen in the library's selection mode, what a dragged card carries, and the actions on either.
+/// Skills that are gone leave the selection; the mode ends with the last of them.
+class SkillSelection : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(vornel::AppModel *model MEMBER m_model NOTIFY modelChanged REQUIRED)
+    Q_PROPERTY(bool isSelecting READ isSelecting NOTIFY changed)
+    Q_PROPERTY(int count READ count NOTIFY changed)
+    Q_PROPERTY(bool holdsAll READ holdsAll NOTIFY holdsAllChanged)
+
+public:
+    explicit SkillSelection(QObject *parent = nullptr);
+
+    bool isSelecting() const { return m_isSelecting; }
+    int count() const { return static_cast<int>(m_ids.size()); }
+    bool contains(const QUuid &id) const { return m_ids.contains(id); }
+
+    /// Whether every skill that passes the filters is selected, and there is one.
+    bool holdsAll() const { return m_holdsAll; }
+
+    Q_INVOKABLE void begin() { change(true, m_ids); }
+    Q_INVOKABLE void end() { change(false, {}); }
+
+    /// Selects the skill or no longer does. Begins the selection mode.
+    Q_INVOKABLE void toggle(QUuid id);
+
+    /// Selects every skill that passes the filters, on all pages. Begins the selection mode.
+    Q_INVOKABLE void selectAll();
+    Q_INVOKABLE void selectNone() { change(m_isSelecting, {}); }
+
+    /// How many skills a card takes along when it is dragged, and the text that tells which.
+    Q_INVOKABLE int carriedCount(QUuid id) const { return static_cast<int>(carried(id).size()); }
+    Q_INVOKABLE QString payload(QUuid id) const;
+
+    /// Whether a dropped text names skills.
+    Q_INVOKABLE static bool accepts(const QString &text);
+
+    /// Puts the skills that a dropped text names into a category. A text that names none does nothing.
+    Q_INVOKABLE void drop(const QString &text, const QString &category);
+
+    /// Puts the selected skills into a category; they stay selected.
+    Q_INVOKABLE void assign(const QString &category);
+
+    Q_INVOKABLE void trash();
+    Q_INVOKABLE void trashAlone(QUuid id);
+
+Q_SIGNALS:
+    void modelChanged();
+    void changed();
+    void holdsAllChanged();
+
+private:
+    void follow();
+    void change(bool isSelecting, const QSet<QUuid> &ids);
+    void dropMissing();
+    void compareWithAll();
+    QSet<QUuid> carried(const QUuid &id) const;
+
+    AppModel *m_model = nullptr;
+    QSet<QUuid> m_ids;
+    bool m_isSelecting = false;
+    bool m_holdsAll = false;
+};
+
+} // namespace vornel
