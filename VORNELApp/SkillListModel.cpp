@@ -10,9 +10,7 @@ SkillListModel::SkillListModel(QObject *parent) : RecordListModel(parent)
 
 void SkillListModel::follow()
 {
-    for (const auto changed : {&AppModel::overviewChanged, &AppModel::searchTextChanged,
-                               &AppModel::selectedCategoryChanged, &AppModel::selectedMaturityChanged})
-        connect(m_model, changed, this, &SkillListModel::refresh);
+    connect(m_model, &AppModel::overviewChanged, this, &SkillListModel::refresh);
     refresh();
 }
 
@@ -24,14 +22,8 @@ void SkillListModel::refresh()
 
 QList<SkillSummary> SkillListModel::skills() const
 {
-    switch (m_destination) {
-    case Destination::library:
-        return m_model->libraryIndex().orderedFilteredSkills(m_model->filter());
-    case Destination::needsAttention:
+    if (m_destination == Destination::needsAttention)
         return m_model->needsAttention();
-    case Destination::trash:
-        break;
-    }
     const auto overview = m_model->overview();
     return overview ? overview->trashedSkills : QList<SkillSummary>();
 }

@@ -5,7 +5,7 @@
 
 namespace vornel {
 
-/// The skills of one destination, kept in step with the application model.
+/// The skills that need attention, or those in the trash, kept in step with the application model.
 class SkillListModel : public RecordListModel<SkillSummary>
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ private:
     QList<SkillSummary> skills() const;
 
     AppModel *m_model = nullptr;
-    Destination m_destination = Destination::library;
+    Destination m_destination = Destination::needsAttention;
 };
 
 } // namespace vornel

@@ -1,12 +1,12 @@
 /// What a key stroke in the search field costs the main thread in a library of 10,000 skills, without the
-/// drawing: the application model takes the text, the index answers, and the list tells its view what
+/// drawing: the application model takes the text, the index answers, and the page tells its view what
 /// changed. It goes unnoticed if it takes less than one frame of the screen, 16 ms. The words are typed
 /// letter by letter; each benchmark's label is the text that stands in the field. A stroke is timed with the
 /// one that takes it back. Making the index comes once after each change of the library.
 
 #include "SampleSkills.h"
 
-#include <VORNELApp/SkillListModel.h>
+#include <VORNELApp/LibraryPage.h>
 
 #include <QCoreApplication>
 #include <QCoro/QCoroTask>
@@ -27,8 +27,11 @@ void keyStroke(benchmark::State &state, const QString &word)
     const auto service = std::make_shared<SampleService>(librarySize);
     AppModel model(service, service, {}, {}, {}, settings);
     QCoro::waitFor(model.start());
-    SkillListModel list;
-    list.setProperty("model", QVariant::fromValue(&model));
+    SkillSelection selection;
+    LibraryPage page;
+    selection.setProperty("model", QVariant::fromValue(&model));
+    page.setProperty("model", QVariant::fromValue(&model));
+    page.setProperty("selection", QVariant::fromValue(&selection));
     const QString before = word.left(state.range(0) - 1);
     const QString after = word.left(state.range(0));
     for (auto _ : state) {
@@ -36,7 +39,7 @@ void keyStroke(benchmark::State &state, const QString &word)
         model.setSearchText(after);
     }
     state.SetLabel(after.toStdString());
-    state.counters["hits"] = list.rowCount();
+    state.counters["hits"] = page.skillCount();
 }
 
 void firstPage(benchmark::State &state)

@@ -80,6 +80,7 @@ def main():
         new_time, new_memory = Home(Path(folder) / "new", False).ratios()
     strokes = milliseconds("vornel-library-benchmark", "^keyStroke/")
     changes = milliseconds("vornel-screen-benchmark", ".")
+    letters = milliseconds("vornel-editor-benchmark", ".")
 
     rows = [
         ("start to the first frame, library of the demonstration", "the empty window", used_time, 1.5),
@@ -90,6 +91,7 @@ def main():
          max(strokes) / FRAME, 1),
         (f"the slowest of {len(changes)} changes of page, filter or search in its screen, 2,000 skills", "the same",
          max(changes) / FRAME, 1),
+        (f"the slowest of {len(letters)} key strokes in the editor, a text of 1 MiB", "the same", max(letters) / FRAME, 1),
     ]
     print("| work | beside | measured | must reach |")
     print("|---|---|---|---|")
