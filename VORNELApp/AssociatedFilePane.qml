@@ -14,6 +14,12 @@ FocusScope {
             findBar.open();
     }
 
+    Keys.onEscapePressed: event => {
+        event.accepted = findBar.visible;
+        if (findBar.visible)
+            findBar.close();
+    }
+
     SkillFileContent {
         id: content
 

@@ -23,7 +23,7 @@ TextPane {
             clipboard.copy(start, end);
             if (isCut)
                 area.remove(start, end);
-        } else if (event.key === Qt.Key_Return && event.modifiers === Qt.ShiftModifier && !area.readOnly) {
+        } else if (event.matches(StandardKey.InsertLineSeparator) && !area.readOnly) {
             area.remove(start, end);
             area.insert(area.cursorPosition, "\n"); // where Qt would write a line separator, U+2028
         } else {

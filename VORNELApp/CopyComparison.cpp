@@ -27,9 +27,10 @@ QString sign(DiffLine::Kind kind)
 
 void CopyComparison::compare(TargetKind target, const QString &path)
 {
-    show({});
     ++m_request;
-    if (!path.isEmpty())
+    const bool isFolder = path.endsWith(u'/'); // which is listed only if empty
+    show({{}, isFolder ? u"Dossier vide."_s : QString()});
+    if (!isFolder)
         read(this, m_model, m_model->selectedSkillID(), target, path, m_request);
 }
 
@@ -39,6 +40,8 @@ QCoro::Task<> CopyComparison::read(QPointer<CopyComparison> self, AppModel *mode
     Result result;
     try {
         const auto canonical = co_await model->inspector().readFile(id, std::nullopt, path);
+        if (self.isNull())
+            co_return;
         const auto copy = co_await model->inspector().readFile(id, target, path);
         result = co_await QtConcurrent::run(difference, canonical.value_or(QByteArray()),
                                             copy.value_or(QByteArray()));

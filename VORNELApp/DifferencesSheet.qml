@@ -53,7 +53,7 @@ Sheet {
 
     Connections {
         function onChecked() {
-            if (sheet.action === undefined)
+            if (sheet.action === undefined || sheet.model.isWorking) // after which it is checked again
                 return;
             if (sheet.copies.hasDrifted)
                 sheet.open();

@@ -60,7 +60,7 @@ RowLayout {
                 isDestructive: true
                 symbol: "trash-2"
                 text: "Placer dans la corbeille"
-                onTriggered: bar.trashAsked()
+                onTriggered: Qt.callLater(bar.trashAsked) // once the menu has given the keyboard back
             }
         }
     }

@@ -57,7 +57,7 @@ QString usualEnd(const QList<Line> &lines)
 
 void FaithfulText::begin(const QString &text)
 {
-    m_isMixed = false;
+    m_ends.clear();
     m_document->setUndoRedoEnabled(false);
     m_document->clear();
     QTextCursor cursor(m_document);
@@ -87,12 +87,11 @@ void FaithfulText::insert(QTextCursor &cursor, const QString &text)
         if (line.end.isEmpty())
             break;
         QTextCharFormat separator;
-        if (line.end != m_usualEnd) {
-            separator.setProperty(lineEndProperty, line.end.toString());
-            m_isMixed = true;
-        }
+        separator.setProperty(lineEndProperty, line.end.toString());
         cursor.insertBlock(QTextBlockFormat(), separator);
+        m_ends.insert(line.end.toString());
     }
+    m_ends.insert(m_usualEnd);
 }
 
 QString FaithfulText::text() const
@@ -110,7 +109,7 @@ bool FaithfulText::differsFrom(const QString &text) const
 /// A document's raw text, in which every separator reads alike, with each line's own end.
 QString FaithfulText::withLineEnds(QString raw) const
 {
-    if (!m_isMixed)
+    if (m_ends.size() == 1)
         return m_usualEnd.size() == 1 ? raw.replace(QChar::ParagraphSeparator, m_usualEnd.at(0))
                                       : raw.replace(QChar::ParagraphSeparator, m_usualEnd);
     QString text;

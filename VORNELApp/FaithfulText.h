@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -9,9 +10,8 @@ class QTextDocument;
 namespace vornel {
 
 /// The text of a file in a document that is edited: whatever isn't typed stays as it was, to the character.
-/// A document has one kind of line end; so each line end that isn't the file's usual one is remembered with
-/// the document's own separator, where it survives editing, undo and redo. New lines take the usual one, or
-/// that of the line before.
+/// A document has one kind of line end; so that of the file is remembered with the document's own separator,
+/// where it survives editing, undo and redo. New lines take that of the line before, or the file's usual one.
 class FaithfulText
 {
 public:
@@ -36,7 +36,7 @@ private:
     QTextDocument *m_document;
     QString m_mark; ///< a byte-order mark, which isn't shown
     QString m_usualEnd = QStringLiteral("\n");
-    bool m_isMixed = false; ///< whether some line ends are, or were, unusual
+    QSet<QString> m_ends; ///< all kinds that are, or were, in the document
 };
 
 } // namespace vornel

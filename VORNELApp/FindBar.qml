@@ -8,7 +8,10 @@ FocusScope {
 
     required property TextPane pane
 
-    readonly property int hits: visible ? finder.count(field.text) : 0
+    readonly property int hits: {
+        void pane.area.length; // with the text, its places may change
+        return visible ? finder.count(field.text) : 0;
+    }
 
     function open(): void {
         visible = true;

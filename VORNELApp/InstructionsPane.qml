@@ -7,11 +7,18 @@ FocusScope {
     id: pane
 
     required property AppModel model
+    property bool isLocked: false
 
     readonly property SkillDraft draft: draft
 
     function find(): void {
         findBar.open();
+    }
+
+    Keys.onEscapePressed: event => {
+        event.accepted = findBar.visible;
+        if (findBar.visible)
+            findBar.close();
     }
 
     SkillDraft {
@@ -58,5 +65,6 @@ FocusScope {
         focus: true
 
         area.Accessible.name: "Instructions de la compétence"
+        area.readOnly: pane.isLocked
     }
 }

@@ -42,7 +42,7 @@ Item {
         anchors.verticalCenter: clear.verticalCenter
         color: Colors.secondary
         font: Typography.label
-        text: header.model.selectedCategory === "" ? "TOUTES LES CATÉGORIES" : header.page.categoryName.toUpperCase()
+        text: header.model.selectedCategory === "" ? "TOUTES LES CATÉGORIES" : header.page.categoryName
         width: Math.min(implicitWidth, parent.width / 2)
 
         Accessible.name: header.model.selectedCategory === "" ? text : header.page.categoryName

@@ -12,13 +12,13 @@ FocusScope {
 
     readonly property bool hasResults: page.skillCount > 0
 
-    /** Asks for the selected skills or, without any, for this one. */
+    /** Asks for this skill; for a selected one, and without one, for all that are selected. */
     function askToTrash(id: var): void {
         if (model.isWorking)
             return;
         confirmation.make();
         const question = confirmation.item as TrashConfirmation;
-        if (selection.count > 0)
+        if (id === undefined || selection.contains(id))
             question.askForSelection();
         else
             question.askFor(id);

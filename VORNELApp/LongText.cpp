@@ -16,8 +16,8 @@ void LongText::setDocument(QQuickTextDocument *document)
     QTextDocument *text = document->textDocument();
     auto *layout = new PlainTextLayout(text);
     text->setDocumentLayout(layout);
-    // Qt connects the item with the first layout only. Without this, a line that is merely coloured anew isn't
-    // drawn anew.
+    // Qt connects the item with the first layout only. Without this, a line that is merely coloured anew
+    // isn't drawn anew.
     connect(layout, SIGNAL(updateBlock(QTextBlock)), item, SLOT(invalidateBlock(QTextBlock)));
 }
 

@@ -1,8 +1,11 @@
 #include "MarkdownHighlighter.h"
 
 #include <QRegularExpression>
+#include <QTextBlock>
+#include <QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +21,10 @@ QTextCharFormat colored(const QColor &color)
 }
 
 /// A longer line isn't written by hand; looking for spans in it could take for ever.
-constexpr qsizetype longestLine = 4'000;
+constexpr qsizetype longestLine = 1'000;
+
+/// So many lines are coloured within a few milliseconds.
+constexpr int linesInSlice = 400;
 
 /// Looking for a span costs more than seeing that there can be none.
 bool mayHoldSpans(const QString &text)
@@ -35,6 +41,12 @@ bool isFence(const QString &text)
 
 } // namespace
 
+MarkdownHighlighter::MarkdownHighlighter(QObject *parent) : QSyntaxHighlighter(parent)
+{
+    m_turn.setSingleShot(true);
+    connect(&m_turn, &QTimer::timeout, this, &MarkdownHighlighter::goOn);
+}
+
 void MarkdownHighlighter::componentComplete()
 {
     setDocument(m_document->textDocument());
@@ -42,6 +54,8 @@ void MarkdownHighlighter::componentComplete()
 
 void MarkdownHighlighter::highlightBlock(const QString &text)
 {
+    if (!mayGoOn())
+        return; // with its state as it was, which ends this slice
     const int before = previousBlockState();
     const State state = stateAfter(text);
     setCurrentBlockState(state);
@@ -51,6 +65,26 @@ void MarkdownHighlighter::highlightBlock(const QString &text)
         setFormat(0, static_cast<int>(text.size()), colored(m_codeColor));
     else
         highlightProse(text);
+}
+
+/// Whether this line is still part of the slice; if not, the next slice begins with it.
+bool MarkdownHighlighter::mayGoOn()
+{
+    if (!m_turn.isActive()) {
+        m_linesLeft = linesInSlice;
+        m_turn.start();
+    }
+    if (m_linesLeft-- > 0)
+        return true;
+    if (m_rest.isNull())
+        m_rest = QTextCursor(currentBlock());
+    return false;
+}
+
+void MarkdownHighlighter::goOn()
+{
+    if (!m_rest.isNull())
+        rehighlightBlock(std::exchange(m_rest, {}).block());
 }
 
 /// What the line after this one belongs to.

@@ -4,11 +4,13 @@
 #include <QQmlParserStatus>
 #include <QQuickTextDocument>
 #include <QSyntaxHighlighter>
+#include <QTextCursor>
+#include <QTimer>
 
 namespace vornel {
 
 /// Colours the Markdown of a document lightly: headings, emphasis, code, links, and the metadata between two
-/// lines "---" at its beginning.
+/// lines "---" at its beginning. A long document is coloured in slices, between which others have their turn.
 class MarkdownHighlighter : public QSyntaxHighlighter, public QQmlParserStatus
 {
     Q_OBJECT
@@ -21,7 +23,7 @@ class MarkdownHighlighter : public QSyntaxHighlighter, public QQmlParserStatus
     Q_PROPERTY(QColor markColor MEMBER m_markColor)
 
 public:
-    explicit MarkdownHighlighter(QObject *parent = nullptr) : QSyntaxHighlighter(parent) {}
+    explicit MarkdownHighlighter(QObject *parent = nullptr);
 
     void classBegin() override {}
     void componentComplete() override;
@@ -32,6 +34,8 @@ protected:
 private:
     enum State { Prose, Metadata, Fence };
 
+    bool mayGoOn();
+    void goOn();
     State stateAfter(const QString &text) const;
     void highlightMetadata(const QString &text);
     void highlightProse(const QString &text);
@@ -43,6 +47,9 @@ private:
     QColor m_codeColor;
     QColor m_linkColor;
     QColor m_markColor;
+    QTimer m_turn;          ///< runs out when the main thread is free again
+    int m_linesLeft = 0;    ///< that may be coloured before
+    QTextCursor m_rest;     ///< where colouring goes on then; null when all is coloured
 };
 
 } // namespace vornel

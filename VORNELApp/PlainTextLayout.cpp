@@ -10,6 +10,14 @@
 
 namespace vornel {
 
+namespace {
+
+/// Above so many characters, a line is wrapped wherever its room ends: to find a blank in it, Qt would go
+/// through a long word again for each line of it.
+constexpr int longestWrapped = 4'000;
+
+} // namespace
+
 int PlainTextLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy /*accuracy*/) const
 {
     const int lastLine = std::max(0, document()->lineCount() - 1);
@@ -43,7 +51,8 @@ void PlainTextLayout::documentChanged(int from, int /*charsRemoved*/, int charsA
         return; // the item has no size yet
     m_lineHeight = std::ceil(QFontMetricsF(document()->defaultFont()).lineSpacing());
     const QTextBlock end = document()->findBlock(from + charsAdded).next();
-    for (QTextBlock block = document()->findBlock(from); block.isValid() && block != end; block = block.next()) {
+    for (QTextBlock block = document()->findBlock(from); block.isValid() && block != end;
+         block = block.next()) {
         layOut(block);
         Q_EMIT updateBlock(block);
     }
@@ -54,7 +63,10 @@ void PlainTextLayout::documentChanged(int from, int /*charsRemoved*/, int charsA
 void PlainTextLayout::layOut(QTextBlock block)
 {
     QTextLayout &layout = *block.layout();
-    layout.setTextOption(document()->defaultTextOption());
+    QTextOption option = document()->defaultTextOption();
+    if (block.length() > longestWrapped)
+        option.setWrapMode(QTextOption::WrapAnywhere);
+    layout.setTextOption(option);
     layout.beginLayout();
     int count = 0;
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {

@@ -14,7 +14,8 @@ public:
     /// Belongs to `document`, which must be told to use it.
     explicit PlainTextLayout(QTextDocument *document) : QAbstractTextDocumentLayout(document) {}
 
-    void draw(QPainter * /*painter*/, const PaintContext & /*context*/) override {} // the item draws the blocks
+    void draw(QPainter * /*painter*/, const PaintContext & /*context*/) override {
+    } // the item draws the blocks
     int hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const override;
     int pageCount() const override { return 1; }
     QSizeF documentSize() const override;

@@ -8,7 +8,7 @@ FocusScope {
     required property AppModel model
 
     /** A skill that was left while it was still loading doesn't open any more. */
-    readonly property bool isSkillOpen: String(model.selectedSkill?.manifest.id) === String(model.selectedSkillID)
+    readonly property bool isSkillOpen: !model.isDetailLoading && String(model.selectedSkill?.manifest.id) === String(model.selectedSkillID)
     readonly property SkillEditorView editor: skill.item as SkillEditorView
 
     signal creationAsked

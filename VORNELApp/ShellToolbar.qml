@@ -9,6 +9,8 @@ Item {
 
     required property AppModel model
 
+    required property bool isSkillOpen
+
     signal creationAsked
     signal synchronizationAsked
 
@@ -53,7 +55,7 @@ Item {
             isBusy: toolbar.model.isWorking
         }
         ActionButton {
-            enabled: toolbar.model.selectedSkill !== undefined && !toolbar.model.isWorking
+            enabled: toolbar.isSkillOpen && !toolbar.model.isWorking
             isCompact: toolbar.isNarrow
             symbol: "refresh-cw"
             text: "Synchroniser"
@@ -68,7 +70,7 @@ Item {
         }
         ActionButton {
             enabled: !toolbar.model.isWorking
-            role: toolbar.model.selectedSkill === undefined ? ActionButton.Primary : ActionButton.Quiet // beside "Enregistrer"
+            role: toolbar.isSkillOpen ? ActionButton.Quiet : ActionButton.Primary // beside "Enregistrer"
             symbol: "plus"
             text: "Nouvelle compétence"
             onClicked: toolbar.creationAsked()

@@ -18,6 +18,7 @@ T.RadioButton {
     anchors.left: parent?.left
     anchors.right: parent?.right
     implicitHeight: 40
+    autoExclusive: false
     checked: isCurrent
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
@@ -27,10 +28,13 @@ T.RadioButton {
     Accessible.onToggleAction: if (enabled) clicked()
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
-    onClicked: model.departure.leave(() => {
-        model.selectedDestination = destination;
-        model.closeSkill();
-    })
+    onClicked: {
+        checked = Qt.binding(() => isCurrent); // a click checks by itself
+        model.departure.leave(() => {
+            model.selectedDestination = destination;
+            model.closeSkill();
+        });
+    }
 
     background: Rectangle {
         color: row.isCurrent ? Colors.tint(Colors.accent) : row.hovered ? Colors.hover : "transparent"

@@ -22,7 +22,7 @@ bool SkillCopies::hasDrifted() const
 
 void SkillCopies::check()
 {
-    inspect(this, m_model, m_model->selectedSkillID());
+    inspect(this, m_model, m_model->selectedSkillID(), ++m_request);
 }
 
 void SkillCopies::componentComplete()
@@ -38,7 +38,7 @@ void SkillCopies::follow()
         check();
 }
 
-QCoro::Task<> SkillCopies::inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id)
+QCoro::Task<> SkillCopies::inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id, int request)
 {
     QList<TargetInspection> inspections;
     try {
@@ -46,7 +46,7 @@ QCoro::Task<> SkillCopies::inspect(QPointer<SkillCopies> self, AppModel *model, 
     } catch (const std::exception &) {
         inspections.clear(); // a skill that can't be read has no copies to compare
     }
-    if (self.isNull() || model->selectedSkillID() != id)
+    if (self.isNull() || self->m_request != request)
         co_return;
     self->show(inspections);
     Q_EMIT self->checked();

@@ -31,7 +31,7 @@ public:
     /// What differs, copy by copy.
     CopyDifferences *differences() { return &m_differences; }
 
-    /// Looks again; `checked` follows in any case.
+    /// Looks again; `checked` follows the last look.
     Q_INVOKABLE void check();
 
     void classBegin() override {}
@@ -42,13 +42,14 @@ Q_SIGNALS:
     void checked();
 
 private:
-    static QCoro::Task<> inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id);
+    static QCoro::Task<> inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id, int request);
     void follow();
     void show(const QList<TargetInspection> &inspections);
 
     AppModel *m_model = nullptr;
     QList<TargetInspection> m_inspections;
     CopyDifferences m_differences;
+    int m_request = 0; ///< counts the looks: only the last one is shown
 };
 
 } // namespace vornel

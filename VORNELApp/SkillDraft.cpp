@@ -33,7 +33,12 @@ void SkillDraft::componentComplete()
 
 void SkillDraft::save()
 {
-    saveText(this, m_model, m_text->text());
+    if (m_standing == Current) {
+        m_sentText = m_text->text();
+        saveText(this, m_model, m_sentText);
+    } else {
+        Q_EMIT saveFailed(); // it would replace what isn't known here
+    }
 }
 
 QCoro::Task<> SkillDraft::saveText(QPointer<SkillDraft> draft, AppModel *model, QString text)
@@ -66,11 +71,12 @@ void SkillDraft::reload()
 
 QCoro::Task<> SkillDraft::reloadText(QPointer<SkillDraft> draft, AppModel *model)
 {
-    draft->m_takesNextText = true;
     const bool succeeded = co_await model->refreshSelectedSkill();
-    if (!draft.isNull())
-        draft->m_takesNextText = false;
-    if (!succeeded)
+    if (draft.isNull())
+        co_return;
+    if (succeeded)
+        draft->take(model->selectedSkill()->skillMD);
+    else
         model->reload(); // which tells why
 }
 
@@ -84,43 +90,62 @@ void SkillDraft::copy() const
     QGuiApplication::clipboard()->setText(m_text->text());
 }
 
-/// Takes over what the model shows now.
+/// Takes over what the model shows now. Where the text has changed elsewhere, edits stay, and can't be saved
+/// over it.
 void SkillDraft::followSkill()
 {
     const std::optional<SkillDetail> skill = m_model->selectedSkill();
     if (!skill)
         return;
-    const bool isSameSkill = skill->manifest.id == m_skillID;
-    const bool hasNewText = !isSameSkill || skill->skillMD != m_savedText;
-    const bool keepsEdits = isSameSkill && m_isModified && !m_takesNextText;
-    m_skillID = skill->manifest.id;
-    m_savedText = skill->skillMD;
-    setStanding(Current);
-    if (!isSameSkill)
-        m_text->begin(m_savedText);
-    else if (hasNewText && !keepsEdits && m_text->text() != m_savedText)
-        m_text->replace(m_savedText);
-    measure();
-    if (!isSameSkill) {
-        count();
-        Q_EMIT begun();
+    if (skill->manifest.id != m_skillID) {
+        begin(*skill);
+    } else if (skill->skillMD == m_savedText) {
+        setStanding(Current);
+    } else if (!m_isModified || skill->skillMD == m_sentText || !m_text->differsFrom(skill->skillMD)) {
+        m_isModified ? adopt(skill->skillMD) : take(skill->skillMD);
+    } else {
+        setStanding(Stale);
     }
 }
 
-/// Sees, once an operation is over, what it tells about the skill.
+void SkillDraft::begin(const SkillDetail &skill)
+{
+    m_skillID = skill.manifest.id;
+    m_text->begin(skill.skillMD);
+    adopt(skill.skillMD);
+    count();
+    Q_EMIT begun();
+}
+
+/// Shows a text that comes from the disk.
+void SkillDraft::take(const QString &text)
+{
+    if (m_text->differsFrom(text))
+        m_text->replace(text);
+    adopt(text);
+}
+
+/// From now on, this is what the skill holds.
+void SkillDraft::adopt(const QString &text)
+{
+    m_savedText = text;
+    setStanding(Current);
+    measure();
+}
+
+/// Sees, once an operation is over, whether the skill is still what it was.
 void SkillDraft::followLibrary()
 {
-    const std::optional<SkillDetail> skill = m_model->selectedSkill();
-    if (m_model->isWorking() || !skill || !m_model->overview())
+    if (m_model->isWorking() || !m_model->selectedSkill() || !m_model->overview())
         return;
     const QList<SkillSummary> skills = m_model->overview()->skills;
-    const auto found = std::ranges::find(skills, m_skillID, &SkillSummary::id);
-    if (found == skills.end())
+    if (std::ranges::find(skills, m_skillID, &SkillSummary::id) == skills.end()) {
         setStanding(Gone);
-    else if (found->revision != skill->manifest.revision && m_isModified)
-        setStanding(Stale);
-    else if (found->revision != skill->manifest.revision)
-        m_model->refreshSelectedSkill();
+        return;
+    }
+    if (m_standing == Gone)
+        setStanding(Current);
+    m_model->refreshSelectedSkill();
 }
 
 void SkillDraft::measure()

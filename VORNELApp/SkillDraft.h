@@ -43,7 +43,7 @@ public:
 
     Standing standing() const { return m_standing; }
 
-    /// Saves the text; `saved` or `saveFailed` follows.
+    /// Saves the text, unless the skill isn't what was opened; `saved` or `saveFailed` follows.
     Q_INVOKABLE void save();
 
     /// Takes the skill as it is on the disk. The edits can be brought back by undoing.
@@ -73,6 +73,9 @@ private:
     static QCoro::Task<> reloadText(QPointer<SkillDraft> draft, AppModel *model);
     void conclude(bool succeeded);
     void followSkill();
+    void begin(const SkillDetail &skill);
+    void take(const QString &text);
+    void adopt(const QString &text);
     void followLibrary();
     void measure();
     void count();
@@ -83,9 +86,9 @@ private:
     QQuickTextDocument *m_document = nullptr;
     std::optional<FaithfulText> m_text;
     QUuid m_skillID;
-    QString m_savedText;
+    QString m_savedText; ///< what the skill held when the edits began
+    QString m_sentText;  ///< what was last asked to be saved
     bool m_isModified = false;
-    bool m_takesNextText = false; ///< whatever was edited
     int m_characterCount = 0;
     QTimer m_counting; ///< as soon as nothing else is to be done: the whole text is counted
     Standing m_standing = Current;

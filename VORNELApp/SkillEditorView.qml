@@ -16,6 +16,9 @@ FocusScope {
     readonly property SkillDraft draft: instructions.draft
     property string selectedFile: "SKILL.md"
 
+    /** Whether the skill is on its way to the trash: nothing may be typed that would go with it. */
+    property bool isGoing: false
+
     function find(): void {
         if (instructions.visible)
             instructions.find();
@@ -26,7 +29,11 @@ FocusScope {
         differences.replaceCopies("Synchroniser", () => model.synchronizeSelectedSkill());
     }
     function save(): void {
-        if (draft.isModified && !model.isWorking)
+        if (!draft.isModified)
+            model.departure.resume();
+        else if (model.isWorking)
+            model.departure.stay();
+        else
             differences.replaceCopies("Enregistrer", () => draft.save());
     }
 
@@ -42,12 +49,10 @@ FocusScope {
             editor.model.departure.stay();
         }
         function onSaved() {
-            if (unsaved.opened)
-                return; // the user is being asked
-            if (editor.draft.isModified)
+            if (!editor.draft.isModified)
+                unsaved.go();
+            else if (!unsaved.visible)
                 editor.model.departure.stay(); // something was typed meanwhile
-            else
-                editor.model.departure.resume();
         }
 
         target: editor.draft
@@ -59,6 +64,13 @@ FocusScope {
         }
 
         target: editor.model.departure
+    }
+    Connections {
+        function onIsWorkingChanged() {
+            editor.isGoing = editor.isGoing && editor.model.isWorking;
+        }
+
+        target: editor.model
     }
     Shortcut {
         sequence: "Ctrl+S"
@@ -74,7 +86,10 @@ FocusScope {
         draft: editor.draft
         model: editor.model
         onCloseAsked: editor.model.departure.leave(() => editor.model.closeSkill())
-        onSaveAsked: editor.save()
+        onSaveAsked: {
+            instructions.forceActiveFocus(); // as the button goes grey
+            editor.save();
+        }
         onSynchronizationAsked: editor.synchronize()
         onTrashAsked: confirmation.open()
     }
@@ -128,6 +143,7 @@ FocusScope {
             anchors.right: parent.right
             anchors.top: parent.top
             focus: true
+            isLocked: editor.isGoing
             model: editor.model
             visible: editor.selectedFile === "SKILL.md"
         }
@@ -170,7 +186,7 @@ FocusScope {
         name: editor.name
         onDiscardAsked: {
             editor.draft.discard();
-            editor.model.departure.resume();
+            go();
         }
         onSaveAsked: editor.save()
     }
@@ -181,6 +197,9 @@ FocusScope {
         isDestructive: true
         message: "Vous pourrez restaurer cette compétence depuis la corbeille." + (editor.draft.isModified ? "\n\nLes modifications non enregistrées seront perdues." : "")
         title: "Placer « " + editor.name + " » dans la corbeille ?"
-        onAccepted: editor.model.moveSelectedSkillToTrash()
+        onAccepted: {
+            editor.isGoing = true;
+            editor.model.moveSelectedSkillToTrash();
+        }
     }
 }

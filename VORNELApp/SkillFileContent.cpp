@@ -39,6 +39,7 @@ void SkillFileContent::setPath(const QString &path)
 {
     if (std::exchange(m_path, path) == path)
         return;
+    show({});
     Q_EMIT pathChanged();
     refresh();
 }
@@ -54,10 +55,11 @@ void SkillFileContent::refresh()
     if (m_model == nullptr || m_path.isEmpty() || !m_model->selectedSkill())
         show({});
     else
-        read(this, m_model, m_model->selectedSkillID(), m_path);
+        read(this, m_model, m_model->selectedSkillID(), m_path, ++m_request);
 }
 
-QCoro::Task<> SkillFileContent::read(QPointer<SkillFileContent> self, AppModel *model, QUuid id, QString path)
+QCoro::Task<> SkillFileContent::read(QPointer<SkillFileContent> self, AppModel *model, QUuid id, QString path,
+                                     int request)
 {
     Content content{Unshown, {}, {}, {}, {}};
     try {
@@ -69,7 +71,7 @@ QCoro::Task<> SkillFileContent::read(QPointer<SkillFileContent> self, AppModel *
     } catch (const std::exception &error) {
         content.explanation = AppModel::message(error);
     }
-    if (!self.isNull() && self->m_path == path) // unless another file has been chosen meanwhile
+    if (!self.isNull() && self->m_request == request)
         self->show(std::move(content));
 }
 

@@ -61,7 +61,8 @@ private:
         QString explanation;
     };
 
-    static QCoro::Task<> read(QPointer<SkillFileContent> self, AppModel *model, QUuid id, QString path);
+    static QCoro::Task<> read(QPointer<SkillFileContent> self, AppModel *model, QUuid id, QString path,
+                              int request);
     static Content contentOf(const QString &path, const QByteArray &bytes);
     void refresh();
     void show(Content content);
@@ -69,6 +70,7 @@ private:
     AppModel *m_model = nullptr;
     QString m_path;
     Content m_content;
+    int m_request = 0; ///< counts the readings: only the last one is shown
 };
 
 } // namespace vornel

@@ -22,7 +22,7 @@ public:
 
     bool isSelecting() const { return m_isSelecting; }
     int count() const { return static_cast<int>(m_ids.size()); }
-    bool contains(const QUuid &id) const { return m_ids.contains(id); }
+    Q_INVOKABLE bool contains(const QUuid &id) const { return m_ids.contains(id); }
 
     /// Whether every skill that passes the filters is selected, and there is one.
     bool holdsAll() const { return m_holdsAll; }

@@ -10,7 +10,16 @@ T.Button {
     required property targetInspection inspection
 
     readonly property bool hasDetails: inspection.differences.length > 0 || inspection.reason !== ""
-    readonly property color hue: SyncVisuals.hue(inspection.state)
+    readonly property color hue: {
+        switch (inspection.state) {
+        case Vornel.SyncState.inSync:
+            return Colors.success;
+        case Vornel.SyncState.failed:
+            return Colors.danger;
+        default:
+            return Colors.warning;
+        }
+    }
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Metrics.controlHeight

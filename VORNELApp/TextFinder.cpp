@@ -25,9 +25,12 @@ int TextFinder::previous(const QString &text, int position) const
 
 int TextFinder::count(const QString &text) const
 {
-    return text.isEmpty()
-               ? 0
-               : static_cast<int>(m_document->textDocument()->toPlainText().count(text, Qt::CaseInsensitive));
+    const QString whole = m_document->textDocument()->toPlainText();
+    int count = 0;
+    qsizetype from = text.isEmpty() ? -1 : whole.indexOf(text, 0, Qt::CaseInsensitive);
+    for (; from >= 0; from = whole.indexOf(text, from + text.size(), Qt::CaseInsensitive))
+        ++count;
+    return count;
 }
 
 } // namespace vornel

@@ -16,6 +16,13 @@ Sheet {
     property bool isDecided: false
 
     firstFocus: save
+    /** Does what waited for the decision. */
+    function go(): void {
+        isDecided = true;
+        close();
+        model.departure.resume();
+    }
+
     implicitWidth: Math.min(520, parent.width - 2 * Metrics.page)
     title: "Enregistrer les modifications\u00A0?"
     onAboutToHide: {
@@ -43,11 +50,7 @@ Sheet {
         ActionButton {
             role: ActionButton.Destructive
             text: "Ne pas enregistrer"
-            onClicked: {
-                sheet.isDecided = true;
-                sheet.close();
-                sheet.discardAsked();
-            }
+            onClicked: sheet.discardAsked()
         }
         ActionButton {
             id: save

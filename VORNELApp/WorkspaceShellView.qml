@@ -60,6 +60,7 @@ FocusScope {
         anchors.left: sidebar.right
         anchors.right: parent.right
         anchors.top: parent.top
+        isSkillOpen: content.isSkillOpen
         model: shell.model
         onCreationAsked: shell.create()
         onSynchronizationAsked: content.editor?.synchronize()

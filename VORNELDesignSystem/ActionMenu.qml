@@ -5,11 +5,15 @@ import QtQuick.Templates as T
 T.Menu {
     id: menu
 
+    property Item formerFocus
+
     implicitWidth: 240
     implicitHeight: contentHeight + topPadding + bottomPadding
     margins: Metrics.small
     overlap: 1
     padding: Metrics.tiny
+    onAboutToShow: formerFocus = parent.Window.activeFocusItem
+    onClosed: formerFocus?.forceActiveFocus(Qt.PopupFocusReason)
 
     background: Rectangle {
         border.color: Colors.line
