@@ -17,6 +17,12 @@ RowLayout {
 
     spacing: Metrics.medium
 
+    Timer {
+        id: question
+
+        interval: 0 // once the menu has given the keyboard back
+        onTriggered: bar.trashAsked()
+    }
     ActionButton {
         symbol: "chevron-left"
         text: "Bibliothèque"
@@ -60,7 +66,7 @@ RowLayout {
                 isDestructive: true
                 symbol: "trash-2"
                 text: "Placer dans la corbeille"
-                onTriggered: Qt.callLater(bar.trashAsked) // once the menu has given the keyboard back
+                onTriggered: question.start()
             }
         }
     }

@@ -229,24 +229,52 @@ ScreenTest {
     }
 
     function test_stale_revision() {
-        openSkill("texte");
+        openSkill("texte\r\n");
         typeAt(0, "x");
-        verify(fixture.saveElsewhere("audit", "autre"));
+        verify(fixture.saveElsewhere("audit", "autre\n"));
         keyClick(Qt.Key_S, Qt.ControlModifier);
         awaitText("Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici.");
         verify(fixture.model.errorMessage !== "");
         click("Fermer");
-        compare(textArea().text, "xtexte");
         click("Copier le texte");
-        compare(fixture.clipboard(), "xtexte");
+        compare(fixture.clipboard(), "xtexte\r\n");
         click("Recharger");
-        tryCompare(textArea(), "text", "autre");
+        tryCompare(textArea(), "text", "autre\n");
         verify(!shows("Recharger") && shows("ENREGISTRÉ"));
         textArea().forceActiveFocus();
         undo();
-        compare(textArea().text, "xtexte", "what was edited can be brought back");
         save();
+        verifyStored("xtexte\r\n"); // what was edited can be brought back
+    }
+
+    function test_a_newer_text_is_never_replaced_unseen() {
+        openSkill("texte");
+        typeAt(0, "x");
+        verify(fixture.saveElsewhere("audit", "autre"));
+        click("Catégorie, Autre");
+        click("Design");
+        awaitText("Recharger");
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        settle();
+        verifyStored("autre");
+        click("Recharger");
+        tryCompare(textArea(), "text", "autre");
+        typeAt(0, "y");
+        save();
+        verifyStored("yautre");
+    }
+
+    function test_leaving_while_a_save_runs() {
+        openSkill("texte");
+        typeAt(0, "x");
+        fixture.holdWorkspace();
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        keyClick(Qt.Key_Escape);
+        awaitText("Ne pas enregistrer");
+        fixture.releaseWorkspace();
+        tryVerify(() => !shows("INSTRUCTIONS"), 5000, "once all is saved, there is nothing to ask");
         verifyStored("xtexte");
+        verify(!fixture.model.departure.isPending);
     }
 
     function test_changes_elsewhere() {
@@ -277,6 +305,7 @@ ScreenTest {
         click("Design");
         awaitText("CATÉGORIE MODIFIÉE");
         awaitText("Catégorie, Design");
+        verify(control("Catégorie, Design").activeFocus, "a menu gives the keyboard back");
         settle();
         compare(textArea().text, "xtexte");
         verify(shows("MODIFIÉ"));

@@ -218,6 +218,16 @@ ScreenTest {
         compare(model.selectedSkill.manifest.slug, "plan");
     }
 
+    function test_delete_takes_the_card_and_not_what_is_selected() {
+        openLibrary();
+        control("revue").forceActiveFocus();
+        press(Qt.Key_Space, Qt.Key_Down, Qt.Key_Delete);
+        awaitText("Placer cette compétence dans la corbeille ?");
+        all("Placer dans la corbeille")[0].clicked();
+        settle();
+        tryVerify(() => shows("revue") && !shows("plan"));
+    }
+
     function test_keyboard_in_the_rail() {
         openLibrary();
         control("revue").forceActiveFocus();
