@@ -280,6 +280,7 @@ void createSkill(AppModel &model)
     request.tags = QStringList{u"bibliothèques"_s, u"licences"_s, u"mises à jour"_s, u"sécurité"_s};
     QCoro::waitFor(model.createSkill(request));
     model.closeSkill();
+    quieten(model);
 }
 
 /// Sorts the imported skills, which have no category yet, into several.
