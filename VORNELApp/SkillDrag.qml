@@ -14,10 +14,7 @@ Item {
         capsule.text = count === 1 ? skill.displayName : count + " compétences";
         payload = selection.payload(skill.id);
         isHeld = true;
-        capsule.grabToImage(picture => {
-            Drag.imageSource = picture.url;
-            Drag.active = isHeld;
-        });
+        pause.start();
     }
     function letGo(): void {
         isHeld = false;
@@ -30,6 +27,15 @@ Item {
     Drag.supportedActions: Qt.CopyAction | Qt.MoveAction
     Drag.onDragFinished: letGo()
 
+    Timer {
+        id: pause
+
+        interval: 20 // in which the capsule takes the size of its text
+        onTriggered: capsule.grabToImage(picture => {
+            carrier.Drag.imageSource = picture.url;
+            carrier.Drag.active = carrier.isHeld;
+        })
+    }
     CapsuleMessage {
         id: capsule
 
