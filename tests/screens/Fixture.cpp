@@ -4,9 +4,9 @@
 
 #include <QClipboard>
 #include <QCoro/QCoroTask>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QImage>
-#include <QDropEvent>
 #include <QMimeData>
 #include <QQuickWindow>
 
