@@ -47,6 +47,7 @@ QRectF PlainTextLayout::blockBoundingRect(const QTextBlock &block) const
 
 void PlainTextLayout::documentChanged(int from, int /*charsRemoved*/, int charsAdded)
 {
+    document()->rootFrame(); // made when it is first asked for: here, not by the thread that draws
     if (document()->textWidth() <= 0)
         return; // the item has no size yet
     m_lineHeight = std::ceil(QFontMetricsF(document()->defaultFont()).lineSpacing());
