@@ -28,7 +28,8 @@ FocusScope {
             view.creationAsked();
         }
 
-        target: screen.item as LibraryScreen
+        ignoreUnknownSignals: true
+        target: screen.item // whose type, if named, would be read before the first frame
     }
     DeferredItem {
         id: screen

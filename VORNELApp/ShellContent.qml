@@ -9,7 +9,9 @@ FocusScope {
 
     /** A skill that was left while it was still loading doesn't open any more. */
     readonly property bool isSkillOpen: !model.isDetailLoading && String(model.selectedSkill?.manifest.id) === String(model.selectedSkillID)
-    readonly property SkillEditorView editor: skill.item as SkillEditorView
+
+    /** The open skill's editor, or null. Its type isn't named, for its file is read when it is first wanted. */
+    readonly property var editor: skill.item
 
     signal creationAsked
 

@@ -9,7 +9,10 @@ FocusScope {
     required property AppModel model
 
     function create(): void {
-        model.departure.leave(() => creation.open());
+        model.departure.leave(() => {
+            creation.make();
+            (creation.item as CreateSkillView).open();
+        });
     }
 
     Keys.onEscapePressed: {
@@ -36,14 +39,20 @@ FocusScope {
         sequence: "Ctrl+N"
         onActivated: shell.create()
     }
-    CreateSkillView {
+    DeferredItem {
         id: creation
 
-        model: shell.model
-        onClosed: {
+        file: "CreateSkillView.qml"
+        properties: ({ model: shell.model })
+    }
+    Connections {
+        function onClosed() {
             if (!shell.activeFocus)
                 content.forceActiveFocus();
         }
+
+        ignoreUnknownSignals: true
+        target: creation.item
     }
     Sidebar {
         id: sidebar
