@@ -2,7 +2,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The application's window. Closing it waits for what is being done, and stays if that has failed. */
+/** The application's window, shown by whoever places it. Closing it waits for what is being done, and stays if that has failed. */
 Window {
     id: window
 
@@ -15,7 +15,6 @@ Window {
     minimumHeight: 620
     minimumWidth: 960
     title: "VORNEL"
-    visible: true
     width: 1240
 
     onClosing: event => {

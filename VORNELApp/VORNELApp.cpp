@@ -3,6 +3,7 @@
 #include "AppModel.h"
 #include "BrandFontRegistrar.h"
 #include "VORNELResources.h"
+#include "WindowPlacement.h"
 
 #include <VORNELDesignSystem/Symbol.h>
 
@@ -23,8 +24,26 @@ QQuickWindow *VORNELApp::showWindow()
 {
     m_engine.setInitialProperties({{u"model"_s, QVariant::fromValue(m_model.get())}});
     m_engine.load(u"qrc:/qt/qml/VORNELApp/Main.qml"_s);
-    return m_engine.rootObjects().isEmpty() ? nullptr
-                                            : qobject_cast<QQuickWindow *>(m_engine.rootObjects().first());
+    if (window() == nullptr)
+        return nullptr;
+    m_placement = std::make_unique<WindowPlacement>(*window(), environment.defaults);
+    m_placement->show();
+    return window();
+}
+
+void VORNELApp::raiseWindow(const QByteArray &token)
+{
+    if (!token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token);
+    window()->setWindowStates(window()->windowStates() & ~Qt::WindowMinimized);
+    window()->raise();
+    window()->requestActivate();
+}
+
+QQuickWindow *VORNELApp::window() const
+{
+    const QList<QObject *> roots = m_engine.rootObjects();
+    return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(roots.first());
 }
 
 void VORNELApp::prepare(QQmlEngine &engine)

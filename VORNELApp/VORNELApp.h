@@ -8,6 +8,8 @@ class QQuickWindow;
 
 namespace vornel {
 
+class WindowPlacement;
+
 /// The application: one environment, the model made from it, and the one window on that model.
 class VORNELApp
 {
@@ -21,15 +23,21 @@ public:
     AppModel &model() { return *m_model; }
     QQmlEngine &engine() { return m_engine; }
 
-    /// Opens the window; null when it can't be made.
+    /// Opens the window where it was last; null when it can't be made.
     QQuickWindow *showWindow();
+
+    /// Brings the open window to the front. `token` is what the desktop gave to whoever asked for it.
+    void raiseWindow(const QByteArray &token);
 
     /// Makes fonts, icons and modules known to an engine that shows the product's components.
     static void prepare(QQmlEngine &engine);
 
 private:
+    QQuickWindow *window() const;
+
     std::unique_ptr<AppModel> m_model;
     QQmlApplicationEngine m_engine; // after the model, so that no screen outlives it
+    std::unique_ptr<WindowPlacement> m_placement;
 };
 
 } // namespace vornel

@@ -1,12 +1,15 @@
+#include "SingleInstance.h"
 #include "VORNELApp.h"
 
 #include <VORNELCore/ErrorMessage.h>
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
 
 #include <QCommandLineParser>
+#include <QCryptographicHash>
 #include <QGuiApplication>
 #include <QQmlExtensionPlugin>
 #include <QQuickView>
+#include <QStandardPaths>
 
 #include <cstdio>
 #include <cstdlib>
@@ -67,12 +70,29 @@ int showGallery()
     return QGuiApplication::exec();
 }
 
+/// Names the folders that a window shows: there is one window for each choice of them.
+QString instanceName(const AppEnvironment &environment)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const auto &folder : {environment.workspaceURL, environment.claudeRoot, environment.codexRoot})
+        hash.addData(QByteArray::fromStdString(folder.string()) + '\0');
+    return u"vornel-"_s + QString::fromLatin1(hash.result().toHex().first(16));
+}
+
 int showApplication(bool endsAfterFirstFrame)
 {
-    VORNELApp application(liveEnvironment());
+    const AppEnvironment environment = liveEnvironment();
+    const SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
+                                  instanceName(environment));
+    if (!instance.isFirst() && instance.askForWindow(qgetenv("XDG_ACTIVATION_TOKEN")))
+        return EXIT_SUCCESS;
+
+    VORNELApp application(environment);
     QQuickWindow *window = application.showWindow();
     if (window == nullptr)
         return EXIT_FAILURE;
+    QObject::connect(&instance, &SingleInstance::windowAsked, window,
+                     [&application](const QByteArray &token) { application.raiseWindow(token); });
     if (endsAfterFirstFrame)
         QObject::connect(window, &QQuickWindow::frameSwapped, qApp, &QGuiApplication::quit,
                          Qt::QueuedConnection);

@@ -6,8 +6,8 @@
 #include <VORNELApp/AppModel.h>
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
 
-#include <QCoreApplication>
 #include <QCoro/QCoroTask>
+#include <QGuiApplication>
 #include <QTimer>
 
 #include <functional>
@@ -440,7 +440,8 @@ TEST_F(ModelTest, EndsOnlyWhenItsOperationsHave)
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication application(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
