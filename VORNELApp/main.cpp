@@ -127,6 +127,7 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(u"vornel"_s);
     QGuiApplication::setApplicationDisplayName(u"VORNEL"_s);
+    QGuiApplication::setDesktopFileName(u"com.brindlecove.vornel"_s);
     try {
         return chosen.showsGallery ? showGallery() : showApplication(chosen.endsAfterFirstFrame);
     } catch (const std::exception &error) {

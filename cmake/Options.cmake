@@ -1,10 +1,14 @@
-# What every target is compiled with: all warnings, as errors, and the sanitizers of the preset.
+# What every target is compiled with: all warnings, as errors, the hardening of a distribution where it is optimised,
+# and the sanitizers of the preset.
 add_library(vornel_options INTERFACE)
 target_compile_options(vornel_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Werror)
 target_compile_definitions(vornel_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_STRICT_ITERATORS)
+
+target_compile_options(vornel_options INTERFACE "$<$<CONFIG:Release>:-fstack-protector-strong;-D_FORTIFY_SOURCE=2>")
+target_link_options(vornel_options INTERFACE "$<$<CONFIG:Release>:-pie;LINKER:-z,relro,-z,now>")
 
 if(VORNEL_SANITIZERS)
     target_compile_options(vornel_options INTERFACE

@@ -36,4 +36,6 @@ add_custom_command(
     VERBATIM
 )
 add_custom_target(VORNELBundle ALL DEPENDS ${vornel_bundle}.stamp)
-install(DIRECTORY ${vornel_bundle} DESTINATION share/vornel)
+# Where the program looks from its own folder.
+install(DIRECTORY ${vornel_bundle} DESTINATION share/vornel
+    FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)

@@ -1,0 +1,7 @@
+# Completes the command line of vornel in bash.
+_vornel() {
+    local cur prev words cword
+    _init_completion || return
+    mapfile -t COMPREPLY < <(compgen -W "--help --version" -- "$cur")
+}
+complete -F _vornel vornel

@@ -1,0 +1,16 @@
+# Prints what bash offers for the last word of each line of the standard input.
+. /usr/share/bash-completion/bash_completion
+. "$1/vornel.bash"
+. "$1/vornelctl.bash"
+
+# Splits a line as the shell does, where "=" ends a word.
+while IFS= read -r COMP_LINE; do
+    COMP_POINT=${#COMP_LINE}
+    read -ra COMP_WORDS <<<"${COMP_LINE//=/ = }"
+    [[ $COMP_LINE == *" " ]] && COMP_WORDS+=("")
+    COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+    COMPREPLY=()
+    "_${COMP_WORDS[0]}" || true
+    offered=$(printf '%s\n' "${COMPREPLY[@]}" | sort | paste -sd ' ')
+    echo "${offered:+ $offered}"
+done
