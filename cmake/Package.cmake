@@ -24,5 +24,5 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The libraries are found in the programs; the modules of QML and the plugins are loaded only at run time.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme, qml6-module-qtqml, qml6-module-qtqml-models, \
 qml6-module-qtqml-workerscript, qml6-module-qtquick, qml6-module-qtquick-layouts, qml6-module-qtquick-templates")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, qt6-image-formats-plugins, qt6-wayland")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, fonts-noto-color-emoji, qt6-image-formats-plugins, qt6-wayland")
 include(CPack)

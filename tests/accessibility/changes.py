@@ -1,0 +1,113 @@
+"""What a user does to the skills of a library, from the creation of one to its end."""
+
+import shutil
+
+from program import RETURN, SPACE, UNAVAILABLE
+
+NAME, SLUG = "Essai de marche", "essai-de-marche"
+
+
+def creation(program):
+    fill_in(program)
+    program.press("Créer")
+    program.sees("alert", "CRÉÉE")
+    program.sees("label", NAME, "ENREGISTRÉ")
+
+    # The same once more: the sheet says what is wrong, and keeps what was typed.
+    fill_in(program)
+    program.press("Créer")
+    program.sees("label", f"Le slug {SLUG} existe déjà.")
+    program.sees_page()
+    program.press("Annuler")
+    program.press("Abandonner")
+    closes(program)
+
+
+def fill_in(program):
+    program.press("Nouvelle compétence")
+    program.sees("dialog", "Nouvelle compétence")
+    program.sees("text", "Nom", states={"focused", "editable"})
+    program.sees("push button", "Créer", description=UNAVAILABLE)
+    program.sees("label", "Le nom est requis.")
+    program.type(*map(ord, NAME))
+    program.sees("label", "Prête à être créée.")
+    program.sees("form", "Nouvelle compétence", description="Formulaire valide")
+    program.sees_page()
+
+
+def edition(program, folder):
+    program.sees("text", "Instructions de la compétence").act("SetFocus")
+    program.sees("text", "Instructions de la compétence", states={"focused"})
+    program.type(*map(ord, "xyz"))
+    program.sees("label", "MODIFIÉ", "Modifications non enregistrées")
+    program.press("Enregistrer")
+    program.sees("alert", "ENREGISTRÉE")
+    program.sees("label", "ENREGISTRÉ")
+    for place in ("workspace/skills", "claude", "codex"):
+        assert (folder / place / SLUG / "SKILL.md").read_text(encoding="utf-8").startswith("xyz")
+    program.press("Retour à la bibliothèque")
+
+
+def category(program):
+    program.press("Gérer les catégories")
+    program.sees("dialog", "Catégories")
+    program.sees("list item", "Autre, 12 compétences, Catégorie par défaut")
+    program.sees_page()
+    program.press("Nouvelle")
+    program.sees("label", "NOUVELLE CATÉGORIE")
+    program.sees("text", "Nom", states={"focused"})
+    program.type(*map(ord, "Recherche"))
+    program.sees_page()
+    program.press("Créer")
+    program.sees("alert", "CATÉGORIE CRÉÉE")
+    program.sees("list item", "Recherche, 0 compétences").act("Press")
+    program.sees("label", "CATÉGORIE")
+    program.press("Supprimer")
+    program.sees("dialog", "Supprimer « Recherche » ?")
+    program.sees("label", "Cette catégorie sera supprimée.")
+    program.act(program.sees("push button", "Supprimer", description=""))
+    program.sees("alert", "CATÉGORIE SUPPRIMÉE")
+    program.press("Fermer")
+    closes(program)
+
+
+def selection(program, *names):
+    program.press("Sélectionner")
+    for name in names:
+        program.sees("list item", name).act("Press")
+    program.sees("label", f"{len(names)} sélectionnées")
+    program.sees_page()
+    program.press("Supprimer")
+    program.sees("dialog", f"Placer {len(names)} compétences dans la corbeille ?")
+    program.press("Placer dans la corbeille")
+    program.sees("alert", f"{len(names)} DÉPLACÉES")
+
+
+def trash(program, restored, deleted):
+    program.press("Corbeille", "radio button")
+    program.sees("label", "CORBEILLE", "2 éléments")
+    program.sees("list item", restored, deleted)
+    program.sees_page()
+    program.act(program.sees("push button", "Restaurer", description=restored))
+    program.sees("dialog", f"Restaurer « {restored} » ?")
+    program.press("Restaurer")
+    program.sees("alert", "RESTAURÉE")
+    program.sees("label", "1 élément")
+    program.act(program.sees("push button", "Supprimer définitivement", description=deleted))
+    program.sees("dialog", f"Supprimer définitivement « {deleted} » ?")
+    program.press("Supprimer définitivement")
+    program.sees("alert", "SUPPRIMÉE")
+    program.sees("label", "La corbeille est vide")
+
+
+def attention(program, folder, missing, drifted):
+    shutil.rmtree(folder / "claude" / missing)
+    (folder / "codex" / drifted / "SKILL.md").write_text("edited in place", encoding="utf-8")
+    program.press("Actualiser")
+    program.press("À réparer", "radio button")
+    program.sees("label", "À RÉPARER", "2 compétences")
+    program.sees_page()
+
+
+def closes(program):
+    program.wait("no dialog any more", lambda nodes: nodes and not any(node.role == "dialog" for node in nodes))
