@@ -5,7 +5,7 @@
 namespace vornel {
 
 /// What the user gives to create a category, or changes about one.
-class CategoryForm : public EntryForm
+class CategoryForm : public vornel::EntryForm // by its full name, under which QML knows it
 {
     Q_OBJECT
     QML_ELEMENT

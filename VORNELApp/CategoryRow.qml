@@ -46,10 +46,9 @@ T.ItemDelegate {
         Column {
             anchors.left: parent.left
             anchors.leftMargin: 56
-            anchors.right: end.left
-            anchors.rightMargin: Metrics.medium
             anchors.verticalCenter: parent.verticalCenter
             spacing: 2
+            width: end.x - Metrics.medium - x
 
             Label {
                 font: Typography.control
@@ -63,28 +62,29 @@ T.ItemDelegate {
                 width: parent.width
             }
         }
-        Row {
-            id: end
+    }
 
-            anchors.right: parent.right
-            anchors.rightMargin: Metrics.medium
+    Row {
+        id: end
+
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.medium
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Metrics.medium
+
+        Label {
             anchors.verticalCenter: parent.verticalCenter
-            spacing: Metrics.medium
-
-            Label {
-                anchors.verticalCenter: parent.verticalCenter
-                color: Colors.secondary
-                font: Typography.small
-                text: "Catégorie par défaut"
-                visible: row.record.category.isProtected
-            }
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                color: row.hovered || row.highlighted ? Colors.text : Colors.muted
-                height: Metrics.symbol
-                name: "chevron-right"
-                width: Metrics.symbol
-            }
+            color: Colors.secondary
+            font: Typography.small
+            text: "Catégorie par défaut"
+            visible: row.record.category.isProtected
+        }
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            color: row.hovered || row.highlighted ? Colors.text : Colors.muted
+            height: Metrics.symbol
+            name: "chevron-right"
+            width: Metrics.symbol
         }
     }
 }

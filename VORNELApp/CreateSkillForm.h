@@ -5,7 +5,7 @@
 namespace vornel {
 
 /// What the user types to create a skill. The identifier follows the name until it is typed itself.
-class CreateSkillForm : public EntryForm
+class CreateSkillForm : public vornel::EntryForm // by its full name, under which QML knows it
 {
     Q_OBJECT
     QML_ELEMENT

@@ -5,5 +5,6 @@ ConfirmationDialog {
     acceptText: "Abandonner"
     isDestructive: true
     message: "Ce que vous avez saisi sera perdu."
+    rejectText: "Continuer la saisie"
     title: "Abandonner la saisie\u00A0?"
 }
