@@ -187,6 +187,9 @@ public:
     /// Tells whether it succeeded.
     QCoro::Task<bool> refreshSelectedSkill();
 
+    /// Reads the library anew, quietly as well.
+    QCoro::Task<> refreshOverview();
+
     void assignSkills(QSet<QUuid> ids, QString category);
     Q_INVOKABLE void assignSelectedSkill(const QString &category);
     Q_INVOKABLE void synchronizeSelectedSkill();

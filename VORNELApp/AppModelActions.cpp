@@ -140,6 +140,16 @@ QCoro::Task<bool> AppModel::refreshSelectedSkill()
     }
 }
 
+QCoro::Task<> AppModel::refreshOverview()
+{
+    const Operation operation(*this);
+    try {
+        m_overview = co_await m_service->reload();
+    } catch (const std::exception &) {
+        co_return; // the last error tells more
+    }
+}
+
 QCoro::Task<bool> AppModel::createSkill(CreateSkillRequest request)
 {
     return perform([this, request = std::move(request)]() -> QCoro::Task<> {

@@ -1,71 +1,105 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
-import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
-/** The sheet of the categories. A category that is refused stays open, with what was typed. */
+/** The sheet of the categories: all of them, or the form of one. What is refused stays, with what was typed. */
 Sheet {
     id: sheet
 
     required property AppModel model
 
-    property bool isCreating: false
+    property bool isEditing: false
+
+    readonly property real longestList: parent.height - 300
+    readonly property bool canSubmit: form.isValid && (form.isNew || form.isModified) && !model.isWorking
 
     function create(): void {
-        form.reset();
-        isCreating = true;
+        form.editNew(CategoryPalette.colors[0].hex);
+        isEditing = true;
+        fields.begin();
+    }
+    function edit(category: skillCategory): void {
+        form.edit(category);
+        isEditing = true;
+        fields.begin();
+    }
+    function showList(): void {
+        isEditing = false;
+        list.forceActiveFocus(Qt.OtherFocusReason);
+    }
+    function leave(): void {
+        if (form.isModified)
+            discarding.open();
+        else
+            showList();
+    }
+    function askToDelete(category: skillCategory): void {
+        if (category.isProtected || model.isWorking)
+            return;
+        form.edit(category);
+        deletion.open();
     }
 
+    firstFocus: list
+    implicitWidth: Math.min(560, parent.width - 2 * Metrics.page)
+    isGuarded: isEditing
     title: "Catégories"
-    onClosed: isCreating = false
+    onClosed: isEditing = false
+    onDepartureAsked: leave()
+    onSubmitted: if (isEditing && canSubmit) form.submit()
 
     CategoryForm {
         id: form
 
         model: sheet.model
-        onCreated: sheet.isCreating = false
+        onAccepted: {
+            const isCreated = sheet.isEditing && form.isNew;
+            sheet.showList();
+            if (isCreated)
+                list.currentIndex = list.count - 1;
+        }
     }
-    ListView {
-        id: view
+    DiscardConfirmation {
+        id: discarding
 
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        height: Math.min(contentHeight, 264)
-        interactive: contentHeight > height
-        visible: !sheet.isCreating
+        onAccepted: sheet.showList()
+    }
+    CategoryDeletion {
+        id: deletion
+
+        form: form
+    }
+    CategoryList {
+        id: list
+
+        appModel: sheet.model
+        height: Math.min(contentHeight, sheet.longestList)
+        visible: !sheet.isEditing
         width: parent.width
-
-        T.ScrollBar.vertical: ScrollRail {}
-        Accessible.name: sheet.title
-        Accessible.role: Accessible.List
-
-        delegate: CategoryRow {
-            width: view.width - (view.interactive ? Metrics.medium : 0)
-        }
-        model: CategoryListModel {
-            model: sheet.model
-        }
+        onChosen: category => sheet.edit(category)
+        onDeletionAsked: category => sheet.askToDelete(category)
     }
     CategoryFields {
-        focus: visible
+        id: fields
+
         form: form
-        visible: sheet.isCreating
+        visible: sheet.isEditing
         width: parent.width
     }
     ErrorPanel {
-        text: sheet.model.errorMessage
+        text: sheet.isEditing ? "" : form.refusal
         width: parent.width
-        onDismissed: sheet.model.clearError()
+        onDismissed: {
+            form.forgetRefusal();
+            list.forceActiveFocus(Qt.OtherFocusReason);
+        }
     }
     Row {
         anchors.right: parent.right
         spacing: Metrics.medium
-        visible: !sheet.isCreating
+        visible: !sheet.isEditing
 
         ActionButton {
-            focus: !sheet.isCreating
             text: "Fermer"
             onClicked: sheet.close()
         }
@@ -77,20 +111,37 @@ Sheet {
             onClicked: sheet.create()
         }
     }
-    Row {
-        anchors.right: parent.right
-        spacing: Metrics.medium
-        visible: sheet.isCreating
+    Item {
+        implicitHeight: actions.height + Metrics.small
+        visible: sheet.isEditing
+        width: parent.width
 
         ActionButton {
-            text: "Annuler"
-            onClicked: sheet.isCreating = false
+            anchors.bottom: parent.bottom
+            enabled: !sheet.model.isWorking
+            role: ActionButton.Destructive
+            symbol: "trash-2"
+            text: "Supprimer"
+            visible: !form.isNew && !form.original.isProtected
+            onClicked: deletion.open()
         }
-        ActionButton {
-            enabled: form.isValid && !sheet.model.isWorking
-            role: ActionButton.Primary
-            text: "Créer"
-            onClicked: form.submit()
+        Row {
+            id: actions
+
+            anchors.bottom: parent.bottom
+            anchors.right: parent.right
+            spacing: Metrics.medium
+
+            ActionButton {
+                text: "Annuler"
+                onClicked: sheet.leave()
+            }
+            ActionButton {
+                enabled: sheet.canSubmit
+                role: ActionButton.Primary
+                text: form.isNew ? "Créer" : "Enregistrer"
+                onClicked: form.submit()
+            }
         }
     }
 }

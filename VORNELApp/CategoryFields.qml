@@ -1,18 +1,17 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The name and the colour of a new category, and how they look together. */
+/** The name and the colour of a category, and how they look together. */
 FocusScope {
     id: fields
 
     required property CategoryForm form
 
-    /** The colours of the product, and a few between them. */
-    readonly property var palette: ["21D6D1", "63DE91", "FFB347", "FF571A", "FF5A4F", "D152F0", "8A61E6", "5B8DEF"]
-    readonly property var names: ["Cyan", "Vert", "Ambre", "Orange", "Rouge", "Magenta", "Violet", "Bleu"]
+    /** Puts the keyboard into the name. */
+    function begin(): void {
+        name.forceActiveFocus(Qt.OtherFocusReason);
+    }
 
     implicitHeight: column.height
 
@@ -22,11 +21,6 @@ FocusScope {
         spacing: Metrics.large
         width: parent.width
 
-        Label {
-            color: Colors.secondary
-            font: Typography.label
-            text: "NOUVELLE CATÉGORIE"
-        }
         Row {
             spacing: Metrics.medium
             width: parent.width
@@ -34,50 +28,47 @@ FocusScope {
             CategoryTile {
                 id: tile
 
+                height: 44
                 hue: CategoryVisuals.hue(fields.form.colorHex)
-                symbol: CategoryVisuals.symbol("new")
+                symbol: CategoryVisuals.symbol(fields.form.original.id === "" ? "new" : fields.form.original.id)
+                width: 44
             }
-            Label {
+            Column {
                 anchors.verticalCenter: parent.verticalCenter
-                color: fields.form.isValid ? Colors.text : Colors.secondary
-                font: Typography.section
-                text: fields.form.isValid ? fields.form.name : "Sans nom"
+                spacing: Metrics.tiny
                 width: parent.width - tile.width - parent.spacing
+
+                Label {
+                    color: Colors.secondary
+                    font: Typography.label
+                    text: fields.form.isNew ? "NOUVELLE CATÉGORIE" : "CATÉGORIE"
+                    width: parent.width
+                }
+                Label {
+                    readonly property string typed: fields.form.name.trim()
+
+                    color: typed === "" ? Colors.secondary : Colors.text
+                    font: Typography.section
+                    text: typed === "" ? "Sans nom" : typed
+                    width: parent.width
+                }
             }
         }
         LabelledField {
+            id: name
+
             focus: true
             hint: "Ex. Recherche"
             label: "Nom"
+            note: "De 1 à " + fields.form.longestName + " caractères."
+            problem: fields.form.nameProblem || fields.form.refusal
             text: fields.form.name
             width: parent.width
             onEdited: text => fields.form.name = text
         }
-        Column {
-            spacing: Metrics.small
-
-            Label {
-                color: Colors.secondary
-                font: Typography.small
-                text: "Couleur"
-            }
-            Row {
-                spacing: Metrics.small
-
-                Repeater {
-                    model: fields.palette
-
-                    ColorSwatch {
-                        required property int index
-                        required property string modelData
-
-                        checked: fields.form.colorHex === modelData
-                        hue: Qt.color("#" + modelData)
-                        text: fields.names[index]
-                        onClicked: fields.form.colorHex = modelData
-                    }
-                }
-            }
+        CategoryColors {
+            form: fields.form
+            width: parent.width
         }
     }
 }

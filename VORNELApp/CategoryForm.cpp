@@ -1,32 +1,77 @@
 #include "CategoryForm.h"
 
-#include <QPointer>
+#include <VORNELCore/LocaleText.h>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-namespace {
-
-/// Outlives the form, should its sheet go while the category is created.
-QCoro::Task<> createFrom(QPointer<CategoryForm> form, AppModel *model, QString name, QString colorHex)
+void CategoryForm::setName(const QString &name)
 {
-    // GCC 12 loses the frame of a coroutine that awaits in the middle of a condition.
-    const bool succeeded = co_await model->createCategory(std::move(name), std::move(colorHex));
-    if (succeeded && !form.isNull())
-        Q_EMIT form->created();
+    m_category.name = name;
+    forgetRefusal();
+    Q_EMIT changed();
 }
 
-} // namespace
+void CategoryForm::setColorHex(const QString &colorHex)
+{
+    m_category.colorHex = colorHex;
+    Q_EMIT changed();
+}
+
+QString CategoryForm::nameProblem() const
+{
+    if (LocaleText::characterCount(m_category.name.trimmed()) > longestName())
+        return u"Le nom dépasse %1 caractères."_s.arg(longestName());
+    return isNameTaken() ? u"Une catégorie porte déjà ce nom."_s : QString();
+}
+
+int CategoryForm::skillCount() const
+{
+    if (isNew())
+        return 0;
+    const LibraryQuery::Filter filter{{}, m_original.id, {}};
+    return static_cast<int>(model()->libraryIndex().filteredSkills(filter).size());
+}
+
+void CategoryForm::edit(const SkillCategory &category)
+{
+    beginAnew();
+    m_original = category;
+    m_category = category;
+    Q_EMIT changed();
+}
+
+void CategoryForm::editNew(const QString &colorHex)
+{
+    SkillCategory category;
+    category.colorHex = colorHex;
+    edit(category);
+}
 
 void CategoryForm::submit()
 {
-    createFrom(this, m_model, m_name, m_colorHex);
+    if (isNew())
+        await(model()->createCategory(name(), colorHex()));
+    else
+        await(model()->updateCategory(m_original.id, name(), colorHex()));
 }
 
-void CategoryForm::reset()
+void CategoryForm::remove()
 {
-    m_name.clear();
-    m_colorHex = firstColor();
-    Q_EMIT changed();
+    await(model()->deleteCategory(m_original.id));
+}
+
+bool CategoryForm::isNameTaken() const
+{
+    const auto overview = model() == nullptr ? std::nullopt : model()->overview();
+    const QList<SkillCategory> categories = overview ? overview->categories : QList<SkillCategory>();
+    const QString name = LocaleText::caseless(m_category.name.trimmed());
+    return std::ranges::any_of(categories, [&](const SkillCategory &category) {
+        return category.id != m_original.id && LocaleText::caseless(category.name) == name;
+    });
 }
 
 } // namespace vornel

@@ -1,41 +1,71 @@
 #pragma once
 
-#include "AppModel.h"
+#include "EntryForm.h"
 
 namespace vornel {
 
-/// What the user gives to create a category.
-class CategoryForm : public QObject
+/// What the user gives to create a category, or changes about one.
+class CategoryForm : public vornel::EntryForm // by its full name, under which QML knows it
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(vornel::AppModel *model MEMBER m_model NOTIFY modelChanged REQUIRED)
-    Q_PROPERTY(QString name MEMBER m_name NOTIFY changed)
-    Q_PROPERTY(QString colorHex MEMBER m_colorHex NOTIFY changed)
+    Q_PROPERTY(QString name READ name WRITE setName NOTIFY changed)
+    Q_PROPERTY(QString colorHex READ colorHex WRITE setColorHex NOTIFY changed)
+    Q_PROPERTY(vornel::SkillCategory original READ original NOTIFY changed)
+    Q_PROPERTY(bool isNew READ isNew NOTIFY changed)
+    Q_PROPERTY(QString nameProblem READ nameProblem NOTIFY changed)
     Q_PROPERTY(bool isValid READ isValid NOTIFY changed)
+    Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
+    Q_PROPERTY(int skillCount READ skillCount NOTIFY changed)
+    Q_PROPERTY(int longestName READ longestName CONSTANT)
 
 public:
-    using QObject::QObject;
+    using EntryForm::EntryForm;
 
-    bool isValid() const { return !m_name.trimmed().isEmpty(); }
+    QString name() const { return m_category.name; }
+    void setName(const QString &name);
 
-    /// Creates the category; `created` follows unless the model shows an error.
+    /// Six upper-case hexadecimal digits.
+    QString colorHex() const { return m_category.colorHex; }
+    void setColorHex(const QString &colorHex);
+
+    /// The category as it was when the form began with it; without an identifier when it is new.
+    SkillCategory original() const { return m_original; }
+
+    bool isNew() const { return m_original.id.isEmpty(); }
+
+    /// Why the name can't be had: it is too long, or another category's; empty otherwise.
+    QString nameProblem() const;
+
+    bool isValid() const { return !m_category.name.trimmed().isEmpty() && nameProblem().isEmpty(); }
+
+    /// Whether anything would be lost with the form.
+    bool isModified() const { return m_category != m_original; }
+
+    /// How many skills have the category that the form began with.
+    int skillCount() const;
+
+    /// The most characters of a name.
+    static constexpr int longestName() { return SkillCategory::longestName; }
+
+    /// Begins with a category that exists, or with a new one of this colour.
+    Q_INVOKABLE void edit(const vornel::SkillCategory &category);
+    Q_INVOKABLE void editNew(const QString &colorHex);
+
+    /// Creates or updates the category.
     Q_INVOKABLE void submit();
 
-    /// Empties the name and goes back to the first colour.
-    Q_INVOKABLE void reset();
+    /// Deletes the category that the form began with.
+    Q_INVOKABLE void remove();
 
 Q_SIGNALS:
-    void modelChanged();
     void changed();
-    void created();
 
 private:
-    static QString firstColor() { return QStringLiteral("21D6D1"); }
+    bool isNameTaken() const;
 
-    AppModel *m_model = nullptr;
-    QString m_name;
-    QString m_colorHex = firstColor();
+    SkillCategory m_original;
+    SkillCategory m_category;
 };
 
 } // namespace vornel

@@ -1,14 +1,20 @@
 #include "CategoryListModel.h"
 
 #include <VORNELCore/LocaleText.h>
+#include <VORNELCore/Wording.h>
 
 using namespace Qt::StringLiterals;
 
 namespace vornel {
 
+QString CategoryEntry::countText() const
+{
+    return Wording::countedSkills(count);
+}
+
 QString CategoryEntry::spokenName() const
 {
-    return category.name + (count == 1 ? u", 1 compétence"_s : u", %1 compétences"_s.arg(count));
+    return category.name + u", "_s + countText();
 }
 
 CategoryListModel::CategoryListModel(QObject *parent) : SlotListModel(parent)

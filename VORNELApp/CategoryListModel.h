@@ -12,11 +12,15 @@ struct CategoryEntry
     QML_VALUE_TYPE(categoryEntry)
     Q_PROPERTY(vornel::SkillCategory category MEMBER category)
     Q_PROPERTY(int count MEMBER count)
+    Q_PROPERTY(QString countText READ countText STORED false)
     Q_PROPERTY(QString spokenName READ spokenName STORED false)
 
 public:
     SkillCategory category;
     int count = 0;
+
+    /// "1 compétence", "2 compétences".
+    QString countText() const;
 
     /// The name and the count in words.
     QString spokenName() const;

@@ -1,43 +1,90 @@
 import QtQuick
+import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
-/** One category of the catalog, in its colour. */
-Item {
+/** One category of the catalog, in its colour. Del asks to delete it. */
+T.ItemDelegate {
     id: row
 
+    required property int index
     required property categoryEntry record
 
-    implicitHeight: Metrics.rowHeight
+    signal deletionAsked
 
+    implicitHeight: 52
+    focusPolicy: Qt.ClickFocus
+    highlighted: activeFocus
+    hoverEnabled: true
+    text: record.category.name
+    onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
+
+    Accessible.description: record.category.isProtected ? "Catégorie par défaut" : ""
     Accessible.name: record.spokenName
     Accessible.role: Accessible.ListItem
+    Accessible.onPressAction: if (enabled) clicked()
+    Keys.onDeletePressed: deletionAsked()
+    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: clicked()
 
-    CategoryTile {
-        id: tile
+    background: Rectangle {
+        border.color: Colors.accent
+        border.width: row.highlighted ? Metrics.focusWidth : 0
+        color: row.down || row.hovered ? Colors.hover : "transparent"
+        radius: Metrics.controlRadius
+    }
+    contentItem: Item {
+        CategoryTile {
+            anchors.left: parent.left
+            anchors.leftMargin: Metrics.small
+            anchors.verticalCenter: parent.verticalCenter
+            height: 36
+            hue: CategoryVisuals.hue(row.record.category.colorHex)
+            symbol: CategoryVisuals.symbol(row.record.category.id)
+            width: 36
+        }
+        Column {
+            anchors.left: parent.left
+            anchors.leftMargin: 56
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: 2
+            width: end.x - Metrics.medium - x
 
-        anchors.verticalCenter: parent.verticalCenter
-        height: 32
-        hue: CategoryVisuals.hue(row.record.category.colorHex)
-        symbol: CategoryVisuals.symbol(row.record.category.id)
-        width: 32
+            Label {
+                font: Typography.control
+                text: row.text
+                width: parent.width
+            }
+            Label {
+                color: Colors.secondary
+                font: Typography.small
+                text: row.record.countText
+                width: parent.width
+            }
+        }
     }
-    Label {
-        anchors.left: tile.right
-        anchors.leftMargin: Metrics.medium
-        anchors.right: note.left
-        anchors.rightMargin: Metrics.medium
-        anchors.verticalCenter: parent.verticalCenter
-        font: Typography.control
-        text: row.record.category.name
-    }
-    Label {
-        id: note
+
+    Row {
+        id: end
 
         anchors.right: parent.right
+        anchors.rightMargin: Metrics.medium
         anchors.verticalCenter: parent.verticalCenter
-        color: Colors.secondary
-        font: Typography.small
-        text: row.record.category.isProtected ? "Catégorie par défaut" : ""
+        spacing: Metrics.medium
+
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            color: Colors.secondary
+            font: Typography.small
+            text: "Catégorie par défaut"
+            visible: row.record.category.isProtected
+        }
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            color: row.hovered || row.highlighted ? Colors.text : Colors.muted
+            height: Metrics.symbol
+            name: "chevron-right"
+            width: Metrics.symbol
+        }
     }
 }

@@ -2,9 +2,8 @@
 
 #include <VORNELCore/LocaleText.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
+#include <VORNELCore/Wording.h>
 #include <VORNELCore/WorkspaceValidation.h>
-
-#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -12,13 +11,16 @@ namespace vornel {
 
 namespace {
 
-/// Outlives the form, should its sheet go while the skill is created.
-QCoro::Task<> createFrom(QPointer<CreateSkillForm> form, AppModel *model, CreateSkillRequest request)
+QStringList splitTags(const QString &text)
 {
-    // GCC 12 loses the frame of a coroutine that awaits in the middle of a condition.
-    const bool succeeded = co_await model->createSkill(std::move(request));
-    if (succeeded && !form.isNull())
-        Q_EMIT form->created();
+    QStringList tags;
+    const QStringList pieces = text.split(u',');
+    for (const QString &piece : pieces) {
+        const QString tag = piece.trimmed();
+        if (!tag.isEmpty())
+            tags.append(tag);
+    }
+    return tags;
 }
 
 } // namespace
@@ -27,14 +29,14 @@ void CreateSkillForm::setDisplayName(const QString &name)
 {
     m_request.displayName = name;
     if (!m_didEditSlug)
-        m_request.slug = LocaleText::identifierFromTitle(name);
+        takeSlug(LocaleText::identifierFromTitle(name));
     Q_EMIT changed();
 }
 
 void CreateSkillForm::setSlug(const QString &slug)
 {
-    m_request.slug = slug;
     m_didEditSlug = true;
+    takeSlug(slug);
     Q_EMIT changed();
 }
 
@@ -42,6 +44,29 @@ void CreateSkillForm::setSummary(const QString &summary)
 {
     m_request.summary = summary;
     Q_EMIT changed();
+}
+
+void CreateSkillForm::setTags(const QString &tags)
+{
+    m_tags = tags;
+    Q_EMIT changed();
+}
+
+void CreateSkillForm::setCategory(const QString &id)
+{
+    m_request.category = id;
+    Q_EMIT changed();
+}
+
+void CreateSkillForm::setMaturity(Maturity maturity)
+{
+    m_request.maturity = maturity;
+    Q_EMIT changed();
+}
+
+QStringList CreateSkillForm::maturityTexts()
+{
+    return Wording::maturities();
 }
 
 QString CreateSkillForm::validationHint() const
@@ -52,14 +77,30 @@ QString CreateSkillForm::validationHint() const
                           : u"Utilisez uniquement des lettres, chiffres et tirets."_s;
 }
 
+bool CreateSkillForm::isModified() const
+{
+    return m_request != m_empty || !m_tags.isEmpty();
+}
+
+bool CreateSkillForm::isSlugTaken() const
+{
+    return refusalCase() == QLatin1StringView(WorkspaceErrorCase::DuplicateSlug::name);
+}
+
 void CreateSkillForm::submit()
 {
-    createFrom(this, m_model, m_request);
+    CreateSkillRequest request = m_request;
+    request.tags = splitTags(m_tags);
+    await(model()->createSkill(std::move(request)));
 }
 
 void CreateSkillForm::reset()
 {
-    m_request = emptyRequest();
+    beginAnew();
+    m_empty = CreateSkillRequest();
+    m_empty.category = model()->category(u"development"_s).id;
+    m_request = m_empty;
+    m_tags.clear();
     m_didEditSlug = false;
     Q_EMIT changed();
 }
@@ -74,11 +115,11 @@ bool CreateSkillForm::hasValidSlug() const
     }
 }
 
-CreateSkillRequest CreateSkillForm::emptyRequest()
+/// What was refused was another identifier.
+void CreateSkillForm::takeSlug(const QString &slug)
 {
-    CreateSkillRequest request;
-    request.category = u"development"_s;
-    return request;
+    if (std::exchange(m_request.slug, slug) != slug && isSlugTaken())
+        forgetRefusal();
 }
 
 } // namespace vornel

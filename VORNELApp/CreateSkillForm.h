@@ -1,23 +1,28 @@
 #pragma once
 
-#include "AppModel.h"
+#include "EntryForm.h"
 
 namespace vornel {
 
 /// What the user types to create a skill. The identifier follows the name until it is typed itself.
-class CreateSkillForm : public QObject
+class CreateSkillForm : public vornel::EntryForm // by its full name, under which QML knows it
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(vornel::AppModel *model MEMBER m_model NOTIFY modelChanged REQUIRED)
     Q_PROPERTY(QString displayName READ displayName WRITE setDisplayName NOTIFY changed)
     Q_PROPERTY(QString slug READ slug WRITE setSlug NOTIFY changed)
     Q_PROPERTY(QString summary READ summary WRITE setSummary NOTIFY changed)
+    Q_PROPERTY(QString tags READ tags WRITE setTags NOTIFY changed)
+    Q_PROPERTY(QString category READ category WRITE setCategory NOTIFY changed)
+    Q_PROPERTY(vornel::Maturity maturity READ maturity WRITE setMaturity NOTIFY changed)
+    Q_PROPERTY(QStringList maturityTexts READ maturityTexts CONSTANT)
     Q_PROPERTY(QString validationHint READ validationHint NOTIFY changed)
     Q_PROPERTY(bool isValid READ isValid NOTIFY changed)
+    Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
+    Q_PROPERTY(bool isSlugTaken READ isSlugTaken NOTIFY refusalChanged)
 
 public:
-    using QObject::QObject;
+    using EntryForm::EntryForm;
 
     QString displayName() const { return m_request.displayName; }
     void setDisplayName(const QString &name);
@@ -28,29 +33,48 @@ public:
     QString summary() const { return m_request.summary; }
     void setSummary(const QString &summary);
 
+    /// The keywords, with commas between them.
+    QString tags() const { return m_tags; }
+    void setTags(const QString &tags);
+
+    /// The identifier of the category.
+    QString category() const { return m_request.category; }
+    void setCategory(const QString &id);
+
+    Maturity maturity() const { return m_request.maturity; }
+    void setMaturity(Maturity maturity);
+
+    /// What the user reads for each maturity, in their order.
+    static QStringList maturityTexts();
+
     /// What is missing, or that nothing is.
     QString validationHint() const;
 
     bool isValid() const { return hasName() && hasValidSlug(); }
 
-    /// Creates the skill; `created` follows unless the model shows an error.
+    /// Whether anything would be lost with the form.
+    bool isModified() const;
+
+    /// Whether the refusal is that of an identifier that another skill has.
+    bool isSlugTaken() const;
+
+    /// Creates the skill.
     Q_INVOKABLE void submit();
 
     /// Empties every field.
     Q_INVOKABLE void reset();
 
 Q_SIGNALS:
-    void modelChanged();
     void changed();
-    void created();
 
 private:
     bool hasName() const { return !m_request.displayName.trimmed().isEmpty(); }
     bool hasValidSlug() const;
-    static CreateSkillRequest emptyRequest();
+    void takeSlug(const QString &slug);
 
-    AppModel *m_model = nullptr;
-    CreateSkillRequest m_request = emptyRequest();
+    CreateSkillRequest m_request;
+    CreateSkillRequest m_empty; ///< what it was when it began
+    QString m_tags;
     bool m_didEditSlug = false;
 };
 

@@ -8,62 +8,143 @@ Sheet {
 
     required property AppModel model
 
+    readonly property bool canCreate: form.isValid && !model.isWorking
+
     firstFocus: name
+    implicitWidth: Math.min(800, parent.width - 2 * Metrics.page)
+    isGuarded: form.isModified
     title: "Nouvelle compétence"
     onAboutToShow: form.reset()
+    onDepartureAsked: discarding.open()
+    onSubmitted: if (canCreate) form.submit()
 
     CreateSkillForm {
         id: form
 
         model: sheet.model
-        onCreated: sheet.close()
+        onAccepted: sheet.close()
     }
-    LabelledField {
-        id: name
+    DiscardConfirmation {
+        id: discarding
 
-        hint: "Ex. Audit de sécurité"
-        label: "Nom"
-        text: form.displayName
-        width: parent.width
-        onEdited: text => form.displayName = text
+        onAccepted: sheet.close()
     }
-    LabelledField {
-        hint: "audit-securite"
-        label: "Identifiant"
-        text: form.slug
+    Item {
+        implicitHeight: Math.max(identity.height, classification.height)
         width: parent.width
-        onEdited: text => form.slug = text
-    }
-    LabelledField {
-        hint: "Ce que cette compétence permet de faire"
-        label: "Description courte"
-        text: form.summary
-        width: parent.width
-        onEdited: text => form.summary = text
-    }
-    Label {
-        color: form.isValid ? Colors.success : Colors.secondary
-        font: Typography.small
-        text: form.validationHint
+
+        Accessible.description: form.isValid ? "Formulaire valide" : ""
+        Accessible.name: sheet.title
+        Accessible.role: Accessible.Form
+
+        FormSection {
+            id: identity
+
+            anchors.left: parent.left
+            anchors.right: divider.left
+            anchors.rightMargin: Metrics.huge
+            title: "Identité"
+
+            LabelledField {
+                id: name
+
+                hint: "Ex. Audit de sécurité"
+                label: "Nom"
+                text: form.displayName
+                width: parent.width
+                onEdited: text => form.displayName = text
+            }
+            LabelledField {
+                hint: "audit-securite"
+                label: "Identifiant"
+                note: "Le dossier de la compétence portera ce nom."
+                problem: form.isSlugTaken ? form.refusal : ""
+                text: form.slug
+                width: parent.width
+                onEdited: text => form.slug = text
+            }
+            LabelledField {
+                hint: "Ce que cette compétence permet de faire"
+                label: "Description courte"
+                text: form.summary
+                width: parent.width
+                onEdited: text => form.summary = text
+            }
+        }
+        Rectangle {
+            id: divider
+
+            anchors.bottom: parent.bottom
+            anchors.horizontalCenter: parent.horizontalCenter
+            anchors.top: parent.top
+            color: Colors.line
+            width: Metrics.hairline
+        }
+        FormSection {
+            id: classification
+
+            anchors.left: divider.right
+            anchors.leftMargin: Metrics.huge
+            anchors.right: parent.right
+            title: "Classification"
+
+            LabelledField {
+                hint: "sécurité, audit, qualité"
+                label: "Mots-clés"
+                text: form.tags
+                width: parent.width
+                onEdited: text => form.tags = text
+            }
+            CategoryChoice {
+                currentID: form.category
+                model: sheet.model
+                width: parent.width
+                onChosen: id => form.category = id
+            }
+            MaturityChoice {
+                form: form
+                width: parent.width
+            }
+        }
     }
     ErrorPanel {
-        text: sheet.model.errorMessage
+        text: form.isSlugTaken ? "" : form.refusal
         width: parent.width
-        onDismissed: sheet.model.clearError()
+        onDismissed: form.forgetRefusal()
     }
-    Row {
-        anchors.right: parent.right
-        spacing: Metrics.medium
+    Item {
+        implicitHeight: actions.height + Metrics.small
+        width: parent.width
 
-        ActionButton {
-            text: "Annuler"
-            onClicked: sheet.close()
+        SymbolLabel {
+            anchors.left: parent.left
+            anchors.verticalCenter: actions.verticalCenter
+            color: form.isValid ? Colors.success : Colors.secondary
+            font: Typography.small
+            symbol: form.isValid ? "circle-check" : "circle"
+            text: form.validationHint
+            visible: !form.isSlugTaken
+
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
         }
-        ActionButton {
-            enabled: form.isValid && !sheet.model.isWorking
-            role: ActionButton.Primary
-            text: "Créer"
-            onClicked: form.submit()
+        Row {
+            id: actions
+
+            anchors.bottom: parent.bottom
+            anchors.right: parent.right
+            spacing: Metrics.medium
+
+            ActionButton {
+                text: "Annuler"
+                onClicked: form.isModified ? discarding.open() : sheet.close()
+            }
+            ActionButton {
+                enabled: sheet.canCreate
+                role: ActionButton.Primary
+                text: "Créer"
+                onClicked: form.submit()
+            }
         }
     }
 }

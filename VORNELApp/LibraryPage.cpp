@@ -27,10 +27,7 @@ void LibraryPage::setCurrentPage(int page)
 
 QStringList LibraryPage::maturityTexts()
 {
-    QStringList texts;
-    for (const Maturity maturity : allCases<Maturity>())
-        texts.append(Wording::maturity(maturity));
-    return texts;
+    return Wording::maturities();
 }
 
 QString LibraryPage::categoryName() const

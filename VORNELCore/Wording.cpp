@@ -23,6 +23,14 @@ QString maturity(Maturity maturity)
     return u"Obsolète"_s;
 }
 
+QStringList maturities()
+{
+    QStringList texts;
+    for (const Maturity each : allCases<Maturity>())
+        texts.append(maturity(each));
+    return texts;
+}
+
 QString syncState(SyncState state)
 {
     switch (state) {

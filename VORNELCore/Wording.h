@@ -3,13 +3,16 @@
 #include "Enumerations.h"
 
 #include <QDateTime>
-#include <QString>
+#include <QStringList>
 
 /// What the user reads about the domain's values, in French.
 namespace vornel::Wording {
 
 /// "Brouillon", "Prêt", "Actif", "Obsolète".
 QString maturity(Maturity maturity);
+
+/// What the user reads for each maturity, in their order.
+QStringList maturities();
 
 /// In lower case: "à jour", "copie modifiée".
 QString syncState(SyncState state);

@@ -27,6 +27,9 @@ public:
     /// The identifier of the catch-all category, which can't be deleted.
     static const QString otherID;
 
+    /// The most characters of a name.
+    static constexpr int longestName = 40;
+
     /// The six built-in categories, in their order.
     static const QList<SkillCategory> &defaults();
 

@@ -2,17 +2,24 @@ import QtQuick
 import QtQuick.Templates as T
 import VORNELDesignSystem
 
-/** One colour to choose among several. */
+/** One colour to choose among several, and its name. Whoever answers the click sets `isChosen`. */
 T.RadioButton {
     id: swatch
 
     required property color hue
+    property bool isChosen: false
 
     implicitWidth: 32
     implicitHeight: 32
+    autoExclusive: false
+    checked: isChosen
     focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
 
     Accessible.name: text
+    Accessible.onPressAction: if (enabled) clicked()
+    Accessible.onToggleAction: if (enabled) clicked()
+    onClicked: checked = Qt.binding(() => isChosen) // a click checks by itself
 
     contentItem: Item {}
     indicator: Rectangle {
@@ -25,11 +32,17 @@ T.RadioButton {
             color: Colors.canvas
             height: Metrics.symbol
             name: "check"
-            visible: swatch.checked
+            visible: swatch.isChosen
             width: Metrics.symbol
         }
         FocusRing {
             control: swatch
         }
+    }
+
+    Hint {
+        control: swatch
+        text: swatch.text
+        visible: swatch.hovered
     }
 }

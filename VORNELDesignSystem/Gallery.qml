@@ -169,8 +169,18 @@ Rectangle {
                 LabelledField {
                     hint: "Indication"
                     label: "Champ nommé"
+                    note: "Une ligne qui aide à le remplir."
                     text: ""
                     width: 240
+                }
+                LabelledField {
+                    label: "Champ refusé"
+                    problem: "Une ligne qui dit pourquoi."
+                    text: "Texte"
+                    width: 240
+                }
+                ColorPicker {
+                    width: 320
                 }
                 SearchField {
                     clearText: "Effacer"
@@ -187,8 +197,8 @@ Rectangle {
                         required property int index
                         required property color modelData
 
-                        checked: index === 0
                         hue: modelData
+                        isChosen: index === 0
                         text: String(modelData)
                     }
                 }

@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 
 /**
- * A panel over the window that keeps the keyboard until it is closed. Esc closes it. What it holds
- * stands below its title. The keyboard goes back to where it was.
+ * A panel over the window that keeps the keyboard until it is closed. Esc closes it, unless it is guarded. What it
+ * holds stands below its title. The keyboard goes back to where it was.
  */
 T.Popup {
     id: sheet
@@ -15,13 +15,21 @@ T.Popup {
 
     property Item formerFocus
 
+    /** Whether Esc only asks to leave. */
+    property bool isGuarded: false
+
+    signal departureAsked
+
+    /** Enter, where nothing in the sheet has a use for it. */
+    signal submitted
+
     parent: T.Overlay.overlay
     x: Math.round((parent.width - width) / 2)
     y: Math.round((parent.height - height) / 2)
     implicitWidth: Math.min(520, parent.width - 2 * Metrics.page)
     implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, parent.height - 2 * Metrics.page)
     contentHeight: contentItem.implicitHeight
-    closePolicy: T.Popup.CloseOnEscape
+    closePolicy: isGuarded ? T.Popup.NoAutoClose : T.Popup.CloseOnEscape
     focus: true
     modal: true
     padding: Metrics.huge
@@ -41,6 +49,14 @@ T.Popup {
     }
     contentItem: Column {
         spacing: Metrics.large
+
+        Keys.onEnterPressed: sheet.submitted()
+        Keys.onEscapePressed: event => {
+            event.accepted = sheet.isGuarded;
+            if (sheet.isGuarded)
+                sheet.departureAsked();
+        }
+        Keys.onReturnPressed: sheet.submitted()
 
         Label {
             font: Typography.title

@@ -5,6 +5,8 @@ import QtQuick.Templates as T
 T.TextField {
     id: field
 
+    property bool isRefused: false
+
     implicitWidth: 240
     implicitHeight: Metrics.controlHeight
     color: enabled ? Colors.text : Colors.muted
@@ -20,7 +22,7 @@ T.TextField {
     Accessible.name: placeholderText
 
     background: Rectangle {
-        border.color: field.activeFocus ? Colors.accent : Colors.line
+        border.color: field.isRefused ? Colors.danger : field.activeFocus ? Colors.accent : Colors.line
         border.width: field.activeFocus ? Metrics.focusWidth : Metrics.hairline
         color: Colors.surface
         radius: Metrics.controlRadius

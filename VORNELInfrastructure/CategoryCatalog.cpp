@@ -20,12 +20,12 @@ namespace {
 QString nameForUnknownCategory(const QString &id, const CategoryCatalog &catalog)
 {
     const QString title =
-        LocaleText::truncated(CategoryRules::legacyCategoryName(id), CategoryRules::longestName).trimmed();
+        LocaleText::truncated(CategoryRules::legacyCategoryName(id), SkillCategory::longestName).trimmed();
     const QString base = title.isEmpty() ? u"Catégorie"_s : title;
     QString name = base;
     for (int number = 2; catalog.hasName(name); ++number) {
         const QString suffix = u' ' + QString::number(number);
-        name = LocaleText::truncated(base, CategoryRules::longestName - static_cast<int>(suffix.size())) +
+        name = LocaleText::truncated(base, SkillCategory::longestName - static_cast<int>(suffix.size())) +
                suffix;
     }
     return name;

@@ -13,7 +13,7 @@ namespace vornel::CategoryRules {
 QString validatedCategoryName(const QString &name)
 {
     QString trimmed = name.trimmed();
-    if (trimmed.isEmpty() || LocaleText::characterCount(trimmed) > longestName)
+    if (trimmed.isEmpty() || LocaleText::characterCount(trimmed) > SkillCategory::longestName)
         throw VORNELWorkspaceError::integrityFailure(
             u"Le nom de la catégorie doit contenir entre 1 et 40 caractères."_s);
     return trimmed;

@@ -6,9 +6,6 @@
 /// What a category's name, colour and identifier may be.
 namespace vornel::CategoryRules {
 
-/// The most characters of a name.
-inline constexpr int longestName = 40;
-
 /// The name, trimmed; throws `integrityFailure` unless it has 1 to 40 characters.
 QString validatedCategoryName(const QString &name);
 

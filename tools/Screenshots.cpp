@@ -90,14 +90,14 @@ public:
         stopMotion(stage.application().engine());
     }
 
-    void take(const QString &name)
+    void take(const QString &name) const
     {
         QCoreApplication::processEvents();
         takeAtOnce(name);
     }
 
     /// The same, before anything else happens.
-    void takeAtOnce(const QString &name)
+    void takeAtOnce(const QString &name) const
     {
         if (!m_chosen.isEmpty() && !m_chosen.contains(name))
             return;
@@ -120,6 +120,16 @@ public:
     {
         QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
         QCoreApplication::sendEvent(m_window, &event);
+    }
+
+    /// The same, key by key.
+    void write(const QString &text) const
+    {
+        m_window->requestActivate();
+        for (const QChar letter : text) {
+            QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
+            QCoreApplication::sendEvent(m_window, &event);
+        }
     }
 
     /// Types into whatever has the keyboard.
@@ -295,6 +305,55 @@ void sortSkills(AppModel &model)
     quieten(model);
 }
 
+void editThirdCategory(const Photographer &photographer)
+{
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+        photographer.press(key);
+}
+
+void photographCategories(const Photographer &photographer)
+{
+    photographer.click(u"Gérer les catégories"_s);
+    photographer.take(u"categories"_s);
+    photographer.click(u"Nouvelle"_s);
+    photographer.take(u"category-new"_s);
+    photographer.click(u"Annuler"_s);
+    editThirdCategory(photographer);
+    photographer.take(u"category-edit"_s);
+    photographer.write(u" et déploiement continu de chaque atelier"_s);
+    photographer.take(u"category-too-long"_s);
+    photographer.click(u"Choisir une autre couleur"_s);
+    photographer.take(u"category-color"_s);
+    photographer.press(Qt::Key_Escape);
+    photographer.click(u"Annuler"_s);
+    photographer.take(u"category-unsaved"_s);
+    photographer.click(u"Abandonner"_s);
+    photographer.press(Qt::Key_Return);
+    photographer.click(u"Supprimer"_s);
+    photographer.take(u"category-delete"_s);
+    photographer.press(Qt::Key_Escape);
+    photographer.press(Qt::Key_Escape);
+    photographer.click(u"Fermer"_s);
+}
+
+void photographCreation(const Photographer &photographer, const AppModel &model)
+{
+    photographer.click(u"Nouvelle compétence"_s);
+    photographer.take(u"create"_s);
+    photographer.write(u"Revue de sécurité"_s);
+    photographer.press(Qt::Key_Tab);
+    photographer.press(Qt::Key_Tab);
+    photographer.write(u"Relit les points d’entrée d’un service et classe ce qui est à corriger."_s);
+    photographer.press(Qt::Key_Tab);
+    photographer.write(u"sécurité, audit"_s);
+    photographer.take(u"create-valid"_s);
+    photographer.click(u"Créer"_s);
+    settle(model);
+    photographer.take(u"create-taken"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Abandonner"_s);
+}
+
 void photographLibrary(Photographer &photographer, Stage &stage)
 {
     AppModel &model = stage.model();
@@ -317,12 +376,7 @@ void photographLibrary(Photographer &photographer, Stage &stage)
     photographer.take(u"library-trash"_s);
     photographer.click(u"Annuler"_s);
     photographer.click(u"Terminer la sélection"_s);
-    photographer.click(u"Gérer les catégories"_s);
-    photographer.take(u"categories"_s);
-    photographer.click(u"Nouvelle"_s);
-    photographer.take(u"category-new"_s);
-    photographer.click(u"Annuler"_s);
-    photographer.click(u"Fermer"_s);
+    photographCategories(photographer);
     model.setSearchText(u"sécurité"_s);
     photographer.take(u"library-search"_s);
     model.setSearchText(u"introuvable"_s);
@@ -368,9 +422,7 @@ void photographShell(Photographer &photographer, Stage &stage)
     settle(model);
     photographer.take(u"error"_s);
     model.clearError();
-    photographer.click(u"Nouvelle compétence"_s);
-    photographer.take(u"create"_s);
-    photographer.click(u"Annuler"_s);
+    photographCreation(photographer, model);
     emptyLibrary(model);
     photographer.take(u"library-empty"_s);
 }

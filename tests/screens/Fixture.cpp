@@ -96,6 +96,11 @@ void Fixture::create(const QString &slug, const QString &category, Maturity matu
     m_model->closeSkill();
 }
 
+void Fixture::deleteCategory(const QString &id)
+{
+    QCoro::waitFor(m_model->deleteCategory(id));
+}
+
 void Fixture::dragOver(QQuickItem *item, const QString &text)
 {
     QDragLeaveEvent leave; // what is before

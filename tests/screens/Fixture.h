@@ -48,6 +48,9 @@ public:
     /// One more skill, named like its slug, in a category and of a maturity.
     Q_INVOKABLE void create(const QString &slug, const QString &category, vornel::Maturity maturity);
 
+    /// Deletes a category; its skills go to "other".
+    Q_INVOKABLE void deleteCategory(const QString &id);
+
     /// Holds a dragged text over an item, as the window system does; and lets it go there.
     Q_INVOKABLE static void dragOver(QQuickItem *item, const QString &text);
     Q_INVOKABLE static void drop(QQuickItem *item, const QString &text);

@@ -106,40 +106,6 @@ ScreenTest {
         verify(all("audit").some(item => item.activeFocus), "the keyboard goes back to the list");
     }
 
-    function test_creation() {
-        openShell(["audit"]);
-        keyClick(Qt.Key_N, Qt.ControlModifier);
-        awaitText("Le nom est requis.");
-        verify(!control("Créer").enabled);
-        for (const letter of "Audit 2024 !!")
-            keyClick(letter);
-        tryCompare(control("Identifiant"), "text", "audit-2024");
-        click("Identifiant");
-        keyClick("x");
-        keyClick("_");
-        awaitText("Utilisez uniquement des lettres, chiffres et tirets.");
-        keyClick(Qt.Key_Backspace);
-        awaitText("Prête à être créée.");
-        click("Créer");
-        awaitText("CRÉÉE");
-        tryVerify(() => !shows("Annuler"));
-        compare(fixture.model.selectedSkill.manifest.slug, "audit-2024x");
-    }
-
-    function test_refused_creation() {
-        openShell(["audit"]);
-        keyClick(Qt.Key_N, Qt.ControlModifier);
-        for (const letter of "audit")
-            keyClick(letter);
-        click("Créer");
-        tryVerify(() => fixture.model.errorMessage !== "");
-        tryVerify(() => all("Fermer").length === 2);
-        all("Fermer")[1].forceActiveFocus(); // the one in the sheet
-        keyClick(Qt.Key_Return);
-        compare(fixture.model.errorMessage, "");
-        compare(control("Nom").text, "audit", "what was typed stays");
-    }
-
     function test_list_by_keyboard() {
         openShell(["audit", "notes", "revue"]);
         keyClick(Qt.Key_Right);

@@ -1,0 +1,52 @@
+#include "EntryForm.h"
+
+#include <VORNELCore/VORNELWorkspaceError.h>
+
+namespace vornel {
+
+void EntryForm::forgetRefusal()
+{
+    refuse({}, {});
+}
+
+void EntryForm::await(QCoro::Task<bool> request)
+{
+    follow(this, m_entry, std::move(request));
+}
+
+void EntryForm::beginAnew()
+{
+    ++m_entry;
+    forgetRefusal();
+}
+
+/// Outlives the form, should its sheet go before the model is done.
+QCoro::Task<> EntryForm::follow(QPointer<EntryForm> form, int entry, QCoro::Task<bool> request)
+{
+    const bool succeeded = co_await request;
+    if (!form.isNull() && form->m_entry == entry)
+        form->conclude(succeeded);
+}
+
+void EntryForm::conclude(bool succeeded)
+{
+    const QString errorCase = m_model->errorCase();
+    const bool isKept = errorCase == QLatin1StringView(WorkspaceErrorCase::PartialSync::name);
+    if (succeeded || isKept) { // then only an assistant has no copy yet, as the model's error says
+        if (isKept)
+            m_model->refreshOverview();
+        Q_EMIT accepted();
+        return;
+    }
+    refuse(m_model->errorMessage(), errorCase);
+    m_model->clearError();
+}
+
+void EntryForm::refuse(const QString &reason, const QString &errorCase)
+{
+    m_refusalCase = errorCase;
+    if (std::exchange(m_refusal, reason) != reason)
+        Q_EMIT refusalChanged();
+}
+
+} // namespace vornel

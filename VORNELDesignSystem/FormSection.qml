@@ -1,0 +1,19 @@
+import QtQuick
+
+/** Fields that belong together, below what they are about. */
+Column {
+    id: section
+
+    required property string title
+
+    spacing: Metrics.large
+
+    Label {
+        color: Colors.text
+        font: Typography.section
+        text: section.title
+        width: parent.width
+
+        Accessible.role: Accessible.Heading
+    }
+}

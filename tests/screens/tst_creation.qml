@@ -1,0 +1,166 @@
+import QtQuick
+import VORNELApp
+
+ScreenTest {
+    id: test
+
+    name: "Creation"
+
+    readonly property AppModel model: fixture?.model ?? null
+
+    function type(text) {
+        for (const letter of text)
+            keyClick(letter);
+    }
+    function openSheet() {
+        openShell(["audit"]);
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        awaitText("Le nom est requis.");
+    }
+    function fill(name, text) {
+        control(name).forceActiveFocus();
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        keyClick(Qt.Key_Delete);
+        type(text);
+    }
+    function isGone() {
+        tryVerify(() => !shows("Identité"));
+    }
+    function created() {
+        return model.selectedSkill.manifest;
+    }
+
+    function test_everything_typed_is_kept() {
+        openSheet();
+        verify(control("Nom").activeFocus);
+        type("Veille");
+        fill("Description courte", "Suivre les annonces");
+        fill("Mots-clés", " veille , , presse,");
+        click("Catégorie, Développement");
+        click("Connaissance");
+        tryVerify(() => shows("Catégorie, Connaissance"));
+        click("Actif");
+        verify(control("Actif").checked && !control("Brouillon").checked);
+        click("Créer");
+        awaitText("CRÉÉE");
+        isGone();
+        compare(created().slug, "veille");
+        compare(created().displayName, "Veille");
+        compare(created().summary, "Suivre les annonces");
+        compare(created().tags, ["presse", "veille"]);
+        compare(created().category, "knowledge");
+        compare(created().maturity, Vornel.Maturity.active);
+    }
+
+    function test_identifier_follows_the_name_until_it_is_typed() {
+        openSheet();
+        verify(!control("Créer").enabled);
+        verify(all("Nouvelle compétence").every(item => item.Accessible.description !== "Formulaire valide"));
+        type("Audit 2024 !!");
+        tryCompare(control("Identifiant"), "text", "audit-2024");
+        verify(all("Nouvelle compétence").some(item => item.Accessible.description === "Formulaire valide"));
+        control("Identifiant").forceActiveFocus();
+        type("x_");
+        awaitText("Utilisez uniquement des lettres, chiffres et tirets.");
+        verify(!control("Créer").enabled);
+        keyClick(Qt.Key_Backspace);
+        awaitText("Prête à être créée.");
+        fill("Nom", "Autre");
+        compare(control("Identifiant").text, "audit-2024x");
+        fill("Identifiant", "");
+        fill("Nom", "Encore");
+        compare(control("Identifiant").text, "", "even an emptied one is the user's");
+    }
+
+    function test_taken_identifier() {
+        openSheet();
+        type("Audit");
+        keyClick(Qt.Key_Return);
+        awaitText("Le slug audit existe déjà.");
+        compare(model.errorMessage, "", "it is told at the field alone");
+        compare(control("Identifiant").Accessible.description, "Le slug audit existe déjà.");
+        verify(!shows("Fermer") && !shows("Prête à être créée."));
+        compare(control("Nom").text, "Audit", "what was typed stays");
+        fill("Description courte", "Autre chose");
+        verify(shows("Le slug audit existe déjà."));
+        control("Identifiant").forceActiveFocus();
+        keyClick(Qt.Key_End);
+        type("2");
+        tryVerify(() => !shows("Le slug audit existe déjà."));
+        keyClick(Qt.Key_Return);
+        awaitText("CRÉÉE");
+        isGone();
+        compare(created().slug, "audit2");
+    }
+
+    function test_other_refusals() {
+        openSheet();
+        type("Veille");
+        fixture.write("workspace/.vornel/categories.json", "{");
+        keyClick(Qt.Key_Enter);
+        awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
+        verify(!shows("Le slug veille existe déjà."));
+        compare(all("Fermer").length, 1);
+        click("Fermer");
+        tryVerify(() => !shows("Fermer"));
+        compare(control("Nom").text, "Veille");
+    }
+
+    function test_created_though_an_assistant_has_no_copy() {
+        openSheet();
+        type("Veille");
+        fixture.remove("codex");
+        fixture.write("codex", "un fichier à la place du dossier");
+        keyClick(Qt.Key_Return);
+        isGone();
+        settle();
+        verify(model.errorMessage !== "");
+        tryVerify(() => shows("Veille"));
+    }
+
+    function test_leaving() {
+        openSheet();
+        keyClick(Qt.Key_Return);
+        verify(shows("Identité"), "nothing to create yet");
+        keyClick(Qt.Key_Escape);
+        isGone();
+
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        awaitText("Le nom est requis.");
+        type("Veille");
+        keyClick(Qt.Key_Escape);
+        awaitText("Abandonner la saisie\u00a0?");
+        keyClick(Qt.Key_Return);
+        tryVerify(() => !shows("Abandonner"));
+        verify(control("Nom").activeFocus, "the way back has the keyboard");
+        click("Annuler");
+        awaitText("Abandonner");
+        click("Abandonner");
+        isGone();
+
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        awaitText("Le nom est requis.");
+        compare(control("Nom").text, "");
+        compare(control("Identifiant").text, "");
+    }
+
+    function test_category_without_the_usual_one() {
+        openShell(["audit"]);
+        fixture.deleteCategory("development");
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        awaitText("Catégorie, Autre");
+        type("Veille");
+        keyClick(Qt.Key_Return);
+        awaitText("CRÉÉE");
+        compare(created().category, "other");
+    }
+
+    function test_order_of_the_fields() {
+        openSheet();
+        type("Veille");
+        for (const next of ["Identifiant", "Description courte", "Mots-clés", "Catégorie, Développement", "Brouillon", "Prêt", "Actif", "Obsolète", "Annuler", "Créer"]) {
+            keyClick(Qt.Key_Tab);
+            verify(control(next).activeFocus, next);
+        }
+    }
+}
