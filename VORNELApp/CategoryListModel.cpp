@@ -14,7 +14,7 @@ QString CategoryEntry::countText() const
 
 QString CategoryEntry::spokenName() const
 {
-    return category.name + u", "_s + countText();
+    return category.name + (count == 1 ? u", 1 compétence"_s : u", %1 compétences"_s.arg(count));
 }
 
 CategoryListModel::CategoryListModel(QObject *parent) : SlotListModel(parent)

@@ -238,10 +238,10 @@ TEST_F(LibraryPageTest, CountsTheSkillsOfEachCategoryWhateverTheFilters)
     QStringList names;
     for (const CategoryEntry &entry : categories.records())
         names.append(entry.spokenName());
-    EXPECT_EQ(names, (QStringList{u"Toutes, 4 compétences"_s, u"Développement, 0 compétence"_s,
-                                  u"Qualité, 1 compétence"_s, u"Opérations, 0 compétence"_s,
-                                  u"Design, 2 compétences"_s, u"Connaissance, 0 compétence"_s,
-                                  u"Autre, 0 compétence"_s}));
+    EXPECT_EQ(names, (QStringList{u"Toutes, 4 compétences"_s, u"Développement, 0 compétences"_s,
+                                  u"Qualité, 1 compétence"_s, u"Opérations, 0 compétences"_s,
+                                  u"Design, 2 compétences"_s, u"Connaissance, 0 compétences"_s,
+                                  u"Autre, 0 compétences"_s}));
 }
 
 } // namespace

@@ -48,7 +48,7 @@ ScreenTest {
     function test_list() {
         openManager();
         compare(all("Catégorie par défaut").length, 1);
-        verify(row("Développement, 0 compétence").activeFocus);
+        verify(row("Développement, 0 compétences").activeFocus);
         for (let place = 0; place < 3; ++place)
             keyClick(Qt.Key_Down);
         verify(row("Design, 2 compétences").activeFocus);
@@ -80,7 +80,7 @@ ScreenTest {
         keyClick(Qt.Key_Return);
         awaitText("CATÉGORIE CRÉÉE");
         awaitList();
-        verify(row("Recherche, 0 compétence").activeFocus);
+        verify(row("Recherche, 0 compétences").activeFocus);
         compare(category("Recherche").colorHex, "B071FF");
 
         click("Fermer");
@@ -175,7 +175,7 @@ ScreenTest {
         awaitText("CATÉGORIE SUPPRIMÉE");
         tryVerify(() => !shows("Annuler"));
         verify(!category("Développement"));
-        tryVerify(() => row("Qualité, 0 compétence").activeFocus);
+        tryVerify(() => row("Qualité, 0 compétences").activeFocus);
 
         for (let place = 0; place < 4; ++place)
             keyClick(Qt.Key_Down);
@@ -229,7 +229,7 @@ ScreenTest {
 
     function test_free_color() {
         openManager();
-        edit("Opérations, 0 compétence");
+        edit("Opérations, 0 compétences");
         verify(control("Autre couleur, FF571A").checked, "a colour that isn't in the palette");
         click("Choisir une autre couleur");
         awaitText("Choisir");

@@ -13,6 +13,7 @@ ScreenTest {
 
         Main {
             model: fixture.model
+            visible: true
         }
     }
 

@@ -49,7 +49,7 @@ ScreenTest {
             verify(shows(heading));
         verify(!shows("Développement"));
         compare(all("1 compétences").length, 2);
-        for (const entry of ["Toutes, 4 compétences", "Développement, 0 compétence", "Qualité, 1 compétence"])
+        for (const entry of ["Toutes, 4 compétences", "Développement, 0 compétences", "Qualité, 1 compétence"])
             verify(control(entry));
         compare(control("revue").Accessible.description, "revue, Qualité, Prêt, à jour");
 
@@ -83,7 +83,7 @@ ScreenTest {
         model.searchText = "introuvable";
         awaitText("Aucun résultat");
         verify(!shows("Page suivante"));
-        click("Opérations, 0 compétence");
+        click("Opérations, 0 compétences");
         click("Effacer la recherche");
         compare(model.searchText, "");
         verify(shows("Aucun résultat"));
@@ -96,7 +96,7 @@ ScreenTest {
         open();
         awaitText("Aucune compétence");
         verify(control("Créer une compétence").enabled);
-        verify(control("Toutes, 0 compétence"));
+        verify(control("Toutes, 0 compétences"));
     }
 
     function test_pages() {
@@ -276,7 +276,7 @@ ScreenTest {
         openLibrary();
         const ids = slugs => "vornel-skills:" + slugs.map(slug => String(fixture.idOf(slug)).replace(/[{}]/g, "").toUpperCase()).sort();
         compare(draggedText("audit"), ids(["audit"]));
-        drop(draggedText("audit"), "Opérations, 0 compétence");
+        drop(draggedText("audit"), "Opérations, 0 compétences");
         awaitText("CATÉGORIE MODIFIÉE");
         compare(categoryOf("audit"), "operations");
         verify(!shows("Retour à la bibliothèque"), "a drag is no click");

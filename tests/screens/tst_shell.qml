@@ -9,6 +9,7 @@ ScreenTest {
 
         Main {
             model: fixture.model
+            visible: true
         }
     }
 
