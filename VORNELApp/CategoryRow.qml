@@ -54,12 +54,16 @@ T.ItemDelegate {
                 font: Typography.control
                 text: row.text
                 width: parent.width
+
+                Accessible.ignored: true
             }
             Label {
                 color: Colors.secondary
                 font: Typography.small
                 text: row.record.countText
                 width: parent.width
+
+                Accessible.ignored: true
             }
         }
     }
@@ -78,6 +82,8 @@ T.ItemDelegate {
             font: Typography.small
             text: "Catégorie par défaut"
             visible: row.record.category.isProtected
+
+            Accessible.ignored: true
         }
         Symbol {
             anchors.verticalCenter: parent.verticalCenter

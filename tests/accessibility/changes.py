@@ -16,7 +16,7 @@ def creation(program):
     # The same once more: the sheet says what is wrong, and keeps what was typed.
     fill_in(program)
     program.press("Créer")
-    program.sees("label", f"Le slug {SLUG} existe déjà.")
+    program.sees("alert", f"Le slug {SLUG} existe déjà.")
     program.sees_page()
     program.press("Annuler")
     program.press("Abandonner")
@@ -51,7 +51,7 @@ def edition(program, folder):
 def category(program):
     program.press("Gérer les catégories")
     program.sees("dialog", "Catégories")
-    program.sees("list item", "Autre, 12 compétences, Catégorie par défaut")
+    program.sees("list item", "Autre, 12 compétences", description="Catégorie par défaut")
     program.sees_page()
     program.press("Nouvelle")
     program.sees("label", "NOUVELLE CATÉGORIE")

@@ -4,6 +4,7 @@ import pathlib
 import shutil
 import sys
 
+from changes import attention, category, creation, edition, selection, trash
 from first_start import failure, onboarding, opens_at_once, preparation, settles
 from program import DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
 
@@ -51,15 +52,6 @@ def destinations(program):
     program.sees("dialog", "Enregistrer les modifications\u00a0?")
     program.press("Ne pas enregistrer")
     program.sees("push button", "Synchroniser", description=UNAVAILABLE)
-
-
-def creation(program):
-    program.press("Nouvelle compétence")
-    program.sees("dialog", "Nouvelle compétence")
-    program.sees("text", "Nom", states={"editable"})
-    program.sees_page()
-    program.press("Annuler")
-    program.wait("no dialog any more", lambda nodes: nodes and not any(node.role == "dialog" for node in nodes))
 
 
 def search(program):
@@ -135,8 +127,10 @@ def main(executable, demo, folder):
         program.sees("alert", "PRÊT")
         shell(program, names)
         destinations(program)
-        creation(program)
         search(program)
+        creation(program)
+        edition(program, first)
+        category(program)
         program.close()
     with Program(executable, first) as program:
         opens_at_once(program)
