@@ -48,6 +48,12 @@ public:
     /// One more skill, named like its slug, in a category and of a maturity.
     Q_INVOKABLE void create(const QString &slug, const QString &category, vornel::Maturity maturity);
 
+    /// Throws skills of the library away.
+    Q_INVOKABLE void trash(const QStringList &slugs);
+
+    /// Deletes everything in the trash, as another program would.
+    Q_INVOKABLE void emptyTrashElsewhere() const;
+
     /// Holds a dragged text over an item, as the window system does; and lets it go there.
     Q_INVOKABLE static void dragOver(QQuickItem *item, const QString &text);
     Q_INVOKABLE static void drop(QQuickItem *item, const QString &text);
