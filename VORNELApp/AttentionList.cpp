@@ -1,7 +1,6 @@
 #include "AttentionList.h"
 
 #include <QCoro/QCoroFuture>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -34,7 +33,10 @@ QString failureOf(const QList<TargetInspection> &inspections)
 } // namespace
 
 AttentionList::AttentionList(QObject *parent) : SkillList(Destination::needsAttention, parent)
-{}
+{
+    m_start.setSingleShot(true);
+    connect(&m_start, &QTimer::timeout, this, &AttentionList::begin);
+}
 
 void AttentionList::complete(SkillEntry &entry) const
 {
@@ -56,7 +58,13 @@ void AttentionList::look(QUuid id)
     m_wanted.removeOne(id);
     m_wanted.append(id);
     if (!std::exchange(m_isLooking, true)) // and not before the row that asks is complete
-        QTimer::singleShot(0, this, [this] { lookAtWanted(this); });
+        m_start.start();
+}
+
+void AttentionList::begin()
+{
+    const QPointer<AttentionList> self(this);
+    lookAtWanted(self);
 }
 
 QCoro::Task<> AttentionList::lookAtWanted(QPointer<AttentionList> self)
@@ -77,8 +85,9 @@ void AttentionList::survey()
     QList<QUuid> ids;
     for (const SkillEntry &entry : entries())
         ids.append(entry.id);
+    const QPointer<AttentionList> self(this);
     if (!m_isSurveying)
-        lookAtAll(this, ids);
+        lookAtAll(self, ids);
 }
 
 QCoro::Task<> AttentionList::lookAtAll(QPointer<AttentionList> self, QList<QUuid> ids)

@@ -3,6 +3,7 @@
 #include "SkillList.h"
 
 #include <QPointer>
+#include <QTimer>
 
 namespace vornel {
 
@@ -44,6 +45,7 @@ protected:
     void renew() override;
 
 private:
+    void begin();
     static QCoro::Task<> lookAtWanted(QPointer<AttentionList> self);
     static QCoro::Task<> lookAtAll(QPointer<AttentionList> self, QList<QUuid> ids);
     static QCoro::Task<bool> inspect(QPointer<AttentionList> self, QUuid id);
@@ -53,6 +55,7 @@ private:
     QHash<QUuid, QList<TargetInspection>> m_inspections;
     QSet<QUuid> m_current; ///< whose inspection is as young as the overview
     QList<QUuid> m_wanted; ///< the last one is looked at first
+    QTimer m_start;
     bool m_isLooking = false;
     bool m_isSurveying = false;
     QSet<QUuid> m_surveyed;
