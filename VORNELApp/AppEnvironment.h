@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELCore/TargetInspecting.h>
+#include <VORNELCore/TrashInspecting.h>
 #include <VORNELCore/WorkspaceLocating.h>
 #include <VORNELCore/WorkspaceServicing.h>
 #include <VORNELInfrastructure/WorkspaceRoots.h>
@@ -21,6 +22,7 @@ struct AppEnvironment
     std::filesystem::path codexRoot;
     std::shared_ptr<WorkspaceServicing> workspaceService;
     std::shared_ptr<TargetInspecting> targetInspector;
+    std::shared_ptr<TrashInspecting> trashInspector;
     std::shared_ptr<QSettings> defaults;
 
     /// From the environment's variables, with the defaults below `home`. Touches no folder. With

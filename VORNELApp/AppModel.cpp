@@ -23,10 +23,12 @@ std::optional<E> optionalCase(const QVariant &value)
 } // namespace
 
 AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
-                   std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
-                   std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults)
+                   std::shared_ptr<TrashInspecting> trashInspector, std::filesystem::path workspaceURL,
+                   std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
+                   std::shared_ptr<QSettings> defaults)
     : m_service(std::move(service)),
       m_inspector(std::move(inspector)),
+      m_trashInspector(std::move(trashInspector)),
       m_workspaceURL(std::move(workspaceURL)),
       m_claudeRoot(std::move(claudeRoot)),
       m_codexRoot(std::move(codexRoot)),
@@ -42,6 +44,7 @@ AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<
         return overview ? LibraryIndex(overview->skills, overview->categories) : LibraryIndex();
     });
     enterEveryField();
+    connect(this, &AppModel::overviewChanged, this, &AppModel::keepBatchFailures);
 }
 
 void AppModel::enterEveryField() const
@@ -59,6 +62,7 @@ void AppModel::enterEveryField() const
 
 AppModel::~AppModel()
 {
+    m_batch.stop();
     QEventLoop loop;
     connect(this, &AppModel::isBusyChanged, &loop, &QEventLoop::quit);
     if (m_isBusy)
@@ -108,6 +112,28 @@ QList<SkillSummary> AppModel::needsAttention() const
 {
     const auto &overview = m_overview.value();
     return overview ? LibraryQuery::needsAttention(*overview) : QList<SkillSummary>();
+}
+
+QList<SkillSummary> AppModel::skills(Destination destination) const
+{
+    const auto &overview = m_overview.value();
+    if (!overview)
+        return {};
+    switch (destination) {
+    case Destination::needsAttention:
+        return LibraryQuery::needsAttention(*overview);
+    case Destination::trash:
+        return overview->trashedSkills;
+    case Destination::library:
+        break;
+    }
+    return overview->skills;
+}
+
+QList<SkillSummary> AppModel::shownSkills(Destination destination) const
+{
+    return destination == Destination::library ? filteredSkills()
+                                               : LibraryQuery::found(skills(destination), searchText());
 }
 
 SkillCategory AppModel::category(const QString &id) const

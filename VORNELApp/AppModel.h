@@ -2,9 +2,11 @@
 
 #include "AppStates.h"
 #include "Departure.h"
+#include "SkillBatch.h"
 
 #include <VORNELCore/LibraryQuery.h>
 #include <VORNELCore/TargetInspecting.h>
+#include <VORNELCore/TrashInspecting.h>
 #include <VORNELCore/WorkspaceServicing.h>
 
 #include <QCoro/QCoroTask>
@@ -58,13 +60,15 @@ class AppModel : public QObject
         qreal commitProgress READ commitProgress NOTIFY commitProgressChanged BINDABLE bindableCommitProgress)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY isBusyChanged BINDABLE bindableIsBusy)
     Q_PROPERTY(vornel::Departure *departure READ departure CONSTANT)
+    Q_PROPERTY(vornel::SkillBatch *batch READ batch CONSTANT)
 
 public:
-    /// `inspector` looks at what `service` keeps; `defaults` holds what the user's machine remembers between
-    /// two starts.
+    /// The inspectors look at what `service` keeps; `defaults` holds what the user's machine remembers
+    /// between two starts.
     AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
-             std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
-             std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults);
+             std::shared_ptr<TrashInspecting> trashInspector, std::filesystem::path workspaceURL,
+             std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
+             std::shared_ptr<QSettings> defaults);
 
     /// Waits for the operations that still run.
     ~AppModel() override;
@@ -120,11 +124,22 @@ public:
     QList<SkillSummary> needsAttention() const;
     int needsAttentionCount() const { return static_cast<int>(needsAttention().size()); }
 
+    /// The skills that a destination lists, and those of them that the search and its filters let pass, which
+    /// the library alone has. In the overview's order.
+    QList<SkillSummary> skills(Destination destination) const;
+    QList<SkillSummary> shownSkills(Destination destination) const;
+
+    /// The changes made to several skills.
+    SkillBatch *batch() { return &m_batch; }
+
     /// What asks before unsaved edits are left.
     Departure *departure() { return &m_departure; }
 
     /// Looks at skills' files, for the screens that show them.
     TargetInspecting &inspector() const { return *m_inspector; }
+
+    /// Looks at the trash, for the screen that shows it.
+    TrashInspecting &trashInspector() const { return *m_trashInspector; }
 
     /// The library, prepared for queries of which the fields above are the filter.
     const LibraryIndex &libraryIndex() const { return m_libraryIndex.value(); }
@@ -187,8 +202,8 @@ public:
     /// Tells whether it succeeded.
     QCoro::Task<bool> refreshSelectedSkill();
 
-    /// Reads the library anew, quietly as well.
-    QCoro::Task<> refreshOverview();
+    /// Reads the overview anew, as quietly.
+    Q_INVOKABLE void refreshOverview();
 
     void assignSkills(QSet<QUuid> ids, QString category);
     Q_INVOKABLE void assignSelectedSkill(const QString &category);
@@ -198,6 +213,13 @@ public:
     Q_INVOKABLE void restore(QUuid id);
     Q_INVOKABLE void deletePermanently(QUuid id);
     Q_INVOKABLE void emptyTrash();
+
+    // Actions on several skills, one after another and past failures. None begins while an operation runs.
+
+    Q_INVOKABLE void synchronizeSkill(QUuid id) { synchronizeSkills({id}); }
+    void synchronizeSkills(const QSet<QUuid> &ids);
+    void restoreSkills(const QSet<QUuid> &ids);
+    void deleteSkillsPermanently(const QSet<QUuid> &ids);
 
     // Actions that tell whether they succeeded. They never throw.
 
@@ -241,6 +263,10 @@ private:
     void enterEveryField() const;
 
     QCoro::Task<> loadSelectedSkill();
+    QCoro::Task<> reloadQuietly();
+    void runBatch(SkillBatch::Kind kind, QList<SkillSummary> skills, SkillBatch::Operation operation);
+    void concludeBatch();
+    void keepBatchFailures();
     void fail(const std::exception &error);
     void followProgress(const QFuture<WorkspaceOverview> &commit);
     void confirm(const QString &text);
@@ -256,11 +282,13 @@ private:
 
     const std::shared_ptr<WorkspaceServicing> m_service;
     const std::shared_ptr<TargetInspecting> m_inspector;
+    const std::shared_ptr<TrashInspecting> m_trashInspector;
     const std::filesystem::path m_workspaceURL;
     const std::filesystem::path m_claudeRoot;
     const std::filesystem::path m_codexRoot;
     const std::shared_ptr<QSettings> m_defaults;
     Departure m_departure;
+    SkillBatch m_batch;
     QString m_errorCase;
 
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, Phase, m_phase, &AppModel::phaseChanged)

@@ -18,6 +18,13 @@ QCoro::Task<bool> failure()
     co_return false;
 }
 
+/// Those of `skills` that `ids` names.
+QList<SkillSummary> named(const QSet<QUuid> &ids, QList<SkillSummary> skills)
+{
+    skills.removeIf([&ids](const SkillSummary &skill) { return !ids.contains(skill.id); });
+    return skills;
+}
+
 } // namespace
 
 /// Counts an operation among those that run, for as long as it lives.
@@ -140,16 +147,6 @@ QCoro::Task<bool> AppModel::refreshSelectedSkill()
     }
 }
 
-QCoro::Task<> AppModel::refreshOverview()
-{
-    const Operation operation(*this);
-    try {
-        m_overview = co_await m_service->reload();
-    } catch (const std::exception &) {
-        co_return; // the last error tells more
-    }
-}
-
 QCoro::Task<bool> AppModel::createSkill(CreateSkillRequest request)
 {
     return perform([this, request = std::move(request)]() -> QCoro::Task<> {
@@ -213,6 +210,21 @@ QCoro::Task<bool> AppModel::deleteCategory(QString id)
     });
 }
 
+void AppModel::refreshOverview()
+{
+    reloadQuietly();
+}
+
+QCoro::Task<> AppModel::reloadQuietly()
+{
+    const Operation operation(*this);
+    try {
+        m_overview = co_await m_service->reload();
+    } catch (const std::exception &) {
+        co_return; // what is shown stays
+    }
+}
+
 void AppModel::assignSkills(QSet<QUuid> ids, QString category)
 {
     perform([this, ids = std::move(ids), category = std::move(category)]() -> QCoro::Task<> {
@@ -272,6 +284,53 @@ void AppModel::emptyTrash()
         m_overview = co_await m_service->emptyTrash();
         confirm(u"CORBEILLE VIDÉE"_s);
     });
+}
+
+void AppModel::synchronizeSkills(const QSet<QUuid> &ids)
+{
+    runBatch(SkillBatch::Kind::synchronisation, named(ids, skills(Destination::library)),
+             [this](QUuid id) -> QCoro::Task<> { co_await m_service->synchronize(id); });
+}
+
+void AppModel::restoreSkills(const QSet<QUuid> &ids)
+{
+    runBatch(SkillBatch::Kind::restoration, named(ids, skills(Destination::trash)),
+             [this](QUuid id) -> QCoro::Task<> { co_await m_service->restore(id); });
+}
+
+void AppModel::deleteSkillsPermanently(const QSet<QUuid> &ids)
+{
+    runBatch(SkillBatch::Kind::deletion, named(ids, skills(Destination::trash)),
+             [this](QUuid id) -> QCoro::Task<> { co_await m_service->deletePermanently(id); });
+}
+
+void AppModel::runBatch(SkillBatch::Kind kind, QList<SkillSummary> skills, SkillBatch::Operation operation)
+{
+    if (isWorking())
+        return;
+    perform([this, kind, skills = std::move(skills), operation = std::move(operation)]() -> QCoro::Task<> {
+        co_await m_batch.run(kind, skills, operation);
+        m_overview = co_await m_service->reload();
+        concludeBatch();
+    });
+}
+
+void AppModel::concludeBatch()
+{
+    if (const QString text = m_batch.confirmation(); !text.isEmpty())
+        confirm(text);
+    m_errorMessage = m_batch.failureMessage();
+}
+
+/// What failed to be changed and is no longer listed needs no reason.
+void AppModel::keepBatchFailures()
+{
+    QSet<QUuid> listed;
+    for (const Destination destination : {Destination::needsAttention, Destination::trash}) {
+        for (const SkillSummary &skill : skills(destination))
+            listed.insert(skill.id);
+    }
+    m_batch.keepFailures(listed);
 }
 
 /// Keeps `commitProgress` in step until the import ends.

@@ -31,7 +31,7 @@ void CopyComparison::compare(TargetKind target, const QString &path)
     const bool isFolder = path.endsWith(u'/'); // which is listed only if empty
     show({{}, isFolder ? u"Dossier vide."_s : QString()});
     if (!isFolder)
-        read(this, m_model, m_model->selectedSkillID(), target, path, m_request);
+        read(this, m_model, m_skillID, target, path, m_request);
 }
 
 QCoro::Task<> CopyComparison::read(QPointer<CopyComparison> self, AppModel *model, QUuid id,

@@ -14,12 +14,13 @@ class CopyComparison : public QAbstractListModel
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
+    Q_PROPERTY(QUuid skillID MEMBER m_skillID REQUIRED)
     Q_PROPERTY(QString explanation READ explanation NOTIFY explanationChanged)
 
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    /// Begins to compare this file of the selected skill.
+    /// Begins to compare this file of the skill.
     Q_INVOKABLE void compare(vornel::TargetKind target, const QString &path);
 
     /// Why there are no lines.
@@ -47,6 +48,7 @@ private:
     void show(Result result);
 
     AppModel *m_model = nullptr;
+    QUuid m_skillID;
     Result m_result;
     int m_request = 0; ///< counts the comparisons asked for: only the last one is shown
 };

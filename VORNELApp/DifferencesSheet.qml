@@ -109,6 +109,7 @@ Sheet {
         id: comparison
 
         model: sheet.model
+        skillID: sheet.copies.skillID
     }
     Row {
         anchors.right: parent.right

@@ -33,8 +33,6 @@ void EntryForm::conclude(bool succeeded)
     const QString errorCase = m_model->errorCase();
     const bool isKept = errorCase == QLatin1StringView(WorkspaceErrorCase::PartialSync::name);
     if (succeeded || isKept) { // then only an assistant has no copy yet, as the model's error says
-        if (isKept)
-            m_model->refreshOverview();
         Q_EMIT accepted();
         return;
     }

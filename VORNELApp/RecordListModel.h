@@ -32,6 +32,8 @@ public:
 
     QHash<int, QByteArray> roleNames() const override { return {{recordRole, "record"}}; }
 
+    const QList<T> &records() const { return m_records; }
+
     void setRecords(const QList<T> &records)
     {
         if (changedRows(records) > mostRowsToldSingly) {

@@ -3,8 +3,17 @@
 #include <QCoro/QCoroFuture>
 
 #include <algorithm>
+#include <utility>
 
 namespace vornel {
+
+void SkillCopies::setSkillID(QUuid id)
+{
+    if (std::exchange(m_skillID, id) == id)
+        return;
+    Q_EMIT skillIDChanged();
+    follow();
+}
 
 QVariantList SkillCopies::targets() const
 {
@@ -22,19 +31,19 @@ bool SkillCopies::hasDrifted() const
 
 void SkillCopies::check()
 {
-    inspect(this, m_model, m_model->selectedSkillID(), ++m_request);
+    inspect(this, m_model, m_skillID, ++m_request);
 }
 
 void SkillCopies::componentComplete()
 {
-    connect(m_model, &AppModel::selectedSkillChanged, this, &SkillCopies::follow);
+    connect(m_model, &AppModel::selectedSkillChanged, this, &SkillCopies::follow); // it was read anew
     connect(m_model, &AppModel::isWorkingChanged, this, &SkillCopies::follow);
     follow();
 }
 
 void SkillCopies::follow()
 {
-    if (m_model->selectedSkill() && !m_model->isWorking())
+    if (m_model != nullptr && !m_skillID.isNull() && !m_model->isWorking())
         check();
 }
 

@@ -8,19 +8,24 @@
 
 namespace vornel {
 
-/// How the installed copies of the selected skill stand, looked at anew after each operation.
+/// How the installed copies of a skill stand, looked at anew after each operation.
 class SkillCopies : public QObject, public QQmlParserStatus
 {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
+    Q_PROPERTY(QUuid skillID READ skillID WRITE setSkillID NOTIFY skillIDChanged)
     Q_PROPERTY(QVariantList targets READ targets NOTIFY changed)
     Q_PROPERTY(bool hasDrifted READ hasDrifted NOTIFY changed)
     Q_PROPERTY(vornel::CopyDifferences *differences READ differences CONSTANT)
 
 public:
     using QObject::QObject;
+
+    /// The skill whose copies are looked at; null for none.
+    QUuid skillID() const { return m_skillID; }
+    void setSkillID(QUuid id);
 
     /// One inspection for each assistant; none before the first look.
     QVariantList targets() const;
@@ -38,6 +43,7 @@ public:
     void componentComplete() override;
 
 Q_SIGNALS:
+    void skillIDChanged();
     void changed();
     void checked();
 
@@ -47,6 +53,7 @@ private:
     void show(const QList<TargetInspection> &inspections);
 
     AppModel *m_model = nullptr;
+    QUuid m_skillID;
     QList<TargetInspection> m_inspections;
     CopyDifferences m_differences;
     int m_request = 0; ///< counts the looks: only the last one is shown

@@ -43,6 +43,7 @@ FocusScope {
         id: copies
 
         model: editor.model
+        skillID: editor.model.selectedSkillID
     }
     Connections {
         function onSaveFailed() {

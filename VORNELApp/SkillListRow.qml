@@ -8,53 +8,36 @@ T.ItemDelegate {
     id: row
 
     required property int index
-    required property skillSummary record
+    required property skillEntry record
     property bool isChoosable: true
 
-    implicitHeight: 56
-    enabled: isChoosable
+    readonly property bool isCurrent: ListView.isCurrentItem
+
+    implicitWidth: ListView.view?.width ?? 0
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     focusPolicy: Qt.ClickFocus
-    highlighted: activeFocus
+    horizontalPadding: Metrics.huge + Metrics.large
     hoverEnabled: true
-    text: record.displayName
+    leftInset: Metrics.huge
+    rightInset: Metrics.huge
+    text: record.skill.displayName
+    verticalPadding: Metrics.medium
     onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
 
-    Accessible.description: record.slug
+    Accessible.description: record.description
     Accessible.name: text
     Accessible.role: Accessible.ListItem
     Accessible.onPressAction: if (enabled) clicked()
-    Keys.onEnterPressed: clicked()
-    Keys.onReturnPressed: clicked()
 
     background: Rectangle {
-        color: row.hovered ? Colors.hover : "transparent"
-        radius: Metrics.controlRadius
+        border.color: row.record.isSelected ? Colors.accent : row.hovered && row.isChoosable ? Colors.muted : Colors.line
+        border.width: Metrics.hairline
+        color: row.record.isSelected ? Qt.tint(Colors.raised, Qt.alpha(Colors.accent, 0.08)) : row.hovered && row.isChoosable ? Colors.hover : Colors.raised
+        radius: Metrics.cardRadius
 
-        Rectangle {
-            anchors.fill: parent
-            border.color: Colors.accent
-            border.width: Metrics.focusWidth
-            color: "transparent"
-            radius: parent.radius
-            visible: row.highlighted
-        }
-    }
-    contentItem: Column {
-        leftPadding: Metrics.medium
-        rightPadding: Metrics.medium
-        spacing: Metrics.tiny + 2
-        topPadding: Metrics.small + 2
-
-        Label {
-            font: Typography.control
-            text: row.text
-            width: parent.width - 2 * Metrics.medium
-        }
-        Label {
-            color: Colors.secondary
-            font: Typography.small
-            text: row.record.summary
-            width: parent.width - 2 * Metrics.medium
+        FocusRing {
+            control: row
+            radius: Metrics.cardRadius + 2 * Metrics.focusWidth
         }
     }
 }

@@ -43,7 +43,7 @@ void SkillSelection::toggle(QUuid id)
 
 void SkillSelection::selectAll()
 {
-    change(true, identifiers(m_model->filteredSkills()));
+    change(true, identifiers(m_model->shownSkills(m_destination)));
 }
 
 QString SkillSelection::payload(QUuid id) const
@@ -78,6 +78,16 @@ void SkillSelection::trashAlone(QUuid id)
     m_model->moveSkillsToTrash({id});
 }
 
+void SkillSelection::restore()
+{
+    m_model->restoreSkills(m_ids);
+}
+
+void SkillSelection::deletePermanently()
+{
+    m_model->deleteSkillsPermanently(m_ids);
+}
+
 void SkillSelection::change(bool isSelecting, const QSet<QUuid> &ids)
 {
     if (isSelecting == m_isSelecting && ids == m_ids)
@@ -91,15 +101,13 @@ void SkillSelection::dropMissing()
 {
     if (m_ids.isEmpty())
         return;
-    const auto overview = m_model->overview();
-    const QSet<QUuid> present = overview ? identifiers(overview->skills) : QSet<QUuid>();
-    const QSet<QUuid> kept = m_ids & present;
+    const QSet<QUuid> kept = m_ids & identifiers(m_model->skills(m_destination));
     change(!kept.isEmpty(), kept);
 }
 
 void SkillSelection::compareWithAll()
 {
-    const QSet<QUuid> all = m_isSelecting ? identifiers(m_model->filteredSkills()) : QSet<QUuid>();
+    const QSet<QUuid> all = m_isSelecting ? identifiers(m_model->shownSkills(m_destination)) : QSet<QUuid>();
     const bool holdsAll = !all.isEmpty() && m_ids.contains(all);
     if (std::exchange(m_holdsAll, holdsAll) != holdsAll)
         Q_EMIT holdsAllChanged();

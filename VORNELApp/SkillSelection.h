@@ -6,13 +6,14 @@
 
 namespace vornel {
 
-/// The skills chosen in the library's selection mode, what a dragged card carries, and the actions on either.
-/// Skills that are gone leave the selection; the mode ends with the last of them.
+/// The skills chosen in the selection mode of the library or of another list, what a dragged card carries,
+/// and the actions on either. Skills that are gone leave the selection; the mode ends with the last of them.
 class SkillSelection : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model NOTIFY modelChanged REQUIRED)
+    Q_PROPERTY(vornel::AppStates::Destination destination MEMBER m_destination)
     Q_PROPERTY(bool isSelecting READ isSelecting NOTIFY changed)
     Q_PROPERTY(int count READ count NOTIFY changed)
     Q_PROPERTY(bool holdsAll READ holdsAll NOTIFY holdsAllChanged)
@@ -53,6 +54,10 @@ public:
     Q_INVOKABLE void trash();
     Q_INVOKABLE void trashAlone(QUuid id);
 
+    /// What becomes of the selected skills of the trash.
+    Q_INVOKABLE void restore();
+    Q_INVOKABLE void deletePermanently();
+
 Q_SIGNALS:
     void modelChanged();
     void changed();
@@ -66,6 +71,7 @@ private:
     QSet<QUuid> carried(const QUuid &id) const;
 
     AppModel *m_model = nullptr;
+    Destination m_destination = Destination::library; ///< set before the first selection
     QSet<QUuid> m_ids;
     bool m_isSelecting = false;
     bool m_holdsAll = false;

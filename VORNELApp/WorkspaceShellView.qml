@@ -39,6 +39,14 @@ FocusScope {
         sequence: "Ctrl+N"
         onActivated: shell.create()
     }
+    Connections {
+        function onErrorMessageChanged() {
+            if (shell.model.errorMessage !== "")
+                shell.model.refreshOverview(); // what failed may be done in part, or another program's doing
+        }
+
+        target: shell.model
+    }
     DeferredItem {
         id: creation
 

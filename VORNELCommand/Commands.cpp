@@ -27,6 +27,7 @@ struct Session
     const Invocation &invocation;
     WorkspaceServicing &service;
     TargetInspecting &copies;
+    TrashInspecting &trash;
     const WorkspaceOverview &overview;
 };
 
@@ -38,6 +39,14 @@ void output(const Session &session, const Record &record, const ReportText &repo
         Terminal::print(QString::fromUtf8(RecordJson::document(RecordJson::encode(record))));
     else
         Terminal::print(report(record));
+}
+
+/// Prints what the trash holds after a change.
+void outputTrash(const Session &session, const WorkspaceOverview &overview)
+{
+    output(session, overview, [&session](const WorkspaceOverview &changed) {
+        return Report::trash(changed, session.trash.trashDates().result());
+    });
 }
 
 /// The skill that the user means: by its slug or, where none has it, by its identifier.
@@ -289,7 +298,7 @@ int deleteCategory(const Session &session)
 int trash(const Session &session)
 {
     const QList<QUuid> ids = activeSkills(session, session.invocation.operands);
-    output(session, session.service.moveToTrash(QSet<QUuid>(ids.begin(), ids.end())).result(), Report::trash);
+    outputTrash(session, session.service.moveToTrash(QSet<QUuid>(ids.begin(), ids.end())).result());
     return ExitCode::success;
 }
 
@@ -301,13 +310,13 @@ int restore(const Session &session)
 
 int deletePermanently(const Session &session)
 {
-    output(session, session.service.deletePermanently(trashedSkill(session)).result(), Report::trash);
+    outputTrash(session, session.service.deletePermanently(trashedSkill(session)).result());
     return ExitCode::success;
 }
 
 int emptyTrash(const Session &session)
 {
-    output(session, session.service.emptyTrash().result(), Report::trash);
+    outputTrash(session, session.service.emptyTrash().result());
     return ExitCode::success;
 }
 
@@ -367,11 +376,11 @@ QList<CommandSyntax> commandSyntaxes()
 }
 
 int runCommand(const Invocation &invocation, WorkspaceServicing &service, TargetInspecting &copies,
-               const WorkspaceOverview &overview)
+               TrashInspecting &trash, const WorkspaceOverview &overview)
 {
     const auto command = std::ranges::find(commands(), invocation.command,
                                            [](const Command &candidate) { return candidate.syntax.name; });
-    return command->run({invocation, service, copies, overview});
+    return command->run({invocation, service, copies, trash, overview});
 }
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 
 #include <VORNELCore/TargetInspecting.h>
+#include <VORNELCore/TrashInspecting.h>
 #include <VORNELCore/WorkspaceServicing.h>
 
 namespace vornel {
@@ -29,9 +30,10 @@ public:
 /// The syntax of every command.
 QList<CommandSyntax> commandSyntaxes();
 
-/// Runs a command on a service whose `bootstrap` returned `overview` and which looks into the copies too,
-/// prints its result and returns the exit code. Throws what the service throws, and `CommandFailure`.
+/// Runs a command on a service whose `bootstrap` returned `overview` and which looks into the copies and the
+/// trash too, prints its result and returns the exit code. Throws what the service throws, and
+/// `CommandFailure`.
 int runCommand(const Invocation &invocation, WorkspaceServicing &service, TargetInspecting &copies,
-               const WorkspaceOverview &overview);
+               TrashInspecting &trash, const WorkspaceOverview &overview);
 
 } // namespace vornel

@@ -200,13 +200,14 @@ QString categories(const WorkspaceOverview &overview)
     return Terminal::table(rows);
 }
 
-QString trash(const WorkspaceOverview &overview)
+QString trash(const WorkspaceOverview &overview, const QHash<QUuid, QDateTime> &dates)
 {
     if (overview.trashedSkills.isEmpty())
         return u"La corbeille est vide\n"_s;
     QList<QList<Cell>> rows;
     for (const SkillSummary &skill : overview.trashedSkills)
-        rows.append({{u""_s}, {skill.slug}, {skill.displayName}});
+        rows.append(
+            {{u""_s}, {skill.slug}, {skill.displayName}, {localDate(dates.value(skill.id)), Colour::Muted}});
     return section(u"Corbeille"_s, rows);
 }
 

@@ -4,6 +4,8 @@
 #include <VORNELCore/TargetInspection.h>
 #include <VORNELCore/WorkspaceModels.h>
 
+#include <QHash>
+
 /// The service's records as a person reads them in a terminal.
 namespace vornel::Report {
 
@@ -31,7 +33,7 @@ QString imported(const ImportPlan &plan);
 /// The categories, with the number of skills in each.
 QString categories(const WorkspaceOverview &overview);
 
-/// The skills in the trash.
-QString trash(const WorkspaceOverview &overview);
+/// The skills in the trash, with the time at which each came there, where `dates` tells it.
+QString trash(const WorkspaceOverview &overview, const QHash<QUuid, QDateTime> &dates);
 
 } // namespace vornel::Report

@@ -54,7 +54,7 @@ int run(const Invocation &invocation)
     const WorkspaceRoots roots = rootsFor(invocation);
     LocalWorkspaceService service(std::make_shared<PosixFileSystem>());
     const WorkspaceOverview overview = service.bootstrap(roots.workspace, roots.claude, roots.codex).result();
-    return runCommand(invocation, service, service, overview);
+    return runCommand(invocation, service, service, service, overview);
 }
 
 QString errorCase(const std::exception &error)

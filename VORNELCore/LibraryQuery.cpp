@@ -66,6 +66,18 @@ QList<qsizetype> positionsByName(const QList<SkillSummary> &skills)
 
 } // namespace
 
+QList<SkillSummary> LibraryQuery::found(const QList<SkillSummary> &skills, const QString &searchText)
+{
+    const QString search = LocaleText::folded(searchText.trimmed());
+    if (search.isEmpty())
+        return skills;
+    QList<SkillSummary> kept;
+    std::ranges::copy_if(skills, std::back_inserter(kept), [&search](const SkillSummary &skill) {
+        return searchedText(skill).contains(search);
+    });
+    return kept;
+}
+
 QList<SkillSummary> LibraryQuery::needsAttention(const WorkspaceOverview &overview)
 {
     QList<SkillSummary> kept;

@@ -20,6 +20,9 @@ struct Filter
     std::optional<Maturity> maturity;
 };
 
+/// The skills that a search finds, as the library's filter does, in their order.
+QList<SkillSummary> found(const QList<SkillSummary> &skills, const QString &searchText);
+
 /// The skills of which a copy is drifted, missing or failed, in the overview's order.
 QList<SkillSummary> needsAttention(const WorkspaceOverview &overview);
 

@@ -76,6 +76,17 @@ QString age(const QDateTime &instant, const QDateTime &now)
     return u"à l’instant"_s;
 }
 
+QString moment(const QDateTime &instant, const QDateTime &now)
+{
+    constexpr int week = 7;
+    if (instant.daysTo(now) < week)
+        return age(instant, now);
+    const QDate day = instant.toLocalTime().date();
+    const QString number = day.day() == 1 ? u"1er"_s : QString::number(day.day());
+    const QLocale french(QLocale::French, QLocale::France);
+    return u"le "_s + number + french.toString(day, u" MMMM yyyy"_s);
+}
+
 QString fileSize(qint64 bytes)
 {
     if (bytes < 1'000)

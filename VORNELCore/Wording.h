@@ -23,6 +23,10 @@ QString countedSkills(qsizetype count);
 /// How long ago `instant` was at `now`, in its largest whole unit: "à l’instant", "il y a 3 jours".
 QString age(const QDateTime &instant, const QDateTime &now);
 
+/// The age of an instant of the last seven days, the day of an earlier one: "il y a 3 jours",
+/// "le 1er mars 2026".
+QString moment(const QDateTime &instant, const QDateTime &now);
+
 /// "812 octets", "1,4 ko".
 QString fileSize(qint64 bytes);
 

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QDateTime>
 
 #include <cstdint>
 #include <filesystem>
@@ -80,6 +81,10 @@ public:
     virtual std::optional<FileKind> kindAt(const std::filesystem::path &path) const = 0;
 
     virtual std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const = 0;
+
+    /// When the entry was last moved or otherwise changed, which nobody can set (UTC); nothing when nothing
+    /// is there.
+    virtual std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const = 0;
 
     virtual Folder openFolder(const std::filesystem::path &path) const = 0;
     virtual Folder openFolder(const Folder &parent, const std::string &name) const = 0;

@@ -201,4 +201,10 @@ QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std
     });
 }
 
+QFuture<QHash<QUuid, QDateTime>> LocalWorkspaceService::trashDates()
+{
+    return perform(LockMode::Shared,
+                   [](const Workspace &workspace) { return SkillTrash(workspace).dates(); });
+}
+
 } // namespace vornel

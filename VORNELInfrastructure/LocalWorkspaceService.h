@@ -4,6 +4,7 @@
 #include "Workspace.h"
 
 #include <VORNELCore/TargetInspecting.h>
+#include <VORNELCore/TrashInspecting.h>
 #include <VORNELCore/WorkspaceServicing.h>
 
 #include <memory>
@@ -13,7 +14,7 @@ namespace vornel {
 
 /// The workspace on this machine's disk. Operations run one at a time in the order of the calls; several
 /// programs may work on one workspace, each operation holds it locked while it runs.
-class LocalWorkspaceService : public WorkspaceServicing, public TargetInspecting
+class LocalWorkspaceService : public WorkspaceServicing, public TargetInspecting, public TrashInspecting
 {
 public:
     /// All file operations go through `manager`.
@@ -41,6 +42,7 @@ public:
     QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override;
     QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                 QString relativePath) override;
+    QFuture<QHash<QUuid, QDateTime>> trashDates() override;
 
 private:
     /// Runs `operation` on the open workspace, locked; throws `notBootstrapped` when none is open.

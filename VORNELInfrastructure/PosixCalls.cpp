@@ -18,6 +18,22 @@ namespace vornel::PosixCalls {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// Of the entry itself, where it is a link; nothing when nothing is there.
+std::optional<struct stat> statusOf(const Folder &folder, const std::string &name)
+{
+    struct stat status
+    {};
+    if (::fstatat(folder.descriptor.fd(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return status;
+    if (errno != ENOENT)
+        fail("stat", folder.path + '/' + name);
+    return std::nullopt;
+}
+
+} // namespace
+
 void fail(const char *operation, const fs::path &path)
 {
     throw fs::filesystem_error(operation, path, std::error_code(errno, std::system_category()));
@@ -40,13 +56,15 @@ FileKind kindOf(mode_t mode)
 
 std::optional<FileKind> kindOf(const Folder &folder, const std::string &name)
 {
-    struct stat status
-    {};
-    if (::fstatat(folder.descriptor.fd(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
-        return kindOf(status.st_mode);
-    if (errno != ENOENT)
-        fail("stat", folder.path + '/' + name);
-    return std::nullopt;
+    const auto status = statusOf(folder, name);
+    return status ? std::optional(kindOf(status->st_mode)) : std::nullopt;
+}
+
+std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name)
+{
+    const auto status = statusOf(folder, name);
+    return status ? std::optional(QDateTime::fromSecsSinceEpoch(status->st_ctim.tv_sec, Qt::UTC))
+                  : std::nullopt;
 }
 
 Descriptor open(const Folder &folder, const std::string &name, int flags)

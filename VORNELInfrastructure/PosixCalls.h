@@ -19,6 +19,9 @@ FileKind kindOf(mode_t mode);
 /// What stands under `name`, without following a link; nothing when nothing does.
 std::optional<FileKind> kindOf(const Folder &folder, const std::string &name);
 
+/// When the entry was last moved or changed; nothing when nothing is there.
+std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name);
+
 /// Opens an entry that is no link; throws `symlinkUnsupported` when it is one. A name is one component.
 Descriptor open(const Folder &folder, const std::string &name, int flags);
 

@@ -155,6 +155,11 @@ std::optional<FileKind> PosixFileSystem::kindAt(const Folder &folder, const std:
     return PosixCalls::kindOf(folder, name);
 }
 
+std::optional<QDateTime> PosixFileSystem::changedAt(const Folder &folder, const std::string &name) const
+{
+    return PosixCalls::changedAt(folder, name);
+}
+
 Folder PosixFileSystem::openFolder(const fs::path &path) const
 {
     const fs::path &root = rootOf(path);

@@ -12,6 +12,7 @@ public:
     void confine(std::vector<std::filesystem::path> roots) override;
     std::optional<FileKind> kindAt(const std::filesystem::path &path) const override;
     std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const override;
+    std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const override;
     Folder openFolder(const std::filesystem::path &path) const override;
     Folder openFolder(const Folder &parent, const std::string &name) const override;
     std::vector<FolderEntry> list(const Folder &folder) const override;

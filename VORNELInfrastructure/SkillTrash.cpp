@@ -78,6 +78,19 @@ void SkillTrash::empty() const
         remove(skill.manifest.id);
 }
 
+QHash<QUuid, QDateTime> SkillTrash::dates() const
+{
+    QHash<QUuid, QDateTime> dates;
+    const Folder trash = m_workspace.files.openFolder(m_workspace.config.trash());
+    for (const FolderEntry &entry : m_workspace.files.list(trash)) {
+        const auto id = uuidFromText(QString::fromStdString(entry.name));
+        const auto date = id ? m_workspace.files.changedAt(trash, entry.name) : std::nullopt;
+        if (date)
+            dates.insert(*id, *date);
+    }
+    return dates;
+}
+
 void SkillTrash::remove(const QUuid &id) const
 {
     m_workspace.failedSyncTargets.remove(id);

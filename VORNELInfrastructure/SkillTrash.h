@@ -19,6 +19,9 @@ public:
     void deletePermanently(const QUuid &id) const;
     void empty() const;
 
+    /// When each trashed skill came there, by its identifier.
+    QHash<QUuid, QDateTime> dates() const;
+
 private:
     void moveToTrash(const SkillRecord &skill) const;
     void remove(const QUuid &id) const;

@@ -6,7 +6,7 @@ set(vornel_symbols
     arrow-left arrow-right badge-check brain check chevron-down chevron-left chevron-right chevron-up circle circle-check
     circle-dot code-xml copy ellipsis file file-braces file-code file-text folder folder-open gauge grid-2x2 image
     layout-grid list-checks list-x palette plus refresh-cw rotate-cw save search settings shield-half sliders-horizontal sparkles trash-2
-    triangle-alert wrench x)
+    triangle-alert undo-2 wrench x)
 
 find_program(NPM npm REQUIRED)
 set(assets ${PROJECT_SOURCE_DIR}/VORNELApp/Assets)

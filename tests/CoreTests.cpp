@@ -231,6 +231,27 @@ TEST(Text, YieldsTheMetadataOfASkill)
               u"Décrivez ici le fonctionnement de cette compétence."_s);
 }
 
+TEST(Wording, TellsTheDayOfWhatIsLongAgo)
+{
+    const QDateTime now(QDate(2026, 3, 12), QTime(12, 0));
+    EXPECT_EQ(Wording::moment(now.addDays(-6), now), u"il y a 6 jours"_s);
+    EXPECT_EQ(Wording::moment(now.addDays(-7), now), u"le 5 mars 2026"_s);
+    EXPECT_EQ(Wording::moment(QDateTime(QDate(2025, 8, 1), QTime(12, 0)), now), u"le 1er août 2025"_s);
+}
+
+TEST(LibraryQuery, FindsInAListAsInTheLibrary)
+{
+    SkillSummary audit;
+    audit.displayName = u"Audit de sécurité"_s;
+    SkillSummary notes;
+    notes.tags = QStringList{u"Été"_s};
+    const QList<SkillSummary> skills{notes, audit};
+    EXPECT_EQ(LibraryQuery::found(skills, u" \n"_s), skills);
+    EXPECT_EQ(LibraryQuery::found(skills, u" SECURITE "_s), QList<SkillSummary>{audit});
+    EXPECT_EQ(LibraryQuery::found(skills, u"ete"_s), QList<SkillSummary>{notes});
+    EXPECT_TRUE(LibraryQuery::found(skills, u"x"_s).isEmpty());
+}
+
 TEST(Wording, TellsAnAgeInItsLargestWholeUnit)
 {
     const QDateTime now(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC);

@@ -3,6 +3,8 @@
 
 #include <VORNELCore/SerializedForms.h>
 
+#include <thread>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -130,6 +132,25 @@ TEST_F(Trash, TakesASkillBackWhoseHistoryCannotBeKept)
     const WorkspaceOverview overview = service->reload().result();
     EXPECT_TRUE(overview.skills.isEmpty());
     EXPECT_EQ(overview.trashedSkills.size(), 1);
+}
+
+TEST_F(Trash, TellsWhenASkillCameThere)
+{
+    const QUuid id = create(u"demo"_s).manifest.id;
+    const QUuid active = create(u"active"_s).manifest.id;
+    fs::last_write_time(path("workspace/skills/demo"),
+                        fs::file_time_type::clock::now() - std::chrono::days(9));
+    EXPECT_TRUE(service->trashDates().result().isEmpty());
+    const QDateTime before = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch(), Qt::UTC);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    service->moveToTrash(id).waitForFinished();
+    const QHash<QUuid, QDateTime> dates = service->trashDates().result();
+    ASSERT_EQ(dates.keys(), QList<QUuid>{id});
+    EXPECT_GT(dates.value(id), before) << "the time of the move, not that of the folder's last change";
+    EXPECT_LE(dates.value(id), QDateTime::currentDateTimeUtc());
+    EXPECT_FALSE(dates.contains(active));
+    service->restore(id).waitForFinished();
+    EXPECT_TRUE(service->trashDates().result().isEmpty());
 }
 
 TEST_F(Trash, NeverKeepsHalfADeletedSkill)

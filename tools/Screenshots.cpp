@@ -107,10 +107,11 @@ public:
         qInfo("%s", qUtf8Printable(file));
     }
 
-    /// Clicks the button that reads `text`.
-    void click(const QString &text) const
+    /// Clicks the button that reads `text`; with `row`, the one in that row.
+    void click(const QString &text, const QString &row = {}) const
     {
-        QQuickItem *button = buttonBelow(m_window->contentItem(), text);
+        QQuickItem *top = m_window->contentItem();
+        QQuickItem *button = buttonBelow(row.isEmpty() ? top : buttonBelow(top, row), text);
         if (button == nullptr)
             qFatal("no button %s", qUtf8Printable(text));
         QMetaObject::invokeMethod(button, "clicked");
@@ -396,6 +397,74 @@ void emptyLibrary(AppModel &model)
     quieten(model);
 }
 
+void photographTrash(Photographer &photographer, Stage &stage)
+{
+    AppModel &model = stage.model();
+    const QList<SkillSummary> skills = model.overview()->skills;
+    QSet<QUuid> ids;
+    for (const SkillSummary &skill : skills.mid(6, 5))
+        ids.insert(skill.id);
+    model.moveSkillsToTrash(ids);
+    quieten(model);
+    model.setSelectedDestination(Destination::trash);
+    rest();
+    photographer.take(u"trash"_s);
+    photographer.click(u"Restaurer"_s);
+    photographer.take(u"trash-confirmation"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Sélectionner"_s);
+    for (const int number : {6, 8, 9})
+        photographer.click(skills.at(number).displayName);
+    photographer.take(u"trash-selection"_s);
+    photographer.click(u"Terminer la sélection"_s);
+    model.setSearchText(u"introuvable"_s);
+    photographer.take(u"trash-no-result"_s);
+    model.setSearchText({});
+}
+
+/// Lets copies be missing, edited and unreadable.
+void harmCopies(Stage &stage)
+{
+    const QList<SkillSummary> skills = stage.model().overview()->skills;
+    const auto copy = [&](const char *assistant, qsizetype number) {
+        return stage.path(assistant) / skills.at(number).slug.toStdString();
+    };
+    fs::remove_all(copy("codex", 0));
+    fs::remove_all(copy("claude", 3));
+    for (const qsizetype number : {2, 4, 5})
+        std::ofstream(copy("claude", number) / "SKILL.md", std::ios::app) << "\nUne ligne de plus.\n";
+    fs::remove_all(copy("codex", 5));
+    std::ofstream(copy("codex", 5)) << "pas un dossier";
+}
+
+void photographAttention(Photographer &photographer, Stage &stage)
+{
+    AppModel &model = stage.model();
+    harmCopies(stage);
+    model.reload();
+    quieten(model);
+    model.setSelectedDestination(Destination::needsAttention);
+    rest();
+    photographer.take(u"attention"_s);
+    photographer.click(u"Synchroniser"_s, u"Audit d’accessibilité"_s);
+    rest();
+    photographer.take(u"attention-differences"_s);
+    photographer.click(u"Fermer"_s);
+    photographer.click(u"Tout synchroniser"_s);
+    rest();
+    photographer.take(u"attention-question"_s);
+    photographer.press(Qt::Key_Tab);
+    photographer.press(Qt::Key_Return);
+    while (model.batch()->doneCount() < 2)
+        QCoreApplication::processEvents();
+    photographer.takeAtOnce(u"attention-progress"_s);
+    quieten(model);
+    rest();
+    photographer.take(u"attention-failures"_s);
+    model.clearError();
+    model.setSelectedDestination(Destination::library);
+}
+
 void photographShell(Photographer &photographer, Stage &stage)
 {
     AppModel &model = stage.model();
@@ -408,16 +477,8 @@ void photographShell(Photographer &photographer, Stage &stage)
     model.setSelectedDestination(Destination::library);
     photographLibrary(photographer, stage);
 
-    const QList<SkillSummary> skills = model.overview()->skills;
-    fs::remove_all(stage.path("codex") / skills.at(0).slug.toStdString());
-    fs::remove_all(stage.path("claude") / skills.at(3).slug.toStdString());
-    model.moveSkillsToTrash({skills.at(1).id, skills.at(2).id});
-    quieten(model);
-    model.setSelectedDestination(Destination::trash);
-    photographer.take(u"trash"_s);
-    model.setSelectedDestination(Destination::needsAttention);
-    photographer.take(u"attention"_s);
-    model.setSelectedDestination(Destination::library);
+    photographTrash(photographer, stage);
+    photographAttention(photographer, stage);
     model.restore(QUuid::createUuid());
     settle(model);
     photographer.take(u"error"_s);

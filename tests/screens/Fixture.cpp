@@ -24,7 +24,8 @@ void Fixture::restart()
     m_model.reset();
     const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
     m_model = std::make_unique<AppModel>(
-        service, service, m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex"),
+        service, service, service, m_scratch.path("workspace"), m_scratch.path("claude"),
+        m_scratch.path("codex"),
         std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));
     Q_EMIT modelChanged();
 }
@@ -99,6 +100,21 @@ void Fixture::create(const QString &slug, const QString &category, Maturity matu
 void Fixture::deleteCategory(const QString &id)
 {
     QCoro::waitFor(m_model->deleteCategory(id));
+}
+
+void Fixture::trash(const QStringList &slugs)
+{
+    QSet<QUuid> ids;
+    for (const QString &slug : slugs)
+        ids.insert(idOf(slug));
+    m_model->moveSkillsToTrash(ids);
+}
+
+void Fixture::emptyTrashElsewhere() const
+{
+    LocalWorkspaceService other(std::make_shared<PosixFileSystem>());
+    other.bootstrap(m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex")).result();
+    other.emptyTrash().waitForFinished();
 }
 
 void Fixture::dragOver(QQuickItem *item, const QString &text)

@@ -51,6 +51,12 @@ public:
     /// Deletes a category; its skills go to "other".
     Q_INVOKABLE void deleteCategory(const QString &id);
 
+    /// Throws skills of the library away.
+    Q_INVOKABLE void trash(const QStringList &slugs);
+
+    /// Deletes everything in the trash, as another program would.
+    Q_INVOKABLE void emptyTrashElsewhere() const;
+
     /// Holds a dragged text over an item, as the window system does; and lets it go there.
     Q_INVOKABLE static void dragOver(QQuickItem *item, const QString &text);
     Q_INVOKABLE static void drop(QQuickItem *item, const QString &text);

@@ -48,6 +48,12 @@ std::optional<FileKind> FaultyFileSystem::kindAt(const Folder &folder, const std
     return PosixFileSystem::kindAt(folder, name);
 }
 
+std::optional<QDateTime> FaultyFileSystem::changedAt(const Folder &folder, const std::string &name) const
+{
+    count();
+    return PosixFileSystem::changedAt(folder, name);
+}
+
 Folder FaultyFileSystem::openFolder(const fs::path &path) const
 {
     count();

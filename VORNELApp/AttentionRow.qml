@@ -1,0 +1,58 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** A skill of which a copy isn't as it should be. Enter opens it, Ctrl+Enter synchronises it. */
+SkillListRow {
+    id: row
+
+    required property AppModel model
+    required property AttentionList skills
+
+    readonly property bool isStale: record.isStale
+
+    signal synchronizationAsked
+
+    function look(): void {
+        if (isStale)
+            skills.look(record.id);
+    }
+
+    Component.onCompleted: look()
+    onIsStaleChanged: look()
+
+    Keys.onPressed: event => {
+        const isEnter = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
+        event.accepted = isEnter;
+        if (isEnter && event.modifiers & Qt.ControlModifier)
+            synchronizationAsked();
+        else if (isEnter)
+            clicked();
+    }
+
+    contentItem: SkillRowContent {
+        record: row.record
+
+        StatusBadge {
+            anchors.verticalCenter: parent.verticalCenter
+            text: "À mettre à jour"
+            tone: row.record.hasFailed ? StatusBadge.Danger : StatusBadge.Warning
+        }
+        Item {
+            height: 1
+            width: Metrics.tiny
+        }
+        ActionButton {
+            anchors.verticalCenter: parent.verticalCenter
+            enabled: !row.model.isWorking
+            focusPolicy: row.isCurrent ? Qt.StrongFocus : Qt.ClickFocus
+            isCompact: row.width < 860
+            symbol: "refresh-cw"
+            text: "Synchroniser"
+
+            Accessible.description: row.text
+            onClicked: row.synchronizationAsked()
+        }
+    }
+
+}

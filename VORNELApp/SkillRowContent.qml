@@ -1,0 +1,59 @@
+import QtQuick
+import QtQuick.Layouts
+import VORNELApp
+import VORNELDesignSystem
+
+/** What a row says of its skill, and what stands at its end. */
+RowLayout {
+    id: content
+
+    required property skillEntry record
+    property bool isSelecting: false
+    default property alias end: end.data
+
+    spacing: Metrics.medium
+
+    CategoryTile {
+        Layout.alignment: Qt.AlignTop
+        hue: CategoryVisuals.hue(content.record.category.colorHex)
+        isSelected: content.record.isSelected
+        isSelecting: content.isSelecting
+        symbol: CategoryVisuals.symbol(content.record.category.id)
+    }
+    Column {
+        Layout.alignment: Qt.AlignVCenter
+        Layout.fillWidth: true
+        spacing: Metrics.tiny + 2
+
+        Label {
+            font: Typography.section
+            text: content.record.skill.displayName
+            width: parent.width
+
+            Accessible.ignored: true
+        }
+        Label {
+            color: Colors.secondary
+            font: Typography.small
+            text: content.record.line
+            width: parent.width
+        }
+        Label {
+            color: Colors.danger
+            font: Typography.small
+            lineHeight: 1.2
+            maximumLineCount: 3
+            text: content.record.failure
+            visible: text !== ""
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+    }
+    Row {
+        id: end
+
+        Layout.alignment: Qt.AlignVCenter
+        Layout.minimumHeight: 40
+        spacing: Metrics.small
+    }
+}

@@ -1,0 +1,24 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** Asks before the skills that were surveyed are all synchronised, and tells what that replaces. */
+ConfirmationDialog {
+    id: question
+
+    required property AttentionList skills
+
+    readonly property int edited: skills.editedCopies
+    readonly property string loss: {
+        if (edited === 0)
+            return "Aucune de leurs copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
+        return edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL. L’ancienne copie passe par .vornel/recovery, d’où elle est effacée une fois la nouvelle en place."
+                            : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL. Les anciennes copies passent par .vornel/recovery, d’où elles sont effacées une fois les nouvelles en place.";
+    }
+
+    acceptText: "Tout synchroniser"
+    isDestructive: edited > 0
+    message: loss
+    title: skills.surveyedCount === 1 ? "Synchroniser 1 compétence\u00A0?" : "Synchroniser " + skills.surveyedCount + " compétences\u00A0?"
+    onAccepted: skills.synchronizeSurveyed()
+}

@@ -1,0 +1,71 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** Asks before trashed skills are restored or deleted for good: one by itself, those selected, or all. */
+Item {
+    id: questions
+
+    required property AppModel model
+    required property SkillSelection selection
+
+    signal closed
+
+    /** What the questions are about: one skill or, without one, those selected. */
+    property var skill
+    property int count
+    readonly property string name: skill?.displayName ?? ""
+
+    function askToRestore(skill: var): void {
+        ask(restoration, skill);
+    }
+    function askToDelete(skill: var): void {
+        ask(deletion, skill);
+    }
+    function askToEmpty(): void {
+        if (!model.isWorking)
+            emptying.open();
+    }
+    /** Means a selected skill, and none, for all that are selected. */
+    function ask(dialog: ConfirmationDialog, skill: var): void {
+        if (model.isWorking)
+            return;
+        const isAlone = skill !== undefined && !selection.contains(skill.id);
+        const chosen = isAlone ? [skill] : model.overview.trashedSkills.filter(other => selection.contains(other.id));
+        questions.skill = chosen.length === 1 ? chosen[0] : undefined;
+        questions.count = chosen.length;
+        dialog.open();
+    }
+
+    ConfirmationDialog {
+        id: restoration
+
+        acceptText: "Restaurer"
+        message: questions.skill ? questions.name + " sera à nouveau disponible dans vos assistants." : "Elles seront à nouveau disponibles dans vos assistants."
+        title: questions.skill ? "Restaurer « " + questions.name + " » ?" : "Restaurer " + questions.count + " compétences\u00A0?"
+        onAccepted: questions.skill ? questions.model.restore(questions.skill.id) : questions.selection.restore()
+        onClosed: questions.closed()
+    }
+    ConfirmationDialog {
+        id: deletion
+
+        acceptText: "Supprimer définitivement"
+        isDestructive: true
+        message: "Cette action est irréversible."
+        title: questions.skill ? "Supprimer définitivement « " + questions.name + " » ?" : "Supprimer définitivement " + questions.count + " compétences\u00A0?"
+        onAccepted: questions.skill ? questions.model.deletePermanently(questions.skill.id) : questions.selection.deletePermanently()
+        onClosed: questions.closed()
+    }
+    ConfirmationDialog {
+        id: emptying
+
+        readonly property int count: questions.model.overview?.trashedSkills.length ?? 0
+
+        acceptText: "Tout supprimer"
+        isDestructive: true
+        message: count === 1 ? "1 élément sera supprimé définitivement." : count + " éléments seront supprimés définitivement."
+        title: "Vider toute la corbeille ?"
+        onAccepted: questions.model.emptyTrash()
+        onClosed: questions.closed()
+    }
+}

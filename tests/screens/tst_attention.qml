@@ -1,0 +1,198 @@
+import QtQuick
+import VORNELApp
+
+ScreenTest {
+    id: test
+
+    name: "Attention"
+
+    readonly property AppModel model: fixture?.model ?? null
+
+    function edit(slug) {
+        fixture.write("codex/" + slug + "/SKILL.md", "retouché par l’assistant");
+    }
+    /** One copy that was edited, and one that can neither be read nor replaced. */
+    function spoil(slug) {
+        fixture.write("claude/" + slug + "/SKILL.md", "retouché");
+        fixture.remove("codex/" + slug);
+        fixture.write("codex/" + slug, "pas un dossier");
+    }
+    function openAttention() {
+        model.reload();
+        settle();
+        model.selectedDestination = AppStates.Destination.needsAttention;
+        awaitText("À RÉPARER");
+    }
+    function list() {
+        return all("À réparer").find(item => item.contentY !== undefined);
+    }
+    function line(slug) {
+        return control(slug).record.line;
+    }
+    function awaitLine(slug, text) {
+        tryVerify(() => shows(slug) && line(slug) === "Mise à jour nécessaire" + text.replace(/ :/g, "\u00A0:"), 5000, slug + text);
+    }
+    function button(slug) {
+        return all("Synchroniser").find(item => item.Accessible.description === slug);
+    }
+    /** Answers the question that is open. */
+    function accept() {
+        tryVerify(() => focusedName() === "Annuler");
+        keyClick(Qt.Key_Tab);
+        keyClick(Qt.Key_Return);
+        tryVerify(() => !shows("Annuler"));
+    }
+    function focusedName() {
+        return root.Window.activeFocusItem.Accessible.name;
+    }
+
+    function test_rows_tell_each_copy() {
+        openShell(["audit", "notes", "revue"]);
+        fixture.remove("claude/audit");
+        edit("audit");
+        spoil("notes");
+        openAttention();
+        verify(shows("2 compétences") && !shows("revue"));
+        compare(all("À mettre à jour").length, 2);
+        awaitLine("audit", " · Claude : copie manquante · Codex : copie modifiée");
+        awaitLine("notes", " · Claude : copie modifiée · Codex : échec");
+        verify(control("notes").record.failure.startsWith("Codex\u00A0: "));
+
+        edit("revue");
+        model.reload();
+        settle();
+        awaitLine("revue", " · Claude : à jour · Codex : copie modifiée");
+        fixture.remove("codex/revue");
+        model.reload();
+        settle();
+        awaitLine("revue", " · Claude : à jour · Codex : copie manquante");
+
+        click("audit");
+        awaitText("Retour à la bibliothèque");
+        compare(model.selectedSkill.manifest.slug, "audit");
+    }
+
+    function test_synchronising_in_place() {
+        openShell(["audit", "notes"]);
+        fixture.remove("claude/audit");
+        edit("notes");
+        openAttention();
+        awaitLine("notes", " · Claude : à jour · Codex : copie modifiée");
+        button("audit").clicked();
+        awaitText("À JOUR");
+        settle();
+        tryVerify(() => !shows("audit"));
+        verify(!shows("Différences avec les copies"), "nothing was to be lost");
+        compare(fixture.bytes("claude/audit/SKILL.md"), fixture.bytes("workspace/skills/audit/SKILL.md"));
+
+        button("notes").clicked();
+        awaitText("Différences avec les copies");
+        awaitText("retouché par l’assistant");
+        click("Fermer");
+        tryVerify(() => !shows("Différences avec les copies"));
+        compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytesOfText("retouché par l’assistant"));
+        button("notes").clicked();
+        awaitText("Différences avec les copies");
+        all("Synchroniser").find(item => item.Accessible.description === "").clicked();
+        settle();
+        awaitText("Tout est synchronisé");
+        compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytes("workspace/skills/notes/SKILL.md"));
+    }
+
+    function test_synchronising_all_past_a_failure() {
+        openShell(["a", "b", "c"]);
+        edit("a");
+        spoil("b");
+        edit("c");
+        openAttention();
+        click("Tout synchroniser");
+        awaitText("Synchroniser 3 compétences\u00A0?");
+        tryVerify(() => all("3 copies modifiées par un assistant seront remplacées par la version de VORNEL. Les anciennes copies passent par .vornel/recovery, d’où elles sont effacées une fois les nouvelles en place.").length === 1);
+        click("Annuler");
+        tryVerify(() => !shows("Annuler"));
+        compare(model.needsAttentionCount, 3);
+
+        click("Tout synchroniser");
+        accept();
+        awaitText("2 SYNCHRONISÉES");
+        tryVerify(() => shows("b") && !shows("a") && !shows("c"));
+        verify(model.errorMessage.startsWith("1 compétence sur 3 n’a pas pu être synchronisée\u00A0:"));
+        verify(control("b").record.failure !== "");
+        verify(shows("1 compétence"));
+        compare(fixture.bytes("codex/c/SKILL.md"), fixture.bytes("workspace/skills/c/SKILL.md"));
+    }
+
+    function test_progress_and_stop() {
+        openShell(["a", "b", "c"]);
+        for (const slug of ["a", "b", "c"])
+            fixture.remove("codex/" + slug);
+        openAttention();
+        click("Tout synchroniser");
+        awaitText("Aucune de leurs copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.");
+        fixture.holdWorkspace();
+        accept();
+        awaitText("Synchronisation 1 sur 3");
+        verify(model.isWorking && model.isBusy);
+        verify(!button("a").enabled);
+        model.synchronizeSkill(fixture.idOf("b"));
+        compare(model.batch.count, 3, "never two at once");
+        click("Arrêter");
+        verify(!control("Arrêter").enabled);
+        fixture.releaseWorkspace();
+        settle();
+        awaitText("À JOUR");
+        compare(model.needsAttentionCount, 2);
+        verify(!shows("Arrêter"));
+    }
+
+    function test_gone_elsewhere() {
+        openShell(["audit", "notes"]);
+        fixture.remove("codex/audit");
+        fixture.remove("codex/notes");
+        openAttention();
+        awaitLine("audit", " · Claude : à jour · Codex : copie manquante");
+        fixture.remove("workspace/skills/audit");
+        button("audit").clicked();
+        awaitText("Cette compétence n’est plus là\u00A0: un autre programme l’a déplacée ou supprimée.");
+        tryVerify(() => !shows("audit") && shows("notes"));
+    }
+
+    function test_search_and_keyboard() {
+        openShell(["audit", "notes", "revue"]);
+        for (const slug of ["audit", "notes", "revue"])
+            fixture.remove("codex/" + slug);
+        openAttention();
+        model.searchText = "introuvable";
+        awaitText("Aucun résultat");
+        model.searchText = "no";
+        tryVerify(() => shows("notes") && !shows("audit"));
+        verify(shows("1 sur 3 compétences"));
+        click("Effacer");
+        tryVerify(() => shows("audit"));
+
+        list().forceActiveFocus();
+        keyClick(Qt.Key_Down);
+        compare(focusedName(), "notes");
+        keyClick(Qt.Key_Return, Qt.ControlModifier);
+        awaitText("À JOUR");
+        settle();
+        tryVerify(() => !shows("notes"));
+        compare(focusedName(), "revue");
+        keyClick(Qt.Key_Up);
+        keyClick(Qt.Key_Return);
+        awaitText("Retour à la bibliothèque");
+        compare(model.selectedSkill.manifest.slug, "audit");
+    }
+
+    function test_a_long_list_looks_only_at_what_is_shown() {
+        const slugs = Array.from({ length: 60 }, (_, number) => "s" + String(number + 1).padStart(2, "0"));
+        openShell(slugs);
+        for (const slug of slugs)
+            fixture.remove("codex/" + slug);
+        openAttention();
+        awaitLine("s01", " · Claude : à jour · Codex : copie manquante");
+        list().moveTo(59);
+        awaitLine("s60", " · Claude : à jour · Codex : copie manquante");
+        verify(control("s60").activeFocus);
+    }
+}

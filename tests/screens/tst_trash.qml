@@ -1,0 +1,231 @@
+import QtQuick
+import VORNELApp
+
+ScreenTest {
+    id: test
+
+    name: "Trash"
+
+    readonly property AppModel model: fixture?.model ?? null
+
+    function openTrash(slugs) {
+        openShell(slugs.concat("reste"));
+        fixture.trash(slugs);
+        settle();
+        model.selectedDestination = AppStates.Destination.trash;
+        awaitText("CORBEILLE");
+        tryVerify(() => shows(slugs[0]));
+    }
+    function numbered(count) {
+        return Array.from({ length: count }, (_, number) => "s" + String(number + 1).padStart(2, "0"));
+    }
+    function list() {
+        return all("Corbeille").find(item => item.contentY !== undefined);
+    }
+    /** The button of a row. */
+    function button(slug, name) {
+        const found = all(name).filter(item => item.Accessible.description === slug);
+        compare(found.length, 1, slug + ", " + name);
+        return found[0];
+    }
+    function press(...keys) {
+        for (const key of keys)
+            keyClick(key);
+    }
+    function focusedName() {
+        return root.Window.activeFocusItem.Accessible.name;
+    }
+    /** Answers the question that is open. */
+    function accept() {
+        tryVerify(() => focusedName() === "Annuler");
+        press(Qt.Key_Tab, Qt.Key_Return);
+        tryVerify(() => !shows("Annuler"));
+        settle();
+    }
+    function cancel() {
+        click("Annuler");
+        tryVerify(() => !shows("Annuler"));
+    }
+    function trashed() {
+        return model.overview.trashedSkills.map(skill => skill.slug).join();
+    }
+    /** Imports another skill of this slug, which only another program brings beside the one in the trash. */
+    function takeSlug(slug) {
+        fixture.write("claude/" + slug + "/SKILL.md", "un autre");
+        model.beginImportScan();
+        settle();
+        model.commitImport();
+        settle();
+        model.selectedDestination = AppStates.Destination.trash;
+        tryVerify(() => shows(slug));
+    }
+
+    function test_rows() {
+        openTrash(["audit", "notes"]);
+        verify(shows("2 éléments"));
+        tryVerify(() => control("audit").Accessible.description.endsWith("Mise à la corbeille à l’instant"));
+        fixture.emptyTrashElsewhere();
+        click("Actualiser");
+        awaitText("La corbeille est vide");
+        verify(!control("Vider la corbeille").enabled && !control("Sélectionner").enabled);
+    }
+
+    function test_one() {
+        openTrash(["audit", "notes"]);
+        button("audit", "Restaurer").clicked();
+        awaitText("Restaurer « audit » ?");
+        verify(shows("audit sera à nouveau disponible dans vos assistants."));
+        cancel();
+        compare(trashed(), "audit,notes");
+        button("audit", "Restaurer").clicked();
+        accept();
+        awaitText("RESTAURÉE");
+        compare(trashed(), "notes");
+        verify(shows("1 élément"));
+
+        button("notes", "Supprimer définitivement").clicked();
+        awaitText("Supprimer définitivement « notes » ?");
+        verify(shows("Cette action est irréversible."));
+        accept();
+        awaitText("SUPPRIMÉE");
+        awaitText("La corbeille est vide");
+    }
+
+    function test_emptying() {
+        openTrash(["audit", "notes"]);
+        click("Vider la corbeille");
+        awaitText("Vider toute la corbeille ?");
+        verify(shows("2 éléments seront supprimés définitivement."));
+        cancel();
+        model.deletePermanently(model.overview.trashedSkills[0].id);
+        settle();
+        click("Vider la corbeille");
+        awaitText("1 élément sera supprimé définitivement.");
+        accept();
+        awaitText("CORBEILLE VIDÉE");
+        awaitText("La corbeille est vide");
+    }
+
+    function test_several_and_a_failure_among_them() {
+        openTrash(["a", "b", "c", "d"]);
+        takeSlug("b");
+        click("Sélectionner");
+        awaitText("0 sélectionnées");
+        verify(all("Restaurer").length === 1 && !control("Restaurer").enabled);
+        for (const slug of ["a", "b", "c"])
+            click(slug);
+        awaitText("3 sélectionnées");
+        click("Restaurer");
+        awaitText("Restaurer 3 compétences\u00A0?");
+        verify(shows("Elles seront à nouveau disponibles dans vos assistants."));
+        accept();
+        awaitText("2 RESTAURÉES");
+        compare(trashed(), "b,d");
+        verify(model.errorMessage.startsWith("1 compétence sur 3 n’a pas pu être restaurée\u00A0:\n«\u00A0b\u00A0»\u00A0: "));
+        verify(control("b").record.failure !== "", "the row tells why");
+        compare(control("d").record.failure, "");
+        verify(shows("1 sélectionnée"), "what failed stays selected");
+
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        awaitText("2 sélectionnées");
+        click("Supprimer définitivement");
+        awaitText("Supprimer définitivement 2 compétences\u00A0?");
+        accept();
+        awaitText("2 SUPPRIMÉES");
+        awaitText("La corbeille est vide");
+        compare(model.errorMessage, "");
+        verify(!shows("Terminer la sélection"));
+    }
+
+    function test_one_selected_skill_is_named() {
+        openTrash(["audit", "notes"]);
+        click("Sélectionner");
+        click("notes");
+        click("Supprimer définitivement");
+        awaitText("Supprimer définitivement « notes » ?");
+        accept();
+        compare(trashed(), "audit");
+    }
+
+    function test_scroll_stays() {
+        openTrash(numbered(30));
+        const view = list();
+        view.contentY = 700;
+        const row = view.itemAt(10, 900);
+        const name = row.text;
+        const next = view.itemAtIndex(row.index + 1).text;
+        const before = view.contentY;
+        mouseClick(button(name, "Supprimer définitivement"));
+        accept();
+        tryVerify(() => !shows(name));
+        compare(list().contentY, before);
+        tryCompare(root.Window.activeFocusItem, "text", next, 1000, "the next row has the keyboard");
+    }
+
+    function test_scroll_stays_when_most_go() {
+        openTrash(numbered(80));
+        click("Sélectionner");
+        const view = list();
+        view.moveTo(79);
+        for (let index = 0; index < 60; ++index) {
+            view.moveTo(index);
+            keyClick(Qt.Key_Space);
+        }
+        awaitText("60 sélectionnées");
+        view.contentY = 500;
+        click("Supprimer définitivement");
+        accept();
+        awaitText("60 SUPPRIMÉES");
+        tryVerify(() => list().contentY === 500);
+    }
+
+    function test_search() {
+        openTrash(["audit", "notes"]);
+        model.searchText = "NOT";
+        tryVerify(() => shows("notes") && !shows("audit"));
+        verify(shows("1 sur 2 éléments"));
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        awaitText("1 sélectionnée");
+        keyClick(Qt.Key_Escape);
+        model.searchText = "introuvable";
+        awaitText("Aucun résultat");
+        click("Effacer la recherche");
+        tryVerify(() => shows("notes") && shows("audit"));
+    }
+
+    function test_keyboard() {
+        openTrash(["a", "b", "c"]);
+        list().forceActiveFocus();
+        compare(focusedName(), "a");
+        press(Qt.Key_Down, Qt.Key_Down, Qt.Key_Down);
+        compare(focusedName(), "c");
+        press(Qt.Key_Home, Qt.Key_Down, Qt.Key_Return);
+        awaitText("Restaurer « b » ?");
+        accept();
+        awaitText("RESTAURÉE");
+        tryVerify(() => focusedName() === "c");
+        press(Qt.Key_Delete);
+        awaitText("Supprimer définitivement « c » ?");
+        press(Qt.Key_Escape);
+        tryVerify(() => !shows("Annuler"));
+        press(Qt.Key_Space, Qt.Key_Up);
+        compare(focusedName(), "a");
+        verify(shows("1 sélectionnée"));
+        press(Qt.Key_Delete);
+        awaitText("Supprimer définitivement « a » ?"); // which isn't the selected one
+        press(Qt.Key_Escape);
+        tryVerify(() => !shows("Annuler"));
+        press(Qt.Key_Escape);
+        verify(!shows("1 sélectionnée"));
+    }
+
+    function test_gone_elsewhere() {
+        openTrash(["audit", "notes"]);
+        fixture.emptyTrashElsewhere();
+        button("audit", "Restaurer").clicked();
+        accept();
+        verify(model.errorMessage !== "");
+        awaitText("La corbeille est vide");
+        verify(model.errorMessage !== "", "the message outlives the row");
+    }
+}
