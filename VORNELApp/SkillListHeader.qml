@@ -32,6 +32,7 @@ Item {
         color: Colors.secondary
         font: Typography.lead
         text: header.countText
+        visible: text !== ""
     }
     Label {
         anchors.left: title.left
@@ -42,6 +43,7 @@ Item {
         color: Colors.secondary
         font: Typography.small
         text: header.line
+        visible: text !== ""
     }
     Row {
         id: row

@@ -37,6 +37,8 @@ RowLayout {
             font: Typography.small
             text: content.record.line
             width: parent.width
+
+            Accessible.ignored: true
         }
         Label {
             color: Colors.danger
@@ -47,6 +49,8 @@ RowLayout {
             visible: text !== ""
             width: parent.width
             wrapMode: Text.Wrap
+
+            Accessible.ignored: true
         }
     }
     Row {

@@ -12,8 +12,8 @@ ConfirmationDialog {
     readonly property string loss: {
         if (edited === 0)
             return "Aucune de leurs copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
-        return edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL. L’ancienne copie passe par .vornel/recovery, d’où elle est effacée une fois la nouvelle en place."
-                            : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL. Les anciennes copies passent par .vornel/recovery, d’où elles sont effacées une fois les nouvelles en place.";
+        return edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et ses modifications perdues."
+                            : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL, et leurs modifications perdues.";
     }
 
     acceptText: "Tout synchroniser"

@@ -30,6 +30,8 @@ SkillListRow {
             font: Typography.small
             rightPadding: Metrics.small
             text: row.record.date
+
+            Accessible.ignored: true
         }
         ActionButton {
             anchors.verticalCenter: parent.verticalCenter

@@ -37,7 +37,7 @@ T.Popup {
         formerFocus = parent.Window.activeFocusItem;
         if (firstFocus !== null)
             firstFocus.focus = true; // and not what had it when the sheet was closed
-        contentItem.parent.Accessible.name = title; // of the dialog, which is an item of Qt's
+        contentItem.parent.Accessible.name = Qt.binding(() => title); // of the dialog, which is an item of Qt's
     }
     onClosed: formerFocus?.forceActiveFocus(Qt.PopupFocusReason)
 

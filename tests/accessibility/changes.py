@@ -2,7 +2,7 @@
 
 import shutil
 
-from program import RETURN, SPACE, UNAVAILABLE
+from program import UNAVAILABLE
 
 NAME, SLUG = "Essai de marche", "essai-de-marche"
 
@@ -85,7 +85,8 @@ def selection(program, *names):
 
 def trash(program, restored, deleted):
     program.press("Corbeille", "radio button")
-    program.sees("label", "CORBEILLE", "2 éléments")
+    program.sees("heading", "CORBEILLE")
+    program.sees("label", "2 éléments")
     program.sees("list item", restored, deleted)
     program.sees_page()
     program.act(program.sees("push button", "Restaurer", description=restored))
@@ -100,13 +101,34 @@ def trash(program, restored, deleted):
     program.sees("label", "La corbeille est vide")
 
 
-def attention(program, folder, missing, drifted):
-    shutil.rmtree(folder / "claude" / missing)
-    (folder / "codex" / drifted / "SKILL.md").write_text("edited in place", encoding="utf-8")
+def attention(program, folder):
+    missing, drifted = "Audit d’accessibilité", "Tests de charge"
+    shutil.rmtree(folder / "claude/audit-accessibilite")
+    (folder / "codex/tests-de-charge/SKILL.md").write_text("edited in place", encoding="utf-8")
     program.press("Actualiser")
     program.press("À réparer", "radio button")
-    program.sees("label", "À RÉPARER", "2 compétences")
+    program.sees("heading", "À RÉPARER")
+    program.sees("label", "2 compétences")
     program.sees_page()
+    says(program, missing, "Mise à jour nécessaire", "Claude\u00a0: copie manquante")
+    says(program, drifted, "Mise à jour nécessaire", "Codex\u00a0: copie modifiée")
+
+    program.act(program.sees("push button", "Synchroniser", description=missing))
+    program.sees("label", "1 compétence")
+    program.press("Tout synchroniser")
+    program.sees("dialog", "Synchroniser 1 compétence\u00a0?")
+    program.press("Tout synchroniser")
+    program.sees("label", "Tout est synchronisé", "Tout est à jour")
+    assert (folder / "claude/audit-accessibilite/SKILL.md").exists()
+
+
+def says(program, skill, *texts):
+    """Waits until the row of this skill is read out with all of these texts."""
+
+    def does(node):
+        return node.role == "list item" and node.name == skill and all(text in node.description for text in texts)
+
+    program.wait(f"{skill!r} with {texts}", lambda nodes: any(map(does, nodes)))
 
 
 def closes(program):

@@ -4,7 +4,7 @@ import pathlib
 import shutil
 import sys
 
-from changes import attention, category, creation, edition, selection, trash
+from changes import NAME, attention, category, creation, edition, selection, trash
 from first_start import failure, onboarding, opens_at_once, preparation, settles
 from program import DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
 
@@ -131,11 +131,14 @@ def main(executable, demo, folder):
         creation(program)
         edition(program, first)
         category(program)
+        selection(program, "Migration SQL", "Notes de version")
+        trash(program, "Migration SQL", "Notes de version")
+        attention(program, first)
         program.close()
     with Program(executable, first) as program:
         opens_at_once(program)
         program.takes_keyboard()
-        shell(program, names)
+        program.sees("list item", NAME, states={"focused"})
         program.close()
     with Program(executable, library(demo, folder / "overlapping")[0], workspace="claude/workspace") as program:
         program.takes_keyboard()

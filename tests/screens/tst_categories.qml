@@ -47,7 +47,7 @@ ScreenTest {
 
     function test_list() {
         openManager();
-        compare(all("Catégorie par défaut").length, 1);
+        compare(row("Autre, 1 compétence").Accessible.description, "Catégorie par défaut");
         verify(row("Développement, 0 compétences").activeFocus);
         for (let place = 0; place < 3; ++place)
             keyClick(Qt.Key_Down);
