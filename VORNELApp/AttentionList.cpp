@@ -35,7 +35,7 @@ QString failureOf(const QList<TargetInspection> &inspections)
 AttentionList::AttentionList(QObject *parent) : SkillList(Destination::needsAttention, parent)
 {
     m_start.setSingleShot(true);
-    connect(&m_start, &QTimer::timeout, this, &AttentionList::begin);
+    connect(&m_start, &QTimer::timeout, this, &AttentionList::lookAtNext);
 }
 
 void AttentionList::complete(SkillEntry &entry) const
@@ -61,66 +61,58 @@ void AttentionList::look(QUuid id)
         m_start.start();
 }
 
-void AttentionList::begin()
+void AttentionList::lookAtNext()
 {
-    const QPointer<AttentionList> self(this);
-    lookAtWanted(self);
+    if (!m_wanted.isEmpty()) {
+        inspect(this, model(), m_wanted.takeLast());
+        return;
+    }
+    m_isLooking = false;
+    if (m_isSurveying)
+        endSurvey();
 }
 
-QCoro::Task<> AttentionList::lookAtWanted(QPointer<AttentionList> self)
+QCoro::Task<> AttentionList::inspect(QPointer<AttentionList> self, AppModel *model, QUuid id)
 {
-    while (!self.isNull() && !self->m_wanted.isEmpty()) {
-        const QUuid id = self->m_wanted.takeLast();
-        const bool isThere = co_await inspect(self, id);
-        if (!isThere)
-            co_return;
-        self->refresh();
+    QList<TargetInspection> inspections;
+    try {
+        inspections = co_await model->inspector().inspectTargets(id);
+    } catch (const std::exception &) {
+        inspections.clear(); // a skill that can't be read has no copies to compare
     }
     if (!self.isNull())
-        self->m_isLooking = false;
+        self->show(id, inspections);
+}
+
+void AttentionList::show(const QUuid &id, const QList<TargetInspection> &inspections)
+{
+    m_inspections.insert(id, inspections);
+    m_current.insert(id);
+    if (!m_isSurveying) // which shows all it saw at its end
+        refresh();
+    lookAtNext();
 }
 
 void AttentionList::survey()
 {
-    QList<QUuid> ids;
-    for (const SkillEntry &entry : entries())
-        ids.append(entry.id);
-    const QPointer<AttentionList> self(this);
-    if (!m_isSurveying)
-        lookAtAll(self, ids);
+    if (m_isSurveying || entries().isEmpty())
+        return;
+    setSurveying(true);
+    m_surveyed.clear();
+    for (const SkillEntry &entry : entries()) {
+        m_surveyed.insert(entry.id);
+        look(entry.id);
+    }
 }
 
-QCoro::Task<> AttentionList::lookAtAll(QPointer<AttentionList> self, QList<QUuid> ids)
+void AttentionList::endSurvey()
 {
-    self->setSurveying(true);
-    int edited = 0;
-    for (const QUuid &id : ids) {
-        const bool isThere = co_await inspect(self, id);
-        if (!isThere)
-            co_return;
-        edited += self->editedCopies(id);
-    }
-    self->refresh();
-    self->m_editedCopies = edited;
-    self->m_surveyed = QSet<QUuid>(ids.begin(), ids.end());
-    self->setSurveying(false);
-    Q_EMIT self->surveyed();
-}
-
-/// Tells whether the list is still there.
-QCoro::Task<bool> AttentionList::inspect(QPointer<AttentionList> self, QUuid id)
-{
-    QList<TargetInspection> inspections;
-    try {
-        inspections = co_await self->model()->inspector().inspectTargets(id);
-    } catch (const std::exception &) {
-        inspections.clear(); // a skill that can't be read has no copies to compare
-    }
-    if (self.isNull())
-        co_return false;
-    self->m_inspections.insert(id, inspections);
-    self->m_current.insert(id);
-    co_return true;
+    m_editedCopies = 0;
+    for (const QUuid &id : std::as_const(m_surveyed))
+        m_editedCopies += editedCopies(id);
+    refresh();
+    setSurveying(false);
+    Q_EMIT surveyed();
 }
 
 void AttentionList::synchronizeSurveyed()

@@ -45,10 +45,10 @@ protected:
     void renew() override;
 
 private:
-    void begin();
-    static QCoro::Task<> lookAtWanted(QPointer<AttentionList> self);
-    static QCoro::Task<> lookAtAll(QPointer<AttentionList> self, QList<QUuid> ids);
-    static QCoro::Task<bool> inspect(QPointer<AttentionList> self, QUuid id);
+    void lookAtNext();
+    static QCoro::Task<> inspect(QPointer<AttentionList> self, AppModel *model, QUuid id);
+    void show(const QUuid &id, const QList<TargetInspection> &inspections);
+    void endSurvey();
     void setSurveying(bool isSurveying);
     int editedCopies(const QUuid &id) const;
 

@@ -10,13 +10,19 @@ namespace {
 
 constexpr int patience = 2'000; // milliseconds; a process that just starts may not listen yet
 
+bool take(QLockFile &lock)
+{
+    lock.setStaleLockTime(0); // however long its holder runs, only its end frees the name
+    return lock.tryLock() || lock.error() != QLockFile::LockFailedError;
+}
+
 } // namespace
 
 SingleInstance::SingleInstance(const QString &folder, const QString &name)
-    : m_socket(folder + u'/' + name + u".socket"_s), m_lock(folder + u'/' + name + u".lock"_s)
+    : m_socket(folder + u'/' + name + u".socket"_s),
+      m_lock(folder + u'/' + name + u".lock"_s),
+      m_isFirst(take(m_lock))
 {
-    m_lock.setStaleLockTime(0); // however long it runs, only its end frees the name
-    m_isFirst = m_lock.tryLock() || m_lock.error() != QLockFile::LockFailedError;
     if (m_isFirst)
         listen();
 }

@@ -32,7 +32,7 @@ private:
 
     const QString m_socket;
     QLockFile m_lock;
-    bool m_isFirst;
+    const bool m_isFirst;
     QLocalServer m_server;
 };
 
