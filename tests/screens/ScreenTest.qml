@@ -74,7 +74,7 @@ TestCase {
     function openShell(slugs) {
         fixture.fillLibrary(slugs);
         open();
-        awaitText("Bibliothèque");
+        awaitText("Compétences"); // the library is made after the first frame
         settle();
     }
 
