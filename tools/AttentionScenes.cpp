@@ -1,0 +1,63 @@
+#include "Scenes.h"
+
+#include <QCoreApplication>
+
+#include <fstream>
+
+using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
+
+namespace vornel {
+namespace {
+
+/// Lets copies be missing, edited and unreadable.
+void harmCopies(Stage &stage)
+{
+    const QList<SkillSummary> skills = stage.model().overview()->skills;
+    const auto copy = [&](const char *assistant, qsizetype number) {
+        return stage.path(assistant) / skills.at(number).slug.toStdString();
+    };
+    fs::remove_all(copy("codex", 0));
+    fs::remove_all(copy("claude", 3));
+    for (const qsizetype number : {2, 4, 5})
+        std::ofstream(copy("claude", number) / "SKILL.md", std::ios::app) << "\nUne ligne de plus.\n";
+    fs::remove_all(copy("codex", 5));
+    std::ofstream(copy("codex", 5)) << "pas un dossier";
+}
+
+void photographBatch(const Photographer &photographer, Stage &stage)
+{
+    photographer.click(u"Tout synchroniser"_s);
+    Stage::rest();
+    photographer.take(u"attention-question"_s);
+    photographer.press(Qt::Key_Tab);
+    photographer.press(Qt::Key_Return);
+    while (stage.model().batch()->doneCount() < 2)
+        QCoreApplication::processEvents();
+    photographer.takeAtOnce(u"attention-progress"_s);
+    stage.quieten();
+    Stage::rest();
+    photographer.take(u"attention-failures"_s);
+}
+
+} // namespace
+
+void photographAttention(Photographer &photographer, Stage &stage)
+{
+    AppModel &model = stage.model();
+    harmCopies(stage);
+    model.reload();
+    stage.quieten();
+    model.setSelectedDestination(Destination::needsAttention);
+    Stage::rest();
+    photographer.take(u"attention"_s);
+    photographer.click(u"Synchroniser"_s, u"Audit d’accessibilité"_s);
+    Stage::rest();
+    photographer.take(u"attention-differences"_s);
+    photographer.click(u"Fermer"_s);
+    photographBatch(photographer, stage);
+    model.clearError();
+    model.setSelectedDestination(Destination::library);
+}
+
+} // namespace vornel

@@ -1,0 +1,72 @@
+#include "Scenes.h"
+
+#include <fstream>
+#include <sstream>
+
+using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
+
+namespace vornel {
+namespace {
+
+void photographEdits(const Photographer &photographer, Stage &stage)
+{
+    stage.model().selectSkill(stage.idOf(u"revue-de-securite"_s));
+    photographer.take(u"opening"_s);
+    stage.open(u"revue-de-securite"_s);
+    photographer.take(u"editor"_s);
+    for (int line = 0; line < 10; ++line)
+        photographer.press(Qt::Key_Down);
+    photographer.type(u"Vérifie aussi les dépendances.\n"_s);
+    photographer.take(u"editor-modified"_s);
+    photographer.press(Qt::Key_Escape);
+    photographer.take(u"editor-unsaved"_s);
+    photographer.click(u"Ne pas enregistrer"_s);
+    stage.settle();
+}
+
+void photographPicture(const Photographer &photographer, Stage &stage)
+{
+    stage.open(u"maquette-vers-composant"_s);
+    photographer.click(u"maquette.png"_s);
+    Stage::rest();
+    photographer.take(u"editor-image"_s);
+    stage.model().closeSkill();
+}
+
+/// Edits both assistants' copies of a skill, as an assistant would.
+void editCopies(const Stage &stage)
+{
+    const fs::path copy = stage.path("claude/audit-accessibilite");
+    std::stringstream text;
+    text << std::ifstream(copy / "SKILL.md").rdbuf();
+    const QString edited = QString::fromStdString(text.str()).replace(u"## "_s, u"## Étape\u00A0: "_s);
+    std::ofstream(copy / "SKILL.md") << edited.toStdString();
+    std::ofstream(copy / "exemples.md") << "# Exemples\n";
+    fs::remove_all(stage.path("codex/audit-accessibilite/references"));
+}
+
+void photographCopies(const Photographer &photographer, Stage &stage)
+{
+    editCopies(stage);
+    stage.model().reload();
+    stage.open(u"audit-accessibilite"_s);
+    photographer.take(u"editor-drifted"_s);
+    photographer.click(u"Synchroniser"_s);
+    Stage::rest();
+    photographer.take(u"editor-differences"_s);
+    photographer.click(u"Fermer"_s);
+    stage.model().closeSkill();
+    stage.settle();
+}
+
+} // namespace
+
+void photographEditor(Photographer &photographer, Stage &stage)
+{
+    photographEdits(photographer, stage);
+    photographPicture(photographer, stage);
+    photographCopies(photographer, stage);
+}
+
+} // namespace vornel

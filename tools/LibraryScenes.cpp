@@ -1,0 +1,55 @@
+#include "Scenes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+namespace {
+
+void photographSelection(const Photographer &photographer, const AppModel &model)
+{
+    photographer.click(u"Sélectionner"_s);
+    const QList<SkillSummary> skills = model.overview()->skills;
+    for (const SkillSummary &skill : skills.mid(0, 3))
+        photographer.click(skill.displayName);
+    photographer.take(u"library-selection"_s);
+    photographer.click(u"Supprimer"_s);
+    photographer.take(u"library-trash"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Terminer la sélection"_s);
+}
+
+void photographFilters(const Photographer &photographer, AppModel &model)
+{
+    model.setSelectedCategory(u"quality"_s);
+    photographer.take(u"library-category"_s);
+    model.setSelectedCategory({});
+    model.setSearchText(u"sécurité"_s);
+    photographer.take(u"library-search"_s);
+    model.setSearchText(u"introuvable"_s);
+    model.setSelectedMaturity(Maturity::ready);
+    photographer.take(u"library-no-result"_s);
+    model.setSearchText({});
+    model.setSelectedMaturity({});
+}
+
+} // namespace
+
+void photographLibrary(Photographer &photographer, Stage &stage)
+{
+    photographer.take(u"library"_s);
+    photographSelection(photographer, stage.model());
+    photographFilters(photographer, stage.model());
+}
+
+void photographEmptyLibrary(Photographer &photographer, Stage &stage)
+{
+    QSet<QUuid> ids;
+    const QList<SkillSummary> skills = stage.model().overview()->skills;
+    for (const SkillSummary &skill : skills)
+        ids.insert(skill.id);
+    stage.model().moveSkillsToTrash(ids);
+    stage.quieten();
+    photographer.take(u"library-empty"_s);
+}
+
+} // namespace vornel

@@ -1,0 +1,99 @@
+#include "Photographer.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQmlComponent>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+namespace {
+
+/// Everything is at its place at once, so that a picture never shows a movement half done.
+void stopMotion(QQmlEngine &engine)
+{
+    QQmlComponent component(&engine);
+    component.setData("import QtQml; import VORNELDesignSystem\n"
+                      "QtObject { Component.onCompleted: Motion.isEnabled = false }",
+                      {});
+    delete component.create();
+}
+
+QQuickItem *buttonBelow(QQuickItem *item, const QString &text)
+{
+    if (item->property("text").toString() == text && item->property("checkable").isValid())
+        return item;
+    const auto children = item->childItems();
+    for (QQuickItem *child : children) {
+        if (QQuickItem *found = child->isVisible() ? buttonBelow(child, text) : nullptr)
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Photographer::Photographer(QString folder, QSize size, QStringList chosen)
+    : m_folder(std::move(folder)), m_size(size), m_chosen(std::move(chosen))
+{}
+
+void Photographer::watch(Stage &stage)
+{
+    m_window = stage.application().showWindow();
+    m_window->resize(m_size);
+    stopMotion(stage.application().engine());
+}
+
+void Photographer::take(const QString &name) const
+{
+    QCoreApplication::processEvents();
+    takeAtOnce(name);
+}
+
+void Photographer::takeAtOnce(const QString &name) const
+{
+    if (!m_chosen.isEmpty() && !m_chosen.contains(name))
+        return;
+    const QString file = m_folder + u'/' + name + u".png"_s;
+    if (!m_window->grabWindow().save(file))
+        qFatal("can't write %s", qUtf8Printable(file));
+    qInfo("%s", qUtf8Printable(file));
+}
+
+void Photographer::click(const QString &text, const QString &row) const
+{
+    QQuickItem *top = m_window->contentItem();
+    QQuickItem *button = buttonBelow(row.isEmpty() ? top : buttonBelow(top, row), text);
+    if (button == nullptr)
+        qFatal("no button %s", qUtf8Printable(text));
+    QMetaObject::invokeMethod(button, "clicked");
+}
+
+void Photographer::press(Qt::Key key) const
+{
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_window, &event);
+}
+
+void Photographer::write(const QString &text) const
+{
+    m_window->requestActivate();
+    for (const QChar letter : text) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
+        QCoreApplication::sendEvent(m_window, &event);
+    }
+}
+
+void Photographer::type(const QString &text) const
+{
+    m_window->requestActivate();
+    QQuickItem *field = m_window->activeFocusItem();
+    const int place = field->property("cursorPosition").toInt();
+    QMetaObject::invokeMethod(field, "insert", Q_ARG(int, place), Q_ARG(QString, text));
+}
+
+} // namespace vornel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Stage.h"
+
+#include <QSize>
+#include <QStringList>
+
+class QQuickItem;
+class QQuickWindow;
+
+namespace vornel {
+
+/// Takes pictures of the window, and does in it what a user would.
+class Photographer
+{
+public:
+    /// The pictures of these names go into `folder`; without a name, all do.
+    Photographer(QString folder, QSize size, QStringList chosen);
+
+    /// Opens the window on a stage.
+    void watch(Stage &stage);
+
+    void take(const QString &name) const;
+
+    /// The same, before anything else happens.
+    void takeAtOnce(const QString &name) const;
+
+    /// Clicks the button that reads `text`; with `row`, the one in that row.
+    void click(const QString &text, const QString &row = {}) const;
+
+    void press(Qt::Key key) const;
+
+    /// Writes a text key by key.
+    void write(const QString &text) const;
+
+    /// Puts a text at once into whatever has the keyboard.
+    void type(const QString &text) const;
+
+private:
+    QString m_folder;
+    QSize m_size;
+    QStringList m_chosen;
+    QQuickWindow *m_window = nullptr;
+};
+
+} // namespace vornel

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Photographer.h"
+#include "Stage.h"
+
+/// What the pictures show, each scene played as a user would. All but the first two begin and end on a filled
+/// library.
+namespace vornel {
+
+/// A start that fails.
+void photographFailure(Photographer &photographer);
+
+/// From the launch to the end of the import.
+void photographOnboarding(Photographer &photographer, Stage &stage);
+
+/// The other destinations while there is nothing in them.
+void photographEmptyDestinations(Photographer &photographer, Stage &stage);
+
+void photographLibrary(Photographer &photographer, Stage &stage);
+void photographEditor(Photographer &photographer, Stage &stage);
+void photographCategories(Photographer &photographer);
+void photographCreation(Photographer &photographer, Stage &stage);
+void photographTrash(Photographer &photographer, Stage &stage);
+void photographAttention(Photographer &photographer, Stage &stage);
+
+/// What comes over any screen when an operation fails.
+void photographError(Photographer &photographer, Stage &stage);
+
+/// The library with nothing left in it.
+void photographEmptyLibrary(Photographer &photographer, Stage &stage);
+
+} // namespace vornel

@@ -1,0 +1,49 @@
+#include "Scenes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+namespace {
+
+/// Throws five skills away, and tells their names.
+QStringList fillTrash(Stage &stage)
+{
+    QStringList names;
+    QSet<QUuid> ids;
+    const QList<SkillSummary> skills = stage.model().overview()->skills;
+    for (const SkillSummary &skill : skills.mid(6, 5)) {
+        names.append(skill.displayName);
+        ids.insert(skill.id);
+    }
+    stage.model().moveSkillsToTrash(ids);
+    stage.quieten();
+    return names;
+}
+
+void photographQuestions(const Photographer &photographer)
+{
+    photographer.click(u"Restaurer"_s);
+    photographer.take(u"trash-confirmation"_s);
+    photographer.click(u"Annuler"_s);
+}
+
+} // namespace
+
+void photographTrash(Photographer &photographer, Stage &stage)
+{
+    const QStringList names = fillTrash(stage);
+    stage.model().setSelectedDestination(Destination::trash);
+    Stage::rest();
+    photographer.take(u"trash"_s);
+    photographQuestions(photographer);
+    photographer.click(u"Sélectionner"_s);
+    for (const int number : {0, 2, 3})
+        photographer.click(names.at(number));
+    photographer.take(u"trash-selection"_s);
+    photographer.click(u"Terminer la sélection"_s);
+    stage.model().setSearchText(u"introuvable"_s);
+    photographer.take(u"trash-no-result"_s);
+    stage.model().setSearchText({});
+}
+
+} // namespace vornel
