@@ -15,6 +15,10 @@ void photographEdits(const Photographer &photographer, Stage &stage)
     photographer.take(u"opening"_s);
     stage.open(u"revue-de-securite"_s);
     photographer.take(u"editor"_s);
+    photographer.press(Qt::Key_F, Qt::ControlModifier);
+    photographer.write(u"les"_s);
+    photographer.take(u"editor-find"_s);
+    photographer.press(Qt::Key_Escape);
     for (int line = 0; line < 10; ++line)
         photographer.press(Qt::Key_Down);
     photographer.type(u"Vérifie aussi les dépendances.\n"_s);
@@ -25,6 +29,23 @@ void photographEdits(const Photographer &photographer, Stage &stage)
     stage.settle();
 }
 
+/// What opens over the editor.
+void photographChoices(const Photographer &photographer, Stage &stage)
+{
+    stage.open(u"revue-de-securite"_s);
+    photographer.click(stage.model().category(stage.model().selectedSkill()->manifest.category).name);
+    photographer.take(u"editor-category"_s);
+    photographer.press(Qt::Key_Escape);
+    photographer.click(u"Plus d’actions"_s);
+    photographer.take(u"editor-actions"_s);
+    photographer.press(Qt::Key_Down);
+    photographer.press(Qt::Key_Return);
+    Stage::rest();
+    photographer.take(u"editor-trash"_s);
+    photographer.click(u"Annuler"_s);
+    stage.model().closeSkill();
+}
+
 void photographPicture(const Photographer &photographer, Stage &stage)
 {
     stage.open(u"maquette-vers-composant"_s);
@@ -32,6 +53,7 @@ void photographPicture(const Photographer &photographer, Stage &stage)
     Stage::rest();
     photographer.take(u"editor-image"_s);
     stage.model().closeSkill();
+    stage.settle();
 }
 
 /// Edits both assistants' copies of a skill, as an assistant would.
@@ -60,12 +82,36 @@ void photographCopies(const Photographer &photographer, Stage &stage)
     stage.settle();
 }
 
+/// An edit here while the skill is edited, and then removed, in the workspace.
+void photographStale(const Photographer &photographer, Stage &stage)
+{
+    const fs::path kept = stage.path("elsewhere");
+    const fs::path skill = stage.path("VORNEL/skills/revue-de-securite");
+    fs::copy(skill, kept, fs::copy_options::recursive);
+    stage.open(u"revue-de-securite"_s);
+    photographer.type(u"Vérifie aussi les dépendances.\n"_s);
+    std::ofstream(skill / "SKILL.md", std::ios::app) << "\nUne ligne de plus.\n";
+    stage.model().reload();
+    stage.quieten();
+    photographer.take(u"editor-stale"_s);
+    fs::remove_all(skill);
+    stage.model().reload();
+    stage.quieten();
+    photographer.take(u"editor-gone"_s);
+    fs::copy(kept, skill, fs::copy_options::recursive);
+    stage.model().closeSkill();
+    stage.model().reload();
+    stage.quieten();
+}
+
 } // namespace
 
 void photographEditor(Photographer &photographer, Stage &stage)
 {
     photographEdits(photographer, stage);
+    photographChoices(photographer, stage);
     photographPicture(photographer, stage);
+    photographStale(photographer, stage);
     photographCopies(photographer, stage);
 }
 

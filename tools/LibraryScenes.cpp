@@ -12,6 +12,9 @@ void photographSelection(const Photographer &photographer, const AppModel &model
     for (const SkillSummary &skill : skills.mid(0, 3))
         photographer.click(skill.displayName);
     photographer.take(u"library-selection"_s);
+    photographer.click(u"Déplacer"_s);
+    photographer.take(u"library-move"_s);
+    photographer.press(Qt::Key_Escape);
     photographer.click(u"Supprimer"_s);
     photographer.take(u"library-trash"_s);
     photographer.click(u"Annuler"_s);
@@ -22,6 +25,9 @@ void photographFilters(const Photographer &photographer, AppModel &model)
 {
     model.setSelectedCategory(u"quality"_s);
     photographer.take(u"library-category"_s);
+    photographer.click(u"Filtrer par état"_s);
+    photographer.take(u"library-maturity"_s);
+    photographer.press(Qt::Key_Escape);
     model.setSelectedCategory({});
     model.setSearchText(u"sécurité"_s);
     photographer.take(u"library-search"_s);
@@ -39,6 +45,10 @@ void photographLibrary(Photographer &photographer, Stage &stage)
     photographer.take(u"library"_s);
     photographSelection(photographer, stage.model());
     photographFilters(photographer, stage.model());
+    const QString dragged =
+        u"vornel-skills:"_s + stage.model().overview()->skills.at(0).id.toString(QUuid::WithoutBraces);
+    photographer.hold(dragged, u"Design"_s);
+    photographer.take(u"library-drag"_s);
 }
 
 void photographEmptyLibrary(Photographer &photographer, Stage &stage)

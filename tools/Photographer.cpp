@@ -1,10 +1,11 @@
 #include "Photographer.h"
 
 #include <QGuiApplication>
-#include <QKeyEvent>
+#include <QMimeData>
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QTest>
 
 #include <utility>
 
@@ -64,28 +65,47 @@ void Photographer::takeAtOnce(const QString &name) const
     qInfo("%s", qUtf8Printable(file));
 }
 
-void Photographer::click(const QString &text, const QString &row) const
+QQuickItem *Photographer::button(const QString &text, const QString &row) const
 {
     QQuickItem *top = m_window->contentItem();
-    QQuickItem *button = buttonBelow(row.isEmpty() ? top : buttonBelow(top, row), text);
-    if (button == nullptr)
+    QQuickItem *found = buttonBelow(row.isEmpty() ? top : buttonBelow(top, row), text);
+    if (found == nullptr)
         qFatal("no button %s", qUtf8Printable(text));
-    QMetaObject::invokeMethod(button, "clicked");
+    return found;
 }
 
-void Photographer::press(Qt::Key key) const
+void Photographer::click(const QString &text, const QString &row) const
 {
-    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-    QCoreApplication::sendEvent(m_window, &event);
+    QMetaObject::invokeMethod(button(text, row), "clicked");
+}
+
+void Photographer::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(m_window, key, modifiers);
+}
+
+void Photographer::hold(const QString &payload, const QString &text) const
+{
+    QQuickItem *target = button(text);
+    const QPoint place = target->mapToScene(target->boundingRect().center()).toPoint();
+    QMimeData data;
+    data.setText(payload);
+    QDragEnterEvent enter({}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_window, &enter);
+    QDragMoveEvent move(place, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_window, &move);
+}
+
+void Photographer::close() const
+{
+    m_window->close();
 }
 
 void Photographer::write(const QString &text) const
 {
     m_window->requestActivate();
-    for (const QChar letter : text) {
-        QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
-        QCoreApplication::sendEvent(m_window, &event);
-    }
+    for (const QChar letter : text)
+        QTest::sendKeyEvent(QTest::Click, m_window, Qt::Key_unknown, letter, Qt::NoModifier);
 }
 
 void Photographer::type(const QString &text) const

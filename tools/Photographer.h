@@ -28,7 +28,13 @@ public:
     /// Clicks the button that reads `text`; with `row`, the one in that row.
     void click(const QString &text, const QString &row = {}) const;
 
-    void press(Qt::Key key) const;
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+
+    /// Holds a dragged text over the button that reads `text`.
+    void hold(const QString &payload, const QString &text) const;
+
+    /// Tries to close the window.
+    void close() const;
 
     /// Writes a text key by key.
     void write(const QString &text) const;
@@ -37,6 +43,8 @@ public:
     void type(const QString &text) const;
 
 private:
+    QQuickItem *button(const QString &text, const QString &row = {}) const;
+
     QString m_folder;
     QSize m_size;
     QStringList m_chosen;

@@ -29,4 +29,7 @@ void photographError(Photographer &photographer, Stage &stage);
 /// The library with nothing left in it.
 void photographEmptyLibrary(Photographer &photographer, Stage &stage);
 
+/// The window while it waits for an operation, and closes.
+void photographClosing(Photographer &photographer, Stage &stage);
+
 } // namespace vornel

@@ -19,8 +19,17 @@ void photographError(Photographer &photographer, Stage &stage)
 {
     stage.model().restore(QUuid::createUuid());
     stage.settle();
+    Stage::rest();
     photographer.take(u"error"_s);
     stage.model().clearError();
+}
+
+void photographClosing(Photographer &photographer, Stage &stage)
+{
+    stage.model().reload();
+    photographer.close();
+    photographer.takeAtOnce(u"closing"_s);
+    stage.settle();
 }
 
 } // namespace vornel

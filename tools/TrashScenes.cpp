@@ -23,7 +23,13 @@ QStringList fillTrash(Stage &stage)
 void photographQuestions(const Photographer &photographer)
 {
     photographer.click(u"Restaurer"_s);
-    photographer.take(u"trash-confirmation"_s);
+    photographer.take(u"trash-restore"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Supprimer définitivement"_s);
+    photographer.take(u"trash-delete"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Vider la corbeille"_s);
+    photographer.take(u"trash-clearing"_s);
     photographer.click(u"Annuler"_s);
 }
 

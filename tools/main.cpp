@@ -69,6 +69,7 @@ void photographShell(Photographer &photographer, Stage &stage)
     photographError(photographer, stage);
     photographCreation(photographer, stage);
     photographEmptyLibrary(photographer, stage);
+    photographClosing(photographer, stage);
 }
 
 } // namespace
