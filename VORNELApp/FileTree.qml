@@ -45,7 +45,9 @@ Surface {
 
         Accessible.name: "Fichiers"
         Accessible.role: Accessible.List
-        T.ScrollBar.vertical: ScrollRail {}
+        T.ScrollBar.vertical: ScrollRail {
+            id: rail
+        }
         onActiveFocusChanged: {
             if (activeFocus && currentIndex < 0)
                 currentIndex = 0;
@@ -53,7 +55,7 @@ Surface {
 
         delegate: FileTreeRow {
             selectedFile: tree.selectedFile
-            width: view.width
+            width: view.width - (rail.visible ? rail.width : 0)
             onClicked: {
                 if (isFolder)
                     files.setOpen(index, !isOpen);

@@ -52,11 +52,19 @@ Window {
         MouseArea {
             anchors.fill: parent
         }
-        StateView {
+        Surface {
             anchors.centerIn: parent
-            line: "VORNEL termine l’opération en cours."
-            title: "Fermeture"
-            width: 400
+            height: farewell.height + 2 * Metrics.huge
+            width: farewell.width
+
+            StateView {
+                id: farewell
+
+                anchors.verticalCenter: parent.verticalCenter
+                line: "VORNEL termine l’opération en cours."
+                title: "Fermeture"
+                width: 400
+            }
         }
     }
 }
