@@ -82,7 +82,10 @@ void createRoot(const fs::path &root)
     if (::mkdir(root.c_str(), ownerOnly) == 0) {
         if (::chmod(root.c_str(), ownerOnly) != 0)
             fail("chmod", root);
-    } else if (errno != EEXIST || !fs::is_directory(root)) {
+    } else if (errno != EEXIST) {
+        fail("mkdir", root);
+    } else if (!fs::is_directory(root)) {
+        errno = ENOTDIR; // which tells more than that something is there
         fail("mkdir", root);
     }
 }

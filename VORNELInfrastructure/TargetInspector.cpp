@@ -90,9 +90,10 @@ TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const F
     } catch (const std::exception &error) {
         return {target, SyncState::failed, {}, errorMessage(error)};
     }
-    if (m_workspace.failedSyncTargets.value(manifest.id).contains(target)) {
+    const QMap<TargetKind, QString> failed = m_workspace.failedSyncTargets.value(manifest.id);
+    if (failed.contains(target)) {
         inspection.state = SyncState::failed;
-        inspection.reason = u"La dernière synchronisation a échoué."_s;
+        inspection.reason = failed.value(target);
     }
     return inspection;
 }

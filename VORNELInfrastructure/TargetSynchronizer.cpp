@@ -3,6 +3,7 @@
 #include "BestEffort.h"
 #include "SecureFileTree.h"
 
+#include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
@@ -15,37 +16,31 @@ namespace fs = std::filesystem;
 
 void TargetSynchronizer::synchronize(const SkillRecord &skill) const
 {
-    conclude(skill.manifest.id, failedTargets([&](TargetKind kind) { installTargetCopy(skill, kind); }));
+    forEachTarget(skill.manifest.id, [&](TargetKind kind) { installTargetCopy(skill, kind); });
 }
 
 void TargetSynchronizer::removeCopies(const SkillRecord &skill) const
 {
-    conclude(skill.manifest.id,
-             failedTargets([&](TargetKind kind) { removeTargetCopy(skill.manifest.slug, kind); }));
+    forEachTarget(skill.manifest.id, [&](TargetKind kind) { removeTargetCopy(skill.manifest.slug, kind); });
 }
 
 template <typename Action>
-QList<TargetKind> TargetSynchronizer::failedTargets(const Action &action) const
+void TargetSynchronizer::forEachTarget(const QUuid &id, const Action &action) const
 {
-    QList<TargetKind> failed;
+    QMap<TargetKind, QString> failed;
     for (const TargetKind kind : allCases<TargetKind>()) {
         try {
             action(kind);
-        } catch (const std::exception &) {
-            failed.append(kind);
+        } catch (const std::exception &error) {
+            failed.insert(kind, errorMessage(error));
         }
     }
-    return failed;
-}
-
-void TargetSynchronizer::conclude(const QUuid &id, const QList<TargetKind> &failed) const
-{
     if (failed.isEmpty()) {
         m_workspace.failedSyncTargets.remove(id);
         return;
     }
-    m_workspace.failedSyncTargets.insert(id, QSet<TargetKind>(failed.begin(), failed.end()));
-    throw VORNELWorkspaceError::partialSync(failed);
+    m_workspace.failedSyncTargets.insert(id, failed);
+    throw VORNELWorkspaceError::partialSync(failed.keys());
 }
 
 fs::path TargetSynchronizer::recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const

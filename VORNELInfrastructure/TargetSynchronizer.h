@@ -23,12 +23,9 @@ private:
     void installTargetCopy(const SkillRecord &skill, TargetKind kind) const;
     void removeTargetCopy(const QString &slug, TargetKind kind) const;
 
-    /// Runs `action` for every target, and returns those for which it threw.
+    /// Runs `action` for every target. Remembers those for which it threw, and throws `partialSync` if any.
     template <typename Action>
-    QList<TargetKind> failedTargets(const Action &action) const;
-
-    /// Remembers what failed, and throws it when anything did.
-    void conclude(const QUuid &id, const QList<TargetKind> &failed) const;
+    void forEachTarget(const QUuid &id, const Action &action) const;
 
     std::filesystem::path recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const;
 

@@ -4,13 +4,15 @@
 #include "FileSystem.h"
 
 #include <QHash>
-#include <QSet>
+#include <QMap>
+#include <QString>
 #include <QUuid>
 
 namespace vornel {
 
-/// Per skill, the targets whose last synchronisation failed. A skill without failures has no entry.
-using FailedSyncTargets = QHash<QUuid, QSet<TargetKind>>;
+/// Per skill, the targets whose last synchronisation failed, each with the reason as the user reads it. A skill
+/// without failures has no entry.
+using FailedSyncTargets = QHash<QUuid, QMap<TargetKind, QString>>;
 
 /// What every job of the service works on.
 struct Workspace

@@ -128,7 +128,7 @@ TEST_F(Inspection, RemembersAFailedSynchronisation)
     write("codex/demo/SKILL.md", "edited");
     const TargetInspection failed = inspect(TargetKind::codex);
     EXPECT_EQ(failed.state, SyncState::failed);
-    EXPECT_FALSE(failed.reason.isEmpty());
+    EXPECT_EQ(failed.reason, Error::symlinkUnsupported(u"link"_s).errorDescription());
     EXPECT_EQ(failed.differences, (QList<FileDifference>{{u"SKILL.md"_s, changed}}));
     EXPECT_EQ(inspect(TargetKind::claude), inSync);
 }
