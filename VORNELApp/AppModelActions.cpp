@@ -310,8 +310,8 @@ void AppModel::runBatch(SkillBatch::Kind kind, QList<SkillSummary> skills, Skill
         return;
     perform([this, kind, skills = std::move(skills), operation = std::move(operation)]() -> QCoro::Task<> {
         co_await m_batch.run(kind, skills, operation);
-        m_overview = co_await m_service->reload();
         concludeBatch();
+        m_overview = co_await m_service->reload();
     });
 }
 

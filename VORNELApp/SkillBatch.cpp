@@ -30,12 +30,30 @@ const Words &words(SkillBatch::Kind kind)
     return all.at(static_cast<std::size_t>(kind));
 }
 
-QString reasonOf(const std::exception &error)
+bool isCase(const std::exception &error, const char *name)
 {
     const auto *known = dynamic_cast<const VORNELWorkspaceError *>(&error);
-    if (known != nullptr && known->caseName() == u"skillNotFound"_s)
+    return known != nullptr && known->caseName() == QLatin1StringView(name);
+}
+
+QString reasonOf(const std::exception &error)
+{
+    if (isCase(error, WorkspaceErrorCase::SkillNotFound::name))
         return u"Cette compétence n’est plus là\u00A0: un autre programme l’a déplacée ou supprimée."_s;
     return errorMessage(error);
+}
+
+/// "2 compétences sur 3 n’ont pas pu être restaurées :", or, of those that were changed all the same,
+/// "2 compétences sur 3 sont restaurées, mais pas chez tous vos assistants :".
+QString headline(qsizetype number, int tried, const QString &participle, bool isChanged)
+{
+    const bool isOne = number == 1;
+    const QString agreed = isOne ? participle : participle + u's';
+    const QString told = isChanged ? (isOne ? u"est %1, mais pas chez tous vos assistants"_s
+                                            : u"sont %1, mais pas chez tous vos assistants"_s)
+                                   : (isOne ? u"n’a pas pu être %1"_s : u"n’ont pas pu être %1"_s);
+    return u"%1 sur %2 %3\u00A0:"_s.arg(Wording::countedSkills(number), QString::number(tried),
+                                        told.arg(agreed));
 }
 
 } // namespace
@@ -47,8 +65,7 @@ QCoro::Task<> SkillBatch::run(Kind kind, QList<SkillSummary> skills, Operation o
         try {
             co_await operation(skill.id);
         } catch (const std::exception &error) {
-            m_failures.append({skill.displayName, reasonOf(error)});
-            m_reasons.insert(skill.id, m_failures.last().reason);
+            note(skill, error);
         }
         ++m_doneCount;
         if (m_isStopping)
@@ -58,6 +75,16 @@ QCoro::Task<> SkillBatch::run(Kind kind, QList<SkillSummary> skills, Operation o
     end();
 }
 
+/// A skill that is restored stays so when an assistant refuses its copy.
+void SkillBatch::note(const SkillSummary &skill, const std::exception &error)
+{
+    const QString reason = reasonOf(error);
+    const bool isChanged =
+        m_kind == Kind::restoration && isCase(error, WorkspaceErrorCase::PartialSync::name);
+    (isChanged ? m_incomplete : m_failures).append({skill.displayName, reason});
+    m_reasons.insert(skill.id, reason);
+}
+
 void SkillBatch::begin(Kind kind, const QList<SkillSummary> &skills)
 {
     m_kind = kind;
@@ -65,6 +92,7 @@ void SkillBatch::begin(Kind kind, const QList<SkillSummary> &skills)
     m_doneCount = 0;
     m_reasons.clear();
     m_failures.clear();
+    m_incomplete.clear();
     m_isRunning = true;
     m_isStopping = false;
     Q_EMIT changed();
@@ -104,20 +132,22 @@ QString SkillBatch::confirmation() const
 
 QString SkillBatch::failureMessage() const
 {
-    if (m_failures.isEmpty())
+    if (m_skills.size() == 1 && !m_reasons.isEmpty())
+        return *m_reasons.cbegin();
+    return (told(m_failures, false) + told(m_incomplete, true)).join(u'\n');
+}
+
+QStringList SkillBatch::told(const QList<Failure> &failures, bool isChanged) const
+{
+    if (failures.isEmpty())
         return {};
-    if (m_skills.size() == 1)
-        return m_failures.first().reason;
-    const bool isOne = m_failures.size() == 1;
-    QStringList lines{u"%1 sur %2 n’%3 pas pu être %4%5\u00A0:"_s.arg(
-        Wording::countedSkills(m_failures.size()), QString::number(m_skills.size()),
-        isOne ? u"a"_s : u"ont"_s, words(m_kind).participle, isOne ? QString() : u"s"_s)};
     constexpr qsizetype mostNamed = 3;
-    for (const Failure &failure : m_failures.first(std::min(mostNamed, m_failures.size())))
+    QStringList lines{headline(failures.size(), m_doneCount, words(m_kind).participle, isChanged)};
+    for (const Failure &failure : failures.first(std::min(mostNamed, failures.size())))
         lines.append(u"«\u00A0"_s + failure.name + u"\u00A0»\u00A0: "_s + failure.reason);
-    if (m_failures.size() > mostNamed)
-        lines.append(u"et %1 de plus"_s.arg(m_failures.size() - mostNamed));
-    return lines.join(u'\n');
+    if (failures.size() > mostNamed)
+        lines.append(u"et %1 de plus"_s.arg(failures.size() - mostNamed));
+    return lines;
 }
 
 void SkillBatch::keepFailures(const QSet<QUuid> &ids)

@@ -50,7 +50,7 @@ public:
     /// What the last run achieved, in capitals; empty when it changed nothing.
     QString confirmation() const;
 
-    /// Which skills the last run failed to change, and why; empty without any.
+    /// Which skills the last run failed to change, or to change everywhere, and why; empty without any.
     QString failureMessage() const;
 
     /// Why the last run failed to change this skill; empty if it didn't.
@@ -71,12 +71,15 @@ private:
     };
 
     void begin(Kind kind, const QList<SkillSummary> &skills);
+    void note(const SkillSummary &skill, const std::exception &error);
     void end();
+    QStringList told(const QList<Failure> &failures, bool isChanged) const;
 
     Kind m_kind = Kind::synchronisation;
     QList<SkillSummary> m_skills;
     int m_doneCount = 0;
     QList<Failure> m_failures;       ///< of the last run
+    QList<Failure> m_incomplete;     ///< changed, though not in every assistant's folder
     QHash<QUuid, QString> m_reasons; ///< those that are still of use
     bool m_isRunning = false;
     bool m_isStopping = false;

@@ -137,6 +137,18 @@ ScreenTest {
         verify(!shows("Terminer la sélection"));
     }
 
+    function test_restored_though_an_assistant_has_no_copy() {
+        openTrash(["a", "b"]);
+        fixture.write("codex/b", "pas un dossier");
+        click("Sélectionner");
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        click("Restaurer");
+        accept();
+        awaitText("2 RESTAURÉES");
+        compare(trashed(), "");
+        verify(model.errorMessage.startsWith("1 compétence sur 2 est restaurée, mais pas chez tous vos assistants\u00A0:\n«\u00A0b\u00A0»\u00A0: "));
+    }
+
     function test_one_selected_skill_is_named() {
         openTrash(["audit", "notes"]);
         click("Sélectionner");
