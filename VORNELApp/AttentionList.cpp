@@ -30,6 +30,16 @@ QString failureOf(const QList<TargetInspection> &inspections)
     return reasons.join(u"  "_s);
 }
 
+bool isEdited(const TargetInspection &inspection)
+{
+    return !inspection.differences.isEmpty();
+}
+
+bool hasFailed(const TargetInspection &inspection)
+{
+    return inspection.state == SyncState::failed;
+}
+
 } // namespace
 
 AttentionList::AttentionList(QObject *parent) : SkillList(Destination::needsAttention, parent)
@@ -105,11 +115,21 @@ void AttentionList::survey()
     }
 }
 
+void AttentionList::forgetSurvey()
+{
+    setSurveying(false);
+}
+
 void AttentionList::endSurvey()
 {
     m_editedCopies = 0;
-    for (const QUuid &id : std::as_const(m_surveyed))
-        m_editedCopies += editedCopies(id);
+    m_sawEveryCopy = true;
+    for (const QUuid &id : std::as_const(m_surveyed)) {
+        const QList<TargetInspection> inspections = m_inspections.value(id);
+        m_editedCopies += static_cast<int>(std::ranges::count_if(inspections, isEdited));
+        if (inspections.isEmpty() || std::ranges::any_of(inspections, hasFailed))
+            m_sawEveryCopy = false;
+    }
     refresh();
     setSurveying(false);
     Q_EMIT surveyed();
@@ -124,14 +144,6 @@ void AttentionList::setSurveying(bool isSurveying)
 {
     m_isSurveying = isSurveying;
     Q_EMIT isSurveyingChanged();
-}
-
-int AttentionList::editedCopies(const QUuid &id) const
-{
-    return static_cast<int>(
-        std::ranges::count_if(m_inspections.value(id), [](const TargetInspection &inspection) {
-            return !inspection.differences.isEmpty();
-        }));
 }
 
 } // namespace vornel

@@ -16,6 +16,7 @@ class AttentionList : public vornel::SkillList // in full, for the tools that re
     Q_PROPERTY(bool isSurveying READ isSurveying NOTIFY isSurveyingChanged)
     Q_PROPERTY(int surveyedCount READ surveyedCount NOTIFY surveyed)
     Q_PROPERTY(int editedCopies READ editedCopies NOTIFY surveyed)
+    Q_PROPERTY(bool sawEveryCopy READ sawEveryCopy NOTIFY surveyed)
 
 public:
     explicit AttentionList(QObject *parent = nullptr);
@@ -23,8 +24,9 @@ public:
     /// Asks how the copies of a skill stand; its row follows.
     Q_INVOKABLE void look(QUuid id);
 
-    /// Looks at the copies of every skill shown; `surveyed` follows.
+    /// Looks at the copies of every skill shown; `surveyed` follows, unless it is forgotten before.
     Q_INVOKABLE void survey();
+    Q_INVOKABLE void forgetSurvey();
 
     bool isSurveying() const { return m_isSurveying; }
 
@@ -32,6 +34,9 @@ public:
     /// canonical folder.
     int surveyedCount() const { return static_cast<int>(m_surveyed.size()); }
     int editedCopies() const { return m_editedCopies; }
+
+    /// Whether the last survey could tell how each copy stands.
+    bool sawEveryCopy() const { return m_sawEveryCopy; }
 
     /// Synchronises the skills of the last survey.
     Q_INVOKABLE void synchronizeSurveyed();
@@ -50,7 +55,6 @@ private:
     void show(const QUuid &id, const QList<TargetInspection> &inspections);
     void endSurvey();
     void setSurveying(bool isSurveying);
-    int editedCopies(const QUuid &id) const;
 
     QHash<QUuid, QList<TargetInspection>> m_inspections;
     QSet<QUuid> m_current; ///< whose inspection is as young as the overview
@@ -60,6 +64,7 @@ private:
     bool m_isSurveying = false;
     QSet<QUuid> m_surveyed;
     int m_editedCopies = 0;
+    bool m_sawEveryCopy = true;
 };
 
 } // namespace vornel

@@ -33,6 +33,10 @@ Sheet {
         sheet.action = action;
         open();
     }
+    /** Leaves what waits undone. */
+    function forget(): void {
+        action = undefined;
+    }
     function act(): void {
         const accepted = action;
         action = undefined;

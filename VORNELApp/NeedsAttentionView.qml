@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -16,6 +17,17 @@ FocusScope {
         return total === 0 ? "" : entries.count === total ? counted : entries.count + " sur " + counted;
     }
 
+    /** Nothing opens over another screen, or over a skill on its way. */
+    readonly property bool isWatched: visible && !model.isDetailLoading
+
+    /** Whether a sheet or a menu has the keyboard. */
+    function isCovered(): bool {
+        for (let item = Window.activeFocusItem; item; item = item.parent) {
+            if (item === T.Overlay.overlay)
+                return true;
+        }
+        return false;
+    }
     function synchronize(id: uuid): void {
         if (model.isWorking)
             return;
@@ -23,11 +35,23 @@ FocusScope {
         differences.replaceCopies("Synchroniser", () => model.synchronizeSkill(id));
     }
 
+    onIsWatchedChanged: {
+        if (isWatched)
+            return;
+        entries.forgetSurvey();
+        differences.forget();
+    }
+
     AttentionList {
         id: entries
 
         model: attention.model
-        onSurveyed: if (surveyedCount > 0 && !attention.model.isWorking) question.open()
+        onSurveyed: {
+            if (attention.model.isWorking)
+                survey(); // what is being done may change what was seen
+            else if (!attention.isCovered())
+                question.open();
+        }
     }
     SkillCopies {
         id: copies

@@ -10,6 +10,8 @@ ConfirmationDialog {
 
     readonly property int edited: skills.editedCopies
     readonly property string loss: {
+        if (edited === 0 && !skills.sawEveryCopy)
+            return "Vos assistants recevront la version de VORNEL. Certaines copies n’ont pas pu être comparées.";
         if (edited === 0)
             return "Aucune de leurs copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
         return edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et ses modifications perdues."

@@ -145,6 +145,29 @@ ScreenTest {
         verify(!shows("Arrêter"));
     }
 
+    function test_the_question_comes_only_where_it_was_asked_for() {
+        openShell(["audit", "notes"]);
+        edit("audit");
+        edit("notes");
+        openAttention();
+        awaitLine("notes", " · Claude : à jour · Codex : copie modifiée");
+        for (const leave of [() => click("audit"), () => keyClick(Qt.Key_N, Qt.ControlModifier)]) {
+            fixture.holdWorkspace();
+            click("Tout synchroniser");
+            leave();
+            fixture.releaseWorkspace();
+            settle();
+            wait(300);
+            verify(!shows("Synchroniser 2 compétences\u00A0?"));
+            model.closeSkill();
+            awaitText("À RÉPARER");
+        }
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !shows("Le nom est requis."));
+        click("Tout synchroniser");
+        awaitText("Synchroniser 2 compétences\u00A0?");
+    }
+
     function test_gone_elsewhere() {
         openShell(["audit", "notes"]);
         fixture.remove("codex/audit");
