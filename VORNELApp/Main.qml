@@ -23,6 +23,7 @@ Window {
             model.departure.leave(() => window.close());
             return;
         }
+        model.batch.stop();
         event.accepted = !model.isBusy;
         isClosing = model.isBusy;
     }

@@ -145,4 +145,30 @@ ScreenTest {
         window.destroy();
         wait(0);
     }
+
+    function test_closing_stops_what_is_done_to_several() {
+        fixture.fillLibrary(["a", "b", "c"]);
+        for (const slug of ["a", "b", "c"])
+            fixture.remove("codex/" + slug);
+        const window = windows.createObject(null);
+        tryVerify(() => window.active && fixture.model.phase.name === AppStates.PhaseName.ready && !fixture.model.isBusy);
+        fixture.model.selectedDestination = AppStates.Destination.needsAttention;
+        root = window.contentItem;
+        click("Actualiser");
+        tryVerify(() => fixture.model.needsAttentionCount === 3 && !fixture.model.isBusy);
+        click("Tout synchroniser");
+        tryVerify(() => window.activeFocusItem.Accessible.name === "Annuler");
+        fixture.holdWorkspace();
+        keyClick(Qt.Key_Tab);
+        keyClick(Qt.Key_Return);
+        tryVerify(() => fixture.model.batch.isRunning);
+        window.close();
+        verify(window.visible);
+        fixture.releaseWorkspace();
+        tryVerify(() => !window.visible);
+        compare(fixture.model.batch.doneCount, 1);
+        window.destroy();
+        root = null;
+        wait(0);
+    }
 }
