@@ -45,7 +45,7 @@ SkillListRow {
         ActionButton {
             anchors.verticalCenter: parent.verticalCenter
             enabled: !row.model.isWorking
-            focusPolicy: row.isCurrent ? Qt.StrongFocus : Qt.ClickFocus
+            focusPolicy: row.isCurrent || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
             isCompact: row.width < 860
             symbol: "refresh-cw"
             text: "Synchroniser"

@@ -52,6 +52,7 @@ FocusScope {
         Label {
             font: Typography.display
             lineHeight: 1.1
+            maximumLineCount: 2
             text: page.story.title
         }
         Label {

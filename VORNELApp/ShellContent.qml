@@ -15,6 +15,10 @@ FocusScope {
 
     signal creationAsked
 
+    function takeKeyboard(): void {
+        (isSkillOpen ? skill : screens).forceActiveFocus();
+    }
+
     ScreenLoader {
         id: screens
 

@@ -36,7 +36,7 @@ SkillListRow {
         ActionButton {
             anchors.verticalCenter: parent.verticalCenter
             enabled: !row.model.isWorking
-            focusPolicy: row.isCurrent ? Qt.StrongFocus : Qt.ClickFocus
+            focusPolicy: row.isCurrent || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
             isCompact: row.width < 860
             symbol: "undo-2"
             text: "Restaurer"
@@ -48,7 +48,7 @@ SkillListRow {
         ActionButton {
             anchors.verticalCenter: parent.verticalCenter
             enabled: !row.model.isWorking
-            focusPolicy: row.isCurrent ? Qt.StrongFocus : Qt.ClickFocus
+            focusPolicy: row.isCurrent || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
             isCompact: true
             role: ActionButton.Destructive
             symbol: "trash-2"

@@ -55,8 +55,8 @@ FocusScope {
     }
     Connections {
         function onClosed() {
-            if (!shell.activeFocus)
-                content.forceActiveFocus();
+            if (!shell.activeFocus || content.isSkillOpen) // such as the one just created
+                content.takeKeyboard();
         }
 
         ignoreUnknownSignals: true

@@ -50,6 +50,7 @@ ScreenTest {
         compare(created().tags, ["presse", "veille"]);
         compare(created().category, "knowledge");
         compare(created().maturity, Vornel.Maturity.active);
+        compare(root.Window.activeFocusItem.Accessible.name, "Instructions de la compétence");
     }
 
     function test_identifier_follows_the_name_until_it_is_typed() {
