@@ -28,6 +28,8 @@ Sheet {
         list.forceActiveFocus(Qt.OtherFocusReason);
     }
     function leave(): void {
+        if (form.isWaiting)
+            return;
         if (form.isModified)
             discarding.open();
         else
@@ -42,7 +44,7 @@ Sheet {
 
     firstFocus: list
     implicitWidth: Math.min(560, parent.width - 2 * Metrics.page)
-    isGuarded: isEditing
+    isGuarded: isEditing || form.isWaiting
     title: "Catégories"
     onClosed: isEditing = false
     onDepartureAsked: leave()
@@ -100,6 +102,7 @@ Sheet {
         visible: !sheet.isEditing
 
         ActionButton {
+            enabled: !form.isWaiting
             text: "Fermer"
             onClicked: sheet.close()
         }
@@ -133,6 +136,7 @@ Sheet {
             spacing: Metrics.medium
 
             ActionButton {
+                enabled: !form.isWaiting
                 text: "Annuler"
                 onClicked: sheet.leave()
             }

@@ -201,6 +201,32 @@ ScreenTest {
         verify(!shows("Échec d’intégrité : Le catalogue de catégories est invalide."));
     }
 
+    function test_no_leaving_while_it_is_changed() {
+        openManager();
+        edit("Design, 2 compétences");
+        type("x");
+        fixture.holdWorkspace();
+        keyClick(Qt.Key_Return);
+        tryVerify(() => model.isWorking);
+        keyClick(Qt.Key_Escape);
+        verify(!shows("Abandonner"), "what was asked for can't be taken back");
+        verify(!control("Annuler").enabled);
+        fixture.releaseWorkspace();
+        awaitList();
+        verify(category("Designx"));
+
+        keyClick(Qt.Key_Delete);
+        awaitText("Supprimer « Designx » ?");
+        fixture.holdWorkspace();
+        click("Supprimer");
+        tryVerify(() => model.isWorking && !shows("Annuler"));
+        keyClick(Qt.Key_Escape);
+        verify(!control("Fermer").enabled);
+        fixture.write("workspace/.vornel/categories.json", "{");
+        fixture.releaseWorkspace();
+        awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
+    }
+
     function test_refused_deletion() {
         openManager();
         keyClick(Qt.Key_Delete);

@@ -144,6 +144,22 @@ ScreenTest {
         compare(control("Identifiant").text, "");
     }
 
+    function test_no_leaving_while_it_is_created() {
+        openSheet();
+        type("Veille");
+        fixture.holdWorkspace();
+        keyClick(Qt.Key_Return);
+        tryVerify(() => model.isWorking);
+        keyClick(Qt.Key_Escape);
+        verify(!shows("Abandonner"), "what was asked for can't be taken back");
+        verify(!control("Annuler").enabled);
+        fixture.write("workspace/.vornel/categories.json", "{");
+        fixture.releaseWorkspace();
+        awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
+        keyClick(Qt.Key_Escape);
+        awaitText("Abandonner");
+    }
+
     function test_category_without_the_usual_one() {
         openShell(["audit"]);
         fixture.deleteCategory("development");
