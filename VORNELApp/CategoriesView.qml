@@ -13,6 +13,10 @@ Sheet {
     readonly property real longestList: parent.height - 300
     readonly property bool canSubmit: form.isValid && (form.isNew || form.isModified) && !model.isWorking
 
+    /** Gives the keyboard to what is shown. */
+    function beginAgain(): void {
+        (isEditing ? fields : list).forceActiveFocus(Qt.OtherFocusReason);
+    }
     function create(): void {
         form.editNew(CategoryPalette.colors[0].hex);
         isEditing = true;
@@ -25,7 +29,7 @@ Sheet {
     }
     function showList(): void {
         isEditing = false;
-        list.forceActiveFocus(Qt.OtherFocusReason);
+        beginAgain();
     }
     function leave(): void {
         if (form.isWaiting)
@@ -89,11 +93,11 @@ Sheet {
         width: parent.width
     }
     ErrorPanel {
-        text: sheet.isEditing ? "" : form.refusal
+        text: form.nameProblem === "" ? form.refusal : ""
         width: parent.width
         onDismissed: {
             form.forgetRefusal();
-            list.forceActiveFocus(Qt.OtherFocusReason);
+            sheet.beginAgain();
         }
     }
     Row {

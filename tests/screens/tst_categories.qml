@@ -197,8 +197,27 @@ ScreenTest {
         awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
         compare(model.errorMessage, "", "it is told on the sheet alone");
         compare(control("Nom").text, "Designx", "what was typed stays");
-        type("y");
-        verify(!shows("Échec d’intégrité : Le catalogue de catégories est invalide."));
+        compare(control("Nom").Accessible.description, "De 1 à 40 caractères.", "it isn't the name's fault");
+        click("Fermer");
+        tryVerify(() => !shows("Fermer"));
+        verify(control("Nom").activeFocus);
+    }
+
+    function test_name_taken_elsewhere() {
+        openManager();
+        edit("Design, 2 compétences");
+        retype("Nom", "Recherche");
+        fixture.createCategoryElsewhere("recherche");
+        keyClick(Qt.Key_Return);
+        awaitText("Une catégorie porte déjà ce nom.");
+        tryVerify(() => !shows("Fermer"), 1000, "it is told at the field alone");
+        verify(!control("Enregistrer").enabled);
+        type("s");
+        tryVerify(() => !shows("Une catégorie porte déjà ce nom."));
+        verify(!shows("Fermer"));
+        keyClick(Qt.Key_Return);
+        awaitList();
+        verify(category("Recherches"));
     }
 
     function test_no_leaving_while_it_is_changed() {
