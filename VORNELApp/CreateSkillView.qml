@@ -119,7 +119,10 @@ Sheet {
     ErrorPanel {
         text: form.isSlugTaken ? "" : form.refusal
         width: parent.width
-        onDismissed: form.forgetRefusal()
+        onDismissed: {
+            form.forgetRefusal();
+            name.forceActiveFocus(Qt.OtherFocusReason);
+        }
     }
     Item {
         implicitHeight: actions.height + Metrics.small
