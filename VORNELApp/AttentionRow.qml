@@ -46,7 +46,7 @@ SkillListRow {
             anchors.verticalCenter: parent.verticalCenter
             enabled: !row.model.isWorking
             focusPolicy: row.isCurrent || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
-            isCompact: row.width < 860
+            isCompact: row.width < Metrics.roomForTexts
             symbol: "refresh-cw"
             text: "Synchroniser"
 
@@ -54,5 +54,4 @@ SkillListRow {
             onClicked: row.synchronizationAsked()
         }
     }
-
 }

@@ -13,6 +13,10 @@ Sheet {
     readonly property real longestList: parent.height - 300
     readonly property bool canSubmit: form.isValid && (form.isNew || form.isModified) && !model.isWorking
 
+    /** Gives the keyboard to what is shown. */
+    function beginAgain(): void {
+        (isEditing ? fields : list).forceActiveFocus(Qt.OtherFocusReason);
+    }
     function create(): void {
         form.editNew(CategoryPalette.colors[0].hex);
         isEditing = true;
@@ -25,9 +29,11 @@ Sheet {
     }
     function showList(): void {
         isEditing = false;
-        list.forceActiveFocus(Qt.OtherFocusReason);
+        beginAgain();
     }
     function leave(): void {
+        if (form.isWaiting)
+            return;
         if (form.isModified)
             discarding.open();
         else
@@ -42,7 +48,7 @@ Sheet {
 
     firstFocus: list
     implicitWidth: Math.min(560, parent.width - 2 * Metrics.page)
-    isGuarded: isEditing
+    isGuarded: isEditing || form.isWaiting
     title: "Catégories"
     onClosed: isEditing = false
     onDepartureAsked: leave()
@@ -87,11 +93,11 @@ Sheet {
         width: parent.width
     }
     ErrorPanel {
-        text: sheet.isEditing ? "" : form.refusal
+        text: form.nameProblem === "" ? form.refusal : ""
         width: parent.width
         onDismissed: {
             form.forgetRefusal();
-            list.forceActiveFocus(Qt.OtherFocusReason);
+            sheet.beginAgain();
         }
     }
     Row {
@@ -100,6 +106,7 @@ Sheet {
         visible: !sheet.isEditing
 
         ActionButton {
+            enabled: !form.isWaiting
             text: "Fermer"
             onClicked: sheet.close()
         }
@@ -133,6 +140,7 @@ Sheet {
             spacing: Metrics.medium
 
             ActionButton {
+                enabled: !form.isWaiting
                 text: "Annuler"
                 onClicked: sheet.leave()
             }

@@ -61,7 +61,7 @@ FocusScope {
             hint: "Ex. Recherche"
             label: "Nom"
             note: "De 1 à " + fields.form.longestName + " caractères."
-            problem: fields.form.nameProblem || fields.form.refusal
+            problem: fields.form.nameProblem
             text: fields.form.name
             width: parent.width
             onEdited: text => fields.form.name = text

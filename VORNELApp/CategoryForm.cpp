@@ -8,10 +8,18 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
+/// Another program may take the name, or give skills the category, while the form is filled in.
+CategoryForm::CategoryForm(QObject *parent) : EntryForm(parent)
+{
+    connect(this, &EntryForm::modelChanged, this,
+            [this] { connect(model(), &AppModel::overviewChanged, this, &CategoryForm::changed); });
+}
+
 void CategoryForm::setName(const QString &name)
 {
+    if (!nameProblem().isEmpty())
+        forgetRefusal(); // which was that of another name
     m_category.name = name;
-    forgetRefusal();
     Q_EMIT changed();
 }
 

@@ -20,7 +20,7 @@ class CategoryForm : public vornel::EntryForm // by its full name, under which Q
     Q_PROPERTY(int longestName READ longestName CONSTANT)
 
 public:
-    using EntryForm::EntryForm;
+    explicit CategoryForm(QObject *parent = nullptr);
 
     QString name() const { return m_category.name; }
     void setName(const QString &name);

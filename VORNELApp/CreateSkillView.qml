@@ -10,12 +10,21 @@ Sheet {
 
     readonly property bool canCreate: form.isValid && !model.isWorking
 
+    function leave(): void {
+        if (form.isWaiting)
+            return;
+        if (form.isModified)
+            discarding.open();
+        else
+            close();
+    }
+
     firstFocus: name
     implicitWidth: Math.min(800, parent.width - 2 * Metrics.page)
-    isGuarded: form.isModified
+    isGuarded: form.isModified || form.isWaiting
     title: "Nouvelle compétence"
     onAboutToShow: form.reset()
-    onDepartureAsked: discarding.open()
+    onDepartureAsked: leave()
     onSubmitted: if (canCreate) form.submit()
 
     CreateSkillForm {
@@ -110,7 +119,10 @@ Sheet {
     ErrorPanel {
         text: form.isSlugTaken ? "" : form.refusal
         width: parent.width
-        onDismissed: form.forgetRefusal()
+        onDismissed: {
+            form.forgetRefusal();
+            name.forceActiveFocus(Qt.OtherFocusReason);
+        }
     }
     Item {
         implicitHeight: actions.height + Metrics.small
@@ -136,8 +148,9 @@ Sheet {
             spacing: Metrics.medium
 
             ActionButton {
+                enabled: !form.isWaiting
                 text: "Annuler"
-                onClicked: form.isModified ? discarding.open() : sheet.close()
+                onClicked: sheet.leave()
             }
             ActionButton {
                 enabled: sheet.canCreate

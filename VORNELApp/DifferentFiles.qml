@@ -28,7 +28,7 @@ Surface {
 
         anchors.fill: parent
         anchors.margins: Metrics.small
-        activeFocusOnTab: true
+        activeFocusOnTab: count > 0 || activeFocus
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         focus: true

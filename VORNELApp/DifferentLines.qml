@@ -18,7 +18,7 @@ Surface {
 
         anchors.fill: parent
         anchors.margins: Metrics.small
-        activeFocusOnTab: true
+        activeFocusOnTab: count > 0 || activeFocus
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         model: pane.comparison

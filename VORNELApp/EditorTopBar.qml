@@ -38,7 +38,7 @@ RowLayout {
     }
     ActionButton {
         enabled: !bar.model.isWorking
-        isCompact: bar.width < 860
+        isCompact: bar.width < Metrics.roomForTexts
         symbol: "refresh-cw"
         text: "Synchroniser"
         onClicked: bar.synchronizationAsked()

@@ -11,6 +11,8 @@ void EntryForm::forgetRefusal()
 
 void EntryForm::await(QCoro::Task<bool> request)
 {
+    forgetRefusal();
+    setWaiting(true);
     follow(this, m_entry, std::move(request));
 }
 
@@ -18,6 +20,7 @@ void EntryForm::beginAnew()
 {
     ++m_entry;
     forgetRefusal();
+    setWaiting(false);
 }
 
 /// Outlives the form, should its sheet go before the model is done.
@@ -30,6 +33,7 @@ QCoro::Task<> EntryForm::follow(QPointer<EntryForm> form, int entry, QCoro::Task
 
 void EntryForm::conclude(bool succeeded)
 {
+    setWaiting(false);
     const QString errorCase = m_model->errorCase();
     const bool isKept = errorCase == QLatin1StringView(WorkspaceErrorCase::PartialSync::name);
     if (succeeded || isKept) { // then only an assistant has no copy yet, as the model's error says
@@ -45,6 +49,12 @@ void EntryForm::refuse(const QString &reason, const QString &errorCase)
     m_refusalCase = errorCase;
     if (std::exchange(m_refusal, reason) != reason)
         Q_EMIT refusalChanged();
+}
+
+void EntryForm::setWaiting(bool isWaiting)
+{
+    if (std::exchange(m_isWaiting, isWaiting) != isWaiting)
+        Q_EMIT isWaitingChanged();
 }
 
 } // namespace vornel

@@ -14,6 +14,7 @@ class EntryForm : public QObject
     QML_ANONYMOUS
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model NOTIFY modelChanged REQUIRED)
     Q_PROPERTY(QString refusal READ refusal NOTIFY refusalChanged)
+    Q_PROPERTY(bool isWaiting READ isWaiting NOTIFY isWaitingChanged)
 
 public:
     using QObject::QObject;
@@ -23,9 +24,13 @@ public:
 
     Q_INVOKABLE void forgetRefusal();
 
+    /// Whether the model is still at what it was asked for, which can't be taken back.
+    bool isWaiting() const { return m_isWaiting; }
+
 Q_SIGNALS:
     void modelChanged();
     void refusalChanged();
+    void isWaitingChanged();
 
     /// The model has done what it was asked for.
     void accepted();
@@ -46,11 +51,13 @@ private:
     static QCoro::Task<> follow(QPointer<EntryForm> form, int entry, QCoro::Task<bool> request);
     void conclude(bool succeeded);
     void refuse(const QString &reason, const QString &errorCase);
+    void setWaiting(bool isWaiting);
 
     AppModel *m_model = nullptr;
     int m_entry = 0; ///< counts how often the form was begun
     QString m_refusal;
     QString m_refusalCase;
+    bool m_isWaiting = false;
 };
 
 } // namespace vornel

@@ -1,7 +1,8 @@
 import QtQuick
+import QtQuick.Templates as T
 import VORNELDesignSystem
 
-/** The last failure, over whatever is shown, until it is closed. Without a text, nothing. */
+/** The last failure, until it is closed; a long one is scrolled. Without a text, nothing. */
 FocusScope {
     id: panel
 
@@ -10,12 +11,14 @@ FocusScope {
     signal dismissed
 
     enabled: visible
-    implicitHeight: Math.max(message.height, close.height) + 2 * Metrics.large
+    implicitHeight: Math.max(scroller.height, close.height) + 2 * Metrics.large
     visible: text !== ""
 
     Accessible.name: text
     Accessible.role: Accessible.AlertMessage
+    Keys.onDownPressed: scroller.flick(0, -600)
     Keys.onEscapePressed: dismissed()
+    Keys.onUpPressed: scroller.flick(0, 600)
 
     Rectangle {
         anchors.fill: parent
@@ -35,18 +38,29 @@ FocusScope {
         name: "triangle-alert"
         width: Metrics.symbol
     }
-    Label {
-        id: message
+    Flickable {
+        id: scroller
 
         anchors.left: symbol.right
         anchors.leftMargin: Metrics.medium
         anchors.right: close.left
         anchors.rightMargin: Metrics.medium
         anchors.verticalCenter: parent.verticalCenter
-        lineHeight: 1.3
-        maximumLineCount: 6
-        text: panel.text
-        wrapMode: Text.Wrap
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        contentHeight: message.height
+        height: Math.min(message.height, panel.Window.height / 3)
+
+        T.ScrollBar.vertical: ScrollRail {}
+
+        Label {
+            id: message
+
+            lineHeight: 1.3
+            text: panel.text
+            width: scroller.width - Metrics.medium
+            wrapMode: Text.Wrap
+        }
     }
     ActionButton {
         id: close

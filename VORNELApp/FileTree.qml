@@ -38,7 +38,7 @@ Surface {
         anchors.margins: Metrics.small
         anchors.right: parent.right
         anchors.top: heading.bottom
-        activeFocusOnTab: true
+        activeFocusOnTab: count > 0 || activeFocus
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         currentIndex: -1

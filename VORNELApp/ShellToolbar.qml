@@ -15,7 +15,7 @@ Item {
     signal synchronizationAsked
 
     /** Without room for every word, the search keeps its own. */
-    readonly property bool isNarrow: width < 860
+    readonly property bool isNarrow: width < Metrics.roomForTexts
 
     function focusSearch(): void {
         search.forceActiveFocus(Qt.ShortcutFocusReason);

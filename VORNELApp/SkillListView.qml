@@ -32,7 +32,7 @@ ListView {
             forceActiveFocus(Qt.OtherFocusReason);
     }
 
-    activeFocusOnTab: true
+    activeFocusOnTab: count > 0 || activeFocus // which has to be a stop while it has the keyboard
     bottomMargin: Metrics.huge
     boundsBehavior: Flickable.StopAtBounds
     clip: true

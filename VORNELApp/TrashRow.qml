@@ -37,7 +37,7 @@ SkillListRow {
             anchors.verticalCenter: parent.verticalCenter
             enabled: !row.model.isWorking
             focusPolicy: row.isCurrent || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
-            isCompact: row.width < 860
+            isCompact: row.width < Metrics.roomForTexts
             symbol: "undo-2"
             text: "Restaurer"
             visible: !row.selection.isSelecting

@@ -13,7 +13,7 @@ FocusScope {
     readonly property string countText: {
         const total = entries.totalCount;
         const counted = total === 1 ? "1 élément" : total + " éléments";
-        return total === 0 ? "" : entries.count === total ? counted : entries.count + " sur " + counted;
+        return entries.count === total ? counted : entries.count + " sur " + counted;
     }
 
     Keys.onEscapePressed: event => {
@@ -57,7 +57,7 @@ FocusScope {
 
         ActionButton {
             enabled: selection.isSelecting || entries.count > 0
-            isCompact: header.width < 760
+            isCompact: header.width < Metrics.roomForTexts
             symbol: "circle-check"
             text: selection.isSelecting ? "Terminer la sélection" : "Sélectionner"
             onClicked: selection.isSelecting ? selection.end() : selection.begin()

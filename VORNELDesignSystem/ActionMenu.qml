@@ -1,14 +1,14 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/** A list of commands that opens below a button. */
+/** A list of commands that opens below a button. Those that have no room in the window are scrolled to. */
 T.Menu {
     id: menu
 
     property Item formerFocus
 
     implicitWidth: 240
-    implicitHeight: contentHeight + topPadding + bottomPadding
+    implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, (parent?.Window.height ?? 0) - 2 * margins)
     margins: Metrics.small
     overlap: 1
     padding: Metrics.tiny
@@ -22,11 +22,14 @@ T.Menu {
         radius: Metrics.controlRadius
     }
     contentItem: ListView {
+        boundsBehavior: Flickable.StopAtBounds
         clip: true
         currentIndex: menu.currentIndex
         implicitHeight: contentHeight
         interactive: contentHeight > height
         model: menu.contentModel
+
+        T.ScrollBar.vertical: ScrollRail {}
     }
     delegate: ActionMenuItem {}
 }

@@ -24,4 +24,7 @@ QtObject {
     readonly property int railWidth: 208
     readonly property int cardWidth: 264
     readonly property int cardHeight: 164
+
+    /** The least width of a row or a bar whose buttons say what they do; in a narrower one, their symbols do. */
+    readonly property int roomForTexts: 860
 }

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/** A line to type in. */
+/** A line to type in. Without the keyboard, it shows where its text begins. */
 T.TextField {
     id: field
 
@@ -9,6 +9,7 @@ T.TextField {
 
     implicitWidth: 240
     implicitHeight: Metrics.controlHeight
+    autoScroll: activeFocus
     color: enabled ? Colors.text : Colors.muted
     font: Typography.body
     leftPadding: Metrics.medium

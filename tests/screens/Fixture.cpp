@@ -102,6 +102,13 @@ void Fixture::deleteCategory(const QString &id)
     QCoro::waitFor(m_model->deleteCategory(id));
 }
 
+void Fixture::createCategoryElsewhere(const QString &name) const
+{
+    LocalWorkspaceService other(std::make_shared<PosixFileSystem>());
+    other.bootstrap(m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex")).result();
+    other.createCategory(name, u"21D6D1"_s).waitForFinished();
+}
+
 void Fixture::trash(const QStringList &slugs)
 {
     QSet<QUuid> ids;

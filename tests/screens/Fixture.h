@@ -51,6 +51,9 @@ public:
     /// Deletes a category; its skills go to "other".
     Q_INVOKABLE void deleteCategory(const QString &id);
 
+    /// Creates a category as another program would.
+    Q_INVOKABLE void createCategoryElsewhere(const QString &name) const;
+
     /// Throws skills of the library away.
     Q_INVOKABLE void trash(const QStringList &slugs);
 

@@ -26,6 +26,11 @@ ScreenTest {
     function list() {
         return all("À réparer").find(item => item.contentY !== undefined);
     }
+    /** What the list knows of the row at this place, shown or not. */
+    function record(index) {
+        const rows = list().model;
+        return rows.data(rows.index(index, 0), Qt.UserRole);
+    }
     function line(slug) {
         return control(slug).record.line;
     }
@@ -217,5 +222,8 @@ ScreenTest {
         list().moveTo(59);
         awaitLine("s60", " · Claude : à jour · Codex : copie manquante");
         verify(control("s60").activeFocus);
+        verify(record(30).isStale, "nothing has shown it");
+        list().positionViewAtIndex(30, ListView.Center);
+        tryVerify(() => !record(30).isStale);
     }
 }

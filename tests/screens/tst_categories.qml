@@ -197,8 +197,53 @@ ScreenTest {
         awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
         compare(model.errorMessage, "", "it is told on the sheet alone");
         compare(control("Nom").text, "Designx", "what was typed stays");
-        type("y");
-        verify(!shows("Échec d’intégrité : Le catalogue de catégories est invalide."));
+        compare(control("Nom").Accessible.description, "De 1 à 40 caractères.", "it isn't the name's fault");
+        click("Fermer");
+        tryVerify(() => !shows("Fermer"));
+        verify(control("Nom").activeFocus);
+    }
+
+    function test_name_taken_elsewhere() {
+        openManager();
+        edit("Design, 2 compétences");
+        retype("Nom", "Recherche");
+        fixture.createCategoryElsewhere("recherche");
+        keyClick(Qt.Key_Return);
+        awaitText("Une catégorie porte déjà ce nom.");
+        tryVerify(() => !shows("Fermer"), 1000, "it is told at the field alone");
+        verify(!control("Enregistrer").enabled);
+        type("s");
+        tryVerify(() => !shows("Une catégorie porte déjà ce nom."));
+        verify(!shows("Fermer"));
+        keyClick(Qt.Key_Return);
+        awaitList();
+        verify(category("Recherches"));
+    }
+
+    function test_no_leaving_while_it_is_changed() {
+        openManager();
+        edit("Design, 2 compétences");
+        type("x");
+        fixture.holdWorkspace();
+        keyClick(Qt.Key_Return);
+        tryVerify(() => model.isWorking);
+        keyClick(Qt.Key_Escape);
+        verify(!shows("Abandonner"), "what was asked for can't be taken back");
+        verify(!control("Annuler").enabled);
+        fixture.releaseWorkspace();
+        awaitList();
+        verify(category("Designx"));
+
+        keyClick(Qt.Key_Delete);
+        awaitText("Supprimer « Designx » ?");
+        fixture.holdWorkspace();
+        click("Supprimer");
+        tryVerify(() => model.isWorking && !shows("Annuler"));
+        keyClick(Qt.Key_Escape);
+        verify(!control("Fermer").enabled);
+        fixture.write("workspace/.vornel/categories.json", "{");
+        fixture.releaseWorkspace();
+        awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
     }
 
     function test_refused_deletion() {

@@ -105,6 +105,7 @@ ScreenTest {
         click("Fermer");
         tryVerify(() => !shows("Fermer"));
         compare(control("Nom").text, "Veille");
+        verify(control("Nom").activeFocus);
     }
 
     function test_created_though_an_assistant_has_no_copy() {
@@ -145,6 +146,22 @@ ScreenTest {
         compare(control("Identifiant").text, "");
     }
 
+    function test_no_leaving_while_it_is_created() {
+        openSheet();
+        type("Veille");
+        fixture.holdWorkspace();
+        keyClick(Qt.Key_Return);
+        tryVerify(() => model.isWorking);
+        keyClick(Qt.Key_Escape);
+        verify(!shows("Abandonner"), "what was asked for can't be taken back");
+        verify(!control("Annuler").enabled);
+        fixture.write("workspace/.vornel/categories.json", "{");
+        fixture.releaseWorkspace();
+        awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
+        keyClick(Qt.Key_Escape);
+        awaitText("Abandonner");
+    }
+
     function test_category_without_the_usual_one() {
         openShell(["audit"]);
         fixture.deleteCategory("development");
@@ -159,9 +176,35 @@ ScreenTest {
     function test_order_of_the_fields() {
         openSheet();
         type("Veille");
-        for (const next of ["Identifiant", "Description courte", "Mots-clés", "Catégorie, Développement", "Brouillon", "Prêt", "Actif", "Obsolète", "Annuler", "Créer"]) {
+        for (const next of ["Identifiant", "Description courte", "Mots-clés", "Catégorie, Développement", "Brouillon", "Annuler", "Créer"]) {
             keyClick(Qt.Key_Tab);
             verify(control(next).activeFocus, next);
         }
+    }
+
+    function test_maturity_by_keyboard() {
+        openSheet();
+        control("Brouillon").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Left);
+        verify(control("Brouillon").checked);
+        keyClick(Qt.Key_Right);
+        keyClick(Qt.Key_Down);
+        verify(control("Actif").checked && control("Actif").activeFocus);
+        keyClick(Qt.Key_Tab);
+        verify(control("Annuler").activeFocus, "the choices are one stop");
+        keyClick(Qt.Key_Tab, Qt.ShiftModifier);
+        verify(control("Actif").activeFocus);
+    }
+
+    function test_a_long_text_shows_its_beginning() {
+        openSheet();
+        type("Un nom bien plus long que le champ dans lequel il faut pourtant tout entier");
+        const field = control("Nom");
+        verify(field.positionToRectangle(0).x < 0, "what is typed is seen");
+        keyClick(Qt.Key_Tab);
+        verify(field.positionToRectangle(0).x >= 0);
+        field.forceActiveFocus(Qt.OtherFocusReason);
+        type("!");
+        verify(field.text.endsWith("entier!"), "where it was left");
     }
 }
