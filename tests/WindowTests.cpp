@@ -31,7 +31,7 @@ struct PlacementTest : testing::Test
         QWindow window;
         window.setMinimumSize({300, 200});
         window.resize(700, 500);
-        WindowPlacement placement(window, std::make_shared<QSettings>(file, QSettings::IniFormat));
+        WindowPlacement placement(window, settings());
         placement.show();
         const QRect opened(window.framePosition(), window.size());
         if (states != nullptr)
@@ -42,6 +42,11 @@ struct PlacementTest : testing::Test
         return opened;
     }
 
+    std::shared_ptr<QSettings> settings() const
+    {
+        return std::make_shared<QSettings>(pathText(scratch.path("settings.ini")), QSettings::IniFormat);
+    }
+
     static void move(QWindow &window, const QRect &place)
     {
         window.setFramePosition(place.topLeft());
@@ -49,7 +54,6 @@ struct PlacementTest : testing::Test
     }
 
     Scratch scratch;
-    const QString file = pathText(scratch.path("settings.ini"));
 };
 
 TEST_F(PlacementTest, aWindowOpensAsItWasLeft)
@@ -68,6 +72,50 @@ TEST_F(PlacementTest, aPlaceThatNoScreenShowsIsNotTaken)
     const QRect reopened = open();
     EXPECT_EQ(reopened.size(), QSize(420, 310));
     EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().contains(reopened.topLeft()));
+}
+
+TEST_F(PlacementTest, aPlaceIsTakenDownFromTheFrameOfAClosedWindow)
+{
+    open([](QWindow &window) {
+        move(window, {40, 50, 420, 310});
+        QCoreApplication::processEvents();
+        window.close();
+    });
+    EXPECT_EQ(open(), QRect(40, 50, 420, 310));
+}
+
+TEST_F(PlacementTest, aWindowLargerThanItsScreenIsCutDown)
+{
+    const QSize available = QGuiApplication::primaryScreen()->availableGeometry().size();
+    open([](QWindow &window) { move(window, {-2'000, 0, 5'000, 5'000}); });
+    EXPECT_EQ(open().size(), available);
+    open([](QWindow &window) { move(window, {40'000, 0, 5'000, 5'000}); });
+    EXPECT_EQ(open().size(), QSize(700, 500));
+}
+
+TEST_F(PlacementTest, aSizeThatComesBeforeItsStateIsNotTheWindowsOwn)
+{
+    open([](QWindow &window) { move(window, {40, 50, 420, 310}); });
+    open([](QWindow &window) {
+        window.setGeometry(window.screen()->availableGeometry());
+        QCoreApplication::processEvents();
+        window.setWindowStates(Qt::WindowMaximized);
+    });
+    Qt::WindowStates states;
+    open({}, &states);
+    EXPECT_EQ(states, Qt::WindowMaximized);
+    QWindow window; // as it is before it spreads out
+    const WindowPlacement placement(window, settings());
+    EXPECT_EQ(window.size(), QSize(420, 310));
+}
+
+TEST_F(PlacementTest, aFullScreenIsLeftWithTheProgram)
+{
+    open([](QWindow &window) { move(window, {40, 50, 420, 310}); });
+    open([](QWindow &window) { window.showFullScreen(); });
+    Qt::WindowStates states;
+    EXPECT_EQ(open({}, &states), QRect(40, 50, 420, 310));
+    EXPECT_EQ(states, Qt::WindowNoState);
 }
 
 TEST(SingleInstanceTest, aLaterStartAsksTheFirstForItsWindow)
