@@ -82,21 +82,22 @@ QString instanceName(const AppEnvironment &environment)
 int showApplication(bool endsAfterFirstFrame)
 {
     const AppEnvironment environment = liveEnvironment();
-    const SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
-                                  instanceName(environment));
-    if (!instance.isFirst() && instance.askForWindow(qgetenv("XDG_ACTIVATION_TOKEN")))
+    SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
+                            instanceName(environment));
+    if (!instance.opensWindow(qgetenv("XDG_ACTIVATION_TOKEN")))
         return EXIT_SUCCESS;
 
     VORNELApp application(environment);
     QQuickWindow *window = application.showWindow();
     if (window == nullptr)
         return EXIT_FAILURE;
-    QObject::connect(&instance, &SingleInstance::windowAsked, window,
-                     [&application](const QByteArray &token) { application.raiseWindow(token); });
+    instance.serve([&application](const QByteArray &token) { return application.raiseWindow(token); });
     if (endsAfterFirstFrame)
         QObject::connect(window, &QQuickWindow::frameSwapped, qApp, &QGuiApplication::quit,
                          Qt::QueuedConnection);
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    instance.retire(); // before the model ends, which may take its time
+    return status;
 }
 
 /// What needs no screen: the answer to a mistake or a question. Nothing when the window is wanted.

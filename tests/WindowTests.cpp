@@ -6,18 +6,19 @@
 #include <VORNELApp/WindowPlacement.h>
 #include <VORNELCore/SerializedForms.h>
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QSignalSpy>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <functional>
-#include <optional>
-#include <thread>
+#include <future>
 
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -118,43 +119,106 @@ TEST_F(PlacementTest, aFullScreenIsLeftWithTheProgram)
     EXPECT_EQ(states, Qt::WindowNoState);
 }
 
-TEST(SingleInstanceTest, aLaterStartAsksTheFirstForItsWindow)
+struct SingleInstanceTest : testing::Test
 {
-    const Scratch scratch;
+    std::unique_ptr<SingleInstance> process(const QString &name = u"a"_s) const
+    {
+        return std::make_unique<SingleInstance>(folder, name);
+    }
+
+    /// Whether a later start opens a window, while this process answers, and does `meanwhile`.
+    bool opensAnother(const std::function<void()> &meanwhile = [] {}) const
+    {
+        auto later = std::async(std::launch::async, [this] { return process()->opensWindow("token"); });
+        while (later.wait_for(1ms) != std::future_status::ready) {
+            QCoreApplication::processEvents();
+            meanwhile();
+        }
+        return later.get();
+    }
+
+    Scratch scratch;
     const QString folder = pathText(scratch.path());
-    std::optional<SingleInstance> first(std::in_place, folder, u"a"_s);
-    EXPECT_TRUE(first->isFirst());
-    EXPECT_TRUE(SingleInstance(folder, u"b"_s).isFirst());
+};
 
-    QSignalSpy asked(&*first, &SingleInstance::windowAsked);
-    bool hasHeard = false;
-    std::thread later([&folder, &hasHeard] {
-        const SingleInstance second(folder, u"a"_s);
-        hasHeard = !second.isFirst() && second.askForWindow("token");
+TEST_F(SingleInstanceTest, aLaterStartAsksTheFirstForItsWindow)
+{
+    auto first = process();
+    EXPECT_TRUE(first->opensWindow({}));
+    EXPECT_TRUE(process(u"b"_s)->opensWindow({}));
+    QByteArrayList asked;
+    first->serve([&asked](const QByteArray &token) {
+        asked.append(token);
+        return true;
     });
-    EXPECT_TRUE(asked.wait());
-    QCoreApplication::processEvents();
-    later.join();
-    EXPECT_TRUE(hasHeard);
-    EXPECT_EQ(asked.value(0).value(0).toByteArray(), "token");
-
+    EXPECT_FALSE(opensAnother());
+    EXPECT_FALSE(opensAnother());
+    EXPECT_EQ(asked, QByteArrayList({"token", "token"}));
     first.reset();
-    EXPECT_TRUE(SingleInstance(folder, u"a"_s).isFirst());
+    EXPECT_TRUE(process()->opensWindow({}));
 }
 
-TEST(SingleInstanceTest, whatADeadProcessLeftDoesNotStandInTheWay)
+TEST_F(SingleInstanceTest, aLaterStartWaitsForOneThatJustStarts)
 {
-    const Scratch scratch;
-    const QString folder = pathText(scratch.path());
+    const auto first = process();
+    EXPECT_TRUE(first->opensWindow({}));
+    QElapsedTimer timer;
+    timer.start();
+    bool serves = false;
+    EXPECT_FALSE(opensAnother([&] {
+        if (!serves && timer.hasExpired(200)) {
+            first->serve([](const QByteArray &) { return true; });
+            serves = true;
+        }
+    }));
+    EXPECT_TRUE(serves);
+}
+
+TEST_F(SingleInstanceTest, aLaterStartTakesThePlaceOfOneThatEndsWhileItIsAsked)
+{
+    auto first = process();
+    EXPECT_TRUE(first->opensWindow({}));
+    int asked = 0;
+    first->serve([&asked](const QByteArray &) { return ++asked == 0; }); // its window is gone
+    SingleInstance second(folder, u"a"_s);
+    auto opens = std::async(std::launch::async, [&second] { return second.opensWindow({}); });
+    while (opens.wait_for(1ms) != std::future_status::ready) {
+        QCoreApplication::processEvents();
+        if (asked == 2)
+            first.reset();
+    }
+    EXPECT_TRUE(opens.get());
+    second.serve([](const QByteArray &) { return true; });
+    EXPECT_FALSE(opensAnother());
+}
+
+TEST_F(SingleInstanceTest, oneThatDoesNotAnswerIsReplaced)
+{
+    const auto stuck = process();
+    EXPECT_TRUE(stuck->opensWindow({}));
+    stuck->serve([](const QByteArray &) { return false; });
+    SingleInstance second(folder, u"a"_s);
+    EXPECT_TRUE(std::async(std::launch::async, [&second] { return second.opensWindow({}); }).get());
+    second.serve([](const QByteArray &) { return true; });
+    EXPECT_FALSE(opensAnother());
+}
+
+TEST_F(SingleInstanceTest, whatADeadProcessLeftDoesNotStandInTheWay)
+{
     const pid_t child = fork();
     if (child == 0) {
-        const SingleInstance killed(folder, u"a"_s);
+        const auto killed = process();
+        killed->opensWindow({});
+        killed->serve({});
         kill(getpid(), SIGKILL);
     }
     waitpid(child, nullptr, 0);
-    EXPECT_TRUE(QFile::exists(folder + u"/a.lock"_s));
-    EXPECT_TRUE(SingleInstance(folder, u"a"_s).isFirst());
-    EXPECT_TRUE(SingleInstance(folder + u"/missing"_s, u"a"_s).isFirst());
+    EXPECT_TRUE(QFile::exists(folder + u"/a.socket"_s));
+    const auto first = process();
+    EXPECT_TRUE(first->opensWindow({}));
+    first->serve([](const QByteArray &) { return true; });
+    EXPECT_FALSE(opensAnother());
+    EXPECT_TRUE(SingleInstance(folder + u"/missing"_s, u"a"_s).opensWindow({}));
 }
 
 } // namespace
