@@ -89,13 +89,27 @@ QString instanceName(const AppEnvironment &environment)
     return u"vornel-"_s + QString::fromLatin1(hash.result().toHex().first(16));
 }
 
+/// Tells a desktop of X11 that this start is over. It learns that from a window that shows: from one that
+/// nobody sees, and that no window manager is told of.
+void concludeStart()
+{
+    if (QGuiApplication::platformName() != u"xcb")
+        return;
+    QWindow unseen;
+    unseen.setFlags(Qt::BypassWindowManagerHint | Qt::FramelessWindowHint);
+    unseen.setGeometry(-1, -1, 1, 1);
+    unseen.show();
+}
+
 int showApplication(bool endsAfterFirstFrame)
 {
     const AppEnvironment environment = liveEnvironment();
     SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
                             instanceName(environment));
-    if (!instance.opensWindow(qgetenv("XDG_ACTIVATION_TOKEN")))
+    if (!instance.opensWindow(qgetenv("XDG_ACTIVATION_TOKEN"))) {
+        concludeStart();
         return EXIT_SUCCESS;
+    }
 
     VORNELApp application(environment);
     QQuickWindow *window = application.showWindow();
