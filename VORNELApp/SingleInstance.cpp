@@ -1,60 +1,82 @@
 #include "SingleInstance.h"
 
+#include <QDeadlineTimer>
 #include <QLocalSocket>
+#include <QThread>
 
+#include <chrono>
+
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace vornel {
 
 namespace {
 
-constexpr int patience = 2'000; // milliseconds; a process that just starts may not listen yet
+constexpr auto patienceInAll = 2s;
+constexpr int pause = 20; // milliseconds before the next try
+
+int milliseconds(const QDeadlineTimer &patience)
+{
+    return static_cast<int>(patience.remainingTime());
+}
 
 bool take(QLockFile &lock)
 {
-    lock.setStaleLockTime(0); // however long its holder runs, only its end frees the name
     return lock.tryLock() || lock.error() != QLockFile::LockFailedError;
 }
 
 } // namespace
 
 SingleInstance::SingleInstance(const QString &folder, const QString &name)
-    : m_socket(folder + u'/' + name + u".socket"_s),
-      m_lock(folder + u'/' + name + u".lock"_s),
-      m_isFirst(take(m_lock))
+    : m_socket(folder + u'/' + name + u".socket"_s), m_lock(folder + u'/' + name + u".lock"_s)
 {
-    if (m_isFirst)
-        listen();
+    m_lock.setStaleLockTime(0); // however long its holder runs, only its end frees the name
 }
 
-bool SingleInstance::askForWindow(const QByteArray &token) const
+bool SingleInstance::opensWindow(const QByteArray &token)
+{
+    const QDeadlineTimer patience(patienceInAll);
+    while (!take(m_lock)) {
+        if (ask(token, patience))
+            return false;
+        if (patience.hasExpired())
+            return true;
+        QThread::msleep(pause);
+    }
+    return true;
+}
+
+bool SingleInstance::ask(const QByteArray &token, const QDeadlineTimer &patience) const
 {
     QLocalSocket socket;
     socket.connectToServer(m_socket);
-    if (!socket.waitForConnected(patience))
+    if (!socket.waitForConnected(milliseconds(patience)))
         return false;
     socket.write(token + '\n');
-    return socket.waitForReadyRead(patience);
+    return socket.waitForReadyRead(milliseconds(patience));
 }
 
-void SingleInstance::listen()
+void SingleInstance::serve(const Raise &raise)
 {
-    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::hear);
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    QLocalServer::removeServer(m_socket); // of a process that came to a sudden end
-    m_server.listen(m_socket);
+    m_server = std::make_unique<QLocalServer>();
+    QObject::connect(m_server.get(), &QLocalServer::newConnection, m_server.get(),
+                     [this, raise] { hear(raise); });
+    m_server->setSocketOptions(QLocalServer::UserAccessOption);
+    QLocalServer::removeServer(m_socket); // of a process that came to a sudden end, or doesn't answer
+    m_server->listen(m_socket);
 }
 
-void SingleInstance::hear()
+void SingleInstance::hear(const Raise &raise)
 {
-    QLocalSocket *socket = m_server.nextPendingConnection();
-    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-    connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
+    QLocalSocket *socket = m_server->nextPendingConnection();
+    QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+    QObject::connect(socket, &QLocalSocket::readyRead, socket, [socket, raise] {
         if (!socket->canReadLine())
             return;
-        Q_EMIT windowAsked(socket->readLine().chopped(1));
-        socket->write("\n");
-        socket->flush();
+        if (raise(socket->readLine().chopped(1)))
+            socket->write("\n");
+        socket->disconnectFromServer();
     });
 }
 

@@ -3,37 +3,43 @@
 #include <QLocalServer>
 #include <QLockFile>
 
+#include <functional>
+#include <memory>
+
+class QDeadlineTimer;
+
 namespace vornel {
 
-/// Whether this process is the first of its name that this user runs. A later one hands its wish for a window
-/// over to the first one.
-class SingleInstance : public QObject
+/// Sees to it that this user has one process of a name, the one with the window. A later one hands its wish
+/// for a window over to it.
+class SingleInstance
 {
-    Q_OBJECT
-
 public:
+    /// Brings the window to the front, and tells whether there still is one. `token` is what the desktop gave
+    /// the process that asks, so that the window may take the keyboard.
+    using Raise = std::function<bool(const QByteArray &token)>;
+
     /// `folder` must exist and belong to the user; files in it bear `name`.
     SingleInstance(const QString &folder, const QString &name);
 
-    /// Also when the folder doesn't let anyone know.
-    bool isFirst() const { return m_isFirst; }
+    /// Whether this process is to open the window: it is the only one, or the other doesn't answer, or the
+    /// folder lets nobody know. Otherwise the other has raised its window. One that just starts or ends is
+    /// waited for.
+    bool opensWindow(const QByteArray &token);
 
-    /// Asks the first process to raise its window; tells whether it has heard. `token` is what the desktop
-    /// gave this process, so that it may take the keyboard.
-    bool askForWindow(const QByteArray &token) const;
+    /// Answers later processes from now on.
+    void serve(const Raise &raise);
 
-Q_SIGNALS:
-    /// A later process of this name asks for the window.
-    void windowAsked(const QByteArray &token);
+    /// Answers no more: the window goes. Who asks now waits for the end of this process.
+    void retire() { m_server.reset(); }
 
 private:
-    void listen();
-    void hear();
+    bool ask(const QByteArray &token, const QDeadlineTimer &patience) const;
+    void hear(const Raise &raise);
 
     const QString m_socket;
     QLockFile m_lock;
-    const bool m_isFirst;
-    QLocalServer m_server;
+    std::unique_ptr<QLocalServer> m_server; // after the lock, whose next holder listens at the same place
 };
 
 } // namespace vornel

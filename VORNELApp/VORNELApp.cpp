@@ -31,13 +31,17 @@ QQuickWindow *VORNELApp::showWindow()
     return window();
 }
 
-void VORNELApp::raiseWindow(const QByteArray &token)
+bool VORNELApp::raiseWindow(const QByteArray &token)
 {
+    if (!window()->isVisible())
+        return false;
     if (!token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", token);
+    window()->setProperty("isClosing", false);
     window()->setWindowStates(window()->windowStates() & ~Qt::WindowMinimized);
     window()->raise();
     window()->requestActivate();
+    return true;
 }
 
 QQuickWindow *VORNELApp::window() const

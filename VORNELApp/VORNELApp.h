@@ -26,8 +26,9 @@ public:
     /// Opens the window where it was last; null when it can't be made.
     QQuickWindow *showWindow();
 
-    /// Brings the open window to the front. `token` is what the desktop gave to whoever asked for it.
-    void raiseWindow(const QByteArray &token);
+    /// Brings the open window to the front, even one that waits to be closed; tells whether there is one.
+    /// `token` is what the desktop gave to whoever asked for it.
+    bool raiseWindow(const QByteArray &token);
 
     /// Makes fonts, icons and modules known to an engine that shows the product's components.
     static void prepare(QQmlEngine &engine);

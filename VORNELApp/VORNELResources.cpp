@@ -16,7 +16,8 @@ QString findBundle()
 {
     const QString name = u"/VORNEL_VORNELApp.bundle"_s;
     const QString program = QCoreApplication::applicationDirPath();
-    const QStringList places{program + name, QDir::cleanPath(program + u"/../share/vornel"_s + name),
+    const QStringList places{program + name,
+                             QDir::cleanPath(program + QStringLiteral("/" VORNEL_SHARE) + name),
                              QStringLiteral(VORNEL_BUILD_FOLDER) + name};
     const auto found =
         std::ranges::find_if(places, [](const QString &place) { return QFileInfo(place).isDir(); });

@@ -15,13 +15,19 @@ const QString placeKey = u"window/place"_s;
 const QString maximizedKey = u"window/isMaximized"_s;
 constexpr int quietTime = 500; // milliseconds without a change, after which it is written down
 
-/// Whether enough of a window's upper edge is on a screen to take hold of it.
-bool isReachable(const QRect &place)
+/// The screen that shows enough of a window's upper edge to take hold of it; null when none does.
+const QScreen *screenOf(const QRect &place)
 {
     const QRect handle(place.center().x() - 50, place.top(), 100, 20);
-    return std::ranges::any_of(QGuiApplication::screens(), [&handle](const QScreen *screen) {
-        return screen->availableGeometry().contains(handle);
-    });
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    const auto found = std::ranges::find_if(
+        screens, [&handle](const QScreen *screen) { return screen->availableGeometry().contains(handle); });
+    return found == screens.end() ? nullptr : *found;
+}
+
+bool fits(const QSize &size, const QScreen &screen)
+{
+    return size.boundedTo(screen.availableGeometry().size()) == size;
 }
 
 } // namespace
@@ -37,12 +43,13 @@ WindowPlacement::WindowPlacement(QWindow &window, std::shared_ptr<QSettings> set
          {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
         connect(&m_window, change, this, &WindowPlacement::note);
     connect(&m_window, &QWindow::windowStateChanged, this, &WindowPlacement::note);
+    connect(&m_window, &QWindow::visibleChanged, this,
+            &WindowPlacement::saveNow); // while the frame is still known
 }
 
 WindowPlacement::~WindowPlacement()
 {
-    if (m_later.isActive())
-        save();
+    saveNow();
 }
 
 void WindowPlacement::show()
@@ -59,23 +66,38 @@ void WindowPlacement::restore()
     m_normal = m_settings->value(placeKey).toRect();
     if (m_normal.isEmpty())
         return;
-    m_window.resize(m_normal.size().expandedTo(m_window.minimumSize()));
-    if (isReachable(m_normal))
+    const QSize size = m_normal.size().expandedTo(m_window.minimumSize());
+    if (const QScreen *screen = screenOf(m_normal)) {
+        m_window.resize(size.boundedTo(screen->availableGeometry().size()));
         m_window.setFramePosition(m_normal.topLeft());
+    } else if (fits(size, *m_window.screen())) {
+        m_window.resize(size);
+    }
 }
 
 void WindowPlacement::note()
 {
-    if (!m_window.isVisible() || m_window.windowStates().testFlag(Qt::WindowMinimized))
+    if (m_window.isVisible())
+        m_later.start();
+}
+
+void WindowPlacement::saveNow()
+{
+    if (!m_later.isActive())
         return;
-    m_isMaximized = m_window.windowStates() != Qt::WindowNoState;
-    if (!m_isMaximized)
-        m_normal = QRect(m_window.framePosition(), m_window.size());
-    m_later.start();
+    m_later.stop();
+    save();
 }
 
 void WindowPlacement::save()
 {
+    // Read together, and late: a window learns its new size before its new state, or after it.
+    const Qt::WindowStates states = m_window.windowStates();
+    if (states.testFlag(Qt::WindowMinimized))
+        return;
+    m_isMaximized = states.testFlag(Qt::WindowMaximized);
+    if (states == Qt::WindowNoState)
+        m_normal = QRect(m_window.framePosition(), m_window.size());
     m_settings->setValue(placeKey, m_normal);
     m_settings->setValue(maximizedKey, m_isMaximized);
     m_settings->sync();

@@ -23,6 +23,7 @@ public:
 private:
     void restore();
     void note();
+    void saveNow();
     void save();
 
     QWindow &m_window;

@@ -4,13 +4,15 @@
 #include <VORNELCore/ErrorMessage.h>
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
 
-#include <QCommandLineParser>
 #include <QCryptographicHash>
 #include <QGuiApplication>
+#include <QHash>
 #include <QQmlExtensionPlugin>
 #include <QQuickView>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -28,6 +30,8 @@ const QString usage = u"Usage\u00A0: vornel\n\n"
                       "Ouvre la bibliothèque de vos compétences.\n\n"
                       "  -h, --help     affiche cette aide\n"
                       "  -v, --version  affiche la version\n"_s;
+const QString noScreen = u"Aucun écran n’est disponible. "
+                         "La ligne de commande reste possible\u00A0: vornelctl status\n"_s;
 
 /// What the command line asks for. Those who work on the program have two more options than its users.
 struct Options
@@ -36,20 +40,26 @@ struct Options
     bool showsVersion = false;
     bool showsGallery = false;
     bool endsAfterFirstFrame = false;
-    QString mistake;
+    QString unknown;
 };
 
 Options options(const QStringList &arguments)
 {
-    const QCommandLineOption help(QStringList{u"h"_s, u"help"_s});
-    const QCommandLineOption version(QStringList{u"v"_s, u"version"_s});
-    const QCommandLineOption gallery(u"gallery"_s);
-    const QCommandLineOption firstFrame(u"end-after-first-frame"_s);
-    QCommandLineParser parser;
-    parser.addOptions({help, version, gallery, firstFrame});
-    const bool isUnderstood = parser.parse(arguments) && parser.positionalArguments().isEmpty();
-    return {parser.isSet(help), parser.isSet(version), parser.isSet(gallery), parser.isSet(firstFrame),
-            isUnderstood ? QString() : u"Argument inconnu\u00A0: "_s + arguments.mid(1).join(u' ')};
+    const QHash<QString, bool Options::*> known{
+        {u"-h"_s, &Options::showsHelp},
+        {u"--help"_s, &Options::showsHelp},
+        {u"-v"_s, &Options::showsVersion},
+        {u"--version"_s, &Options::showsVersion},
+        {u"--gallery"_s, &Options::showsGallery},
+        {u"--end-after-first-frame"_s, &Options::endsAfterFirstFrame}};
+    Options chosen;
+    for (const QString &argument : arguments) {
+        if (const auto option = known.find(argument); option != known.end())
+            chosen.*option.value() = true;
+        else if (chosen.unknown.isNull())
+            chosen.unknown = argument;
+    }
+    return chosen;
 }
 
 AppEnvironment liveEnvironment()
@@ -79,38 +89,65 @@ QString instanceName(const AppEnvironment &environment)
     return u"vornel-"_s + QString::fromLatin1(hash.result().toHex().first(16));
 }
 
+/// Tells a desktop of X11 that this start is over. It learns that from a window that shows: from one that
+/// nobody sees, and that no window manager is told of.
+void concludeStart()
+{
+    if (QGuiApplication::platformName() != u"xcb")
+        return;
+    QWindow unseen;
+    unseen.setFlags(Qt::BypassWindowManagerHint | Qt::FramelessWindowHint);
+    unseen.setGeometry(-1, -1, 1, 1);
+    unseen.show();
+}
+
 int showApplication(bool endsAfterFirstFrame)
 {
     const AppEnvironment environment = liveEnvironment();
-    const SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
-                                  instanceName(environment));
-    if (!instance.isFirst() && instance.askForWindow(qgetenv("XDG_ACTIVATION_TOKEN")))
+    SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
+                            instanceName(environment));
+    if (!instance.opensWindow(qgetenv("XDG_ACTIVATION_TOKEN"))) {
+        concludeStart();
         return EXIT_SUCCESS;
+    }
 
     VORNELApp application(environment);
     QQuickWindow *window = application.showWindow();
     if (window == nullptr)
         return EXIT_FAILURE;
-    QObject::connect(&instance, &SingleInstance::windowAsked, window,
-                     [&application](const QByteArray &token) { application.raiseWindow(token); });
+    instance.serve([&application](const QByteArray &token) { return application.raiseWindow(token); });
     if (endsAfterFirstFrame)
         QObject::connect(window, &QQuickWindow::frameSwapped, qApp, &QGuiApplication::quit,
                          Qt::QueuedConnection);
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    instance.retire(); // before the model ends, which may take its time
+    return status;
+}
+
+bool hasScreen()
+{
+    return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
+                               [](const char *variable) { return !qEnvironmentVariableIsEmpty(variable); });
 }
 
 /// What needs no screen: the answer to a mistake or a question. Nothing when the window is wanted.
 std::optional<int> answer(const Options &chosen)
 {
-    if (!chosen.mistake.isEmpty()) {
-        std::fputs(qUtf8Printable(chosen.mistake + u"\n\n"_s + usage), stderr);
+    if (!chosen.unknown.isNull()) {
+        const QString mistake = u"Argument inconnu\u00A0: "_s + chosen.unknown + u"\n\n"_s + usage;
+        std::fputs(qUtf8Printable(mistake), stderr);
         return 64;
     }
-    if (!chosen.showsHelp && !chosen.showsVersion)
-        return std::nullopt;
-    const QString version = QStringLiteral("vornel " VORNEL_VERSION "\n");
-    std::fputs(qUtf8Printable(chosen.showsHelp ? usage : version), stdout);
-    return EXIT_SUCCESS;
+    if (chosen.showsHelp || chosen.showsVersion) {
+        const QString version = QStringLiteral("vornel " VORNEL_VERSION "\n");
+        std::fputs(qUtf8Printable(chosen.showsHelp ? usage : version), stdout);
+        return EXIT_SUCCESS;
+    }
+    if (!hasScreen()) {
+        std::fputs(qUtf8Printable(noScreen), stderr);
+        return EXIT_FAILURE;
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -118,7 +155,7 @@ std::optional<int> answer(const Options &chosen)
 int main(int argc, char *argv[])
 {
     QStringList arguments;
-    for (const char *argument : std::span(argv, static_cast<size_t>(argc)))
+    for (const char *argument : std::span(argv, static_cast<size_t>(argc)).subspan(1))
         arguments.append(QString::fromLocal8Bit(argument));
     const Options chosen = options(arguments);
     if (const auto status = answer(chosen))

@@ -19,9 +19,10 @@ void addOptions(QCommandLineParser &parser, const QStringList &options, const QS
 {
     for (const QString &option : options)
         parser.addOption({option, {}, u"value"_s});
-    for (const QString &flag : flags)
-        parser.addOption(
-            QCommandLineOption(flag == u"help"_s ? QStringList{flag, u"h"_s} : QStringList{flag}));
+    for (const QString &flag : flags) {
+        const bool isCommand = flag == u"help"_s || flag == u"version"_s;
+        parser.addOption(QCommandLineOption(isCommand ? QStringList{flag, flag.first(1)} : QStringList{flag}));
+    }
 }
 
 void parse(QCommandLineParser &parser, const QStringList &arguments)
@@ -146,7 +147,8 @@ Options communes
   --claude DOSSIER      les skills de Claude (sinon VORNEL_CLAUDE_SKILLS_PATH, sinon ~/.claude/skills)
   --codex DOSSIER       les skills de Codex (sinon VORNEL_CODEX_SKILLS_PATH, sinon ~/.codex/skills)
   --json                un document JSON sur la sortie standard
-  --help, --version     cette aide, la version
+  -h, --help            cette aide
+  -v, --version         la version
   --                    fin des options
 
 Consulter

@@ -36,6 +36,7 @@ add_custom_command(
     VERBATIM
 )
 add_custom_target(VORNELBundle ALL DEPENDS ${vornel_bundle}.stamp)
-# Where the program looks from its own folder.
-install(DIRECTORY ${vornel_bundle} DESTINATION share/vornel
+# Where the installed program looks, from its own folder.
+file(RELATIVE_PATH vornel_share ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DATADIR}/vornel)
+install(DIRECTORY ${vornel_bundle} DESTINATION ${CMAKE_INSTALL_DATADIR}/vornel
     FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)

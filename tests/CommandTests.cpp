@@ -192,7 +192,8 @@ TEST_F(Vornelctl, AnswersWrongUsageWithoutTouchingAnything)
     EXPECT_FALSE(fs::exists(path("ws")));
     EXPECT_EQ(run("--help").code, 0);
     EXPECT_TRUE(run("import --help").output.startsWith("Usage : vornelctl"));
-    EXPECT_TRUE(run("--version").output.startsWith("vornelctl "));
+    for (const char *line : {"--version", "-v", "list -v"})
+        EXPECT_TRUE(run(line).output.startsWith("vornelctl ")) << line;
     EXPECT_FALSE(fs::exists(path("ws")));
 }
 

@@ -18,7 +18,8 @@ _vornelctl_workspace() {
 _vornelctl_folders() {
     local folder
     for folder in "$1"/*/; do
-        [[ -d $folder ]] && basename "$folder"
+        folder=${folder%/}
+        [[ -d $folder ]] && printf '%s\n' "${folder##*/}"
     done
 }
 
@@ -26,7 +27,7 @@ _vornelctl_folders() {
 _vornelctl_values() {
     local key=$1
     shift
-    sed -n 's/^ *"'"$key"'": "\(.*\)",\{0,1\}$/\1/p' "$@" 2>/dev/null
+    sed -n 's/^ *"'"$key"'": "\(.*\)",\{0,1\}$/\1/p' "$@" </dev/null 2>/dev/null
 }
 
 # The command among the words before the cursor, and how many operands follow it. Sets `command` and `operands`.
@@ -51,15 +52,17 @@ _vornelctl_command() {
     done
 }
 
-# The options that a command takes besides those common to all.
+# The options that a command takes.
 _vornelctl_options() {
+    local options=(--workspace --claude --codex --json --help --version)
     case $1 in
-        list) echo --search --category --maturity ;;
-        import) echo --choose --prefer ;;
-        create) echo --name --summary --category --tags --maturity --file ;;
-        save) echo --expect --file ;;
-        sync) echo --all ;;
+        list) options+=(--search --category --maturity) ;;
+        import) options+=(--choose --prefer) ;;
+        create) options+=(--name --summary --category --tags --maturity --file) ;;
+        save) options+=(--expect --file) ;;
+        sync) options+=(--all) ;;
     esac
+    printf '%s\n' "${options[@]}"
 }
 
 # What may stand as the next operand of a command.
@@ -76,12 +79,21 @@ _vornelctl_operands() {
     esac
 }
 
+# Offers those lines of the standard input that go on from what is typed. They may be names of folders, which hold
+# anything: none is ever expanded, and each is quoted for the command line.
+_vornelctl_offer() {
+    local candidate quoted
+    while IFS= read -r candidate; do
+        printf -v quoted %q "$candidate"
+        [[ $candidate == "$cur"* || $quoted == "$cur"* ]] && COMPREPLY+=("$quoted")
+    done
+}
+
 _vornelctl() {
     local cur prev words cword split command operands workspace
     _init_completion -s || return
     workspace=$(_vornelctl_workspace)
     _vornelctl_command
-    local candidates
     case $prev in
         --workspace | --claude | --codex)
             _filedir -d
@@ -92,17 +104,16 @@ _vornelctl() {
             return
             ;;
         --search | --name | --summary | --tags | --expect | --choose) return ;;
-        --category) candidates=$(_vornelctl_values id "$workspace/.vornel/categories.json") ;;
-        --maturity) candidates="draft ready active obsolete" ;;
-        --prefer) candidates="claude codex" ;;
+        --category) _vornelctl_offer < <(_vornelctl_values id "$workspace/.vornel/categories.json") ;;
+        --maturity) _vornelctl_offer < <(printf '%s\n' draft ready active obsolete) ;;
+        --prefer) _vornelctl_offer < <(printf '%s\n' claude codex) ;;
         *)
             if [[ $cur == -* ]]; then
-                candidates="--workspace --claude --codex --json --help --version $(_vornelctl_options "$command")"
+                _vornelctl_offer < <(_vornelctl_options "$command")
             else
-                candidates=$(_vornelctl_operands "$workspace")
+                _vornelctl_offer < <(_vornelctl_operands "$workspace")
             fi
             ;;
     esac
-    mapfile -t COMPREPLY < <(compgen -W "$candidates" -- "$cur")
 }
 complete -F _vornelctl vornelctl

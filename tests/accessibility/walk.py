@@ -7,6 +7,7 @@ import sys
 from changes import NAME, attention, category, creation, edition, selection, trash
 from first_start import failure, onboarding, opens_at_once, preparation, settles
 from program import DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
+from starts import speaks_without_window, starts_again
 
 
 def shell(program, names):
@@ -119,6 +120,7 @@ def library(demo, folder):
 
 def main(executable, demo, folder):
     demo, folder = pathlib.Path(demo), pathlib.Path(folder)
+    speaks_without_window(executable)
     first, names = library(demo, folder / "first")
     with Program(executable, first) as program:
         program.takes_keyboard()
@@ -139,6 +141,7 @@ def main(executable, demo, folder):
         opens_at_once(program)
         program.takes_keyboard()
         program.sees("list item", NAME, states={"focused"})
+        starts_again(executable, program, first)
         program.close()
     with Program(executable, library(demo, folder / "overlapping")[0], workspace="claude/workspace") as program:
         program.takes_keyboard()

@@ -23,12 +23,20 @@ class _ClientMessage(ctypes.Structure):
                 ("data", ctypes.c_long * 5), ("padding", ctypes.c_long * 12)]
 
 
+def window_count():
+    """How many windows the display shows to its user."""
+    with Window() as window:
+        return window.count
+
+
 class Window:
     """The one window on the display; there is no window manager to do any of this."""
 
     def __init__(self):
         self._display = ctypes.c_void_p(_x11.XOpenDisplay(None))
-        self._id = next((window for window in self._top_level() if self._protocols(window)), 0)
+        windows = [window for window in self._top_level() if self._protocols(window)]
+        self.count = len(windows)
+        self._id = next(iter(windows), 0)
 
     def __enter__(self):
         return self

@@ -3,10 +3,11 @@
 . "$1/vornel.bash"
 . "$1/vornelctl.bash"
 
-# Splits a line as the shell does, where "=" ends a word.
+# Splits a line as the shell does, where "=" ends a word, and a blank behind "\" doesn't.
 while IFS= read -r COMP_LINE; do
     COMP_POINT=${#COMP_LINE}
-    read -ra COMP_WORDS <<<"${COMP_LINE//=/ = }"
+    read -ra COMP_WORDS <<<"$(sed 's/=/ = /g; s/\\ /\x01/g' <<<"$COMP_LINE")"
+    COMP_WORDS=("${COMP_WORDS[@]//$'\x01'/\\ }")
     [[ $COMP_LINE == *" " ]] && COMP_WORDS+=("")
     COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
     COMPREPLY=()
