@@ -1,6 +1,7 @@
 #include "AppModel.h"
 
 #include <VORNELCore/ErrorMessage.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
 
 #include <QEventLoop>
 
@@ -85,6 +86,11 @@ void AppModel::clearError()
 {
     m_errorCase.clear();
     m_errorMessage = QString();
+}
+
+bool AppModel::isSynchronizationIncomplete() const
+{
+    return m_errorCase == QLatin1StringView(WorkspaceErrorCase::PartialSync::name);
 }
 
 void AppModel::clearTransientMessage()

@@ -51,6 +51,7 @@ class AppModel : public QObject
                    bindableIsDetailLoading)
     Q_PROPERTY(
         QString errorMessage READ errorMessage NOTIFY errorMessageChanged BINDABLE bindableErrorMessage)
+    Q_PROPERTY(bool isSynchronizationIncomplete READ isSynchronizationIncomplete NOTIFY errorMessageChanged)
     Q_PROPERTY(QString transientMessage READ transientMessage NOTIFY transientMessageChanged BINDABLE
                    bindableTransientMessage)
     Q_PROPERTY(bool canCommitImport READ canCommitImport NOTIFY canCommitImportChanged BINDABLE
@@ -104,6 +105,9 @@ public:
     /// The name of the workspace error behind the last failure, "revisionConflict" for example; empty for any
     /// other failure, and without one.
     QString errorCase() const { return m_errorCase; }
+
+    /// Whether all that failed is that an assistant got no copy.
+    bool isSynchronizationIncomplete() const;
 
     /// A short confirmation in capitals; empty without one. Whoever shows it clears it.
     QString transientMessage() const { return m_transientMessage.value(); }

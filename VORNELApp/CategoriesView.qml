@@ -28,16 +28,13 @@ Sheet {
         fields.begin();
     }
     function showList(): void {
+        form.forgetRefusal();
         isEditing = false;
         beginAgain();
     }
     function leave(): void {
-        if (form.isWaiting)
-            return;
-        if (form.isModified)
-            discarding.open();
-        else
-            showList();
+        if (!form.isWaiting)
+            model.departure.leave(() => showList());
     }
     function askToDelete(category: skillCategory): void {
         if (category.isProtected || model.isWorking)
@@ -65,10 +62,19 @@ Sheet {
                 list.currentIndex = list.count - 1;
         }
     }
+    DepartureGuard {
+        departure: sheet.model.departure
+        isActive: sheet.opened && sheet.isEditing && form.isModified
+        onAsked: discarding.open()
+    }
     DiscardConfirmation {
         id: discarding
 
-        onAccepted: sheet.showList()
+        departure: sheet.model.departure
+        onAccepted: {
+            sheet.showList();
+            departure.resume();
+        }
     }
     CategoryDeletion {
         id: deletion

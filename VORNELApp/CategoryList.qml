@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
-/** The categories of the catalog. Up and Down move, Enter chooses, Del asks to delete. */
+/** The categories of the catalog. Up, Down, Home and End move, Enter chooses, Del asks to delete. */
 ListView {
     id: list
 
@@ -26,6 +26,12 @@ ListView {
     T.ScrollBar.vertical: ScrollRail {}
     Accessible.name: "Catégories"
     Accessible.role: Accessible.List
+    Keys.onPressed: event => {
+        const ends = { [Qt.Key_Home]: 0, [Qt.Key_End]: count - 1 };
+        event.accepted = event.key in ends;
+        if (event.accepted)
+            currentIndex = ends[event.key];
+    }
 
     delegate: CategoryRow {
         width: ListView.view.width - (ListView.view.interactive ? Metrics.medium : 0)

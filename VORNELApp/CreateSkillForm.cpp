@@ -69,6 +69,12 @@ QStringList CreateSkillForm::maturityTexts()
     return Wording::maturities();
 }
 
+QString CreateSkillForm::slugProblem() const
+{
+    constexpr qsizetype longest = WorkspaceValidation::longestSlug;
+    return slug().size() > longest ? u"L’identifiant dépasse %1 caractères."_s.arg(longest) : QString();
+}
+
 QString CreateSkillForm::validationHint() const
 {
     if (!hasName())

@@ -16,6 +16,7 @@ class CreateSkillForm : public vornel::EntryForm // by its full name, under whic
     Q_PROPERTY(QString category READ category WRITE setCategory NOTIFY changed)
     Q_PROPERTY(vornel::Maturity maturity READ maturity WRITE setMaturity NOTIFY changed)
     Q_PROPERTY(QStringList maturityTexts READ maturityTexts CONSTANT)
+    Q_PROPERTY(QString slugProblem READ slugProblem NOTIFY changed)
     Q_PROPERTY(QString validationHint READ validationHint NOTIFY changed)
     Q_PROPERTY(bool isValid READ isValid NOTIFY changed)
     Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
@@ -46,6 +47,9 @@ public:
 
     /// What the user reads for each maturity, in their order.
     static QStringList maturityTexts();
+
+    /// What the hint doesn't tell about the identifier; empty when it does.
+    QString slugProblem() const;
 
     /// What is missing, or that nothing is.
     QString validationHint() const;

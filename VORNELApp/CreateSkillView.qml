@@ -11,12 +11,8 @@ Sheet {
     readonly property bool canCreate: form.isValid && !model.isWorking
 
     function leave(): void {
-        if (form.isWaiting)
-            return;
-        if (form.isModified)
-            discarding.open();
-        else
-            close();
+        if (!form.isWaiting)
+            model.departure.leave(() => close());
     }
 
     firstFocus: name
@@ -32,11 +28,21 @@ Sheet {
 
         model: sheet.model
         onAccepted: sheet.close()
+        onRefusalChanged: if (isSlugTaken) slug.forceActiveFocus(Qt.OtherFocusReason)
+    }
+    DepartureGuard {
+        departure: sheet.model.departure
+        isActive: sheet.opened && form.isModified
+        onAsked: discarding.open()
     }
     DiscardConfirmation {
         id: discarding
 
-        onAccepted: sheet.close()
+        departure: sheet.model.departure
+        onAccepted: {
+            sheet.close();
+            departure.resume();
+        }
     }
     Item {
         implicitHeight: Math.max(identity.height, classification.height)
@@ -64,10 +70,12 @@ Sheet {
                 onEdited: text => form.displayName = text
             }
             LabelledField {
+                id: slug
+
                 hint: "audit-securite"
                 label: "Identifiant"
                 note: "Le dossier de la compétence portera ce nom."
-                problem: form.isSlugTaken ? form.refusal : ""
+                problem: form.isSlugTaken ? form.refusal : form.slugProblem
                 text: form.slug
                 width: parent.width
                 onEdited: text => form.slug = text

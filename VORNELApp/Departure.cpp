@@ -1,18 +1,21 @@
 #include "Departure.h"
 
-#include <utility>
-
 namespace vornel {
 
-void Departure::setGuarded(bool isGuarded)
+void Departure::setGuarded(const QObject *guard, bool isGuarded)
 {
-    if (std::exchange(m_isGuarded, isGuarded) != isGuarded)
+    const bool wasGuarded = this->isGuarded();
+    if (isGuarded)
+        m_guards.insert(guard);
+    else
+        m_guards.remove(guard);
+    if (wasGuarded != this->isGuarded())
         Q_EMIT isGuardedChanged();
 }
 
 void Departure::leave(const QJSValue &action)
 {
-    if (m_isGuarded)
+    if (isGuarded())
         setAction(action);
     else
         action.call();

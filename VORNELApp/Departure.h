@@ -2,6 +2,7 @@
 
 #include <QJSValue>
 #include <QObject>
+#include <QSet>
 #include <QtQml/qqmlregistration.h>
 
 namespace vornel {
@@ -19,8 +20,10 @@ class Departure : public QObject
 public:
     using QObject::QObject;
 
-    bool isGuarded() const { return m_isGuarded; }
-    void setGuarded(bool isGuarded);
+    bool isGuarded() const { return !m_guards.isEmpty(); }
+
+    /// Whether `guard` holds edits that would be lost. It must say so no more before it goes.
+    void setGuarded(const QObject *guard, bool isGuarded);
 
     /// Whether an action waits for the user's decision.
     bool isPending() const { return !m_action.isUndefined(); }
@@ -41,7 +44,7 @@ Q_SIGNALS:
 private:
     void setAction(const QJSValue &action);
 
-    bool m_isGuarded = false;
+    QSet<const QObject *> m_guards;
     QJSValue m_action;
 };
 

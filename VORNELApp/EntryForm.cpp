@@ -1,6 +1,6 @@
 #include "EntryForm.h"
 
-#include <VORNELCore/VORNELWorkspaceError.h>
+#include <utility>
 
 namespace vornel {
 
@@ -34,13 +34,12 @@ QCoro::Task<> EntryForm::follow(QPointer<EntryForm> form, int entry, QCoro::Task
 void EntryForm::conclude(bool succeeded)
 {
     setWaiting(false);
-    const QString errorCase = m_model->errorCase();
-    const bool isKept = errorCase == QLatin1StringView(WorkspaceErrorCase::PartialSync::name);
-    if (succeeded || isKept) { // then only an assistant has no copy yet, as the model's error says
+    if (succeeded || m_model->isSynchronizationIncomplete()) { // then only an assistant has no copy yet, as
+                                                               // the model's error says
         Q_EMIT accepted();
         return;
     }
-    refuse(m_model->errorMessage(), errorCase);
+    refuse(m_model->errorMessage(), m_model->errorCase());
     m_model->clearError();
 }
 

@@ -8,10 +8,14 @@ FocusScope {
 
     required property string text
 
+    /** Where to go to mend it, if anywhere. */
+    property string remedy
+
     signal dismissed
+    signal remedied
 
     enabled: visible
-    implicitHeight: Math.max(scroller.height, close.height) + 2 * Metrics.large
+    implicitHeight: Math.max(scroller.height, actions.height) + 2 * Metrics.large
     visible: text !== ""
 
     Accessible.name: text
@@ -43,7 +47,7 @@ FocusScope {
 
         anchors.left: symbol.right
         anchors.leftMargin: Metrics.medium
-        anchors.right: close.left
+        anchors.right: actions.left
         anchors.rightMargin: Metrics.medium
         anchors.verticalCenter: parent.verticalCenter
         boundsBehavior: Flickable.StopAtBounds
@@ -62,14 +66,23 @@ FocusScope {
             wrapMode: Text.Wrap
         }
     }
-    ActionButton {
-        id: close
+    Row {
+        id: actions
 
         anchors.right: parent.right
         anchors.rightMargin: Metrics.large
         anchors.verticalCenter: parent.verticalCenter
-        focus: true
-        text: "Fermer"
-        onClicked: panel.dismissed()
+        spacing: Metrics.small
+
+        ActionButton {
+            text: panel.remedy
+            visible: text !== ""
+            onClicked: panel.remedied()
+        }
+        ActionButton {
+            focus: true
+            text: "Fermer"
+            onClicked: panel.dismissed()
+        }
     }
 }

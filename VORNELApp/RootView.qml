@@ -32,11 +32,18 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.margins: Metrics.huge
         anchors.right: parent.right
+        remedy: root.model.isSynchronizationIncomplete && root.model.selectedDestination !== AppStates.Destination.needsAttention ? "À réparer" : ""
         text: root.model.errorMessage
         width: Math.min(640, parent.width - 2 * Metrics.huge)
         onDismissed: {
             root.model.clearError();
             screens.forceActiveFocus();
         }
+        onRemedied: root.model.departure.leave(() => {
+            root.model.clearError();
+            root.model.closeSkill();
+            root.model.selectedDestination = AppStates.Destination.needsAttention;
+            screens.forceActiveFocus();
+        })
     }
 }

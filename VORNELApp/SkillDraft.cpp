@@ -16,7 +16,7 @@ namespace vornel {
 SkillDraft::~SkillDraft()
 {
     if (m_model != nullptr)
-        m_model->departure()->setGuarded(false);
+        m_model->departure()->setGuarded(this, false);
 }
 
 void SkillDraft::componentComplete()
@@ -59,7 +59,7 @@ void SkillDraft::conclude(bool succeeded)
         setStanding(Stale);
     else if (errorCase == QLatin1StringView(WorkspaceErrorCase::SkillNotFound::name))
         setStanding(Gone);
-    else if (errorCase == QLatin1StringView(WorkspaceErrorCase::PartialSync::name))
+    else if (m_model->isSynchronizationIncomplete())
         m_model->refreshSelectedSkill(); // the text itself is saved
     Q_EMIT saveFailed();
 }
@@ -163,7 +163,7 @@ void SkillDraft::count()
 
 void SkillDraft::setModified(bool isModified)
 {
-    m_model->departure()->setGuarded(isModified);
+    m_model->departure()->setGuarded(this, isModified);
     if (std::exchange(m_isModified, isModified) != isModified)
         Q_EMIT isModifiedChanged();
 }

@@ -60,7 +60,7 @@ FocusScope {
     }
     Connections {
         function onIsPendingChanged() {
-            if (editor.model.departure.isPending)
+            if (editor.model.departure.isPending && editor.draft.isModified)
                 unsaved.open();
         }
 

@@ -9,7 +9,6 @@ namespace vornel::WorkspaceValidation {
 
 void validateSlug(QStringView slug)
 {
-    constexpr qsizetype longestSlug = 80;
     const auto isSlugCharacter = [](QChar c) {
         return (c >= u'a' && c <= u'z') || (c >= u'0' && c <= u'9') || c == u'-';
     };

@@ -6,6 +6,9 @@
 /// The checks that stand before every text that becomes a path. They touch no file.
 namespace vornel::WorkspaceValidation {
 
+/// The most characters of a slug.
+constexpr qsizetype longestSlug = 80;
+
 /// Accepts 1 to 80 characters of "a-z", "0-9" and single inner "-". Throws `invalidPath(empty)` or
 /// `invalidPath(invalidSlug)`.
 void validateSlug(QStringView slug);

@@ -9,10 +9,14 @@ Sheet {
     property string rejectText: "Annuler"
     property bool isDestructive: false
 
+    /** Whether the dialog goes because it was accepted. */
+    property bool isAccepted: false
+
     signal accepted
 
     firstFocus: reject
     implicitWidth: Math.min(440, parent.width - 2 * Metrics.page)
+    onAboutToShow: isAccepted = false
 
     Label {
         bottomPadding: Metrics.small
@@ -36,6 +40,7 @@ Sheet {
             role: dialog.isDestructive ? ActionButton.Destructive : ActionButton.Primary
             text: dialog.acceptText
             onClicked: {
+                dialog.isAccepted = true;
                 dialog.close();
                 dialog.accepted();
             }
