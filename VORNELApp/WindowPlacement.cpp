@@ -43,13 +43,16 @@ WindowPlacement::WindowPlacement(QWindow &window, std::shared_ptr<QSettings> set
          {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
         connect(&m_window, change, this, &WindowPlacement::note);
     connect(&m_window, &QWindow::windowStateChanged, this, &WindowPlacement::note);
-    connect(&m_window, &QWindow::visibleChanged, this,
-            &WindowPlacement::saveNow); // while the frame is still known
+    connect(&m_window, &QWindow::visibleChanged, this, [this](bool isVisible) {
+        if (!isVisible)
+            look(); // a window that is gone has no frame
+    });
 }
 
 WindowPlacement::~WindowPlacement()
 {
-    saveNow();
+    if (m_later.isActive())
+        save();
 }
 
 void WindowPlacement::show()
@@ -81,23 +84,21 @@ void WindowPlacement::note()
         m_later.start();
 }
 
-void WindowPlacement::saveNow()
+void WindowPlacement::look()
 {
-    if (!m_later.isActive())
-        return;
-    m_later.stop();
-    save();
-}
-
-void WindowPlacement::save()
-{
-    // Read together, and late: a window learns its new size before its new state, or after it.
+    // Both together, and late: a window learns its new size before its new state, or after it.
     const Qt::WindowStates states = m_window.windowStates();
     if (states.testFlag(Qt::WindowMinimized))
         return;
     m_isMaximized = states.testFlag(Qt::WindowMaximized);
     if (states == Qt::WindowNoState)
         m_normal = QRect(m_window.framePosition(), m_window.size());
+}
+
+void WindowPlacement::save()
+{
+    if (m_window.isVisible())
+        look();
     m_settings->setValue(placeKey, m_normal);
     m_settings->setValue(maximizedKey, m_isMaximized);
     m_settings->sync();

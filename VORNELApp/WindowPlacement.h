@@ -23,7 +23,7 @@ public:
 private:
     void restore();
     void note();
-    void saveNow();
+    void look();
     void save();
 
     QWindow &m_window;

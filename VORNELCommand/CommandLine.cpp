@@ -21,7 +21,8 @@ void addOptions(QCommandLineParser &parser, const QStringList &options, const QS
         parser.addOption({option, {}, u"value"_s});
     for (const QString &flag : flags) {
         const bool isCommand = flag == u"help"_s || flag == u"version"_s;
-        parser.addOption(QCommandLineOption(isCommand ? QStringList{flag, flag.first(1)} : QStringList{flag}));
+        parser.addOption(
+            QCommandLineOption(isCommand ? QStringList{flag, flag.first(1)} : QStringList{flag}));
     }
 }
 
