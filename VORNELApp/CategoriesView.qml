@@ -64,7 +64,7 @@ Sheet {
     }
     DepartureGuard {
         departure: sheet.model.departure
-        isActive: sheet.opened && sheet.isEditing && form.isModified
+        isActive: sheet.isUsed && sheet.isEditing && form.isModified
         onAsked: discarding.open()
     }
     DiscardConfirmation {

@@ -32,7 +32,7 @@ Sheet {
     }
     DepartureGuard {
         departure: sheet.model.departure
-        isActive: sheet.opened && form.isModified
+        isActive: sheet.isUsed && form.isModified
         onAsked: discarding.open()
     }
     DiscardConfirmation {

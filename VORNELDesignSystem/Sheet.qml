@@ -15,6 +15,9 @@ T.Popup {
 
     property Item formerFocus
 
+    /** Whether the sheet is used: neither closed nor on its way out. */
+    property bool isUsed: false
+
     /** Whether Esc only asks to leave. */
     property bool isGuarded: false
 
@@ -33,7 +36,9 @@ T.Popup {
     focus: true
     modal: true
     padding: Metrics.huge
+    onAboutToHide: isUsed = false
     onAboutToShow: {
+        isUsed = true;
         formerFocus = parent.Window.activeFocusItem;
         if (firstFocus !== null)
             firstFocus.focus = true; // and not what had it when the sheet was closed

@@ -7,6 +7,12 @@ ScreenTest {
     name: "Creation"
 
     readonly property AppModel model: fixture?.model ?? null
+    readonly property Component windows: Component {
+        Main {
+            model: test.model
+            visible: true
+        }
+    }
 
     function type(text) {
         for (const letter of text)
@@ -82,6 +88,7 @@ ScreenTest {
         compare(control("Identifiant").Accessible.description, "Le slug audit existe déjà.");
         verify(!shows("Fermer") && !shows("Prête à être créée."));
         compare(control("Nom").text, "Audit", "what was typed stays");
+        verify(control("Identifiant").activeFocus, "the keyboard is where the mending is");
         fill("Description courte", "Autre chose");
         verify(shows("Le slug audit existe déjà."));
         control("Identifiant").forceActiveFocus();
@@ -92,6 +99,14 @@ ScreenTest {
         awaitText("CRÉÉE");
         isGone();
         compare(created().slug, "audit2");
+    }
+
+    function test_long_identifier() {
+        openSheet();
+        type("Veille");
+        fill("Identifiant", "a".repeat(81));
+        awaitText("L’identifiant dépasse 80 caractères.");
+        verify(shows("Utilisez uniquement des lettres, chiffres et tirets.") && !control("Créer").enabled);
     }
 
     function test_other_refusals() {
@@ -118,6 +133,32 @@ ScreenTest {
         settle();
         verify(model.errorMessage !== "");
         tryVerify(() => shows("Veille"));
+        all("À réparer").find(item => item.checkable === false).clicked();
+        awaitText("À RÉPARER");
+        compare(model.errorMessage, "");
+    }
+
+    function test_closing_the_window_asks() {
+        fixture.fillLibrary(["audit"]);
+        const window = windows.createObject(null);
+        tryVerify(() => window.active && fixture.model.phase.name === AppStates.PhaseName.ready);
+        root = window.contentItem;
+        awaitText("audit");
+        click("Actualiser");
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        awaitText("Le nom est requis.");
+        type("Veille");
+        for (const answer of ["Continuer la saisie", "Abandonner"]) {
+            window.close();
+            verify(window.visible);
+            awaitText("Abandonner la saisie\u00a0?");
+            all(answer)[0].clicked();
+            tryVerify(() => !shows("Abandonner la saisie\u00a0?"));
+        }
+        tryVerify(() => !window.visible);
+        window.destroy();
+        root = null;
+        wait(0);
     }
 
     function test_leaving() {
