@@ -8,6 +8,7 @@ from changes import NAME, attention, category, creation, edition, selection, tra
 from first_start import failure, onboarding, opens_at_once, preparation, settles
 from program import DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
 from starts import speaks_without_window, starts_again
+from together import together
 
 
 def shell(program, names):
@@ -118,7 +119,7 @@ def library(demo, folder):
     return folder, sorted(names)
 
 
-def main(executable, demo, folder):
+def main(executable, command_line, demo, folder):
     demo, folder = pathlib.Path(demo), pathlib.Path(folder)
     speaks_without_window(executable)
     first, names = library(demo, folder / "first")
@@ -142,6 +143,7 @@ def main(executable, demo, folder):
         program.takes_keyboard()
         program.sees("list item", NAME, states={"focused"})
         starts_again(executable, program, first)
+        together(program, command_line, first)
         program.close()
     with Program(executable, library(demo, folder / "overlapping")[0], workspace="claude/workspace") as program:
         program.takes_keyboard()
