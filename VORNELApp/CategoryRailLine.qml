@@ -29,6 +29,7 @@ Item {
         color: line.color
         elide: Text.ElideRight
         font: Typography.control
+        horizontalAlignment: Text.AlignLeft
         renderType: Text.NativeRendering
         text: line.text
         textFormat: Text.PlainText

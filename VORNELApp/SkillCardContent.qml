@@ -38,6 +38,7 @@ Item {
         anchors.top: tile.top
         color: Colors.text
         font: Typography.section
+        horizontalAlignment: Text.AlignLeft
         text: content.skill.displayName
     }
     Line {
@@ -45,6 +46,7 @@ Item {
         anchors.left: name.left
         anchors.right: parent.right
         color: content.hue
+        horizontalAlignment: Text.AlignLeft
         text: content.record.category.name
     }
     Line {

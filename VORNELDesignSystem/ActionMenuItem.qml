@@ -41,6 +41,7 @@ T.MenuItem {
             color: item.foreground
             elide: Text.ElideRight
             font: item.font
+            horizontalAlignment: Text.AlignLeft
             renderType: Text.NativeRendering
             text: item.text
             textFormat: Text.PlainText
