@@ -15,6 +15,15 @@ ScreenTest {
 
     name: "Content"
 
+    Component {
+        id: panels
+
+        ErrorPanel {
+            text: "Une raison parmi d’autres\n".repeat(40) + "et 2 de plus"
+            width: 400
+        }
+    }
+
     function keywords() {
         return Array.from({ length: 60 }, (_, number) => number % 2 ? "mot" + number : "très-long-mot-clé-sans-aucune-espace-" + number);
     }
@@ -150,6 +159,20 @@ ScreenTest {
         tryCompare(files, "count", 1002);
         verify(entries(files).length < 60, "only the rows that are seen are made");
         verifyFits(entries(files));
+    }
+
+    function test_long_failure() {
+        openShell(["audit"]);
+        const panel = createTemporaryObject(panels, root);
+        verify(panel.height < root.height / 2);
+        const message = texts(panel.text)[0];
+        const end = () => message.mapToItem(panel, 0, message.height).y;
+        verify(end() > panel.height);
+        all("Fermer")[0].forceActiveFocus();
+        tryVerify(() => {
+            keyClick(Qt.Key_Down);
+            return end() <= panel.height;
+        }, 5000, "its last line can be reached");
     }
 
     function test_attention_and_trash() {
