@@ -28,7 +28,7 @@ Surface {
 
         anchors.fill: parent
         anchors.margins: Metrics.small
-        activeFocusOnTab: count > 0 || activeFocus
+        activeFocusOnTab: true
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         focus: true
