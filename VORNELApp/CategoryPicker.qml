@@ -28,6 +28,7 @@ Row {
         symbol: CategoryVisuals.symbol(picker.category.id)
         symbolColor: CategoryVisuals.hue(picker.category.colorHex)
         text: picker.category.name
+        width: Math.min(implicitWidth, picker.width - x)
 
         Accessible.description: "Changer de catégorie"
         Accessible.name: "Catégorie, " + picker.category.name

@@ -29,6 +29,8 @@ Item {
         color: line.color
         elide: Text.ElideRight
         font: Typography.control
+        horizontalAlignment: Text.AlignLeft
+        maximumLineCount: 1
         renderType: Text.NativeRendering
         text: line.text
         textFormat: Text.PlainText
@@ -42,6 +44,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         color: Colors.secondary
         font: Typography.small
+        maximumLineCount: 1
         renderType: Text.NativeRendering
         text: line.number
     }

@@ -36,6 +36,7 @@ T.ItemDelegate {
         Text {
             color: row.hue
             font: Typography.code
+            maximumLineCount: 1
             renderType: Text.NativeRendering
             text: row.symbol
         }
@@ -44,6 +45,7 @@ T.ItemDelegate {
             color: Colors.text
             elide: Text.ElideMiddle
             font: Typography.body
+            maximumLineCount: 1
             renderType: Text.NativeRendering
             text: row.text
             textFormat: Text.PlainText
@@ -51,6 +53,7 @@ T.ItemDelegate {
         Text {
             color: Colors.muted
             font: Typography.small
+            maximumLineCount: 1
             renderType: Text.NativeRendering
             text: row.assistant
         }

@@ -17,8 +17,11 @@ Item {
 
     CategoryPicker {
         model: facts.model
+        width: chips.x - Metrics.large
     }
     Row {
+        id: chips
+
         anchors.right: parent.right
         spacing: Metrics.small
 

@@ -38,7 +38,7 @@ Surface {
         anchors.margins: Metrics.small
         anchors.right: parent.right
         anchors.top: heading.bottom
-        activeFocusOnTab: count > 0 || activeFocus
+        activeFocusOnTab: true
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         currentIndex: -1

@@ -66,6 +66,7 @@ T.ItemDelegate {
             color: row.isSelected ? Colors.text : Colors.secondary
             elide: Text.ElideMiddle
             font: Typography.body
+            maximumLineCount: 1
             renderType: Text.NativeRendering
             text: row.text
             textFormat: Text.PlainText

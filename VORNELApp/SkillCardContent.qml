@@ -17,6 +17,7 @@ Item {
         color: Colors.secondary
         elide: Text.ElideRight
         font: Typography.small
+        maximumLineCount: 1
         renderType: Text.NativeRendering
         textFormat: Text.PlainText
     }
@@ -38,6 +39,7 @@ Item {
         anchors.top: tile.top
         color: Colors.text
         font: Typography.section
+        horizontalAlignment: Text.AlignLeft
         text: content.skill.displayName
     }
     Line {
@@ -45,6 +47,7 @@ Item {
         anchors.left: name.left
         anchors.right: parent.right
         color: content.hue
+        horizontalAlignment: Text.AlignLeft
         text: content.record.category.name
     }
     Line {

@@ -41,6 +41,8 @@ T.MenuItem {
             color: item.foreground
             elide: Text.ElideRight
             font: item.font
+            horizontalAlignment: Text.AlignLeft
+            maximumLineCount: 1
             renderType: Text.NativeRendering
             text: item.text
             textFormat: Text.PlainText

@@ -32,6 +32,7 @@ Rectangle {
         Text {
             color: Colors.text
             font: Typography.label
+            maximumLineCount: 1
             renderType: Text.NativeRendering
             text: capsule.text
         }

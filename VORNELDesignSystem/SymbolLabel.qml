@@ -1,7 +1,7 @@
 import QtQuick
 import VORNELDesignSystem
 
-/** A symbol and a few words side by side, in the middle of the item. Either may be missing. */
+/** A symbol and a few words side by side, in the middle of the item and within it. Either may be missing. */
 Item {
     id: label
 
@@ -13,7 +13,9 @@ Item {
     property bool isSymbolTrailing: false
     property bool isSymbolAlone: false
 
-    implicitWidth: row.implicitWidth
+    readonly property real besideText: symbol === "" ? 0 : Metrics.symbol + row.spacing
+
+    implicitWidth: isSymbolAlone ? Metrics.symbol : besideText + Math.ceil(words.implicitWidth)
     implicitHeight: row.implicitHeight
 
     Row {
@@ -32,13 +34,18 @@ Item {
             width: Metrics.symbol
         }
         Text {
+            id: words
+
             anchors.verticalCenter: parent.verticalCenter
             color: label.color
+            elide: Text.ElideRight
             font: label.font
+            maximumLineCount: 1
             renderType: Text.NativeRendering
             text: label.text
             textFormat: Text.PlainText
             visible: !label.isSymbolAlone
+            width: Math.min(implicitWidth, label.width - label.besideText)
         }
     }
 }

@@ -23,6 +23,7 @@ Rectangle {
         color: Colors.secondary
         elide: Text.ElideRight
         font: Typography.small
+        maximumLineCount: 1
         renderType: Text.NativeRendering
         text: tag.text
         textFormat: Text.PlainText

@@ -10,8 +10,8 @@
 
 namespace vornel {
 
-/// Per skill, the targets whose last synchronisation failed, each with the reason as the user reads it. A skill
-/// without failures has no entry.
+/// Per skill, the targets whose last synchronisation failed, each with the reason as the user reads it. A
+/// skill without failures has no entry.
 using FailedSyncTargets = QHash<QUuid, QMap<TargetKind, QString>>;
 
 /// What every job of the service works on.

@@ -55,6 +55,9 @@ void photographAttention(Photographer &photographer, Stage &stage)
     Stage::rest();
     photographer.take(u"attention-differences"_s);
     photographer.click(u"Fermer"_s);
+    model.setSearchText(u"introuvable"_s);
+    photographer.take(u"attention-no-result"_s);
+    model.setSearchText({});
     photographBatch(photographer, stage);
     model.clearError();
     model.setSelectedDestination(Destination::library);

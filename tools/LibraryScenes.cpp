@@ -49,6 +49,7 @@ void photographLibrary(Photographer &photographer, Stage &stage)
         u"vornel-skills:"_s + stage.model().overview()->skills.at(0).id.toString(QUuid::WithoutBraces);
     photographer.hold(dragged, u"Design"_s);
     photographer.take(u"library-drag"_s);
+    photographer.letGo();
 }
 
 void photographEmptyLibrary(Photographer &photographer, Stage &stage)

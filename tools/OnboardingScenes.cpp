@@ -2,7 +2,10 @@
 
 #include <QCoreApplication>
 
+#include <fstream>
+
 using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
 
 namespace vornel {
 namespace {
@@ -40,6 +43,19 @@ void photographFailure(Photographer &photographer)
     photographer.watch(stage);
     stage.settle();
     photographer.take(u"failure"_s);
+}
+
+void photographImportFailure(Photographer &photographer)
+{
+    Stage stage;
+    photographer.watch(stage);
+    stage.settle();
+    fs::remove_all(stage.path("claude"));
+    std::ofstream(stage.path("claude")) << "pas un dossier";
+    for (int page = 1; page <= 4; ++page)
+        stage.model().advanceOnboarding();
+    stage.settle();
+    photographer.take(u"import-failed"_s);
 }
 
 void photographOnboarding(Photographer &photographer, Stage &stage)

@@ -96,6 +96,12 @@ void Photographer::hold(const QString &payload, const QString &text) const
     QCoreApplication::sendEvent(m_window, &move);
 }
 
+void Photographer::letGo() const
+{
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(m_window, &leave);
+}
+
 void Photographer::close() const
 {
     m_window->close();

@@ -33,6 +33,9 @@ public:
     /// Holds a dragged text over the button that reads `text`.
     void hold(const QString &payload, const QString &text) const;
 
+    /// Ends the drag without a drop.
+    void letGo() const;
+
     /// Tries to close the window.
     void close() const;
 

@@ -3,12 +3,15 @@
 #include "Photographer.h"
 #include "Stage.h"
 
-/// What the pictures show, each scene played as a user would. All but the first two begin and end on a filled
-/// library.
+/// What the pictures show, each scene played as a user would. Those that take a stage as it is begin and end
+/// on a filled library, but for the first import.
 namespace vornel {
 
 /// A start that fails.
 void photographFailure(Photographer &photographer);
+
+/// A scan that fails.
+void photographImportFailure(Photographer &photographer);
 
 /// From the launch to the end of the import.
 void photographOnboarding(Photographer &photographer, Stage &stage);
@@ -22,6 +25,9 @@ void photographCategories(Photographer &photographer);
 void photographCreation(Photographer &photographer, Stage &stage);
 void photographTrash(Photographer &photographer, Stage &stage);
 void photographAttention(Photographer &photographer, Stage &stage);
+
+/// What no demonstration holds, but a user's library may: very long names, other scripts, many files.
+void photographContent(Photographer &photographer);
 
 /// What comes over any screen when an operation fails.
 void photographError(Photographer &photographer, Stage &stage);

@@ -33,6 +33,10 @@ void photographCategories(Photographer &photographer)
     photographer.take(u"categories"_s);
     photographer.click(u"Nouvelle"_s);
     photographer.take(u"category-new"_s);
+    photographer.write(u"Qualité"_s);
+    photographer.take(u"category-taken"_s);
+    for (int letter = 0; letter < 7; ++letter)
+        photographer.press(Qt::Key_Backspace);
     photographer.click(u"Annuler"_s);
     photographCategoryEdits(photographer);
     photographer.press(Qt::Key_Return);
@@ -49,6 +53,9 @@ void photographCreation(Photographer &photographer, Stage &stage)
     photographer.take(u"create"_s);
     photographer.write(u"Revue de sécurité"_s);
     photographer.press(Qt::Key_Tab);
+    photographer.write(u"_"_s);
+    photographer.take(u"create-invalid"_s);
+    photographer.press(Qt::Key_Backspace);
     photographer.press(Qt::Key_Tab);
     photographer.write(u"Relit les points d’entrée d’un service et classe ce qui est à corriger."_s);
     photographer.press(Qt::Key_Tab);
@@ -58,6 +65,7 @@ void photographCreation(Photographer &photographer, Stage &stage)
     stage.settle();
     photographer.take(u"create-taken"_s);
     photographer.click(u"Annuler"_s);
+    photographer.take(u"create-discard"_s);
     photographer.click(u"Abandonner"_s);
 }
 

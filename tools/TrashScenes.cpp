@@ -33,6 +33,16 @@ void photographQuestions(const Photographer &photographer)
     photographer.click(u"Annuler"_s);
 }
 
+void photographSelectionQuestions(const Photographer &photographer)
+{
+    photographer.click(u"Restaurer"_s);
+    photographer.take(u"trash-selected-restore"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Supprimer définitivement"_s);
+    photographer.take(u"trash-selected-delete"_s);
+    photographer.click(u"Annuler"_s);
+}
+
 } // namespace
 
 void photographTrash(Photographer &photographer, Stage &stage)
@@ -46,6 +56,7 @@ void photographTrash(Photographer &photographer, Stage &stage)
     for (const int number : {0, 2, 3})
         photographer.click(names.at(number));
     photographer.take(u"trash-selection"_s);
+    photographSelectionQuestions(photographer);
     photographer.click(u"Terminer la sélection"_s);
     stage.model().setSearchText(u"introuvable"_s);
     photographer.take(u"trash-no-result"_s);

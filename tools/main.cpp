@@ -86,8 +86,10 @@ int main(int argc, char *argv[])
     QDir().mkpath(folder);
     Photographer photographer(folder, {width, height}, arguments);
     photographFailure(photographer);
+    photographImportFailure(photographer);
     Stage stage;
     photographOnboarding(photographer, stage);
     photographShell(photographer, stage);
+    photographContent(photographer);
     return 0;
 }

@@ -93,6 +93,23 @@ void Fixture::create(const QString &slug, const QString &category, Maturity matu
     request.category = category;
     request.tags = QStringList{u"un mot-clé"_s, u"deux"_s, u"trois"_s, u"quatre"_s};
     request.maturity = maturity;
+    create(request);
+}
+
+void Fixture::create(const QString &slug, const QString &name, const QString &summary,
+                     const QString &category, const QStringList &tags)
+{
+    CreateSkillRequest request;
+    request.slug = slug;
+    request.displayName = name;
+    request.summary = summary;
+    request.category = category;
+    request.tags = tags;
+    create(request);
+}
+
+void Fixture::create(const CreateSkillRequest &request)
+{
     QCoro::waitFor(m_model->createSkill(request));
     m_model->closeSkill();
 }

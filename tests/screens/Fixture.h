@@ -48,6 +48,10 @@ public:
     /// One more skill, named like its slug, in a category and of a maturity.
     Q_INVOKABLE void create(const QString &slug, const QString &category, vornel::Maturity maturity);
 
+    /// One more skill, of any name, summary and keywords.
+    Q_INVOKABLE void create(const QString &slug, const QString &name, const QString &summary,
+                            const QString &category, const QStringList &tags);
+
     /// Deletes a category; its skills go to "other".
     Q_INVOKABLE void deleteCategory(const QString &id);
 
@@ -75,6 +79,8 @@ Q_SIGNALS:
     void modelChanged();
 
 private:
+    void create(const CreateSkillRequest &request);
+
     Scratch m_scratch;
     std::unique_ptr<AppModel> m_model;
     std::unique_ptr<WorkspaceHold> m_hold; // goes before the model, which waits for its operations
