@@ -10,7 +10,7 @@ from window import Window
 
 PATIENCE = 30  # seconds that anything may take; the sanitizers make the program slow
 UNAVAILABLE = "indisponible"
-TAB, RETURN, ESCAPE, SPACE, DELETE = 0xFF09, 0xFF0D, 0xFF1B, 0x20, 0xFFFF
+TAB, BACKTAB, RETURN, ESCAPE, SPACE, DELETE = 0xFF09, 0xFE20, 0xFF0D, 0xFF1B, 0x20, 0xFFFF
 HOME, LEFT, RIGHT, DOWN, END = 0xFF50, 0xFF51, 0xFF53, 0xFF54, 0xFF57
 
 
@@ -107,15 +107,15 @@ class Program:
         for key in keys:
             Atspi.generate_keyboard_event(key, None, Atspi.KeySynthType.SYM)
 
-    def tab_to(self, name, after=-1):
-        """Goes forward to an object of this name, below the place `after` in the tree, and returns its place."""
+    def tab_to(self, name, after=-1, key=TAB):
+        """Goes from stop to stop to an object of this name, below the place `after` in the tree; returns its place."""
         seen = set()
         place, node = self.focused()
         while node.name != name or place <= after:
             if place in seen:
                 sys.exit(f"The tab key goes round without coming to {name!r}")
             seen.add(place)
-            self.type(TAB)
+            self.type(key)
             self.wait("the keyboard elsewhere", lambda nodes: self.focused()[0] != place)
             place, node = self.focused()
         return place

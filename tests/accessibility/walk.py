@@ -6,7 +6,7 @@ import sys
 
 from changes import NAME, attention, category, creation, edition, selection, trash
 from first_start import failure, onboarding, opens_at_once, preparation, settles
-from program import DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
+from program import BACKTAB, DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
 from starts import speaks_without_window, starts_again
 from together import together
 
@@ -93,19 +93,46 @@ def by_keyboard(program):
     place, _ = program.focused()
     program.type(DOWN)
     program.wait("the keyboard on the next skill", lambda nodes: program.focused()[0] != place)
+    editor_by_keyboard(program)
+    categories_by_keyboard(program)
     program.tab_to("Nouvelle compétence")
     program.type(SPACE)
     program.sees("text", "Nom", states={"focused"})
     program.type(ESCAPE)
     program.sees("push button", "Nouvelle compétence", states={"focused"})
     program.tab_to("Bibliothèque")
-    program.type(DOWN, DOWN, SPACE)
+    program.type(DOWN, SPACE)
+    program.sees("label", "Tout est synchronisé")
+    program.type(DOWN, SPACE)
     program.sees("label", "La corbeille est vide")
     program.tab_to("Rechercher une compétence")
     program.type(*map(ord, "zzz"))
     program.sees("push button", "Effacer")
     program.type(ESCAPE)
     program.tab_to("Corbeille")
+
+
+def editor_by_keyboard(program):
+    program.type(RETURN)
+    program.sees("text", "Instructions de la compétence", states={"focused"})
+    for name in ("SKILL.md", "Catégorie, Autre", "Plus d’actions", "Retour à la bibliothèque"):
+        program.tab_to(name, key=BACKTAB)  # a tab is part of the text
+    program.type(SPACE)
+    program.sees("list", "Compétences")
+
+
+def categories_by_keyboard(program):
+    program.tab_to("Gérer les catégories")
+    program.type(SPACE)
+    program.sees("dialog", "Catégories")
+    program.type(END, HOME, RETURN)
+    program.sees("text", "Nom", states={"focused"})
+    for name in ("Choisir une autre couleur", "Supprimer", "Annuler"):
+        program.tab_to(name)
+    program.type(SPACE)
+    program.tab_to("Fermer")
+    program.type(SPACE)
+    program.sees("push button", "Gérer les catégories", states={"focused"})
 
 
 def library(demo, folder):
