@@ -45,27 +45,10 @@ Window {
         focus: true
         model: window.model
     }
-    Rectangle {
+    DeferredItem {
         anchors.fill: parent
-        color: Colors.scrim
-        visible: window.isClosing
-
-        MouseArea {
-            anchors.fill: parent
-        }
-        Surface {
-            anchors.centerIn: parent
-            height: farewell.height + 2 * Metrics.huge
-            width: farewell.width
-
-            StateView {
-                id: farewell
-
-                anchors.verticalCenter: parent.verticalCenter
-                line: "VORNEL termine l’opération en cours."
-                title: "Fermeture"
-                width: 400
-            }
-        }
+        file: "Farewell.qml"
+        isWanted: window.isClosing
+        properties: ({})
     }
 }

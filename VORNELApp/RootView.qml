@@ -8,7 +8,25 @@ FocusScope {
 
     required property AppModel model
 
+    /** Whether the window draws: nothing that takes longer to make than the launch screen keeps it from that. */
+    property bool isDrawn: false
+
     Component.onCompleted: model.retryStart()
+
+    Connections {
+        function onAfterAnimating() {
+            firstFrame.start();
+        }
+
+        enabled: !root.isDrawn
+        target: root.Window.window
+    }
+    Timer {
+        id: firstFrame
+
+        interval: 0 // once the frame is under way
+        onTriggered: root.isDrawn = true
+    }
 
     ScreenLoader {
         id: screens
@@ -16,6 +34,8 @@ FocusScope {
         anchors.fill: parent
         model: root.model
         screen: {
+            if (!root.isDrawn)
+                return "LaunchView.qml";
             switch (root.model.phase.name) {
             case AppStates.PhaseName.onboarding:
                 return "OnboardingView.qml";
@@ -28,22 +48,23 @@ FocusScope {
             }
         }
     }
-    ErrorPanel {
+    DeferredItem {
+        id: failure
+
         anchors.bottom: parent.bottom
         anchors.margins: Metrics.huge
         anchors.right: parent.right
-        remedy: root.model.isSynchronizationIncomplete && root.model.selectedDestination !== AppStates.Destination.needsAttention ? "À réparer" : ""
-        text: root.model.errorMessage
+        file: "LastFailure.qml"
+        isWanted: root.model.errorMessage !== ""
+        properties: ({ model: root.model })
         width: Math.min(640, parent.width - 2 * Metrics.huge)
-        onDismissed: {
-            root.model.clearError();
+    }
+    Connections {
+        function onSettled() {
             screens.forceActiveFocus();
         }
-        onRemedied: root.model.departure.leave(() => {
-            root.model.clearError();
-            root.model.closeSkill();
-            root.model.selectedDestination = AppStates.Destination.needsAttention;
-            screens.forceActiveFocus();
-        })
+
+        ignoreUnknownSignals: true
+        target: failure.item
     }
 }

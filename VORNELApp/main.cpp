@@ -112,10 +112,11 @@ int showApplication(bool endsAfterFirstFrame)
     }
 
     VORNELApp application(environment);
+    // Before the window shows, which is not to wait any longer for its first frame.
+    instance.serve([&application](const QByteArray &token) { return application.raiseWindow(token); });
     QQuickWindow *window = application.showWindow();
     if (window == nullptr)
         return EXIT_FAILURE;
-    instance.serve([&application](const QByteArray &token) { return application.raiseWindow(token); });
     if (endsAfterFirstFrame)
         QObject::connect(window, &QQuickWindow::frameSwapped, qApp, &QGuiApplication::quit,
                          Qt::QueuedConnection);
