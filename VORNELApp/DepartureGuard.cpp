@@ -30,7 +30,7 @@ void DepartureGuard::setActive(bool isActive)
 
 void DepartureGuard::guard(bool isActive) const
 {
-    if (!m_departure.isNull())
+    if (m_departure != nullptr)
         m_departure->setGuarded(this, isActive);
 }
 

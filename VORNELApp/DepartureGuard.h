@@ -2,11 +2,10 @@
 
 #include "Departure.h"
 
-#include <QPointer>
-
 namespace vornel {
 
-/// Guards a departure for as long as there is something to lose, and asks when the user wants to leave.
+/// Guards a departure, which outlives it, for as long as there is something to lose, and asks when the user
+/// wants to leave.
 class DepartureGuard : public QObject
 {
     Q_OBJECT
@@ -36,7 +35,7 @@ Q_SIGNALS:
 private:
     void guard(bool isActive) const;
 
-    QPointer<Departure> m_departure;
+    Departure *m_departure = nullptr;
     bool m_isActive = false;
 };
 

@@ -41,7 +41,7 @@ QString Fixture::bytes(const QString &below) const
         QByteArray::fromStdString(bytesOf(m_scratch.path(below.toStdString()))).toHex());
 }
 
-QString Fixture::bytesOfText(const QString &text) const
+QString Fixture::bytesOfText(const QString &text)
 {
     return QString::fromLatin1(text.toUtf8().toHex());
 }
@@ -62,7 +62,7 @@ bool Fixture::saveElsewhere(const QString &slug, const QString &text) const
     return other.saveSkill(skill.manifest.id, skill.manifest.revision, text).result().skillMD == text;
 }
 
-QString Fixture::clipboard() const
+QString Fixture::clipboard()
 {
     return QGuiApplication::clipboard()->text();
 }

@@ -28,7 +28,7 @@ public:
 
     /// The bytes of a file, and those of a text, as hexadecimal digits.
     Q_INVOKABLE QString bytes(const QString &below) const;
-    Q_INVOKABLE QString bytesOfText(const QString &text) const;
+    Q_INVOKABLE static QString bytesOfText(const QString &text);
 
     /// Writes a picture of one colour.
     Q_INVOKABLE void writePicture(const QString &below, const QSize &size) const;
@@ -37,7 +37,7 @@ public:
     Q_INVOKABLE bool saveElsewhere(const QString &slug, const QString &text) const;
 
     /// What is on the clipboard.
-    Q_INVOKABLE QString clipboard() const;
+    Q_INVOKABLE static QString clipboard();
 
     /// Removes a file, or a folder with all it holds.
     Q_INVOKABLE void remove(const QString &below) const;
