@@ -3,6 +3,7 @@
 #include "BestEffort.h"
 #include "SkillFolderStore.h"
 #include "SkillRecords.h"
+#include "TreeOperations.h"
 
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
@@ -52,7 +53,7 @@ void bringBackSwappedFolders(const Workspace &workspace)
             if (store.hasSnapshot(parked.manifest))
                 bestEffort([&] { store.discard(parked.url); });
         } else if (!workspace.files.kindAt(workspace.config.trashed(parked.manifest.id))) {
-            workspace.files.move(parked.url, canonical);
+            moveTree(workspace.files, parked.url, canonical);
         }
     }
 }
@@ -61,7 +62,7 @@ void removeAbandonedStages(const Workspace &workspace)
 {
     const fs::path staging = workspace.config.staging();
     for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(staging)))
-        bestEffort([&] { workspace.files.removeTree(staging / entry.name); });
+        bestEffort([&] { removeTree(workspace.files, staging / entry.name); });
 }
 
 /// A move to another volume, or a write, that was cut short leaves its unfinished part under a hidden name.
@@ -76,7 +77,7 @@ void removeUnfinishedParts(const Workspace &workspace)
                 return;
             for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(folder))) {
                 if (shape.match(QString::fromStdString(entry.name)).hasMatch())
-                    workspace.files.removeTree(folder / entry.name);
+                    removeTree(workspace.files, folder / entry.name);
             }
         });
     }
