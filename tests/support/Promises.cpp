@@ -38,6 +38,11 @@ bool areAlike(const SkillOnDisk &found, const SkillOnDisk &expected, bool isCrea
     return manifest == expected.manifest && files == expected.files;
 }
 
+bool areInOnePlaceAndAlike(const SkillOnDisk &found, const SkillOnDisk &expected, bool isCreated)
+{
+    return found.isTrashed == expected.isTrashed && areAlike(found, expected, isCreated);
+}
+
 /// One look at what stands on the disk after a start.
 class Inspection
 {
@@ -72,13 +77,18 @@ private:
             EXPECT_TRUE(isOld(slug) || isNew(slug)) << slug << " is neither what it was nor what it becomes";
     }
 
+    /// A skill that the operation is about may have been touched already, without any change to it.
     bool isOld(const std::string &slug) const
     {
         const SkillOnDisk *old = m_before.find(slug);
         const SkillOnDisk *now = m_now.find(slug);
+        const SkillOnDisk *done = m_after.find(slug);
         if (m_mustBeDone)
             return false;
-        return old == nullptr || now == nullptr ? old == now : *now == *old;
+        if (old == nullptr || now == nullptr)
+            return old == now;
+        const bool isBystander = done != nullptr && *done == *old;
+        return *now == *old || (!isBystander && areInOnePlaceAndAlike(*now, *old, false));
     }
 
     bool isNew(const std::string &slug) const
@@ -87,7 +97,7 @@ private:
         const SkillOnDisk *now = m_now.find(slug);
         if (done == nullptr || now == nullptr)
             return done == now;
-        return now->isTrashed == done->isTrashed && areAlike(*now, *done, m_before.find(slug) == nullptr);
+        return areInOnePlaceAndAlike(*now, *done, m_before.find(slug) == nullptr);
     }
 
     /// As long as a skill is there, so are the entries of its history, every byte of them.
