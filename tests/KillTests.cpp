@@ -39,9 +39,8 @@ protected:
             GTEST_SKIP() << "strace is missing, or may not trace here";
     }
 
-    /// Lets vornelctl do the operation from the start on, traced. Returns how strace, and with it the
-    /// program, has ended.
-    QProcess::ExitStatus runTraced(const std::vector<std::string> &injection = {})
+    /// Lets vornelctl do the operation from the start on, traced. Returns whether it has ended well.
+    bool runTraced(const QStringList &injection = {})
     {
         m_rehearsal.reset();
         QProcess process;
@@ -52,56 +51,42 @@ protected:
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(pathText(m_rehearsal.folder()));
         process.setChildProcessModifier(stayOnThisProcessor);
-        process.start(u"strace"_s, arguments(injection));
+        process.start(u"strace"_s, traceArguments(m_log) + injection + command());
         process.waitForFinished();
-        m_output = process.readAllStandardError();
-        return process.exitStatus() == QProcess::NormalExit && process.exitCode() != 0 ? QProcess::CrashExit
-                                                                                       : process.exitStatus();
+        m_errors = process.readAllStandardError();
+        return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
     }
 
     std::vector<SystemCall> calls() const { return callsIn(m_log, m_rehearsal.folder()); }
 
     void killAt(const KillPoint &point)
     {
-        const std::string where =
-            "inject=" + point.call.name + ":signal=KILL:when=" + std::to_string(point.ordinal);
-        runTraced({"-e", where});
+        const QString name = QString::fromStdString(point.call.name);
+        const QString ordinal = QString::number(point.ordinal);
+        ASSERT_FALSE(runTraced({u"-e"_s, u"inject="_s + name + u":signal=KILL:when="_s + ordinal}));
         const std::vector<SystemCall> run = calls();
         const auto last = std::ranges::find_if(run, &SystemCall::isCutShort);
-        ASSERT_NE(last, run.end()) << "was not killed: " << m_output.constData();
+        ASSERT_TRUE(last != run.end()) << "was not killed: " << m_errors.constData();
         ASSERT_EQ(last->text, point.call.text) << "was killed elsewhere";
     }
 
     Rehearsal m_rehearsal;
+    QByteArray m_errors;
 
 private:
-    QStringList arguments(const std::vector<std::string> &injection) const
+    QStringList command() const
     {
-        QStringList arguments;
-        for (const std::string &argument : traceArguments(m_log))
-            arguments.append(QString::fromStdString(argument));
-        for (const std::string &argument : injection)
-            arguments.append(QString::fromStdString(argument));
-        return arguments +
-               QStringList{QStringLiteral(VORNELCTL),
-                           u"--workspace"_s,
-                           u"workspace"_s,
-                           u"--claude"_s,
-                           u"claude"_s,
-                           u"--codex"_s,
-                           u"codex"_s} +
-               m_rehearsal.scenario().arguments;
+        const QStringList roots{u"--workspace"_s, u"workspace"_s, u"--claude"_s,
+                                u"claude"_s,      u"--codex"_s,   u"codex"_s};
+        return QStringList{QStringLiteral(VORNELCTL)} + roots + m_rehearsal.scenario().arguments;
     }
 
     fs::path m_log;
-
-protected:
-    QByteArray m_output;
 };
 
 TEST_P(Killed, AtAnyChangeLeavesEverythingWhole)
 {
-    ASSERT_EQ(runTraced(), QProcess::NormalExit) << m_output.constData();
+    ASSERT_TRUE(runTraced()) << m_errors.constData();
     const std::vector<KillPoint> points = killPoints(calls());
     checkPromises(m_rehearsal, Reported::Success);
     ASSERT_FALSE(HasFailure());

@@ -153,19 +153,32 @@ private:
     /// those folders before is the user's.
     void checkOthersFolders() const
     {
-        checkForeign(m_before.claude, m_now.claude);
-        checkForeign(m_before.codex, m_now.codex);
-        for (const auto &[name, tree] : m_before.recovery)
-            EXPECT_TRUE(m_now.recovery.contains(name) && m_now.recovery.at(name) == tree) << name;
+        checkTarget(m_before.claude, m_now.claude);
+        checkTarget(m_before.codex, m_now.codex);
+        for (const auto &[name, tree] : m_before.recovery) {
+            const bool isOfASwap = name.find("-canonical-") != std::string::npos;
+            EXPECT_TRUE(isOfASwap || (m_now.recovery.contains(name) && m_now.recovery.at(name) == tree))
+                << name;
+        }
     }
 
-    void checkForeign(const std::map<std::string, Tree> &before, const std::map<std::string, Tree> &now) const
+    void checkTarget(const std::map<std::string, Tree> &before, const std::map<std::string, Tree> &now) const
     {
         for (const auto &[name, tree] : before) {
-            if (m_before.find(name) != nullptr || m_now.find(name) != nullptr)
-                continue;
-            EXPECT_TRUE(now.contains(name) && now.at(name) == tree) << name << " was not imported";
+            EXPECT_TRUE(!isForeign(name) || (now.contains(name) && now.at(name) == tree))
+                << name << " was not imported";
         }
+        for (const auto &[name, tree] : now) {
+            const SkillOnDisk *skill = m_now.find(name);
+            const bool isInLibrary = skill != nullptr && !skill->isTrashed;
+            EXPECT_TRUE(isInLibrary || (isForeign(name) && before.contains(name)))
+                << name << " is a leftover";
+        }
+    }
+
+    bool isForeign(const std::string &name) const
+    {
+        return m_before.find(name) == nullptr && m_now.find(name) == nullptr;
     }
 
     void checkRubbish() const

@@ -8,10 +8,7 @@ namespace fs = std::filesystem;
 
 Rehearsal::Rehearsal(const Scenario &scenario) : m_scenario(scenario)
 {
-    const fs::path pristine = path("pristine");
-    writeAssistantsFolders(pristine);
-    if (!scenario.isFirstStart)
-        buildLibrary(pristine);
+    scenario.build(path("pristine"));
     reset();
     m_before = stateBelow(folder());
     const auto service = start(std::make_shared<PosixFileSystem>());

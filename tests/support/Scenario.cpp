@@ -94,38 +94,38 @@ void import(Service &service)
     service.commitImport(plan.id).result();
 }
 
-void look(Service &service)
+/// An operation on a library; `line` has the words of its command.
+Scenario operation(const char *name, std::function<void(Service &)> run, const char *line,
+                   std::optional<Error> refusal = std::nullopt)
 {
-    service.reload().result();
+    return {name, buildLibrary, std::move(run), QString::fromUtf8(line).split(u' '), std::move(refusal)};
 }
 
-/// `line` has the words of a command line.
-Scenario scenario(const char *name, std::function<void(Service &)> run, const char *line,
-                  std::optional<Error> refusal = std::nullopt)
+/// A start on what `build` has left.
+Scenario start(const char *name, void (*build)(const std::filesystem::path &))
 {
-    return {name, std::move(run), QString::fromUtf8(line).split(u' '), std::move(refusal)};
+    return {name, build, [](Service &service) { service.reload().result(); }, {u"list"_s}, std::nullopt};
 }
 
 std::vector<Scenario> allScenarios()
 {
     const Error done = Error::skillNotFound({});
-    std::vector<Scenario> all{
-        scenario("create", create, "create fresh --name Frais", Error::duplicateSlug(u"fresh"_s)),
-        scenario("save", save, "save demo --expect 3 --file text", Error::revisionConflict(3, 4)),
-        scenario("assign", assign, "assign design demo second"),
-        scenario("deleteCategory", deleteCategory, "category delete equipe",
-                 Error::integrityFailure(u"Catégorie introuvable."_s)),
-        scenario("synchronize", synchronize, "sync demo second"),
-        scenario("trashOne", trash({u"demo"_s}), "trash demo", done),
-        scenario("trashSeveral", trash({u"demo"_s, u"second"_s}), "trash demo second", done),
-        scenario("restore", restore, "restore gone", done),
-        scenario("deletePermanently", deletePermanently, "delete gone", done),
-        scenario("emptyTrash", emptyTrash, "empty-trash"),
-        scenario("import", import, "import --prefer codex"),
-        scenario("firstStart", look, "list"),
+    return {
+        operation("create", create, "create fresh --name Frais", Error::duplicateSlug(u"fresh"_s)),
+        operation("save", save, "save demo --expect 3 --file text", Error::revisionConflict(3, 4)),
+        operation("assign", assign, "assign design demo second"),
+        operation("deleteCategory", deleteCategory, "category delete equipe",
+                  Error::integrityFailure(u"Catégorie introuvable."_s)),
+        operation("synchronize", synchronize, "sync demo second"),
+        operation("trashOne", trash({u"demo"_s}), "trash demo", done),
+        operation("trashSeveral", trash({u"demo"_s, u"second"_s}), "trash demo second", done),
+        operation("restore", restore, "restore gone", done),
+        operation("deletePermanently", deletePermanently, "delete gone", done),
+        operation("emptyTrash", emptyTrash, "empty-trash"),
+        operation("import", import, "import --prefer codex"),
+        start("firstStart", writeAssistantsFolders),
+        start("startAfterCrashes", buildInterruptedLibrary),
     };
-    all.back().isFirstStart = true;
-    return all;
 }
 
 } // namespace

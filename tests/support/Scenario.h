@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <ostream>
@@ -17,11 +18,11 @@ namespace vornel {
 struct Scenario
 {
     std::string name;
-    std::function<void(LocalWorkspaceService &)> run; ///< on a service that has started
+    std::function<void(const std::filesystem::path &folder)> build; ///< makes the roots in an empty folder
+    std::function<void(LocalWorkspaceService &)> run;               ///< on a service that has started
     QStringList arguments; ///< of vornelctl, in the folder that holds the roots and "text"
     /// How it answers when it has been done before, if it then refuses.
     std::optional<VORNELWorkspaceError> refusal;
-    bool isFirstStart = false; ///< there is no workspace yet: what is interrupted is the start
 };
 
 /// Every operation of which the promises are kept.

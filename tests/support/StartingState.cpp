@@ -1,6 +1,7 @@
 #include "StartingState.h"
 
 #include "Scratch.h"
+#include "WorkspaceState.h"
 
 #include <VORNELCore/SerializedForms.h>
 
@@ -44,6 +45,17 @@ void addByHand(const fs::path &folder)
     fs::create_directories(folder / "empty");
 }
 
+std::string freshName()
+{
+    return uuidText(QUuid::createUuid()).toStdString();
+}
+
+/// What writes and moves call what is not finished yet.
+std::string temporaryName()
+{
+    return '.' + freshName() + ".tmp";
+}
+
 void forgetRevision(const fs::path &history, const std::string &prefix)
 {
     for (const fs::directory_entry &entry : fs::directory_iterator(history)) {
@@ -76,6 +88,7 @@ void writeAssistantsFolders(const fs::path &folder)
 
 void buildLibrary(const fs::path &folder)
 {
+    writeAssistantsFolders(folder);
     const auto service = startService(folder, std::make_shared<PosixFileSystem>());
     service->createCategory(u"Équipe"_s, u"A1B2C3"_s).result();
     const QUuid demo = grow(*service, u"demo"_s, u"equipe"_s, 3);
@@ -96,6 +109,28 @@ void buildLibrary(const fs::path &folder)
     forgetRevision(history / uuidText(demo).toStdString(), "3-");
     forgetRevision(history / uuidText(second).toStdString(), "2-");
     write(folder / "text", savedText.toStdString());
+}
+
+void buildInterruptedLibrary(const fs::path &folder)
+{
+    buildLibrary(folder);
+    const fs::path skills = folder / "workspace/skills";
+    const fs::path bookkeeping = folder / "workspace/.vornel";
+    fs::rename(skills / "demo", bookkeeping / "recovery" / (freshName() + "-canonical-demo"));
+    fs::copy(skills / "bystander", bookkeeping / "recovery" / (freshName() + "-canonical-bystander"),
+             fs::copy_options::recursive);
+    for (const auto &[slug, skill] : stateBelow(folder).skills) {
+        const std::string id = uuidText(skill.manifest.id).toStdString();
+        if (slug == "gone")
+            fs::rename(bookkeeping / "trash" / id, bookkeeping / "staging" / id);
+        else if (slug == "kept")
+            write(bookkeeping / "trash" / id / temporaryName(), "half");
+    }
+    write(bookkeeping / "staging" / freshName() / "SKILL.md", "half");
+    write(bookkeeping / temporaryName(), "half");
+    write(bookkeeping / "recovery" / temporaryName() / "SKILL.md", "half");
+    write(skills / "second" / temporaryName(), "half");
+    write(folder / "claude" / temporaryName() / "SKILL.md", "half");
 }
 
 } // namespace vornel

@@ -19,7 +19,12 @@ void writeAssistantsFolders(const std::filesystem::path &folder);
 
 /// Builds a library that makes it hard for an operation to leave everything whole: "demo" and "second" are
 /// of one category, one with copies that differ and without the history of its revision, the other with a
-/// copy missing; "gone" and "kept" are in the trash; "bystander" is not to be touched by any operation.
+/// copy missing; "gone" and "kept" are in the trash; "bystander" is not to be touched by any operation. The
+/// assistants' own folders are there too.
 void buildLibrary(const std::filesystem::path &folder);
+
+/// The same library as several programs left it that were killed: in the middle of a swap and at its end, in
+/// a deletion for good, and while they were writing.
+void buildInterruptedLibrary(const std::filesystem::path &folder);
 
 } // namespace vornel

@@ -1,5 +1,7 @@
 #include "SystemCalls.h"
 
+#include <VORNELCore/SerializedForms.h>
+
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -16,10 +18,10 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Those that this machine's kernel lacks are passed over.
-const char *const tracedCalls = "trace=?openat,?openat2,?creat,?mkdir,?mkdirat,?rename,?renameat,?renameat2,"
-                                "?unlink,?unlinkat,?rmdir,?chmod,?fchmod,?fchmodat,?write,?pwrite64,?writev,"
-                                "?pwritev,?truncate,?ftruncate,?fallocate,?symlink,?symlinkat,?link,?linkat,"
-                                "?utimensat,?copy_file_range,?sendfile,?ioctl";
+const QString tracedCalls = u"trace=?openat,?openat2,?creat,?mkdir,?mkdirat,?rename,?renameat,?renameat2,"
+                            "?unlink,?unlinkat,?rmdir,?chmod,?fchmod,?fchmodat,?write,?pwrite64,?writev,"
+                            "?pwritev,?truncate,?ftruncate,?fallocate,?symlink,?symlinkat,?link,?linkat,"
+                            "?utimensat,?copy_file_range,?sendfile,?ioctl"_s;
 
 /// The numbers of descriptors and fresh identifiers are left out.
 std::string withoutChance(QString text)
@@ -40,9 +42,9 @@ bool isChange(const std::string &name, const QString &text, const fs::path &fold
 
 } // namespace
 
-std::vector<std::string> traceArguments(const fs::path &log)
+QStringList traceArguments(const fs::path &log)
 {
-    return {"-f", "-qq", "-y", "-s", "0", "-o", log, "-e", tracedCalls};
+    return {u"-f"_s, u"-qq"_s, u"-y"_s, u"-s"_s, u"0"_s, u"-o"_s, pathText(log), u"-e"_s, tracedCalls};
 }
 
 std::vector<SystemCall> callsIn(const fs::path &log, const fs::path &folder)

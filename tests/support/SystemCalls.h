@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStringList>
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -17,7 +19,7 @@ struct SystemCall
 };
 
 /// The arguments that make strace log such calls to `log`.
-std::vector<std::string> traceArguments(const std::filesystem::path &log);
+QStringList traceArguments(const std::filesystem::path &log);
 
 /// The calls in a log, in their order. What counts as a change is a change below `folder`.
 std::vector<SystemCall> callsIn(const std::filesystem::path &log, const std::filesystem::path &folder);

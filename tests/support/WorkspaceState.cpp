@@ -18,13 +18,13 @@ bool isVisible(const fs::path &name)
     return !name.native().starts_with('.');
 }
 
-std::vector<fs::path> foldersIn(const fs::path &folder)
+std::vector<fs::path> visibleFoldersIn(const fs::path &folder)
 {
     std::vector<fs::path> folders;
     if (!fs::exists(folder))
         return folders;
     for (const fs::directory_entry &entry : fs::directory_iterator(folder)) {
-        if (entry.is_directory())
+        if (entry.is_directory() && isVisible(entry.path().filename()))
             folders.push_back(entry.path());
     }
     return folders;
@@ -42,9 +42,7 @@ Tree visibleTree(const fs::path &folder)
 
 void addSkills(WorkspaceState &state, const fs::path &place, bool isTrashed)
 {
-    for (const fs::path &folder : foldersIn(place)) {
-        if (!isVisible(folder.filename()))
-            continue;
+    for (const fs::path &folder : visibleFoldersIn(place)) {
         SkillOnDisk skill = skillIn(folder);
         skill.isTrashed = isTrashed;
         const std::string slug = skill.manifest.slug.toStdString();
@@ -70,7 +68,7 @@ Tree treeOf(const fs::path &folder)
 std::map<std::string, Tree> treesIn(const fs::path &folder)
 {
     std::map<std::string, Tree> trees;
-    for (const fs::path &entry : foldersIn(folder))
+    for (const fs::path &entry : visibleFoldersIn(folder))
         trees.emplace(entry.filename(), treeOf(entry));
     return trees;
 }
@@ -92,7 +90,7 @@ WorkspaceState stateBelow(const fs::path &folder)
     WorkspaceState state;
     addSkills(state, folder / "workspace/skills", false);
     addSkills(state, bookkeeping / "trash", true);
-    for (const fs::path &history : foldersIn(bookkeeping / "history"))
+    for (const fs::path &history : visibleFoldersIn(bookkeeping / "history"))
         state.history.emplace(history.filename(), treesIn(history));
     state.recovery = treesIn(bookkeeping / "recovery");
     state.claude = treesIn(folder / "claude");

@@ -13,7 +13,7 @@ using Tree = std::map<std::string, std::string>;
 
 Tree treeOf(const std::filesystem::path &folder);
 
-/// The trees of a folder's entries, by name. Plain files among them are passed over.
+/// The trees of the folders in a folder, by name. Hidden ones are passed over.
 std::map<std::string, Tree> treesIn(const std::filesystem::path &folder);
 
 /// A skill as it stands on the disk.
