@@ -5,6 +5,7 @@
 #include "SkillRecords.h"
 #include "TreeOperations.h"
 
+#include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
 
@@ -58,29 +59,66 @@ void bringBackSwappedFolders(const Workspace &workspace)
     }
 }
 
+bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)
+{
+    const auto hasID = [&id](const SkillRecord &record) { return record.manifest.id == id; };
+    return workspace.files.kindAt(workspace.config.trashed(id)) ||
+           std::ranges::any_of(activeManifests(workspace), hasID);
+}
+
+/// A skill that is being deleted for good is staged under its identifier until its history is gone.
+void finishDeletion(const Workspace &workspace, const std::string &stage)
+{
+    const auto id = uuidFromText(QString::fromStdString(stage));
+    if (!id || !workspace.files.kindAt(workspace.config.historyOf(*id)) || isInLibraryOrTrash(workspace, *id))
+        return;
+    SkillFolderStore(workspace).discard(workspace.config.historyOf(*id));
+}
+
 void removeAbandonedStages(const Workspace &workspace)
 {
     const fs::path staging = workspace.config.staging();
-    for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(staging)))
-        bestEffort([&] { removeTree(workspace.files, staging / entry.name); });
-}
-
-/// A move to another volume, or a write, that was cut short leaves its unfinished part under a hidden name.
-void removeUnfinishedParts(const Workspace &workspace)
-{
-    static const QRegularExpression shape(uR"(\A\.[0-9A-F-]{36}\.tmp\z)"_s);
-    const Configuration &config = workspace.config;
-    for (const fs::path &folder : {config.bookkeeping(), config.recovery(), config.trash(), config.skills(),
-                                   config.claude, config.codex}) {
+    for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(staging))) {
         bestEffort([&] {
-            if (workspace.files.kindAt(folder) != FileKind::Directory)
-                return;
-            for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(folder))) {
-                if (shape.match(QString::fromStdString(entry.name)).hasMatch())
-                    removeTree(workspace.files, folder / entry.name);
-            }
+            finishDeletion(workspace, entry.name);
+            removeTree(workspace.files, staging / entry.name);
         });
     }
+}
+
+/// How far below a folder something is looked for.
+enum class Reach { Entries, EntriesOfEntries };
+
+/// A move to another volume, or a write, that was cut short leaves its unfinished part under a hidden name.
+void removeUnfinishedParts(FileSystem &files, const Folder &folder, Reach reach)
+{
+    static const QRegularExpression shape(uR"(\A\.[0-9A-F-]{36}\.tmp\z)"_s);
+    for (const FolderEntry &entry : files.list(folder)) {
+        bestEffort([&] {
+            if (shape.match(QString::fromStdString(entry.name)).hasMatch())
+                removeTree(files, {folder, entry.name});
+            else if (reach == Reach::EntriesOfEntries && entry.kind == FileKind::Directory)
+                removeUnfinishedParts(files, files.openFolder(folder, entry.name), Reach::Entries);
+        });
+    }
+}
+
+void removeUnfinishedParts(const Workspace &workspace, const fs::path &folder, Reach reach)
+{
+    bestEffort([&] {
+        if (workspace.files.kindAt(folder) == FileKind::Directory)
+            removeUnfinishedParts(workspace.files, workspace.files.openFolder(folder), reach);
+    });
+}
+
+void removeUnfinishedParts(const Workspace &workspace)
+{
+    const Configuration &config = workspace.config;
+    for (const fs::path &folder : {config.bookkeeping(), config.recovery(), config.claude, config.codex})
+        removeUnfinishedParts(workspace, folder, Reach::Entries);
+    // A skill's manifest is also rewritten where it stands.
+    for (const fs::path &folder : {config.skills(), config.trash()})
+        removeUnfinishedParts(workspace, folder, Reach::EntriesOfEntries);
 }
 
 } // namespace

@@ -5,7 +5,8 @@
 namespace vornel {
 
 /// Puts right what an interrupted operation left: a skill whose swap was cut short comes back from the
-/// recovery folder, and abandoned staging folders are removed. Copies that only the user can judge stay.
+/// recovery folder, a deletion for good is finished, and abandoned staging folders and unfinished files are
+/// removed. Copies that only the user can judge stay.
 void recoverFromCrash(const Workspace &workspace);
 
 /// Deletes what interrupted swaps left of a skill, so that it can't come back once it is deleted for good.

@@ -96,9 +96,13 @@ void SkillTrash::remove(const QUuid &id) const
 {
     m_workspace.failedSyncTargets.remove(id);
     discardParkedFolders(m_workspace, id);
-    m_store.discard(m_workspace.config.trashed(id));
-    if (m_workspace.files.kindAt(m_workspace.config.historyOf(id)))
-        m_store.discard(m_workspace.config.historyOf(id));
+    const Configuration &config = m_workspace.config;
+    // Should this be cut short, its name in staging tells the next start whose history has to go too.
+    const fs::path condemned = config.staging() / pathFromText(uuidText(id));
+    moveTree(m_workspace.files, config.trashed(id), condemned);
+    if (m_workspace.files.kindAt(config.historyOf(id)))
+        m_store.discard(config.historyOf(id));
+    removeTree(m_workspace.files, condemned);
 }
 
 } // namespace vornel

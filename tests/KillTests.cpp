@@ -1,0 +1,108 @@
+#include "Promises.h"
+#include "SystemCalls.h"
+
+#include <VORNELCore/SerializedForms.h>
+
+#include <QProcess>
+
+#include <sched.h>
+
+#include <iostream>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Lets nothing run beside a program's working thread, so that it makes the same calls in every run.
+void stayOnThisProcessor()
+{
+    cpu_set_t processor;
+    CPU_ZERO(&processor);
+    CPU_SET(static_cast<size_t>(::sched_getcpu()), &processor);
+    ::sched_setaffinity(0, sizeof processor, &processor);
+}
+
+class Killed : public testing::TestWithParam<Scenario>
+{
+protected:
+    Killed() : m_rehearsal(GetParam()), m_log(m_rehearsal.path("log")) {}
+
+    void SetUp() override
+    {
+        QProcess strace;
+        strace.start(u"strace"_s, {u"-o"_s, u"/dev/null"_s, u"true"_s});
+        strace.waitForFinished();
+        if (strace.error() == QProcess::FailedToStart || strace.exitCode() != 0)
+            GTEST_SKIP() << "strace is missing, or may not trace here";
+    }
+
+    /// Lets vornelctl do the operation from the start on, traced. Returns whether it has ended well.
+    bool runTraced(const QStringList &injection = {})
+    {
+        m_rehearsal.reset();
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"LC_ALL"_s, u"C"_s);
+        environment.insert(u"HOME"_s, pathText(m_rehearsal.path("home")));
+        environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s); // leaks can't be looked for when traced
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(pathText(m_rehearsal.folder()));
+        process.setChildProcessModifier(stayOnThisProcessor);
+        process.start(u"strace"_s, traceArguments(m_log) + injection + command());
+        process.waitForFinished();
+        m_errors = process.readAllStandardError();
+        return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    }
+
+    std::vector<SystemCall> calls() const { return callsIn(m_log, m_rehearsal.folder()); }
+
+    void killAt(const KillPoint &point)
+    {
+        const QString name = QString::fromStdString(point.call.name);
+        const QString ordinal = QString::number(point.ordinal);
+        ASSERT_FALSE(runTraced({u"-e"_s, u"inject="_s + name + u":signal=KILL:when="_s + ordinal}));
+        const std::vector<SystemCall> run = calls();
+        const auto last = std::ranges::find_if(run, &SystemCall::isCutShort);
+        ASSERT_TRUE(last != run.end()) << "was not killed: " << m_errors.constData();
+        ASSERT_EQ(last->text, point.call.text) << "was killed elsewhere";
+    }
+
+    Rehearsal m_rehearsal;
+    QByteArray m_errors;
+
+private:
+    QStringList command() const
+    {
+        const QStringList roots{u"--workspace"_s, u"workspace"_s, u"--claude"_s,
+                                u"claude"_s,      u"--codex"_s,   u"codex"_s};
+        return QStringList{QStringLiteral(VORNELCTL)} + roots + m_rehearsal.scenario().arguments;
+    }
+
+    fs::path m_log;
+};
+
+TEST_P(Killed, AtAnyChangeLeavesEverythingWhole)
+{
+    ASSERT_TRUE(runTraced()) << m_errors.constData();
+    const std::vector<KillPoint> points = killPoints(calls());
+    checkPromises(m_rehearsal, Reported::Success);
+    ASSERT_FALSE(HasFailure());
+    for (const KillPoint &point : points) {
+        SCOPED_TRACE(testing::Message() << "killed at " << point.call.name << " no. " << point.ordinal << ": "
+                                        << point.call.text);
+        killAt(point);
+        checkPromises(m_rehearsal);
+        ASSERT_FALSE(HasFailure());
+    }
+    std::cout << GetParam().name << ": killed at " << points.size() << " points\n";
+    EXPECT_GT(points.size(), 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, Killed, testing::ValuesIn(scenarios()),
+                         [](const auto &scenario) { return scenario.param.name; });
+
+} // namespace
+} // namespace vornel

@@ -1,0 +1,247 @@
+#include "Promises.h"
+
+#include <VORNELCore/ErrorMessage.h>
+#include <VORNELCore/SerializedForms.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <set>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const char *const manifestName = "vornel.json";
+
+std::string idText(const SkillOnDisk &skill)
+{
+    return uuidText(skill.manifest.id).toStdString();
+}
+
+/// Whether two skills are the same but for what differs between two runs of one operation: the time of the
+/// change and, of a skill that it creates, its identifier and the time of its creation.
+bool areAlike(const SkillOnDisk &found, const SkillOnDisk &expected, bool isCreated)
+{
+    SkillManifest manifest = found.manifest;
+    manifest.updatedAt = expected.manifest.updatedAt;
+    if (isCreated) {
+        manifest.id = expected.manifest.id;
+        manifest.createdAt = expected.manifest.createdAt;
+    }
+    Tree files = found.files;
+    files[manifestName] = expected.files.at(manifestName);
+    return manifest == expected.manifest && files == expected.files;
+}
+
+bool areInOnePlaceAndAlike(const SkillOnDisk &found, const SkillOnDisk &expected, bool isCreated)
+{
+    return found.isTrashed == expected.isTrashed && areAlike(found, expected, isCreated);
+}
+
+/// One look at what stands on the disk after a start.
+class Inspection
+{
+public:
+    Inspection(const Rehearsal &rehearsal, bool mustBeDone)
+        : m_folder(rehearsal.folder()),
+          m_before(rehearsal.before()),
+          m_after(rehearsal.after()),
+          m_now(stateBelow(m_folder)),
+          m_mustBeDone(mustBeDone)
+    {}
+
+    void check() const
+    {
+        checkSkills();
+        checkKeptHistory();
+        checkHistoryEntries();
+        checkCatalog();
+        checkOthersFolders();
+        checkRubbish();
+    }
+
+private:
+    void checkSkills() const
+    {
+        std::set<std::string> slugs;
+        for (const WorkspaceState *state : {&m_before, &m_after, &m_now}) {
+            for (const auto &[slug, skill] : state->skills)
+                slugs.insert(slug);
+        }
+        for (const std::string &slug : slugs)
+            EXPECT_TRUE(isOld(slug) || isNew(slug)) << slug << " is neither what it was nor what it becomes";
+    }
+
+    /// A skill that the operation is about may have been touched already, without any change to it.
+    bool isOld(const std::string &slug) const
+    {
+        const SkillOnDisk *old = m_before.find(slug);
+        const SkillOnDisk *now = m_now.find(slug);
+        const SkillOnDisk *done = m_after.find(slug);
+        if (m_mustBeDone)
+            return false;
+        if (old == nullptr || now == nullptr)
+            return old == now;
+        const bool isBystander = done != nullptr && *done == *old;
+        return *now == *old || (!isBystander && areInOnePlaceAndAlike(*now, *old, false));
+    }
+
+    bool isNew(const std::string &slug) const
+    {
+        const SkillOnDisk *done = m_after.find(slug);
+        const SkillOnDisk *now = m_now.find(slug);
+        if (done == nullptr || now == nullptr)
+            return done == now;
+        return areInOnePlaceAndAlike(*now, *done, m_before.find(slug) == nullptr);
+    }
+
+    /// As long as a skill is there, so are the entries of its history, every byte of them.
+    void checkKeptHistory() const
+    {
+        for (const auto &[id, entries] : m_before.history) {
+            if (m_now.findByID(id) == nullptr)
+                continue;
+            const auto now = m_now.history.find(id);
+            ASSERT_NE(now, m_now.history.end()) << "the history of " << id << " is lost";
+            for (const auto &[name, tree] : entries)
+                EXPECT_TRUE(now->second.contains(name) && now->second.at(name) == tree)
+                    << "history " << id << '/' << name << " has changed";
+        }
+    }
+
+    void checkHistoryEntries() const
+    {
+        for (const auto &[id, entries] : m_now.history) {
+            const SkillOnDisk *skill = m_now.findByID(id);
+            ASSERT_NE(skill, nullptr) << "the history of " << id << " has lost its skill";
+            for (const auto &[name, tree] : entries)
+                checkHistoryEntry(*skill, name);
+        }
+    }
+
+    void checkHistoryEntry(const SkillOnDisk &skill, const std::string &name) const
+    {
+        const auto old = m_before.history.find(idText(skill));
+        if (old != m_before.history.end() && old->second.contains(name))
+            return;
+        const SkillOnDisk entry = skillIn(m_folder / "workspace/.vornel/history" / idText(skill) / name);
+        EXPECT_TRUE(name.starts_with(std::to_string(entry.manifest.revision) + '-')) << name;
+        const std::string slug = skill.manifest.slug.toStdString();
+        const auto isOf = [&](const WorkspaceState &state) {
+            const SkillOnDisk *expected = state.find(slug);
+            return expected != nullptr && areAlike(entry, *expected, m_before.find(slug) == nullptr);
+        };
+        EXPECT_TRUE(isOf(m_before) || isOf(m_after)) << "history entry " << name << " of " << slug;
+    }
+
+    void checkCatalog() const
+    {
+        EXPECT_TRUE(m_now.catalog == m_after.catalog || (!m_mustBeDone && m_now.catalog == m_before.catalog))
+            << m_now.catalog;
+        for (const auto &[slug, skill] : m_now.skills)
+            EXPECT_NE(m_now.catalog.find('"' + skill.manifest.category.toStdString() + '"'),
+                      std::string::npos)
+                << slug << " is of a category that is gone";
+    }
+
+    /// Skills in the assistants' folders are theirs until they are in the library; what had been taken out of
+    /// those folders before is the user's.
+    void checkOthersFolders() const
+    {
+        checkTarget(m_before.claude, m_now.claude);
+        checkTarget(m_before.codex, m_now.codex);
+        for (const auto &[name, tree] : m_before.recovery) {
+            const bool isOfASwap = name.find("-canonical-") != std::string::npos;
+            EXPECT_TRUE(isOfASwap || (m_now.recovery.contains(name) && m_now.recovery.at(name) == tree))
+                << name;
+        }
+    }
+
+    void checkTarget(const std::map<std::string, Tree> &before, const std::map<std::string, Tree> &now) const
+    {
+        for (const auto &[name, tree] : before) {
+            EXPECT_TRUE(!isForeign(name) || (now.contains(name) && now.at(name) == tree))
+                << name << " was not imported";
+        }
+        for (const auto &[name, tree] : now) {
+            const SkillOnDisk *skill = m_now.find(name);
+            const bool isInLibrary = skill != nullptr && !skill->isTrashed;
+            EXPECT_TRUE(isInLibrary || (isForeign(name) && before.contains(name)))
+                << name << " is a leftover";
+        }
+    }
+
+    bool isForeign(const std::string &name) const
+    {
+        return m_before.find(name) == nullptr && m_now.find(name) == nullptr;
+    }
+
+    void checkRubbish() const
+    {
+        static const QRegularExpression temporary(uR"(\A\.[0-9A-F-]{36}\.tmp\z)"_s);
+        const fs::path bookkeeping = m_folder / "workspace/.vornel";
+        EXPECT_TRUE(fs::is_empty(bookkeeping / "staging"));
+        std::set<std::string> names;
+        for (const fs::directory_entry &entry : fs::directory_iterator(bookkeeping))
+            names.insert(entry.path().filename());
+        EXPECT_EQ(names, (std::set<std::string>{"categories.json", "events", "history", "recovery", "staging",
+                                                "trash", "workspace.json"}));
+        for (const fs::directory_entry &entry : fs::recursive_directory_iterator(m_folder))
+            EXPECT_FALSE(temporary.match(pathText(entry.path().filename())).hasMatch()) << entry.path();
+    }
+
+    const fs::path m_folder;
+    const WorkspaceState &m_before;
+    const WorkspaceState &m_after;
+    const WorkspaceState m_now;
+    const bool m_mustBeDone;
+};
+
+std::unique_ptr<LocalWorkspaceService> startAgain(const Rehearsal &rehearsal)
+try {
+    return rehearsal.start(std::make_shared<PosixFileSystem>());
+} catch (const std::exception &error) {
+    ADD_FAILURE() << "the workspace can't be opened: " << errorMessage(error).toStdString();
+    return nullptr;
+}
+
+void checkCopiesCanBeMadeRight(LocalWorkspaceService &service)
+{
+    for (const SkillSummary &skill : service.reload().result().skills)
+        EXPECT_EQ(service.synchronize(skill.id).result().syncState, SyncState::inSync)
+            << skill.slug.toStdString();
+}
+
+void repeat(const Scenario &scenario, LocalWorkspaceService &service)
+try {
+    scenario.run(service);
+} catch (const VORNELWorkspaceError &error) {
+    EXPECT_EQ(error, scenario.refusal) << errorMessage(error).toStdString();
+}
+
+} // namespace
+
+void checkPromises(const Rehearsal &rehearsal, Reported reported)
+try {
+    auto service = startAgain(rehearsal);
+    if (!service)
+        return;
+    Inspection(rehearsal, reported == Reported::Success).check();
+    checkCopiesCanBeMadeRight(*service);
+
+    repeat(rehearsal.scenario(), *service);
+    service = startAgain(rehearsal);
+    if (!service)
+        return;
+    Inspection(rehearsal, true).check();
+    checkCopiesCanBeMadeRight(*service);
+} catch (const std::exception &error) {
+    ADD_FAILURE() << errorMessage(error).toStdString();
+}
+
+} // namespace vornel

@@ -1,0 +1,144 @@
+#include "Scenario.h"
+
+#include "StartingState.h"
+
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+using Service = LocalWorkspaceService;
+using Error = VORNELWorkspaceError;
+
+/// The skills of these slugs; `skillNotFound` when there is none of them.
+QSet<QUuid> idsOf(const QStringList &slugs, const QList<SkillSummary> &skills)
+{
+    QSet<QUuid> ids;
+    for (const SkillSummary &skill : skills) {
+        if (slugs.contains(skill.slug))
+            ids.insert(skill.id);
+    }
+    if (ids.isEmpty())
+        throw Error::skillNotFound({});
+    return ids;
+}
+
+QSet<QUuid> activeIDs(Service &service, const QStringList &slugs)
+{
+    return idsOf(slugs, service.reload().result().skills);
+}
+
+QUuid trashedID(Service &service, const QString &slug)
+{
+    return *idsOf({slug}, service.reload().result().trashedSkills).cbegin();
+}
+
+void create(Service &service)
+{
+    CreateSkillRequest request;
+    request.slug = u"fresh"_s;
+    request.displayName = u"Frais"_s;
+    request.category = SkillCategory::otherID;
+    service.createSkill(request).result();
+}
+
+void save(Service &service)
+{
+    service.saveSkill(*activeIDs(service, {u"demo"_s}).cbegin(), 3, savedText).result();
+}
+
+void assign(Service &service)
+{
+    service.assignSkills(activeIDs(service, {u"demo"_s, u"second"_s}), u"design"_s).result();
+}
+
+void deleteCategory(Service &service)
+{
+    service.deleteCategory(u"equipe"_s).result();
+}
+
+void synchronize(Service &service)
+{
+    for (const QUuid &id : activeIDs(service, {u"demo"_s, u"second"_s}))
+        service.synchronize(id).result();
+}
+
+std::function<void(Service &)> trash(const QStringList &slugs)
+{
+    return [slugs](Service &service) { service.moveToTrash(activeIDs(service, slugs)).result(); };
+}
+
+void restore(Service &service)
+{
+    service.restore(trashedID(service, u"gone"_s)).result();
+}
+
+void deletePermanently(Service &service)
+{
+    service.deletePermanently(trashedID(service, u"gone"_s)).result();
+}
+
+void emptyTrash(Service &service)
+{
+    service.emptyTrash().result();
+}
+
+void import(Service &service)
+{
+    ImportPlan plan = service.scanImports().result();
+    for (const ImportCollision &collision : ImportPlan(plan).collisions)
+        plan = service.resolveCollision(collision.id, CollisionChoice::codex).result();
+    service.commitImport(plan.id).result();
+}
+
+/// An operation on a library; `line` has the words of its command.
+Scenario operation(const char *name, std::function<void(Service &)> run, const char *line,
+                   std::optional<Error> refusal = std::nullopt)
+{
+    return {name, buildLibrary, std::move(run), QString::fromUtf8(line).split(u' '), std::move(refusal)};
+}
+
+/// A start on what `build` has left.
+Scenario start(const char *name, void (*build)(const std::filesystem::path &))
+{
+    return {name, build, [](Service &service) { service.reload().result(); }, {u"list"_s}, std::nullopt};
+}
+
+std::vector<Scenario> allScenarios()
+{
+    const Error done = Error::skillNotFound({});
+    return {
+        operation("create", create, "create fresh --name Frais", Error::duplicateSlug(u"fresh"_s)),
+        operation("save", save, "save demo --expect 3 --file text", Error::revisionConflict(3, 4)),
+        operation("assign", assign, "assign design demo second"),
+        operation("deleteCategory", deleteCategory, "category delete equipe",
+                  Error::integrityFailure(u"Catégorie introuvable."_s)),
+        operation("synchronize", synchronize, "sync demo second"),
+        operation("trashOne", trash({u"demo"_s}), "trash demo", done),
+        operation("trashSeveral", trash({u"demo"_s, u"second"_s}), "trash demo second", done),
+        operation("restore", restore, "restore gone", done),
+        operation("deletePermanently", deletePermanently, "delete gone", done),
+        operation("emptyTrash", emptyTrash, "empty-trash"),
+        operation("import", import, "import --prefer codex"),
+        start("firstStart", writeAssistantsFolders),
+        start("startAfterCrashes", buildInterruptedLibrary),
+    };
+}
+
+} // namespace
+
+const std::vector<Scenario> &scenarios()
+{
+    static const std::vector<Scenario> all = allScenarios();
+    return all;
+}
+
+void PrintTo(const Scenario &scenario, std::ostream *stream)
+{
+    *stream << scenario.name;
+}
+
+} // namespace vornel

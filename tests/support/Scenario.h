@@ -1,0 +1,33 @@
+#pragma once
+
+#include <VORNELCore/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/LocalWorkspaceService.h>
+
+#include <QStringList>
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace vornel {
+
+/// An operation that may be interrupted anywhere, in the two ways in which it can be run.
+struct Scenario
+{
+    std::string name;
+    std::function<void(const std::filesystem::path &folder)> build; ///< makes the roots in an empty folder
+    std::function<void(LocalWorkspaceService &)> run;               ///< on a service that has started
+    QStringList arguments; ///< of vornelctl, in the folder that holds the roots and "text"
+    /// How it answers when it has been done before, if it then refuses.
+    std::optional<VORNELWorkspaceError> refusal;
+};
+
+/// Every operation of which the promises are kept.
+const std::vector<Scenario> &scenarios();
+
+void PrintTo(const Scenario &scenario, std::ostream *stream);
+
+} // namespace vornel

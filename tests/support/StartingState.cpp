@@ -1,0 +1,136 @@
+#include "StartingState.h"
+
+#include "Scratch.h"
+#include "WorkspaceState.h"
+
+#include <VORNELCore/SerializedForms.h>
+
+#include <fstream>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+const QString savedText = u"# Démo\n\nLe texte enregistré.\n"_s;
+
+namespace {
+
+void write(const fs::path &file, const std::string &bytes)
+{
+    fs::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+/// Creates a skill and saves it until it has reached `revision`.
+QUuid grow(LocalWorkspaceService &service, const QString &slug, const QString &category, int revision)
+{
+    CreateSkillRequest request;
+    request.slug = slug;
+    request.displayName = slug;
+    request.category = category;
+    request.skillMD = u"premier texte de "_s + slug;
+    const QUuid id = service.createSkill(request).result().manifest.id;
+    for (int saved = 1; saved < revision; ++saved)
+        service.saveSkill(id, saved, *request.skillMD + u' ' + QString::number(saved + 1)).result();
+    return id;
+}
+
+void addByHand(const fs::path &folder)
+{
+    write(folder / "reference/deep/notes.md", "added by hand");
+    write(folder / "reference/table.csv", "a,b\n1,2\n");
+    write(folder / "run.sh", "#!/bin/sh\n");
+    fs::create_directories(folder / "empty");
+}
+
+std::string freshName()
+{
+    return uuidText(QUuid::createUuid()).toStdString();
+}
+
+/// What writes and moves call what is not finished yet.
+std::string temporaryName()
+{
+    return '.' + freshName() + ".tmp";
+}
+
+void forgetRevision(const fs::path &history, const std::string &prefix)
+{
+    for (const fs::directory_entry &entry : fs::directory_iterator(history)) {
+        if (entry.path().filename().native().starts_with(prefix))
+            fs::remove_all(entry.path());
+    }
+}
+
+} // namespace
+
+std::unique_ptr<LocalWorkspaceService> startService(const fs::path &folder, std::shared_ptr<FileSystem> files)
+{
+    auto service = std::make_unique<LocalWorkspaceService>(std::move(files));
+    service->bootstrap(folder / "workspace", folder / "claude", folder / "codex").result();
+    return service;
+}
+
+void writeAssistantsFolders(const fs::path &folder)
+{
+    write(folder / "claude/left/SKILL.md", "name: Gauche\ndescription: à gauche");
+    write(folder / "claude/left/scripts/deep/left.py", "print('left')");
+    write(folder / "codex/right/SKILL.md", "name: Droite");
+    for (const char *target : {"claude", "codex"}) {
+        write(folder / target / "both/SKILL.md", "the same in both");
+        write(folder / target / "clash/SKILL.md", target);
+        write(folder / target / "clash/only" / target, target);
+        write(folder / target / "Not_A_Slug/SKILL.md", "stays where it is");
+    }
+}
+
+void buildLibrary(const fs::path &folder)
+{
+    writeAssistantsFolders(folder);
+    const auto service = startService(folder, std::make_shared<PosixFileSystem>());
+    service->createCategory(u"Équipe"_s, u"A1B2C3"_s).result();
+    const QUuid demo = grow(*service, u"demo"_s, u"equipe"_s, 3);
+    const QUuid second = grow(*service, u"second"_s, u"equipe"_s, 2);
+    const QUuid gone = grow(*service, u"gone"_s, u"equipe"_s, 2);
+    const QUuid kept = grow(*service, u"kept"_s, SkillCategory::otherID, 1);
+    grow(*service, u"bystander"_s, SkillCategory::otherID, 2);
+    for (const char *slug : {"demo", "gone", "bystander"})
+        addByHand(folder / "workspace/skills" / slug);
+    for (const SkillSummary &skill : service->reload().result().skills)
+        service->synchronize(skill.id).result();
+    service->moveToTrash(QSet<QUuid>{gone, kept}).result();
+
+    write(folder / "codex/demo/SKILL.md", "edited by an assistant");
+    write(folder / "codex/demo/reference/own.md", "added by an assistant");
+    fs::remove_all(folder / "claude/second");
+    const fs::path history = folder / "workspace/.vornel/history";
+    forgetRevision(history / uuidText(demo).toStdString(), "3-");
+    forgetRevision(history / uuidText(second).toStdString(), "2-");
+    write(folder / "text", savedText.toStdString());
+}
+
+void buildInterruptedLibrary(const fs::path &folder)
+{
+    buildLibrary(folder);
+    const fs::path skills = folder / "workspace/skills";
+    const fs::path bookkeeping = folder / "workspace/.vornel";
+    fs::rename(skills / "demo", bookkeeping / "recovery" / (freshName() + "-canonical-demo"));
+    fs::copy(skills / "bystander", bookkeeping / "recovery" / (freshName() + "-canonical-bystander"),
+             fs::copy_options::recursive);
+    for (const auto &[slug, skill] : stateBelow(folder).skills) {
+        const std::string id = uuidText(skill.manifest.id).toStdString();
+        if (slug == "gone")
+            fs::rename(bookkeeping / "trash" / id, bookkeeping / "staging" / id);
+        else if (slug == "kept")
+            write(bookkeeping / "trash" / id / temporaryName(), "half");
+    }
+    write(bookkeeping / "staging" / freshName() / "SKILL.md", "half");
+    write(bookkeeping / temporaryName(), "half");
+    write(bookkeeping / "recovery" / temporaryName() / "SKILL.md", "half");
+    write(skills / "second" / temporaryName(), "half");
+    write(folder / "claude" / temporaryName() / "SKILL.md", "half");
+}
+
+} // namespace vornel

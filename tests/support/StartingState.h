@@ -1,0 +1,30 @@
+#pragma once
+
+#include <VORNELInfrastructure/LocalWorkspaceService.h>
+
+#include <filesystem>
+
+namespace vornel {
+
+/// What a save writes; "text" beside the roots holds it too.
+extern const QString savedText;
+
+/// Starts a service on the roots below `folder`: "workspace", "claude" and "codex".
+std::unique_ptr<LocalWorkspaceService> startService(const std::filesystem::path &folder,
+                                                    std::shared_ptr<FileSystem> files);
+
+/// Writes what the assistants hold before anything is imported: skills in one folder or both, alike and
+/// unlike, and what can't be imported.
+void writeAssistantsFolders(const std::filesystem::path &folder);
+
+/// Builds a library that makes it hard for an operation to leave everything whole: "demo" and "second" are
+/// of one category, one with copies that differ and without the history of its revision, the other with a
+/// copy missing; "gone" and "kept" are in the trash; "bystander" is not to be touched by any operation. The
+/// assistants' own folders are there too.
+void buildLibrary(const std::filesystem::path &folder);
+
+/// The same library as several programs left it that were killed: in the middle of a swap and at its end, in
+/// a deletion for good, and while they were writing.
+void buildInterruptedLibrary(const std::filesystem::path &folder);
+
+} // namespace vornel

@@ -1,0 +1,85 @@
+#include "SystemCalls.h"
+
+#include <VORNELCore/SerializedForms.h>
+
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Those that this machine's kernel lacks are passed over.
+const QString tracedCalls = u"trace=?openat,?openat2,?creat,?mkdir,?mkdirat,?rename,?renameat,?renameat2,"
+                            "?unlink,?unlinkat,?rmdir,?chmod,?fchmod,?fchmodat,?write,?pwrite64,?writev,"
+                            "?pwritev,?truncate,?ftruncate,?fallocate,?symlink,?symlinkat,?link,?linkat,"
+                            "?utimensat,?copy_file_range,?sendfile,?ioctl"_s;
+
+/// The numbers of descriptors and fresh identifiers are left out.
+std::string withoutChance(QString text)
+{
+    static const QRegularExpression chance(
+        uR"(\b\d+(?=<)|[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12})"_s);
+    return text.remove(chance).toStdString();
+}
+
+bool isChange(const std::string &name, const QString &text, const fs::path &folder)
+{
+    static const QRegularExpression writes(u"O_(CREAT|TRUNC|WRONLY|RDWR)"_s);
+    if (name == "openat" && !writes.match(text).hasMatch())
+        return false;
+    // Permissions may be set through /proc, which does not tell of what.
+    return name == "chmod" || text.contains(QString::fromStdString(folder));
+}
+
+} // namespace
+
+QStringList traceArguments(const fs::path &log)
+{
+    return {u"-f"_s, u"-qq"_s, u"-y"_s, u"-s"_s, u"0"_s, u"-o"_s, pathText(log), u"-e"_s, tracedCalls};
+}
+
+std::vector<SystemCall> callsIn(const fs::path &log, const fs::path &folder)
+{
+    static const QRegularExpression shape(uR"(\A(\d+) +(\w+)(\(.*?)(?:\) += (.*)| <unfinished \.\.\.>)\z)"_s);
+    std::vector<SystemCall> calls;
+    std::ifstream lines(log);
+    for (std::string line; std::getline(lines, line);) {
+        const auto match = shape.match(QString::fromStdString(line));
+        if (!match.hasMatch())
+            continue;
+        const std::string name = match.captured(2).toStdString();
+        const QString text = match.captured(3);
+        const QString result = match.captured(4);
+        calls.push_back({match.captured(1).toStdString(), name, name + withoutChance(text), result == u'?',
+                         !result.startsWith(u"-1"_s) && isChange(name, text, folder)});
+    }
+    return calls;
+}
+
+std::vector<KillPoint> killPoints(const std::vector<SystemCall> &run)
+{
+    std::map<std::string, std::map<std::string, int>> counts; // by name, then by thread
+    std::vector<KillPoint> points;
+    for (const SystemCall &call : run) {
+        std::map<std::string, int> &ofName = counts[call.name];
+        const int ordinal = ++ofName[call.thread];
+        if (!call.changes)
+            continue;
+        for (const auto &[thread, count] : ofName)
+            EXPECT_TRUE(thread == call.thread || count < ordinal)
+                << "another thread would be killed before " << call.text;
+        points.push_back({call, ordinal});
+    }
+    return points;
+}
+
+} // namespace vornel
