@@ -89,13 +89,18 @@ void removeAbandonedStages(const Workspace &workspace)
 /// How far below a folder something is looked for.
 enum class Reach { Entries, EntriesOfEntries };
 
-/// A move to another volume, or a write, that was cut short leaves its unfinished part under a hidden name.
-void removeUnfinishedParts(FileSystem &files, const Folder &folder, Reach reach)
+/// A move to another volume, or a write, that was cut short leaves its unfinished part under such a name.
+bool isUnfinished(const std::string &name)
 {
     static const QRegularExpression shape(uR"(\A\.[0-9A-F-]{36}\.tmp\z)"_s);
+    return name.starts_with('.') && shape.match(QString::fromStdString(name)).hasMatch();
+}
+
+void removeUnfinishedParts(FileSystem &files, const Folder &folder, Reach reach)
+{
     for (const FolderEntry &entry : files.list(folder)) {
         bestEffort([&] {
-            if (shape.match(QString::fromStdString(entry.name)).hasMatch())
+            if (isUnfinished(entry.name))
                 removeTree(files, {folder, entry.name});
             else if (reach == Reach::EntriesOfEntries && entry.kind == FileKind::Directory)
                 removeUnfinishedParts(files, files.openFolder(folder, entry.name), Reach::Entries);

@@ -8,7 +8,7 @@
 
 namespace vornel {
 
-/// A call to the kernel by which a program may change files, as strace has seen it.
+/// A call to the kernel that has to do with files, as strace has seen it.
 struct SystemCall
 {
     std::string thread;
@@ -24,16 +24,16 @@ QStringList traceArguments(const std::filesystem::path &log);
 /// The calls in a log, in their order. What counts as a change is a change below `folder`.
 std::vector<SystemCall> callsIn(const std::filesystem::path &log, const std::filesystem::path &folder);
 
-/// Where a program can be killed: at the n-th call of one name by one thread.
+/// Where a program can be killed: at the n-th call of one name by whichever thread reaches it first.
 struct KillPoint
 {
     SystemCall call;
-    int ordinal; ///< among the calls of that name by that thread
+    int ordinal; ///< among the calls of that name by its thread
 };
 
-/// Every call by which a run has changed something. Killed there, before the call does anything, a program
-/// leaves what the calls before have done; calls that change nothing would leave no more than that. That no
-/// other thread reaches the same count first is checked.
+/// A place for every change that a run has made, at which it has not made it yet: the call itself or, where
+/// another thread has got as far in calls of this name before, the nearest earlier call that none has. Killed
+/// there, a program leaves what the changes before have done; no other place could leave anything else.
 std::vector<KillPoint> killPoints(const std::vector<SystemCall> &run);
 
 } // namespace vornel
