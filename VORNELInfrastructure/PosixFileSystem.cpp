@@ -25,6 +25,7 @@ namespace vornel {
 
 namespace fs = std::filesystem;
 using namespace PosixCalls;
+using Clock = std::chrono::steady_clock;
 
 namespace {
 
@@ -111,6 +112,20 @@ bool renameToFreePlace(const Folder &from, const std::string &name, const Folder
         return false;
     }
     return ::renameat(from.descriptor.fd(), name.c_str(), to.descriptor.fd(), newName.c_str()) == 0;
+}
+
+void awaitLock(const Folder &folder, LockMode mode, Clock::time_point deadline)
+{
+    constexpr std::chrono::milliseconds pause{5};
+    const int operation = (mode == LockMode::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
+    while (::flock(folder.descriptor.fd(), operation) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR)
+            fail("lock", folder.path);
+        if (Clock::now() >= deadline)
+            throw VORNELWorkspaceError::integrityFailure(
+                u"Le workspace est occupé par un autre programme."_s);
+        std::this_thread::sleep_for(pause);
+    }
 }
 
 } // namespace
@@ -312,19 +327,13 @@ void PosixFileSystem::removeTree(const fs::path &path)
 Folder PosixFileSystem::lock(const fs::path &folder, LockMode mode) const
 {
     constexpr std::chrono::seconds longestWait{10};
-    constexpr std::chrono::milliseconds pause{5};
-    const auto deadline = std::chrono::steady_clock::now() + longestWait;
-    const int operation = (mode == LockMode::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
-
+    const auto deadline = Clock::now() + longestWait;
+    // The folder above is the door, locked while waiting: a writer who waits there keeps out the readers who
+    // come later. Otherwise readers who take turns could keep the writer out.
+    const Folder door = openFolder(folder.parent_path());
+    awaitLock(door, mode, deadline);
     Folder locked = openFolder(folder);
-    while (::flock(locked.descriptor.fd(), operation) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR)
-            fail("lock", folder);
-        if (std::chrono::steady_clock::now() >= deadline)
-            throw VORNELWorkspaceError::integrityFailure(
-                u"Le workspace est occupé par un autre programme."_s);
-        std::this_thread::sleep_for(pause);
-    }
+    awaitLock(locked, mode, deadline);
     return locked;
 }
 
