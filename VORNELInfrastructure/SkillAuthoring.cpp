@@ -1,5 +1,6 @@
 #include "SkillAuthoring.h"
 
+#include "BestEffort.h"
 #include "CategoryCatalog.h"
 #include "CategoryRules.h"
 #include "Overview.h"
@@ -16,6 +17,23 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// Fills a stage. One that can't be filled doesn't stay: on a full volume it would take up the room that is
+/// left.
+template <typename Fill>
+void fillStage(FileSystem &files, const fs::path &stage, const Fill &fill)
+{
+    try {
+        fill();
+    } catch (...) {
+        bestEffort([&] { files.removeTree(stage); });
+        throw;
+    }
+}
+
+} // namespace
 
 SkillManifest SkillAuthoring::newManifest(const CreateSkillRequest &request) const
 {
@@ -47,10 +65,12 @@ SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
     const SkillRecord skill{newManifest(request), m_workspace.config.canonical(request.slug)};
 
     const fs::path stage = m_store.makeStage();
-    m_workspace.files.createFolders(stage);
-    m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
-    m_store.writeManifest(skill.manifest, stage);
-    m_store.publish(stage, skill.url);
+    fillStage(m_workspace.files, stage, [&] {
+        m_workspace.files.createFolders(stage);
+        m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
+        m_store.writeManifest(skill.manifest, stage);
+        m_store.publish(stage, skill.url);
+    });
 
     m_store.createSnapshot(skill.manifest, skill.url);
     TargetSynchronizer(m_workspace).synchronize(skill);
@@ -74,9 +94,11 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
     advanceRevision(skill.manifest);
 
     const fs::path stage = m_store.makeStage();
-    SecureFileTree::copyTree(m_workspace.files, skill.url, stage, TreeFilter::all);
-    m_store.writeSkillMD(skillMD, stage);
-    m_store.writeManifest(skill.manifest, stage);
+    fillStage(m_workspace.files, stage, [&] {
+        SecureFileTree::copyTree(m_workspace.files, skill.url, stage, TreeFilter::all);
+        m_store.writeSkillMD(skillMD, stage);
+        m_store.writeManifest(skill.manifest, stage);
+    });
     m_store.replaceCanonical(skill.url, stage);
 
     m_store.createSnapshot(skill.manifest, skill.url);

@@ -87,9 +87,9 @@ QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slu
 void SkillFolderStore::createSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
 {
     const QString name = QString::number(manifest.revision) + u'-' + uuidText(QUuid::createUuid());
+    m_files.createFolders(m_config.historyOf(manifest.id));
     const fs::path stage = makeStage();
     SecureFileTree::copyTree(m_files, skillURL, stage, TreeFilter::all);
-    m_files.createFolders(m_config.historyOf(manifest.id));
     publish(stage, m_config.historyOf(manifest.id) / pathFromText(name));
 }
 
