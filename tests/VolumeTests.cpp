@@ -47,7 +47,7 @@ struct Operation
     const char *name;
     std::function<void(LocalWorkspaceService &)> run;
     std::function<bool(const WorkspaceOverview &)> isDone;
-    bool mayDelete = false; ///< what is in the trash
+    enum class Removes { Nothing, Copies, Skills } removes = Removes::Nothing;
 };
 
 /// Makes a volume hold so much more and no more, in pages or in files.
@@ -121,7 +121,7 @@ std::vector<Operation> changesOfTheTrash(const Skills &skills)
     using Overview = WorkspaceOverview;
     return {
         {"trash one", [=](Service &service) { service.moveToTrash(skills.demo).waitForFinished(); },
-         [=](const Overview &now) { return isTrashed(now, skills.demo); }},
+         [=](const Overview &now) { return isTrashed(now, skills.demo); }, Operation::Removes::Copies},
         {"trash several",
          [=](Service &service) {
              // Those that an earlier try has moved are in the trash.
@@ -130,14 +130,15 @@ std::vector<Operation> changesOfTheTrash(const Skills &skills)
                  active.insert(skill.id);
              service.moveToTrash(active.intersect({skills.demo, skills.second})).waitForFinished();
          },
-         [=](const Overview &now) { return isTrashed(now, skills.demo) && isTrashed(now, skills.second); }},
+         [=](const Overview &now) { return isTrashed(now, skills.demo) && isTrashed(now, skills.second); },
+         Operation::Removes::Copies},
         {"restore", [=](Service &service) { service.restore(skills.thrown).waitForFinished(); },
          [=](const Overview &now) { return find(now.skills, skills.thrown) != nullptr; }},
         {"delete for good",
          [=](Service &service) { service.deletePermanently(skills.thrown).waitForFinished(); },
-         [=](const Overview &now) { return !isTrashed(now, skills.thrown); }, true},
+         [=](const Overview &now) { return !isTrashed(now, skills.thrown); }, Operation::Removes::Skills},
         {"empty trash", [](Service &service) { service.emptyTrash().waitForFinished(); },
-         [](const Overview &now) { return now.trashedSkills.isEmpty(); }, true},
+         [](const Overview &now) { return now.trashedSkills.isEmpty(); }, Operation::Removes::Skills},
     };
 }
 
@@ -194,6 +195,7 @@ private:
     void expectClearError(const std::exception &error, const QString &sentence) const;
     void expectWhole(const Operation &operation) const;
     void expectUntouched() const;
+    void expectNothingHalfDone(const Operation &operation) const;
     void expectMended(const Operation &operation);
 
     std::string folderOf(const QUuid &id, const std::string &slug) const;
@@ -279,7 +281,8 @@ void Volumes::expectWhole(const Operation &operation) const
                                                                 {m_skills.thrownToo, "thrown-too"}}};
     for (const auto &[id, slug] : skills) {
         const std::string folder = folderOf(id, slug);
-        if (folder.empty() && operation.mayDelete && std::string_view(slug).starts_with("thrown"))
+        if (folder.empty() && operation.removes == Operation::Removes::Skills &&
+            std::string_view(slug).starts_with("thrown"))
             continue;
         ASSERT_FALSE(folder.empty()) << slug << " is lost";
         const std::string text = textOf(folder);
@@ -300,6 +303,24 @@ void Volumes::expectUntouched() const
         EXPECT_EQ(tree(folder), tree("pristine/" + folder)) << folder;
     EXPECT_EQ(textOf("claude/left"), "name: Gauche");
     EXPECT_EQ(textOf("codex/right"), "name: Droite");
+}
+
+/// Nothing that takes up room stays behind, and each copy is the one from before or the new one, whole.
+void Volumes::expectNothingHalfDone(const Operation &operation) const
+{
+    EXPECT_TRUE(names("workspace/.vornel/staging").empty());
+    for (const std::string folder :
+         {"claude", "codex", "workspace/.vornel/trash", "workspace/.vornel/recovery"}) {
+        for (const std::string &name : names(folder))
+            EXPECT_FALSE(name.starts_with('.')) << folder << '/' << name;
+    }
+    if (operation.removes == Operation::Removes::Copies)
+        return;
+    for (const char *copy : {"claude/demo", "claude/second", "codex/demo", "codex/second"}) {
+        const std::string text = textOf(copy);
+        EXPECT_TRUE(text == oldText || text == newText || text == editedText) << copy << ": " << text;
+        EXPECT_EQ(bytesOf(path(std::string(copy) + "/reference/file")), "extra") << copy;
+    }
 }
 
 /// Once the cause is gone, the operation works, and so do the next start and the synchronisation.
@@ -350,7 +371,7 @@ int Volumes::tryEveryShortage(const Shortage &shortage, const Operation &operati
         reset(GetParam());
         (*m_volume.*shortage.leave)(count);
         const bool hasFailed = endsInTrouble(operation, isFull);
-        EXPECT_TRUE(names("workspace/.vornel/staging").empty()) << "what takes up room stays behind";
+        expectNothingHalfDone(operation);
         m_volume->mend();
         expectMended(operation);
         if (!hasFailed || HasFatalFailure())
