@@ -86,10 +86,6 @@ void ImportCommit::importBatch(const QList<ImportCandidate> &batch, const std::f
     });
     const auto failed =
         std::ranges::find_if(entrants, [](const Entrant &entrant) { return entrant.failure != nullptr; });
-    for (const Entrant &left : std::ranges::subrange(failed, entrants.end())) {
-        if (left.canonical)
-            bestEffort([&] { removeTree(m_workspace.files, left.canonical->staged); });
-    }
     const std::span prepared(entrants.begin(), failed);
     admit(prepared);
     for (const Entrant &entrant : prepared) {
@@ -108,10 +104,10 @@ try {
             throw VORNELWorkspaceError::duplicateSlug(candidate.slug);
         return {.skill = *active, .candidate = &candidate};
     }
-    const fs::path place = m_store.makeStage();
-    const SkillRecord skill = stage(candidate, place);
+    Stage place = m_store.makeStage();
+    const SkillRecord skill = stage(candidate, place.path());
     return {.skill = skill,
-            .canonical = Publication{.staged = place, .destination = skill.url, .parking = {}},
+            .canonical = Publication{.stage = std::move(place), .destination = skill.url},
             .candidate = &candidate};
 } catch (...) {
     return {.failure = std::current_exception()};
@@ -134,31 +130,26 @@ SkillRecord ImportCommit::stage(const ImportCandidate &candidate, const fs::path
 {
     const auto copied = SecureFileTree::copyTree(m_workspace.files, candidate.sourceURL, place,
                                                  TreeFilter::excludingManifest);
-    try {
-        if (QString::fromStdString(copied.digest) != candidate.digest)
-            throw VORNELWorkspaceError::integrityFailure(u"Le contenu de "_s + candidate.slug +
-                                                         u" a changé depuis le scan."_s);
-        const SkillText::Metadata metadata =
-            SkillText::frontmatterMetadata(m_store.readSkillMD(place, candidate.slug), candidate.slug);
-        const QDateTime now = currentInstant();
-        SkillRecord skill{{.schemaVersion = 1,
-                           .id = QUuid::createUuid(),
-                           .slug = candidate.slug,
-                           .displayName = metadata.name,
-                           .summary = metadata.summary,
-                           .category = SkillCategory::otherID,
-                           .tags = {},
-                           .maturity = Maturity::active,
-                           .revision = 1,
-                           .createdAt = now,
-                           .updatedAt = now},
-                          m_workspace.config.canonical(candidate.slug)};
-        m_store.writeManifest(skill.manifest, place, Durability::Later);
-        return skill;
-    } catch (...) {
-        bestEffort([&] { removeTree(m_workspace.files, place); });
-        throw;
-    }
+    if (QString::fromStdString(copied.digest) != candidate.digest)
+        throw VORNELWorkspaceError::integrityFailure(u"Le contenu de "_s + candidate.slug +
+                                                     u" a changé depuis le scan."_s);
+    const SkillText::Metadata metadata =
+        SkillText::frontmatterMetadata(m_store.readSkillMD(place, candidate.slug), candidate.slug);
+    const QDateTime now = currentInstant();
+    SkillRecord skill{{.schemaVersion = 1,
+                       .id = QUuid::createUuid(),
+                       .slug = candidate.slug,
+                       .displayName = metadata.name,
+                       .summary = metadata.summary,
+                       .category = SkillCategory::otherID,
+                       .tags = {},
+                       .maturity = Maturity::active,
+                       .revision = 1,
+                       .createdAt = now,
+                       .updatedAt = now},
+                      m_workspace.config.canonical(candidate.slug)};
+    m_store.writeManifest(skill.manifest, place, Durability::Later);
+    return skill;
 }
 
 void ImportCommit::admit(std::span<Entrant> entrants)

@@ -22,6 +22,7 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 
 namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
 
 namespace {
 
@@ -151,6 +152,20 @@ int exchange(const Place &from, const Place &to)
     if (!renamedWith(RENAME_EXCHANGE, from, to, result))
         errno = EOPNOTSUPP;
     return result;
+}
+
+void awaitLock(const Folder &folder, LockMode mode, Clock::time_point deadline)
+{
+    constexpr std::chrono::milliseconds pause{5};
+    const int operation = (mode == LockMode::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
+    while (::flock(folder.descriptor.fd(), operation) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR)
+            fail("lock", folder.path);
+        if (Clock::now() >= deadline)
+            throw VORNELWorkspaceError::integrityFailure(
+                u"Le workspace est occupé par un autre programme."_s);
+        std::this_thread::sleep_for(pause);
+    }
 }
 
 } // namespace
@@ -337,19 +352,13 @@ void PosixFileSystem::flushVolume(const Folder &folder)
 Folder PosixFileSystem::lock(const fs::path &folder, LockMode mode) const
 {
     constexpr std::chrono::seconds longestWait{10};
-    constexpr std::chrono::milliseconds pause{5};
-    const auto deadline = std::chrono::steady_clock::now() + longestWait;
-    const int operation = (mode == LockMode::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
-
-    Folder locked = openFolder(folder);
-    while (::flock(locked.descriptor.fd(), operation) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR)
-            fail("lock", folder);
-        if (std::chrono::steady_clock::now() >= deadline)
-            throw VORNELWorkspaceError::integrityFailure(
-                u"Le workspace est occupé par un autre programme."_s);
-        std::this_thread::sleep_for(pause);
-    }
+    const auto deadline = Clock::now() + longestWait;
+    // The folder above is the door, locked while waiting: a writer who waits there keeps out the readers who
+    // come later. Otherwise readers who take turns could keep the writer out.
+    const Folder door = FileSystem::openFolder(folder.parent_path());
+    awaitLock(door, mode, deadline);
+    Folder locked = FileSystem::openFolder(folder);
+    awaitLock(locked, mode, deadline);
     return locked;
 }
 

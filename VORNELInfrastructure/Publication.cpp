@@ -21,13 +21,15 @@ public:
     Entrance(FileSystem &files, Publication &publication)
         : m_files(files),
           m_publication(publication),
-          m_staging(files.openFolder(publication.staged.parent_path())),
+          m_staging(files.openFolder(publication.stage.path().parent_path())),
           m_home(files.openFolder(publication.destination.parent_path()))
     {}
 
     void pass()
     try {
-        passFrom({m_staging, m_publication.staged.filename()});
+        passFrom({m_staging, m_publication.stage.path().filename()});
+        if (m_publication.former != m_publication.stage.path())
+            m_publication.stage.release();
     } catch (const fs::filesystem_error &error) {
         if (error.code() != std::errc::cross_device_link)
             throw;
@@ -50,7 +52,7 @@ private:
 
     void passFromItsVolume()
     {
-        const Place staged{m_staging, m_publication.staged.filename()};
+        const Place staged{m_staging, m_publication.stage.path().filename()};
         const Place copy{m_home, copyToVolume(m_files, staged, m_home)};
         try {
             passFrom(copy);
@@ -58,7 +60,6 @@ private:
             bestEffort([&] { removeTree(m_files, copy); });
             throw;
         }
-        bestEffort([&] { removeTree(m_files, staged); });
     }
 
     bool exchanged(const Place &newcomer, const Place &destination)
@@ -95,8 +96,8 @@ void publish(FileSystem &files, const std::vector<Publication *> &publications)
     std::vector<fs::path> staged;
     std::set<fs::path> parents;
     for (const Publication *publication : publications) {
-        staged.push_back(publication->staged);
-        parents.insert({publication->staged.parent_path(), publication->destination.parent_path()});
+        staged.push_back(publication->stage.path());
+        parents.insert({publication->stage.path().parent_path(), publication->destination.parent_path()});
     }
     const std::exception_ptr notOnDisk = failureOf([&] { flushTrees(files, staged); });
     for (Publication *publication : publications)
@@ -106,12 +107,11 @@ void publish(FileSystem &files, const std::vector<Publication *> &publications)
         bestEffort([&] { files.flush(files.openFolder(parent)); });
 }
 
-fs::path publish(FileSystem &files, Publication publication)
+void publish(FileSystem &files, Publication &publication)
 {
     publish(files, std::vector{&publication});
     if (publication.failure)
         std::rethrow_exception(publication.failure);
-    return publication.former;
 }
 
 } // namespace vornel

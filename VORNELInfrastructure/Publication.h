@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FileSystem.h"
+#include "Stage.h"
 
 #include <exception>
 #include <vector>
@@ -10,14 +10,15 @@ namespace vornel {
 /// A staged folder on its way to the place where it is to be seen.
 struct Publication
 {
-    std::filesystem::path staged;
+    Stage stage;
     std::filesystem::path destination;
 
     /// Where the folder that stands at the destination goes, when there is one; without a name, nothing must
     /// stand there.
-    std::filesystem::path parking;
+    std::filesystem::path parking = {};
 
-    /// Afterwards, where the folder that was replaced stands now, out of sight; without a name when none was.
+    /// Afterwards, where the folder that was replaced stands now, for the caller to remove; without a name
+    /// when none was. On the stage, it goes with it.
     std::filesystem::path former = {};
 
     std::exception_ptr failure = nullptr; ///< why it did not succeed: all stands where it stood
@@ -28,7 +29,7 @@ struct Publication
 /// between two renames. What fails with one publication is kept with it, and doesn't stop the others.
 void publish(FileSystem &files, const std::vector<Publication *> &publications);
 
-/// The same for one; throws its failure. Returns where the folder that was replaced stands now.
-std::filesystem::path publish(FileSystem &files, Publication publication);
+/// The same for one; throws its failure.
+void publish(FileSystem &files, Publication &publication);
 
 } // namespace vornel

@@ -47,11 +47,12 @@ SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
     ensureUnique(request.slug, trashedManifests(m_workspace));
     const SkillRecord skill{newManifest(request), m_workspace.config.canonical(request.slug)};
 
-    const fs::path stage = m_store.makeStage();
+    Publication skillFolder{m_store.makeStage(), skill.url};
+    const fs::path &stage = skillFolder.stage.path();
     createFolders(m_workspace.files, stage, Durability::Later);
     m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
     m_store.writeManifest(skill.manifest, stage, Durability::Later);
-    publish(m_workspace.files, {.staged = stage, .destination = skill.url, .parking = {}});
+    publish(m_workspace.files, skillFolder);
 
     m_store.createSnapshot(skill.manifest, skill.url);
     TargetSynchronizer(m_workspace).synchronize(skill);
@@ -74,11 +75,11 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
         m_store.createSnapshot(skill.manifest, skill.url);
     advanceRevision(skill.manifest);
 
-    const fs::path stage = m_store.makeStage();
-    SecureFileTree::copyTree(m_workspace.files, skill.url, stage, TreeFilter::all);
-    m_store.writeSkillMD(skillMD, stage);
-    m_store.writeManifest(skill.manifest, stage, Durability::Later);
-    m_store.replaceCanonical(skill.url, stage);
+    Stage stage = m_store.makeStage();
+    SecureFileTree::copyTree(m_workspace.files, skill.url, stage.path(), TreeFilter::all);
+    m_store.writeSkillMD(skillMD, stage.path());
+    m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
+    m_store.replaceCanonical(skill.url, std::move(stage));
 
     m_store.createSnapshot(skill.manifest, skill.url);
     TargetSynchronizer(m_workspace).synchronize(skill);

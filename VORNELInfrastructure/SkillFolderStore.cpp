@@ -37,11 +37,6 @@ void advanceRevision(SkillManifest &manifest)
     manifest.updatedAt = currentInstant();
 }
 
-fs::path SkillFolderStore::makeStage() const
-{
-    return m_config.staging() / pathFromText(uuidText(QUuid::createUuid()));
-}
-
 void SkillFolderStore::writeSkillMD(const QString &text, const fs::path &folder) const
 {
     replaceSkillFile(m_files, folder / SkillFiles::text, text.toUtf8(), Durability::Later);
@@ -87,7 +82,8 @@ QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slu
 
 void SkillFolderStore::createSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    publish(m_files, stageSnapshot(manifest, skillURL));
+    Publication copy = stageSnapshot(manifest, skillURL);
+    publish(m_files, copy);
 }
 
 Publication SkillFolderStore::stageSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
@@ -95,10 +91,11 @@ Publication SkillFolderStore::stageSnapshot(const SkillManifest &manifest, const
     const fs::path name =
         pathFromText(QString::number(manifest.revision) + u'-' + uuidText(QUuid::createUuid()));
     const fs::path history = m_config.historyOf(manifest.id);
-    const fs::path stage = makeStage();
     const bool isFirst = !m_files.kindAt(history);
-    SecureFileTree::copyTree(m_files, skillURL, isFirst ? stage / name : stage, TreeFilter::all);
-    return {.staged = stage, .destination = isFirst ? history : history / name, .parking = {}};
+    Stage stage = makeStage();
+    SecureFileTree::copyTree(m_files, skillURL, isFirst ? stage.path() / name : stage.path(),
+                             TreeFilter::all);
+    return {.stage = std::move(stage), .destination = isFirst ? history : history / name, .parking = {}};
 }
 
 bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest) const
@@ -112,20 +109,23 @@ bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest) const
     });
 }
 
-void SkillFolderStore::replaceCanonical(const fs::path &destination, const fs::path &staged) const
+void SkillFolderStore::replaceCanonical(const fs::path &destination, Stage staged) const
 {
     const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + pathText(destination.filename());
-    discard(publish(m_files, {staged, destination, m_config.recovery() / pathFromText(name)}));
+    Publication swap{std::move(staged), destination, m_config.recovery() / pathFromText(name)};
+    publish(m_files, swap);
+    discard(swap.former);
 }
 
 void SkillFolderStore::discard(const fs::path &folder) const
 {
     const bool isOutOfSight =
         folder.parent_path() == m_config.staging() || folder.filename().native().starts_with('.');
-    const fs::path condemned = isOutOfSight ? folder : makeStage();
-    if (!isOutOfSight)
-        moveTree(m_files, folder, condemned);
-    removeTree(m_files, condemned);
+    if (isOutOfSight)
+        return removeTree(m_files, folder);
+    const Stage condemned = makeStage();
+    moveTree(m_files, folder, condemned.path());
+    removeTree(m_files, condemned.path());
 }
 
 } // namespace vornel

@@ -20,8 +20,8 @@ public:
         : m_files(workspace.files), m_config(workspace.config)
     {}
 
-    /// A fresh place in the staging folder. Nothing is created.
-    std::filesystem::path makeStage() const;
+    /// A fresh place in the staging folder.
+    Stage makeStage() const { return {m_files, m_config.staging()}; }
 
     /// Writes the text into a staged folder.
     void writeSkillMD(const QString &text, const std::filesystem::path &folder) const;
@@ -47,10 +47,9 @@ public:
     /// Whether the history holds a copy of the manifest's revision.
     bool hasSnapshot(const SkillManifest &manifest) const;
 
-    /// Swaps the folder `staged` into `destination`, safely on the disk. Whatever fails, the skill stands
+    /// Swaps the staged folder into `destination`, safely on the disk. Whatever fails, the skill stands
     /// whole at `destination` or, on a volume that can't exchange two folders, in the recovery folder.
-    void replaceCanonical(const std::filesystem::path &destination,
-                          const std::filesystem::path &staged) const;
+    void replaceCanonical(const std::filesystem::path &destination, Stage staged) const;
 
     /// Deletes a folder. It leaves its place first, in one step, so that an interrupted deletion never leaves
     /// half a folder there.

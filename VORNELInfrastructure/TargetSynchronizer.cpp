@@ -116,10 +116,10 @@ try {
     if (isOccupied && digestOf(destination) == canonical)
         return;
 
-    const fs::path stage = m_store.makeStage();
-    SecureFileTree::copyTree(files, skill.url, stage, TreeFilter::excludingManifest);
-    install.copy = {stage, destination,
-                    isOccupied ? recoveryPlace(u"-"_s, install.kind, skill.manifest.slug) : fs::path()};
+    Stage stage = m_store.makeStage();
+    SecureFileTree::copyTree(files, skill.url, stage.path(), TreeFilter::excludingManifest);
+    install.copy.emplace(std::move(stage), destination,
+                         isOccupied ? recoveryPlace(u"-"_s, install.kind, skill.manifest.slug) : fs::path());
 } catch (...) {
     install.failure = std::current_exception();
 }
@@ -133,9 +133,7 @@ void TargetSynchronizer::publishCopies(std::vector<Install> &installs) const
     }
     publish(m_workspace.files, copies);
     for (const Publication *copy : copies) {
-        if (copy->failure)
-            bestEffort([&] { removeTree(m_workspace.files, copy->staged); });
-        else if (!copy->former.empty())
+        if (!copy->former.empty())
             bestEffort([&] { m_store.discard(copy->former); });
     }
 }

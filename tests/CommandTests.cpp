@@ -1,11 +1,8 @@
-#include "Scratch.h"
+#include "Vornelctl.h"
 
 #include <VORNELCore/SerializedForms.h>
 
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
@@ -13,42 +10,6 @@ namespace vornel {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Result
-{
-    int code;
-    QByteArray output;
-    QByteArray errors;
-
-    QJsonDocument json() const { return QJsonDocument::fromJson(output); }
-    QJsonObject error() const { return QJsonDocument::fromJson(errors).object(); }
-};
-
-class Vornelctl : public testing::Test, protected Scratch
-{
-protected:
-    Result run(const QStringList &arguments, const QByteArray &input = {}) const
-    {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"LC_ALL"_s, u"C"_s);
-        environment.insert(u"HOME"_s, pathText(path("home")));
-        environment.insert(u"VORNEL_CODEX_SKILLS_PATH"_s, pathText(path("codex")));
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(pathText(path()));
-        process.start(QStringLiteral(VORNELCTL), QStringList{u"--workspace"_s, u"ws"_s} + arguments);
-        process.write(input);
-        process.closeWriteChannel();
-        process.waitForFinished();
-        return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-    }
-
-    /// The words of a command line without quoting.
-    Result run(const char *line, const QByteArray &input = {}) const
-    {
-        return run(QString::fromUtf8(line).split(u' '), input);
-    }
-};
 
 TEST_F(Vornelctl, ImportsRealFolders)
 {

@@ -247,28 +247,5 @@ TEST(Service, RunsOperationsOneByOneInTheOrderOfTheCalls)
         EXPECT_EQ(saves[revision - 1].result().skillMD, QString::number(revision));
 }
 
-TEST(Service, SharesAWorkspaceWithOthers)
-{
-    TestWorkspace first;
-    const SkillDetail demo = first.create(u"demo"_s);
-    LocalWorkspaceService second(std::make_shared<PosixFileSystem>());
-    second.bootstrap(first.path("workspace"), first.path("claude"), first.path("codex")).waitForFinished();
-
-    int saved = 0;
-    for (int round = 0; round < 10; ++round) {
-        const auto ours = first.service->saveSkill(demo.manifest.id, round + 1, u"a"_s);
-        const auto theirs = second.saveSkill(demo.manifest.id, round + 1, u"b"_s);
-        for (QFuture<SkillDetail> save : {ours, theirs}) {
-            try {
-                save.waitForFinished();
-                saved += save.result().manifest.revision == round + 2 ? 1 : 0;
-            } catch (const Error &error) {
-                EXPECT_EQ(error, Error::revisionConflict(round + 1, round + 2));
-            }
-        }
-    }
-    EXPECT_EQ(saved, 10);
-}
-
 } // namespace
 } // namespace vornel

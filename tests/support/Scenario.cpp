@@ -107,12 +107,6 @@ Scenario operation(const char *name, std::function<void(Service &)> run, const c
     return {name, buildLibrary, std::move(run), QString::fromUtf8(line).split(u' '), std::move(refusal)};
 }
 
-/// A start on what `build` has left.
-Scenario start(const char *name, void (*build)(const std::filesystem::path &))
-{
-    return {name, build, [](Service &service) { service.reload().result(); }, {u"list"_s}, std::nullopt};
-}
-
 std::vector<Scenario> allScenarios()
 {
     const Error done = Error::skillNotFound({});
@@ -129,8 +123,16 @@ std::vector<Scenario> allScenarios()
         operation("deletePermanently", deletePermanently, "delete gone", done),
         operation("emptyTrash", emptyTrash, "empty-trash"),
         operation("import", import, "import --prefer codex"),
-        start("firstStart", writeAssistantsFolders),
-        start("startAfterCrashes", buildInterruptedLibrary),
+        {"firstImport",
+         writeAssistantsFolders,
+         import,
+         {u"import"_s, u"--prefer"_s, u"codex"_s},
+         std::nullopt},
+        {"startAfterCrashes",
+         buildInterruptedLibrary,
+         [](Service &service) { service.reload().result(); },
+         {u"list"_s},
+         std::nullopt},
     };
 }
 

@@ -62,10 +62,10 @@ std::map<std::string, std::string> Scratch::tree(const std::string &below) const
     return tree;
 }
 
-WorkspaceHold::WorkspaceHold(const fs::path &workspace)
+WorkspaceHold::WorkspaceHold(const fs::path &workspace, LockMode mode)
     : m_lock(::open((workspace / ".vornel").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
-    if (m_lock < 0 || ::flock(m_lock, LOCK_EX) != 0)
+    if (m_lock < 0 || ::flock(m_lock, mode == LockMode::Shared ? LOCK_SH : LOCK_EX) != 0)
         throw std::runtime_error("the workspace can't be locked");
 }
 

@@ -37,11 +37,12 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// Holds a workspace locked, as another program would: operations wait for as long as it lives.
+/// Holds a workspace locked, as another program that writes or reads would: operations wait for as long as it
+/// lives.
 class WorkspaceHold
 {
 public:
-    explicit WorkspaceHold(const std::filesystem::path &workspace);
+    explicit WorkspaceHold(const std::filesystem::path &workspace, LockMode mode = LockMode::Exclusive);
     ~WorkspaceHold();
     WorkspaceHold(const WorkspaceHold &) = delete;
     WorkspaceHold &operator=(const WorkspaceHold &) = delete;

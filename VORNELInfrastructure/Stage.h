@@ -1,0 +1,32 @@
+#pragma once
+
+#include "FileSystem.h"
+
+namespace vornel {
+
+/// A place of its own in the staging folder, where a folder is made before it is shown. What stands there at
+/// the end is removed: left behind, it would take up room until the next start.
+class Stage
+{
+public:
+    /// Creates nothing.
+    Stage(FileSystem &files, const std::filesystem::path &staging);
+    Stage(Stage &&other) noexcept
+        : m_files(std::exchange(other.m_files, nullptr)), m_path(std::move(other.m_path))
+    {}
+    Stage &operator=(Stage &&) = delete;
+    Stage(const Stage &) = delete;
+    Stage &operator=(const Stage &) = delete;
+    ~Stage();
+
+    const std::filesystem::path &path() const { return m_path; }
+
+    /// Leaves what stands there to itself.
+    void release() { m_files = nullptr; }
+
+private:
+    FileSystem *m_files;
+    std::filesystem::path m_path;
+};
+
+} // namespace vornel
