@@ -164,8 +164,10 @@ QJsonValue encode(const QVariant &value)
 
 QByteArray document(const QJsonValue &value)
 {
-    return value.isArray() ? QJsonDocument(value.toArray()).toJson()
-                           : QJsonDocument(value.toObject()).toJson();
+    QByteArray document =
+        value.isArray() ? QJsonDocument(value.toArray()).toJson() : QJsonDocument(value.toObject()).toJson();
+    // Qt passes over a byte-order mark at the beginning of a string that it reads, unless it is escaped.
+    return document.replace("\xEF\xBB\xBF", "\\ufeff");
 }
 
 QVariant decodeDocument(const QByteArray &document, QMetaType type)

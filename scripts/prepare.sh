@@ -8,6 +8,7 @@ build_packages="cmake g++ librsvg2-bin ninja-build libssl-dev qt6-base-dev $wind
 test_packages="$build_packages at-spi2-core bash-completion dbus gir1.2-atspi-2.0 libgtest-dev libx11-6 python3-gi
     qml6-module-qttest strace xvfb zsh"
 check_packages="$test_packages clang-format-14 clang-tidy-16 git libbenchmark-dev"
+fuzz_packages="$build_packages clang-16 libclang-rt-16-dev"
 package_packages="$build_packages dpkg-dev file"
 benchmark_packages="$build_packages diffutils libbenchmark-dev openssl python3 rsync"
 

@@ -119,6 +119,12 @@ TEST(Json, WritesAManifestSortedAndReadsItBackEqual)
     for (const char *text : {"\"5A3F0E1C-8C7B-4E57-9B1F-0123456789AB\"", "\"2026-02-28T09:30:00Z\"",
                              "Démo / essai", "9007199254740993", "\"maturity\": \"ready\""})
         EXPECT_TRUE(document.contains(text)) << text << " in " << document.constData();
+
+    SkillManifest marked = sampleManifest();
+    marked.displayName = u"\uFEFFmarque d’ordre\uFEFF"_s;
+    marked.tags = {u"\uFEFF"_s};
+    EXPECT_EQ(RecordJson::decodeDocument<SkillManifest>(RecordJson::document(RecordJson::encode(marked))),
+              marked);
 }
 
 TEST(Json, RefusesAManifestOfWhichAnyFieldIsMissingOrWrong)

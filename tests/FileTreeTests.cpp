@@ -12,9 +12,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <fstream>
-#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -147,40 +145,6 @@ TEST_F(FileTree, RefusesEndlessNestingAndCanBeRemovedAllTheSame)
     EXPECT_NE(error->as<WorkspaceErrorCase::UnsafeImport>(), nullptr);
     removeTree(files, path("tree"));
     EXPECT_FALSE(fs::exists(path("tree")));
-}
-
-TEST_F(FileTree, NeverReadsThroughAFolderSwappedForALink)
-{
-    write("secret/inner/file", "secret");
-    write("tree/sub/inner/file", "public");
-    const std::string digest = snapshot().digest;
-    std::atomic<bool> stop = false;
-    std::jthread swapper([&] {
-        while (!stop) {
-            fs::rename(path("tree/sub"), path("aside"));
-            fs::create_directory_symlink(path("secret"), path("tree/sub"));
-            fs::remove(path("tree/sub"));
-            fs::rename(path("aside"), path("tree/sub"));
-        }
-    });
-    int whole = 0;
-    for (int round = 0; round < 2000; ++round) {
-        try {
-            const FileTreeSnapshot tree = snapshot();
-            if (tree.entries.size() == 3) {
-                EXPECT_EQ(tree.digest, digest);
-                ++whole;
-            }
-        } catch (const Error &error) {
-            EXPECT_EQ(error, Error::symlinkUnsupported(u"sub"_s));
-        } catch (const fs::filesystem_error &error) {
-            EXPECT_TRUE(error.code() == std::errc::no_such_file_or_directory ||
-                        error.code() == std::errc::not_a_directory)
-                << error.what();
-        }
-    }
-    stop = true;
-    EXPECT_GT(whole, 0);
 }
 
 TEST_F(FileTree, IsCopiedWithPermissionsOfItsOwn)
