@@ -1,5 +1,7 @@
 #pragma once
 
+#include <exception>
+
 namespace vornel {
 
 /// Runs a clean-up whose own failure changes nothing: what was thrown before is what is reported.
@@ -9,6 +11,18 @@ void bestEffort(const Cleanup &cleanup) noexcept
     try {
         cleanup();
     } catch (...) { // NOLINT(bugprone-empty-catch)
+    }
+}
+
+/// Runs `step`; returns what it threw, to be told later.
+template <typename Step>
+std::exception_ptr failureOf(const Step &step) noexcept
+{
+    try {
+        step();
+        return nullptr;
+    } catch (...) {
+        return std::current_exception();
     }
 }
 

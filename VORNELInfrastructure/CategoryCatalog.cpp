@@ -1,6 +1,7 @@
 #include "CategoryCatalog.h"
 
 #include "CategoryRules.h"
+#include "FileOperations.h"
 #include "SkillFiles.h"
 #include "SkillRecords.h"
 
@@ -107,7 +108,7 @@ void writeCategoryCatalog(const CategoryCatalog &catalog, const Workspace &works
     const QByteArray document = RecordJson::document(RecordJson::encode(catalog));
     if (document.size() > SkillFiles::sizeLimit)
         throw VORNELWorkspaceError::integrityFailure(u"Le catalogue de catégories est invalide."_s);
-    workspace.files.replaceFile(workspace.config.categories(), document);
+    replaceFile(workspace.files, workspace.config.categories(), document, Durability::Now);
 }
 
 void prepareCategoryCatalog(const Workspace &workspace)

@@ -80,7 +80,7 @@ void CategoryEditing::rewrite(SkillRecord &skill, const QString &category) const
 {
     skill.manifest.category = category;
     advanceRevision(skill.manifest);
-    SkillFolderStore(m_workspace).writeManifest(skill.manifest, skill.url);
+    SkillFolderStore(m_workspace).writeManifest(skill.manifest, skill.url, Durability::Now);
 }
 
 void CategoryEditing::moveActiveSkill(SkillRecord skill, const QString &category) const

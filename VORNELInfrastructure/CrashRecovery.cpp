@@ -3,6 +3,7 @@
 #include "BestEffort.h"
 #include "SkillFolderStore.h"
 #include "SkillRecords.h"
+#include "TreeOperations.h"
 
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
@@ -53,7 +54,7 @@ void bringBackSwappedFolders(const Workspace &workspace)
             if (store.hasSnapshot(parked.manifest))
                 bestEffort([&] { store.discard(parked.url); });
         } else if (!workspace.files.kindAt(workspace.config.trashed(parked.manifest.id))) {
-            workspace.files.move(parked.url, canonical);
+            moveTree(workspace.files, parked.url, canonical);
         }
     }
 }
@@ -80,7 +81,7 @@ void removeAbandonedStages(const Workspace &workspace)
     for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(staging))) {
         bestEffort([&] {
             finishDeletion(workspace, entry.name);
-            workspace.files.removeTree(staging / entry.name);
+            removeTree(workspace.files, staging / entry.name);
         });
     }
 }
@@ -100,7 +101,7 @@ void removeUnfinishedParts(FileSystem &files, const Folder &folder, Reach reach)
     for (const FolderEntry &entry : files.list(folder)) {
         bestEffort([&] {
             if (isUnfinished(entry.name))
-                files.removeTree(fs::path(folder.path) / entry.name);
+                removeTree(files, {folder, entry.name});
             else if (reach == Reach::EntriesOfEntries && entry.kind == FileKind::Directory)
                 removeUnfinishedParts(files, files.openFolder(folder, entry.name), Reach::Entries);
         });

@@ -1,15 +1,27 @@
 #include "FileSystem.h"
 
 #include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
 
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
+#include <ranges>
+#include <string_view>
 
 namespace vornel {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+bool isWithin(std::string_view path, std::string_view folder)
+{
+    return path.starts_with(folder) &&
+           (path.size() == folder.size() || path[folder.size()] == '/' || folder == "/");
+}
+
+} // namespace
 
 Descriptor::~Descriptor()
 {
@@ -19,45 +31,38 @@ Descriptor::~Descriptor()
 
 bool isInside(const fs::path &path, const fs::path &folder)
 {
-    const std::string inner = standardizedPath(path).native();
-    std::string outer = standardizedPath(folder).native();
-    if (inner == outer)
-        return true;
-    if (!outer.ends_with('/'))
-        outer += '/';
-    return inner.starts_with(outer);
+    return isWithin(standardizedPath(path).native(), standardizedPath(folder).native());
 }
 
-QByteArray readFile(const FileSystem &files, const Folder &folder, const std::string &name,
-                    std::int64_t limit)
+const fs::path &FileSystem::rootOf(const fs::path &path) const
 {
-    const File file = files.openFile(folder, name);
-    if (file.size > limit)
-        throw fs::filesystem_error("read", fs::path(folder.path) / name,
-                                   std::make_error_code(std::errc::file_too_large));
-    QByteArray content;
-    content.reserve(file.size);
-    readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });
-    return content;
+    const auto root = std::ranges::find_if(
+        m_roots, [&path](const fs::path &folder) { return isWithin(path.native(), folder.native()); });
+    if (root == m_roots.end())
+        throw VORNELWorkspaceError::invalidPath(PathViolation::outsideRoot);
+    return *root;
 }
 
-QByteArray readFile(const FileSystem &files, const fs::path &path, std::int64_t limit)
+Folder FileSystem::openFolder(const fs::path &path) const
 {
-    return readFile(files, files.openFolder(path.parent_path()), path.filename().native(), limit);
-}
-
-void readWhole(const FileSystem &files, const File &file, const std::function<void(QByteArrayView)> &sink)
-{
-    std::array<char, 64UL * 1024> buffer;
-    for (std::int64_t offset = 0; offset < file.size;) {
-        const auto left = static_cast<std::size_t>(file.size - offset);
-        const std::size_t count =
-            files.read(file, offset, std::span(buffer).first(std::min(left, buffer.size())));
-        if (count == 0)
-            return;
-        offset += static_cast<std::int64_t>(count);
-        sink(QByteArrayView(buffer.data(), static_cast<qsizetype>(count)));
+    const fs::path &root = rootOf(path);
+    Folder folder = openFolder(openAbove(root.parent_path()), root.filename());
+    for (const auto name :
+         std::views::split(std::string_view(path.native()).substr(root.native().size()), '/')) {
+        if (!name.empty())
+            folder = openFolder(folder, std::string(name.begin(), name.end()));
     }
+    return folder;
+}
+
+std::optional<FileKind> FileSystem::kindAt(const fs::path &path) const
+try {
+    const bool isRoot = path == rootOf(path);
+    return kindAt(isRoot ? openAbove(path.parent_path()) : openFolder(path.parent_path()), path.filename());
+} catch (const fs::filesystem_error &error) {
+    if (error.code() == std::errc::no_such_file_or_directory || error.code() == std::errc::not_a_directory)
+        return std::nullopt;
+    throw;
 }
 
 } // namespace vornel

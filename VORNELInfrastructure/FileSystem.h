@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -51,6 +50,14 @@ struct File
 {
     Descriptor descriptor;
     std::int64_t size; ///< bytes
+    std::string path;  ///< where it was opened, for messages
+};
+
+/// An entry of an open folder, by its name, whether or not anything stands there.
+struct Place
+{
+    const Folder &folder;
+    std::string name;
 };
 
 /// An entry of a folder. Names are bytes, as the disk holds them.
@@ -63,31 +70,43 @@ struct FolderEntry
 /// How a folder is locked: by any number of readers, or by one writer.
 enum class LockMode { Shared, Exclusive };
 
-/// Every access to the disk. Paths are absolute and must lie in one of the roots; a link is never followed
-/// below a root. What can't be done is thrown as `std::filesystem::filesystem_error`; a link in the way as
-/// `symlinkUnsupported` with its path; a path outside the roots as `invalidPath(outsideRoot)`.
+/// What a rename does with what stands at the new place: there must be nothing; a file is replaced in one
+/// step; the two change places in one step.
+enum class RenameMode { ToFreePlace, OntoFile, Exchange };
+
+/// Every access to the disk, one step each, so that a test can stand between any two. Names are one
+/// component; a link is never followed below a root. What can't be done is thrown as
+/// `std::filesystem::filesystem_error`; a link in the way as `symlinkUnsupported` with its path; a path
+/// outside the roots as `invalidPath(outsideRoot)`. What was changed may be undone by a loss of power until
+/// it has been flushed: names with their folder, bytes with their file.
 class FileSystem
 {
 public:
     virtual ~FileSystem() = default;
 
+    /// Sets the roots, standardised. Until then every path is outside.
+    void confine(std::vector<std::filesystem::path> roots) { m_roots = std::move(roots); }
+
+    /// The root in which an absolute path lies.
+    const std::filesystem::path &rootOf(const std::filesystem::path &path) const;
+
+    /// What stands at `path`; nothing when nothing does.
+    std::optional<FileKind> kindAt(const std::filesystem::path &path) const;
+
+    Folder openFolder(const std::filesystem::path &path) const;
+
     /// Where a path leads once its links are followed. It need not exist, nor lie in a root.
     virtual std::filesystem::path resolved(const std::filesystem::path &path) const = 0;
 
-    /// Sets the roots. Until then every path is outside.
-    virtual void confine(std::vector<std::filesystem::path> roots) = 0;
+    /// Opens a folder that holds a root, or one above it; its links are followed, as they are the user's own.
+    virtual Folder openAbove(const std::filesystem::path &path) const = 0;
 
-    /// What stands at `path`; nothing when nothing does.
-    virtual std::optional<FileKind> kindAt(const std::filesystem::path &path) const = 0;
-
+    virtual Folder openFolder(const Folder &parent, const std::string &name) const = 0;
     virtual std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const = 0;
 
     /// When the entry was last moved or otherwise changed, which nobody can set (UTC); nothing when nothing
     /// is there.
     virtual std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const = 0;
-
-    virtual Folder openFolder(const std::filesystem::path &path) const = 0;
-    virtual Folder openFolder(const Folder &parent, const std::string &name) const = 0;
 
     /// Everything in the folder, hidden entries too, in no order. An open folder can be listed once.
     virtual std::vector<FolderEntry> list(const Folder &folder) const = 0;
@@ -101,38 +120,46 @@ public:
     /// Creates a folder that must not exist yet (permissions 700).
     virtual Folder createFolder(const Folder &parent, const std::string &name) = 0;
 
-    /// Creates `path` with the folders above it (permissions 700). Existing folders are kept as they are.
-    virtual void createFolders(const std::filesystem::path &path) = 0;
+    /// Creates a file for writing that must not exist yet (permissions 600).
+    virtual File createFile(const Folder &folder, const std::string &name) = 0;
 
-    /// Creates a file that must not exist yet (permissions 600).
-    virtual void createFile(const Folder &folder, const std::string &name, QByteArrayView bytes) = 0;
+    /// Appends bytes to a created file.
+    virtual void write(const File &file, QByteArrayView bytes) = 0;
 
-    /// Creates or replaces a file (permissions 600): whoever reads it sees the old bytes or the new, whole,
-    /// also after a loss of power.
-    virtual void replaceFile(const std::filesystem::path &path, QByteArrayView bytes) = 0;
+    /// Moves an entry. `cross_device_link` between volumes; `operation_not_supported` for an exchange where
+    /// the volume can't do it.
+    virtual void rename(const Place &from, const Place &to, RenameMode mode) = 0;
 
-    /// Moves a file or folder to a place where nothing stands, across volumes too.
-    virtual void move(const std::filesystem::path &from, const std::filesystem::path &to) = 0;
+    /// Removes a file, a link or an empty folder.
+    virtual void remove(const Folder &folder, const std::string &name) = 0;
 
-    /// Puts a folder with everything in it on the disk, where the loss of power can't harm it.
-    virtual void flush(const std::filesystem::path &folder) = 0;
+    /// Creates a link that leads where the link `from` does.
+    virtual void copyLink(const Place &from, const Place &to) = 0;
 
-    /// Removes a file, a link, or a folder with everything in it.
-    virtual void removeTree(const std::filesystem::path &path) = 0;
+    /// Gives a file or folder the permissions and times of another.
+    virtual void copyAttributes(const Place &from, const Place &to) = 0;
+
+    /// Makes the disk begin to write the bytes of a file, without waiting.
+    virtual void startWriting(const File &file) = 0;
+
+    /// Waits until the bytes of a file are on the disk.
+    virtual void flush(const File &file) = 0;
+
+    /// Waits until the names in a folder are on the disk. A volume that doesn't know of this is taken at its
+    /// word.
+    virtual void flush(const Folder &folder) = 0;
+
+    /// Waits until everything on the folder's volume is on the disk, what others wrote too.
+    virtual void flushVolume(const Folder &folder) = 0;
 
     /// Locks a folder for as long as the result lives. After ten seconds of waiting: `integrityFailure`.
     virtual Folder lock(const std::filesystem::path &folder, LockMode mode) const = 0;
+
+private:
+    std::vector<std::filesystem::path> m_roots;
 };
 
 /// Whether `path` is `folder` or lies below it, by their texts.
 bool isInside(const std::filesystem::path &path, const std::filesystem::path &folder);
-
-/// The bytes of a file of at most `limit` bytes; a larger one is a `filesystem_error`.
-QByteArray readFile(const FileSystem &files, const Folder &folder, const std::string &name,
-                    std::int64_t limit);
-QByteArray readFile(const FileSystem &files, const std::filesystem::path &path, std::int64_t limit);
-
-/// Hands the bytes of `file` to `sink`, up to the size that it had when it was opened.
-void readWhole(const FileSystem &files, const File &file, const std::function<void(QByteArrayView)> &sink);
 
 } // namespace vornel

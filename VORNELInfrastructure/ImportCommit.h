@@ -6,6 +6,7 @@
 #include <VORNELCore/ImportModels.h>
 
 #include <functional>
+#include <span>
 
 namespace vornel {
 
@@ -25,10 +26,18 @@ public:
     void run(const ImportPlan &plan, const Progress &progress);
 
 private:
-    void importCandidate(const ImportCandidate &candidate);
-    void adopt(const ImportCandidate &candidate, const SkillRecord &skill) const;
-    SkillRecord addToLibrary(const ImportCandidate &candidate) const;
-    void stageSource(const ImportCandidate &candidate, const std::filesystem::path &stage) const;
+    struct Entrant;
+
+    void importBatch(const QList<ImportCandidate> &batch, const std::function<void()> &staged);
+    Entrant prepare(const ImportCandidate &candidate) const;
+    const SkillRecord *activeSkill(const QString &slug) const;
+
+    /// Whether the folder still holds what the scan has found.
+    bool holdsContent(const ImportCandidate &candidate, const std::filesystem::path &folder) const;
+    SkillRecord stage(const ImportCandidate &candidate, const std::filesystem::path &place) const;
+    void admit(std::span<Entrant> entrants);
+    void keepHistory(const QList<SkillRecord> &skills) const;
+    void adopt(const Entrant &entrant) const;
 
     const Workspace &m_workspace;
     SkillFolderStore m_store;

@@ -1,13 +1,12 @@
 #include "PosixFileSystem.h"
 
-#include "PosixCalls.h"
-
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,8 +14,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstring>
-#include <ranges>
-#include <string_view>
+#include <system_error>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -24,11 +22,60 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 
 namespace fs = std::filesystem;
-using namespace PosixCalls;
 
 namespace {
 
 constexpr mode_t ownerOnly = 0700;
+constexpr mode_t ownerReadWrite = 0600;
+
+/// Throws `errno` as an error about `path`; `operation` is the system's word for what failed.
+[[noreturn]] void fail(const char *operation, const fs::path &path)
+{
+    throw fs::filesystem_error(operation, path, std::error_code(errno, std::system_category()));
+}
+
+std::string pathOf(const Folder &folder, const std::string &name)
+{
+    return folder.path + '/' + name;
+}
+
+std::string pathOf(const Place &place)
+{
+    return pathOf(place.folder, place.name);
+}
+
+void refuseSeveralComponents(const std::string &name)
+{
+    if (name.empty() || name == "." || name == ".." || name.find('/') != std::string::npos)
+        throw VORNELWorkspaceError::invalidPath(PathViolation::outsideRoot);
+}
+
+FileKind kindOf(mode_t mode)
+{
+    if (S_ISREG(mode))
+        return FileKind::Regular;
+    if (S_ISDIR(mode))
+        return FileKind::Directory;
+    return S_ISLNK(mode) ? FileKind::SymbolicLink : FileKind::Other;
+}
+
+/// Of the entry itself, where it is a link; nothing when nothing is there.
+std::optional<struct stat> statusOf(const Folder &folder, const std::string &name)
+{
+    struct stat status
+    {};
+    if (::fstatat(folder.descriptor.fd(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return status;
+    if (errno != ENOENT)
+        fail("stat", pathOf(folder, name));
+    return std::nullopt;
+}
+
+std::optional<FileKind> kindOf(const Folder &folder, const std::string &name)
+{
+    const auto status = statusOf(folder, name);
+    return status ? std::optional(kindOf(status->st_mode)) : std::nullopt;
+}
 
 FileKind kindOf(const Folder &folder, const dirent64 &entry)
 {
@@ -40,77 +87,70 @@ FileKind kindOf(const Folder &folder, const dirent64 &entry)
     case DT_LNK:
         return FileKind::SymbolicLink;
     case DT_UNKNOWN:
-        return PosixCalls::kindOf(folder, entry.d_name).value_or(FileKind::Other);
+        return kindOf(folder, entry.d_name).value_or(FileKind::Other);
     default:
         return FileKind::Other;
     }
 }
 
-Folder openRoot(const fs::path &root)
+/// Opens an entry that is no link; throws `symlinkUnsupported` when it is one.
+Descriptor open(const Folder &folder, const std::string &name, int flags)
 {
-    Descriptor descriptor(::open(root.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    refuseSeveralComponents(name);
+    Descriptor descriptor(
+        ::openat(folder.descriptor.fd(), name.c_str(), flags | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY));
     if (descriptor.fd() >= 0)
-        return {std::move(descriptor), root.native()};
+        return descriptor;
     const int error = errno;
-    struct stat status
-    {};
-    if (::lstat(root.c_str(), &status) == 0 && S_ISLNK(status.st_mode))
-        throw VORNELWorkspaceError::symlinkUnsupported(pathText(root));
+    const std::optional<FileKind> kind =
+        error == ELOOP || error == ENOTDIR ? kindOf(folder, name) : std::nullopt;
+    // What was no folder a moment ago and is one now was a link, swapped back in between.
+    if (kind == FileKind::SymbolicLink || kind == FileKind::Directory)
+        throw VORNELWorkspaceError::symlinkUnsupported(pathText(pathOf(folder, name)));
     errno = error;
-    fail("open", root);
+    fail("open", pathOf(folder, name));
 }
 
-/// The names of the folders that lead from `root` to `path`.
-std::vector<std::string> componentsBelow(const fs::path &root, const fs::path &path)
+/// Of an entry that is no link, whatever the umask.
+void setPermissions(const Place &place, mode_t mode)
 {
-    std::vector<std::string> names;
-    for (const auto component :
-         std::views::split(std::string_view(path.native()).substr(root.native().size()), '/')) {
-        if (!component.empty())
-            names.emplace_back(component.begin(), component.end());
-    }
-    return names;
+    if (::fchmodat(place.folder.descriptor.fd(), place.name.c_str(), mode, AT_SYMLINK_NOFOLLOW) != 0)
+        fail("chmod", pathOf(place));
 }
 
-/// Creates a root with the folders above it; links above it are followed, as they are the user's own.
-void createRoot(const fs::path &root)
+/// Renames with a mode that not every volume knows. Returns whether this one does, with `errno` of the
+/// rename.
+bool renamedWith(unsigned int flag, const Place &from, const Place &to, int &result)
 {
-    if (fs::is_directory(root))
-        return;
-    if (root.has_relative_path())
-        createRoot(root.parent_path());
-    if (::mkdir(root.c_str(), ownerOnly) == 0) {
-        if (::chmod(root.c_str(), ownerOnly) != 0)
-            fail("chmod", root);
-    } else if (errno != EEXIST) {
-        fail("mkdir", root);
-    } else if (!fs::is_directory(root)) {
-        errno = ENOTDIR; // which tells more than that something is there
-        fail("mkdir", root);
-    }
+    result = ::renameat2(from.folder.descriptor.fd(), from.name.c_str(), to.folder.descriptor.fd(),
+                         to.name.c_str(), flag);
+    return result == 0 || (errno != EINVAL && errno != ENOSYS);
 }
 
-/// Puts the names in a folder on the disk. A name that gets lost with the power changes nothing that is
-/// whole, so a disk that can't do this is no reason to fail.
-void flushNames(const Folder &folder)
+int renameOnto(const Place &from, const Place &to)
 {
-    ::fsync(folder.descriptor.fd());
+    return ::renameat(from.folder.descriptor.fd(), from.name.c_str(), to.folder.descriptor.fd(),
+                      to.name.c_str());
 }
 
-/// Renames without ever replacing what may stand at the new place. Returns false with `errno` set.
-bool renameToFreePlace(const Folder &from, const std::string &name, const Folder &to,
-                       const std::string &newName)
+int renameToFreePlace(const Place &from, const Place &to)
 {
-    if (::renameat2(from.descriptor.fd(), name.c_str(), to.descriptor.fd(), newName.c_str(),
-                    RENAME_NOREPLACE) == 0)
-        return true;
-    if (errno != EINVAL && errno != ENOSYS)
-        return false;
-    if (PosixCalls::kindOf(to, newName)) {
+    int result = 0;
+    if (renamedWith(RENAME_NOREPLACE, from, to, result))
+        return result;
+    if (kindOf(to.folder, to.name)) {
         errno = EEXIST;
-        return false;
+        return -1;
     }
-    return ::renameat(from.descriptor.fd(), name.c_str(), to.descriptor.fd(), newName.c_str()) == 0;
+    return renameOnto(from, to);
+}
+
+int exchange(const Place &from, const Place &to)
+{
+    int result = 0;
+    if (!renamedWith(RENAME_EXCHANGE, from, to, result))
+        errno = EOPNOTSUPP;
+    return result;
 }
 
 } // namespace
@@ -120,61 +160,31 @@ fs::path PosixFileSystem::resolved(const fs::path &path) const
     return fs::weakly_canonical(path);
 }
 
-void PosixFileSystem::confine(std::vector<fs::path> roots)
+Folder PosixFileSystem::openAbove(const fs::path &path) const
 {
-    m_roots = std::move(roots);
-}
-
-const fs::path &PosixFileSystem::rootOf(const fs::path &path) const
-{
-    const auto contains = [&path](const fs::path &root) {
-        const std::string_view text = path.native();
-        const std::string_view top = root.native();
-        return text.starts_with(top) && (text.size() == top.size() || text[top.size()] == '/' || top == "/");
-    };
-    const auto root = std::ranges::find_if(m_roots, contains);
-    if (root == m_roots.end())
-        throw VORNELWorkspaceError::invalidPath(PathViolation::outsideRoot);
-    return *root;
-}
-
-std::optional<FileKind> PosixFileSystem::kindAt(const fs::path &path) const
-try {
-    if (path != rootOf(path))
-        return kindAt(openFolder(path.parent_path()), path.filename().native());
-    struct stat status
-    {};
-    if (::lstat(path.c_str(), &status) != 0)
-        fail("stat", path);
-    return PosixCalls::kindOf(status.st_mode);
-} catch (const fs::filesystem_error &error) {
-    if (error.code() == std::errc::no_such_file_or_directory || error.code() == std::errc::not_a_directory)
-        return std::nullopt;
-    throw;
-}
-
-std::optional<FileKind> PosixFileSystem::kindAt(const Folder &folder, const std::string &name) const
-{
-    return PosixCalls::kindOf(folder, name);
-}
-
-std::optional<QDateTime> PosixFileSystem::changedAt(const Folder &folder, const std::string &name) const
-{
-    return PosixCalls::changedAt(folder, name);
-}
-
-Folder PosixFileSystem::openFolder(const fs::path &path) const
-{
-    const fs::path &root = rootOf(path);
-    Folder folder = openRoot(root);
-    for (const std::string &component : componentsBelow(root, path))
-        folder = openFolder(folder, component);
-    return folder;
+    int fd = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0 && errno == EACCES) // one may pass through a folder that one may not list
+        fd = ::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0)
+        fail("open", path);
+    return {Descriptor(fd), path == "/" ? std::string() : path.native()};
 }
 
 Folder PosixFileSystem::openFolder(const Folder &parent, const std::string &name) const
 {
-    return {PosixCalls::open(parent, name, O_RDONLY | O_DIRECTORY), parent.path + '/' + name};
+    return {open(parent, name, O_RDONLY | O_DIRECTORY), pathOf(parent, name)};
+}
+
+std::optional<FileKind> PosixFileSystem::kindAt(const Folder &folder, const std::string &name) const
+{
+    return kindOf(folder, name);
+}
+
+std::optional<QDateTime> PosixFileSystem::changedAt(const Folder &folder, const std::string &name) const
+{
+    const auto status = statusOf(folder, name);
+    return status ? std::optional(QDateTime::fromSecsSinceEpoch(status->st_ctim.tv_sec, Qt::UTC))
+                  : std::nullopt;
 }
 
 std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
@@ -199,15 +209,15 @@ std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
 
 File PosixFileSystem::openFile(const Folder &folder, const std::string &name) const
 {
-    Descriptor descriptor = PosixCalls::open(folder, name, O_RDONLY | O_NONBLOCK);
+    const std::string path = pathOf(folder, name);
+    Descriptor descriptor = open(folder, name, O_RDONLY | O_NONBLOCK);
     struct stat status
     {};
     if (::fstat(descriptor.fd(), &status) != 0)
-        fail("stat", folder.path + '/' + name);
+        fail("stat", path);
     if (!S_ISREG(status.st_mode))
-        throw fs::filesystem_error("open", folder.path + '/' + name,
-                                   std::make_error_code(std::errc::not_supported));
-    return {std::move(descriptor), status.st_size};
+        throw fs::filesystem_error("open", path, std::make_error_code(std::errc::not_supported));
+    return {std::move(descriptor), status.st_size, path};
 }
 
 std::size_t PosixFileSystem::read(const File &file, std::int64_t offset, std::span<char> buffer) const
@@ -217,18 +227,17 @@ std::size_t PosixFileSystem::read(const File &file, std::int64_t offset, std::sp
         if (count >= 0)
             return static_cast<std::size_t>(count);
         if (errno != EINTR)
-            fail("read", placeOf(file.descriptor));
+            fail("read", file.path);
     }
 }
 
 Folder PosixFileSystem::createFolder(const Folder &parent, const std::string &name)
 {
+    refuseSeveralComponents(name);
     if (::mkdirat(parent.descriptor.fd(), name.c_str(), ownerOnly) != 0)
-        fail("mkdir", parent.path + '/' + name);
+        fail("mkdir", pathOf(parent, name));
     try {
-        if (::fchmodat(parent.descriptor.fd(), name.c_str(), ownerOnly, AT_SYMLINK_NOFOLLOW) != 0 &&
-            errno != ENOTSUP)
-            fail("chmod", parent.path + '/' + name);
+        setPermissions({parent, name}, ownerOnly);
         return openFolder(parent, name);
     } catch (...) {
         ::unlinkat(parent.descriptor.fd(), name.c_str(), AT_REMOVEDIR);
@@ -236,77 +245,93 @@ Folder PosixFileSystem::createFolder(const Folder &parent, const std::string &na
     }
 }
 
-void PosixFileSystem::createFolders(const fs::path &path)
+File PosixFileSystem::createFile(const Folder &folder, const std::string &name)
 {
-    const fs::path &root = rootOf(path);
-    createRoot(root);
-    Folder folder = openRoot(root);
-    for (const std::string &name : componentsBelow(root, path))
-        folder = PosixCalls::kindOf(folder, name) ? openFolder(folder, name) : createFolder(folder, name);
+    refuseSeveralComponents(name);
+    const std::string path = pathOf(folder, name);
+    Descriptor descriptor(::openat(folder.descriptor.fd(), name.c_str(),
+                                   O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, ownerReadWrite));
+    if (descriptor.fd() < 0 || ::fchmod(descriptor.fd(), ownerReadWrite) != 0)
+        fail("create", path);
+    return {std::move(descriptor), 0, path};
 }
 
-void PosixFileSystem::createFile(const Folder &folder, const std::string &name, QByteArrayView bytes)
+void PosixFileSystem::write(const File &file, QByteArrayView bytes)
 {
-    PosixCalls::write(PosixCalls::create(folder, name), bytes, folder.path + '/' + name);
-}
-
-void PosixFileSystem::replaceFile(const fs::path &path, QByteArrayView bytes)
-{
-    const Folder folder = openFolder(path.parent_path());
-    const std::string temporary = temporaryName();
-    try {
-        const Descriptor file = PosixCalls::create(folder, temporary);
-        PosixCalls::write(file, bytes, path);
-        if (::fsync(file.fd()) != 0)
-            fail("sync", path);
-        if (::renameat(folder.descriptor.fd(), temporary.c_str(), folder.descriptor.fd(),
-                       path.filename().c_str()) != 0)
-            fail("rename", path);
-        flushNames(folder);
-    } catch (...) {
-        ::unlinkat(folder.descriptor.fd(), temporary.c_str(), 0);
-        throw;
+    while (!bytes.isEmpty()) {
+        const ssize_t count =
+            ::write(file.descriptor.fd(), bytes.data(), static_cast<std::size_t>(bytes.size()));
+        if (count < 0 && errno != EINTR)
+            fail("write", file.path);
+        bytes = bytes.sliced(std::max<ssize_t>(count, 0));
     }
 }
 
-void PosixFileSystem::move(const fs::path &from, const fs::path &to)
+void PosixFileSystem::rename(const Place &from, const Place &to, RenameMode mode)
 {
-    const Folder source = openFolder(from.parent_path());
-    const Folder destination = openFolder(to.parent_path());
-    const std::string name = from.filename().native();
-    const std::string newName = to.filename().native();
-    if (renameToFreePlace(source, name, destination, newName)) {
-        flushNames(destination);
-        flushNames(source);
+    refuseSeveralComponents(from.name);
+    refuseSeveralComponents(to.name);
+    int result = 0;
+    if (mode == RenameMode::Exchange)
+        result = exchange(from, to);
+    else
+        result = mode == RenameMode::OntoFile ? renameOnto(from, to) : renameToFreePlace(from, to);
+    if (result != 0)
+        fail("rename", errno == EEXIST || errno == ENOTEMPTY ? pathOf(to) : pathOf(from));
+}
+
+void PosixFileSystem::remove(const Folder &folder, const std::string &name)
+{
+    refuseSeveralComponents(name);
+    const int fd = folder.descriptor.fd();
+    if (::unlinkat(fd, name.c_str(), 0) == 0)
         return;
-    }
-    if (errno != EXDEV)
-        fail("rename", errno == EEXIST || errno == ENOTEMPTY ? to : from);
-
-    const std::string temporary = temporaryName();
-    try {
-        copyEntry(*this, source, name, destination, temporary);
-        if (!renameToFreePlace(destination, temporary, destination, newName))
-            fail("rename", to);
-        flushNames(destination);
-    } catch (...) {
-        if (PosixCalls::kindOf(destination, temporary))
-            removeEntry(*this, destination, temporary);
-        throw;
-    }
-    removeEntry(*this, source, name);
+    if (errno != EISDIR || ::unlinkat(fd, name.c_str(), AT_REMOVEDIR) != 0)
+        fail("remove", pathOf(folder, name));
 }
 
-void PosixFileSystem::flush(const fs::path &folder)
+void PosixFileSystem::copyLink(const Place &from, const Place &to)
 {
-    const Folder top = openFolder(folder);
-    startWriting(*this, top);
-    awaitWritten(*this, openFolder(folder));
+    std::array<char, PATH_MAX> target{};
+    if (::readlinkat(from.folder.descriptor.fd(), from.name.c_str(), target.data(), target.size() - 1) < 0)
+        fail("readlink", pathOf(from));
+    if (::symlinkat(target.data(), to.folder.descriptor.fd(), to.name.c_str()) != 0)
+        fail("symlink", pathOf(to));
 }
 
-void PosixFileSystem::removeTree(const fs::path &path)
+void PosixFileSystem::copyAttributes(const Place &from, const Place &to)
 {
-    removeEntry(*this, openFolder(path.parent_path()), path.filename().native());
+    const auto status = statusOf(from.folder, from.name);
+    if (!status)
+        throw fs::filesystem_error("stat", pathOf(from),
+                                   std::make_error_code(std::errc::no_such_file_or_directory));
+    setPermissions(to, status->st_mode & 07777);
+    const std::array<timespec, 2> times{status->st_atim, status->st_mtim};
+    if (::utimensat(to.folder.descriptor.fd(), to.name.c_str(), times.data(), AT_SYMLINK_NOFOLLOW) != 0)
+        fail("utimens", pathOf(to));
+}
+
+void PosixFileSystem::startWriting(const File &file)
+{
+    ::sync_file_range(file.descriptor.fd(), 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
+void PosixFileSystem::flush(const File &file)
+{
+    if (::fsync(file.descriptor.fd()) != 0)
+        fail("sync", file.path);
+}
+
+void PosixFileSystem::flush(const Folder &folder)
+{
+    if (::fsync(folder.descriptor.fd()) != 0 && errno != EINVAL && errno != EBADF && errno != EROFS)
+        fail("sync", folder.path);
+}
+
+void PosixFileSystem::flushVolume(const Folder &folder)
+{
+    if (::syncfs(folder.descriptor.fd()) != 0)
+        fail("sync", folder.path);
 }
 
 Folder PosixFileSystem::lock(const fs::path &folder, LockMode mode) const

@@ -1,10 +1,12 @@
 #include "SecureFileTree.h"
 
 #include "BestEffort.h"
+#include "FileOperations.h"
 #include "NaturalOrder.h"
 #include "ParallelMap.h"
 #include "Sha256.h"
 #include "SkillFiles.h"
+#include "TreeOperations.h"
 
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
@@ -59,29 +61,40 @@ File openFile(const FileSystem &files, const Folder &folder, const std::string &
     return file;
 }
 
+/// A folder of the tree that a walk has come to.
+struct Level
+{
+    const Folder &folder;
+    const Folder *copy; ///< where its content is written, if anywhere
+    std::string prefix = {};
+    int depth = 1;
+};
+
 class Walk
 {
 public:
+    /// Only looks.
     Walk(const FileSystem &files, TreeFilter filter) : m_files(files), m_filter(filter) {}
 
-    /// Appends all that is below `folder`: its own entries first, then what its folders hold.
-    void visit(const Folder &folder, const std::string &prefix = {}, int level = 1)
+    /// Writes what it reads, where the levels say.
+    Walk(const FileSystem &files, TreeFilter filter, FileSystem *writer)
+        : m_files(files), m_filter(filter), m_writer(writer)
+    {}
+
+    /// Appends all that is below a folder: its own entries first, then what its folders hold.
+    void visit(const Level &level)
     {
-        if (level > deepestLevel)
-            throw unsafe(prefix.substr(0, prefix.size() - 1));
+        if (level.depth > deepestLevel)
+            throw unsafe(level.prefix.substr(0, level.prefix.size() - 1));
 
-        std::vector<FolderEntry> children = m_files.list(folder);
+        std::vector<FolderEntry> children = m_files.list(level.folder);
         std::ranges::sort(children, naturallyBefore, &FolderEntry::name);
-        std::erase_if(children, [&](const FolderEntry &child) { return !accepts(child, prefix); });
+        std::erase_if(children, [&](const FolderEntry &child) { return !accepts(child, level.prefix); });
 
-        addFiles(folder, children, prefix);
+        addFiles(level, children);
         for (const FolderEntry &child : children) {
-            if (child.kind != FileKind::Directory)
-                continue;
-            const std::string relativePath = prefix + child.name;
-            m_entries.push_back({relativePath, Entry::Kind::directory, 0, std::nullopt});
-            visit(openedInTree(relativePath, [&] { return m_files.openFolder(folder, child.name); }),
-                  relativePath + '/', level + 1);
+            if (child.kind == FileKind::Directory)
+                addFolder(level, child.name);
         }
     }
 
@@ -119,40 +132,56 @@ private:
         return true;
     }
 
-    void addFiles(const Folder &folder, const std::vector<FolderEntry> &children, const std::string &prefix)
+    void addFolder(const Level &level, const std::string &name)
+    {
+        const std::string path = level.prefix + name;
+        m_entries.push_back({path, Entry::Kind::directory, 0, std::nullopt});
+        const Folder folder = openedInTree(path, [&] { return m_files.openFolder(level.folder, name); });
+        std::optional<Folder> copy;
+        if (level.copy != nullptr)
+            copy = m_writer->createFolder(*level.copy, name);
+        visit({folder, copy ? &*copy : nullptr, path + '/', level.depth + 1});
+    }
+
+    void addFiles(const Level &level, const std::vector<FolderEntry> &children)
     {
         std::vector<std::string> large;
         for (const FolderEntry &child : children) {
             if (child.kind != FileKind::Regular)
                 continue;
-            std::string relativePath = prefix + child.name;
-            const File file = openFile(m_files, folder, child.name, relativePath);
+            const File file = openFile(m_files, level.folder, child.name, level.prefix + child.name);
             if (file.size >= largeFile)
                 large.push_back(child.name);
             else
-                m_entries.push_back(fileEntry(file, std::move(relativePath)));
+                m_entries.push_back(fileEntry(level, child.name, file));
         }
         if (large.empty())
             return;
-        const auto hashed = parallelMap(large, [&](const std::string &name) {
-            return fileEntry(openFile(m_files, folder, name, prefix + name), prefix + name);
+        const auto entries = parallelMap(large, [&](const std::string &name) {
+            return fileEntry(level, name, openFile(m_files, level.folder, name, level.prefix + name));
         });
-        m_entries.insert(m_entries.end(), hashed.begin(), hashed.end());
+        m_entries.insert(m_entries.end(), entries.begin(), entries.end());
     }
 
-    Entry fileEntry(const File &file, std::string relativePath) const
+    Entry fileEntry(const Level &level, const std::string &name, const File &file) const
     {
+        std::optional<File> copy;
+        if (level.copy != nullptr)
+            copy = m_writer->createFile(*level.copy, name);
         Sha256 hash;
         std::int64_t size = 0;
         readWhole(m_files, file, [&](QByteArrayView bytes) {
             hash.update(bytes);
             size += bytes.size();
+            if (copy)
+                m_writer->write(*copy, bytes);
         });
-        return {std::move(relativePath), Entry::Kind::file, size, hash.finish()};
+        return {level.prefix + name, Entry::Kind::file, size, hash.finish()};
     }
 
     const FileSystem &m_files;
     TreeFilter m_filter;
+    FileSystem *m_writer = nullptr;
     std::vector<Entry> m_entries;
 };
 
@@ -170,25 +199,8 @@ try {
 FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFilter filter)
 {
     Walk walk(files, filter);
-    walk.visit(root);
+    walk.visit({root, nullptr});
     return walk.finish(root.path);
-}
-
-void copyEntry(FileSystem &files, const fs::path &source, const fs::path &destination, const Entry &entry)
-{
-    const fs::path path = entry.relativePath;
-    const Folder to = files.openFolder(destination / path.parent_path());
-    if (entry.kind == Entry::Kind::directory) {
-        files.createFolder(to, path.filename());
-        return;
-    }
-    const Folder from =
-        openedInTree(entry.relativePath, [&] { return files.openFolder(source / path.parent_path()); });
-    const File file = openFile(files, from, path.filename(), entry.relativePath);
-    QByteArray content;
-    content.reserve(file.size);
-    readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });
-    files.createFile(to, path.filename(), content);
 }
 
 } // namespace
@@ -207,18 +219,23 @@ FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const s
     return snapshotOf(files, folder, filter);
 }
 
-void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)
+FileTreeSnapshot copyTree(FileSystem &files, const fs::path &source, const fs::path &destination,
+                          TreeFilter filter)
 {
-    const FileTreeSnapshot tree = snapshot(files, source, filter);
-    if (files.kindAt(destination))
+    const fs::path path = standardizedPath(source);
+    const Folder from = openedRoot(path.filename(), [&] { return files.openFolder(path); });
+    if (files.kindAt(destination)) {
+        snapshot(files, source, filter); // what is wrong with the source is told first
         throw VORNELWorkspaceError::integrityFailure(u"La destination existe déjà : "_s +
                                                      pathText(destination.filename()));
-    files.createFolders(destination);
+    }
+    const Folder to = createFolders(files, destination, Durability::Later);
     try {
-        for (const Entry &entry : tree.entries)
-            copyEntry(files, tree.root, destination, entry);
+        Walk walk(files, filter, &files);
+        walk.visit({from, &to});
+        return walk.finish(from.path);
     } catch (...) {
-        bestEffort([&] { files.removeTree(destination); });
+        bestEffort([&] { removeTree(files, destination); });
         throw;
     }
 }

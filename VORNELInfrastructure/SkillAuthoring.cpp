@@ -2,6 +2,7 @@
 
 #include "CategoryCatalog.h"
 #include "CategoryRules.h"
+#include "FileOperations.h"
 #include "Overview.h"
 #include "SecureFileTree.h"
 #include "SkillText.h"
@@ -47,10 +48,10 @@ SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
     const SkillRecord skill{newManifest(request), m_workspace.config.canonical(request.slug)};
 
     const fs::path stage = m_store.makeStage();
-    m_workspace.files.createFolders(stage);
+    createFolders(m_workspace.files, stage, Durability::Later);
     m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
-    m_store.writeManifest(skill.manifest, stage);
-    m_store.publish(stage, skill.url);
+    m_store.writeManifest(skill.manifest, stage, Durability::Later);
+    publish(m_workspace.files, {.staged = stage, .destination = skill.url, .parking = {}});
 
     m_store.createSnapshot(skill.manifest, skill.url);
     TargetSynchronizer(m_workspace).synchronize(skill);
@@ -76,7 +77,7 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
     const fs::path stage = m_store.makeStage();
     SecureFileTree::copyTree(m_workspace.files, skill.url, stage, TreeFilter::all);
     m_store.writeSkillMD(skillMD, stage);
-    m_store.writeManifest(skill.manifest, stage);
+    m_store.writeManifest(skill.manifest, stage, Durability::Later);
     m_store.replaceCanonical(skill.url, stage);
 
     m_store.createSnapshot(skill.manifest, skill.url);

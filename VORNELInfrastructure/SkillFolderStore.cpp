@@ -1,8 +1,8 @@
 #include "SkillFolderStore.h"
 
-#include "BestEffort.h"
 #include "SecureFileTree.h"
 #include "SkillFiles.h"
+#include "TreeOperations.h"
 
 #include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
@@ -20,11 +20,11 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Refuses bytes that the tree's walk would refuse later, when they are already in place.
-void replaceSkillFile(FileSystem &files, const fs::path &path, const QByteArray &bytes)
+void replaceSkillFile(FileSystem &files, const fs::path &path, const QByteArray &bytes, Durability durability)
 {
     if (bytes.size() > SkillFiles::sizeLimit)
         throw VORNELWorkspaceError::unsafeImport(pathText(path.filename()));
-    files.replaceFile(path, bytes);
+    replaceFile(files, path, bytes, durability);
 }
 
 } // namespace
@@ -44,13 +44,14 @@ fs::path SkillFolderStore::makeStage() const
 
 void SkillFolderStore::writeSkillMD(const QString &text, const fs::path &folder) const
 {
-    replaceSkillFile(m_files, folder / SkillFiles::text, text.toUtf8());
+    replaceSkillFile(m_files, folder / SkillFiles::text, text.toUtf8(), Durability::Later);
 }
 
-void SkillFolderStore::writeManifest(const SkillManifest &manifest, const fs::path &folder) const
+void SkillFolderStore::writeManifest(const SkillManifest &manifest, const fs::path &folder,
+                                     Durability durability) const
 {
     replaceSkillFile(m_files, folder / SkillFiles::manifest,
-                     RecordJson::document(RecordJson::encode(manifest)));
+                     RecordJson::document(RecordJson::encode(manifest)), durability);
 }
 
 SkillManifest SkillFolderStore::readManifest(const fs::path &folder) const
@@ -86,11 +87,18 @@ QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slu
 
 void SkillFolderStore::createSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    const QString name = QString::number(manifest.revision) + u'-' + uuidText(QUuid::createUuid());
+    publish(m_files, stageSnapshot(manifest, skillURL));
+}
+
+Publication SkillFolderStore::stageSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
+{
+    const fs::path name =
+        pathFromText(QString::number(manifest.revision) + u'-' + uuidText(QUuid::createUuid()));
+    const fs::path history = m_config.historyOf(manifest.id);
     const fs::path stage = makeStage();
-    SecureFileTree::copyTree(m_files, skillURL, stage, TreeFilter::all);
-    m_files.createFolders(m_config.historyOf(manifest.id));
-    publish(stage, m_config.historyOf(manifest.id) / pathFromText(name));
+    const bool isFirst = !m_files.kindAt(history);
+    SecureFileTree::copyTree(m_files, skillURL, isFirst ? stage / name : stage, TreeFilter::all);
+    return {.staged = stage, .destination = isFirst ? history : history / name, .parking = {}};
 }
 
 bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest) const
@@ -104,35 +112,20 @@ bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest) const
     });
 }
 
-void SkillFolderStore::publish(const fs::path &staged, const fs::path &destination) const
-{
-    m_files.flush(staged);
-    m_files.move(staged, destination);
-}
-
 void SkillFolderStore::replaceCanonical(const fs::path &destination, const fs::path &staged) const
 {
     const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + pathText(destination.filename());
-    const fs::path recovery = m_config.recovery() / pathFromText(name);
-    m_files.flush(staged);
-    m_files.move(destination, recovery);
-    try {
-        m_files.move(staged, destination);
-    } catch (...) {
-        bestEffort([&] {
-            if (!m_files.kindAt(destination))
-                m_files.move(recovery, destination);
-        });
-        throw;
-    }
-    discard(recovery);
+    discard(publish(m_files, {staged, destination, m_config.recovery() / pathFromText(name)}));
 }
 
 void SkillFolderStore::discard(const fs::path &folder) const
 {
-    const fs::path condemned = makeStage();
-    m_files.move(folder, condemned);
-    m_files.removeTree(condemned);
+    const bool isOutOfSight =
+        folder.parent_path() == m_config.staging() || folder.filename().native().starts_with('.');
+    const fs::path condemned = isOutOfSight ? folder : makeStage();
+    if (!isOutOfSight)
+        moveTree(m_files, folder, condemned);
+    removeTree(m_files, condemned);
 }
 
 } // namespace vornel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FileOperations.h"
+#include "Publication.h"
 #include "Workspace.h"
 
 #include <VORNELCore/WorkspaceModels.h>
@@ -21,8 +23,12 @@ public:
     /// A fresh place in the staging folder. Nothing is created.
     std::filesystem::path makeStage() const;
 
+    /// Writes the text into a staged folder.
     void writeSkillMD(const QString &text, const std::filesystem::path &folder) const;
-    void writeManifest(const SkillManifest &manifest, const std::filesystem::path &folder) const;
+
+    /// Writes the manifest into a folder: `Later` where it is staged.
+    void writeManifest(const SkillManifest &manifest, const std::filesystem::path &folder,
+                       Durability durability) const;
 
     /// Throws `malformedManifest` with the manifest's path when it is missing, unreadable or wrong.
     SkillManifest readManifest(const std::filesystem::path &folder) const;
@@ -35,19 +41,19 @@ public:
     /// Keeps a copy of `skillURL` in the history, named by the manifest's revision.
     void createSnapshot(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
+    /// Stages such a copy, to be published by the caller.
+    Publication stageSnapshot(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+
     /// Whether the history holds a copy of the manifest's revision.
     bool hasSnapshot(const SkillManifest &manifest) const;
 
-    /// Moves a staged folder to a free place, once it is safely on the disk.
-    void publish(const std::filesystem::path &staged, const std::filesystem::path &destination) const;
-
-    /// Swaps the folder `staged` into `destination`. Whatever fails, the skill stands whole at `destination`
-    /// or, while the swap runs, in the recovery folder.
+    /// Swaps the folder `staged` into `destination`, safely on the disk. Whatever fails, the skill stands
+    /// whole at `destination` or, on a volume that can't exchange two folders, in the recovery folder.
     void replaceCanonical(const std::filesystem::path &destination,
                           const std::filesystem::path &staged) const;
 
-    /// Deletes a folder of the workspace. It leaves its place first, in one step, so that an interrupted
-    /// deletion never leaves half a folder there.
+    /// Deletes a folder. It leaves its place first, in one step, so that an interrupted deletion never leaves
+    /// half a folder there.
     void discard(const std::filesystem::path &folder) const;
 
 private:

@@ -3,6 +3,7 @@
 #include "BestEffort.h"
 #include "CrashRecovery.h"
 #include "TargetSynchronizer.h"
+#include "TreeOperations.h"
 
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
@@ -28,7 +29,7 @@ void SkillTrash::moveToTrash(const SkillRecord &skill) const
     const fs::path destination = m_workspace.config.trashed(skill.manifest.id);
     if (m_workspace.files.kindAt(destination))
         throw VORNELWorkspaceError::integrityFailure(u"Le skill existe déjà dans la corbeille."_s);
-    m_workspace.files.move(skill.url, destination);
+    moveTree(m_workspace.files, skill.url, destination);
     m_workspace.failedSyncTargets.remove(skill.manifest.id);
 }
 
@@ -53,13 +54,13 @@ void SkillTrash::restore(const QUuid &id) const
     ensureUnique(manifest.slug, trashedBut(id));
 
     manifest.updatedAt = currentInstant();
-    m_store.writeManifest(manifest, source);
+    m_store.writeManifest(manifest, source, Durability::Now);
     const SkillRecord skill{manifest, m_workspace.config.canonical(manifest.slug)};
-    files.move(source, skill.url);
+    moveTree(files, source, skill.url);
     try {
         m_store.createSnapshot(manifest, skill.url);
     } catch (...) {
-        bestEffort([&] { files.move(skill.url, source); });
+        bestEffort([&] { moveTree(files, skill.url, source); });
         throw;
     }
     TargetSynchronizer(m_workspace).synchronize(skill);
@@ -98,10 +99,10 @@ void SkillTrash::remove(const QUuid &id) const
     const Configuration &config = m_workspace.config;
     // Should this be cut short, its name in staging tells the next start whose history has to go too.
     const fs::path condemned = config.staging() / pathFromText(uuidText(id));
-    m_workspace.files.move(config.trashed(id), condemned);
+    moveTree(m_workspace.files, config.trashed(id), condemned);
     if (m_workspace.files.kindAt(config.historyOf(id)))
         m_store.discard(config.historyOf(id));
-    m_workspace.files.removeTree(condemned);
+    removeTree(m_workspace.files, condemned);
 }
 
 } // namespace vornel

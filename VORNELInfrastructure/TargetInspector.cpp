@@ -1,5 +1,6 @@
 #include "TargetInspector.h"
 
+#include "FileOperations.h"
 #include "SecureFileTree.h"
 #include "SkillFiles.h"
 #include "SkillRecords.h"

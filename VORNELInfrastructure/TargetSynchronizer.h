@@ -3,9 +3,11 @@
 #include "SkillFolderStore.h"
 #include "SkillRecords.h"
 
+#include <optional>
+
 namespace vornel {
 
-/// Installs a skill into the assistants' folders, and takes it out of them.
+/// Installs skills into the assistants' folders, and takes them out.
 class TargetSynchronizer
 {
 public:
@@ -15,17 +17,24 @@ public:
     /// remembered, then thrown as `partialSync`.
     void synchronize(const SkillRecord &skill) const;
 
+    /// The same for many skills, whose copies wait for the disk together. Returns the targets that failed for
+    /// any.
+    QSet<TargetKind> synchronizeAll(const QList<SkillRecord> &skills) const;
+
     /// Moves both copies into the recovery folder. A failed target doesn't stop the other: failures are
     /// remembered, then thrown as `partialSync`.
     void removeCopies(const SkillRecord &skill) const;
 
 private:
-    void installTargetCopy(const SkillRecord &skill, TargetKind kind) const;
+    struct Install;
+
+    /// Copies the skill to staging, where the target's copy differs; else the install is done.
+    void stageCopy(Install &install) const;
+    void publishCopies(std::vector<Install> &installs) const;
     void removeTargetCopy(const QString &slug, TargetKind kind) const;
 
-    /// Runs `action` for every target. Remembers those for which it threw, and throws `partialSync` if any.
-    template <typename Action>
-    void forEachTarget(const QUuid &id, const Action &action) const;
+    /// Keeps which targets of a skill failed, if any, each with its reason.
+    void remember(const QUuid &id, const QMap<TargetKind, QString> &failed) const;
 
     std::filesystem::path recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const;
 

@@ -2,6 +2,7 @@
 
 #include "CategoryCatalog.h"
 #include "CrashRecovery.h"
+#include "FileOperations.h"
 #include "SkillFiles.h"
 
 #include <VORNELCore/RecordJson.h>
@@ -24,7 +25,8 @@ void prepareMetadata(const Workspace &workspace)
                                          .displayName = VORNELProduct::name,
                                          .createdAt = currentInstant(),
                                          .resourceCopyThresholdBytes = SkillFiles::sizeLimit};
-        workspace.files.replaceFile(path, RecordJson::document(RecordJson::encode(metadata)));
+        replaceFile(workspace.files, path, RecordJson::document(RecordJson::encode(metadata)),
+                    Durability::Now);
     } else if (!RecordJson::decodeDocument<WorkspaceMetadata>(
                    readFile(workspace.files, path, SkillFiles::sizeLimit))) {
         throw VORNELWorkspaceError::integrityFailure(u"Les métadonnées du workspace sont invalides."_s);
@@ -39,7 +41,7 @@ void createLayout(FileSystem &files, const Configuration &config)
         refuseLinkedRoot(files, root);
     for (const std::filesystem::path &folder : {config.skills(), config.history(), config.trash(),
                                                 config.staging(), config.recovery(), config.events()})
-        files.createFolders(folder);
+        createFolders(files, folder, Durability::Now);
 }
 
 void prepareWorkspace(const Workspace &workspace)

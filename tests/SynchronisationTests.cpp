@@ -115,14 +115,17 @@ TEST(Install, PutsTheFormerCopyBackWhenTheNewOneCannotBeMovedIn)
     TestWorkspace workspace(files);
     const QUuid id = workspace.create(u"demo"_s).manifest.id;
     workspace.write("codex/demo/SKILL.md", "edited");
-    files->refusesMove = [&](const fs::path &from, const fs::path &to) {
+    files->refusesRename = [&](const fs::path &from, const fs::path &to) {
         return to == workspace.path("codex/demo") && from.parent_path().filename() == "staging";
     };
-    EXPECT_EQ(errorOf([&] { workspace.service->synchronize(id).result(); }),
-              Error::partialSync({TargetKind::codex}));
-    EXPECT_EQ(bytesOf(workspace.path("codex/demo/SKILL.md")), "edited");
-    EXPECT_TRUE(workspace.names("workspace/.vornel/recovery").empty());
-    EXPECT_TRUE(workspace.names("workspace/.vornel/staging").empty());
+    for (const bool canExchange : {true, false}) {
+        files->canExchange = canExchange;
+        EXPECT_EQ(errorOf([&] { workspace.service->synchronize(id).result(); }),
+                  Error::partialSync({TargetKind::codex}));
+        EXPECT_EQ(bytesOf(workspace.path("codex/demo/SKILL.md")), "edited");
+        EXPECT_TRUE(workspace.names("workspace/.vornel/recovery").empty());
+        EXPECT_TRUE(workspace.names("workspace/.vornel/staging").empty());
+    }
 }
 
 TEST(Swap, PutsTheFormerFolderBackWhenTheNewOneCannotBeMovedIn)
@@ -131,7 +134,8 @@ TEST(Swap, PutsTheFormerFolderBackWhenTheNewOneCannotBeMovedIn)
     TestWorkspace workspace(files);
     const QUuid id = workspace.create(u"demo"_s, u"old"_s).manifest.id;
     const fs::path canonical = workspace.path("workspace/skills/demo");
-    files->refusesMove = [&](const fs::path &from, const fs::path &to) {
+    files->canExchange = false;
+    files->refusesRename = [&](const fs::path &from, const fs::path &to) {
         return to == canonical && from.parent_path().filename() == "staging";
     };
     EXPECT_THROW(workspace.service->saveSkill(id, 1, u"new"_s).result(), fs::filesystem_error);
@@ -139,10 +143,10 @@ TEST(Swap, PutsTheFormerFolderBackWhenTheNewOneCannotBeMovedIn)
     EXPECT_TRUE(workspace.names("workspace/.vornel/recovery").empty());
 
     // As after a crash between the two moves: the next start finds the folder in recovery.
-    files->refusesMove = [&](const fs::path &, const fs::path &to) { return to == canonical; };
+    files->refusesRename = [&](const fs::path &, const fs::path &to) { return to == canonical; };
     EXPECT_THROW(workspace.service->saveSkill(id, 1, u"new"_s).result(), fs::filesystem_error);
     EXPECT_FALSE(fs::exists(canonical));
-    files->refusesMove = nullptr;
+    files->refusesRename = nullptr;
     workspace.restart();
     EXPECT_EQ(workspace.service->loadSkill(id).result().skillMD, u"old"_s);
 }

@@ -125,7 +125,7 @@ TEST_F(Trash, TakesASkillBackWhoseHistoryCannotBeKept)
 {
     const QUuid id = create(u"demo"_s).manifest.id;
     service->moveToTrash(id).waitForFinished();
-    files().refusesMove = [](const fs::path &, const fs::path &to) {
+    files().refusesRename = [](const fs::path &, const fs::path &to) {
         return to.parent_path().parent_path().filename() == "history";
     };
     EXPECT_THROW(service->restore(id).result(), fs::filesystem_error);

@@ -1,5 +1,7 @@
 #include "FaultyFileSystem.h"
 
+#include <type_traits>
+
 namespace vornel {
 
 namespace fs = std::filesystem;
@@ -26,20 +28,35 @@ void FaultyFileSystem::count() const
 }
 
 template <typename Change>
-void FaultyFileSystem::change(const Change &make)
+auto FaultyFileSystem::change(const Change &make)
 {
     const bool fails = ++m_calls == m_failing;
     if (fails && !m_afterwards)
         failAsDisk();
-    make();
-    if (fails)
-        failAsDisk();
+    const auto failAfterwards = [fails] {
+        if (fails)
+            failAsDisk();
+    };
+    if constexpr (std::is_void_v<decltype(make())>) {
+        make();
+        failAfterwards();
+    } else {
+        auto made = make();
+        failAfterwards();
+        return made;
+    }
 }
 
-std::optional<FileKind> FaultyFileSystem::kindAt(const fs::path &path) const
+Folder FaultyFileSystem::openAbove(const fs::path &path) const
 {
     count();
-    return PosixFileSystem::kindAt(path);
+    return PosixFileSystem::openAbove(path);
+}
+
+Folder FaultyFileSystem::openFolder(const Folder &parent, const std::string &name) const
+{
+    count();
+    return PosixFileSystem::openFolder(parent, name);
 }
 
 std::optional<FileKind> FaultyFileSystem::kindAt(const Folder &folder, const std::string &name) const
@@ -52,18 +69,6 @@ std::optional<QDateTime> FaultyFileSystem::changedAt(const Folder &folder, const
 {
     count();
     return PosixFileSystem::changedAt(folder, name);
-}
-
-Folder FaultyFileSystem::openFolder(const fs::path &path) const
-{
-    count();
-    return PosixFileSystem::openFolder(path);
-}
-
-Folder FaultyFileSystem::openFolder(const Folder &parent, const std::string &name) const
-{
-    count();
-    return PosixFileSystem::openFolder(parent, name);
 }
 
 std::vector<FolderEntry> FaultyFileSystem::list(const Folder &folder) const
@@ -86,40 +91,47 @@ std::size_t FaultyFileSystem::read(const File &file, std::int64_t offset, std::s
 
 Folder FaultyFileSystem::createFolder(const Folder &parent, const std::string &name)
 {
-    count();
-    return PosixFileSystem::createFolder(parent, name);
+    return change([&] { return PosixFileSystem::createFolder(parent, name); });
 }
 
-void FaultyFileSystem::createFolders(const fs::path &path)
+File FaultyFileSystem::createFile(const Folder &folder, const std::string &name)
 {
-    change([&] { PosixFileSystem::createFolders(path); });
+    return change([&] { return PosixFileSystem::createFile(folder, name); });
 }
 
-void FaultyFileSystem::createFile(const Folder &folder, const std::string &name, QByteArrayView bytes)
+void FaultyFileSystem::write(const File &file, QByteArrayView bytes)
 {
-    change([&] { PosixFileSystem::createFile(folder, name, bytes); });
+    change([&] { PosixFileSystem::write(file, bytes); });
 }
 
-void FaultyFileSystem::replaceFile(const fs::path &path, QByteArrayView bytes)
+void FaultyFileSystem::rename(const Place &from, const Place &to, RenameMode mode)
 {
-    change([&] { PosixFileSystem::replaceFile(path, bytes); });
-}
-
-void FaultyFileSystem::move(const fs::path &from, const fs::path &to)
-{
-    if (refusesMove && refusesMove(from, to))
+    if (mode == RenameMode::Exchange && !canExchange)
+        throw fs::filesystem_error("rename", std::make_error_code(std::errc::operation_not_supported));
+    if (refusesRename &&
+        refusesRename(fs::path(from.folder.path) / from.name, fs::path(to.folder.path) / to.name))
         failAsDisk();
-    change([&] { PosixFileSystem::move(from, to); });
+    change([&] { PosixFileSystem::rename(from, to, mode); });
 }
 
-void FaultyFileSystem::removeTree(const fs::path &path)
+void FaultyFileSystem::remove(const Folder &folder, const std::string &name)
 {
-    change([&] { PosixFileSystem::removeTree(path); });
+    change([&] { PosixFileSystem::remove(folder, name); });
 }
 
-void FaultyFileSystem::flush(const fs::path &folder)
+void FaultyFileSystem::flush(const File &file)
+{
+    change([&] { PosixFileSystem::flush(file); });
+}
+
+void FaultyFileSystem::flush(const Folder &folder)
 {
     change([&] { PosixFileSystem::flush(folder); });
+}
+
+void FaultyFileSystem::flushVolume(const Folder &folder)
+{
+    change([&] { PosixFileSystem::flushVolume(folder); });
 }
 
 Folder FaultyFileSystem::lock(const fs::path &folder, LockMode mode) const

@@ -12,6 +12,9 @@ namespace vornel {
 class FaultyFileSystem : public PosixFileSystem
 {
 public:
+    using PosixFileSystem::kindAt;
+    using PosixFileSystem::openFolder;
+
     /// The n-th call from now on fails, counted from 1; 0 lets all succeed.
     void failAt(int call);
 
@@ -21,24 +24,27 @@ public:
     /// Calls since `failAt`.
     int calls() const { return m_calls; }
 
-    /// Fails every call of one kind that it is given, instead of one by number.
-    std::function<bool(const std::filesystem::path &from, const std::filesystem::path &to)> refusesMove;
+    /// Fails every rename that it is given, instead of one call by number.
+    std::function<bool(const std::filesystem::path &from, const std::filesystem::path &to)> refusesRename;
 
-    std::optional<FileKind> kindAt(const std::filesystem::path &path) const override;
+    /// Whether two entries can change places, as they can't on every volume.
+    bool canExchange = true;
+
+    Folder openAbove(const std::filesystem::path &path) const override;
+    Folder openFolder(const Folder &parent, const std::string &name) const override;
     std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const override;
     std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const override;
-    Folder openFolder(const std::filesystem::path &path) const override;
-    Folder openFolder(const Folder &parent, const std::string &name) const override;
     std::vector<FolderEntry> list(const Folder &folder) const override;
     File openFile(const Folder &folder, const std::string &name) const override;
     std::size_t read(const File &file, std::int64_t offset, std::span<char> buffer) const override;
     Folder createFolder(const Folder &parent, const std::string &name) override;
-    void createFolders(const std::filesystem::path &path) override;
-    void createFile(const Folder &folder, const std::string &name, QByteArrayView bytes) override;
-    void replaceFile(const std::filesystem::path &path, QByteArrayView bytes) override;
-    void move(const std::filesystem::path &from, const std::filesystem::path &to) override;
-    void flush(const std::filesystem::path &folder) override;
-    void removeTree(const std::filesystem::path &path) override;
+    File createFile(const Folder &folder, const std::string &name) override;
+    void write(const File &file, QByteArrayView bytes) override;
+    void rename(const Place &from, const Place &to, RenameMode mode) override;
+    void remove(const Folder &folder, const std::string &name) override;
+    void flush(const File &file) override;
+    void flush(const Folder &folder) override;
+    void flushVolume(const Folder &folder) override;
     Folder lock(const std::filesystem::path &folder, LockMode mode) const override;
 
 private:
@@ -46,7 +52,7 @@ private:
 
     /// Makes a change that counts as one call.
     template <typename Change>
-    void change(const Change &make);
+    auto change(const Change &make);
 
     mutable std::atomic<int> m_calls = 0;
     int m_failing = 0;

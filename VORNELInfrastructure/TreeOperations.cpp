@@ -1,0 +1,175 @@
+#include "TreeOperations.h"
+
+#include "BestEffort.h"
+#include "FileOperations.h"
+
+#include <system_error>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Empties a folder some levels deep. Folders below that are lifted to `top`, so that however deep a tree is,
+/// few descriptors remove it. Returns whether any was lifted.
+bool emptyFolder(FileSystem &files, const Folder &top, const Folder &folder, int level = 1)
+{
+    constexpr int deepestLevel = 100;
+    bool hasLifted = false;
+    for (const FolderEntry &entry : files.list(folder)) {
+        if (entry.kind == FileKind::Directory && level == deepestLevel) {
+            files.rename({folder, entry.name}, {top, temporaryName()}, RenameMode::ToFreePlace);
+            hasLifted = true;
+            continue;
+        }
+        if (entry.kind == FileKind::Directory)
+            hasLifted |= emptyFolder(files, top, files.openFolder(folder, entry.name), level + 1);
+        files.remove(folder, entry.name);
+    }
+    return hasLifted;
+}
+
+/// Calls `work` for every file below a folder and then for the folder itself.
+template <typename Work>
+void forEachBelow(FileSystem &files, const Folder &folder, const Work &work)
+{
+    for (const FolderEntry &entry : files.list(folder)) {
+        if (entry.kind == FileKind::Directory)
+            forEachBelow(files, files.openFolder(folder, entry.name), work);
+        else if (entry.kind == FileKind::Regular)
+            work(files.openFile(folder, entry.name));
+    }
+    work(folder);
+}
+
+struct WriteStart
+{
+    FileSystem &files;
+    void operator()(const File &file) const { files.startWriting(file); }
+    void operator()(const Folder &) const {}
+};
+
+struct WriteWait
+{
+    FileSystem &files;
+    void operator()(const auto &entry) const { files.flush(entry); }
+};
+
+void copyFile(FileSystem &files, const File &source, const Folder &to, const std::string &name)
+{
+    const File copy = files.createFile(to, name);
+    readWhole(files, source, [&](QByteArrayView bytes) { files.write(copy, bytes); });
+}
+
+void copyEntry(FileSystem &files, const Place &from, const Place &to)
+{
+    const std::optional<FileKind> kind = files.kindAt(from.folder, from.name);
+    if (kind == FileKind::SymbolicLink)
+        return files.copyLink(from, to);
+    if (kind == FileKind::Regular) {
+        copyFile(files, files.openFile(from.folder, from.name), to.folder, to.name);
+    } else if (kind == FileKind::Directory) {
+        const Folder inner = files.openFolder(from.folder, from.name);
+        const Folder copy = files.createFolder(to.folder, to.name);
+        for (const FolderEntry &entry : files.list(inner))
+            copyEntry(files, {inner, entry.name}, {copy, entry.name});
+    } else {
+        throw fs::filesystem_error("copy", from.folder.path + '/' + from.name,
+                                   std::make_error_code(std::errc::not_supported));
+    }
+    files.copyAttributes(from, to);
+}
+
+void flushEntry(FileSystem &files, const Place &place)
+{
+    const std::optional<FileKind> kind = files.kindAt(place.folder, place.name);
+    if (kind == FileKind::Regular)
+        files.flush(files.openFile(place.folder, place.name));
+    else if (kind == FileKind::Directory)
+        forEachBelow(files, files.openFolder(place.folder, place.name), WriteWait{files});
+}
+
+/// Removes an entry that leaves its place in one step before it is taken apart.
+void removeAtOnce(FileSystem &files, const Place &place)
+{
+    const Place condemned{place.folder, temporaryName()};
+    files.rename(place, condemned, RenameMode::ToFreePlace);
+    flushNames(files, place.folder);
+    bestEffort([&] { removeTree(files, condemned); });
+}
+
+/// At every moment the entry stands whole at the one place or the other.
+void moveAcross(FileSystem &files, const Place &before, const Place &after)
+{
+    Place copy{after.folder, copyToVolume(files, before, after.folder)};
+    try {
+        files.rename(copy, after, RenameMode::ToFreePlace);
+        copy.name = after.name;
+        flushNames(files, after.folder);
+        removeAtOnce(files, before);
+    } catch (...) {
+        bestEffort([&] { removeTree(files, copy); });
+        throw;
+    }
+}
+
+} // namespace
+
+void moveTree(FileSystem &files, const fs::path &from, const fs::path &to)
+{
+    const Folder source = files.openFolder(from.parent_path());
+    const Folder destination = files.openFolder(to.parent_path());
+    const Place before{source, from.filename()};
+    const Place after{destination, to.filename()};
+    try {
+        files.rename(before, after, RenameMode::ToFreePlace);
+        flushNames(files, destination);
+        flushNames(files, source);
+    } catch (const fs::filesystem_error &error) {
+        if (error.code() != std::errc::cross_device_link)
+            throw;
+        moveAcross(files, before, after);
+    }
+}
+
+void removeTree(FileSystem &files, const fs::path &path)
+{
+    removeTree(files, {files.openFolder(path.parent_path()), path.filename()});
+}
+
+void removeTree(FileSystem &files, const Place &place)
+{
+    bool isEmpty = files.kindAt(place.folder, place.name) != FileKind::Directory;
+    while (!isEmpty) {
+        const Folder top = files.openFolder(place.folder, place.name);
+        isEmpty = !emptyFolder(files, top, top);
+    }
+    files.remove(place.folder, place.name);
+}
+
+void flushTrees(FileSystem &files, std::span<const fs::path> folders)
+{
+    constexpr std::size_t many = 8;
+    if (folders.size() >= many)
+        return files.flushVolume(files.openFolder(folders.front()));
+    for (const fs::path &folder : folders)
+        forEachBelow(files, files.openFolder(folder), WriteStart{files});
+    for (const fs::path &folder : folders)
+        forEachBelow(files, files.openFolder(folder), WriteWait{files});
+}
+
+std::string copyToVolume(FileSystem &files, const Place &from, const Folder &to)
+{
+    std::string name = temporaryName();
+    try {
+        copyEntry(files, from, {to, name});
+        flushEntry(files, {to, name});
+        return name;
+    } catch (...) {
+        bestEffort([&] { removeTree(files, {to, name}); });
+        throw;
+    }
+}
+
+} // namespace vornel
