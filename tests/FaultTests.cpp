@@ -1,124 +1,67 @@
 #include "FaultyFileSystem.h"
-#include "Scratch.h"
-
-#include <VORNELCore/SerializedForms.h>
+#include "Promises.h"
 
 #include <iostream>
-
-using namespace Qt::StringLiterals;
 
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
+using Call = FaultyFileSystem::Call;
 
-const QString oldText = u"old"_s;
-const QString newText = u"new"_s;
-
-/// Runs one operation again and again, each time on the same workspace and with the next call failing, until
-/// it succeeds. After every failure a new start must find everything whole.
-class EveryFault : public testing::Test
+/// How an operation meets a broken disk.
+struct Disk
 {
-protected:
-    using Operation = std::function<void(TestWorkspace &)>;
-
-    EveryFault() : m_files(std::make_shared<FaultyFileSystem>()), m_workspace(m_files)
-    {
-        m_id = m_workspace.create(u"demo"_s, oldText).manifest.id;
-        m_workspace.write("workspace/skills/demo/reference/file", "extra");
-        m_workspace.service->synchronize(m_id).waitForFinished();
-        m_workspace.create(u"bystander"_s);
-        m_workspace.write("codex/demo/SKILL.md", "edited");
-        fs::create_directories(m_workspace.path("pristine"));
-        fs::copy(m_workspace.path("workspace"), m_workspace.path("pristine/workspace"), recursive);
-        for (const char *target : {"claude", "codex"})
-            fs::copy(m_workspace.path(target), m_workspace.path("pristine") / target, recursive);
-    }
-
-    void runWithEveryFault(const char *name, const Operation &operation)
-    {
-        for (const bool afterwards : {false, true})
-            runWithEveryFault(name, afterwards, operation);
-    }
-
-    QUuid m_id;
-
-private:
-    static constexpr auto recursive = fs::copy_options::recursive;
-
-    void runWithEveryFault(const char *name, bool afterwards, const Operation &operation)
-    {
-        m_files->failAfterwards(afterwards);
-        int failures = 0;
-        for (int call = 1;; ++call) {
-            SCOPED_TRACE(testing::Message() << name << ", call " << call);
-            reset();
-            m_files->failAt(call);
-            try {
-                operation(m_workspace);
-            } catch (const std::exception &) {
-                ++failures;
-            }
-            const bool wasReached = m_files->calls() >= call;
-            m_files->failAt(0);
-            checkWhole();
-            if (HasFatalFailure() || !wasReached)
-                break;
-        }
-        std::cout << name << (afterwards ? ", done and" : ",") << " reported as failed: " << failures
-                  << " of the faults made it fail\n";
-        EXPECT_GT(failures, 20);
-    }
-
-    void reset()
-    {
-        for (const char *root : {"workspace", "claude", "codex"}) {
-            fs::remove_all(m_workspace.path(root));
-            fs::copy(m_workspace.path("pristine") / root, m_workspace.path(root), recursive);
-        }
-        m_workspace.restart();
-    }
-
-    void checkWhole()
-    {
-        ASSERT_NO_THROW(m_workspace.restart());
-        const SkillDetail demo = m_workspace.service->loadSkill(m_id).result();
-        EXPECT_EQ(demo.skillMD, demo.manifest.revision == 1 ? oldText : newText);
-        EXPECT_EQ(bytesOf(m_workspace.path("workspace/skills/demo/reference/file")), "extra");
-        EXPECT_EQ(m_workspace.stateOf(u"bystander"_s), SyncState::inSync);
-        EXPECT_TRUE(m_workspace.names("workspace/.vornel/staging").empty());
-        checkHistory();
-        EXPECT_EQ(m_workspace.service->synchronize(m_id).result().syncState, SyncState::inSync);
-    }
-
-    /// Whatever the history holds must be whole: it is what the next change relies on.
-    void checkHistory()
-    {
-        const fs::path history = m_workspace.path("workspace/.vornel/history") / uuidText(m_id).toStdString();
-        for (const fs::directory_entry &revision : fs::directory_iterator(history)) {
-            for (const char *file : {"SKILL.md", "vornel.json"})
-                EXPECT_TRUE(fs::exists(revision.path() / file)) << revision.path();
-        }
-    }
-
-    std::shared_ptr<FaultyFileSystem> m_files;
-    TestWorkspace m_workspace;
+    Call failing;
+    bool afterwards;  ///< a change is made before it is reported as failed
+    bool canExchange; ///< two folders, in one step
+    int stride;       ///< how many calls there are from one fault to the next
 };
 
-TEST_F(EveryFault, OfASaveLeavesTheOldTextOrTheNew)
+// Looks are many and much alike: of those, every seventh fails.
+constexpr std::array disks{Disk{Call::Look, false, true, 7}, Disk{Call::Change, false, true, 1},
+                           Disk{Call::Change, true, true, 1}, Disk{Call::Change, false, false, 1}};
+
+class EveryFault : public testing::TestWithParam<Scenario>
 {
-    runWithEveryFault("save", [this](TestWorkspace &workspace) {
-        workspace.service->saveSkill(m_id, 1, newText).waitForFinished();
-    });
+protected:
+    EveryFault() : m_rehearsal(GetParam()) {}
+
+    /// Runs the operation with one fault, and starts again. Returns whether it came so far.
+    bool failAt(int number, const Disk &disk)
+    {
+        m_rehearsal.reset();
+        const auto files = std::make_shared<FaultyFileSystem>();
+        files->failAfterwards(disk.afterwards);
+        files->canExchange = disk.canExchange;
+        files->failAt(number, disk.failing);
+        auto reported = Reported::Nothing;
+        try {
+            GetParam().run(*m_rehearsal.start(files));
+            reported = Reported::Success;
+        } catch (const std::exception &) {
+            EXPECT_TRUE(files->hasFailed());
+        }
+        checkPromises(m_rehearsal, reported);
+        return files->hasFailed();
+    }
+
+    Rehearsal m_rehearsal;
+};
+
+TEST_P(EveryFault, LeavesEverythingWhole)
+{
+    int faults = 0;
+    for (const Disk &disk : disks) {
+        for (int number = 1; failAt(number, disk) && !HasFailure(); number += disk.stride)
+            ++faults;
+        ASSERT_FALSE(HasFailure()) << "after fault " << faults;
+    }
+    std::cout << GetParam().name << ": the disk failed at " << faults << " points\n";
+    EXPECT_GT(faults, 20);
 }
 
-TEST_F(EveryFault, OfAnInstallLeavesTheSkillWhole)
-{
-    runWithEveryFault("install", [this](TestWorkspace &workspace) {
-        fs::remove_all(workspace.path("claude/demo"));
-        workspace.service->synchronize(m_id).waitForFinished();
-    });
-}
+INSTANTIATE_TEST_SUITE_P(Every, EveryFault, testing::ValuesIn(scenarios()),
+                         [](const auto &scenario) { return scenario.param.name; });
 
 } // namespace
 } // namespace vornel

@@ -153,23 +153,5 @@ TEST_F(Trash, TellsWhenASkillCameThere)
     EXPECT_TRUE(service->trashDates().result().isEmpty());
 }
 
-TEST_F(Trash, NeverKeepsHalfADeletedSkill)
-{
-    const QUuid id = create(u"demo"_s).manifest.id;
-    service->moveToTrash(id).waitForFinished();
-    int faults = 0;
-    for (int call = 1; service->reload().result().trashedSkills.size() == 1; ++call) {
-        files().failAt(call);
-        try {
-            service->deletePermanently(id).waitForFinished();
-        } catch (const std::exception &) {
-            ++faults;
-        }
-        files().failAt(0);
-        ASSERT_NO_THROW(service->reload().result()) << "call " << call;
-    }
-    EXPECT_GT(faults, 1);
-}
-
 } // namespace
 } // namespace vornel

@@ -15,26 +15,36 @@ namespace {
 
 } // namespace
 
-void FaultyFileSystem::failAt(int call)
+void FaultyFileSystem::failAt(int number, Call kind)
 {
     m_calls = 0;
-    m_failing = call;
+    m_hasFailed = false;
+    m_failing = number;
+    m_kind = kind;
 }
 
-void FaultyFileSystem::count() const
+bool FaultyFileSystem::fails(Call kind) const
 {
-    if (++m_calls == m_failing)
+    const bool fails = kind == m_kind && ++m_calls == m_failing;
+    if (fails)
+        m_hasFailed = true;
+    return fails;
+}
+
+void FaultyFileSystem::look() const
+{
+    if (fails(Call::Look))
         failAsDisk();
 }
 
 template <typename Change>
 auto FaultyFileSystem::change(const Change &make)
 {
-    const bool fails = ++m_calls == m_failing;
-    if (fails && !m_afterwards)
+    const bool isFailing = fails(Call::Change);
+    if (isFailing && !m_afterwards)
         failAsDisk();
-    const auto failAfterwards = [fails] {
-        if (fails)
+    const auto failAfterwards = [isFailing] {
+        if (isFailing)
             failAsDisk();
     };
     if constexpr (std::is_void_v<decltype(make())>) {
@@ -49,43 +59,43 @@ auto FaultyFileSystem::change(const Change &make)
 
 Folder FaultyFileSystem::openAbove(const fs::path &path) const
 {
-    count();
+    look();
     return PosixFileSystem::openAbove(path);
 }
 
 Folder FaultyFileSystem::openFolder(const Folder &parent, const std::string &name) const
 {
-    count();
+    look();
     return PosixFileSystem::openFolder(parent, name);
 }
 
 std::optional<FileKind> FaultyFileSystem::kindAt(const Folder &folder, const std::string &name) const
 {
-    count();
+    look();
     return PosixFileSystem::kindAt(folder, name);
 }
 
 std::optional<QDateTime> FaultyFileSystem::changedAt(const Folder &folder, const std::string &name) const
 {
-    count();
+    look();
     return PosixFileSystem::changedAt(folder, name);
 }
 
 std::vector<FolderEntry> FaultyFileSystem::list(const Folder &folder) const
 {
-    count();
+    look();
     return PosixFileSystem::list(folder);
 }
 
 File FaultyFileSystem::openFile(const Folder &folder, const std::string &name) const
 {
-    count();
+    look();
     return PosixFileSystem::openFile(folder, name);
 }
 
 std::size_t FaultyFileSystem::read(const File &file, std::int64_t offset, std::span<char> buffer) const
 {
-    count();
+    look();
     return PosixFileSystem::read(file, offset, buffer);
 }
 
@@ -136,7 +146,7 @@ void FaultyFileSystem::flushVolume(const Folder &folder)
 
 Folder FaultyFileSystem::lock(const fs::path &folder, LockMode mode) const
 {
-    count();
+    look();
     return PosixFileSystem::lock(folder, mode);
 }
 

@@ -12,17 +12,19 @@ namespace vornel {
 class FaultyFileSystem : public PosixFileSystem
 {
 public:
+    enum class Call { Look, Change };
+
     using PosixFileSystem::kindAt;
     using PosixFileSystem::openFolder;
 
-    /// The n-th call from now on fails, counted from 1; 0 lets all succeed.
-    void failAt(int call);
+    /// The n-th call of this kind from now on fails, counted from 1; 0 lets all succeed.
+    void failAt(int number, Call kind);
 
     /// Lets changes be made before they are reported as failed.
     void failAfterwards(bool afterwards) { m_afterwards = afterwards; }
 
-    /// Calls since `failAt`.
-    int calls() const { return m_calls; }
+    /// Whether the call that was to fail has come.
+    bool hasFailed() const { return m_hasFailed; }
 
     /// Fails every rename that it is given, instead of one call by number.
     std::function<bool(const std::filesystem::path &from, const std::filesystem::path &to)> refusesRename;
@@ -48,14 +50,18 @@ public:
     Folder lock(const std::filesystem::path &folder, LockMode mode) const override;
 
 private:
-    void count() const;
+    /// Counts a call. Returns whether it is the one that fails.
+    bool fails(Call kind) const;
+    void look() const;
 
     /// Makes a change that counts as one call.
     template <typename Change>
     auto change(const Change &make);
 
     mutable std::atomic<int> m_calls = 0;
+    mutable std::atomic<bool> m_hasFailed = false;
     int m_failing = 0;
+    Call m_kind = Call::Look;
     bool m_afterwards = false;
 };
 

@@ -4,6 +4,9 @@
 
 #include <QSet>
 
+#include <algorithm>
+#include <stdexcept>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -89,6 +92,9 @@ void emptyTrash(Service &service)
 void import(Service &service)
 {
     ImportPlan plan = service.scanImports().result();
+    if (std::ranges::any_of(plan.blocked,
+                            [](const BlockedImport &entry) { return entry.reason == u"unreadable"_s; }))
+        throw std::runtime_error("not all that can be imported was seen");
     for (const ImportCollision &collision : ImportPlan(plan).collisions)
         plan = service.resolveCollision(collision.id, CollisionChoice::codex).result();
     service.commitImport(plan.id).result();
