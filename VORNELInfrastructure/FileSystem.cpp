@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <ranges>
 #include <string_view>
 
 namespace vornel {
@@ -45,14 +44,12 @@ const fs::path &FileSystem::rootOf(const fs::path &path) const
 
 Folder FileSystem::openFolder(const fs::path &path) const
 {
-    const fs::path &root = rootOf(path);
-    Folder folder = openFolder(openAbove(root.parent_path()), root.filename());
-    for (const auto name :
-         std::views::split(std::string_view(path.native()).substr(root.native().size()), '/')) {
-        if (!name.empty())
-            folder = openFolder(folder, std::string(name.begin(), name.end()));
+    const fs::path above = rootOf(path).parent_path();
+    for (const fs::path &name : path) {
+        if (name == "." || name == "..")
+            throw VORNELWorkspaceError::invalidPath(PathViolation::outsideRoot);
     }
-    return folder;
+    return openBelow(openAbove(above), path.lexically_relative(above));
 }
 
 std::optional<FileKind> FileSystem::kindAt(const fs::path &path) const

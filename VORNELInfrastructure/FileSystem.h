@@ -102,6 +102,9 @@ public:
     virtual Folder openAbove(const std::filesystem::path &path) const = 0;
 
     virtual Folder openFolder(const Folder &parent, const std::string &name) const = 0;
+
+    /// Opens a folder some levels down, by a relative path without "." and "..".
+    virtual Folder openBelow(const Folder &top, const std::filesystem::path &path) const = 0;
     virtual std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const = 0;
 
     /// When the entry was last moved or otherwise changed, which nobody can set (UTC); nothing when nothing

@@ -1,27 +1,65 @@
 #include "ParallelMap.h"
 
-#include <QSemaphore>
-#include <QThread>
-#include <QThreadPool>
-
 #include <algorithm>
 #include <atomic>
+#include <condition_variable>
+#include <deque>
 #include <exception>
 #include <mutex>
+#include <thread>
 
 namespace vornel {
 
 namespace {
 
-class Helpers : public QThreadPool
+/// The threads that help: all cores but the caller's.
+class Helpers
 {
 public:
     Helpers()
     {
-        // Every thread may hold a whole depth of folders open, and descriptors are few.
-        constexpr int mostThreads = 8;
-        setMaxThreadCount(std::min(QThread::idealThreadCount(), mostThreads) - 1);
+        for (std::size_t number = 0; number < m_idle; ++number)
+            m_threads.emplace_back([this](const std::stop_token &end) { run(end); });
     }
+
+    /// Lets an idle thread do `work`. Returns false when none is idle.
+    bool tryStart(std::function<void()> work)
+    {
+        const std::scoped_lock lock(m_mutex);
+        if (m_idle == 0)
+            return false;
+        --m_idle;
+        m_work.push_back(std::move(work));
+        m_changed.notify_one();
+        return true;
+    }
+
+private:
+    static std::size_t threadCount()
+    {
+        // Every thread may hold a whole depth of folders open, and descriptors are few.
+        constexpr unsigned mostThreads = 8;
+        return std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads) - 1;
+    }
+
+    void run(const std::stop_token &end)
+    {
+        std::unique_lock lock(m_mutex);
+        while (m_changed.wait(lock, end, [this] { return !m_work.empty(); })) {
+            const std::function<void()> work = std::move(m_work.front());
+            m_work.pop_front();
+            lock.unlock();
+            work();
+            lock.lock();
+            ++m_idle;
+        }
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable_any m_changed;
+    std::deque<std::function<void()>> m_work;
+    std::size_t m_idle = threadCount();
+    std::vector<std::jthread> m_threads; // last, so that they end before what they use
 };
 
 /// The indexes that are still to do, and what went wrong first.
@@ -41,6 +79,20 @@ public:
         }
     }
 
+    bool addHelper(Helpers &helpers)
+    {
+        const std::scoped_lock lock(m_mutex);
+        const bool isStarted = helpers.tryStart([this] { help(); });
+        m_helpers += isStarted ? 1 : 0;
+        return isStarted;
+    }
+
+    void awaitHelpers()
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [this] { return m_helpers == 0; });
+    }
+
     void rethrowFailure() const
     {
         if (m_failure)
@@ -48,6 +100,14 @@ public:
     }
 
 private:
+    void help()
+    {
+        run();
+        const std::scoped_lock lock(m_mutex);
+        --m_helpers;
+        m_changed.notify_one(); // while locked, as the loop is gone once the caller has seen it
+    }
+
     void stop(std::size_t index, std::exception_ptr failure)
     {
         const std::scoped_lock lock(m_mutex);
@@ -62,6 +122,8 @@ private:
     const std::function<void(std::size_t)> &m_work;
     std::atomic<std::size_t> m_next = 0;
     std::mutex m_mutex;
+    std::condition_variable m_changed;
+    int m_helpers = 0;
     std::exception_ptr m_failure;
     std::size_t m_failedIndex = 0;
 };
@@ -72,19 +134,10 @@ void parallelFor(std::size_t count, const std::function<void(std::size_t)> &work
 {
     static Helpers helpers;
     Loop loop(count, work);
-    QSemaphore finished;
-    int started = 0;
-    const auto help = [&loop, &finished] {
-        loop.run();
-        finished.release();
-    };
-    const int wanted = static_cast<int>(std::min<std::size_t>(
-                           count, static_cast<std::size_t>(QThread::idealThreadCount()))) -
-                       1;
-    while (started < wanted && helpers.tryStart(help))
-        ++started;
+    for (std::size_t wanted = count; wanted > 1 && loop.addHelper(helpers);)
+        --wanted;
     loop.run();
-    finished.acquire(started);
+    loop.awaitHelpers();
     loop.rethrowFailure();
 }
 

@@ -5,8 +5,10 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <linux/openat2.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -190,6 +192,23 @@ Folder PosixFileSystem::openFolder(const Folder &parent, const std::string &name
     return {open(parent, name, O_RDONLY | O_DIRECTORY), pathOf(parent, name)};
 }
 
+Folder PosixFileSystem::openBelow(const Folder &top, const fs::path &path) const
+{
+    // Where the kernel knows how to follow no link, one call does; what goes wrong is told step by step.
+    open_how how{};
+    how.flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+    how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
+    const long fd = ::syscall(SYS_openat2, top.descriptor.fd(), path.c_str(), &how, sizeof how);
+    if (fd >= 0)
+        return {Descriptor(static_cast<int>(fd)), pathOf(top, path)};
+
+    auto name = path.begin();
+    Folder folder = openFolder(top, *name);
+    for (++name; name != path.end(); ++name)
+        folder = openFolder(folder, *name);
+    return folder;
+}
+
 std::optional<FileKind> PosixFileSystem::kindAt(const Folder &folder, const std::string &name) const
 {
     return kindOf(folder, name);
@@ -252,8 +271,10 @@ Folder PosixFileSystem::createFolder(const Folder &parent, const std::string &na
     if (::mkdirat(parent.descriptor.fd(), name.c_str(), ownerOnly) != 0)
         fail("mkdir", pathOf(parent, name));
     try {
-        setPermissions({parent, name}, ownerOnly);
-        return openFolder(parent, name);
+        Folder folder = openFolder(parent, name);
+        if (::fchmod(folder.descriptor.fd(), ownerOnly) != 0)
+            fail("chmod", folder.path);
+        return folder;
     } catch (...) {
         ::unlinkat(parent.descriptor.fd(), name.c_str(), AT_REMOVEDIR);
         throw;

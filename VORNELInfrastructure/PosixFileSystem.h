@@ -14,6 +14,7 @@ public:
     std::filesystem::path resolved(const std::filesystem::path &path) const override;
     Folder openAbove(const std::filesystem::path &path) const override;
     Folder openFolder(const Folder &parent, const std::string &name) const override;
+    Folder openBelow(const Folder &top, const std::filesystem::path &path) const override;
     std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const override;
     std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const override;
     std::vector<FolderEntry> list(const Folder &folder) const override;

@@ -2,11 +2,14 @@
 
 #include <QFuture>
 #include <QPromise>
-#include <QThreadPool>
 
+#include <condition_variable>
+#include <deque>
 #include <exception>
+#include <functional>
 #include <memory>
-#include <type_traits>
+#include <mutex>
+#include <thread>
 
 namespace vornel {
 
@@ -15,7 +18,10 @@ namespace vornel {
 class SerialExecutor
 {
 public:
-    SerialExecutor() { m_pool.setMaxThreadCount(1); }
+    SerialExecutor() = default;
+    ~SerialExecutor();
+    SerialExecutor(const SerialExecutor &) = delete;
+    SerialExecutor &operator=(const SerialExecutor &) = delete;
 
     /// The function's result, or exactly what it threw. The function is given the promise, to report
     /// progress.
@@ -24,7 +30,8 @@ public:
     {
         auto promise = std::make_shared<QPromise<Result>>();
         promise->start();
-        m_pool.start([promise, function = std::move(function)] {
+        QFuture<Result> future = promise->future();
+        append([promise = std::move(promise), function = std::move(function)] {
             try {
                 promise->addResult(function(*promise));
             } catch (...) {
@@ -32,11 +39,18 @@ public:
             }
             promise->finish();
         });
-        return promise->future();
+        return future;
     }
 
 private:
-    QThreadPool m_pool;
+    void append(std::function<void()> function);
+    void run();
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::deque<std::function<void()>> m_functions;
+    bool m_isEnding = false;
+    std::jthread m_thread{[this] { run(); }}; // last, so that it begins after what it uses
 };
 
 } // namespace vornel

@@ -11,19 +11,20 @@
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
 
+#include <ranges>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
 
 namespace fs = std::filesystem;
 
-/// One skill on its way into one target.
+/// One skill on its way into the targets.
 struct TargetSynchronizer::Install
 {
     const SkillRecord *skill;
-    TargetKind kind;
-    std::optional<Publication> copy = {}; ///< nothing once the target's copy is right
-    std::exception_ptr failure = nullptr; ///< why it could not be staged
+    std::map<TargetKind, Publication> copies = {}; ///< for targets where the copy isn't right
+    Failures failures = {};
 };
 
 namespace {
@@ -33,6 +34,24 @@ try {
     std::rethrow_exception(failure);
 } catch (const std::exception &error) {
     return errorMessage(error);
+}
+
+/// Runs `action` for every target; what it threw for which.
+template <typename Action>
+std::map<TargetKind, std::exception_ptr> failuresOf(const Action &action)
+{
+    std::map<TargetKind, std::exception_ptr> failures;
+    for (const TargetKind kind : allCases<TargetKind>()) {
+        if (std::exception_ptr failure = failureOf([&] { action(kind); }))
+            failures.emplace(kind, std::move(failure));
+    }
+    return failures;
+}
+
+QList<TargetKind> kindsOf(const std::map<TargetKind, std::exception_ptr> &failures)
+{
+    const auto kinds = failures | std::views::keys;
+    return {kinds.begin(), kinds.end()};
 }
 
 } // namespace
@@ -47,49 +66,41 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill) const
 
 QSet<TargetKind> TargetSynchronizer::synchronizeAll(const QList<SkillRecord> &skills) const
 {
-    std::vector<Install> installs;
-    for (const SkillRecord &skill : skills) {
-        for (const TargetKind kind : allCases<TargetKind>())
-            installs.push_back({&skill, kind});
-    }
-    parallelFor(installs.size(), [&](std::size_t index) { stageCopy(installs[index]); });
+    const Failures unusable = failuresOf([this](TargetKind kind) { prepareRoot(kind); });
+    std::vector<Install> installs = parallelMap(skills, [&](const SkillRecord &skill) {
+        Install install{&skill};
+        stageCopies(install, unusable);
+        return install;
+    });
     publishCopies(installs);
 
-    QHash<QUuid, QMap<TargetKind, QString>> failed;
-    QSet<TargetKind> kinds;
+    QSet<TargetKind> failed;
     for (const Install &install : installs) {
-        const std::exception_ptr &failure = install.copy ? install.copy->failure : install.failure;
-        if (failure) {
-            failed[install.skill->manifest.id].insert(install.kind, reasonOf(failure));
-            kinds.insert(install.kind);
-        }
+        remember(install.skill->manifest.id, install.failures);
+        for (const TargetKind kind : install.failures | std::views::keys)
+            failed.insert(kind);
     }
-    for (const SkillRecord &skill : skills)
-        remember(skill.manifest.id, failed.value(skill.manifest.id));
-    return kinds;
+    return failed;
 }
 
 void TargetSynchronizer::removeCopies(const SkillRecord &skill) const
 {
-    QMap<TargetKind, QString> failed;
-    for (const TargetKind kind : allCases<TargetKind>()) {
-        try {
-            removeTargetCopy(skill.manifest.slug, kind);
-        } catch (const std::exception &error) {
-            failed.insert(kind, errorMessage(error));
-        }
-    }
-    remember(skill.manifest.id, failed);
-    if (!failed.isEmpty())
-        throw VORNELWorkspaceError::partialSync(failed.keys());
+    const Failures failures =
+        failuresOf([&](TargetKind kind) { removeTargetCopy(skill.manifest.slug, kind); });
+    remember(skill.manifest.id, failures);
+    if (!failures.empty())
+        throw VORNELWorkspaceError::partialSync(kindsOf(failures));
 }
 
-void TargetSynchronizer::remember(const QUuid &id, const QMap<TargetKind, QString> &failed) const
+void TargetSynchronizer::remember(const QUuid &id, const Failures &failures) const
 {
-    if (failed.isEmpty())
+    QMap<TargetKind, QString> reasons;
+    for (const auto &[kind, failure] : failures)
+        reasons.insert(kind, reasonOf(failure));
+    if (reasons.isEmpty())
         m_workspace.failedSyncTargets.remove(id);
     else
-        m_workspace.failedSyncTargets.insert(id, failed);
+        m_workspace.failedSyncTargets.insert(id, reasons);
 }
 
 fs::path TargetSynchronizer::recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const
@@ -98,43 +109,60 @@ fs::path TargetSynchronizer::recoveryPlace(const QString &label, TargetKind kind
     return m_workspace.config.recovery() / pathFromText(name);
 }
 
-void TargetSynchronizer::stageCopy(Install &install) const
-try {
-    FileSystem &files = m_workspace.files;
+void TargetSynchronizer::prepareRoot(TargetKind kind) const
+{
+    const fs::path &root = m_workspace.config.target(kind);
+    refuseLinkedRoot(m_workspace.files, root);
+    createFolders(m_workspace.files, root, Durability::Now);
+}
+
+void TargetSynchronizer::stageCopies(Install &install, const Failures &unusable) const
+{
+    std::string canonicalDigest;
+    install.failures = failuresOf([&](TargetKind kind) {
+        if (unusable.contains(kind))
+            std::rethrow_exception(unusable.at(kind));
+        if (canonicalDigest.empty())
+            canonicalDigest = digestOf(install.skill->url);
+        stageCopy(install, kind, canonicalDigest);
+    });
+}
+
+std::string TargetSynchronizer::digestOf(const fs::path &folder) const
+{
+    return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest).digest;
+}
+
+void TargetSynchronizer::stageCopy(Install &install, TargetKind kind,
+                                   const std::string &canonicalDigest) const
+{
     const SkillRecord &skill = *install.skill;
-    const auto digestOf = [&files](const fs::path &folder) {
-        return SecureFileTree::snapshot(files, folder, TreeFilter::excludingManifest).digest;
-    };
-
-    const fs::path &root = m_workspace.config.target(install.kind);
-    refuseLinkedRoot(files, root);
-    createFolders(files, root, Durability::Now);
-
-    const fs::path destination = root / pathFromText(skill.manifest.slug);
-    const std::string canonical = digestOf(skill.url);
-    const bool isOccupied = files.kindAt(destination).has_value();
-    if (isOccupied && digestOf(destination) == canonical)
+    const fs::path destination = m_workspace.config.target(kind) / pathFromText(skill.manifest.slug);
+    const bool isOccupied = m_workspace.files.kindAt(destination).has_value();
+    if (isOccupied && digestOf(destination) == canonicalDigest)
         return;
 
     Stage stage = m_store.makeStage();
-    SecureFileTree::copyTree(files, skill.url, stage.path(), TreeFilter::excludingManifest);
-    install.copy.emplace(std::move(stage), destination,
-                         isOccupied ? recoveryPlace(u"-"_s, install.kind, skill.manifest.slug) : fs::path());
-} catch (...) {
-    install.failure = std::current_exception();
+    SecureFileTree::copyTree(m_workspace.files, skill.url, stage.path(), TreeFilter::excludingManifest);
+    fs::path parking = isOccupied ? recoveryPlace(u"-"_s, kind, skill.manifest.slug) : fs::path();
+    install.copies.emplace(kind, Publication{std::move(stage), destination, std::move(parking)});
 }
 
 void TargetSynchronizer::publishCopies(std::vector<Install> &installs) const
 {
     std::vector<Publication *> copies;
     for (Install &install : installs) {
-        if (install.copy)
-            copies.push_back(&*install.copy);
+        for (Publication &copy : install.copies | std::views::values)
+            copies.push_back(&copy);
     }
     publish(m_workspace.files, copies);
-    for (const Publication *copy : copies) {
-        if (!copy->former.empty())
-            bestEffort([&] { m_store.discard(copy->former); });
+    for (Install &install : installs) {
+        for (const auto &[kind, copy] : install.copies) {
+            if (copy.failure)
+                install.failures.emplace(kind, copy.failure);
+            else if (!copy.former.empty())
+                bestEffort([&] { m_store.discard(copy.former); });
+        }
     }
 }
 

@@ -3,7 +3,8 @@
 #include "SkillFolderStore.h"
 #include "SkillRecords.h"
 
-#include <optional>
+#include <map>
+#include <vector>
 
 namespace vornel {
 
@@ -27,15 +28,21 @@ public:
 
 private:
     struct Install;
+    using Failures = std::map<TargetKind, std::exception_ptr>;
 
-    /// Copies the skill to staging, where the target's copy differs; else the install is done.
-    void stageCopy(Install &install) const;
+    /// Sees to it that a target's root is there, and no link.
+    void prepareRoot(TargetKind kind) const;
+
+    /// Copies the skill to staging for each target whose copy differs, but for those of no use.
+    void stageCopies(Install &install, const Failures &unusable) const;
+    void stageCopy(Install &install, TargetKind kind, const std::string &canonicalDigest) const;
     void publishCopies(std::vector<Install> &installs) const;
     void removeTargetCopy(const QString &slug, TargetKind kind) const;
 
     /// Keeps which targets of a skill failed, if any, each with its reason.
-    void remember(const QUuid &id, const QMap<TargetKind, QString> &failed) const;
+    void remember(const QUuid &id, const Failures &failures) const;
 
+    std::string digestOf(const std::filesystem::path &folder) const;
     std::filesystem::path recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const;
 
     const Workspace &m_workspace;

@@ -15,6 +15,15 @@ if(VORNEL_SANITIZERS)
         -fsanitize=${VORNEL_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     target_link_options(vornel_options INTERFACE -fsanitize=${VORNEL_SANITIZERS})
 endif()
+if(VORNEL_SANITIZERS STREQUAL "thread")
+    # Headers of Qt hold fences, which the sanitizer doesn't see.
+    target_compile_options(vornel_options INTERFACE -Wno-tsan)
+    add_library(vornel_thread_sanitizer OBJECT tests/sanitizers/QtFutures.cpp)
+    target_link_libraries(vornel_thread_sanitizer PRIVATE Qt6::Core)
+    target_compile_options(vornel_thread_sanitizer PRIVATE -fsanitize=thread)
+    target_sources(vornel_options INTERFACE
+        $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:$<TARGET_OBJECTS:vornel_thread_sanitizer>>)
+endif()
 
 # Compiles what Qt generates from a module's QML files in a few large pieces, without warnings: the code isn't
 # ours.

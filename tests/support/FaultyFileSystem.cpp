@@ -69,6 +69,12 @@ Folder FaultyFileSystem::openFolder(const Folder &parent, const std::string &nam
     return PosixFileSystem::openFolder(parent, name);
 }
 
+Folder FaultyFileSystem::openBelow(const Folder &top, const fs::path &path) const
+{
+    look();
+    return PosixFileSystem::openBelow(top, path);
+}
+
 std::optional<FileKind> FaultyFileSystem::kindAt(const Folder &folder, const std::string &name) const
 {
     look();

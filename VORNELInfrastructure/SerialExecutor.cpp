@@ -1,0 +1,39 @@
+#include "SerialExecutor.h"
+
+namespace vornel {
+
+SerialExecutor::~SerialExecutor()
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_isEnding = true;
+    }
+    m_changed.notify_one();
+}
+
+void SerialExecutor::append(std::function<void()> function)
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_functions.push_back(std::move(function));
+    }
+    m_changed.notify_one();
+}
+
+void SerialExecutor::run()
+{
+    std::unique_lock lock(m_mutex);
+    while (true) {
+        m_changed.wait(lock, [this] { return m_isEnding || !m_functions.empty(); });
+        if (m_functions.empty())
+            return;
+        std::function<void()> function = std::move(m_functions.front());
+        m_functions.pop_front();
+        lock.unlock();
+        function();
+        function = nullptr; // what it holds goes before anybody else gets the lock
+        lock.lock();
+    }
+}
+
+} // namespace vornel
