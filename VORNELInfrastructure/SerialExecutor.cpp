@@ -2,15 +2,6 @@
 
 namespace vornel {
 
-SerialExecutor::~SerialExecutor()
-{
-    {
-        const std::scoped_lock lock(m_mutex);
-        m_isEnding = true;
-    }
-    m_changed.notify_one();
-}
-
 void SerialExecutor::append(std::function<void()> function)
 {
     {
@@ -20,11 +11,11 @@ void SerialExecutor::append(std::function<void()> function)
     m_changed.notify_one();
 }
 
-void SerialExecutor::run()
+void SerialExecutor::run(const std::stop_token &end)
 {
     std::unique_lock lock(m_mutex);
     while (true) {
-        m_changed.wait(lock, [this] { return m_isEnding || !m_functions.empty(); });
+        m_changed.wait(lock, end, [this] { return !m_functions.empty(); });
         if (m_functions.empty())
             return;
         std::function<void()> function = std::move(m_functions.front());

@@ -18,11 +18,6 @@ namespace vornel {
 class SerialExecutor
 {
 public:
-    SerialExecutor() = default;
-    ~SerialExecutor();
-    SerialExecutor(const SerialExecutor &) = delete;
-    SerialExecutor &operator=(const SerialExecutor &) = delete;
-
     /// The function's result, or exactly what it threw. The function is given the promise, to report
     /// progress.
     template <typename Result, typename Function>
@@ -44,13 +39,12 @@ public:
 
 private:
     void append(std::function<void()> function);
-    void run();
+    void run(const std::stop_token &end);
 
     std::mutex m_mutex;
-    std::condition_variable m_changed;
+    std::condition_variable_any m_changed;
     std::deque<std::function<void()>> m_functions;
-    bool m_isEnding = false;
-    std::jthread m_thread{[this] { run(); }}; // last, so that it begins after what it uses
+    std::jthread m_thread{[this](const std::stop_token &end) { run(end); }}; // last, as it uses the others
 };
 
 } // namespace vornel
