@@ -4,14 +4,13 @@
 #include "ParallelMap.h"
 #include "SecureFileTree.h"
 #include "SkillText.h"
-#include "TargetSynchronizer.h"
-#include "TreeOperations.h"
 
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
 
 #include <algorithm>
+#include <iterator>
 #include <mutex>
 #include <ranges>
 #include <vector>
@@ -24,9 +23,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// As many skills wait for the disk together: enough for the waiting to be short, few enough for the copies
-/// that wait to take little room.
-constexpr qsizetype batchSize = 128;
+/// As many skills wait for the disk together: the more, the shorter; and the more are to be done again when
+/// the import is cut short.
+constexpr qsizetype batchSize = 512;
 
 QList<ImportCandidate> workList(const ImportPlan &plan)
 {
@@ -49,10 +48,22 @@ QList<ImportCandidate> workList(const ImportPlan &plan)
 /// A candidate on its way into the library.
 struct ImportCommit::Entrant
 {
-    SkillRecord skill = {};
-    std::optional<Publication> canonical = {}; ///< nothing for a skill that is in the library already
-    const ImportCandidate *candidate = nullptr;
+    const ImportCandidate *candidate;
+    const SkillRecord *known = nullptr; ///< the skill that is in the library already; then nothing is staged
+    std::optional<Publication> canonical = {};
+    std::optional<Publication> history = {};
+    Install install = {};
     std::exception_ptr failure = nullptr;
+
+    /// All that is staged, the canonical folder first.
+    std::vector<Publication *> publications()
+    {
+        if (!canonical)
+            return {};
+        std::vector<Publication *> all{&*canonical, &*history};
+        std::ranges::copy(install.publications(), std::back_inserter(all));
+        return all;
+    }
 };
 
 void ImportCommit::run(const ImportPlan &plan, const Progress &progress)
@@ -60,6 +71,7 @@ void ImportCommit::run(const ImportPlan &plan, const Progress &progress)
     const QList<ImportCandidate> work = workList(plan);
     const auto total = static_cast<int>(work.size());
     m_active = activeManifests(m_workspace);
+    m_unusableTargets = m_targets.prepareRoots();
 
     std::mutex mutex;
     int done = 0;
@@ -86,12 +98,7 @@ void ImportCommit::importBatch(const QList<ImportCandidate> &batch, const std::f
     });
     const auto failed =
         std::ranges::find_if(entrants, [](const Entrant &entrant) { return entrant.failure != nullptr; });
-    const std::span prepared(entrants.begin(), failed);
-    admit(prepared);
-    for (const Entrant &entrant : prepared) {
-        if (!entrant.canonical)
-            adopt(entrant);
-    }
+    admit({entrants.begin(), failed});
     if (failed != entrants.end())
         std::rethrow_exception(failed->failure);
 }
@@ -99,18 +106,98 @@ void ImportCommit::importBatch(const QList<ImportCandidate> &batch, const std::f
 ImportCommit::Entrant ImportCommit::prepare(const ImportCandidate &candidate) const
 try {
     WorkspaceValidation::validateSlug(candidate.slug);
-    if (const SkillRecord *active = activeSkill(candidate.slug)) {
-        if (!holdsContent(candidate, active->url))
+    Entrant entrant{.candidate = &candidate, .known = activeSkill(candidate.slug)};
+    if (entrant.known != nullptr) {
+        if (!holdsContent(candidate, entrant.known->url))
             throw VORNELWorkspaceError::duplicateSlug(candidate.slug);
-        return {.skill = *active, .candidate = &candidate};
+        return entrant;
     }
-    Stage place = m_store.makeStage();
-    const SkillRecord skill = stage(candidate, place.path());
-    return {.skill = skill,
-            .canonical = Publication{.stage = std::move(place), .destination = skill.url},
-            .candidate = &candidate};
+    entrant.canonical.emplace(m_store.makeStage(), m_workspace.config.canonical(candidate.slug));
+    const fs::path &folder = entrant.canonical->stage.path();
+    const SkillManifest manifest = stage(candidate, folder);
+    entrant.history.emplace(m_store.stageSnapshot(manifest, folder));
+    entrant.install = m_targets.stage(manifest, folder, candidate.digest.toStdString(), m_unusableTargets);
+    return entrant;
 } catch (...) {
-    return {.failure = std::current_exception()};
+    return {.candidate = &candidate, .failure = std::current_exception()};
+}
+
+SkillManifest ImportCommit::stage(const ImportCandidate &candidate, const fs::path &stage) const
+{
+    const auto copied = SecureFileTree::copyTreeAndSnapshot(m_workspace.files, candidate.sourceURL, stage,
+                                                            TreeFilter::excludingManifest);
+    if (QString::fromStdString(copied.digest) != candidate.digest)
+        throw VORNELWorkspaceError::integrityFailure(u"Le contenu de "_s + candidate.slug +
+                                                     u" a changé depuis le scan."_s);
+    const SkillText::Metadata metadata =
+        SkillText::frontmatterMetadata(m_store.readSkillMD(stage, candidate.slug), candidate.slug);
+    const QDateTime now = currentInstant();
+    SkillManifest manifest{.schemaVersion = 1,
+                           .id = QUuid::createUuid(),
+                           .slug = candidate.slug,
+                           .displayName = metadata.name,
+                           .summary = metadata.summary,
+                           .category = SkillCategory::otherID,
+                           .tags = {},
+                           .maturity = Maturity::active,
+                           .revision = 1,
+                           .createdAt = now,
+                           .updatedAt = now};
+    m_store.writeManifest(manifest, stage, Durability::Later);
+    return manifest;
+}
+
+void ImportCommit::admit(std::span<Entrant> entrants)
+{
+    std::vector<Publication *> all;
+    std::vector<Publication *> canonical;
+    for (Entrant &entrant : entrants) {
+        if (entrant.canonical)
+            canonical.push_back(&*entrant.canonical);
+        std::ranges::copy(entrant.publications(), std::back_inserter(all));
+    }
+    settle(m_workspace.files, all);
+    place(m_workspace.files, canonical);
+
+    std::vector<Publication *> others;
+    for (Entrant &entrant : entrants) {
+        if (entrant.canonical && !entrant.canonical->failure)
+            std::ranges::copy(entrant.publications() | std::views::drop(1), std::back_inserter(others));
+    }
+    place(m_workspace.files, others);
+
+    std::exception_ptr failure;
+    for (Entrant &entrant : entrants) {
+        const std::exception_ptr own = failureOf([&] { conclude(entrant); });
+        failure = failure ? failure : own;
+    }
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+void ImportCommit::conclude(Entrant &entrant)
+{
+    if (entrant.known != nullptr)
+        return adopt(*entrant.candidate, *entrant.known);
+    if (entrant.canonical->failure)
+        std::rethrow_exception(entrant.canonical->failure);
+    m_targets.finish(entrant.install);
+    for (const TargetKind kind : entrant.install.failures | std::views::keys)
+        m_failedTargets.insert(kind);
+    if (entrant.history->failure)
+        std::rethrow_exception(entrant.history->failure);
+}
+
+void ImportCommit::adopt(const ImportCandidate &candidate, const SkillRecord &skill) const
+{
+    if (!m_store.hasSnapshot(skill.manifest))
+        m_store.createSnapshot(skill.manifest, skill.url);
+    // A target that still fails is remembered with the skill, and doesn't hold back the import again. One
+    // whose content has changed since the scan is left for the user to look at.
+    bestEffort([&] {
+        if (holdsContent(candidate, candidate.sourceURL))
+            m_targets.synchronize(skill);
+    });
 }
 
 const SkillRecord *ImportCommit::activeSkill(const QString &slug) const
@@ -124,86 +211,6 @@ bool ImportCommit::holdsContent(const ImportCandidate &candidate, const fs::path
 {
     const auto tree = SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
     return QString::fromStdString(tree.digest) == candidate.digest;
-}
-
-SkillRecord ImportCommit::stage(const ImportCandidate &candidate, const fs::path &place) const
-{
-    const auto copied = SecureFileTree::copyTree(m_workspace.files, candidate.sourceURL, place,
-                                                 TreeFilter::excludingManifest);
-    if (QString::fromStdString(copied.digest) != candidate.digest)
-        throw VORNELWorkspaceError::integrityFailure(u"Le contenu de "_s + candidate.slug +
-                                                     u" a changé depuis le scan."_s);
-    const SkillText::Metadata metadata =
-        SkillText::frontmatterMetadata(m_store.readSkillMD(place, candidate.slug), candidate.slug);
-    const QDateTime now = currentInstant();
-    SkillRecord skill{{.schemaVersion = 1,
-                       .id = QUuid::createUuid(),
-                       .slug = candidate.slug,
-                       .displayName = metadata.name,
-                       .summary = metadata.summary,
-                       .category = SkillCategory::otherID,
-                       .tags = {},
-                       .maturity = Maturity::active,
-                       .revision = 1,
-                       .createdAt = now,
-                       .updatedAt = now},
-                      m_workspace.config.canonical(candidate.slug)};
-    m_store.writeManifest(skill.manifest, place, Durability::Later);
-    return skill;
-}
-
-void ImportCommit::admit(std::span<Entrant> entrants)
-{
-    std::vector<Publication *> publications;
-    for (Entrant &entrant : entrants) {
-        if (entrant.canonical)
-            publications.push_back(&*entrant.canonical);
-    }
-    publish(m_workspace.files, publications);
-
-    QList<SkillRecord> admitted;
-    for (const Entrant &entrant : entrants) {
-        if (entrant.canonical && !entrant.canonical->failure)
-            admitted.append(entrant.skill);
-    }
-    m_active += admitted;
-    const std::exception_ptr noHistory = failureOf([&] { keepHistory(admitted); });
-    m_failedTargets += TargetSynchronizer(m_workspace).synchronizeAll(admitted);
-
-    for (const Publication *publication : publications) {
-        if (publication->failure)
-            std::rethrow_exception(publication->failure);
-    }
-    if (noHistory)
-        std::rethrow_exception(noHistory);
-}
-
-void ImportCommit::keepHistory(const QList<SkillRecord> &skills) const
-{
-    std::vector<Publication> copies = parallelMap(skills, [this](const SkillRecord &skill) {
-        return m_store.stageSnapshot(skill.manifest, skill.url);
-    });
-    std::vector<Publication *> publications;
-    for (Publication &copy : copies)
-        publications.push_back(&copy);
-    publish(m_workspace.files, publications);
-    for (const Publication &copy : copies) {
-        if (copy.failure)
-            std::rethrow_exception(copy.failure);
-    }
-}
-
-void ImportCommit::adopt(const Entrant &entrant) const
-{
-    const SkillRecord &skill = entrant.skill;
-    if (!m_store.hasSnapshot(skill.manifest))
-        m_store.createSnapshot(skill.manifest, skill.url);
-    // A target that still fails is remembered with the skill, and doesn't hold back the import again. One
-    // whose content has changed since the scan is left for the user to look at.
-    bestEffort([&] {
-        if (holdsContent(*entrant.candidate, entrant.candidate->sourceURL))
-            TargetSynchronizer(m_workspace).synchronize(skill);
-    });
 }
 
 } // namespace vornel

@@ -2,6 +2,7 @@
 
 #include "SkillFolderStore.h"
 #include "SkillRecords.h"
+#include "TargetSynchronizer.h"
 
 #include <VORNELCore/ImportModels.h>
 
@@ -17,7 +18,9 @@ using Progress = std::function<void(int done, int total)>;
 class ImportCommit
 {
 public:
-    explicit ImportCommit(const Workspace &workspace) : m_workspace(workspace), m_store(workspace) {}
+    explicit ImportCommit(const Workspace &workspace)
+        : m_workspace(workspace), m_store(workspace), m_targets(workspace)
+    {}
 
     /// Imports every candidate and the chosen side of every collision, by slug. Throws `unresolvedCollisions`
     /// before anything is written. A skill that is already active with the same content is adopted as it is,
@@ -29,18 +32,29 @@ private:
     struct Entrant;
 
     void importBatch(const QList<ImportCandidate> &batch, const std::function<void()> &staged);
+
+    /// Stages all that the library and the targets need of a candidate.
     Entrant prepare(const ImportCandidate &candidate) const;
+
+    /// Copies the candidate's folder to a stage, with a manifest.
+    SkillManifest stage(const ImportCandidate &candidate, const std::filesystem::path &stage) const;
+
+    /// Puts what is staged in its places.
+    void admit(std::span<Entrant> entrants);
+
+    /// Ends what concerns one candidate; throws why it isn't in the library or its history.
+    void conclude(Entrant &entrant);
+
+    void adopt(const ImportCandidate &candidate, const SkillRecord &skill) const;
     const SkillRecord *activeSkill(const QString &slug) const;
 
     /// Whether the folder still holds what the scan has found.
     bool holdsContent(const ImportCandidate &candidate, const std::filesystem::path &folder) const;
-    SkillRecord stage(const ImportCandidate &candidate, const std::filesystem::path &place) const;
-    void admit(std::span<Entrant> entrants);
-    void keepHistory(const QList<SkillRecord> &skills) const;
-    void adopt(const Entrant &entrant) const;
 
     const Workspace &m_workspace;
     SkillFolderStore m_store;
+    TargetSynchronizer m_targets;
+    TargetSynchronizer::Failures m_unusableTargets;
     QList<SkillRecord> m_active;
     QSet<TargetKind> m_failedTargets;
 };

@@ -1,5 +1,6 @@
 #include "ImportScan.h"
 
+#include "ParallelMap.h"
 #include "SecureFileTree.h"
 #include "SkillFiles.h"
 #include "SkillFolderStore.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <map>
 #include <ranges>
+#include <variant>
 
 namespace vornel {
 
@@ -34,58 +36,66 @@ public:
         : m_workspace(workspace), m_source(source), m_root(workspace.config.target(source))
     {}
 
-    SourceScan scan(const QSet<QString> &excluding)
+    SourceScan scan(const QSet<QString> &excluding) const
     {
         if (!m_workspace.files.kindAt(m_root))
             return {};
         refuseLinkedRoot(m_workspace.files, m_root);
         std::vector<FolderEntry> entries = m_workspace.files.list(m_workspace.files.openFolder(m_root));
+        std::erase_if(entries, [](const FolderEntry &entry) { return entry.name.starts_with('.'); });
         std::ranges::sort(entries, {}, &FolderEntry::name);
-        for (const FolderEntry &entry : entries) {
-            if (!entry.name.starts_with('.'))
-                look(entry, excluding);
+
+        SourceScan found;
+        for (const Finding &finding :
+             parallelMap(entries, [&](const FolderEntry &entry) { return look(entry, excluding); })) {
+            if (const auto *candidate = std::get_if<ImportCandidate>(&finding))
+                found.candidates[candidate->slug] = *candidate;
+            else if (const auto *blocked = std::get_if<BlockedImport>(&finding))
+                found.blocked.append(*blocked);
         }
-        return m_found;
+        return found;
     }
 
 private:
-    void look(const FolderEntry &entry, const QSet<QString> &excluding)
+    /// What an entry is to the import: nothing, something that it may take, or something that it can't.
+    using Finding = std::variant<std::monostate, ImportCandidate, BlockedImport>;
+
+    Finding look(const FolderEntry &entry, const QSet<QString> &excluding) const
     {
         const QString name = QString::fromStdString(entry.name);
         if (entry.kind == FileKind::SymbolicLink)
-            return block(name, "symlinkUnsupported");
+            return blocked(name, "symlinkUnsupported");
         if (entry.kind != FileKind::Directory)
-            return;
+            return {};
         try {
             WorkspaceValidation::validateSlug(name);
         } catch (const VORNELWorkspaceError &) {
-            return block(name, "invalidPath");
+            return blocked(name, "invalidPath");
         }
-        if (!excluding.contains(name))
-            readCandidate(name);
+        return excluding.contains(name) ? Finding() : readCandidate(name);
     }
 
-    void readCandidate(const QString &slug)
+    Finding readCandidate(const QString &slug) const
     {
         const fs::path folder = m_root / pathFromText(slug);
         try {
             const std::optional<FileKind> text = m_workspace.files.kindAt(folder / SkillFiles::text);
             if (!text || *text == FileKind::Directory)
-                return block(slug, "missingSkillFile");
+                return blocked(slug, "missingSkillFile");
             const std::string digest =
                 SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest).digest;
             if (!hasUsableText(folder, slug))
-                return block(slug, "unsafeContent");
-            m_found.candidates[slug] = {QUuid::createUuid(),
-                                        slug,
-                                        m_source,
-                                        QString::fromStdString(digest),
-                                        ImportClassification::singleSource,
-                                        folder};
+                return blocked(slug, "unsafeContent");
+            return ImportCandidate{QUuid::createUuid(),
+                                   slug,
+                                   m_source,
+                                   QString::fromStdString(digest),
+                                   ImportClassification::singleSource,
+                                   folder};
         } catch (const VORNELWorkspaceError &error) {
-            block(slug, reason(error));
+            return blocked(slug, reason(error));
         } catch (const fs::filesystem_error &) {
-            block(slug, "unreadable");
+            return blocked(slug, "unreadable");
         }
     }
 
@@ -107,15 +117,14 @@ private:
         return error.as<WorkspaceErrorCase::UnsafeImport>() != nullptr ? "unsafeContent" : "unreadable";
     }
 
-    void block(const QString &name, const char *reason)
+    Finding blocked(const QString &name, const char *reason) const
     {
-        m_found.blocked.append({m_source, name, QLatin1String(reason)});
+        return BlockedImport{m_source, name, QLatin1String(reason)};
     }
 
     const Workspace &m_workspace;
     TargetKind m_source;
     const fs::path &m_root;
-    SourceScan m_found;
 };
 
 } // namespace

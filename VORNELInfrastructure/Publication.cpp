@@ -4,9 +4,9 @@
 #include "FileOperations.h"
 #include "TreeOperations.h"
 
-#include <set>
+#include <map>
+#include <ranges>
 #include <system_error>
-#include <vector>
 
 namespace vornel {
 
@@ -18,11 +18,8 @@ namespace {
 class Entrance
 {
 public:
-    Entrance(FileSystem &files, Publication &publication)
-        : m_files(files),
-          m_publication(publication),
-          m_staging(files.openFolder(publication.stage.path().parent_path())),
-          m_home(files.openFolder(publication.destination.parent_path()))
+    Entrance(FileSystem &files, Publication &publication, const Folder &staging, const Folder &home)
+        : m_files(files), m_publication(publication), m_staging(staging), m_home(home)
     {}
 
     void pass()
@@ -85,31 +82,46 @@ private:
 
     FileSystem &m_files;
     Publication &m_publication;
-    const Folder m_staging;
-    const Folder m_home;
+    const Folder &m_staging;
+    const Folder &m_home;
 };
 
 } // namespace
 
-void publish(FileSystem &files, const std::vector<Publication *> &publications)
+void settle(FileSystem &files, const std::vector<Publication *> &publications)
 {
     std::vector<fs::path> staged;
-    std::set<fs::path> parents;
-    for (const Publication *publication : publications) {
+    for (const Publication *publication : publications)
         staged.push_back(publication->stage.path());
-        parents.insert({publication->stage.path().parent_path(), publication->destination.parent_path()});
-    }
-    const std::exception_ptr notOnDisk = failureOf([&] { flushTrees(files, staged); });
+    const std::exception_ptr failure = failureOf([&] { flushTrees(files, staged); });
     for (Publication *publication : publications)
-        publication->failure =
-            notOnDisk ? notOnDisk : failureOf([&] { Entrance(files, *publication).pass(); });
-    for (const fs::path &parent : parents)
-        bestEffort([&] { files.flush(files.openFolder(parent)); });
+        publication->failure = failure;
+}
+
+void place(FileSystem &files, const std::vector<Publication *> &publications)
+{
+    std::map<fs::path, Folder> parents;
+    const auto opened = [&](const fs::path &path) -> const Folder & {
+        const auto known = parents.find(path);
+        return known != parents.end() ? known->second
+                                      : parents.emplace(path, files.openFolder(path)).first->second;
+    };
+    for (Publication *publication : publications) {
+        if (!publication->failure)
+            publication->failure = failureOf([&] {
+                Entrance(files, *publication, opened(publication->stage.path().parent_path()),
+                         opened(publication->destination.parent_path()))
+                    .pass();
+            });
+    }
+    for (const Folder &parent : parents | std::views::values)
+        flushNames(files, parent);
 }
 
 void publish(FileSystem &files, Publication &publication)
 {
-    publish(files, std::vector{&publication});
+    settle(files, {&publication});
+    place(files, {&publication});
     if (publication.failure)
         std::rethrow_exception(publication.failure);
 }

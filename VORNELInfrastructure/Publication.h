@@ -24,12 +24,16 @@ struct Publication
     std::exception_ptr failure = nullptr; ///< why it did not succeed: all stands where it stood
 };
 
-/// Puts the staged folders on the disk, then each in its place, then the new names on the disk. A folder that
-/// is replaced is never missing where the volume can exchange two folders; elsewhere it is for the moment
-/// between two renames. What fails with one publication is kept with it, and doesn't stop the others.
-void publish(FileSystem &files, const std::vector<Publication *> &publications);
+/// Puts the staged folders on the disk. If that fails, it fails for all.
+void settle(FileSystem &files, const std::vector<Publication *> &publications);
 
-/// The same for one; throws its failure.
+/// Puts settled folders in their places, in this order, and then the new names on the disk; those that have
+/// failed are passed over. A folder that is replaced is never missing where the volume can exchange two
+/// folders; elsewhere it is for the moment between two renames. What fails with one publication is kept with
+/// it, and doesn't stop the others.
+void place(FileSystem &files, const std::vector<Publication *> &publications);
+
+/// Settles and places one; throws its failure.
 void publish(FileSystem &files, Publication &publication);
 
 } // namespace vornel

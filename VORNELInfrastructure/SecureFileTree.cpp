@@ -61,6 +61,9 @@ File openFile(const FileSystem &files, const Folder &folder, const std::string &
     return file;
 }
 
+/// What a walk does with the bytes of the files.
+enum class Task { Hash, Copy, HashAndCopy };
+
 /// A folder of the tree that a walk has come to.
 struct Level
 {
@@ -77,8 +80,8 @@ public:
     Walk(const FileSystem &files, TreeFilter filter) : m_files(files), m_filter(filter) {}
 
     /// Writes what it reads, where the levels say.
-    Walk(const FileSystem &files, TreeFilter filter, FileSystem *writer)
-        : m_files(files), m_filter(filter), m_writer(writer)
+    Walk(FileSystem &files, TreeFilter filter, Task task)
+        : m_files(files), m_filter(filter), m_task(task), m_writer(&files)
     {}
 
     /// Appends all that is below a folder: its own entries first, then what its folders hold.
@@ -165,22 +168,28 @@ private:
 
     Entry fileEntry(const Level &level, const std::string &name, const File &file) const
     {
+        Entry entry{level.prefix + name, Entry::Kind::file, 0, std::nullopt};
         std::optional<File> copy;
-        if (level.copy != nullptr)
+        if (m_task != Task::Hash)
             copy = m_writer->createFile(*level.copy, name);
-        Sha256 hash;
-        std::int64_t size = 0;
+        std::optional<Sha256> hash;
+        if (m_task != Task::Copy)
+            hash.emplace();
         readWhole(m_files, file, [&](QByteArrayView bytes) {
-            hash.update(bytes);
-            size += bytes.size();
+            entry.size += bytes.size();
+            if (hash)
+                hash->update(bytes);
             if (copy)
                 m_writer->write(*copy, bytes);
         });
-        return {level.prefix + name, Entry::Kind::file, size, hash.finish()};
+        if (hash)
+            entry.fileDigest = hash->finish();
+        return entry;
     }
 
     const FileSystem &m_files;
     TreeFilter m_filter;
+    Task m_task = Task::Hash;
     FileSystem *m_writer = nullptr;
     std::vector<Entry> m_entries;
 };
@@ -203,6 +212,28 @@ FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFil
     return walk.finish(root.path);
 }
 
+/// Walks over `source` and copies it.
+Walk copiedWalk(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter,
+                Task task)
+{
+    const fs::path path = standardizedPath(source);
+    const Folder from = openedRoot(path.filename(), [&] { return files.openFolder(path); });
+    if (files.kindAt(destination)) {
+        snapshotOf(files, from, filter); // what is wrong with the source is told first
+        throw VORNELWorkspaceError::integrityFailure(u"La destination existe déjà : "_s +
+                                                     pathText(destination.filename()));
+    }
+    const Folder to = createFolders(files, destination, Durability::Later);
+    try {
+        Walk walk(files, filter, task);
+        walk.visit({from, &to});
+        return walk;
+    } catch (...) {
+        bestEffort([&] { removeTree(files, destination); });
+        throw;
+    }
+}
+
 } // namespace
 
 FileTreeSnapshot snapshot(const FileSystem &files, const fs::path &root, TreeFilter filter)
@@ -219,25 +250,15 @@ FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const s
     return snapshotOf(files, folder, filter);
 }
 
-FileTreeSnapshot copyTree(FileSystem &files, const fs::path &source, const fs::path &destination,
-                          TreeFilter filter)
+void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)
 {
-    const fs::path path = standardizedPath(source);
-    const Folder from = openedRoot(path.filename(), [&] { return files.openFolder(path); });
-    if (files.kindAt(destination)) {
-        snapshot(files, source, filter); // what is wrong with the source is told first
-        throw VORNELWorkspaceError::integrityFailure(u"La destination existe déjà : "_s +
-                                                     pathText(destination.filename()));
-    }
-    const Folder to = createFolders(files, destination, Durability::Later);
-    try {
-        Walk walk(files, filter, &files);
-        walk.visit({from, &to});
-        return walk.finish(from.path);
-    } catch (...) {
-        bestEffort([&] { removeTree(files, destination); });
-        throw;
-    }
+    copiedWalk(files, source, destination, filter, Task::Copy);
+}
+
+FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const fs::path &source, const fs::path &destination,
+                                     TreeFilter filter)
+{
+    return copiedWalk(files, source, destination, filter, Task::HashAndCopy).finish(source);
 }
 
 } // namespace vornel::SecureFileTree

@@ -15,10 +15,13 @@ FileTreeSnapshot snapshot(const FileSystem &files, const std::filesystem::path &
 FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
                           TreeFilter filter);
 
-/// Copies the filtered tree of `source` into the new folder `destination` (folders 700, files 600); each file
-/// is read once. Returns what was copied, as the tree of `source`. Throws `integrityFailure` when something
-/// stands at the destination. A failed copy leaves nothing behind.
-FileTreeSnapshot copyTree(FileSystem &files, const std::filesystem::path &source,
-                          const std::filesystem::path &destination, TreeFilter filter);
+/// Copies the filtered tree of `source` into the new folder `destination` (folders 700, files 600). Throws
+/// `integrityFailure` when something stands there already. A failed copy leaves nothing behind.
+void copyTree(FileSystem &files, const std::filesystem::path &source,
+              const std::filesystem::path &destination, TreeFilter filter);
+
+/// The same, and a snapshot of the very bytes that were copied.
+FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const std::filesystem::path &source,
+                                     const std::filesystem::path &destination, TreeFilter filter);
 
 } // namespace vornel::SecureFileTree

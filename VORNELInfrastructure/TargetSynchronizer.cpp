@@ -2,7 +2,6 @@
 
 #include "BestEffort.h"
 #include "FileOperations.h"
-#include "ParallelMap.h"
 #include "SecureFileTree.h"
 #include "TreeOperations.h"
 
@@ -18,14 +17,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 
 namespace fs = std::filesystem;
-
-/// One skill on its way into the targets.
-struct TargetSynchronizer::Install
-{
-    const SkillRecord *skill;
-    std::map<TargetKind, Publication> copies = {}; ///< for targets where the copy isn't right
-    Failures failures = {};
-};
 
 namespace {
 
@@ -56,31 +47,28 @@ QList<TargetKind> kindsOf(const std::map<TargetKind, std::exception_ptr> &failur
 
 } // namespace
 
-void TargetSynchronizer::synchronize(const SkillRecord &skill) const
+std::vector<Publication *> Install::publications()
 {
-    synchronizeAll({skill});
-    const QMap<TargetKind, QString> failed = m_workspace.failedSyncTargets.value(skill.manifest.id);
-    if (!failed.isEmpty())
-        throw VORNELWorkspaceError::partialSync(failed.keys());
+    std::vector<Publication *> all;
+    for (Publication &copy : copies | std::views::values)
+        all.push_back(&copy);
+    return all;
 }
 
-QSet<TargetKind> TargetSynchronizer::synchronizeAll(const QList<SkillRecord> &skills) const
+void TargetSynchronizer::synchronize(const SkillRecord &skill) const
 {
-    const Failures unusable = failuresOf([this](TargetKind kind) { prepareRoot(kind); });
-    std::vector<Install> installs = parallelMap(skills, [&](const SkillRecord &skill) {
-        Install install{&skill};
-        stageCopies(install, unusable);
-        return install;
-    });
-    publishCopies(installs);
-
-    QSet<TargetKind> failed;
-    for (const Install &install : installs) {
-        remember(install.skill->manifest.id, install.failures);
-        for (const TargetKind kind : install.failures | std::views::keys)
-            failed.insert(kind);
+    Failures unusable = prepareRoots();
+    std::string digest;
+    if (const auto unreadable = failureOf([&] { digest = digestOf(skill.url); })) {
+        for (const TargetKind kind : allCases<TargetKind>())
+            unusable.emplace(kind, unreadable);
     }
-    return failed;
+    Install install = stage(skill.manifest, skill.url, digest, unusable);
+    settle(m_workspace.files, install.publications());
+    place(m_workspace.files, install.publications());
+    finish(install);
+    if (!install.failures.empty())
+        throw VORNELWorkspaceError::partialSync(kindsOf(install.failures));
 }
 
 void TargetSynchronizer::removeCopies(const SkillRecord &skill) const
@@ -109,23 +97,26 @@ fs::path TargetSynchronizer::recoveryPlace(const QString &label, TargetKind kind
     return m_workspace.config.recovery() / pathFromText(name);
 }
 
-void TargetSynchronizer::prepareRoot(TargetKind kind) const
+TargetSynchronizer::Failures TargetSynchronizer::prepareRoots() const
 {
-    const fs::path &root = m_workspace.config.target(kind);
-    refuseLinkedRoot(m_workspace.files, root);
-    createFolders(m_workspace.files, root, Durability::Now);
+    return failuresOf([this](TargetKind kind) {
+        const fs::path &root = m_workspace.config.target(kind);
+        refuseLinkedRoot(m_workspace.files, root);
+        createFolders(m_workspace.files, root, Durability::Now);
+    });
 }
 
-void TargetSynchronizer::stageCopies(Install &install, const Failures &unusable) const
+Install TargetSynchronizer::stage(const SkillManifest &manifest, const fs::path &source,
+                                  const std::string &digest, const Failures &unusable) const
 {
-    std::string canonicalDigest;
+    Install install{manifest.id};
     install.failures = failuresOf([&](TargetKind kind) {
         if (unusable.contains(kind))
             std::rethrow_exception(unusable.at(kind));
-        if (canonicalDigest.empty())
-            canonicalDigest = digestOf(install.skill->url);
-        stageCopy(install, kind, canonicalDigest);
+        if (auto copy = stagedCopy(manifest, source, digest, kind))
+            install.copies.emplace(kind, std::move(*copy));
     });
+    return install;
 }
 
 std::string TargetSynchronizer::digestOf(const fs::path &folder) const
@@ -133,37 +124,30 @@ std::string TargetSynchronizer::digestOf(const fs::path &folder) const
     return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest).digest;
 }
 
-void TargetSynchronizer::stageCopy(Install &install, TargetKind kind,
-                                   const std::string &canonicalDigest) const
+std::optional<Publication> TargetSynchronizer::stagedCopy(const SkillManifest &manifest,
+                                                          const fs::path &source, const std::string &digest,
+                                                          TargetKind kind) const
 {
-    const SkillRecord &skill = *install.skill;
-    const fs::path destination = m_workspace.config.target(kind) / pathFromText(skill.manifest.slug);
+    const fs::path destination = m_workspace.config.target(kind) / pathFromText(manifest.slug);
     const bool isOccupied = m_workspace.files.kindAt(destination).has_value();
-    if (isOccupied && digestOf(destination) == canonicalDigest)
-        return;
+    if (isOccupied && digestOf(destination) == digest)
+        return std::nullopt;
 
     Stage stage = m_store.makeStage();
-    SecureFileTree::copyTree(m_workspace.files, skill.url, stage.path(), TreeFilter::excludingManifest);
-    fs::path parking = isOccupied ? recoveryPlace(u"-"_s, kind, skill.manifest.slug) : fs::path();
-    install.copies.emplace(kind, Publication{std::move(stage), destination, std::move(parking)});
+    SecureFileTree::copyTree(m_workspace.files, source, stage.path(), TreeFilter::excludingManifest);
+    fs::path parking = isOccupied ? recoveryPlace(u"-"_s, kind, manifest.slug) : fs::path();
+    return Publication{std::move(stage), destination, std::move(parking)};
 }
 
-void TargetSynchronizer::publishCopies(std::vector<Install> &installs) const
+void TargetSynchronizer::finish(Install &install) const
 {
-    std::vector<Publication *> copies;
-    for (Install &install : installs) {
-        for (Publication &copy : install.copies | std::views::values)
-            copies.push_back(&copy);
+    for (const auto &[kind, copy] : install.copies) {
+        if (copy.failure)
+            install.failures.emplace(kind, copy.failure);
+        else if (!copy.former.empty())
+            bestEffort([&] { m_store.discard(copy.former); });
     }
-    publish(m_workspace.files, copies);
-    for (Install &install : installs) {
-        for (const auto &[kind, copy] : install.copies) {
-            if (copy.failure)
-                install.failures.emplace(kind, copy.failure);
-            else if (!copy.former.empty())
-                bestEffort([&] { m_store.discard(copy.former); });
-        }
-    }
+    remember(install.id, install.failures);
 }
 
 void TargetSynchronizer::removeTargetCopy(const QString &slug, TargetKind kind) const

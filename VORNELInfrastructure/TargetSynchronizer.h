@@ -3,10 +3,23 @@
 #include "SkillFolderStore.h"
 #include "SkillRecords.h"
 
+#include <exception>
 #include <map>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace vornel {
+
+/// One skill on its way into the targets.
+struct Install
+{
+    QUuid id;
+    std::map<TargetKind, Publication> copies = {}; ///< for the targets where the copy isn't right
+    std::map<TargetKind, std::exception_ptr> failures = {};
+
+    std::vector<Publication *> publications();
+};
 
 /// Installs skills into the assistants' folders, and takes them out.
 class TargetSynchronizer
@@ -18,25 +31,26 @@ public:
     /// remembered, then thrown as `partialSync`.
     void synchronize(const SkillRecord &skill) const;
 
-    /// The same for many skills, whose copies wait for the disk together. Returns the targets that failed for
-    /// any.
-    QSet<TargetKind> synchronizeAll(const QList<SkillRecord> &skills) const;
-
     /// Moves both copies into the recovery folder. A failed target doesn't stop the other: failures are
     /// remembered, then thrown as `partialSync`.
     void removeCopies(const SkillRecord &skill) const;
 
-private:
-    struct Install;
     using Failures = std::map<TargetKind, std::exception_ptr>;
 
-    /// Sees to it that a target's root is there, and no link.
-    void prepareRoot(TargetKind kind) const;
+    /// Sees to it that the targets' roots are there, and no links. Returns those of no use.
+    Failures prepareRoots() const;
 
-    /// Copies the skill to staging for each target whose copy differs, but for those of no use.
-    void stageCopies(Install &install, const Failures &unusable) const;
-    void stageCopy(Install &install, TargetKind kind, const std::string &canonicalDigest) const;
-    void publishCopies(std::vector<Install> &installs) const;
+    /// Stages what the targets need for their copies to be those of `source`, which has this digest.
+    Install stage(const SkillManifest &manifest, const std::filesystem::path &source,
+                  const std::string &digest, const Failures &unusable) const;
+
+    /// Ends an install whose copies have been placed: keeps what failed, in memory and with the install, and
+    /// removes the former copies.
+    void finish(Install &install) const;
+
+private:
+    std::optional<Publication> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
+                                          const std::string &digest, TargetKind kind) const;
     void removeTargetCopy(const QString &slug, TargetKind kind) const;
 
     /// Keeps which targets of a skill failed, if any, each with its reason.
