@@ -1,5 +1,7 @@
 #include "ParallelMap.h"
 
+#include <QThread>
+
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
@@ -12,7 +14,7 @@ namespace vornel {
 
 namespace {
 
-/// The threads that help: all cores but the caller's.
+/// The threads that help: one for each core that the process may use, but for the caller's.
 class Helpers
 {
 public:
@@ -38,8 +40,8 @@ private:
     static std::size_t threadCount()
     {
         // Every thread may hold a whole depth of folders open, and descriptors are few.
-        constexpr unsigned mostThreads = 8;
-        return std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads) - 1;
+        constexpr int mostThreads = 8;
+        return static_cast<std::size_t>(std::clamp(QThread::idealThreadCount(), 1, mostThreads) - 1);
     }
 
     void run(const std::stop_token &end)

@@ -2,6 +2,7 @@
 
 import json
 import os
+import shutil
 import statistics
 import subprocess
 import sys
@@ -10,6 +11,7 @@ import time
 from pathlib import Path
 
 BUILD = Path(sys.argv[1])
+VORNELCTL = BUILD / "VORNELCommand/vornelctl"
 ROUNDS = 9
 
 
@@ -26,7 +28,7 @@ class Library:
 
     @staticmethod
     def vornelctl(command):
-        return [BUILD / "VORNELCommand/vornelctl", command]
+        return [VORNELCTL, command]
 
     def benchmark(self, name):
         """Seconds of one iteration, and the counters, of a benchmark on this library."""
@@ -48,6 +50,49 @@ class Library:
         with open(os.devnull, "w") as nowhere:
             process = subprocess.Popen(self.vornelctl("status"), env=self.environment, stdout=nowhere)
             return os.wait4(process.pid, 0)[2].ru_maxrss / 1024
+
+
+def seconds(*command, **options):
+    """Seconds that a command takes."""
+    start = time.perf_counter()
+    subprocess.run(command, check=True, **options)
+    return time.perf_counter() - start
+
+
+class Assistants:
+    """The assistants' folders with sample skills, before anything is imported. Each measurement has files of its own, and
+    none is removed before the end: a file system looks for room more slowly after that."""
+
+    def __init__(self, folder, count, holders):
+        self.folder = folder
+        self.holders = holders
+        subprocess.run([BUILD / "benchmarks/vornel-sample-library", folder / "sample", str(count)], check=True)
+        for name in holders:
+            shutil.copytree(folder / "sample", folder / name)
+        subprocess.run("sync", check=True)
+
+    def seconds_of_copy(self):
+        """Seconds until copies of the holders' folders are on the disk."""
+        sources = [self.folder / name for name in self.holders]
+        (self.folder / "copies").mkdir()
+        return seconds("cp", "-r", *sources, self.folder / "copies") + seconds("sync")
+
+    def seconds_of_import(self):
+        roots = [word for name in ("workspace", "claude", "codex") for word in (f"--{name}", self.folder / name)]
+        return seconds(VORNELCTL, *roots, "import", stdout=subprocess.DEVNULL)
+
+
+def import_costs(folder):
+    """How many times a copy of the same files an import costs, when both assistants hold the skills or only one."""
+    costs = {}
+    for number in range(ROUNDS):
+        for holders in (("claude", "codex"), ("claude",)):
+            place = folder / f"import-{number}-{len(holders)}"
+            place.mkdir()
+            assistants = Assistants(place, 500, holders)
+            costs.setdefault(len(holders), []).append(
+                assistants.seconds_of_import() / assistants.seconds_of_copy())
+    return {holders: statistics.median(values) for holders, values in costs.items()}
 
 
 def main():
@@ -73,6 +118,7 @@ def main():
                 _, snapshot = small.benchmark(f"snapshotOfLargeFiles/{files}")
                 note(f"snapshot{files}", snapshot["bytes_per_second"] / openssl["bytes_per_second"])
         memory = large.peak_memory()
+        imports = import_costs(Path(folder))
 
     median = {name: statistics.median(values) for name, values in ratios.items()}
     print("| work | beside | measured | must reach |")
@@ -86,6 +132,10 @@ def main():
     print(f"| snapshot of four files of 24 MiB | OpenSSL's SHA-256 from memory, one thread"
           f" | {100 * median['snapshot4']:.0f} % of its speed | at least 90 % |")
     print(f"| snapshot of one file of 24 MiB | the same | {100 * median['snapshot1']:.0f} % of its speed | |")
+    print(f"| import of 500 skills that both assistants hold | `cp -r` of both folders, then `sync`"
+          f" | {imports[2]:.2f} times | at most 3 times |")
+    print(f"| import of 500 skills that one holds, which the other gets, too | `cp -r` of the one folder, then `sync`"
+          f" | {imports[1]:.2f} times | |")
     print(f"| peak memory of an overview, 5,000 skills | | {memory:.0f} MiB | under 96 MiB |")
 
 

@@ -56,7 +56,7 @@ TEST_P(EveryFault, LeavesEverythingWhole)
             ++faults;
         ASSERT_FALSE(HasFailure()) << "after fault " << faults;
     }
-    std::cout << GetParam().name << ": the disk failed at " << faults << " points\n";
+    std::cout << "disk faults: " << faults << " (" << GetParam().name << ")\n";
     EXPECT_GT(faults, 20);
 }
 

@@ -53,7 +53,7 @@ protected:
             checkPromises(m_rehearsal);
             ASSERT_FALSE(HasFailure());
         }
-        std::cout << GetParam().name << ": killed at " << points.size() << " points\n";
+        std::cout << "kill points: " << points.size() << " (" << GetParam().name << ")\n";
         EXPECT_GT(points.size(), 2U);
     }
 

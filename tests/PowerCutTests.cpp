@@ -45,7 +45,7 @@ TEST_P(PowerCut, AtAnyStepLeavesEverythingWhole)
             ++cuts;
         ASSERT_FALSE(HasFailure()) << "after cut " << cuts;
     }
-    std::cout << GetParam().name << ": the power went at " << cuts << " points\n";
+    std::cout << "power cuts: " << cuts << " (" << GetParam().name << ")\n";
     EXPECT_GT(cuts, 6);
 }
 

@@ -39,4 +39,28 @@ Folder InterruptedFileSystem::createFolder(const Folder &parent, const std::stri
     return PosixFileSystem::createFolder(parent, name);
 }
 
+File InterruptedFileSystem::createFile(const Folder &folder, const std::string &name)
+{
+    count();
+    return PosixFileSystem::createFile(folder, name);
+}
+
+void InterruptedFileSystem::write(const File &file, QByteArrayView bytes)
+{
+    count();
+    PosixFileSystem::write(file, bytes);
+}
+
+void InterruptedFileSystem::rename(const Place &from, const Place &to, RenameMode mode)
+{
+    count();
+    PosixFileSystem::rename(from, to, mode);
+}
+
+void InterruptedFileSystem::remove(const Folder &folder, const std::string &name)
+{
+    count();
+    PosixFileSystem::remove(folder, name);
+}
+
 } // namespace vornel

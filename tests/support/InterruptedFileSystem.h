@@ -24,6 +24,10 @@ public:
     std::vector<FolderEntry> list(const Folder &folder) const override;
     File openFile(const Folder &folder, const std::string &name) const override;
     Folder createFolder(const Folder &parent, const std::string &name) override;
+    File createFile(const Folder &folder, const std::string &name) override;
+    void write(const File &file, QByteArrayView bytes) override;
+    void rename(const Place &from, const Place &to, RenameMode mode) override;
+    void remove(const Folder &folder, const std::string &name) override;
 
 private:
     void count() const;
