@@ -22,36 +22,47 @@ class FolderMaker
 public:
     FolderMaker(FileSystem &files, Durability durability) : m_files(files), m_durability(durability) {}
 
-    /// Opens a folder, created when nothing is there: another program may create it at the same moment.
-    Folder ensure(const Folder &parent, const std::string &name)
+    Folder make(const fs::path &path)
     {
-        if (m_files.kindAt(parent, name))
-            return m_files.openFolder(parent, name);
-        try {
-            Folder created = m_files.createFolder(parent, name);
-            if (m_durability == Durability::Now)
-                m_files.flush(parent);
-            return created;
-        } catch (const fs::filesystem_error &error) {
-            if (error.code() != std::errc::file_exists)
-                throw;
-            return m_files.openFolder(parent, name);
-        }
-    }
-
-    /// Opens a folder above a root, created with those above it.
-    Folder ensureAbove(const fs::path &path)
-    {
-        try {
-            return m_files.openAbove(path);
-        } catch (const fs::filesystem_error &error) {
-            if (error.code() != std::errc::no_such_file_or_directory || !path.has_relative_path())
-                throw;
-        }
-        return ensure(ensureAbove(path.parent_path()), path.filename());
+        const bool isRoot = path == m_files.rootOf(path);
+        if (auto folder = opened([&] { return m_files.openFolder(path); }))
+            return std::move(*folder);
+        return ensure(isRoot ? makeAbove(path.parent_path()) : make(path.parent_path()), path.filename());
     }
 
 private:
+    /// Opens a folder above a root, created with those above it.
+    Folder makeAbove(const fs::path &path)
+    {
+        if (auto folder = opened([&] { return m_files.openAbove(path); }))
+            return std::move(*folder);
+        return ensure(makeAbove(path.parent_path()), path.filename());
+    }
+
+    /// What `open` opens; nothing when nothing is there.
+    template <typename Open>
+    std::optional<Folder> opened(const Open &open)
+    try {
+        return open();
+    } catch (const fs::filesystem_error &error) {
+        if (error.code() != std::errc::no_such_file_or_directory)
+            throw;
+        return std::nullopt;
+    }
+
+    /// Another program may create the folder at the same moment.
+    Folder ensure(const Folder &parent, const std::string &name)
+    try {
+        Folder created = m_files.createFolder(parent, name);
+        if (m_durability == Durability::Now)
+            m_files.flush(parent);
+        return created;
+    } catch (const fs::filesystem_error &error) {
+        if (error.code() != std::errc::file_exists)
+            throw;
+        return m_files.openFolder(parent, name);
+    }
+
     FileSystem &m_files;
     Durability m_durability;
 };
@@ -109,14 +120,7 @@ void replaceFile(FileSystem &files, const fs::path &path, QByteArrayView bytes, 
 
 Folder createFolders(FileSystem &files, const fs::path &path, Durability durability)
 {
-    const fs::path &root = files.rootOf(path);
-    FolderMaker maker(files, durability);
-    Folder folder = maker.ensure(maker.ensureAbove(root.parent_path()), root.filename());
-    for (const fs::path &name : path.lexically_relative(root)) {
-        if (name != ".")
-            folder = maker.ensure(folder, name);
-    }
-    return folder;
+    return FolderMaker(files, durability).make(path);
 }
 
 std::string temporaryName()

@@ -223,7 +223,8 @@ Walk copiedWalk(FileSystem &files, const fs::path &source, const fs::path &desti
         throw VORNELWorkspaceError::integrityFailure(u"La destination existe déjà : "_s +
                                                      pathText(destination.filename()));
     }
-    const Folder to = createFolders(files, destination, Durability::Later);
+    const Folder to = files.createFolder(createFolders(files, destination.parent_path(), Durability::Later),
+                                         destination.filename());
     try {
         Walk walk(files, filter, task);
         walk.visit({from, &to});
