@@ -4,6 +4,7 @@
 #include "SkillFolderStore.h"
 #include "SkillRecords.h"
 #include "TreeOperations.h"
+#include "UnfinishedParts.h"
 
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
@@ -44,19 +45,13 @@ QList<SkillRecord> parkedCanonicalFolders(const Workspace &workspace)
     return parked;
 }
 
-void bringBackSwappedFolders(const Workspace &workspace)
+/// Once a swap has succeeded and the history holds the former revision, the former folder is of no use. One
+/// that another skill has taken the place of is all that is left of its own.
+void discardIfReplaced(const Workspace &workspace, const SkillRecord &parked, const fs::path &canonical)
 {
     const SkillFolderStore store(workspace);
-    for (const SkillRecord &parked : parkedCanonicalFolders(workspace)) {
-        const fs::path canonical = workspace.config.canonical(parked.manifest.slug);
-        if (workspace.files.kindAt(canonical)) {
-            // The swap had succeeded; once the history holds this revision too, the folder is of no use.
-            if (store.hasSnapshot(parked.manifest))
-                bestEffort([&] { store.discard(parked.url); });
-        } else if (!workspace.files.kindAt(workspace.config.trashed(parked.manifest.id))) {
-            moveTree(workspace.files, parked.url, canonical);
-        }
-    }
+    if (store.readManifest(canonical).id == parked.manifest.id && store.hasSnapshot(parked.manifest))
+        store.discard(parked.url);
 }
 
 bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)
@@ -86,46 +81,6 @@ void removeAbandonedStages(const Workspace &workspace)
     }
 }
 
-/// How far below a folder something is looked for.
-enum class Reach { Entries, EntriesOfEntries };
-
-/// A move to another volume, or a write, that was cut short leaves its unfinished part under such a name.
-bool isUnfinished(const std::string &name)
-{
-    static const QRegularExpression shape(uR"(\A\.[0-9A-F-]{36}\.tmp\z)"_s);
-    return name.starts_with('.') && shape.match(QString::fromStdString(name)).hasMatch();
-}
-
-void removeUnfinishedParts(FileSystem &files, const Folder &folder, Reach reach)
-{
-    for (const FolderEntry &entry : files.list(folder)) {
-        bestEffort([&] {
-            if (isUnfinished(entry.name))
-                removeTree(files, {folder, entry.name});
-            else if (reach == Reach::EntriesOfEntries && entry.kind == FileKind::Directory)
-                removeUnfinishedParts(files, files.openFolder(folder, entry.name), Reach::Entries);
-        });
-    }
-}
-
-void removeUnfinishedParts(const Workspace &workspace, const fs::path &folder, Reach reach)
-{
-    bestEffort([&] {
-        if (workspace.files.kindAt(folder) == FileKind::Directory)
-            removeUnfinishedParts(workspace.files, workspace.files.openFolder(folder), reach);
-    });
-}
-
-void removeUnfinishedParts(const Workspace &workspace)
-{
-    const Configuration &config = workspace.config;
-    for (const fs::path &folder : {config.bookkeeping(), config.recovery(), config.claude, config.codex})
-        removeUnfinishedParts(workspace, folder, Reach::Entries);
-    // A skill's manifest is also rewritten where it stands.
-    for (const fs::path &folder : {config.skills(), config.trash()})
-        removeUnfinishedParts(workspace, folder, Reach::EntriesOfEntries);
-}
-
 } // namespace
 
 void discardParkedFolders(const Workspace &workspace, const QUuid &id)
@@ -136,11 +91,30 @@ void discardParkedFolders(const Workspace &workspace, const QUuid &id)
     }
 }
 
+void bringBackSwappedFolders(const Workspace &workspace)
+{
+    for (const SkillRecord &parked : parkedCanonicalFolders(workspace)) {
+        const fs::path canonical = workspace.config.canonical(parked.manifest.slug);
+        if (workspace.files.kindAt(canonical))
+            bestEffort([&] { discardIfReplaced(workspace, parked, canonical); });
+        else if (!workspace.files.kindAt(workspace.config.trashed(parked.manifest.id)))
+            moveTree(workspace.files, parked.url, canonical);
+    }
+}
+
+bool needsRecovery(const Workspace &workspace)
+{
+    const fs::path staging = workspace.config.staging();
+    return !workspace.files.list(workspace.files.openFolder(staging)).empty() ||
+           !parkedCanonicalFolders(workspace).isEmpty() || !unfinishedParts(workspace).empty();
+}
+
 void recoverFromCrash(const Workspace &workspace)
 {
     bringBackSwappedFolders(workspace);
     removeAbandonedStages(workspace);
-    removeUnfinishedParts(workspace);
+    for (const fs::path &part : unfinishedParts(workspace))
+        bestEffort([&] { removeTree(workspace.files, part); });
 }
 
 } // namespace vornel

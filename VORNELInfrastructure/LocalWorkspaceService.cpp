@@ -1,6 +1,7 @@
 #include "LocalWorkspaceService.h"
 
 #include "CategoryEditing.h"
+#include "CrashRecovery.h"
 #include "ImportCommit.h"
 #include "ImportScan.h"
 #include "Overview.h"
@@ -28,7 +29,10 @@ auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
         throw VORNELWorkspaceError::notBootstrapped();
     m_manager->confine(m_configuration->roots());
     const Folder lock = m_manager->lock(m_configuration->bookkeeping(), mode);
-    return operation(Workspace{*m_manager, *m_configuration, m_failedSyncTargets});
+    const Workspace workspace{*m_manager, *m_configuration, m_failedSyncTargets};
+    if (mode == LockMode::Exclusive)
+        bringBackSwappedFolders(workspace);
+    return operation(workspace);
 }
 
 template <typename Operation>
@@ -57,12 +61,15 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
         const Workspace workspace{*m_manager, config, m_failedSyncTargets};
         m_manager->confine(config.roots());
         createLayout(*m_manager, config);
-        {
-            const Folder lock = m_manager->lock(config.bookkeeping(), LockMode::Exclusive);
-            prepareWorkspace(workspace);
+        const auto locked = [&](LockMode mode) { return m_manager->lock(config.bookkeeping(), mode); };
+        auto lock = std::make_optional(locked(LockMode::Shared));
+        if (!isReady(workspace)) { // which is rare: a start hardly ever has to wait for others who read
+            lock.reset();
+            prepareWorkspace(workspace, locked(LockMode::Exclusive));
+            lock.emplace(locked(LockMode::Shared));
         }
+        checkMetadata(workspace);
         m_configuration = config;
-        const Folder lock = m_manager->lock(config.bookkeeping(), LockMode::Shared);
         return makeOverview(workspace);
     });
 }

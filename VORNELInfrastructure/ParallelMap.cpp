@@ -2,6 +2,8 @@
 
 #include <QThread>
 
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
@@ -39,9 +41,16 @@ public:
 private:
     static std::size_t threadCount()
     {
-        // Every thread may hold a whole depth of folders open, and descriptors are few.
+        // Every thread may hold a whole depth of folders open, twice while it copies them, and descriptors
+        // are few.
         constexpr int mostThreads = 8;
-        return static_cast<std::size_t>(std::clamp(QThread::idealThreadCount(), 1, mostThreads) - 1);
+        constexpr rlim_t descriptorsPerThread = 220;
+        rlimit limit{};
+        ::getrlimit(RLIMIT_NOFILE, &limit);
+        const auto affordable =
+            static_cast<int>(std::min<rlim_t>(limit.rlim_cur / descriptorsPerThread, mostThreads));
+        return static_cast<std::size_t>(std::clamp(QThread::idealThreadCount(), 1, std::max(affordable, 1)) -
+                                        1);
     }
 
     void run(const std::stop_token &end)

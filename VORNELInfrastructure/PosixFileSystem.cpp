@@ -156,6 +156,16 @@ int exchange(const Place &from, const Place &to)
     return result;
 }
 
+/// Makes a call again that a signal has interrupted.
+int uninterrupted(int (*call)(int), const Descriptor &descriptor)
+{
+    int result = 0;
+    do {
+        result = call(descriptor.fd());
+    } while (result != 0 && errno == EINTR);
+    return result;
+}
+
 void awaitLock(const Folder &folder, LockMode mode, Clock::time_point deadline)
 {
     constexpr std::chrono::milliseconds pause{5};
@@ -354,19 +364,19 @@ void PosixFileSystem::startWriting(const File &file)
 
 void PosixFileSystem::flush(const File &file)
 {
-    if (::fsync(file.descriptor.fd()) != 0)
+    if (uninterrupted(::fsync, file.descriptor) != 0)
         fail("sync", file.path);
 }
 
 void PosixFileSystem::flush(const Folder &folder)
 {
-    if (::fsync(folder.descriptor.fd()) != 0 && errno != EINVAL && errno != EBADF && errno != EROFS)
+    if (uninterrupted(::fsync, folder.descriptor) != 0 && errno != EINVAL && errno != EBADF && errno != EROFS)
         fail("sync", folder.path);
 }
 
 void PosixFileSystem::flushVolume(const Folder &folder)
 {
-    if (::syncfs(folder.descriptor.fd()) != 0)
+    if (uninterrupted(::syncfs, folder.descriptor) != 0)
         fail("sync", folder.path);
 }
 

@@ -64,7 +64,10 @@ private:
         m_files.rename(newcomer, destination, RenameMode::Exchange);
         return true;
     } catch (const fs::filesystem_error &error) {
-        if (error.code() != std::errc::operation_not_supported)
+        // In the lower layer of an overlay, a folder is as if on another volume than its own parent.
+        const bool isOfAnotherLayer =
+            error.code() == std::errc::cross_device_link && &newcomer.folder == &destination.folder;
+        if (error.code() != std::errc::operation_not_supported && !isOfAnotherLayer)
             throw;
         return false;
     }
@@ -91,6 +94,7 @@ private:
 void settle(FileSystem &files, const std::vector<Publication *> &publications)
 {
     std::vector<fs::path> staged;
+    staged.reserve(publications.size());
     for (const Publication *publication : publications)
         staged.push_back(publication->stage.path());
     const std::exception_ptr failure = failureOf([&] { flushTrees(files, staged); });

@@ -47,7 +47,7 @@ struct WriteStart
 {
     FileSystem &files;
     void operator()(const File &file) const { files.startWriting(file); }
-    void operator()(const Folder &) const {}
+    void operator()(const Folder & /*folder*/) const {}
 };
 
 struct WriteWait
@@ -90,28 +90,41 @@ void flushEntry(FileSystem &files, const Place &place)
         forEachBelow(files, files.openFolder(place.folder, place.name), WriteWait{files});
 }
 
-/// Removes an entry that leaves its place in one step before it is taken apart.
-void removeAtOnce(FileSystem &files, const Place &place)
-{
-    const Place condemned{place.folder, temporaryName()};
-    files.rename(place, condemned, RenameMode::ToFreePlace);
-    flushNames(files, place.folder);
-    bestEffort([&] { removeTree(files, condemned); });
+/// Takes an entry out of sight in one step. Returns false where not even its name can be changed, as that of
+/// a folder in the lower layer of an overlay.
+bool hidden(FileSystem &files, const Place &entry, const Place &hideout)
+try {
+    files.rename(entry, hideout, RenameMode::ToFreePlace);
+    return true;
+} catch (const fs::filesystem_error &error) {
+    if (error.code() != std::errc::cross_device_link)
+        throw;
+    return false;
 }
 
 /// At every moment the entry stands whole at the one place or the other.
 void moveAcross(FileSystem &files, const Place &before, const Place &after)
 {
     Place copy{after.folder, copyToVolume(files, before, after.folder)};
+    const Place hideout{before.folder, temporaryName()};
+    bool isHidden = false;
     try {
         files.rename(copy, after, RenameMode::ToFreePlace);
         copy.name = after.name;
         flushNames(files, after.folder);
-        removeAtOnce(files, before);
+        isHidden = hidden(files, before, hideout);
     } catch (...) {
-        bestEffort([&] { removeTree(files, copy); });
+        // What a disk reports as failed, it may have done: then the copy is all that is left.
+        bestEffort([&] {
+            if (files.kindAt(before.folder, before.name))
+                removeTree(files, copy);
+        });
         throw;
     }
+    if (!isHidden)
+        return removeTree(files, before);
+    flushNames(files, before.folder);
+    bestEffort([&] { removeTree(files, hideout); });
 }
 
 } // namespace

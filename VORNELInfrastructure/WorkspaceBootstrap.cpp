@@ -16,21 +16,15 @@ namespace vornel {
 
 namespace {
 
-void prepareMetadata(const Workspace &workspace)
+void writeMetadata(const Workspace &workspace)
 {
-    const std::filesystem::path path = workspace.config.metadata();
-    if (!workspace.files.kindAt(path)) {
-        const WorkspaceMetadata metadata{.schemaVersion = 1,
-                                         .workspaceID = QUuid::createUuid(),
-                                         .displayName = VORNELProduct::name,
-                                         .createdAt = currentInstant(),
-                                         .resourceCopyThresholdBytes = SkillFiles::sizeLimit};
-        replaceFile(workspace.files, path, RecordJson::document(RecordJson::encode(metadata)),
-                    Durability::Now);
-    } else if (!RecordJson::decodeDocument<WorkspaceMetadata>(
-                   readFile(workspace.files, path, SkillFiles::sizeLimit))) {
-        throw VORNELWorkspaceError::integrityFailure(u"Les métadonnées du workspace sont invalides."_s);
-    }
+    const WorkspaceMetadata metadata{.schemaVersion = 1,
+                                     .workspaceID = QUuid::createUuid(),
+                                     .displayName = VORNELProduct::name,
+                                     .createdAt = currentInstant(),
+                                     .resourceCopyThresholdBytes = SkillFiles::sizeLimit};
+    replaceFile(workspace.files, workspace.config.metadata(),
+                RecordJson::document(RecordJson::encode(metadata)), Durability::Now);
 }
 
 } // namespace
@@ -44,9 +38,27 @@ void createLayout(FileSystem &files, const Configuration &config)
         createFolders(files, folder, Durability::Now);
 }
 
-void prepareWorkspace(const Workspace &workspace)
+void checkMetadata(const Workspace &workspace)
 {
-    prepareMetadata(workspace);
+    if (!RecordJson::decodeDocument<WorkspaceMetadata>(
+            readFile(workspace.files, workspace.config.metadata(), SkillFiles::sizeLimit)))
+        throw VORNELWorkspaceError::integrityFailure(u"Les métadonnées du workspace sont invalides."_s);
+}
+
+bool isReady(const Workspace &workspace)
+{
+    const auto exists = [&workspace](const std::filesystem::path &file) {
+        return workspace.files.kindAt(file).has_value();
+    };
+    return exists(workspace.config.metadata()) && exists(workspace.config.categories()) &&
+           !needsRecovery(workspace);
+}
+
+void prepareWorkspace(const Workspace &workspace, const Folder &)
+{
+    if (!workspace.files.kindAt(workspace.config.metadata()))
+        writeMetadata(workspace);
+    checkMetadata(workspace);
     recoverFromCrash(workspace);
     prepareCategoryCatalog(workspace);
 }

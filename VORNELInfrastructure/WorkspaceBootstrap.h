@@ -28,8 +28,14 @@ public:
 /// Refuses roots that are links, and creates the folders that the layout lacks.
 void createLayout(FileSystem &files, const Configuration &config);
 
-/// Puts right what a crash left, and writes the files that the workspace lacks. An existing "workspace.json"
-/// or catalog is only read and checked.
-void prepareWorkspace(const Workspace &workspace);
+/// Throws `integrityFailure` when "workspace.json" isn't what it should be.
+void checkMetadata(const Workspace &workspace);
+
+/// Whether the workspace can be opened without a change.
+bool isReady(const Workspace &workspace);
+
+/// Puts right what a crash left, and writes the files that the workspace lacks, while `lock` keeps others
+/// out. An existing "workspace.json" or catalog is only read and checked.
+void prepareWorkspace(const Workspace &workspace, const Folder &lock);
 
 } // namespace vornel

@@ -150,7 +150,7 @@ TEST_F(Concurrency, SaysAfterTenSecondsThatTheWorkspaceIsBusy)
 {
     TestWorkspace workspace;
     const QUuid id = workspace.create(u"demo"_s).manifest.id;
-    LocalWorkspaceService writer(workspace.manager);
+    LocalWorkspaceService writer(std::make_shared<PosixFileSystem>());
     writer.bootstrap(workspace.path("workspace"), workspace.path("claude"), workspace.path("codex"))
         .waitForFinished();
     ASSERT_EQ(run("create demo --name Démo").code, 0);

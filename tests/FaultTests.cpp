@@ -14,12 +14,19 @@ struct Disk
     Call failing;
     bool afterwards;  ///< a change is made before it is reported as failed
     bool canExchange; ///< two folders, in one step
-    int stride;       ///< how many calls there are from one fault to the next
+    bool hasVolumes;  ///< one for each root
+    std::errc fault;
+    int stride = 1; ///< how many calls there are from one fault to the next
 };
 
 // Looks are many and much alike: of those, every seventh fails.
-constexpr std::array disks{Disk{Call::Look, false, true, 7}, Disk{Call::Change, false, true, 1},
-                           Disk{Call::Change, true, true, 1}, Disk{Call::Change, false, false, 1}};
+constexpr std::array disks{
+    Disk{Call::Look, false, true, false, std::errc::io_error, 7},
+    Disk{Call::Change, false, true, false, std::errc::no_space_on_device},
+    Disk{Call::Change, true, true, false, std::errc::io_error},
+    Disk{Call::Change, false, false, false, std::errc::read_only_file_system},
+    Disk{Call::Change, true, true, true, std::errc::io_error},
+};
 
 class EveryFault : public testing::TestWithParam<Scenario>
 {
@@ -33,6 +40,8 @@ protected:
         const auto files = std::make_shared<FaultyFileSystem>();
         files->failAfterwards(disk.afterwards);
         files->canExchange = disk.canExchange;
+        files->hasVolumes = disk.hasVolumes;
+        files->fault = disk.fault;
         files->failAt(number, disk.failing);
         auto reported = Reported::Nothing;
         try {

@@ -3,6 +3,8 @@
 
 #include <VORNELCore/SerializedForms.h>
 
+#include <set>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -149,6 +151,49 @@ TEST(Swap, PutsTheFormerFolderBackWhenTheNewOneCannotBeMovedIn)
     files->refusesRename = nullptr;
     workspace.restart();
     EXPECT_EQ(workspace.service->loadSkill(id).result().skillMD, u"old"_s);
+}
+
+TEST(Swap, WorksWhereAFolderCannotEvenBeRenamed)
+{
+    const auto files = std::make_shared<FaultyFileSystem>();
+    TestWorkspace workspace(files);
+    const QUuid id = workspace.create(u"demo"_s, u"old"_s).manifest.id;
+    workspace.write("codex/demo/own", "edited");
+    const std::set<fs::path> lower{workspace.path("workspace/skills/demo"), workspace.path("codex/demo")};
+    files->isFixed = [&](const fs::path &folder) { return lower.contains(folder); };
+    EXPECT_EQ(workspace.service->saveSkill(id, 1, u"new"_s).result().syncState, SyncState::inSync);
+    EXPECT_EQ(workspace.service->loadSkill(id).result().skillMD, u"new"_s);
+
+    workspace.write("codex/demo/own", "edited again");
+    workspace.service->moveToTrash(id).waitForFinished();
+    EXPECT_FALSE(fs::exists(workspace.path("codex/demo")));
+    EXPECT_FALSE(fs::exists(workspace.path("workspace/skills/demo")));
+    EXPECT_NO_THROW(workspace.service->restore(id).result());
+    EXPECT_EQ(workspace.stateOf(u"demo"_s), SyncState::inSync);
+}
+
+TEST(Swap, NeverTakesTheOnlyCopyForALeftover)
+{
+    const auto files = std::make_shared<FaultyFileSystem>();
+    TestWorkspace workspace(files);
+    const QUuid id = workspace.create(u"demo"_s, u"first"_s).manifest.id;
+    const fs::path canonical = workspace.path("workspace/skills/demo");
+    const fs::path parked = workspace.path("workspace/.vornel/recovery") /
+                            (uuidText(QUuid::createUuid()) + u"-canonical-demo"_s).toStdString();
+    // As another program leaves it that is killed between the two steps of a swap.
+    fs::rename(canonical, parked);
+    EXPECT_EQ(errorOf([&] { workspace.create(u"demo"_s, u"second"_s); }), Error::duplicateSlug(u"demo"_s));
+    EXPECT_EQ(workspace.service->loadSkill(id).result().skillMD, u"first"_s);
+
+    workspace.create(u"third"_s);
+    fs::rename(canonical, parked);
+    fs::rename(workspace.path("workspace/skills/third"), canonical);
+    std::string manifest = bytesOf(canonical / "vornel.json");
+    for (auto at = manifest.find("third"); at != std::string::npos; at = manifest.find("third"))
+        manifest.replace(at, 5, "demo");
+    workspace.write("workspace/skills/demo/vornel.json", manifest);
+    workspace.restart();
+    EXPECT_EQ(bytesOf(parked / "SKILL.md"), "first");
 }
 
 } // namespace

@@ -8,12 +8,28 @@ namespace fs = std::filesystem;
 
 namespace {
 
-[[noreturn]] void failAsDisk()
+fs::path pathOf(const Place &place)
 {
-    throw fs::filesystem_error("injected", std::make_error_code(std::errc::io_error));
+    return fs::path(place.folder.path) / place.name;
 }
 
 } // namespace
+
+void FaultyFileSystem::failAsDisk() const
+{
+    throw fs::filesystem_error("injected", std::make_error_code(fault));
+}
+
+void FaultyFileSystem::refuseAcross(const Place &from, const Place &to) const
+{
+    const auto isFixedAt = [this](const Place &place) {
+        return isFixed && PosixFileSystem::kindAt(place.folder, place.name) == FileKind::Directory &&
+               isFixed(pathOf(place));
+    };
+    if ((hasVolumes && rootOf(from.folder.path) != rootOf(to.folder.path)) || isFixedAt(from) ||
+        isFixedAt(to))
+        throw fs::filesystem_error("rename", std::make_error_code(std::errc::cross_device_link));
+}
 
 void FaultyFileSystem::failAt(int number, Call kind)
 {
@@ -43,7 +59,7 @@ auto FaultyFileSystem::change(const Change &make)
     const bool isFailing = fails(Call::Change);
     if (isFailing && !m_afterwards)
         failAsDisk();
-    const auto failAfterwards = [isFailing] {
+    const auto failAfterwards = [this, isFailing] {
         if (isFailing)
             failAsDisk();
     };
@@ -124,8 +140,8 @@ void FaultyFileSystem::rename(const Place &from, const Place &to, RenameMode mod
 {
     if (mode == RenameMode::Exchange && !canExchange)
         throw fs::filesystem_error("rename", std::make_error_code(std::errc::operation_not_supported));
-    if (refusesRename &&
-        refusesRename(fs::path(from.folder.path) / from.name, fs::path(to.folder.path) / to.name))
+    refuseAcross(from, to);
+    if (refusesRename && refusesRename(pathOf(from), pathOf(to)))
         failAsDisk();
     change([&] { PosixFileSystem::rename(from, to, mode); });
 }

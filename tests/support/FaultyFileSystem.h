@@ -29,8 +29,17 @@ public:
     /// Fails every rename that it is given, instead of one call by number.
     std::function<bool(const std::filesystem::path &from, const std::filesystem::path &to)> refusesRename;
 
+    /// What the system says of a fault.
+    std::errc fault = std::errc::io_error;
+
     /// Whether two entries can change places, as they can't on every volume.
     bool canExchange = true;
+
+    /// Whether each root is a volume of its own, where nothing can be moved to from another.
+    bool hasVolumes = false;
+
+    /// Folders of which not even the name can be changed, as in the lower layer of an overlay.
+    std::function<bool(const std::filesystem::path &folder)> isFixed;
 
     Folder openAbove(const std::filesystem::path &path) const override;
     Folder openFolder(const Folder &parent, const std::string &name) const override;
@@ -54,6 +63,8 @@ private:
     /// Counts a call. Returns whether it is the one that fails.
     bool fails(Call kind) const;
     void look() const;
+    [[noreturn]] void failAsDisk() const;
+    void refuseAcross(const Place &from, const Place &to) const;
 
     /// Makes a change that counts as one call.
     template <typename Change>

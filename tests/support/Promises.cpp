@@ -55,6 +55,13 @@ public:
           m_mustBeDone(mustBeDone)
     {}
 
+    /// Right after the interruption, before anything is repeated.
+    void checkFirst() const
+    {
+        check();
+        checkEditsOfTrashedSkills();
+    }
+
     void check() const
     {
         checkSkills();
@@ -162,6 +169,23 @@ private:
         }
     }
 
+    /// What an assistant has edited in a copy isn't lost when the copy is taken out.
+    void checkEditsOfTrashedSkills() const
+    {
+        for (const auto &[slug, copy] : m_before.codex) {
+            const SkillOnDisk *old = m_before.find(slug);
+            const SkillOnDisk *done = m_after.find(slug);
+            if (old == nullptr || old->isTrashed || done == nullptr || !done->isTrashed)
+                continue;
+            const auto installed = m_now.codex.find(slug);
+            const bool isInstalled = installed != m_now.codex.end() && installed->second == copy;
+            const bool isKept = std::ranges::any_of(m_now.recovery, [&](const auto &entry) {
+                return entry.first.ends_with("-removed-codex-" + slug) && entry.second == copy;
+            });
+            EXPECT_TRUE(isInstalled || isKept) << "the edits in " << slug << " are lost";
+        }
+    }
+
     void checkTarget(const std::map<std::string, Tree> &before, const std::map<std::string, Tree> &now) const
     {
         for (const auto &[name, tree] : before) {
@@ -231,7 +255,7 @@ try {
     auto service = startAgain(rehearsal);
     if (!service)
         return;
-    Inspection(rehearsal, reported == Reported::Success).check();
+    Inspection(rehearsal, reported == Reported::Success).checkFirst();
     checkCopiesCanBeMadeRight(*service);
 
     repeat(rehearsal.scenario(), *service);
