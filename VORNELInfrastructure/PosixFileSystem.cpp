@@ -159,10 +159,9 @@ int exchange(const Place &from, const Place &to)
 /// Makes a call again that a signal has interrupted.
 int uninterrupted(int (*call)(int), const Descriptor &descriptor)
 {
-    int result = 0;
-    do {
+    int result = call(descriptor.fd());
+    while (result != 0 && errno == EINTR)
         result = call(descriptor.fd());
-    } while (result != 0 && errno == EINTR);
     return result;
 }
 

@@ -144,8 +144,8 @@ void TargetSynchronizer::finish(Install &install) const
     for (const auto &[kind, copy] : install.copies) {
         if (copy.failure)
             install.failures.emplace(kind, copy.failure);
-        else if (!copy.former.empty())
-            bestEffort([&] { m_store.discard(copy.former); });
+        else if (const fs::path former = copy.former; !former.empty())
+            bestEffort([&] { m_store.discard(former); });
     }
     remember(install.id, install.failures);
 }

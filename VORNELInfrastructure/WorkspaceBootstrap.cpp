@@ -54,7 +54,7 @@ bool isReady(const Workspace &workspace)
            !needsRecovery(workspace);
 }
 
-void prepareWorkspace(const Workspace &workspace, const Folder &)
+void prepareWorkspace(const Workspace &workspace, const Folder & /*lock*/)
 {
     if (!workspace.files.kindAt(workspace.config.metadata()))
         writeMetadata(workspace);
