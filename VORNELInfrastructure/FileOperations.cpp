@@ -88,7 +88,8 @@ QByteArray readFile(const FileSystem &files, const Folder &folder, const std::st
 {
     const File file = files.openFile(folder, name);
     if (file.size > limit)
-        throw fs::filesystem_error("read", file.path, std::make_error_code(std::errc::file_too_large));
+        throw fs::filesystem_error("read", fs::path(folder.path) / name,
+                                   std::make_error_code(std::errc::file_too_large));
     QByteArray content;
     content.reserve(file.size);
     readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });

@@ -50,7 +50,6 @@ struct File
 {
     Descriptor descriptor;
     std::int64_t size; ///< bytes
-    std::string path;  ///< where it was opened, for messages
 };
 
 /// An entry of an open folder, by its name, whether or not anything stands there.

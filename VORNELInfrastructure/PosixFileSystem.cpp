@@ -37,6 +37,15 @@ constexpr mode_t ownerReadWrite = 0600;
     throw fs::filesystem_error(operation, path, std::error_code(errno, std::system_category()));
 }
 
+/// The same about an open file, by where it stands now.
+[[noreturn]] void fail(const char *operation, const Descriptor &file)
+{
+    const std::error_code error(errno, std::system_category());
+    std::error_code unknown;
+    const fs::path path = fs::read_symlink("/proc/self/fd/" + std::to_string(file.fd()), unknown);
+    throw fs::filesystem_error(operation, path, error);
+}
+
 std::string pathOf(const Folder &folder, const std::string &name)
 {
     return folder.path + '/' + name;
@@ -252,15 +261,15 @@ std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
 
 File PosixFileSystem::openFile(const Folder &folder, const std::string &name) const
 {
-    const std::string path = pathOf(folder, name);
     Descriptor descriptor = open(folder, name, O_RDONLY | O_NONBLOCK);
     struct stat status
     {};
     if (::fstat(descriptor.fd(), &status) != 0)
-        fail("stat", path);
+        fail("stat", pathOf(folder, name));
     if (!S_ISREG(status.st_mode))
-        throw fs::filesystem_error("open", path, std::make_error_code(std::errc::not_supported));
-    return {std::move(descriptor), status.st_size, path};
+        throw fs::filesystem_error("open", pathOf(folder, name),
+                                   std::make_error_code(std::errc::not_supported));
+    return {std::move(descriptor), status.st_size};
 }
 
 std::size_t PosixFileSystem::read(const File &file, std::int64_t offset, std::span<char> buffer) const
@@ -270,7 +279,7 @@ std::size_t PosixFileSystem::read(const File &file, std::int64_t offset, std::sp
         if (count >= 0)
             return static_cast<std::size_t>(count);
         if (errno != EINTR)
-            fail("read", file.path);
+            fail("read", file.descriptor);
     }
 }
 
@@ -293,12 +302,11 @@ Folder PosixFileSystem::createFolder(const Folder &parent, const std::string &na
 File PosixFileSystem::createFile(const Folder &folder, const std::string &name)
 {
     refuseSeveralComponents(name);
-    const std::string path = pathOf(folder, name);
     Descriptor descriptor(::openat(folder.descriptor.fd(), name.c_str(),
                                    O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, ownerReadWrite));
     if (descriptor.fd() < 0 || ::fchmod(descriptor.fd(), ownerReadWrite) != 0)
-        fail("create", path);
-    return {std::move(descriptor), 0, path};
+        fail("create", pathOf(folder, name));
+    return {std::move(descriptor), 0};
 }
 
 void PosixFileSystem::write(const File &file, QByteArrayView bytes)
@@ -307,7 +315,7 @@ void PosixFileSystem::write(const File &file, QByteArrayView bytes)
         const ssize_t count =
             ::write(file.descriptor.fd(), bytes.data(), static_cast<std::size_t>(bytes.size()));
         if (count < 0 && errno != EINTR)
-            fail("write", file.path);
+            fail("write", file.descriptor);
         bytes = bytes.sliced(std::max<ssize_t>(count, 0));
     }
 }
@@ -364,7 +372,7 @@ void PosixFileSystem::startWriting(const File &file)
 void PosixFileSystem::flush(const File &file)
 {
     if (uninterrupted(::fsync, file.descriptor) != 0)
-        fail("sync", file.path);
+        fail("sync", file.descriptor);
 }
 
 void PosixFileSystem::flush(const Folder &folder)
