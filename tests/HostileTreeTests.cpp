@@ -64,7 +64,7 @@ public:
         m_tree.fill(m_folder);
     }
 
-    /// Runs the operations in an order of the seed's own, while somebody may meddle with the tree.
+    /// Runs the operations in a random order, while the tree may be changed at the same time.
     Count run()
     {
         OutsideWatch watch(path("outside"));
