@@ -28,15 +28,3 @@ if(VORNEL_SANITIZERS STREQUAL "thread")
     target_sources(vornel_options INTERFACE
         $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:$<TARGET_OBJECTS:vornel_thread_sanitizer>>)
 endif()
-
-# Compiles what Qt generates from a module's QML files in a few large pieces, without warnings: the code isn't
-# ours.
-function(vornel_compile_qml target)
-    get_target_property(sources ${target} SOURCES)
-    set(generated ${sources})
-    list(FILTER generated INCLUDE REGEX "/qmlcache/")
-    list(FILTER sources EXCLUDE REGEX "/qmlcache/")
-    set_source_files_properties(${generated} PROPERTIES COMPILE_OPTIONS -w)
-    set_source_files_properties(${sources} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
-endfunction()
