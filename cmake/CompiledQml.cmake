@@ -9,7 +9,8 @@ endif()
 # again. Its warnings don't count, the code isn't ours. What runs once, to make the module's types known, need not be fast.
 function(vornel_compile_qml target)
     string(TOLOWER ${target} name)
-    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}_qmltyperegistrations.cpp PROPERTIES COMPILE_OPTIONS -O1)
+    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}_qmltyperegistrations.cpp PROPERTIES
+        COMPILE_OPTIONS "$<$<CONFIG:Release>:-O1>")
     get_target_property(sources ${target} SOURCES)
     set(generated ${sources})
     list(FILTER generated INCLUDE REGEX "/qmlcache/")

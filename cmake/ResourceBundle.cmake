@@ -8,7 +8,6 @@ set(vornel_symbols
     layout-grid list-checks list-x palette plus refresh-cw rotate-cw save search settings shield-half sliders-horizontal sparkles trash-2
     triangle-alert undo-2 wrench x)
 
-find_program(NPM npm REQUIRED)
 set(assets ${PROJECT_SOURCE_DIR}/VORNELApp/Assets)
 set(packages ${PROJECT_BINARY_DIR}/assets)
 set(oxanium ${packages}/node_modules/@expo-google-fonts/oxanium)
@@ -25,7 +24,7 @@ add_custom_command(
     COMMENT "Collecting fonts and images"
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${packages} ${vornel_bundle}
     COMMAND ${CMAKE_COMMAND} -E copy_directory ${assets} ${packages}
-    COMMAND ${CMAKE_COMMAND} -E chdir ${packages} ${NPM} ci --loglevel=error
+    COMMAND ${CMAKE_COMMAND} -E chdir ${packages} npm ci --loglevel=error
     COMMAND ${CMAKE_COMMAND} -E make_directory ${vornel_bundle}/Fonts ${vornel_bundle}/Images
     COMMAND ${CMAKE_COMMAND} -E copy ${fonts} ${vornel_bundle}/Fonts
     COMMAND ${CMAKE_COMMAND} -E copy ${images} ${vornel_bundle}/Images

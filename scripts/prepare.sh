@@ -1,4 +1,4 @@
-# Sourced by the scripts at the root: sees to the Debian packages, and builds.
+# Sourced by the scripts: sees to the Debian packages, and builds. What takes time says what it is doing.
 
 window_packages="fonts-dejavu-core libgit2-dev libgl-dev pkg-config qcoro-qt6-dev qml6-module-qtqml
     qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-layouts
@@ -21,9 +21,44 @@ as_root() {
     fi
 }
 
+# Runs a command of which a name tells the purpose. A terminal shows the name with the last line that the command has
+# printed; elsewhere the name is printed, then the seconds it took. All that it printed is shown when it fails.
+phase() {
+    local name=$1 log start=$SECONDS status=0
+    shift
+    log=$(mktemp)
+    if [ -t 2 ]; then
+        "$@" 2>&1 </dev/null | tee "$log" | show_last_line "$name" || status=$?
+        printf '\r\e[K' >&2
+    else
+        printf '%s … ' "$name" >&2
+        "$@" >"$log" 2>&1 </dev/null || status=$?
+    fi
+    if [ "$status" -ne 0 ]; then
+        printf '\n' >&2
+        cat "$log" >&2
+    elif [ -t 2 ]; then
+        printf '%s : %d s\n' "$name" $((SECONDS - start)) >&2
+    else
+        printf '%d s\n' $((SECONDS - start)) >&2
+    fi
+    rm -f "$log"
+    [ "$status" -eq 0 ] || exit "$status"
+}
+
+# Writes each line that it reads over the one before.
+show_last_line() {
+    local line text width
+    width=$(tput cols 2>/dev/null || echo 80)
+    while IFS= read -r line; do
+        text="$1 : $line"
+        printf '\r\e[K%s' "${text:0:width-1}" >&2
+    done
+}
+
 # Installs those of the named packages that are missing, or says which to install.
 require() {
-    local missing=() package
+    local missing
     if ! command -v dpkg-query >/dev/null; then
         if command -v cmake >/dev/null && command -v ninja >/dev/null && command -v c++ >/dev/null; then
             return # CMake says what else is missing
@@ -31,17 +66,21 @@ require() {
         echo "Installez d’abord l’équivalent de ces paquets Debian : $*" >&2
         exit 1
     fi
-    for package in "$@"; do
-        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
-    done
-    [ ${#missing[@]} -eq 0 ] && return
+    missing=$(missing_packages "$@")
+    [ -n "$missing" ] || return 0
     if ! command -v apt-get >/dev/null || { [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; }; then
-        echo "Installez d’abord ces paquets (noms Debian) : ${missing[*]}" >&2
+        echo "Installez d’abord ces paquets (noms Debian) :" $missing >&2
         exit 1
     fi
-    echo "Installation : ${missing[*]}" >&2
-    as_root apt-get update -q >&2
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
+    phase "Liste des paquets" as_root apt-get update -q
+    # shellcheck disable=SC2086 # the list of packages is words
+    phase "Installation de paquets" as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends $missing
+}
+
+missing_packages() {
+    comm -23 <(printf '%s\n' "$@" | sort -u) \
+        <(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null | sed -n 's/ installed$//p' | sort -u)
 }
 
 # npm brings the typeface and the icons; it need not be Debian's.
@@ -49,15 +88,35 @@ require_npm() {
     command -v npm >/dev/null || require npm
 }
 
-# Configures a preset and builds it; what it prints is shown only when it fails.
-build_quietly() {
-    local preset=$1 log
-    shift
-    log=$(mktemp)
-    if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
-        cat "$log" >&2
-        rm -f "$log"
-        exit 1
+# Builds a preset: build PRESET [-DNAME=VALUE]… [TARGET]…
+build() {
+    local folder=build/$1 word options=() targets=()
+    for word in "${@:2}"; do
+        case $word in
+        -D*) options+=("$word") ;;
+        *) targets+=("$word") ;;
+        esac
+    done
+    configure "$1" "${options[@]}"
+    if ! ninja -C "$folder" -n "${targets[@]}" | tail -n 1 | grep -q "no work to do"; then
+        phase "Construction" ninja -C "$folder" "${targets[@]}"
     fi
-    rm -f "$log"
+}
+
+# Configures a preset: configure PRESET [-DNAME=VALUE]…
+configure() {
+    if ! is_configured "build/$1" "${@:2}"; then
+        phase "Configuration" cmake --preset "$@"
+        touch "build/$1/configured"
+    fi
+}
+
+# Whether a build folder was configured with the presets as they are, and these options.
+is_configured() {
+    local folder=$1 option
+    [ "$folder/configured" -nt CMakePresets.json ] || return 1
+    for option in "${@:2}"; do
+        option=${option#-D}
+        grep -q "^${option%%=*}:[A-Z]*=${option#*=}$" "$folder/CMakeCache.txt" || return 1
+    done
 }
