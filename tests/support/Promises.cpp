@@ -64,12 +64,17 @@ public:
 
     void check() const
     {
+        checkWhole();
+        checkHistoryEntries();
+        checkRubbish();
+    }
+
+    void checkWhole() const
+    {
         checkSkills();
         checkKeptHistory();
-        checkHistoryEntries();
         checkCatalog();
         checkOthersFolders();
-        checkRubbish();
     }
 
 private:
@@ -241,6 +246,8 @@ void checkCopiesCanBeMadeRight(LocalWorkspaceService &service)
             << skill.slug.toStdString();
 }
 
+} // namespace
+
 void repeat(const Scenario &scenario, LocalWorkspaceService &service)
 try {
     scenario.run(service);
@@ -248,7 +255,10 @@ try {
     EXPECT_EQ(error, scenario.refusal) << errorMessage(error).toStdString();
 }
 
-} // namespace
+void checkWhole(const Rehearsal &rehearsal)
+{
+    Inspection(rehearsal, false).checkWhole();
+}
 
 void checkPromises(const Rehearsal &rehearsal, Reported reported)
 try {
