@@ -51,6 +51,8 @@ protected:
             EXPECT_TRUE(files->hasFailed());
         }
         const int calls = files->calls();
+        if (!disk.afterwards)
+            checkWhole(m_rehearsal);
         checkPromises(m_rehearsal, reported);
         return calls;
     }
