@@ -120,6 +120,9 @@ TEST(AppEnvironment, TakesAbsolutePathsAndExactlyOneTestMode)
              Case{{{"VORNEL_WORKSPACE_PATH", "relative/dir"}}, "/home/u/VORNEL", false},
              Case{{{"VORNEL_WORKSPACE_PATH", ""}}, "/home/u/VORNEL", false},
              Case{{{"VORNEL_WORKSPACE_PATH", "/tmp/w/../x"}, {"VORNEL_TEST_MODE", "1"}}, "/tmp/x", true},
+             Case{{{"VORNEL_CLAUDE_SKILLS_PATH", "c"}, {"VORNEL_CODEX_SKILLS_PATH", ""}},
+                  "/home/u/VORNEL",
+                  false},
              Case{{{"VORNEL_TEST_MODE", "true"}}, "/home/u/VORNEL", false},
          }) {
         const Environment environment = [&row](const char *name) {
