@@ -1,5 +1,6 @@
 /// Several programs on one workspace: real processes of vornelctl, and services in one process.
 
+#include "StartingState.h"
 #include "Vornelctl.h"
 
 #include <QJsonArray>
@@ -150,9 +151,7 @@ TEST_F(Concurrency, SaysAfterTenSecondsThatTheWorkspaceIsBusy)
 {
     TestWorkspace workspace;
     const QUuid id = workspace.create(u"demo"_s).manifest.id;
-    LocalWorkspaceService writer(std::make_shared<PosixFileSystem>());
-    writer.bootstrap(workspace.path("workspace"), workspace.path("claude"), workspace.path("codex"))
-        .waitForFinished();
+    const auto writer = startService(workspace.path());
     ASSERT_EQ(run("create demo --name Démo").code, 0);
 
     const auto start = Clock::now();
@@ -160,7 +159,7 @@ TEST_F(Concurrency, SaysAfterTenSecondsThatTheWorkspaceIsBusy)
         const WorkspaceHold held(workspace.path("workspace"));
         const WorkspaceHold heldToo(path("ws"));
         auto read = workspace.service->reload();
-        auto written = writer.saveSkill(id, 1, u"neuf"_s);
+        auto written = writer->saveSkill(id, 1, u"neuf"_s);
         const auto processes = startEach(2, [](int number) {
             return number == 1 ? QStringList{u"status"_s, u"--json"_s}
                                : QStringList{u"trash"_s, u"demo"_s, u"--json"_s};
@@ -175,7 +174,7 @@ TEST_F(Concurrency, SaysAfterTenSecondsThatTheWorkspaceIsBusy)
     }
     EXPECT_GE(Clock::now() - start, 10s);
     EXPECT_LT(Clock::now() - start, 20s);
-    EXPECT_EQ(writer.saveSkill(id, 1, u"neuf"_s).result().manifest.revision, 2);
+    EXPECT_EQ(writer->saveSkill(id, 1, u"neuf"_s).result().manifest.revision, 2);
     EXPECT_EQ(run("trash demo").code, 0);
 }
 
@@ -238,11 +237,9 @@ public:
 private:
     void readOn(const TestWorkspace &workspace)
     try {
-        LocalWorkspaceService reader(std::make_shared<PosixFileSystem>());
-        reader.bootstrap(workspace.path("workspace"), workspace.path("claude"), workspace.path("codex"))
-            .waitForFinished();
+        const auto reader = startService(workspace.path());
         for (; !m_isOver; ++m_reads)
-            reader.reload().waitForFinished();
+            reader->reload().waitForFinished();
     } catch (const std::exception &error) {
         ADD_FAILURE() << "a reader was refused: " << error.what();
         m_isOver = true;

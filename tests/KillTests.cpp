@@ -1,4 +1,5 @@
 #include "Promises.h"
+#include "Sample.h"
 #include "SystemCalls.h"
 
 #include <VORNELCore/SerializedForms.h>
@@ -6,8 +7,6 @@
 #include <QProcess>
 
 #include <sched.h>
-
-#include <iostream>
 
 using namespace Qt::StringLiterals;
 
@@ -46,15 +45,17 @@ protected:
         const std::vector<KillPoint> points = killPoints(calls());
         checkPromises(m_rehearsal, Reported::Success);
         ASSERT_FALSE(HasFailure());
-        for (const KillPoint &point : points) {
+        ASSERT_GT(points.size(), 2U);
+        Sample sample(GetParam(), 5);
+        for (const int number : sample.of(static_cast<int>(points.size()))) {
+            const KillPoint &point = points.at(static_cast<std::size_t>(number - 1));
             SCOPED_TRACE(testing::Message() << "killed at " << point.call.name << " no. " << point.ordinal
                                             << ": " << point.call.text);
             killAt(point, conditions);
             checkPromises(m_rehearsal);
             ASSERT_FALSE(HasFailure());
         }
-        std::cout << "kill points: " << points.size() << " (" << GetParam().name << ")\n";
-        EXPECT_GT(points.size(), 2U);
+        sample.print("kill points");
     }
 
 private:

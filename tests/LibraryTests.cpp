@@ -17,10 +17,7 @@ class Library : public testing::Test, protected TestWorkspace
 protected:
     QUuid createIn(const char *slug, const char *category)
     {
-        CreateSkillRequest request;
-        request.slug = QString::fromUtf8(slug);
-        request.displayName = request.slug;
-        request.category = QString::fromUtf8(category);
+        const auto request = requestFor(QString::fromUtf8(slug), QString::fromUtf8(category));
         return service->createSkill(request).result().manifest.id;
     }
 
@@ -67,10 +64,8 @@ TEST_F(Library, RefusesASkillThatCannotBe)
     create(u"demo"_s);
     const auto before = tree("");
     const auto refusal = [this](const char *slug, const char *name, const char *category) {
-        CreateSkillRequest request;
-        request.slug = QString::fromUtf8(slug);
+        CreateSkillRequest request = requestFor(QString::fromUtf8(slug), QString::fromUtf8(category));
         request.displayName = QString::fromUtf8(name);
-        request.category = QString::fromUtf8(category);
         return errorOf([&] { service->createSkill(request).result(); });
     };
     EXPECT_EQ(refusal("Demo", "x", "other"), Error::invalidPath(PathViolation::invalidSlug));

@@ -85,11 +85,7 @@ struct ModelTest : testing::Test
 
     QUuid create(const QString &slug) const
     {
-        CreateSkillRequest request;
-        request.slug = slug;
-        request.displayName = slug;
-        request.category = SkillCategory::otherID;
-        EXPECT_TRUE(QCoro::waitFor(model->createSkill(request)));
+        EXPECT_TRUE(QCoro::waitFor(model->createSkill(requestFor(slug))));
         return model->selectedSkillID();
     }
 
@@ -124,6 +120,9 @@ TEST(AppEnvironment, TakesAbsolutePathsAndExactlyOneTestMode)
              Case{{{"VORNEL_WORKSPACE_PATH", "relative/dir"}}, "/home/u/VORNEL", false},
              Case{{{"VORNEL_WORKSPACE_PATH", ""}}, "/home/u/VORNEL", false},
              Case{{{"VORNEL_WORKSPACE_PATH", "/tmp/w/../x"}, {"VORNEL_TEST_MODE", "1"}}, "/tmp/x", true},
+             Case{{{"VORNEL_CLAUDE_SKILLS_PATH", "c"}, {"VORNEL_CODEX_SKILLS_PATH", ""}},
+                  "/home/u/VORNEL",
+                  false},
              Case{{{"VORNEL_TEST_MODE", "true"}}, "/home/u/VORNEL", false},
          }) {
         const Environment environment = [&row](const char *name) {
@@ -354,11 +353,7 @@ TEST_F(ModelTest, FailureShowsItsTextUntilTheNextAction)
     start();
     const QUuid id = create(u"audit"_s);
     confirmations.clear();
-    CreateSkillRequest again;
-    again.slug = u"audit"_s;
-    again.displayName = u"Audit"_s;
-    again.category = SkillCategory::otherID;
-    EXPECT_FALSE(QCoro::waitFor(model->createSkill(again)));
+    EXPECT_FALSE(QCoro::waitFor(model->createSkill(requestFor(u"audit"_s))));
     EXPECT_EQ(model->errorMessage(), VORNELWorkspaceError::duplicateSlug(u"audit"_s).errorDescription());
     EXPECT_FALSE(model->isWorking());
     EXPECT_EQ(model->selectedSkillID(), id) << "the selection stays";

@@ -111,48 +111,6 @@ TEST_F(Synchronisation, ReportsAMissingTextAfterInstalling)
     EXPECT_EQ(errorOf([&] { service->synchronize(nobody).result(); }), Error::skillNotFound(nobody));
 }
 
-TEST(Install, PutsTheFormerCopyBackWhenTheNewOneCannotBeMovedIn)
-{
-    const auto files = std::make_shared<FaultyFileSystem>();
-    TestWorkspace workspace(files);
-    const QUuid id = workspace.create(u"demo"_s).manifest.id;
-    workspace.write("codex/demo/SKILL.md", "edited");
-    files->refusesRename = [&](const fs::path &from, const fs::path &to) {
-        return to == workspace.path("codex/demo") && from.parent_path().filename() == "staging";
-    };
-    for (const bool canExchange : {true, false}) {
-        files->canExchange = canExchange;
-        EXPECT_EQ(errorOf([&] { workspace.service->synchronize(id).result(); }),
-                  Error::partialSync({TargetKind::codex}));
-        EXPECT_EQ(bytesOf(workspace.path("codex/demo/SKILL.md")), "edited");
-        EXPECT_TRUE(workspace.names("workspace/.vornel/recovery").empty());
-        EXPECT_TRUE(workspace.names("workspace/.vornel/staging").empty());
-    }
-}
-
-TEST(Swap, PutsTheFormerFolderBackWhenTheNewOneCannotBeMovedIn)
-{
-    const auto files = std::make_shared<FaultyFileSystem>();
-    TestWorkspace workspace(files);
-    const QUuid id = workspace.create(u"demo"_s, u"old"_s).manifest.id;
-    const fs::path canonical = workspace.path("workspace/skills/demo");
-    files->canExchange = false;
-    files->refusesRename = [&](const fs::path &from, const fs::path &to) {
-        return to == canonical && from.parent_path().filename() == "staging";
-    };
-    EXPECT_THROW(workspace.service->saveSkill(id, 1, u"new"_s).result(), fs::filesystem_error);
-    EXPECT_EQ(workspace.service->loadSkill(id).result().skillMD, u"old"_s);
-    EXPECT_TRUE(workspace.names("workspace/.vornel/recovery").empty());
-
-    // As after a crash between the two moves: the next start finds the folder in recovery.
-    files->refusesRename = [&](const fs::path &, const fs::path &to) { return to == canonical; };
-    EXPECT_THROW(workspace.service->saveSkill(id, 1, u"new"_s).result(), fs::filesystem_error);
-    EXPECT_FALSE(fs::exists(canonical));
-    files->refusesRename = nullptr;
-    workspace.restart();
-    EXPECT_EQ(workspace.service->loadSkill(id).result().skillMD, u"old"_s);
-}
-
 TEST(Swap, WorksWhereAFolderCannotEvenBeRenamed)
 {
     const auto files = std::make_shared<FaultyFileSystem>();

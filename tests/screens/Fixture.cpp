@@ -1,5 +1,7 @@
 #include "Fixture.h"
 
+#include "StartingState.h"
+
 #include <VORNELCore/SerializedForms.h>
 
 #include <QClipboard>
@@ -56,10 +58,9 @@ void Fixture::writePicture(const QString &below, const QSize &size) const
 
 bool Fixture::saveElsewhere(const QString &slug, const QString &text) const
 {
-    LocalWorkspaceService other(std::make_shared<PosixFileSystem>());
-    other.bootstrap(m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex")).result();
-    const SkillDetail skill = other.loadSkill(idOf(slug)).result();
-    return other.saveSkill(skill.manifest.id, skill.manifest.revision, text).result().skillMD == text;
+    const auto other = startService(m_scratch.path());
+    const SkillDetail skill = other->loadSkill(idOf(slug)).result();
+    return other->saveSkill(skill.manifest.id, skill.manifest.revision, text).result().skillMD == text;
 }
 
 QString Fixture::clipboard()
@@ -86,11 +87,8 @@ void Fixture::fillLibrary(const QStringList &slugs)
 
 void Fixture::create(const QString &slug, const QString &category, Maturity maturity)
 {
-    CreateSkillRequest request;
-    request.slug = slug;
-    request.displayName = slug;
+    CreateSkillRequest request = requestFor(slug, category);
     request.summary = u"Résumé de "_s + slug;
-    request.category = category;
     request.tags = QStringList{u"un mot-clé"_s, u"deux"_s, u"trois"_s, u"quatre"_s};
     request.maturity = maturity;
     create(request);
@@ -99,13 +97,7 @@ void Fixture::create(const QString &slug, const QString &category, Maturity matu
 void Fixture::create(const QString &slug, const QString &name, const QString &summary,
                      const QString &category, const QStringList &tags)
 {
-    CreateSkillRequest request;
-    request.slug = slug;
-    request.displayName = name;
-    request.summary = summary;
-    request.category = category;
-    request.tags = tags;
-    create(request);
+    create({slug, name, summary, category, tags, Maturity::draft, std::nullopt});
 }
 
 void Fixture::create(const CreateSkillRequest &request)
@@ -121,9 +113,8 @@ void Fixture::deleteCategory(const QString &id)
 
 void Fixture::createCategoryElsewhere(const QString &name) const
 {
-    LocalWorkspaceService other(std::make_shared<PosixFileSystem>());
-    other.bootstrap(m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex")).result();
-    other.createCategory(name, u"21D6D1"_s).waitForFinished();
+    const auto other = startService(m_scratch.path());
+    other->createCategory(name, u"21D6D1"_s).waitForFinished();
 }
 
 void Fixture::trash(const QStringList &slugs)
@@ -136,9 +127,8 @@ void Fixture::trash(const QStringList &slugs)
 
 void Fixture::emptyTrashElsewhere() const
 {
-    LocalWorkspaceService other(std::make_shared<PosixFileSystem>());
-    other.bootstrap(m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex")).result();
-    other.emptyTrash().waitForFinished();
+    const auto other = startService(m_scratch.path());
+    other->emptyTrash().waitForFinished();
 }
 
 void Fixture::dragOver(QQuickItem *item, const QString &text)

@@ -8,6 +8,7 @@ TestCase {
     id: test
 
     readonly property Fixture fixture: currentFixture
+    readonly property AppModel model: fixture?.model ?? null
     property Fixture currentFixture
     property Item root
 
@@ -55,6 +56,17 @@ TestCase {
         verify(item.enabled, name);
         waitForItemPolished(item.parent);
         mouseClick(item);
+    }
+    function press(...keys) {
+        for (const key of keys)
+            keyClick(key);
+    }
+    function type(text) {
+        for (const letter of text)
+            keyClick(letter);
+    }
+    function focusedName() {
+        return root.Window.activeFocusItem.Accessible.name;
     }
     function settle() {
         tryVerify(() => !fixture.model.isBusy);

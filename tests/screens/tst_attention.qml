@@ -6,8 +6,6 @@ ScreenTest {
 
     name: "Attention"
 
-    readonly property AppModel model: fixture?.model ?? null
-
     function edit(slug) {
         fixture.write("codex/" + slug + "/SKILL.md", "retouché par l’assistant");
     }
@@ -46,9 +44,6 @@ ScreenTest {
         keyClick(Qt.Key_Tab);
         keyClick(Qt.Key_Return);
         tryVerify(() => !shows("Annuler"));
-    }
-    function focusedName() {
-        return root.Window.activeFocusItem.Accessible.name;
     }
 
     function test_rows_tell_each_copy() {

@@ -7,12 +7,6 @@ ScreenTest {
 
     name: "Categories"
 
-    readonly property AppModel model: fixture?.model ?? null
-
-    function type(text) {
-        for (const letter of text)
-            keyClick(letter);
-    }
     function retype(name, text) {
         control(name).forceActiveFocus();
         keyClick(Qt.Key_A, Qt.ControlModifier);

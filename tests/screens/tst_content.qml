@@ -5,8 +5,6 @@ import VORNELApp
 ScreenTest {
     id: test
 
-    readonly property AppModel model: fixture?.model ?? null
-
     readonly property string longName: "Vérification systématique de la cohérence " + "interministérielle".repeat(4) + " des textes publiés, de leurs annexes et de leurs traductions dans toutes les langues de travail"
     readonly property string longSlug: "verification-".repeat(6) + "ab"
     readonly property string wideCategory: "W".repeat(40)

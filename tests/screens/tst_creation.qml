@@ -6,7 +6,6 @@ ScreenTest {
 
     name: "Creation"
 
-    readonly property AppModel model: fixture?.model ?? null
     readonly property Component windows: Component {
         Main {
             model: test.model
@@ -14,10 +13,6 @@ ScreenTest {
         }
     }
 
-    function type(text) {
-        for (const letter of text)
-            keyClick(letter);
-    }
     function openSheet() {
         openShell(["audit"]);
         keyClick(Qt.Key_N, Qt.ControlModifier);

@@ -36,10 +36,6 @@ ScreenTest {
         settle();
         awaitText("Claude, à jour");
     }
-    function type(text) {
-        for (const letter of text)
-            keyClick(letter);
-    }
     function typeAt(position, text) {
         textArea().forceActiveFocus();
         textArea().cursorPosition = position;

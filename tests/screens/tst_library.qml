@@ -6,8 +6,6 @@ ScreenTest {
 
     name: "Library"
 
-    readonly property AppModel model: fixture?.model ?? null
-
     function openLibrary() {
         fixture.fillLibrary(["audit", "notes"]);
         open();
@@ -33,13 +31,6 @@ ScreenTest {
     function choose(menu, entry) {
         click(menu);
         click(entry);
-    }
-    function focusedName() {
-        return root.Window.activeFocusItem.Accessible.name;
-    }
-    function press(...keys) {
-        for (const key of keys)
-            keyClick(key);
     }
 
     function test_sections_and_filters() {

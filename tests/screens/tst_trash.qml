@@ -6,8 +6,6 @@ ScreenTest {
 
     name: "Trash"
 
-    readonly property AppModel model: fixture?.model ?? null
-
     function openTrash(slugs) {
         openShell(slugs.concat("reste"));
         fixture.trash(slugs);
@@ -27,13 +25,6 @@ ScreenTest {
         const found = all(name).filter(item => item.Accessible.description === slug);
         compare(found.length, 1, slug + ", " + name);
         return found[0];
-    }
-    function press(...keys) {
-        for (const key of keys)
-            keyClick(key);
-    }
-    function focusedName() {
-        return root.Window.activeFocusItem.Accessible.name;
     }
     /** Answers the question that is open. */
     function accept() {

@@ -6,49 +6,53 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <random>
 #include <ranges>
 #include <stdexcept>
 #include <system_error>
 
 namespace vornel {
 
-namespace fs = std::filesystem;
-
 namespace {
 
+void expectSuccess(int result, const char *action)
+{
+    if (result != 0)
+        throw std::system_error(errno, std::system_category(), action);
+}
+
+int duplicate(const Descriptor &descriptor)
+{
+    return ::fcntl(descriptor.fd(), F_DUPFD_CLOEXEC, 0);
+}
+
+} // namespace
+
 /// An entry of a folder that stays known when the folder is moved.
-class Spot
+class PowerCutFileSystem::Spot
 {
 public:
-    Spot(const Folder &folder, std::string name)
-        : m_folder(std::make_shared<Descriptor>(::fcntl(folder.descriptor.fd(), F_DUPFD_CLOEXEC, 0))),
-          m_name(std::move(name))
+    Spot(const Descriptor &folder, std::string name)
+        : m_folder(std::make_shared<Descriptor>(duplicate(folder))), m_name(std::move(name))
     {}
+    explicit Spot(const Place &place) : Spot(place.folder.descriptor, place.name) {}
 
     bool isTaken() const
     {
-        struct stat status
-        {};
-        return ::fstatat(m_folder->fd(), m_name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+        return ::faccessat(m_folder->fd(), m_name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
     }
 
     void moveTo(const Spot &other, unsigned int flags = RENAME_NOREPLACE) const
     {
-        if (::renameat2(m_folder->fd(), m_name.c_str(), other.m_folder->fd(), other.m_name.c_str(), flags) !=
-            0)
-            throw std::system_error(errno, std::system_category(), "undoing a rename");
+        expectSuccess(
+            ::renameat2(m_folder->fd(), m_name.c_str(), other.m_folder->fd(), other.m_name.c_str(), flags),
+            "undoing a change");
     }
 
-    void takeFrom(const std::string &path) const
+    void linkTo(const Spot &other) const
     {
-        if (::renameat2(AT_FDCWD, path.c_str(), m_folder->fd(), m_name.c_str(), RENAME_NOREPLACE) != 0)
-            throw std::system_error(errno, std::system_category(), "bringing back what was removed");
-    }
-
-    void giveTo(const std::string &path) const
-    {
-        if (::renameat2(m_folder->fd(), m_name.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE) != 0)
-            throw std::system_error(errno, std::system_category(), "removing");
+        expectSuccess(::linkat(m_folder->fd(), m_name.c_str(), other.m_folder->fd(), other.m_name.c_str(), 0),
+                      "keeping a file");
     }
 
 private:
@@ -56,7 +60,19 @@ private:
     std::string m_name;
 };
 
-} // namespace
+PowerCutFileSystem::PowerCutFileSystem()
+    : m_graveyard(::open(pathFromText(m_graves.path()).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{
+    around = [this](const Step &step, const Make &make) {
+        if (step.isLook())
+            return make();
+        const std::scoped_lock lock(m_mutex);
+        m_isOff = m_isOff || ++m_steps == m_cut;
+        if (m_isOff)
+            throw std::runtime_error("no power");
+        take(step, make);
+    };
+}
 
 void PowerCutFileSystem::cutAt(int step)
 {
@@ -65,13 +81,6 @@ void PowerCutFileSystem::cutAt(int step)
     m_steps = 0;
     m_cut = step;
     m_isOff = false;
-}
-
-void PowerCutFileSystem::step()
-{
-    m_isOff = m_isOff || ++m_steps == m_cut;
-    if (m_isOff)
-        throw std::runtime_error("no power");
 }
 
 void PowerCutFileSystem::forget(Survival survival, unsigned seed)
@@ -86,129 +95,88 @@ void PowerCutFileSystem::forget(Survival survival, unsigned seed)
     }
     for (const Descriptor &file : m_unflushedFiles | std::views::values) {
         const bool isKept = survival == Survival::Some && std::bernoulli_distribution()(chance);
-        if (!isKept && ::ftruncate(file.fd(), 0) != 0)
-            throw std::system_error(errno, std::system_category(), "emptying a file");
+        if (!isKept)
+            expectSuccess(::ftruncate(file.fd(), 0), "emptying a file");
     }
     m_changes.clear();
     m_unflushedFiles.clear();
 }
 
-Folder PowerCutFileSystem::createFolder(const Folder &parent, const std::string &name)
+void PowerCutFileSystem::take(const Step &step, const Make &make)
 {
-    const std::scoped_lock lock(m_mutex);
-    step();
-    Folder folder = PosixFileSystem::createFolder(parent, name);
-    rememberCreation(parent, name);
-    return folder;
+    switch (step.kind) {
+    case Step::Kind::Look:
+        return make();
+    case Step::Kind::Create:
+        make();
+        m_changes.push_back(
+            {{identityOf(*step.on)}, [this, spot = Spot(*step.from)] { spot.moveTo(grave()); }});
+        return;
+    case Step::Kind::Write:
+        make();
+        m_unflushedFiles.try_emplace(identityOf(*step.on), duplicate(*step.on));
+        return;
+    case Step::Kind::Rename:
+        return move(step, make);
+    case Step::Kind::Remove:
+        return bury(step, make);
+    case Step::Kind::FlushFile:
+        m_unflushedFiles.erase(identityOf(*step.on));
+        return;
+    case Step::Kind::FlushFolder:
+        for (Change &change : m_changes)
+            change.unflushed.erase(identityOf(*step.on));
+        return;
+    case Step::Kind::FlushVolume:
+        m_changes.clear();
+        m_unflushedFiles.clear();
+        return;
+    }
 }
 
-File PowerCutFileSystem::createFile(const Folder &folder, const std::string &name)
+void PowerCutFileSystem::move(const Step &step, const Make &make)
 {
-    const std::scoped_lock lock(m_mutex);
-    step();
-    File file = PosixFileSystem::createFile(folder, name);
-    rememberCreation(folder, name);
-    return file;
-}
-
-void PowerCutFileSystem::copyLink(const Place &from, const Place &to)
-{
-    const std::scoped_lock lock(m_mutex);
-    step();
-    PosixFileSystem::copyLink(from, to);
-    rememberCreation(to.folder, to.name);
-}
-
-void PowerCutFileSystem::write(const File &file, QByteArrayView bytes)
-{
-    const std::scoped_lock lock(m_mutex);
-    step();
-    PosixFileSystem::write(file, bytes);
-    m_unflushedFiles.try_emplace(identityOf(file.descriptor),
-                                 ::fcntl(file.descriptor.fd(), F_DUPFD_CLOEXEC, 0));
-}
-
-void PowerCutFileSystem::rename(const Place &from, const Place &to, RenameMode mode)
-{
-    const std::scoped_lock lock(m_mutex);
-    step();
-    const Spot before(from.folder, from.name);
-    const Spot after(to.folder, to.name);
+    const Spot before(*step.from);
+    const Spot after(*step.to);
     std::function<void()> undo = [before, after] { after.moveTo(before); };
-    if (mode == RenameMode::Exchange) {
+    if (step.mode == RenameMode::Exchange) {
         undo = [before, after] { after.moveTo(before, RENAME_EXCHANGE); };
-    } else if (mode == RenameMode::OntoFile && after.isTaken()) {
-        const std::string name = grave();
-        if (::linkat(to.folder.descriptor.fd(), to.name.c_str(), AT_FDCWD, name.c_str(), 0) != 0)
-            throw std::system_error(errno, std::system_category(), "keeping a file");
-        undo = [before, after, name] {
+    } else if (step.mode == RenameMode::OntoFile && after.isTaken()) {
+        const Spot kept = grave();
+        after.linkTo(kept);
+        undo = [before, after, kept] {
             after.moveTo(before);
-            after.takeFrom(name);
+            kept.moveTo(after);
         };
     }
-    PosixFileSystem::rename(from, to, mode);
-    remember({identityOf(from.folder.descriptor), identityOf(to.folder.descriptor)}, std::move(undo));
+    make();
+    m_changes.push_back({{identityOf(*step.on), identityOf(step.to->folder.descriptor)}, std::move(undo)});
 }
 
-void PowerCutFileSystem::remove(const Folder &folder, const std::string &name)
+/// What is removed is kept aside.
+void PowerCutFileSystem::bury(const Step &step, const Make &make)
 {
-    const std::scoped_lock lock(m_mutex);
-    step();
-    const Spot spot(folder, name);
-    const std::string kept = grave();
-    if (kindAt(folder, name) == FileKind::Directory &&
-        !list(PosixFileSystem::openFolder(folder, name)).empty())
-        return PosixFileSystem::remove(folder, name); // which fails
-    spot.giveTo(kept);
-    remember({identityOf(folder.descriptor)}, [spot, kept] { spot.takeFrom(kept); });
-}
-
-void PowerCutFileSystem::flush(const File &file)
-{
-    const std::scoped_lock lock(m_mutex);
-    step();
-    m_unflushedFiles.erase(identityOf(file.descriptor));
-}
-
-void PowerCutFileSystem::flush(const Folder &folder)
-{
-    const std::scoped_lock lock(m_mutex);
-    step();
-    for (Change &change : m_changes)
-        change.unflushed.erase(identityOf(folder.descriptor));
-}
-
-void PowerCutFileSystem::flushVolume(const Folder &)
-{
-    const std::scoped_lock lock(m_mutex);
-    step();
-    m_changes.clear();
-    m_unflushedFiles.clear();
+    const Folder &folder = step.from->folder;
+    const std::string &name = step.from->name;
+    if (kindAt(folder, name) == FileKind::Directory && !list(openFolder(folder, name)).empty())
+        return make(); // which fails
+    const Spot spot(*step.from);
+    const Spot kept = grave();
+    spot.moveTo(kept);
+    m_changes.push_back({{identityOf(*step.on)}, [spot, kept] { kept.moveTo(spot); }});
 }
 
 PowerCutFileSystem::Identity PowerCutFileSystem::identityOf(const Descriptor &descriptor)
 {
     struct stat status
     {};
-    if (::fstat(descriptor.fd(), &status) != 0)
-        throw std::system_error(errno, std::system_category(), "looking at a file");
+    expectSuccess(::fstat(descriptor.fd(), &status), "looking at a file");
     return {status.st_dev, status.st_ino};
 }
 
-void PowerCutFileSystem::remember(std::set<Identity> folders, std::function<void()> undo)
+PowerCutFileSystem::Spot PowerCutFileSystem::grave()
 {
-    m_changes.push_back({std::move(folders), std::move(undo)});
-}
-
-void PowerCutFileSystem::rememberCreation(const Folder &folder, const std::string &name)
-{
-    const Spot spot(folder, name);
-    remember({identityOf(folder.descriptor)}, [this, spot] { spot.giveTo(grave()); });
-}
-
-std::string PowerCutFileSystem::grave()
-{
-    return (pathFromText(m_graves.path()) / std::to_string(++m_graveCount)).native();
+    return {m_graveyard, std::to_string(++m_graveCount)};
 }
 
 } // namespace vornel

@@ -1,24 +1,24 @@
 #pragma once
 
-#include <VORNELInfrastructure/PosixFileSystem.h>
+#include "SteppedFileSystem.h"
 
 #include <QTemporaryDir>
 
-#include <functional>
 #include <map>
 #include <mutex>
-#include <random>
 #include <set>
 
 namespace vornel {
 
 /// The disk of a machine that loses its power: what was not flushed until then may be forgotten.
-class PowerCutFileSystem : public PosixFileSystem
+class PowerCutFileSystem : public SteppedFileSystem
 {
 public:
     /// What survives of what was not flushed: nothing; every name, but no byte; or what chance decides, names
     /// as far as to some moment.
     enum class Survival { Nothing, Names, Some };
+
+    PowerCutFileSystem();
 
     /// Lets the power go before the n-th change or flush from now on, counted from 1. What was done until now
     /// is taken as flushed.
@@ -33,16 +33,6 @@ public:
     /// Makes the disk what a new start would find.
     void forget(Survival survival, unsigned seed = 0);
 
-    Folder createFolder(const Folder &parent, const std::string &name) override;
-    File createFile(const Folder &folder, const std::string &name) override;
-    void write(const File &file, QByteArrayView bytes) override;
-    void rename(const Place &from, const Place &to, RenameMode mode) override;
-    void remove(const Folder &folder, const std::string &name) override;
-    void copyLink(const Place &from, const Place &to) override;
-    void flush(const File &file) override;
-    void flush(const Folder &folder) override;
-    void flushVolume(const Folder &folder) override;
-
 private:
     /// A file or folder, wherever it stands.
     using Identity = std::pair<dev_t, ino_t>;
@@ -54,18 +44,21 @@ private:
         std::function<void()> undo;
     };
 
+    class Spot;
+
     static Identity identityOf(const Descriptor &descriptor);
 
-    /// Counts a change or flush; throws when there is no power.
-    void step();
-    void remember(std::set<Identity> folders, std::function<void()> undo);
-    void rememberCreation(const Folder &folder, const std::string &name);
+    /// Makes a change and remembers how to undo it, or lets a flush make changes last.
+    void take(const Step &step, const Make &make);
+    void move(const Step &step, const Make &make);
+    void bury(const Step &step, const Make &make);
 
-    /// A free name in the folder that keeps what was removed.
-    std::string grave();
+    /// A free place for what was removed.
+    Spot grave();
 
-    std::recursive_mutex m_mutex; // changes come from several threads
+    std::mutex m_mutex; // changes come from several threads
     QTemporaryDir m_graves;
+    Descriptor m_graveyard;
     std::vector<Change> m_changes;
     std::map<Identity, Descriptor> m_unflushedFiles;
     int m_steps = 0;

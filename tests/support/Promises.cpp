@@ -64,12 +64,31 @@ public:
 
     void check() const
     {
+        checkWhole();
+        checkHistoryEntries();
+        checkRubbish();
+    }
+
+    void checkWhole() const
+    {
         checkSkills();
         checkKeptHistory();
-        checkHistoryEntries();
         checkCatalog();
         checkOthersFolders();
-        checkRubbish();
+        checkCopies(m_before.claude, m_now.claude);
+        checkCopies(m_before.codex, m_now.codex);
+    }
+
+    /// Where no program has ended in the middle of a swap, a skill that stays keeps its copies.
+    void checkNoCopyIsMissing() const
+    {
+        for (const auto &[slug, skill] : m_after.skills) {
+            const bool mayBeMissing = skill.isTrashed || m_now.find(slug) == nullptr;
+            for (const auto &[before, now] :
+                 {std::pair{&m_before.claude, &m_now.claude}, {&m_before.codex, &m_now.codex}})
+                EXPECT_TRUE(mayBeMissing || !before->contains(slug) || now->contains(slug))
+                    << "a copy of " << slug << " is missing";
+        }
     }
 
 private:
@@ -200,6 +219,22 @@ private:
         }
     }
 
+    /// A copy is the one from before, or of a skill as it was or becomes; never half of one.
+    void checkCopies(const std::map<std::string, Tree> &before, const std::map<std::string, Tree> &now) const
+    {
+        for (const auto &[slug, copy] : now) {
+            const auto isOf = [&slug = slug, &copy = copy](const WorkspaceState &state) {
+                const SkillOnDisk *skill = state.find(slug);
+                Tree files = skill == nullptr ? Tree() : skill->files;
+                files.erase(manifestName);
+                return skill != nullptr && files == copy;
+            };
+            const auto former = before.find(slug);
+            EXPECT_TRUE((former != before.end() && former->second == copy) || isOf(m_before) || isOf(m_now))
+                << "the copy of " << slug << " is neither old nor new";
+        }
+    }
+
     bool isForeign(const std::string &name) const
     {
         return m_before.find(name) == nullptr && m_now.find(name) == nullptr;
@@ -241,6 +276,8 @@ void checkCopiesCanBeMadeRight(LocalWorkspaceService &service)
             << skill.slug.toStdString();
 }
 
+} // namespace
+
 void repeat(const Scenario &scenario, LocalWorkspaceService &service)
 try {
     scenario.run(service);
@@ -248,7 +285,12 @@ try {
     EXPECT_EQ(error, scenario.refusal) << errorMessage(error).toStdString();
 }
 
-} // namespace
+void checkWhole(const Rehearsal &rehearsal)
+{
+    const Inspection inspection(rehearsal, false);
+    inspection.checkWhole();
+    inspection.checkNoCopyIsMissing();
+}
 
 void checkPromises(const Rehearsal &rehearsal, Reported reported)
 try {

@@ -16,9 +16,10 @@ Rehearsal::Rehearsal(const Scenario &scenario) : m_scenario(scenario)
     m_after = stateBelow(folder());
 }
 
-void Rehearsal::reset() const
+void Rehearsal::reset(const std::function<void()> &prepare) const
 {
     fs::remove_all(folder());
+    prepare();
     fs::copy(path("pristine"), folder(), fs::copy_options::recursive);
 }
 

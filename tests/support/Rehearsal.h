@@ -13,8 +13,8 @@ public:
     /// Builds the starting state, and lets the operation run undisturbed once to see what it makes of it.
     explicit Rehearsal(const Scenario &scenario);
 
-    /// Puts back the starting state.
-    void reset() const;
+    /// Puts back the starting state. `prepare` runs while there is nothing below the folder.
+    void reset(const std::function<void()> &prepare = [] {}) const;
 
     /// Starts a service on the roots, as a new process would.
     std::unique_ptr<LocalWorkspaceService> start(std::shared_ptr<FileSystem> files) const;

@@ -1,5 +1,6 @@
 #include "Scenario.h"
 
+#include "Scratch.h"
 #include "StartingState.h"
 
 #include <QSet>
@@ -41,10 +42,8 @@ QUuid trashedID(Service &service, const QString &slug)
 
 void create(Service &service)
 {
-    CreateSkillRequest request;
-    request.slug = u"fresh"_s;
+    CreateSkillRequest request = requestFor(u"fresh"_s);
     request.displayName = u"Frais"_s;
-    request.category = SkillCategory::otherID;
     service.createSkill(request).result();
 }
 

@@ -20,6 +20,19 @@ namespace vornel {
 
 namespace fs = std::filesystem;
 
+Tree treeOf(const fs::path &folder)
+{
+    Tree tree;
+    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(folder)) {
+        const std::string name = entry.path().lexically_relative(folder);
+        if (entry.is_directory())
+            tree[name + '/'];
+        else
+            tree[name] = bytesOf(entry.path());
+    }
+    return tree;
+}
+
 Scratch::Scratch()
 {
     if (!m_folder.isValid())
@@ -49,19 +62,6 @@ std::vector<std::string> Scratch::names(const std::string &below) const
     return names;
 }
 
-std::map<std::string, std::string> Scratch::tree(const std::string &below) const
-{
-    std::map<std::string, std::string> tree;
-    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(path(below))) {
-        const std::string name = entry.path().lexically_relative(path(below));
-        if (entry.is_directory())
-            tree[name + '/'];
-        else
-            tree[name] = bytesOf(entry.path());
-    }
-    return tree;
-}
-
 WorkspaceHold::WorkspaceHold(const fs::path &workspace, LockMode mode)
     : m_lock(::open((workspace / ".vornel").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
@@ -72,6 +72,12 @@ WorkspaceHold::WorkspaceHold(const fs::path &workspace, LockMode mode)
 WorkspaceHold::~WorkspaceHold()
 {
     ::close(m_lock);
+}
+
+CreateSkillRequest requestFor(const QString &slug, const QString &category,
+                              const std::optional<QString> &text)
+{
+    return {slug, slug, {}, category, {}, Maturity::draft, text};
 }
 
 std::string bytesOf(const fs::path &file)
@@ -106,12 +112,7 @@ void TestWorkspace::restart()
 
 SkillDetail TestWorkspace::create(const QString &slug, const QString &text)
 {
-    CreateSkillRequest request;
-    request.slug = slug;
-    request.displayName = slug;
-    request.category = SkillCategory::otherID;
-    request.skillMD = text;
-    return service->createSkill(request).result();
+    return service->createSkill(requestFor(slug, SkillCategory::otherID, text)).result();
 }
 
 SyncState TestWorkspace::stateOf(const QString &slug)

@@ -16,6 +16,11 @@ void PrintTo(const QString &text, std::ostream *stream);
 
 namespace vornel {
 
+/// Everything below a folder: every file with its bytes, by path; folders end in "/".
+using Tree = std::map<std::string, std::string>;
+
+Tree treeOf(const std::filesystem::path &folder);
+
 /// A temporary folder, removed at the end.
 class Scratch
 {
@@ -30,8 +35,7 @@ public:
     /// The names in a folder, sorted.
     std::vector<std::string> names(const std::string &below) const;
 
-    /// Every file below a folder, hidden ones too, with its bytes; folders end in "/".
-    std::map<std::string, std::string> tree(const std::string &below) const;
+    Tree tree(const std::string &below) const { return treeOf(path(below)); }
 
 private:
     QTemporaryDir m_folder;
@@ -51,6 +55,10 @@ private:
     int m_lock;
 };
 
+/// What asks for a skill of this slug, named like it; without a text it gets the usual one.
+CreateSkillRequest requestFor(const QString &slug, const QString &category = SkillCategory::otherID,
+                              const std::optional<QString> &text = std::nullopt);
+
 std::string bytesOf(const std::filesystem::path &file);
 int permissionsOf(const std::filesystem::path &path);
 
@@ -64,7 +72,7 @@ struct TestWorkspace : Scratch
     /// Forgets everything in memory, as a new process would.
     void restart();
 
-    /// A skill of this slug, named like it, with the text "texte".
+    /// A skill with the text "texte".
     SkillDetail create(const QString &slug, const QString &text = QStringLiteral("texte"));
 
     SyncState stateOf(const QString &slug);

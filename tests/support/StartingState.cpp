@@ -1,6 +1,5 @@
 #include "StartingState.h"
 
-#include "Scratch.h"
 #include "WorkspaceState.h"
 
 #include <VORNELCore/SerializedForms.h>
@@ -26,14 +25,10 @@ void write(const fs::path &file, const std::string &bytes)
 /// Creates a skill and saves it until it has reached `revision`.
 QUuid grow(LocalWorkspaceService &service, const QString &slug, const QString &category, int revision)
 {
-    CreateSkillRequest request;
-    request.slug = slug;
-    request.displayName = slug;
-    request.category = category;
-    request.skillMD = u"premier texte de "_s + slug;
-    const QUuid id = service.createSkill(request).result().manifest.id;
+    const QString text = u"premier texte de "_s + slug;
+    const QUuid id = service.createSkill(requestFor(slug, category, text)).result().manifest.id;
     for (int saved = 1; saved < revision; ++saved)
-        service.saveSkill(id, saved, *request.skillMD + u' ' + QString::number(saved + 1)).result();
+        service.saveSkill(id, saved, text + u' ' + QString::number(saved + 1)).result();
     return id;
 }
 
@@ -89,7 +84,7 @@ void writeAssistantsFolders(const fs::path &folder)
 void buildLibrary(const fs::path &folder)
 {
     writeAssistantsFolders(folder);
-    const auto service = startService(folder, std::make_shared<PosixFileSystem>());
+    const auto service = startService(folder);
     service->createCategory(u"Équipe"_s, u"A1B2C3"_s).result();
     const QUuid demo = grow(*service, u"demo"_s, u"equipe"_s, 3);
     const QUuid second = grow(*service, u"second"_s, u"equipe"_s, 2);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELInfrastructure/LocalWorkspaceService.h>
+#include <VORNELInfrastructure/PosixFileSystem.h>
 
 #include <filesystem>
 
@@ -10,8 +11,9 @@ namespace vornel {
 extern const QString savedText;
 
 /// Starts a service on the roots below `folder`: "workspace", "claude" and "codex".
-std::unique_ptr<LocalWorkspaceService> startService(const std::filesystem::path &folder,
-                                                    std::shared_ptr<FileSystem> files);
+std::unique_ptr<LocalWorkspaceService>
+startService(const std::filesystem::path &folder,
+             std::shared_ptr<FileSystem> files = std::make_shared<PosixFileSystem>());
 
 /// Writes what the assistants hold before anything is imported: skills in one folder or both, alike and
 /// unlike, and what can't be imported.

@@ -1,7 +1,5 @@
 #include "WorkspaceState.h"
 
-#include "Scratch.h"
-
 #include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
 
@@ -51,19 +49,6 @@ void addSkills(WorkspaceState &state, const fs::path &place, bool isTrashed)
 }
 
 } // namespace
-
-Tree treeOf(const fs::path &folder)
-{
-    Tree tree;
-    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(folder)) {
-        const std::string name = entry.path().lexically_relative(folder);
-        if (entry.is_directory())
-            tree[name + '/'];
-        else
-            tree[name] = bytesOf(entry.path());
-    }
-    return tree;
-}
 
 std::map<std::string, Tree> treesIn(const fs::path &folder)
 {

@@ -1,17 +1,8 @@
 #pragma once
 
-#include <VORNELCore/WorkspaceModels.h>
-
-#include <filesystem>
-#include <map>
-#include <string>
+#include "Scratch.h"
 
 namespace vornel {
-
-/// Everything below a folder: every file with its bytes, by path; folders end in "/".
-using Tree = std::map<std::string, std::string>;
-
-Tree treeOf(const std::filesystem::path &folder);
 
 /// The trees of the folders in a folder, by name. Hidden ones are passed over.
 std::map<std::string, Tree> treesIn(const std::filesystem::path &folder);

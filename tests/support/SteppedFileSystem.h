@@ -1,0 +1,61 @@
+#pragma once
+
+#include <VORNELInfrastructure/PosixFileSystem.h>
+
+#include <functional>
+
+namespace vornel {
+
+/// One step on the disk, with what it is about.
+struct Step
+{
+    enum class Kind { Look, Create, Write, Rename, Remove, FlushFile, FlushFolder, FlushVolume };
+
+    Kind kind;
+    const Descriptor *on = nullptr; ///< the open file or folder; null for a look
+    const Place *from = nullptr;    ///< what is renamed, removed or created
+    const Place *to = nullptr;      ///< of a rename
+    RenameMode mode = RenameMode::ToFreePlace;
+
+    bool isLook() const { return kind == Kind::Look; }
+};
+
+/// The real disk, with a test that stands around every step. Steps come from several threads.
+class SteppedFileSystem : public PosixFileSystem
+{
+public:
+    using Make = std::function<void()>;
+    using Around = std::function<void(const Step &step, const Make &make)>;
+
+    /// Takes the place of every step: `make` makes it, and what is thrown is what the program gets.
+    Around around = [](const Step &, const Make &make) { make(); };
+
+    using PosixFileSystem::kindAt;
+    using PosixFileSystem::openFolder;
+
+    Folder openAbove(const std::filesystem::path &path) const override;
+    Folder openFolder(const Folder &parent, const std::string &name) const override;
+    Folder openBelow(const Folder &top, const std::filesystem::path &path) const override;
+    std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const override;
+    std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const override;
+    std::vector<FolderEntry> list(const Folder &folder) const override;
+    File openFile(const Folder &folder, const std::string &name) const override;
+    std::size_t read(const File &file, std::int64_t offset, std::span<char> buffer) const override;
+    Folder createFolder(const Folder &parent, const std::string &name) override;
+    File createFile(const Folder &folder, const std::string &name) override;
+    void write(const File &file, QByteArrayView bytes) override;
+    void rename(const Place &from, const Place &to, RenameMode mode) override;
+    void remove(const Folder &folder, const std::string &name) override;
+    void copyLink(const Place &from, const Place &to) override;
+    void flush(const File &file) override;
+    void flush(const Folder &folder) override;
+    void flushVolume(const Folder &folder) override;
+    Folder lock(const std::filesystem::path &folder, LockMode mode) const override;
+
+private:
+    /// Lets `around` make a step, and returns what it makes.
+    template <typename Action>
+    auto take(const Step &step, const Action &action) const;
+};
+
+} // namespace vornel
