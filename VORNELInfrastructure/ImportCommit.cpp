@@ -190,8 +190,7 @@ void ImportCommit::conclude(Entrant &entrant)
 
 void ImportCommit::adopt(const ImportCandidate &candidate, const SkillRecord &skill) const
 {
-    if (!m_store.hasSnapshot(skill.manifest))
-        m_store.createSnapshot(skill.manifest, skill.url);
+    m_store.keepRevision(skill.manifest, skill.url);
     // A target that still fails is remembered with the skill, and doesn't hold back the import again. One
     // whose content has changed since the scan is left for the user to look at.
     bestEffort([&] {
