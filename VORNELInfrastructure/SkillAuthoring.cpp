@@ -55,7 +55,7 @@ SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
     publish(m_workspace.files, skillFolder);
 
     m_store.createSnapshot(skill.manifest, skill.url);
-    TargetSynchronizer(m_workspace).synchronize(skill);
+    TargetSynchronizer(m_workspace).synchronize(skill, Former::Kept);
     return makeDetail(m_workspace, skill);
 }
 
