@@ -74,7 +74,8 @@ private:
         return false;
     }
 
-    /// The newcomer first goes beside the destination: one from another volume fails before anything is moved.
+    /// The newcomer first goes beside the destination: one from another volume fails before anything is
+    /// moved.
     void replaceAndKeep(const Place &newcomer, const Place &destination)
     {
         const Place ready{m_home, temporaryName()};

@@ -115,8 +115,7 @@ TargetSynchronizer::Failures TargetSynchronizer::prepareRoots() const
 }
 
 Install TargetSynchronizer::stage(const SkillManifest &manifest, const fs::path &source,
-                                  const std::string &digest, const Failures &unusable,
-                                  Former former) const
+                                  const std::string &digest, const Failures &unusable, Former former) const
 {
     Install install{manifest.id};
     install.failures = failuresOf([&](TargetKind kind) {

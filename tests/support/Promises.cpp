@@ -189,8 +189,8 @@ private:
         }
     }
 
-    /// What stands in a target and isn't VORNEL's is there still, or whole in the history of the skill that has
-    /// taken its place.
+    /// What stands in a target and isn't VORNEL's is there still, or whole in the history of the skill that
+    /// has taken its place.
     void checkStrangersFolders() const
     {
         checkStrangersFolders("replaced-claude-", m_before.claude, m_now.claude);
@@ -205,11 +205,10 @@ private:
             if (isActive(m_before, slug) || skill == nullptr)
                 continue;
             const auto history = m_now.history.find(idText(*skill));
-            const bool isKept =
-                history != m_now.history.end() &&
-                std::ranges::any_of(history->second, [&](const auto &entry) {
-                    return entry.first.starts_with(label) && entry.second == tree;
-                });
+            const bool isKept = history != m_now.history.end() &&
+                                std::ranges::any_of(history->second, [&](const auto &entry) {
+                                    return entry.first.starts_with(label) && entry.second == tree;
+                                });
             EXPECT_TRUE(isKept || (now.contains(slug) && now.at(slug) == tree)) << slug << " is lost";
         }
     }
