@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <fstream>
 #include <map>
 #include <string>
 
@@ -34,6 +35,12 @@ Stage::Stage(bool isBroken)
 fs::path Stage::path(const char *below) const
 {
     return fs::path(m_folder.path().toStdString()) / below;
+}
+
+void Stage::occupy(const fs::path &folder) const
+{
+    fs::create_directories(path("") / folder);
+    std::ofstream(path("") / folder / "notes.txt") << "à garder";
 }
 
 QUuid Stage::idOf(const QString &slug)

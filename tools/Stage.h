@@ -23,6 +23,9 @@ public:
     /// A place in the scratch folder: "claude/relecture-de-code".
     std::filesystem::path path(const char *below) const;
 
+    /// Makes a folder that isn't VORNEL's, with a note in it.
+    void occupy(const std::filesystem::path &folder) const;
+
     /// The identifier of the skill of this slug, which has to be in the library.
     QUuid idOf(const QString &slug);
 
