@@ -13,6 +13,7 @@
 namespace fs = std::filesystem;
 
 namespace vornel {
+inline namespace photography {
 
 Stage::Stage(bool isBroken)
 {
@@ -78,4 +79,5 @@ void Stage::rest()
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 
+} // namespace photography
 } // namespace vornel

@@ -9,6 +9,7 @@
 #include <optional>
 
 namespace vornel {
+inline namespace photography { // apart from the service's class of this name, with which it is linked
 
 /// A scratch copy of the demonstration library, and an application on it.
 class Stage
@@ -46,4 +47,5 @@ private:
     std::optional<VORNELApp> m_application;
 };
 
+} // namespace photography
 } // namespace vornel
