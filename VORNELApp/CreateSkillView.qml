@@ -9,6 +9,23 @@ Sheet {
     required property AppModel model
 
     readonly property bool canCreate: form.isValid && !model.isWorking
+    readonly property string validSlug: form.isValid ? form.slug : ""
+
+    /** What keeps the form from being ready; empty where nothing does that it doesn't tell itself. */
+    readonly property string warning: {
+        if (occupants.count === 0)
+            return "";
+        return occupants.count === 1 ? occupants.folders[0].assistant + " a déjà un dossier de ce nom." : "Claude et Codex ont déjà un dossier de ce nom.";
+    }
+
+    function create(): void {
+        const slug = form.slug;
+        if (!occupied.isAsking)
+            occupied.ask([slug], () => {
+                if (sheet.isUsed && form.slug === slug)
+                    form.submit();
+            });
+    }
 
     function leave(): void {
         if (!form.isWaiting)
@@ -21,7 +38,8 @@ Sheet {
     title: "Nouvelle compétence"
     onAboutToShow: form.reset()
     onDepartureAsked: leave()
-    onSubmitted: if (canCreate) form.submit()
+    onSubmitted: if (canCreate) create()
+    onValidSlugChanged: occupants.look(validSlug === "" ? [] : [validSlug])
 
     CreateSkillForm {
         id: form
@@ -29,6 +47,20 @@ Sheet {
         model: sheet.model
         onAccepted: sheet.close()
         onRefusalChanged: if (isSlugTaken) slug.forceActiveFocus(Qt.OtherFocusReason)
+    }
+    TargetOccupants {
+        id: occupants
+
+        model: sheet.model
+    }
+    OccupiedQuestion {
+        id: occupied
+
+        acceptText: "Remplacer"
+        model: sheet.model
+        rejectText: "Changer d’identifiant"
+        title: "Le dossier «\u00A0" + form.slug + "\u00A0» existe déjà"
+        onRejected: formerFocus = slug
     }
     DepartureGuard {
         departure: sheet.model.departure
@@ -48,7 +80,7 @@ Sheet {
         implicitHeight: Math.max(identity.height, classification.height)
         width: parent.width
 
-        Accessible.description: form.isValid ? "Formulaire valide" : ""
+        Accessible.description: sheet.warning !== "" ? sheet.warning : form.isValid ? "Formulaire valide" : ""
         Accessible.name: sheet.title
         Accessible.role: Accessible.Form
 
@@ -139,10 +171,10 @@ Sheet {
         SymbolLabel {
             anchors.left: parent.left
             anchors.verticalCenter: actions.verticalCenter
-            color: form.isValid ? Colors.success : Colors.secondary
+            color: sheet.warning !== "" ? Colors.warning : form.isValid ? Colors.success : Colors.secondary
             font: Typography.small
-            symbol: form.isValid ? "circle-check" : "circle"
-            text: form.validationHint
+            symbol: sheet.warning !== "" ? "triangle-alert" : form.isValid ? "circle-check" : "circle"
+            text: sheet.warning !== "" ? sheet.warning : form.validationHint
             visible: !form.isSlugTaken
 
             Accessible.name: text
@@ -164,7 +196,7 @@ Sheet {
                 enabled: sheet.canCreate
                 role: ActionButton.Primary
                 text: "Créer"
-                onClicked: form.submit()
+                onClicked: sheet.create()
             }
         }
     }

@@ -16,6 +16,11 @@ Item {
         open.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    function commit(): void {
+        isCommitting = true;
+        model.commitImport();
+    }
+
     implicitHeight: 48
 
     Connections {
@@ -73,9 +78,13 @@ Item {
         role: ActionButton.Primary
         symbol: "arrow-right"
         text: "Ouvrir la bibliothèque"
-        onClicked: {
-            footer.isCommitting = true;
-            footer.model.commitImport();
-        }
+        onClicked: if (!occupied.isAsking) occupied.askForImport(() => footer.commit())
+    }
+    OccupiedQuestion {
+        id: occupied
+
+        acceptText: "Remplacer et importer"
+        model: footer.model
+        title: count === 1 ? "Remplacer 1 dossier\u00A0?" : "Remplacer " + count + " dossiers\u00A0?"
     }
 }

@@ -144,6 +144,10 @@ FocusScope {
                             onChosen: choice => review.model.resolveCollision(record.id, choice)
                         }
                     }
+                    ImportReplacements {
+                        model: review.model
+                        width: rows.width - 2 * rows.padding
+                    }
                     BlockedFolders {
                         blocked: review.plan.blocked
                         visible: review.plan.blocked.length > 0

@@ -5,6 +5,7 @@
 #include <VORNELCore/ImportModels.h>
 #include <VORNELCore/LibraryQuery.h>
 #include <VORNELCore/TargetInspection.h>
+#include <VORNELCore/TargetOccupant.h>
 #include <VORNELCore/WorkspaceModels.h>
 
 #include <QtQml/qqml.h>
@@ -106,6 +107,13 @@ struct InspectionType
     Q_GADGET
     QML_FOREIGN(vornel::TargetInspection)
     QML_VALUE_TYPE(targetInspection)
+};
+
+struct OccupantType
+{
+    Q_GADGET
+    QML_FOREIGN(vornel::TargetOccupant)
+    QML_VALUE_TYPE(targetOccupant)
 };
 
 } // namespace vornel::QmlTypes

@@ -16,25 +16,32 @@ Item {
     property int count
     readonly property string name: skill?.displayName ?? ""
 
+    readonly property bool canAsk: !model.isWorking && !occupied.isAsking
+
     function askToRestore(skill: var): void {
-        ask(restoration, skill);
+        if (canAsk)
+            occupied.ask(choose(skill), () => restore(), () => restoration.open());
     }
     function askToDelete(skill: var): void {
-        ask(deletion, skill);
+        if (canAsk) {
+            choose(skill);
+            deletion.open();
+        }
     }
     function askToEmpty(): void {
-        if (!model.isWorking)
+        if (canAsk)
             emptying.open();
     }
-    /** Means a selected skill, and none, for all that are selected. */
-    function ask(dialog: ConfirmationDialog, skill: var): void {
-        if (model.isWorking)
-            return;
+    function restore(): void {
+        questions.skill ? model.restore(questions.skill.id) : selection.restore();
+    }
+    /** Means a selected skill, and none, for all that are selected. Returns their slugs. */
+    function choose(skill: var): var {
         const isAlone = skill !== undefined && !selection.contains(skill.id);
         const chosen = isAlone ? [skill] : model.overview.trashedSkills.filter(other => selection.contains(other.id));
         questions.skill = chosen.length === 1 ? chosen[0] : undefined;
         questions.count = chosen.length;
-        dialog.open();
+        return chosen.map(each => each.slug);
     }
 
     ConfirmationDialog {
@@ -43,7 +50,16 @@ Item {
         acceptText: "Restaurer"
         message: questions.skill ? questions.name + " sera à nouveau disponible dans vos assistants." : "Elles seront à nouveau disponibles dans vos assistants."
         title: questions.skill ? "Restaurer « " + questions.name + " » ?" : "Restaurer " + questions.count + " compétences\u00A0?"
-        onAccepted: questions.skill ? questions.model.restore(questions.skill.id) : questions.selection.restore()
+        onAccepted: questions.restore()
+        onClosed: questions.closed()
+    }
+    OccupiedQuestion {
+        id: occupied
+
+        acceptText: "Remplacer et restaurer"
+        message: restoration.message
+        model: questions.model
+        title: restoration.title
         onClosed: questions.closed()
     }
     ConfirmationDialog {

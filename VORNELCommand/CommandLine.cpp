@@ -161,10 +161,11 @@ Consulter
 
 Importer
   scan                                      ce que contiennent les deux dossiers
-  import [--choose SLUG=claude|codex]… [--prefer claude|codex]
+  import [--choose SLUG=claude|codex]… [--prefer claude|codex] [--replace]
 
 Écrire
   create SLUG --name NOM [--summary TEXTE] [--category ID] [--tags a,b] [--maturity M] [--file FICHIER]
+         [--replace]
   save SKILL --expect RÉVISION --file FICHIER
   sync SKILL… | sync --all
 
@@ -176,11 +177,12 @@ Classer
 
 Corbeille
   trash SKILL…
-  restore SKILL
+  restore SKILL [--replace]
   delete SKILL
   empty-trash
 
 SKILL est un identifiant ou un slug. FICHIER « - » est l’entrée standard.
+--replace remplace les dossiers que VORNEL n’a pas installés ; ils sont gardés dans l’historique.
 Codes de sortie : 0 réussite, 1 copie à réparer (status, diff), 2 échec, 64 usage incorrect.
 )"_s;
 }

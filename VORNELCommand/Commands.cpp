@@ -65,10 +65,10 @@ QUuid activeSkill(const Session &session, const QString &typed)
     return findSkill(typed, session.overview.skills);
 }
 
-QString slugOf(const Session &session, const QUuid &id)
+QString slugOf(const QUuid &id, const QList<SkillSummary> &skills)
 {
-    const auto found = std::ranges::find(session.overview.skills, id, &SkillSummary::id);
-    return found == session.overview.skills.end() ? uuidText(id) : found->slug;
+    const auto found = std::ranges::find(skills, id, &SkillSummary::id);
+    return found == skills.end() ? uuidText(id) : found->slug;
 }
 
 QUuid trashedSkill(const Session &session)
@@ -92,6 +92,30 @@ template <typename E>
 E caseOf(const QString &typed)
 {
     return fromRawValue<E>(typed).value();
+}
+
+QString occupiedMessage(const QList<TargetOccupant> &occupants)
+{
+    QString folders;
+    for (const TargetOccupant &occupant : occupants)
+        folders += u"  "_s + occupant.assistant() + u"  "_s + occupant.shownPath() + u'\n';
+    const QString text =
+        occupants.size() == 1
+            ? u"Un dossier que VORNEL n’a pas installé tient déjà cette place\u00A0:\n%1"
+              "Rien n’a été écrit. Avec --replace, il est remplacé, et gardé dans l’historique."_s
+            : u"Des dossiers que VORNEL n’a pas installés tiennent déjà ces places\u00A0:\n%1"
+              "Rien n’a été écrit. Avec --replace, ils sont remplacés, et gardés dans l’historique."_s;
+    return text.arg(folders);
+}
+
+/// Refuses to write where that would replace folders of others, unless the user has asked for it.
+void refuseOccupied(const Session &session, const QList<TargetPlace> &places)
+{
+    if (session.invocation.has(u"replace"_s))
+        return;
+    const QList<TargetOccupant> occupants = session.copies.occupants(places).result();
+    if (!occupants.isEmpty())
+        throw CommandFailure(u"targetOccupied"_s, occupiedMessage(occupants));
 }
 
 int status(const Session &session)
@@ -186,6 +210,8 @@ ImportPlan resolveCollisions(const Session &session, ImportPlan plan)
 int import(const Session &session)
 {
     const ImportPlan plan = resolveCollisions(session, session.service.scanImports().result());
+    if (plan.isReadyToCommit())
+        refuseOccupied(session, placesFilledBy(plan));
     const QFuture<WorkspaceOverview> commit = session.service.commitImport(plan.id);
     Terminal::followProgress(u"Import"_s, QFuture<void>(commit));
     output(session, commit.result(), [&plan](const WorkspaceOverview &overview) {
@@ -206,6 +232,7 @@ int create(const Session &session)
                                std::nullopt};
     if (invocation.has(u"file"_s))
         request.skillMD = textOfFile(invocation.value(u"file"_s));
+    refuseOccupied(session, placesOf({request.slug}));
     output(session, session.service.createSkill(request).result(),
            [](const SkillDetail &detail) { return Report::states({detail}); });
     return ExitCode::success;
@@ -244,7 +271,8 @@ int sync(const Session &session)
         try {
             details.append(session.service.synchronize(ids.at(done)).result());
         } catch (const std::exception &error) {
-            failures.append(slugOf(session, ids.at(done)) + u"\u00A0: "_s + errorMessage(error));
+            failures.append(slugOf(ids.at(done), session.overview.skills) + u"\u00A0: "_s +
+                            errorMessage(error));
             if (!firstFailure)
                 firstFailure = std::current_exception();
         }
@@ -304,7 +332,9 @@ int trash(const Session &session)
 
 int restore(const Session &session)
 {
-    output(session, session.service.restore(trashedSkill(session)).result(), Report::overview);
+    const QUuid id = trashedSkill(session);
+    refuseOccupied(session, placesOf({slugOf(id, session.overview.trashedSkills)}));
+    output(session, session.service.restore(id).result(), Report::overview);
     return ExitCode::success;
 }
 
@@ -348,8 +378,9 @@ const QList<Command> &commands()
         {syntax("show", 1, 1), show},
         {syntax("diff", 1, 1), diff},
         {syntax("scan", 0, 0), scan},
-        {syntax("import", 0, 0, names({"choose", "prefer"})), import},
-        {syntax("create", 1, 1, names({"summary", "category", "tags", "maturity", "file"}), names({"name"})),
+        {syntax("import", 0, 0, names({"choose", "prefer"}), {}, names({"replace"})), import},
+        {syntax("create", 1, 1, names({"summary", "category", "tags", "maturity", "file"}), names({"name"}),
+                names({"replace"})),
          create},
         {syntax("save", 1, 1, {}, names({"expect", "file"})), save},
         {syntax("sync", 1, many, {}, {}, names({"all"})), sync},
@@ -358,7 +389,7 @@ const QList<Command> &commands()
         {syntax("category update", 3, 3), updateCategory},
         {syntax("category delete", 1, 1), deleteCategory},
         {syntax("trash", 1, many), trash},
-        {syntax("restore", 1, 1), restore},
+        {syntax("restore", 1, 1, {}, {}, names({"replace"})), restore},
         {syntax("delete", 1, 1), deletePermanently},
         {syntax("empty-trash", 0, 0), emptyTrash},
     };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TargetInspection.h"
+#include "TargetOccupant.h"
 
 #include <QByteArray>
 #include <QFuture>
@@ -10,8 +11,8 @@
 
 namespace vornel {
 
-/// Looks into the installed copies of an active skill, and changes nothing. Each operation may fail with
-/// `notBootstrapped`, `skillNotFound` or a file-system error.
+/// Looks into the assistants' folders, and changes nothing. Each operation may fail with `notBootstrapped` or
+/// a file-system error, those on an active skill with `skillNotFound`.
 class TargetInspecting
 {
 public:
@@ -26,6 +27,10 @@ public:
     /// for a link on the way.
     virtual QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                         QString relativePath) = 0;
+
+    /// The folders that stand at these places, in the same order, and aren't copies of active skills: what a
+    /// creation, a restoration or an import would replace. A place where nothing can be installed has none.
+    virtual QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) = 0;
 };
 
 } // namespace vornel

@@ -85,8 +85,10 @@ void CategoryEditing::rewrite(SkillRecord &skill, const QString &category) const
 
 void CategoryEditing::moveActiveSkill(SkillRecord skill, const QString &category) const
 {
+    const SkillFolderStore store(m_workspace);
+    store.keepRevision(skill.manifest, skill.url);
     rewrite(skill, category);
-    SkillFolderStore(m_workspace).createSnapshot(skill.manifest, skill.url);
+    store.createSnapshot(skill.manifest, skill.url);
 }
 
 } // namespace vornel

@@ -50,7 +50,8 @@ QList<SkillRecord> parkedCanonicalFolders(const Workspace &workspace)
 void discardIfReplaced(const Workspace &workspace, const SkillRecord &parked, const fs::path &canonical)
 {
     const SkillFolderStore store(workspace);
-    if (store.readManifest(canonical).id == parked.manifest.id && store.hasSnapshot(parked.manifest))
+    if (store.readManifest(canonical).id == parked.manifest.id &&
+        store.hasSnapshot(parked.manifest, parked.url))
         store.discard(parked.url);
 }
 

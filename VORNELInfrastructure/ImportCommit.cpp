@@ -55,7 +55,7 @@ struct ImportCommit::Entrant
     Install install = {};
     std::exception_ptr failure = nullptr;
 
-    /// All that is staged, the canonical folder first.
+    /// All that is staged.
     std::vector<Publication *> publications()
     {
         if (!canonical)
@@ -116,7 +116,8 @@ try {
     const fs::path &folder = entrant.canonical->stage.path();
     const SkillManifest manifest = stage(candidate, folder);
     entrant.history.emplace(m_store.stageSnapshot(manifest, folder));
-    entrant.install = m_targets.stage(manifest, folder, candidate.digest.toStdString(), m_unusableTargets);
+    entrant.install =
+        m_targets.stage(manifest, folder, candidate.digest.toStdString(), m_unusableTargets, Former::Kept);
     return entrant;
 } catch (...) {
     return {.candidate = &candidate, .failure = std::current_exception()};
@@ -159,12 +160,17 @@ void ImportCommit::admit(std::span<Entrant> entrants)
     settle(m_workspace.files, all);
     place(m_workspace.files, canonical);
 
-    std::vector<Publication *> others;
+    std::vector<Publication *> histories;
+    std::vector<Publication *> copies;
     for (Entrant &entrant : entrants) {
-        if (entrant.canonical && !entrant.canonical->failure)
-            std::ranges::copy(entrant.publications() | std::views::drop(1), std::back_inserter(others));
+        if (!entrant.canonical || entrant.canonical->failure)
+            continue;
+        histories.push_back(&*entrant.history);
+        std::ranges::copy(entrant.install.publications(), std::back_inserter(copies));
     }
-    place(m_workspace.files, others);
+    // What a copy replaces goes into the history, which has to be on the disk by then.
+    place(m_workspace.files, histories);
+    place(m_workspace.files, copies);
 
     std::exception_ptr failure;
     for (Entrant &entrant : entrants) {
@@ -190,13 +196,12 @@ void ImportCommit::conclude(Entrant &entrant)
 
 void ImportCommit::adopt(const ImportCandidate &candidate, const SkillRecord &skill) const
 {
-    if (!m_store.hasSnapshot(skill.manifest))
-        m_store.createSnapshot(skill.manifest, skill.url);
+    m_store.keepRevision(skill.manifest, skill.url);
     // A target that still fails is remembered with the skill, and doesn't hold back the import again. One
     // whose content has changed since the scan is left for the user to look at.
     bestEffort([&] {
         if (holdsContent(candidate, candidate.sourceURL))
-            m_targets.synchronize(skill);
+            m_targets.synchronize(skill, Former::Kept);
     });
 }
 

@@ -208,6 +208,12 @@ QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std
     });
 }
 
+QFuture<QList<TargetOccupant>> LocalWorkspaceService::occupants(QList<TargetPlace> places)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return TargetInspector(workspace).occupants(places); });
+}
+
 QFuture<QHash<QUuid, QDateTime>> LocalWorkspaceService::trashDates()
 {
     return perform(LockMode::Shared,

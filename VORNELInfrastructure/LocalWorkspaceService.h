@@ -42,6 +42,7 @@ public:
     QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override;
     QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                 QString relativePath) override;
+    QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
     QFuture<QHash<QUuid, QDateTime>> trashDates() override;
 
 private:

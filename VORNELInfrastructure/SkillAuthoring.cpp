@@ -55,7 +55,7 @@ SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
     publish(m_workspace.files, skillFolder);
 
     m_store.createSnapshot(skill.manifest, skill.url);
-    TargetSynchronizer(m_workspace).synchronize(skill);
+    TargetSynchronizer(m_workspace).synchronize(skill, Former::Kept);
     return makeDetail(m_workspace, skill);
 }
 
@@ -71,8 +71,7 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
         throw VORNELWorkspaceError::revisionConflict(expectedRevision, skill.manifest.revision);
     if (skillMD.trimmed().isEmpty())
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
-    if (!m_store.hasSnapshot(skill.manifest))
-        m_store.createSnapshot(skill.manifest, skill.url);
+    m_store.keepRevision(skill.manifest, skill.url);
     advanceRevision(skill.manifest);
 
     Stage stage = m_store.makeStage();

@@ -1,5 +1,6 @@
 #include "SkillFolderStore.h"
 
+#include "BestEffort.h"
 #include "SecureFileTree.h"
 #include "SkillFiles.h"
 #include "TreeOperations.h"
@@ -98,15 +99,31 @@ Publication SkillFolderStore::stageSnapshot(const SkillManifest &manifest, const
     return {.stage = std::move(stage), .destination = isFirst ? history : history / name, .parking = {}};
 }
 
-bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest) const
+bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    const fs::path folder = m_config.historyOf(manifest.id);
-    if (!m_files.kindAt(folder))
+    const fs::path history = m_config.historyOf(manifest.id);
+    if (!m_files.kindAt(history))
         return false;
+    const std::string digest = digestOf(skillURL);
     const std::string prefix = std::to_string(manifest.revision) + '-';
-    return std::ranges::any_of(m_files.list(m_files.openFolder(folder)), [&prefix](const FolderEntry &entry) {
-        return entry.name.starts_with(prefix);
-    });
+    const auto holdsContent = [&](const FolderEntry &entry) {
+        bool holds = false;
+        if (entry.name.starts_with(prefix)) // an entry that can't be read holds nothing
+            bestEffort([&] { holds = digestOf(history / entry.name) == digest; });
+        return holds;
+    };
+    return std::ranges::any_of(m_files.list(m_files.openFolder(history)), holdsContent);
+}
+
+void SkillFolderStore::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
+{
+    if (!hasSnapshot(manifest, skillURL))
+        createSnapshot(manifest, skillURL);
+}
+
+std::string SkillFolderStore::digestOf(const fs::path &folder) const
+{
+    return SecureFileTree::snapshot(m_files, folder, TreeFilter::all).digest;
 }
 
 void SkillFolderStore::replaceCanonical(const fs::path &destination, Stage staged) const

@@ -44,8 +44,12 @@ public:
     /// Stages such a copy, to be published by the caller.
     Publication stageSnapshot(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
-    /// Whether the history holds a copy of the manifest's revision.
-    bool hasSnapshot(const SkillManifest &manifest) const;
+    /// Whether the history holds, under the manifest's revision, what `skillURL` holds.
+    bool hasSnapshot(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+
+    /// Keeps a copy of `skillURL` unless the history has it already: somebody may have edited the folder by
+    /// hand, without a new revision. Comes before whatever rewrites that folder.
+    void keepRevision(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
     /// Swaps the staged folder into `destination`, safely on the disk. Whatever fails, the skill stands
     /// whole at `destination` or, on a volume that can't exchange two folders, in the recovery folder.
@@ -56,6 +60,8 @@ public:
     void discard(const std::filesystem::path &folder) const;
 
 private:
+    std::string digestOf(const std::filesystem::path &folder) const;
+
     FileSystem &m_files;
     const Configuration &m_config;
 };

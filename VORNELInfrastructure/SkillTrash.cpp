@@ -63,7 +63,7 @@ void SkillTrash::restore(const QUuid &id) const
         bestEffort([&] { moveTree(files, skill.url, source); });
         throw;
     }
-    TargetSynchronizer(m_workspace).synchronize(skill);
+    TargetSynchronizer(m_workspace).synchronize(skill, Former::Kept);
 }
 
 void SkillTrash::deletePermanently(const QUuid &id) const

@@ -23,7 +23,7 @@ SyncState SyncInspector::state(const SkillManifest &manifest) const
     bool hasDrifted = false;
     for (const TargetFolder &target : m_targets) {
         if (hasDrifted) {
-            isMissing = !target.holds(name) || isMissing;
+            isMissing = !target.kindOf(name) || isMissing;
             continue;
         }
         const std::optional<FileTreeSnapshot> copy = target.snapshot(name);

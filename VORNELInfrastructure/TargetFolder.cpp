@@ -31,11 +31,11 @@ TargetFolder::TargetFolder(const Workspace &workspace, TargetKind kind) : m_file
     }
 }
 
-bool TargetFolder::holds(const std::string &name) const
+std::optional<FileKind> TargetFolder::kindOf(const std::string &name) const
 {
     if (m_failure)
         std::rethrow_exception(m_failure);
-    return m_folder && m_files.kindAt(*m_folder, name);
+    return m_folder ? m_files.kindAt(*m_folder, name) : std::nullopt;
 }
 
 std::optional<FileTreeSnapshot> TargetFolder::snapshot(const std::string &name) const
@@ -46,7 +46,7 @@ try {
         return std::nullopt;
     return SecureFileTree::snapshot(m_files, *m_folder, name, TreeFilter::excludingManifest);
 } catch (const std::filesystem::filesystem_error &error) {
-    if (error.code() == std::errc::no_such_file_or_directory && !holds(name))
+    if (error.code() == std::errc::no_such_file_or_directory && !kindOf(name))
         return std::nullopt;
     throw;
 }

@@ -15,10 +15,11 @@ class TargetFolder
 public:
     TargetFolder(const Workspace &workspace, TargetKind kind);
 
-    /// Whether anything stands under this name. Throws `symlinkUnsupported` when the folder is a link.
-    bool holds(const std::string &name) const;
+    /// What stands under this name, if anything. Throws `symlinkUnsupported` when the assistant's folder is a
+    /// link.
+    std::optional<FileKind> kindOf(const std::string &name) const;
 
-    /// The content that counts of the copy of this name; nothing where no copy is. Throws what `holds` and
+    /// The content that counts of the copy of this name; nothing where no copy is. Throws what `kindOf` and
     /// the walk over the copy throw.
     std::optional<FileTreeSnapshot> snapshot(const std::string &name) const;
 

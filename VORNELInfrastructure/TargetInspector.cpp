@@ -8,6 +8,7 @@
 
 #include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
 
 #include <map>
@@ -111,6 +112,27 @@ std::optional<QByteArray> TargetInspector::readFile(const QUuid &id, std::option
     if (!kind || *kind == FileKind::Directory)
         return std::nullopt;
     return vornel::readFile(m_workspace.files, path, SkillFiles::sizeLimit);
+}
+
+/// Nothing is installed under a name that is no slug, nor into a target that is a link.
+bool TargetInspector::isOccupied(const TargetPlace &place) const
+try {
+    WorkspaceValidation::validateSlug(place.slug);
+    return TargetFolder(m_workspace, place.target).kindOf(place.slug.toStdString()) == FileKind::Directory &&
+           !m_workspace.files.kindAt(m_workspace.config.canonical(place.slug));
+} catch (const VORNELWorkspaceError &) {
+    return false;
+}
+
+QList<TargetOccupant> TargetInspector::occupants(const QList<TargetPlace> &places) const
+{
+    QList<TargetOccupant> found;
+    for (const TargetPlace &place : places) {
+        if (isOccupied(place))
+            found.append({place.target, place.slug,
+                          m_workspace.config.target(place.target) / pathFromText(place.slug)});
+    }
+    return found;
 }
 
 } // namespace vornel

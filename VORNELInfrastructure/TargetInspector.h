@@ -4,6 +4,7 @@
 #include "Workspace.h"
 
 #include <VORNELCore/TargetInspection.h>
+#include <VORNELCore/TargetOccupant.h>
 #include <VORNELCore/WorkspaceModels.h>
 
 #include <QByteArray>
@@ -12,7 +13,8 @@
 
 namespace vornel {
 
-/// Shows what the copies of an active skill hold, beside its canonical folder. Throws `skillNotFound`.
+/// Shows what the copies of an active skill hold, beside its canonical folder, and what else stands in the
+/// targets. Throws `skillNotFound`.
 class TargetInspector
 {
 public:
@@ -25,7 +27,11 @@ public:
     std::optional<QByteArray> readFile(const QUuid &id, std::optional<TargetKind> target,
                                        const QString &relativePath) const;
 
+    /// The folders at these places that aren't copies of active skills.
+    QList<TargetOccupant> occupants(const QList<TargetPlace> &places) const;
+
 private:
+    bool isOccupied(const TargetPlace &place) const;
     TargetInspection inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
                              TargetKind target) const;
 

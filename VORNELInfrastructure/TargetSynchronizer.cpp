@@ -55,7 +55,7 @@ std::vector<Publication *> Install::publications()
     return all;
 }
 
-void TargetSynchronizer::synchronize(const SkillRecord &skill) const
+void TargetSynchronizer::synchronize(const SkillRecord &skill, Former former) const
 {
     Failures unusable = prepareRoots();
     std::string digest;
@@ -63,7 +63,7 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill) const
         for (const TargetKind kind : allCases<TargetKind>())
             unusable.emplace(kind, unreadable);
     }
-    Install install = stage(skill.manifest, skill.url, digest, unusable);
+    Install install = stage(skill.manifest, skill.url, digest, unusable, former);
     settle(m_workspace.files, install.publications());
     place(m_workspace.files, install.publications());
     finish(install);
@@ -97,6 +97,14 @@ fs::path TargetSynchronizer::recoveryPlace(const QString &label, TargetKind kind
     return m_workspace.config.recovery() / pathFromText(name);
 }
 
+fs::path TargetSynchronizer::parkingPlace(const SkillManifest &manifest, TargetKind kind, Former former) const
+{
+    if (former == Former::Discarded)
+        return recoveryPlace(u"-"_s, kind, manifest.slug);
+    const QString name = u"replaced-"_s + rawValue(kind) + u'-' + uuidText(QUuid::createUuid());
+    return m_workspace.config.historyOf(manifest.id) / pathFromText(name);
+}
+
 TargetSynchronizer::Failures TargetSynchronizer::prepareRoots() const
 {
     return failuresOf([this](TargetKind kind) {
@@ -107,13 +115,13 @@ TargetSynchronizer::Failures TargetSynchronizer::prepareRoots() const
 }
 
 Install TargetSynchronizer::stage(const SkillManifest &manifest, const fs::path &source,
-                                  const std::string &digest, const Failures &unusable) const
+                                  const std::string &digest, const Failures &unusable, Former former) const
 {
     Install install{manifest.id};
     install.failures = failuresOf([&](TargetKind kind) {
         if (unusable.contains(kind))
             std::rethrow_exception(unusable.at(kind));
-        if (auto copy = stagedCopy(manifest, source, digest, kind))
+        if (auto copy = stagedCopy(manifest, source, digest, kind, former))
             install.copies.emplace(kind, std::move(*copy));
     });
     return install;
@@ -126,7 +134,7 @@ std::string TargetSynchronizer::digestOf(const fs::path &folder) const
 
 std::optional<Publication> TargetSynchronizer::stagedCopy(const SkillManifest &manifest,
                                                           const fs::path &source, const std::string &digest,
-                                                          TargetKind kind) const
+                                                          TargetKind kind, Former former) const
 {
     const fs::path destination = m_workspace.config.target(kind) / pathFromText(manifest.slug);
     const bool isOccupied = m_workspace.files.kindAt(destination).has_value();
@@ -135,8 +143,10 @@ std::optional<Publication> TargetSynchronizer::stagedCopy(const SkillManifest &m
 
     Stage stage = m_store.makeStage();
     SecureFileTree::copyTree(m_workspace.files, source, stage.path(), TreeFilter::excludingManifest);
-    fs::path parking = isOccupied ? recoveryPlace(u"-"_s, kind, manifest.slug) : fs::path();
-    return Publication{std::move(stage), destination, std::move(parking)};
+    return Publication{.stage = std::move(stage),
+                       .destination = destination,
+                       .parking = isOccupied ? parkingPlace(manifest, kind, former) : fs::path(),
+                       .keepsFormer = former == Former::Kept};
 }
 
 void TargetSynchronizer::finish(Install &install) const

@@ -11,6 +11,10 @@
 
 namespace vornel {
 
+/// What becomes of a folder that an install replaces. Under the slug of a skill that is new to the targets
+/// stands nothing of its own: such a folder is kept in the skill's history.
+enum class Former { Discarded, Kept };
+
 /// One skill on its way into the targets.
 struct Install
 {
@@ -28,8 +32,8 @@ public:
     explicit TargetSynchronizer(const Workspace &workspace) : m_workspace(workspace), m_store(workspace) {}
 
     /// Makes both copies equal to the canonical folder. A failed target doesn't stop the other: failures are
-    /// remembered, then thrown as `partialSync`.
-    void synchronize(const SkillRecord &skill) const;
+    /// remembered, then thrown as `partialSync`. To keep a folder, the skill must have a history.
+    void synchronize(const SkillRecord &skill, Former former = Former::Discarded) const;
 
     /// Moves both copies into the recovery folder. A failed target doesn't stop the other: failures are
     /// remembered, then thrown as `partialSync`.
@@ -42,7 +46,7 @@ public:
 
     /// Stages what the targets need for their copies to be those of `source`, which has this digest.
     Install stage(const SkillManifest &manifest, const std::filesystem::path &source,
-                  const std::string &digest, const Failures &unusable) const;
+                  const std::string &digest, const Failures &unusable, Former former) const;
 
     /// Ends an install whose copies have been placed: keeps what failed, in memory and with the install, and
     /// removes the former copies.
@@ -50,7 +54,7 @@ public:
 
 private:
     std::optional<Publication> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
-                                          const std::string &digest, TargetKind kind) const;
+                                          const std::string &digest, TargetKind kind, Former former) const;
     void removeTargetCopy(const QString &slug, TargetKind kind) const;
 
     /// Keeps which targets of a skill failed, if any, each with its reason.
@@ -58,6 +62,7 @@ private:
 
     std::string digestOf(const std::filesystem::path &folder) const;
     std::filesystem::path recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const;
+    std::filesystem::path parkingPlace(const SkillManifest &manifest, TargetKind kind, Former former) const;
 
     const Workspace &m_workspace;
     SkillFolderStore m_store;

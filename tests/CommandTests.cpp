@@ -105,6 +105,33 @@ TEST_F(Vornelctl, ListsWhatDiffersInTheCopies)
     EXPECT_EQ(run("diff rien").code, 2);
 }
 
+TEST_F(Vornelctl, ReplacesFoldersOfOthersOnlyWhenTold)
+{
+    write("codex/demo/notes.txt", "theirs");
+    const auto refuses = [this](const char *line) {
+        const auto before = tree("");
+        const Result refused = run(line);
+        EXPECT_EQ(refused.code, 2) << line;
+        EXPECT_EQ(refused.error()[u"error"], u"targetOccupied"_s) << refused.errors.constData();
+        EXPECT_TRUE(refused.error()[u"message"].toString().contains(u"Codex  "_s + pathText(path("codex"))));
+        EXPECT_EQ(tree(""), before) << line;
+    };
+    ASSERT_EQ(run("status").code, 0);
+    refuses("create demo --name Démo --json");
+    EXPECT_EQ(run("create demo --name Démo --replace").code, 0);
+    EXPECT_EQ(run("create demo --name Démo --json").error()[u"error"], u"duplicateSlug"_s);
+    EXPECT_EQ(run("trash demo").code, 0);
+    write("codex/demo/notes.txt", "theirs again");
+    refuses("restore demo --json");
+    EXPECT_EQ(run("restore demo --replace").code, 0);
+
+    write("home/.claude/skills/both/SKILL.md", "x");
+    write("codex/both/notes.txt", "theirs, too");
+    refuses("import --json");
+    EXPECT_EQ(run("import --replace").code, 0);
+    EXPECT_EQ(names("codex/both"), std::vector<std::string>{"SKILL.md"});
+}
+
 TEST_F(Vornelctl, NamesItsFailures)
 {
     const Result unknown = run("show rien --json");

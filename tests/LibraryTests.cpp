@@ -4,6 +4,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -90,7 +92,7 @@ TEST_F(Library, SavesEveryCharacterAsTheNextRevision)
     EXPECT_EQ(bytesOf(path("codex/demo/reference/extra.md")), "kept");
     EXPECT_TRUE(second.relativeFiles.contains(u"reference/extra.md"_s));
     EXPECT_EQ(second.manifest.revision, 2);
-    EXPECT_EQ(history(first.manifest.id), (Revisions{"1", "2"}));
+    EXPECT_EQ(history(first.manifest.id), (Revisions{"1", "1", "2"})) << "the added file is kept first";
 
     const SkillDetail third = service->saveSkill(first.manifest.id, 2, text).result();
     EXPECT_NE(third.contentRevision, second.contentRevision);
@@ -114,6 +116,25 @@ TEST_F(Library, KeepsARevisionThatTheHistoryLacksBeforeItIsReplaced)
     fs::create_directories(path("workspace/.vornel/history"));
     service->saveSkill(demo.manifest.id, 1, u"second"_s).waitForFinished();
     EXPECT_EQ(history(demo.manifest.id), (Revisions{"1", "2"}));
+}
+
+TEST_F(Library, KeepsWhatWasEditedByHandBeforeItIsReplaced)
+{
+    const QUuid id = create(u"demo"_s).manifest.id;
+    const auto keepsText = [&](const std::string &text) {
+        return std::ranges::any_of(tree("workspace/.vornel/history"), [&](const auto &file) {
+            return file.first.ends_with("/SKILL.md") && file.second == text;
+        });
+    };
+    write("workspace/skills/demo/SKILL.md", "\xEF\xBB\xBFoutside\r\n");
+    service->saveSkill(id, 1, u"second"_s).waitForFinished();
+    EXPECT_TRUE(keepsText("\xEF\xBB\xBFoutside\r\n"));
+    service->saveSkill(id, 2, u"third"_s).waitForFinished();
+    EXPECT_EQ(history(id), (Revisions{"1", "1", "2", "3"}));
+
+    write("workspace/skills/demo/SKILL.md", "outside again");
+    service->assignSkills({id}, u"design"_s).waitForFinished();
+    EXPECT_EQ(history(id), (Revisions{"1", "1", "2", "3", "3", "4"}));
 }
 
 TEST_F(Library, CountsNoRevisionPastTheLast)

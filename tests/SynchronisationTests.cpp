@@ -111,6 +111,55 @@ TEST_F(Synchronisation, ReportsAMissingTextAfterInstalling)
     EXPECT_EQ(errorOf([&] { service->synchronize(nobody).result(); }), Error::skillNotFound(nobody));
 }
 
+TEST(Install, KeepsAStrangersFolderInTheHistory)
+{
+    for (const bool hasVolumes : {false, true}) {
+        const auto files = std::make_shared<FaultyFileSystem>();
+        files->hasVolumes = hasVolumes;
+        TestWorkspace workspace(files);
+        const auto writeStrangersFolder = [&] {
+            workspace.write("codex/demo/SKILL.md", "theirs");
+            workspace.write("codex/demo/.hidden/more", "theirs");
+            return workspace.tree("codex/demo");
+        };
+        const auto stranger = writeStrangersFolder();
+        const QUuid id = workspace.create(u"demo"_s).manifest.id;
+        const std::string history = "workspace/.vornel/history/" + uuidText(id).toStdString();
+        const auto kept = [&] {
+            std::vector<std::map<std::string, std::string>> trees;
+            for (const std::string &name : workspace.names(history)) {
+                if (name.starts_with("replaced-codex-"))
+                    trees.push_back(workspace.tree(history + '/' + name));
+            }
+            return trees;
+        };
+        EXPECT_EQ(kept(), std::vector{stranger});
+        EXPECT_EQ(workspace.names("codex/demo"), std::vector<std::string>{"SKILL.md"});
+        EXPECT_TRUE(workspace.names("workspace/.vornel/recovery").empty());
+
+        workspace.service->moveToTrash(id).waitForFinished();
+        writeStrangersFolder();
+        bool isRefused = false;
+        files->refusesRename = [&](const fs::path & /*from*/, const fs::path &to) {
+            return to == workspace.path("codex/demo") && !std::exchange(isRefused, true);
+        };
+        EXPECT_EQ(errorOf([&] { workspace.service->restore(id).result(); }),
+                  Error::partialSync({TargetKind::codex}));
+        EXPECT_EQ(workspace.tree("codex/demo"), stranger) << "is put back";
+        EXPECT_EQ(workspace.names("codex"), std::vector<std::string>{"demo"});
+        EXPECT_EQ(kept().size(), 1U);
+
+        files->refusesRename = nullptr;
+        workspace.service->moveToTrash(id).waitForFinished();
+        writeStrangersFolder();
+        workspace.service->restore(id).waitForFinished();
+        EXPECT_EQ(kept(), (std::vector{stranger, stranger}));
+        workspace.service->moveToTrash(id).waitForFinished();
+        workspace.service->deletePermanently(id).waitForFinished();
+        EXPECT_FALSE(fs::exists(workspace.path(history)));
+    }
+}
+
 TEST(Swap, WorksWhereAFolderCannotEvenBeRenamed)
 {
     const auto files = std::make_shared<FaultyFileSystem>();

@@ -163,6 +163,22 @@ TEST_F(Inspection, FollowsNoLinkToAFile)
     }
 }
 
+TEST_F(Inspection, TellsWhoseFoldersStandInTheWay)
+{
+    const QList<TargetPlace> places =
+        placesOf({u"demo"_s, u"other"_s, u"file"_s, u"link"_s, u".."_s, u"../codex"_s, u"nothing"_s});
+    write("codex/other/notes.txt", "x");
+    write("codex/file", "x");
+    fs::create_directory_symlink(path("codex/other"), path("codex/link"));
+    const QList<TargetOccupant> expected{{TargetKind::codex, u"other"_s, path("codex/other")}};
+    EXPECT_EQ(service->occupants(places).result(), expected) << "the rest is no folder, or VORNEL's";
+
+    fs::rename(path("claude"), path("aside"));
+    fs::create_directory_symlink(path("aside"), path("claude"));
+    write("aside/other/notes.txt", "x");
+    EXPECT_EQ(service->occupants(places).result(), expected) << "nothing is installed into a link";
+}
+
 TEST_F(Inspection, NamesAnUnknownSkill)
 {
     const QUuid nobody = QUuid::createUuid();

@@ -58,6 +58,24 @@ void photographImportFailure(Photographer &photographer)
     photographer.take(u"import-failed"_s);
 }
 
+void photographOccupiedImport(Photographer &photographer)
+{
+    Stage stage;
+    for (const char *folder : {"codex/migration-sql", "codex/tests-de-charge", "claude/veille-technique"})
+        stage.occupy(folder);
+    photographer.watch(stage);
+    stage.settle();
+    for (int page = 1; page <= 4; ++page)
+        stage.model().advanceOnboarding();
+    stage.settle();
+    resolveCollisions(stage);
+    Stage::rest();
+    photographer.take(u"import-occupied"_s);
+    photographer.click(u"Ouvrir la bibliothèque"_s);
+    Stage::rest();
+    photographer.take(u"import-replace"_s);
+}
+
 void photographOnboarding(Photographer &photographer, Stage &stage)
 {
     photographer.watch(stage);

@@ -13,6 +13,9 @@ void photographFailure(Photographer &photographer);
 /// A scan that fails.
 void photographImportFailure(Photographer &photographer);
 
+/// An import that would replace folders of others.
+void photographOccupiedImport(Photographer &photographer);
+
 /// From the launch to the end of the import.
 void photographOnboarding(Photographer &photographer, Stage &stage);
 

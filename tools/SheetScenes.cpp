@@ -25,6 +25,21 @@ void photographCategoryEdits(const Photographer &photographer)
     photographer.click(u"Abandonner"_s);
 }
 
+void photographOccupiedCreation(const Photographer &photographer, const Stage &stage)
+{
+    stage.occupy("codex/carnet-de-bord");
+    photographer.click(u"Nouvelle compétence"_s);
+    photographer.write(u"Carnet de bord"_s);
+    Stage::rest();
+    photographer.take(u"create-occupied"_s);
+    photographer.click(u"Créer"_s);
+    Stage::rest();
+    photographer.take(u"create-replace"_s);
+    photographer.press(Qt::Key_Escape);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Abandonner"_s);
+}
+
 } // namespace
 
 void photographCategories(Photographer &photographer)
@@ -62,11 +77,13 @@ void photographCreation(Photographer &photographer, Stage &stage)
     photographer.write(u"sécurité, audit"_s);
     photographer.take(u"create-valid"_s);
     photographer.click(u"Créer"_s);
+    Stage::rest();
     stage.settle();
     photographer.take(u"create-taken"_s);
     photographer.click(u"Annuler"_s);
     photographer.take(u"create-discard"_s);
     photographer.click(u"Abandonner"_s);
+    photographOccupiedCreation(photographer, stage);
 }
 
 } // namespace vornel

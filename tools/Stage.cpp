@@ -6,12 +6,14 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <fstream>
 #include <map>
 #include <string>
 
 namespace fs = std::filesystem;
 
 namespace vornel {
+inline namespace photography {
 
 Stage::Stage(bool isBroken)
 {
@@ -34,6 +36,12 @@ Stage::Stage(bool isBroken)
 fs::path Stage::path(const char *below) const
 {
     return fs::path(m_folder.path().toStdString()) / below;
+}
+
+void Stage::occupy(const fs::path &folder) const
+{
+    fs::create_directories(path("") / folder);
+    std::ofstream(path("") / folder / "notes.txt") << "à garder";
 }
 
 QUuid Stage::idOf(const QString &slug)
@@ -71,4 +79,5 @@ void Stage::rest()
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 
+} // namespace photography
 } // namespace vornel

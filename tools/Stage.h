@@ -9,6 +9,7 @@
 #include <optional>
 
 namespace vornel {
+inline namespace photography { // apart from the service's class of this name, with which it is linked
 
 /// A scratch copy of the demonstration library, and an application on it.
 class Stage
@@ -22,6 +23,9 @@ public:
 
     /// A place in the scratch folder: "claude/relecture-de-code".
     std::filesystem::path path(const char *below) const;
+
+    /// Makes a folder that isn't VORNEL's, with a note in it.
+    void occupy(const std::filesystem::path &folder) const;
 
     /// The identifier of the skill of this slug, which has to be in the library.
     QUuid idOf(const QString &slug);
@@ -43,4 +47,5 @@ private:
     std::optional<VORNELApp> m_application;
 };
 
+} // namespace photography
 } // namespace vornel

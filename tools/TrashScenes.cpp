@@ -1,6 +1,7 @@
 #include "Scenes.h"
 
 using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
 
 namespace vornel {
 namespace {
@@ -23,6 +24,7 @@ QStringList fillTrash(Stage &stage)
 void photographQuestions(const Photographer &photographer)
 {
     photographer.click(u"Restaurer"_s);
+    Stage::rest();
     photographer.take(u"trash-restore"_s);
     photographer.click(u"Annuler"_s);
     photographer.click(u"Supprimer définitivement"_s);
@@ -33,10 +35,19 @@ void photographQuestions(const Photographer &photographer)
     photographer.click(u"Annuler"_s);
 }
 
-void photographSelectionQuestions(const Photographer &photographer)
+void photographSelectionQuestions(const Photographer &photographer, Stage &stage)
 {
     photographer.click(u"Restaurer"_s);
+    Stage::rest();
     photographer.take(u"trash-selected-restore"_s);
+    photographer.click(u"Annuler"_s);
+    for (const SkillSummary &skill : stage.model().overview()->trashedSkills) {
+        for (const char *assistant : {"claude", "codex"})
+            stage.occupy(fs::path(assistant) / skill.slug.toStdString());
+    }
+    photographer.click(u"Restaurer"_s);
+    Stage::rest();
+    photographer.take(u"trash-replace"_s);
     photographer.click(u"Annuler"_s);
     photographer.click(u"Supprimer définitivement"_s);
     photographer.take(u"trash-selected-delete"_s);
@@ -56,7 +67,7 @@ void photographTrash(Photographer &photographer, Stage &stage)
     for (const int number : {0, 2, 3})
         photographer.click(names.at(number));
     photographer.take(u"trash-selection"_s);
-    photographSelectionQuestions(photographer);
+    photographSelectionQuestions(photographer, stage);
     photographer.click(u"Terminer la sélection"_s);
     stage.model().setSearchText(u"introuvable"_s);
     photographer.take(u"trash-no-result"_s);

@@ -87,6 +87,7 @@ int main(int argc, char *argv[])
     Photographer photographer(folder, {width, height}, arguments);
     photographFailure(photographer);
     photographImportFailure(photographer);
+    photographOccupiedImport(photographer);
     Stage stage;
     photographOnboarding(photographer, stage);
     photographShell(photographer, stage);

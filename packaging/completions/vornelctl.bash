@@ -57,10 +57,11 @@ _vornelctl_options() {
     local options=(--workspace --claude --codex --json --help --version)
     case $1 in
         list) options+=(--search --category --maturity) ;;
-        import) options+=(--choose --prefer) ;;
-        create) options+=(--name --summary --category --tags --maturity --file) ;;
+        import) options+=(--choose --prefer --replace) ;;
+        create) options+=(--name --summary --category --tags --maturity --file --replace) ;;
         save) options+=(--expect --file) ;;
         sync) options+=(--all) ;;
+        restore) options+=(--replace) ;;
     esac
     printf '%s\n' "${options[@]}"
 }

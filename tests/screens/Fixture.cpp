@@ -6,6 +6,7 @@
 
 #include <QClipboard>
 #include <QCoro/QCoroTask>
+#include <QDesktopServices>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QImage>
@@ -18,7 +19,13 @@ namespace vornel {
 
 Fixture::Fixture(QObject *parent) : QObject(parent)
 {
+    QDesktopServices::setUrlHandler(u"file"_s, this, "openFolder");
     restart();
+}
+
+Fixture::~Fixture()
+{
+    QDesktopServices::unsetUrlHandler(u"file"_s);
 }
 
 void Fixture::restart()
@@ -154,9 +161,10 @@ void Fixture::drop(QQuickItem *item, const QString &text)
     QCoreApplication::sendEvent(item->window(), &drop);
 }
 
-void Fixture::holdWorkspace()
+void Fixture::holdWorkspace(bool onlyReads)
 {
-    m_hold = std::make_unique<WorkspaceHold>(m_scratch.path("workspace"));
+    const LockMode mode = onlyReads ? LockMode::Shared : LockMode::Exclusive;
+    m_hold = std::make_unique<WorkspaceHold>(m_scratch.path("workspace"), mode);
 }
 
 void Fixture::releaseWorkspace()

@@ -14,9 +14,11 @@ class Fixture : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(vornel::AppModel *model READ model NOTIFY modelChanged)
+    Q_PROPERTY(QString openedFolder MEMBER m_openedFolder) // which the desktop was asked to open
 
 public:
     explicit Fixture(QObject *parent = nullptr);
+    ~Fixture() override;
 
     AppModel *model() const { return m_model.get(); }
 
@@ -68,12 +70,16 @@ public:
     Q_INVOKABLE static void dragOver(QQuickItem *item, const QString &text);
     Q_INVOKABLE static void drop(QQuickItem *item, const QString &text);
 
-    /// Locks the workspace, as another program would: operations wait until it is released.
-    Q_INVOKABLE void holdWorkspace();
+    /// Locks the workspace, as another program would: operations wait until it is released; those that only
+    /// read don't where the other program only reads.
+    Q_INVOKABLE void holdWorkspace(bool onlyReads = false);
     Q_INVOKABLE void releaseWorkspace();
 
     /// The identifier of the skill of this slug; null without one.
     Q_INVOKABLE QUuid idOf(const QString &slug) const;
+
+    /// In place of the desktop's file manager.
+    Q_INVOKABLE void openFolder(const QUrl &url) { m_openedFolder = url.toLocalFile(); }
 
 Q_SIGNALS:
     void modelChanged();
@@ -82,6 +88,7 @@ private:
     void create(const CreateSkillRequest &request);
 
     Scratch m_scratch;
+    QString m_openedFolder;
     std::unique_ptr<AppModel> m_model;
     std::unique_ptr<WorkspaceHold> m_hold; // goes before the model, which waits for its operations
 };

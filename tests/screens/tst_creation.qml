@@ -96,6 +96,35 @@ ScreenTest {
         compare(created().slug, "audit2");
     }
 
+    function test_a_folder_of_others_is_replaced_only_when_told() {
+        fixture.write("codex/veille/notes.txt", "à un autre");
+        openSheet();
+        type("Veille");
+        awaitText("Codex a déjà un dossier de ce nom.");
+        verify(!shows("Prête à être créée."));
+        verify(all("Nouvelle compétence").every(item => item.Accessible.description !== "Formulaire valide"));
+        keyClick(Qt.Key_Return);
+        awaitText("Le dossier «\u00a0veille\u00a0» existe déjà");
+        tryVerify(() => control("Changer d’identifiant").activeFocus);
+        keyClick(Qt.Key_Tab, Qt.ShiftModifier);
+        keyClick(Qt.Key_Return);
+        verify(fixture.openedFolder.endsWith("/codex/veille"));
+        compare(control("Ouvrir le dossier").Accessible.description, fixture.openedFolder);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => control("Identifiant").activeFocus && !shows("Remplacer"));
+        compare(model.overview.skills.length, 1);
+        keyClick(Qt.Key_End);
+        type("2");
+        awaitText("Prête à être créée.");
+        keyClick(Qt.Key_Backspace);
+        click("Créer");
+        click("Remplacer");
+        awaitText("CRÉÉE");
+        isGone();
+        compare(created().slug, "veille");
+        compare(root.Window.activeFocusItem.Accessible.name, "Instructions de la compétence");
+    }
+
     function test_long_identifier() {
         openSheet();
         type("Veille");
@@ -185,7 +214,7 @@ ScreenTest {
     function test_no_leaving_while_it_is_created() {
         openSheet();
         type("Veille");
-        fixture.holdWorkspace();
+        fixture.holdWorkspace(true);
         keyClick(Qt.Key_Return);
         tryVerify(() => model.isWorking);
         keyClick(Qt.Key_Escape);

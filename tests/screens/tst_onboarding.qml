@@ -89,6 +89,24 @@ ScreenTest {
         awaitText("Bibliothèque");
     }
 
+    function test_folders_of_others_are_replaced_only_when_told() {
+        fixture.write("claude/audit/SKILL.md", "un");
+        fixture.write("codex/audit/notes.txt", "à un autre");
+        enterImportPage();
+        awaitText("1 dossier porte le nom d’une compétence à importer.");
+        click("Ouvrir le dossier");
+        verify(fixture.openedFolder.endsWith("/codex/audit"));
+        click("Ouvrir la bibliothèque");
+        awaitText("Remplacer 1 dossier\u00a0?");
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !shows("Remplacer et importer"));
+        tryVerify(() => control("Ouvrir la bibliothèque").activeFocus);
+        compare(fixture.bytes("codex/audit/notes.txt"), fixture.bytesOfText("à un autre"));
+        keyClick(Qt.Key_Return);
+        click("Remplacer et importer");
+        awaitText("Bibliothèque");
+    }
+
     function test_nothing_to_import() {
         enterImportPage();
         awaitText("0 COMPÉTENCES");
@@ -132,9 +150,9 @@ ScreenTest {
     function test_pages_stay_while_something_runs() {
         fixture.write("claude/audit/SKILL.md", "un");
         enterImportPage();
-        fixture.holdWorkspace();
+        fixture.holdWorkspace(true);
         click("Ouvrir la bibliothèque");
-        verify(!control("Ouvrir la bibliothèque").enabled);
+        tryVerify(() => !control("Ouvrir la bibliothèque").enabled);
         awaitText("Import en cours");
         keyClick(Qt.Key_Left);
         compare(fixture.model.onboardingStep, AppStates.OnboardingStep.importSkills);

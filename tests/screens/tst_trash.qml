@@ -66,6 +66,23 @@ ScreenTest {
         }
     }
 
+    function test_folders_of_others_are_replaced_only_when_told() {
+        openTrash(["audit", "notes"]);
+        fixture.write("claude/audit/notes.txt", "à un autre");
+        button("audit", "Restaurer").clicked();
+        click("Ouvrir le dossier");
+        verify(fixture.openedFolder.endsWith("/claude/audit"));
+        cancel();
+        compare(trashed(), "audit,notes");
+        click("Sélectionner");
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        click("Restaurer");
+        awaitText("Restaurer 2 compétences\u00A0?");
+        accept();
+        awaitText("2 RESTAURÉES");
+        compare(trashed(), "");
+    }
+
     function test_one() {
         openTrash(["audit", "notes"]);
         button("audit", "Restaurer").clicked();

@@ -60,6 +60,7 @@ public:
     {
         check();
         checkEditsOfTrashedSkills();
+        checkStrangersFolders();
     }
 
     void check() const
@@ -152,6 +153,8 @@ private:
 
     void checkHistoryEntry(const SkillOnDisk &skill, const std::string &name) const
     {
+        if (name.starts_with("replaced-")) // what it holds is looked at before it may be replaced again
+            return;
         const auto old = m_before.history.find(idText(skill));
         if (old != m_before.history.end() && old->second.contains(name))
             return;
@@ -205,6 +208,36 @@ private:
         }
     }
 
+    /// What stands in a target and isn't VORNEL's is there still, or whole in the history of the skill that
+    /// has taken its place.
+    void checkStrangersFolders() const
+    {
+        checkStrangersFolders("replaced-claude-", m_before.claude, m_now.claude);
+        checkStrangersFolders("replaced-codex-", m_before.codex, m_now.codex);
+    }
+
+    void checkStrangersFolders(const std::string &label, const std::map<std::string, Tree> &before,
+                               const std::map<std::string, Tree> &now) const
+    {
+        for (const auto &[slug, tree] : before) {
+            const SkillOnDisk *skill = m_now.find(slug);
+            if (isActive(m_before, slug) || skill == nullptr)
+                continue;
+            const auto history = m_now.history.find(idText(*skill));
+            const bool isKept = history != m_now.history.end() &&
+                                std::ranges::any_of(history->second, [&](const auto &entry) {
+                                    return entry.first.starts_with(label) && entry.second == tree;
+                                });
+            EXPECT_TRUE(isKept || (now.contains(slug) && now.at(slug) == tree)) << slug << " is lost";
+        }
+    }
+
+    static bool isActive(const WorkspaceState &state, const std::string &slug)
+    {
+        const SkillOnDisk *skill = state.find(slug);
+        return skill != nullptr && !skill->isTrashed;
+    }
+
     void checkTarget(const std::map<std::string, Tree> &before, const std::map<std::string, Tree> &now) const
     {
         for (const auto &[name, tree] : before) {
@@ -212,9 +245,7 @@ private:
                 << name << " was not imported";
         }
         for (const auto &[name, tree] : now) {
-            const SkillOnDisk *skill = m_now.find(name);
-            const bool isInLibrary = skill != nullptr && !skill->isTrashed;
-            EXPECT_TRUE(isInLibrary || (isForeign(name) && before.contains(name)))
+            EXPECT_TRUE(isActive(m_now, name) || (isForeign(name) && before.contains(name)))
                 << name << " is a leftover";
         }
     }
@@ -237,7 +268,7 @@ private:
 
     bool isForeign(const std::string &name) const
     {
-        return m_before.find(name) == nullptr && m_now.find(name) == nullptr;
+        return !isActive(m_before, name) && !isActive(m_now, name);
     }
 
     void checkRubbish() const

@@ -110,7 +110,7 @@ std::vector<Scenario> allScenarios()
 {
     const Error done = Error::skillNotFound({});
     return {
-        operation("create", create, "create fresh --name Frais", Error::duplicateSlug(u"fresh"_s)),
+        operation("create", create, "create fresh --name Frais --replace", Error::duplicateSlug(u"fresh"_s)),
         operation("save", save, "save demo --expect 3 --file text", Error::revisionConflict(3, 4)),
         operation("assign", assign, "assign design demo second"),
         operation("deleteCategory", deleteCategory, "category delete equipe",
@@ -118,14 +118,14 @@ std::vector<Scenario> allScenarios()
         operation("synchronize", synchronize, "sync demo second"),
         operation("trashOne", trash({u"demo"_s}), "trash demo", done),
         operation("trashSeveral", trash({u"demo"_s, u"second"_s}), "trash demo second", done),
-        operation("restore", restore, "restore gone", done),
+        operation("restore", restore, "restore gone --replace", done),
         operation("deletePermanently", deletePermanently, "delete gone", done),
         operation("emptyTrash", emptyTrash, "empty-trash"),
-        operation("import", import, "import --prefer codex"),
+        operation("import", import, "import --prefer codex --replace"),
         {"firstImport",
          writeAssistantsFolders,
          import,
-         {u"import"_s, u"--prefer"_s, u"codex"_s},
+         {u"import"_s, u"--prefer"_s, u"codex"_s, u"--replace"_s},
          std::nullopt},
         {"startAfterCrashes",
          buildInterruptedLibrary,

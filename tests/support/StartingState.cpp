@@ -40,6 +40,13 @@ void addByHand(const fs::path &folder)
     fs::create_directories(folder / "empty");
 }
 
+/// What is no skill, and no part of VORNEL's.
+void writeStrangersFolder(const fs::path &folder)
+{
+    write(folder / "notes.txt", "a stranger's");
+    write(folder / ".hidden/draft", "a stranger's too");
+}
+
 std::string freshName()
 {
     return uuidText(QUuid::createUuid()).toStdString();
@@ -73,6 +80,7 @@ void writeAssistantsFolders(const fs::path &folder)
     write(folder / "claude/left/SKILL.md", "name: Gauche\ndescription: à gauche");
     write(folder / "claude/left/scripts/deep/left.py", "print('left')");
     write(folder / "codex/right/SKILL.md", "name: Droite");
+    writeStrangersFolder(folder / "codex/left");
     for (const char *target : {"claude", "codex"}) {
         write(folder / target / "both/SKILL.md", "the same in both");
         write(folder / target / "clash/SKILL.md", target);
@@ -103,6 +111,8 @@ void buildLibrary(const fs::path &folder)
     const fs::path history = folder / "workspace/.vornel/history";
     forgetRevision(history / uuidText(demo).toStdString(), "3-");
     forgetRevision(history / uuidText(second).toStdString(), "2-");
+    writeStrangersFolder(folder / "claude/fresh");
+    writeStrangersFolder(folder / "codex/gone");
     write(folder / "text", savedText.toStdString());
 }
 

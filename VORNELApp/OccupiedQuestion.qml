@@ -1,0 +1,125 @@
+import QtQuick
+import QtQuick.Templates as T
+import VORNELApp
+import VORNELDesignSystem
+
+/** Stands before what puts a skill into the assistants' folders: asks where that replaces folders of others. */
+Sheet {
+    id: question
+
+    required property AppModel model
+    required property string acceptText
+    property string rejectText: "Annuler"
+
+    /** What is told beside whose the folders are. */
+    property string message
+
+    /** What waits for the look at the folders, or for the user. */
+    property var action
+
+    /** What happens instead where no folder stands in the way; `action`, unless it is given. */
+    property var freeAction
+
+    readonly property bool isAsking: action !== undefined
+
+    /** How many folders would be replaced. */
+    readonly property int count: occupants.count
+
+    property bool isAccepted: false
+
+    readonly property string notice: occupants.count === 1 ? "VORNEL n’a pas installé ce dossier. S’il est remplacé, il reste gardé tel quel dans l’historique de la compétence."
+                                                           : "VORNEL n’a pas installé ces dossiers. S’ils sont remplacés, ils restent gardés tels quels dans l’historique des compétences."
+
+    /** The folders are to stay as they are. */
+    signal rejected
+
+    /** Runs `action` once nothing stands under the slugs, or the user has agreed to replace it. */
+    function ask(slugs: var, action: var, freeAction: var): void {
+        question.action = action;
+        question.freeAction = freeAction ?? action;
+        occupants.look(slugs);
+    }
+
+    /** The same for the import that is planned. */
+    function askForImport(action: var): void {
+        question.action = action;
+        freeAction = action;
+        occupants.lookForImport();
+    }
+    function run(chosen: var): void {
+        action = undefined;
+        freeAction = undefined;
+        chosen();
+    }
+
+    firstFocus: reject
+    implicitWidth: Math.min(640, parent.width - 2 * Metrics.page)
+    onAboutToHide: {
+        if (!isAccepted) {
+            action = undefined;
+            rejected();
+        }
+    }
+    onAboutToShow: isAccepted = false
+    onClosed: if (isAccepted) run(action)
+
+    TargetOccupants {
+        id: occupants
+
+        model: question.model
+        onLooked: {
+            if (!question.isAsking || question.isUsed)
+                return;
+            if (count > 0)
+                question.open();
+            else
+                question.run(question.freeAction);
+        }
+    }
+    Label {
+        color: Colors.secondary
+        lineHeight: 1.35
+        text: (question.message === "" ? "" : question.message + " ") + question.notice
+        width: parent.width
+        wrapMode: Text.Wrap
+    }
+    Flickable {
+        id: scroller
+
+        boundsBehavior: Flickable.StopAtBounds
+        clip: contentHeight > height
+        contentHeight: folders.height
+        height: Math.min(contentHeight, 5 * Metrics.rowHeight)
+        width: parent.width
+
+        T.ScrollBar.vertical: ScrollRail {}
+
+        OccupiedFolders {
+            id: folders
+
+            folders: occupants.folders
+            width: parent.width
+            onReached: row => scroller.contentY = Math.max(row.y + row.height - scroller.height, Math.min(scroller.contentY, row.y))
+        }
+    }
+    Row {
+        anchors.right: parent.right
+        spacing: Metrics.medium
+        topPadding: Metrics.small
+
+        ActionButton {
+            id: reject
+
+            text: question.rejectText
+            onClicked: question.close()
+        }
+        ActionButton {
+            role: ActionButton.Primary
+            text: question.acceptText
+            onClicked: {
+                question.isAccepted = true;
+                question.close();
+            }
+        }
+    }
+}

@@ -1,0 +1,57 @@
+#include "TargetOccupants.h"
+
+#include <QCoro/QCoroFuture>
+
+namespace vornel {
+
+QVariantList TargetOccupants::folders() const
+{
+    QVariantList folders;
+    for (const TargetOccupant &folder : m_folders)
+        folders.append(QVariant::fromValue(folder));
+    return folders;
+}
+
+void TargetOccupants::look(const QStringList &slugs)
+{
+    lookAt(placesOf(slugs));
+}
+
+void TargetOccupants::lookForImport()
+{
+    const std::optional<ImportPlan> plan = m_model != nullptr ? m_model->importPlan() : std::nullopt;
+    lookAt(plan ? placesFilledBy(*plan) : QList<TargetPlace>());
+}
+
+void TargetOccupants::lookAt(const QList<TargetPlace> &places)
+{
+    ++m_request;
+    if (places.isEmpty())
+        show({});
+    else
+        find(this, m_model, places, m_request);
+}
+
+QCoro::Task<> TargetOccupants::find(QPointer<TargetOccupants> self, AppModel *model,
+                                    QList<TargetPlace> places, int request)
+{
+    QList<TargetOccupant> folders;
+    try {
+        folders = co_await model->inspector().occupants(places);
+    } catch (const std::exception &) {
+        folders.clear();
+    }
+    if (!self.isNull() && self->m_request == request)
+        self->show(folders);
+}
+
+void TargetOccupants::show(const QList<TargetOccupant> &folders)
+{
+    if (m_folders != folders) {
+        m_folders = folders;
+        Q_EMIT changed();
+    }
+    Q_EMIT looked();
+}
+
+} // namespace vornel

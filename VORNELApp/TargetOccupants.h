@@ -1,0 +1,47 @@
+#pragma once
+
+#include "AppModel.h"
+
+#include <QPointer>
+
+namespace vornel {
+
+/// The folders, not VORNEL's own, that copies would replace where a skill is created, restored or imported.
+class TargetOccupants : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(vornel::AppModel *model MEMBER m_model NOTIFY modelChanged REQUIRED)
+    Q_PROPERTY(QVariantList folders READ folders NOTIFY changed)
+    Q_PROPERTY(int count READ count NOTIFY changed)
+
+public:
+    using QObject::QObject;
+
+    /// What the last look has found; none where it failed, which what follows will tell.
+    QVariantList folders() const;
+    int count() const { return static_cast<int>(m_folders.size()); }
+
+    /// Looks under these slugs in both assistants' folders. `looked` follows the last look.
+    Q_INVOKABLE void look(const QStringList &slugs);
+
+    /// Looks where the import that is planned puts copies beside those that it has found.
+    Q_INVOKABLE void lookForImport();
+
+Q_SIGNALS:
+    void modelChanged();
+    void changed();
+    void looked();
+
+private:
+    static QCoro::Task<> find(QPointer<TargetOccupants> self, AppModel *model, QList<TargetPlace> places,
+                              int request);
+    void lookAt(const QList<TargetPlace> &places);
+    void show(const QList<TargetOccupant> &folders);
+
+    AppModel *m_model = nullptr;
+    QList<TargetOccupant> m_folders;
+    int m_request = 0; ///< counts the looks: only the last one is shown
+};
+
+} // namespace vornel

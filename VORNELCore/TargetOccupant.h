@@ -1,0 +1,52 @@
+#pragma once
+
+#include "ImportModels.h"
+
+#include <QStringList>
+#include <QUrl>
+
+namespace vornel {
+
+/// Where an assistant has its copy of a skill.
+struct TargetPlace
+{
+    TargetKind target;
+    QString slug;
+
+    bool operator==(const TargetPlace &) const = default;
+};
+
+/// A folder that stands where an install would put a copy, and isn't one.
+struct TargetOccupant
+{
+    Q_GADGET
+    Q_PROPERTY(vornel::TargetKind target MEMBER target)
+    Q_PROPERTY(QString slug MEMBER slug)
+    Q_PROPERTY(QString path READ shownPath)
+    Q_PROPERTY(QUrl url READ url STORED false)
+    Q_PROPERTY(QString assistant READ assistant STORED false)
+
+public:
+    TargetKind target = TargetKind::claude;
+    QString slug;
+    std::filesystem::path path;
+
+    QString shownPath() const;
+
+    /// By which the desktop opens it.
+    QUrl url() const { return QUrl::fromLocalFile(shownPath()); }
+
+    /// The name of the assistant in whose folder it is.
+    QString assistant() const { return assistantName(target); }
+
+    bool operator==(const TargetOccupant &) const = default;
+};
+
+/// The places that skills of these slugs take.
+QList<TargetPlace> placesOf(const QStringList &slugs);
+
+/// The places that an import fills besides those where the skills are found. Where both assistants have the
+/// skill, what is replaced is the user's choice.
+QList<TargetPlace> placesFilledBy(const ImportPlan &plan);
+
+} // namespace vornel
