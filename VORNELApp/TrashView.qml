@@ -82,7 +82,7 @@ FocusScope {
 
         delegate: TrashRow {
             model: trash.model
-            selection: selection
+            selection: entries.selection
             onDeletionAsked: {
                 view.currentIndex = index;
                 questions.askToDelete(record.skill);
