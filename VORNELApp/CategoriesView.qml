@@ -59,7 +59,7 @@ Sheet {
             const isCreated = sheet.isEditing && form.isNew;
             sheet.showList();
             if (isCreated)
-                list.currentIndex = list.count - 1;
+                list.moveTo(list.count - 1);
         }
     }
     DepartureGuard {

@@ -1,12 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
-/** The categories of the catalog. Up, Down, Home and End move, Enter chooses, Del asks to delete. */
-ListView {
+/** The categories of the catalog. Enter chooses, Del asks to delete. */
+RowList {
     id: list
 
     required property AppModel appModel
@@ -14,24 +13,11 @@ ListView {
     signal chosen(category: skillCategory)
     signal deletionAsked(category: skillCategory)
 
-    activeFocusOnTab: true
-    boundsBehavior: Flickable.StopAtBounds
-    clip: true
     interactive: contentHeight > height
-    keyNavigationEnabled: true
     model: CategoryListModel {
         model: list.appModel
     }
-
-    T.ScrollBar.vertical: ScrollRail {}
-    Accessible.name: "Catégories"
-    Accessible.role: Accessible.List
-    Keys.onPressed: event => {
-        const ends = { [Qt.Key_Home]: 0, [Qt.Key_End]: count - 1 };
-        event.accepted = event.key in ends;
-        if (event.accepted)
-            currentIndex = ends[event.key];
-    }
+    name: "Catégories"
 
     delegate: CategoryRow {
         width: ListView.view.width - (ListView.view.interactive ? Metrics.medium : 0)

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -36,7 +35,7 @@ Item {
         font: Typography.label
         text: "CATÉGORIES"
     }
-    ListView {
+    RowList {
         id: view
 
         anchors.bottom: actions.top
@@ -47,14 +46,8 @@ Item {
         anchors.rightMargin: Metrics.tiny
         anchors.top: heading.bottom
         anchors.topMargin: Metrics.medium
-        activeFocusOnTab: true
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
+        name: "Catégories"
         spacing: 2
-
-        T.ScrollBar.vertical: ScrollRail {}
-        Accessible.name: "Catégories"
-        Accessible.role: Accessible.List
 
         delegate: CategoryRailEntry {
             id: entry

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -23,20 +22,14 @@ Surface {
 
     border.color: view.activeFocus ? Colors.accent : Colors.line
 
-    ListView {
+    RowList {
         id: view
 
         anchors.fill: parent
         anchors.margins: Metrics.small
-        activeFocusOnTab: true
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
         focus: true
         model: list.model
-
-        Accessible.name: "Fichiers différents"
-        Accessible.role: Accessible.List
-        T.ScrollBar.vertical: ScrollRail {}
+        name: "Fichiers différents"
         onCurrentItemChanged: list.show()
 
         delegate: DifferentFileRow {

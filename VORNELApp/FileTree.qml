@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -30,7 +29,7 @@ Surface {
 
         Accessible.name: "Arborescence"
     }
-    ListView {
+    RowList {
         id: view
 
         anchors.bottom: parent.bottom
@@ -38,24 +37,11 @@ Surface {
         anchors.margins: Metrics.small
         anchors.right: parent.right
         anchors.top: heading.bottom
-        activeFocusOnTab: true
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        currentIndex: -1
-
-        Accessible.name: "Fichiers"
-        Accessible.role: Accessible.List
-        T.ScrollBar.vertical: ScrollRail {
-            id: rail
-        }
-        onActiveFocusChanged: {
-            if (activeFocus && currentIndex < 0)
-                currentIndex = 0;
-        }
+        name: "Fichiers"
 
         delegate: FileTreeRow {
             selectedFile: tree.selectedFile
-            width: view.width - (rail.visible ? rail.width : 0)
+            width: view.width - (view.rail.visible ? view.rail.width : 0)
             onClicked: {
                 if (isFolder)
                     files.setOpen(index, !isOpen);

@@ -14,8 +14,14 @@ FocusScope {
 
     readonly property var plan: model.importPlan
 
-    /** Brings the control that has the keyboard into view. */
-    function reveal(item: Item): void {
+    /** Whether a choice is being recorded, meanwhile others can be made. */
+    property bool isRecording: false
+
+    /** Brings the control that the keyboard was moved to into view. A click leaves the list where it is. */
+    function reveal(): void {
+        const item = Window.activeFocusItem as T.Control;
+        if (!activeFocus || !item?.visualFocus)
+            return;
         const top = item.mapToItem(rows, 0, 0).y - Metrics.large;
         const bottom = top + item.height + 2 * Metrics.large;
         const wanted = Math.max(Math.min(scroller.contentY, top), bottom - scroller.height);
@@ -29,24 +35,14 @@ FocusScope {
         return first !== null;
     }
 
+    Window.onActiveFocusItemChanged: reveal()
+
     Connections {
-        function onActiveFocusItemChanged() {
-            if (review.activeFocus)
-                review.reveal(review.Window.activeFocusItem);
+        function onIsWorkingChanged() {
+            review.isRecording = review.isRecording && review.model.isWorking;
         }
 
-        target: review.Window.window
-    }
-    Connections {
-        function onContentHeightChanged() {
-            if (review.activeFocus)
-                review.reveal(review.Window.activeFocusItem);
-        }
-        function onHeightChanged() {
-            onContentHeightChanged();
-        }
-
-        target: scroller
+        target: review.model
     }
     ColumnLayout {
         anchors.fill: parent
@@ -93,6 +89,8 @@ FocusScope {
                 clip: true
                 contentHeight: rows.height
                 contentWidth: width
+                onContentHeightChanged: review.reveal()
+                onHeightChanged: review.reveal()
 
                 T.ScrollBar.vertical: ScrollRail {}
 
@@ -139,9 +137,12 @@ FocusScope {
                             required property importCollision record
 
                             collision: record
-                            enabled: !review.model.isWorking
+                            enabled: review.isRecording || !review.model.isWorking
                             width: rows.width - 2 * rows.padding
-                            onChosen: choice => review.model.resolveCollision(record.id, choice)
+                            onChosen: choice => {
+                                review.isRecording = true;
+                                review.model.resolveCollision(record.id, choice);
+                            }
                         }
                     }
                     ImportReplacements {

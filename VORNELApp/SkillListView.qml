@@ -1,25 +1,18 @@
 import QtQuick
-import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
 /**
- * Rows of skills. Up, Down, Home, End, Page Up and Page Down move. The view stays where it is when rows go or
- * come, and the row that takes the place of one that is gone has the keyboard.
+ * Rows of skills. The view stays where it is when rows go or come, and the row that takes the place of one that is
+ * gone has the keyboard.
  */
-ListView {
+RowList {
     id: view
 
-    required property string name
     required property SkillList skills
 
     property real place
 
-    function moveTo(index: int): void {
-        currentIndex = Math.max(0, Math.min(index, count - 1));
-        positionViewAtIndex(currentIndex, ListView.Contain);
-        currentItem?.forceActiveFocus(Qt.TabFocusReason);
-    }
     function begin(): void {
         forceLayout(); // which takes the current row along
         currentIndex = Math.min(0, count - 1);
@@ -34,25 +27,11 @@ ListView {
 
     activeFocusOnTab: count > 0 || activeFocus // which has to be a stop while it has the keyboard
     bottomMargin: Metrics.huge
-    boundsBehavior: Flickable.StopAtBounds
-    clip: true
     focus: true
-    highlightFollowsCurrentItem: false
-    keyNavigationEnabled: false
     model: skills.rows
     spacing: Metrics.small
     topMargin: Metrics.tiny
 
-    Accessible.name: name
-    Accessible.role: Accessible.List
-    T.ScrollBar.vertical: ScrollRail {}
-    Keys.onPressed: event => {
-        const page = Math.max(1, Math.floor(height / ((currentItem?.height ?? 0) + spacing)));
-        const steps = { [Qt.Key_Up]: -1, [Qt.Key_Down]: 1, [Qt.Key_Home]: -count, [Qt.Key_End]: count, [Qt.Key_PageUp]: -page, [Qt.Key_PageDown]: page };
-        event.accepted = count > 0 && event.key in steps;
-        if (event.accepted)
-            moveTo(currentIndex + steps[event.key]);
-    }
     Window.onActiveFocusItemChanged: if (activeFocus) recovery.start()
 
     Timer {

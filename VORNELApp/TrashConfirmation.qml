@@ -9,7 +9,7 @@ ConfirmationDialog {
     required property SkillSelection selection
 
     property int count
-    property uuid aloneID
+    property var aloneID
     property bool isAlone
 
     function askForSelection(): void {

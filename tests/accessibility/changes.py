@@ -10,13 +10,13 @@ NAME, SLUG = "Essai de marche", "essai-de-marche"
 def creation(program):
     fill_in(program)
     program.press("Créer")
-    program.sees("alert", "CRÉÉE")
+    program.sees("alert message", "CRÉÉE")
     program.sees("label", NAME, "ENREGISTRÉ")
 
     # The same once more: the sheet says what is wrong, and keeps what was typed.
     fill_in(program)
     program.press("Créer")
-    program.sees("alert", f"Le slug {SLUG} existe déjà.")
+    program.sees("alert message", f"Le slug {SLUG} existe déjà.")
     program.sees_page()
     program.press("Annuler")
     program.press("Abandonner")
@@ -41,7 +41,7 @@ def edition(program, folder):
     program.type(*map(ord, "xyz"))
     program.sees("label", "MODIFIÉ", "Modifications non enregistrées")
     program.press("Enregistrer")
-    program.sees("alert", "ENREGISTRÉE")
+    program.sees("alert message", "ENREGISTRÉE")
     program.sees("label", "ENREGISTRÉ")
     for place in ("workspace/skills", "claude", "codex"):
         assert (folder / place / SLUG / "SKILL.md").read_text(encoding="utf-8").startswith("xyz")
@@ -59,14 +59,14 @@ def category(program):
     program.type(*map(ord, "Recherche"))
     program.sees_page()
     program.press("Créer")
-    program.sees("alert", "CATÉGORIE CRÉÉE")
+    program.sees("alert message", "CATÉGORIE CRÉÉE")
     program.sees("list item", "Recherche, 0 compétences").act("Press")
     program.sees("label", "CATÉGORIE")
     program.press("Supprimer")
     program.sees("dialog", "Supprimer « Recherche » ?")
     program.sees("label", "Cette catégorie sera supprimée.")
-    program.act(program.sees("push button", "Supprimer", description=""))
-    program.sees("alert", "CATÉGORIE SUPPRIMÉE")
+    program.sees("push button", "Supprimer", description="").act()
+    program.sees("alert message", "CATÉGORIE SUPPRIMÉE")
     program.press("Fermer")
     closes(program)
 
@@ -80,7 +80,7 @@ def selection(program, *names):
     program.press("Supprimer")
     program.sees("dialog", f"Placer {len(names)} compétences dans la corbeille ?")
     program.press("Placer dans la corbeille")
-    program.sees("alert", f"{len(names)} DÉPLACÉES")
+    program.sees("alert message", f"{len(names)} DÉPLACÉES")
 
 
 def trash(program, restored, deleted):
@@ -89,15 +89,15 @@ def trash(program, restored, deleted):
     program.sees("label", "2 éléments")
     program.sees("list item", restored, deleted)
     program.sees_page()
-    program.act(program.sees("push button", "Restaurer", description=restored))
+    program.sees("push button", "Restaurer", description=restored).act()
     program.sees("dialog", f"Restaurer « {restored} » ?")
     program.press("Restaurer")
-    program.sees("alert", "RESTAURÉE")
+    program.sees("alert message", "RESTAURÉE")
     program.sees("label", "1 élément")
-    program.act(program.sees("push button", "Supprimer définitivement", description=deleted))
+    program.sees("push button", "Supprimer définitivement", description=deleted).act()
     program.sees("dialog", f"Supprimer définitivement « {deleted} » ?")
     program.press("Supprimer définitivement")
-    program.sees("alert", "SUPPRIMÉE")
+    program.sees("alert message", "SUPPRIMÉE")
     program.sees("label", "La corbeille est vide")
 
 
@@ -113,7 +113,7 @@ def attention(program, folder):
     says(program, missing, "Mise à jour nécessaire", "Claude\u00a0: copie manquante")
     says(program, drifted, "Mise à jour nécessaire", "Codex\u00a0: copie modifiée")
 
-    program.act(program.sees("push button", "Synchroniser", description=missing))
+    program.sees("push button", "Synchroniser", description=missing).act()
     program.sees("label", "1 compétence")
     program.press("Tout synchroniser")
     program.sees("dialog", "Synchroniser 1 compétence\u00a0?")

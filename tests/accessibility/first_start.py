@@ -43,12 +43,12 @@ def preparation(program):
     program.sees_page()
 
     # A press on what can't be pressed does nothing; had it opened the library, the choices would be gone.
-    program.act(program.sees("push button", "Ouvrir la bibliothèque", description=UNAVAILABLE))
+    program.sees("push button", "Ouvrir la bibliothèque", description=UNAVAILABLE).act()
     for index, (chosen, other) in enumerate([("Claude", "Codex"), ("Codex", "Claude")]):
         program.sees("push button", "Ouvrir la bibliothèque", description=UNAVAILABLE)
-        program.act(choices(program, chosen)[index])
+        choices(program, chosen)[index].act()
         settles(program, index, chosen, other)
-    program.act(choices(program, "Claude")[1])  # a change of mind
+    choices(program, "Claude")[1].act()  # a change of mind
     settles(program, 1, "Claude", "Codex")
     settles(program, 0, "Claude", "Codex")
     program.sees("label", "Prêt à commencer.")

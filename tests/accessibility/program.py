@@ -5,13 +5,19 @@ import subprocess
 import sys
 import time
 
-from tree import Atspi, GLib, application, drain, read
+from tree import GLib, application, read, type_key
 from window import Window
 
 PATIENCE = 30  # seconds that anything may take; the sanitizers make the program slow
 UNAVAILABLE = "indisponible"
 TAB, BACKTAB, RETURN, ESCAPE, SPACE, DELETE = 0xFF09, 0xFE20, 0xFF0D, 0xFF1B, 0x20, 0xFFFF
 HOME, LEFT, RIGHT, DOWN, END = 0xFF50, 0xFF51, 0xFF53, 0xFF54, 0xFF57
+
+
+def focus(nodes):
+    """The innermost object with the keyboard and its place in the tree; None unless it has a name."""
+    found = [(i, node) for i, node in enumerate(nodes) if "focused" in node.states]
+    return found[-1] if found and found[-1][1].name.strip() else None
 
 
 class Program:
@@ -27,6 +33,7 @@ class Program:
         )
         environment.pop("VORNEL_TEST_MODE", None)  # its settings don't outlive the process
         self.process = subprocess.Popen([executable], env=environment)
+        self.source = None
 
     def __enter__(self):
         return self
@@ -46,9 +53,8 @@ class Program:
     def showing(self):
         """What is to be seen, or nothing while the tree changes under the reader."""
         try:
-            drain()
-            source = application(self.process.pid)
-            return [node for node in read(source) if node.is_showing] if source else []
+            self.source = self.source or application(self.process.pid)
+            return read(self.source) if self.source else []
         except GLib.Error:
             return []
 
@@ -78,34 +84,32 @@ class Program:
                 and description in (None, node.description)
             )
 
-        for name in names:
-            expected = f"{role} {name!r} {description or ''} with {states}, without {missing}"
-            found = self.wait(expected, lambda nodes: [node for node in nodes if match(node, name)])
-        return found[-1]
+        def all_of(nodes):
+            found = [[node for node in nodes if match(node, name)] for name in names]
+            return found[-1][-1] if all(found) else None
+
+        return self.wait(f"{role} {names} {description or ''} with {states}, without {missing}", all_of)
 
     def sees_page(self):
         """Nothing that shows, no control and no mere decoration, is read out without a name, nor has it the focus."""
-        self.wait("a name on everything", lambda nodes: nodes and all(node.name.strip() for node in nodes))
-        self.focused()
-
-    def act(self, node):
-        node.act(node.actions[0])
+        self.wait("a name on everything, and a keyboard",
+                  lambda nodes: focus(nodes) and all(node.name.strip() for node in nodes))
 
     def press(self, name, role="push button"):
-        self.act(self.sees(role, name, description="" if role == "push button" else None))
+        self.sees(role, name, description="" if role == "push button" else None).act()
 
     def focused(self):
         """The innermost object with the keyboard: its place in the tree and itself. It must show, and have a name."""
+        return self.wait("a named object with the keyboard", focus)
 
-        def innermost(nodes):
-            found = [(i, node) for i, node in enumerate(nodes) if "focused" in node.states]
-            return found[-1] if found and found[-1][1].name.strip() else None
-
-        return self.wait("a named object with the keyboard", innermost)
+    def focused_beyond(self, place):
+        """The same, once the keyboard has left this place."""
+        return self.wait("the keyboard elsewhere",
+                         lambda nodes: (found := focus(nodes)) and found[0] != place and found)
 
     def type(self, *keys):
         for key in keys:
-            Atspi.generate_keyboard_event(key, None, Atspi.KeySynthType.SYM)
+            type_key(key)
 
     def tab_to(self, name, after=-1, key=TAB):
         """Goes from stop to stop to an object of this name, below the place `after` in the tree; returns its place."""
@@ -116,8 +120,7 @@ class Program:
                 sys.exit(f"The tab key goes round without coming to {name!r}")
             seen.add(place)
             self.type(key)
-            self.wait("the keyboard elsewhere", lambda nodes: self.focused()[0] != place)
-            place, node = self.focused()
+            place, node = self.focused_beyond(place)
         return place
 
     def close(self):

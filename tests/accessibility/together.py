@@ -34,13 +34,13 @@ def together(program, executable, folder):
 
     terminal.save("d’ailleurs\n")
     program.press("Enregistrer")
-    program.sees("alert", "Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici.")
+    program.sees("alert message", "Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici.")
     assert text_of(folder) == "d’ailleurs\n", "what was saved elsewhere stays"
     program.press("Recharger")
     program.sees("label", "ENREGISTRÉ")
     types(program, "b")
     program.press("Enregistrer")
-    program.sees("alert", "ENREGISTRÉE")
+    program.sees("alert message", "ENREGISTRÉE")
     assert sorted(text_of(folder)) == sorted("bd’ailleurs\n")
 
     terminal.run("trash", SLUG)

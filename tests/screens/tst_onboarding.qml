@@ -107,6 +107,43 @@ ScreenTest {
         awaitText("Bibliothèque");
     }
 
+    function test_clicks_leave_the_collisions_in_place() {
+        const slugs = Array.from({ length: 30 }, (_, number) => "doublon-" + (100 + number));
+        for (const slug of slugs) {
+            fixture.write(`claude/${slug}/SKILL.md`, "un");
+            fixture.write(`codex/${slug}/SKILL.md`, "deux");
+        }
+        enterImportPage();
+        tryVerify(() => shows("Claude"));
+        let scroller = all("Claude")[0];
+        while (scroller.contentY === undefined)
+            scroller = scroller.parent;
+        const middle = item => item.mapToItem(scroller, 0, item.height / 2).y;
+        const isInView = item => middle(item) > 0 && middle(item) < scroller.height;
+
+        for (let row = 0; row < 20; ++row) {
+            const choice = all(row % 2 ? "Claude" : "Codex")[row];
+            if (!isInView(choice))
+                scroller.contentY += middle(choice) - 2; // where the edge cuts it
+            const place = scroller.contentY;
+            mouseClick(scroller, choice.mapToItem(scroller, 10, 0).x, Math.min(middle(choice) + 1, scroller.height - 1));
+            compare(scroller.contentY, place);
+            verify(choice.activeFocus);
+        }
+        settle();
+        for (let row = 0; row < 30; ++row) {
+            compare(all("Claude")[row].isChosen, row < 20 && row % 2 === 1, slugs[row]);
+            compare(all("Codex")[row].isChosen, row < 20 && row % 2 === 0, slugs[row]);
+        }
+
+        all("Claude")[0].forceActiveFocus(Qt.TabFocusReason);
+        for (let stop = 0; stop < 60; ++stop) {
+            const choice = all(stop % 2 ? "Codex" : "Claude")[Math.floor(stop / 2)];
+            verify(choice.activeFocus && isInView(choice), "stop " + stop);
+            keyClick(Qt.Key_Tab);
+        }
+    }
+
     function test_nothing_to_import() {
         enterImportPage();
         awaitText("0 COMPÉTENCES");
