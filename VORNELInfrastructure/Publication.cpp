@@ -81,6 +81,8 @@ private:
         const Place ready{m_home, temporaryName()};
         try {
             m_files.rename(newcomer, ready, RenameMode::ToFreePlace);
+            flushNames(m_files, m_home);
+            flushNames(m_files, newcomer.folder);
             replaceInTwoSteps(ready, destination);
         } catch (...) {
             bestEffort([&] { removeTree(m_files, ready); });
