@@ -98,7 +98,7 @@ Sheet {
             id: folders
 
             folders: occupants.folders
-            width: parent.width
+            width: parent.width - (scroller.clip ? Metrics.large : 0)
             onReached: row => scroller.contentY = Math.max(row.y + row.height - scroller.height, Math.min(scroller.contentY, row.y))
         }
     }
