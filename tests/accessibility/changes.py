@@ -81,6 +81,7 @@ def selection(program, *names):
     program.sees("dialog", f"Placer {len(names)} compétences dans la corbeille ?")
     program.press("Placer dans la corbeille")
     program.sees("alert message", f"{len(names)} DÉPLACÉES")
+    closes(program)
 
 
 def trash(program, restored, deleted):
