@@ -10,7 +10,9 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <iostream>
 #include <set>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 

@@ -202,10 +202,8 @@ TEST(Service, AnswersNothingBeforeBootstrap)
 {
     LocalWorkspaceService service(std::make_shared<PosixFileSystem>());
     const std::vector<std::function<void()>> operations{
-        [&] { service.scanImports().result(); },
-        [&] { service.reload().result(); },
-        [&] { service.loadSkill({}).result(); },
-        [&] { service.createSkill({}).result(); },
+        [&] { service.scanImports().result(); }, [&] { service.reload().result(); },
+        [&] { service.loadSkill({}).result(); }, [&] { service.createSkill({}).result(); },
         [&] { service.emptyTrash().result(); },
     };
     for (const auto &operation : operations)
