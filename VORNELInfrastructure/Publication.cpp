@@ -92,7 +92,8 @@ private:
 
     void replaceInTwoSteps(const Place &newcomer, const Place &destination)
     {
-        moveTree(m_files, m_publication.destination, m_publication.parking);
+        // A copy that is cut short on its way from another volume goes with the rest of the staging folder.
+        moveTree(m_files, m_publication.destination, m_publication.parking, &m_staging);
         try {
             m_files.rename(newcomer, destination, RenameMode::ToFreePlace);
         } catch (...) {

@@ -103,21 +103,22 @@ try {
 }
 
 /// At every moment the entry stands whole at the one place or the other.
-void moveAcross(FileSystem &files, const Place &before, const Place &after)
+void moveAcross(FileSystem &files, const Place &before, const Place &after, const Folder &staging)
 {
-    Place copy{after.folder, copyToVolume(files, before, after.folder)};
+    const Place copy{staging, copyToVolume(files, before, staging)};
+    bool isInPlace = false;
     const Place hideout{before.folder, temporaryName()};
     bool isHidden = false;
     try {
         files.rename(copy, after, RenameMode::ToFreePlace);
-        copy.name = after.name;
+        isInPlace = true;
         flushNames(files, after.folder);
         isHidden = hidden(files, before, hideout);
     } catch (...) {
         // What a disk reports as failed, it may have done: then the copy is all that is left.
         bestEffort([&] {
             if (files.kindAt(before.folder, before.name))
-                removeTree(files, copy);
+                removeTree(files, isInPlace ? after : copy);
         });
         throw;
     }
@@ -129,7 +130,7 @@ void moveAcross(FileSystem &files, const Place &before, const Place &after)
 
 } // namespace
 
-void moveTree(FileSystem &files, const fs::path &from, const fs::path &to)
+void moveTree(FileSystem &files, const fs::path &from, const fs::path &to, const Folder *staging)
 {
     const Folder source = files.openFolder(from.parent_path());
     const Folder destination = files.openFolder(to.parent_path());
@@ -142,7 +143,7 @@ void moveTree(FileSystem &files, const fs::path &from, const fs::path &to)
     } catch (const fs::filesystem_error &error) {
         if (error.code() != std::errc::cross_device_link)
             throw;
-        moveAcross(files, before, after);
+        moveAcross(files, before, after, staging != nullptr ? *staging : destination);
     }
 }
 

@@ -9,8 +9,10 @@
 namespace vornel {
 
 /// Moves a file or folder to a place where nothing stands, across volumes too. It is on the disk at its new
-/// place before it leaves the old one.
-void moveTree(FileSystem &files, const std::filesystem::path &from, const std::filesystem::path &to);
+/// place before it leaves the old one. From another volume it is first copied to a temporary name, in
+/// `staging` or, without one, beside its new place.
+void moveTree(FileSystem &files, const std::filesystem::path &from, const std::filesystem::path &to,
+              const Folder *staging = nullptr);
 
 /// Removes a file, a link, or a folder, however deep.
 void removeTree(FileSystem &files, const std::filesystem::path &path);

@@ -84,7 +84,8 @@ public:
     void checkNoCopyIsMissing() const
     {
         for (const auto &[slug, skill] : m_after.skills) {
-            const bool mayBeMissing = skill.isTrashed || m_now.find(slug) == nullptr;
+            const bool mayBeMissing =
+                !isActive(m_before, slug) || skill.isTrashed || m_now.find(slug) == nullptr;
             for (const auto &[before, now] :
                  {std::pair{&m_before.claude, &m_now.claude}, {&m_before.codex, &m_now.codex}})
                 EXPECT_TRUE(mayBeMissing || !before->contains(slug) || now->contains(slug))
