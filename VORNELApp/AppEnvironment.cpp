@@ -32,12 +32,13 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
 {
     const WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(environment, home, workspaceLocator);
     const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
-    return {roots.workspace, roots.claude, roots.codex, service, service, service, settings(environment)};
+    return {roots.workspace, roots.claude, roots.codex, service,
+            service,         service,      service,     settings(environment)};
 }
 
 std::unique_ptr<AppModel> AppEnvironment::makeAppModel() const
 {
-    return std::make_unique<AppModel>(workspaceService, targetInspector, trashInspector, workspaceURL,
+    return std::make_unique<AppModel>(workspaceService, targetInspector, trashInspector, drafts, workspaceURL,
                                       claudeRoot, codexRoot, defaults);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <VORNELCore/DraftKeeping.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
 #include <VORNELCore/WorkspaceLocating.h>
@@ -23,6 +24,7 @@ struct AppEnvironment
     std::shared_ptr<WorkspaceServicing> workspaceService;
     std::shared_ptr<TargetInspecting> targetInspector;
     std::shared_ptr<TrashInspecting> trashInspector;
+    std::shared_ptr<DraftKeeping> drafts;
     std::shared_ptr<QSettings> defaults;
 
     /// From the environment's variables, with the defaults below `home`. Touches no folder. With

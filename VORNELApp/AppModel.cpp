@@ -24,12 +24,13 @@ std::optional<E> optionalCase(const QVariant &value)
 } // namespace
 
 AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
-                   std::shared_ptr<TrashInspecting> trashInspector, std::filesystem::path workspaceURL,
-                   std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
-                   std::shared_ptr<QSettings> defaults)
+                   std::shared_ptr<TrashInspecting> trashInspector, std::shared_ptr<DraftKeeping> drafts,
+                   std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
+                   std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults)
     : m_service(std::move(service)),
       m_inspector(std::move(inspector)),
       m_trashInspector(std::move(trashInspector)),
+      m_drafts(std::move(drafts)),
       m_workspaceURL(std::move(workspaceURL)),
       m_claudeRoot(std::move(claudeRoot)),
       m_codexRoot(std::move(codexRoot)),
@@ -118,6 +119,11 @@ QList<SkillSummary> AppModel::needsAttention() const
 {
     const auto &overview = m_overview.value();
     return overview ? LibraryQuery::needsAttention(*overview) : QList<SkillSummary>();
+}
+
+std::optional<KeptDraft> AppModel::foundDraft(const QUuid &id) const
+{
+    return m_foundDraft.first == id ? m_foundDraft.second : std::nullopt;
 }
 
 QList<SkillSummary> AppModel::skills(Destination destination) const

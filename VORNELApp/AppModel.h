@@ -4,6 +4,7 @@
 #include "Departure.h"
 #include "SkillBatch.h"
 
+#include <VORNELCore/DraftKeeping.h>
 #include <VORNELCore/LibraryQuery.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
@@ -18,6 +19,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace vornel {
 
@@ -64,12 +66,12 @@ class AppModel : public QObject
     Q_PROPERTY(vornel::SkillBatch *batch READ batch CONSTANT)
 
 public:
-    /// The inspectors look at what `service` keeps; `defaults` holds what the user's machine remembers
-    /// between two starts.
+    /// The inspectors look at what `service` keeps, and `drafts` lie beside it; `defaults` holds what the
+    /// user's machine remembers between two starts.
     AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
-             std::shared_ptr<TrashInspecting> trashInspector, std::filesystem::path workspaceURL,
-             std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
-             std::shared_ptr<QSettings> defaults);
+             std::shared_ptr<TrashInspecting> trashInspector, std::shared_ptr<DraftKeeping> drafts,
+             std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
+             std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults);
 
     /// Waits for the operations that still run.
     ~AppModel() override;
@@ -144,6 +146,12 @@ public:
 
     /// Looks at the trash, for the screen that shows it.
     TrashInspecting &trashInspector() const { return *m_trashInspector; }
+
+    /// Keeps unsaved texts, for the screen that edits them.
+    DraftKeeping &drafts() const { return *m_drafts; }
+
+    /// The unsaved text of this skill that was found when it was opened.
+    std::optional<KeptDraft> foundDraft(const QUuid &id) const;
 
     /// The library, prepared for queries of which the fields above are the filter.
     const LibraryIndex &libraryIndex() const { return m_libraryIndex.value(); }
@@ -267,6 +275,7 @@ private:
     void enterEveryField() const;
 
     QCoro::Task<> loadSelectedSkill();
+    QCoro::Task<std::optional<KeptDraft>> readDraft(QUuid id);
     QCoro::Task<> reloadQuietly();
     void runBatch(SkillBatch::Kind kind, QList<SkillSummary> skills, SkillBatch::Operation operation);
     void concludeBatch();
@@ -287,6 +296,7 @@ private:
     const std::shared_ptr<WorkspaceServicing> m_service;
     const std::shared_ptr<TargetInspecting> m_inspector;
     const std::shared_ptr<TrashInspecting> m_trashInspector;
+    const std::shared_ptr<DraftKeeping> m_drafts;
     const std::filesystem::path m_workspaceURL;
     const std::filesystem::path m_claudeRoot;
     const std::filesystem::path m_codexRoot;
@@ -294,6 +304,7 @@ private:
     Departure m_departure;
     SkillBatch m_batch;
     QString m_errorCase;
+    std::pair<QUuid, std::optional<KeptDraft>> m_foundDraft; ///< of the skill that was opened last
 
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, Phase, m_phase, &AppModel::phaseChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, OnboardingStep, m_onboardingStep, &AppModel::onboardingStepChanged)

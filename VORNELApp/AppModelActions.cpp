@@ -124,13 +124,29 @@ QCoro::Task<> AppModel::loadSelectedSkill()
     const Operation operation(*this);
     m_isDetailLoading = true;
     clearError();
+    const QUuid id = selectedSkillID();
     try {
-        m_selectedSkill = co_await m_service->loadSkill(selectedSkillID());
+        const SkillDetail detail = co_await m_service->loadSkill(id);
+        const auto draft = co_await readDraft(id);
+        m_foundDraft = {id, draft};
+        m_selectedSkill = detail;
     } catch (const std::exception &error) {
         m_selectedSkill = std::nullopt;
         fail(error);
     }
     m_isDetailLoading = false;
+}
+
+/// A draft that can't be looked for doesn't keep the skill from being shown.
+QCoro::Task<std::optional<KeptDraft>> AppModel::readDraft(QUuid id)
+{
+    std::optional<KeptDraft> draft;
+    try {
+        draft = co_await m_drafts->draft(id);
+    } catch (const std::exception &) {
+        draft.reset();
+    }
+    co_return draft;
 }
 
 QCoro::Task<bool> AppModel::refreshSelectedSkill()
@@ -248,6 +264,7 @@ void AppModel::moveSelectedSkillToTrash()
     perform([this, id = selectedSkillID()]() -> QCoro::Task<> {
         m_overview = co_await m_service->moveToTrash(id);
         deselect();
+        m_drafts->discardDraft(id); // the user has agreed to lose it
         confirm(u"CORBEILLE"_s);
     });
 }

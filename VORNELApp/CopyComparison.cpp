@@ -34,22 +34,35 @@ void CopyComparison::compare(TargetKind target, const QString &path)
         read(this, m_model, m_skillID, target, path, m_request);
 }
 
-QCoro::Task<> CopyComparison::read(QPointer<CopyComparison> self, AppModel *model, QUuid id,
-                                   TargetKind target, QString path, int request)
+void CopyComparison::compareText(const QString &path, const QString &text)
+{
+    show({});
+    read(this, m_model, m_skillID, text, path, ++m_request);
+}
+
+QCoro::Task<> CopyComparison::read(QPointer<CopyComparison> self, AppModel *model, QUuid id, Other other,
+                                   QString path, int request)
 {
     Result result;
     try {
         const auto canonical = co_await model->inspector().readFile(id, std::nullopt, path);
         if (self.isNull())
             co_return;
-        const auto copy = co_await model->inspector().readFile(id, target, path);
-        result = co_await QtConcurrent::run(difference, canonical.value_or(QByteArray()),
-                                            copy.value_or(QByteArray()));
+        const QByteArray compared = co_await bytes(model, id, other, path);
+        result = co_await QtConcurrent::run(difference, canonical.value_or(QByteArray()), compared);
     } catch (const std::exception &error) {
         result.explanation = AppModel::message(error);
     }
     if (!self.isNull() && self->m_request == request)
         self->show(std::move(result));
+}
+
+QCoro::Task<QByteArray> CopyComparison::bytes(AppModel *model, QUuid id, Other other, QString path)
+{
+    if (const QString *text = std::get_if<QString>(&other))
+        co_return text->toUtf8();
+    const auto copy = co_await model->inspector().readFile(id, std::get<TargetKind>(other), path);
+    co_return copy.value_or(QByteArray());
 }
 
 CopyComparison::Result CopyComparison::difference(const QByteArray &canonical, const QByteArray &copy)
@@ -60,7 +73,9 @@ CopyComparison::Result CopyComparison::difference(const QByteArray &canonical, c
     const auto lines = lineDiff(canonical, copy);
     if (!lines)
         return {{}, u"Ce fichier n’est pas un texte."_s};
-    return {*lines, lines->isEmpty() ? u"Ce fichier est vide."_s : QString()};
+    if (!lines->isEmpty())
+        return {*lines, {}};
+    return {{}, canonical.isEmpty() ? u"Ce fichier est vide."_s : u"Il n’y a pas de différence."_s};
 }
 
 void CopyComparison::show(Result result)

@@ -6,9 +6,11 @@
 #include <QAbstractListModel>
 #include <QPointer>
 
+#include <variant>
+
 namespace vornel {
 
-/// The lines in which one file of an assistant's copy differs from that of the canonical folder.
+/// The lines in which a file of an assistant's copy, or a text, differs from that of the canonical folder.
 class CopyComparison : public QAbstractListModel
 {
     Q_OBJECT
@@ -22,6 +24,9 @@ public:
 
     /// Begins to compare this file of the skill.
     Q_INVOKABLE void compare(vornel::TargetKind target, const QString &path);
+
+    /// Begins to compare a text with this file of the skill.
+    Q_INVOKABLE void compareText(const QString &path, const QString &text);
 
     /// Why there are no lines.
     QString explanation() const { return m_result.explanation; }
@@ -42,8 +47,12 @@ private:
         QString explanation;
     };
 
-    static QCoro::Task<> read(QPointer<CopyComparison> self, AppModel *model, QUuid id, TargetKind target,
+    /// What the file is compared with: that of a copy, or a text.
+    using Other = std::variant<TargetKind, QString>;
+
+    static QCoro::Task<> read(QPointer<CopyComparison> self, AppModel *model, QUuid id, Other other,
                               QString path, int request);
+    static QCoro::Task<QByteArray> bytes(AppModel *model, QUuid id, Other other, QString path);
     static Result difference(const QByteArray &canonical, const QByteArray &copy);
     void show(Result result);
 

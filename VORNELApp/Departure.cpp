@@ -33,6 +33,12 @@ void Departure::stay()
     setAction({});
 }
 
+void Departure::force()
+{
+    m_isForced = true;
+    Q_EMIT forced();
+}
+
 void Departure::setAction(const QJSValue &action)
 {
     m_action = action;

@@ -16,11 +16,12 @@ class Departure : public QObject
     QML_UNCREATABLE("belongs to the model")
     Q_PROPERTY(bool isGuarded READ isGuarded NOTIFY isGuardedChanged)
     Q_PROPERTY(bool isPending READ isPending NOTIFY isPendingChanged)
+    Q_PROPERTY(bool isForced READ isForced NOTIFY forced)
 
 public:
     using QObject::QObject;
 
-    bool isGuarded() const { return !m_guards.isEmpty(); }
+    bool isGuarded() const { return !m_isForced && !m_guards.isEmpty(); }
 
     /// Whether `guard` holds edits that would be lost. It must say so no more before it goes.
     void setGuarded(const QObject *guard, bool isGuarded);
@@ -37,15 +38,23 @@ public:
     /// The user stays: forgets what waits.
     Q_INVOKABLE void stay();
 
+    /// The program has to end, and asks nothing: whoever holds edits keeps them now. Nothing is guarded from
+    /// then on.
+    Q_INVOKABLE void force();
+
+    bool isForced() const { return m_isForced; }
+
 Q_SIGNALS:
     void isGuardedChanged();
     void isPendingChanged();
+    void forced();
 
 private:
     void setAction(const QJSValue &action);
 
     QSet<const QObject *> m_guards;
     QJSValue m_action;
+    bool m_isForced = false;
 };
 
 } // namespace vornel

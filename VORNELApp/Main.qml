@@ -2,7 +2,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The application's window, shown by whoever places it. Closing it waits for what is being done, and stays if that has failed. */
+/** The application's window, shown by whoever places it. Closing it waits for what is being done, and stays if that has failed, unless the program has to end. */
 Window {
     id: window
 
@@ -33,7 +33,7 @@ Window {
             if (!window.isClosing || window.model.isBusy)
                 return;
             window.isClosing = false;
-            if (window.model.errorMessage === "")
+            if (window.model.errorMessage === "" || window.model.departure.isForced)
                 window.close();
         }
 

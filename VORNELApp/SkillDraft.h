@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppModel.h"
+#include "DraftKeeper.h"
 #include "FaithfulText.h"
 
 #include <QPointer>
@@ -14,7 +15,7 @@ namespace vornel {
 
 /// The text of the selected skill while it is edited in `document`. It begins anew with each other skill;
 /// when the same skill is read again, unsaved edits stay. While there are any, the model's departure is
-/// guarded.
+/// guarded, and a draft of them is kept, which is taken up when the skill is opened the next time.
 class SkillDraft : public QObject, public QQmlParserStatus
 {
     Q_OBJECT
@@ -25,6 +26,8 @@ class SkillDraft : public QObject, public QQmlParserStatus
     Q_PROPERTY(bool isModified READ isModified NOTIFY isModifiedChanged)
     Q_PROPERTY(int characterCount READ characterCount NOTIFY characterCountChanged)
     Q_PROPERTY(Standing standing READ standing NOTIFY standingChanged)
+    Q_PROPERTY(QString foundMoment READ foundMoment NOTIFY foundMomentChanged)
+    Q_PROPERTY(QString keepingFailure READ keepingFailure NOTIFY keepingFailureChanged)
 
 public:
     /// Whether the skill is still what was opened: `Stale` when it has moved on, `Gone` when it is no longer
@@ -42,6 +45,22 @@ public:
     int characterCount() const { return m_characterCount; }
 
     Standing standing() const { return m_standing; }
+
+    /// When the unsaved text was typed that has been found and taken up, "22 novembre à 14:32"; empty without
+    /// one, and once the user has decided what becomes of it.
+    QString foundMoment() const { return m_foundMoment; }
+
+    /// Why the edits aren't kept until they are saved, as the user reads it; empty while they are.
+    QString keepingFailure() const { return m_keeper ? m_keeper->failure() : QString(); }
+
+    /// The text as it would be saved.
+    Q_INVOKABLE QString text() const { return m_text->text(); }
+
+    /// Goes on with the text that was found.
+    Q_INVOKABLE void keepFound() { setFoundMoment({}); }
+
+    /// Runs `action` if the skill is still what was opened; otherwise `saveFailed` follows.
+    Q_INVOKABLE void check(const QJSValue &action);
 
     /// Saves the text, unless the skill isn't what was opened; `saved` or `saveFailed` follows.
     Q_INVOKABLE void save();
@@ -65,29 +84,41 @@ Q_SIGNALS:
     void isModifiedChanged();
     void characterCountChanged();
     void standingChanged();
+    void foundMomentChanged();
+    void keepingFailureChanged();
     void saved();
     void saveFailed();
 
 private:
     static QCoro::Task<> saveText(QPointer<SkillDraft> draft, AppModel *model, QString text);
+    static QCoro::Task<> checkText(QPointer<SkillDraft> draft, AppModel *model, QJSValue action);
+    static QCoro::Task<> lookForChanges(QPointer<SkillDraft> draft, AppModel *model);
     static QCoro::Task<> reloadText(QPointer<SkillDraft> draft, AppModel *model);
+    void refuse();
     void conclude(bool succeeded);
     void followSkill();
     void begin(const SkillDetail &skill);
+    void takeUpFoundDraft();
     void take(const QString &text);
     void adopt(const QString &text);
     void followLibrary();
     void measure();
     void count();
     void setModified(bool isModified);
+    void settle();
     void setStanding(Standing standing);
+    void setFoundMoment(const QString &moment);
 
     AppModel *m_model = nullptr;
     QQuickTextDocument *m_document = nullptr;
     std::optional<FaithfulText> m_text;
     QUuid m_skillID;
-    QString m_savedText; ///< what the skill held when the edits began
-    QString m_sentText;  ///< what was last asked to be saved
+    QString m_savedText;  ///< what the skill holds, as far as is known here
+    QString m_baseDigest; ///< of the saved text with which the edits began
+    QString m_sentText;   ///< what was last asked to be saved
+    QString m_foundMoment;
+    std::optional<DraftKeeper> m_keeper;
+    bool m_isSaving = false;
     bool m_isModified = false;
     int m_characterCount = 0;
     QTimer m_counting; ///< as soon as nothing else is to be done: the whole text is counted

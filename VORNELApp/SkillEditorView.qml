@@ -34,7 +34,7 @@ FocusScope {
         else if (model.isWorking)
             model.departure.stay();
         else
-            differences.replaceCopies("Enregistrer", () => draft.save());
+            draft.check(() => differences.replaceCopies("Enregistrer", () => draft.save()));
     }
 
     onSkillIDChanged: selectedFile = "SKILL.md"
@@ -107,14 +107,19 @@ FocusScope {
         model: editor.model
         onDetailsAsked: differences.show("Synchroniser", () => editor.model.synchronizeSelectedSkill())
     }
-    StaleNotice {
-        id: notice
+    EditorNotices {
+        id: notices
 
         anchors.left: facts.left
         anchors.right: facts.right
         anchors.top: facts.bottom
-        anchors.topMargin: visible ? Metrics.medium : 0
+        anchors.topMargin: height > 0 ? Metrics.medium : 0
         draft: editor.draft
+        onComparisonAsked: {
+            comparison.make();
+            (comparison.item as TextComparisonSheet).compare();
+        }
+        onDecided: instructions.forceActiveFocus()
     }
     FileTree {
         id: tree
@@ -122,7 +127,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Metrics.huge
         anchors.left: facts.left
-        anchors.top: notice.bottom
+        anchors.top: notices.bottom
         anchors.topMargin: Metrics.medium
         relativeFiles: editor.detail?.relativeFiles ?? []
         selectedFile: editor.selectedFile
@@ -179,6 +184,12 @@ FocusScope {
         copies: copies
         model: editor.model
         onDeclined: editor.model.departure.stay()
+    }
+    DeferredItem {
+        id: comparison
+
+        file: "TextComparisonSheet.qml"
+        properties: ({ draft: editor.draft, model: editor.model })
     }
     UnsavedSheet {
         id: unsaved

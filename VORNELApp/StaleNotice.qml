@@ -1,57 +1,45 @@
-import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
 /** Tells that the skill was changed or removed elsewhere while it is edited here, and what can be done. */
-Rectangle {
+EditorNotice {
     id: notice
 
     required property SkillDraft draft
 
     readonly property bool isGone: draft.standing === SkillDraft.Gone
 
-    implicitHeight: visible ? Math.max(line.height, actions.height) + 2 * Metrics.small : 0
-    border.color: Colors.warning
-    border.width: Metrics.hairline
-    color: Colors.tint(Colors.warning)
-    radius: Metrics.controlRadius
-    visible: draft.standing !== SkillDraft.Current
+    signal comparisonAsked
 
-    Accessible.name: line.text
-    Accessible.role: Accessible.AlertMessage
+    /** The notice is about to go. */
+    signal decided
 
-    Label {
-        id: line
-
-        anchors.left: parent.left
-        anchors.leftMargin: Metrics.large
-        anchors.right: actions.left
-        anchors.rightMargin: Metrics.medium
-        anchors.verticalCenter: parent.verticalCenter
-        text: notice.isGone ? "Cette compétence n’est plus dans la bibliothèque. Votre texte est encore ici."
-                            : "Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici."
-        wrapMode: Text.Wrap
-
-        Accessible.ignored: true
+    text: {
+        if (isGone)
+            return "Cette compétence n’est plus dans la bibliothèque. Votre texte est encore ici.";
+        if (draft.foundMoment !== "")
+            return "Texte non enregistré du " + draft.foundMoment + " retrouvé. La compétence a changé depuis.";
+        return "Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici.";
     }
-    Row {
-        id: actions
 
-        anchors.right: parent.right
-        anchors.rightMargin: Metrics.small
-        anchors.verticalCenter: parent.verticalCenter
-        spacing: Metrics.small
-
-        ActionButton {
-            symbol: "copy"
-            text: "Copier le texte"
-            onClicked: notice.draft.copy()
-        }
-        ActionButton {
-            symbol: "rotate-cw"
-            text: "Recharger"
-            visible: !notice.isGone
-            onClicked: notice.draft.reload()
+    ActionButton {
+        symbol: "file-text"
+        text: "Comparer"
+        visible: !notice.isGone
+        onClicked: notice.comparisonAsked()
+    }
+    ActionButton {
+        symbol: "copy"
+        text: "Copier le texte"
+        onClicked: notice.draft.copy()
+    }
+    ActionButton {
+        symbol: "rotate-cw"
+        text: "Recharger"
+        visible: !notice.isGone
+        onClicked: {
+            notice.draft.reload();
+            notice.decided();
         }
     }
 }

@@ -33,7 +33,7 @@ QQuickWindow *VORNELApp::showWindow()
 
 bool VORNELApp::raiseWindow(const QByteArray &token)
 {
-    if (!window()->isVisible())
+    if (!window()->isVisible() || m_model->departure()->isForced())
         return false;
     if (!token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", token);
@@ -42,6 +42,12 @@ bool VORNELApp::raiseWindow(const QByteArray &token)
     window()->raise();
     window()->requestActivate();
     return true;
+}
+
+void VORNELApp::end()
+{
+    m_model->departure()->force();
+    window()->close();
 }
 
 QQuickWindow *VORNELApp::window() const

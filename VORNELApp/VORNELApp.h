@@ -30,6 +30,9 @@ public:
     /// `token` is what the desktop gave to whoever asked for it.
     bool raiseWindow(const QByteArray &token);
 
+    /// Closes the window as soon as what runs is done. Nothing is asked: unsaved texts are kept.
+    void end();
+
     /// Makes fonts, icons and modules known to an engine that shows the product's components.
     static void prepare(QQmlEngine &engine);
 

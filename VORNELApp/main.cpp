@@ -1,4 +1,5 @@
 #include "SingleInstance.h"
+#include "TerminationSignals.h"
 #include "VORNELApp.h"
 
 #include <VORNELCore/ErrorMessage.h>
@@ -120,6 +121,8 @@ int showApplication(bool endsAfterFirstFrame)
     if (endsAfterFirstFrame)
         QObject::connect(window, &QQuickWindow::frameSwapped, qApp, &QGuiApplication::quit,
                          Qt::QueuedConnection);
+    const TerminationSignals signals;
+    QObject::connect(&signals, &TerminationSignals::received, window, [&application] { application.end(); });
     const int status = QGuiApplication::exec();
     instance.retire(); // before the model ends, which may take its time
     return status;

@@ -8,6 +8,17 @@ using namespace Qt::StringLiterals;
 
 namespace vornel::Wording {
 
+namespace {
+
+/// `format` as in "MMMM yyyy".
+QString dayText(const QDate &day, const QString &format)
+{
+    const QString number = day.day() == 1 ? u"1er"_s : QString::number(day.day());
+    return number + u' ' + QLocale(QLocale::French, QLocale::France).toString(day, format);
+}
+
+} // namespace
+
 QString maturity(Maturity maturity)
 {
     switch (maturity) {
@@ -81,10 +92,15 @@ QString moment(const QDateTime &instant, const QDateTime &now)
     constexpr int week = 7;
     if (instant.daysTo(now) < week)
         return age(instant, now);
-    const QDate day = instant.toLocalTime().date();
-    const QString number = day.day() == 1 ? u"1er"_s : QString::number(day.day());
-    const QLocale french(QLocale::French, QLocale::France);
-    return u"le "_s + number + french.toString(day, u" MMMM yyyy"_s);
+    return u"le "_s + dayText(instant.toLocalTime().date(), u"MMMM yyyy"_s);
+}
+
+QString dayAndTime(const QDateTime &instant, const QDateTime &now)
+{
+    const QDateTime local = instant.toLocalTime();
+    const bool isThisYear = local.date().year() == now.toLocalTime().date().year();
+    return dayText(local.date(), isThisYear ? u"MMMM"_s : u"MMMM yyyy"_s) + u" à "_s +
+           local.toString(u"HH:mm"_s);
 }
 
 QString fileSize(qint64 bytes)

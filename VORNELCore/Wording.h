@@ -27,6 +27,10 @@ QString age(const QDateTime &instant, const QDateTime &now);
 /// "le 1er mars 2026".
 QString moment(const QDateTime &instant, const QDateTime &now);
 
+/// The day and the time where the user is, with the year where it isn't that of `now`: "22 novembre à 14:32",
+/// "1er mars 2025 à 09:05".
+QString dayAndTime(const QDateTime &instant, const QDateTime &now);
+
 /// "812 octets", "1,4 ko".
 QString fileSize(qint64 bytes);
 

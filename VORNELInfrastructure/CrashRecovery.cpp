@@ -1,6 +1,7 @@
 #include "CrashRecovery.h"
 
 #include "BestEffort.h"
+#include "SkillDrafts.h"
 #include "SkillFolderStore.h"
 #include "SkillRecords.h"
 #include "TreeOperations.h"
@@ -62,13 +63,23 @@ bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)
            std::ranges::any_of(activeManifests(workspace), hasID);
 }
 
-/// A skill that is being deleted for good is staged under its identifier until its history is gone.
+/// A skill that is being deleted for good is staged under its identifier until its history and its draft are
+/// gone.
 void finishDeletion(const Workspace &workspace, const std::string &stage)
 {
     const auto id = uuidFromText(QString::fromStdString(stage));
-    if (!id || !workspace.files.kindAt(workspace.config.historyOf(*id)) || isInLibraryOrTrash(workspace, *id))
+    if (!id)
         return;
-    SkillFolderStore(workspace).discard(workspace.config.historyOf(*id));
+    const SkillDrafts drafts(workspace);
+    const bool hasHistory = workspace.files.kindAt(workspace.config.historyOf(*id)).has_value();
+    bool hasDraft = false;
+    bestEffort([&] { hasDraft = drafts.exists(*id); });
+    if ((!hasHistory && !hasDraft) || isInLibraryOrTrash(workspace, *id))
+        return;
+    if (hasHistory)
+        SkillFolderStore(workspace).discard(workspace.config.historyOf(*id));
+    if (hasDraft)
+        drafts.discard(*id);
 }
 
 void removeAbandonedStages(const Workspace &workspace)

@@ -3,6 +3,7 @@
 #include "SerialExecutor.h"
 #include "Workspace.h"
 
+#include <VORNELCore/DraftKeeping.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
 #include <VORNELCore/WorkspaceServicing.h>
@@ -14,7 +15,10 @@ namespace vornel {
 
 /// The workspace on this machine's disk. Operations run one at a time in the order of the calls; several
 /// programs may work on one workspace, each operation holds it locked while it runs.
-class LocalWorkspaceService : public WorkspaceServicing, public TargetInspecting, public TrashInspecting
+class LocalWorkspaceService : public WorkspaceServicing,
+                              public TargetInspecting,
+                              public TrashInspecting,
+                              public DraftKeeping
 {
 public:
     /// All file operations go through `manager`.
@@ -44,6 +48,9 @@ public:
                                                 QString relativePath) override;
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
     QFuture<QHash<QUuid, QDateTime>> trashDates() override;
+    QFuture<void> keepDraft(QUuid id, KeptDraft draft) override;
+    QFuture<std::optional<KeptDraft>> draft(QUuid id) override;
+    QFuture<void> discardDraft(QUuid id) override;
 
 private:
     /// Runs `operation` on the open workspace, locked; throws `notBootstrapped` when none is open.

@@ -10,6 +10,7 @@
 #include <memory>
 #include <mutex>
 #include <thread>
+#include <type_traits>
 
 namespace vornel {
 
@@ -28,7 +29,10 @@ public:
         QFuture<Result> future = promise->future();
         append([promise = std::move(promise), function = std::move(function)] {
             try {
-                promise->addResult(function(*promise));
+                if constexpr (std::is_void_v<Result>)
+                    function(*promise);
+                else
+                    promise->addResult(function(*promise));
             } catch (...) {
                 promise->setException(std::current_exception());
             }

@@ -2,6 +2,7 @@
 
 #include "BestEffort.h"
 #include "CrashRecovery.h"
+#include "SkillDrafts.h"
 #include "TargetSynchronizer.h"
 #include "TreeOperations.h"
 
@@ -97,11 +98,12 @@ void SkillTrash::remove(const QUuid &id) const
     m_workspace.failedSyncTargets.remove(id);
     discardParkedFolders(m_workspace, id);
     const Configuration &config = m_workspace.config;
-    // Should this be cut short, its name in staging tells the next start whose history has to go too.
+    // Should this be cut short, its name in staging tells the next start whose history and draft go too.
     const fs::path condemned = config.staging() / pathFromText(uuidText(id));
     moveTree(m_workspace.files, config.trashed(id), condemned);
     if (m_workspace.files.kindAt(config.historyOf(id)))
         m_store.discard(config.historyOf(id));
+    bestEffort([&] { SkillDrafts(m_workspace).discard(id); });
     removeTree(m_workspace.files, condemned);
 }
 

@@ -43,7 +43,8 @@ std::vector<fs::path> unfinishedParts(const Workspace &workspace)
                 collect(workspace.files, workspace.files.openFolder(folder), reach, found);
         });
     };
-    for (const fs::path &folder : {config.bookkeeping(), config.recovery(), config.claude, config.codex})
+    for (const fs::path &folder :
+         {config.bookkeeping(), config.recovery(), config.drafts(), config.claude, config.codex})
         look(folder, Reach::Entries);
     // A skill's manifest is also rewritten where it stands.
     for (const fs::path &folder : {config.skills(), config.trash()})

@@ -217,6 +217,10 @@ TEST(Wording, TellsAgesMomentsSizesAndNumbers)
     EXPECT_EQ(Wording::moment(noon.addDays(-6), noon), u"il y a 6 jours"_s);
     EXPECT_EQ(Wording::moment(noon.addDays(-7), noon), u"le 5 mars 2026"_s);
     EXPECT_EQ(Wording::moment(QDateTime(QDate(2025, 8, 1), QTime(12, 0)), noon), u"le 1er août 2025"_s);
+    EXPECT_EQ(Wording::dayAndTime(QDateTime(QDate(2026, 3, 1), QTime(9, 5)).toUTC(), noon),
+              u"1er mars à 09:05"_s);
+    EXPECT_EQ(Wording::dayAndTime(QDateTime(QDate(2025, 12, 31), QTime(14, 32)), noon),
+              u"31 décembre 2025 à 14:32"_s);
     EXPECT_EQ(Wording::fileSize(1), u"1\u00A0octet"_s);
     EXPECT_EQ(Wording::fileSize(999), u"999\u00A0octets"_s);
     EXPECT_EQ(Wording::fileSize(1'440), u"1,4\u00A0ko"_s);

@@ -1,5 +1,7 @@
 #include "Scenes.h"
 
+#include <QTest>
+
 #include <fstream>
 #include <sstream>
 
@@ -82,6 +84,20 @@ void photographCopies(const Photographer &photographer, Stage &stage)
     stage.settle();
 }
 
+DraftKeeping &drafts(Stage &stage)
+{
+    return *stage.application().environment.drafts;
+}
+
+/// Leaves the skill, and the edits of it.
+void abandon(Stage &stage)
+{
+    const QUuid id = stage.model().selectedSkillID();
+    stage.model().closeSkill();
+    drafts(stage).discardDraft(id).waitForFinished();
+    stage.settle();
+}
+
 /// An edit here while the skill is edited, and then removed, in the workspace.
 void photographStale(const Photographer &photographer, Stage &stage)
 {
@@ -94,14 +110,49 @@ void photographStale(const Photographer &photographer, Stage &stage)
     stage.model().reload();
     stage.quieten();
     photographer.take(u"editor-stale"_s);
+    photographer.click(u"Comparer"_s);
+    Stage::rest();
+    photographer.take(u"editor-comparison"_s);
+    photographer.click(u"Fermer"_s);
     fs::remove_all(skill);
     stage.model().reload();
     stage.quieten();
     photographer.take(u"editor-gone"_s);
     fs::copy(kept, skill, fs::copy_options::recursive);
-    stage.model().closeSkill();
+    abandon(stage);
     stage.model().reload();
     stage.quieten();
+}
+
+/// A text that was typed before the program ended; and the same once its skill has changed.
+void photographFound(const Photographer &photographer, Stage &stage)
+{
+    const QUuid id = stage.idOf(u"notes-de-version"_s);
+    const QString text = u"# Notes de version\n\nÀ reprendre\u00A0: les ruptures d’abord.\n"_s;
+    const QDateTime moment(QDate::currentDate(), QTime(14, 32));
+    stage.open(u"notes-de-version"_s);
+    const QString saved = stage.model().selectedSkill()->skillMD;
+    for (const auto &[base, picture] :
+         {std::pair(saved, u"editor-found"_s), std::pair(u"x"_s, u"editor-found-stale"_s)}) {
+        stage.model().closeSkill();
+        drafts(stage).keepDraft(id, {1, text, KeptDraft::digestOf(base), moment}).waitForFinished();
+        stage.open(u"notes-de-version"_s);
+        photographer.take(picture);
+        abandon(stage);
+    }
+}
+
+/// A disk that doesn't take what is typed.
+void photographUnkept(const Photographer &photographer, Stage &stage)
+{
+    fs::remove_all(stage.path("VORNEL/.vornel/drafts"));
+    std::ofstream(stage.path("VORNEL/.vornel/drafts")) << "x";
+    stage.open(u"notes-de-version"_s);
+    photographer.type(u"Une ligne de plus.\n"_s);
+    QTest::qWait(1'500);
+    photographer.take(u"editor-unkept"_s);
+    abandon(stage);
+    fs::remove(stage.path("VORNEL/.vornel/drafts"));
 }
 
 } // namespace
@@ -112,6 +163,8 @@ void photographEditor(Photographer &photographer, Stage &stage)
     photographChoices(photographer, stage);
     photographPicture(photographer, stage);
     photographStale(photographer, stage);
+    photographFound(photographer, stage);
+    photographUnkept(photographer, stage);
     photographCopies(photographer, stage);
 }
 

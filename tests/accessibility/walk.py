@@ -5,6 +5,7 @@ import shutil
 import sys
 
 from changes import NAME, attention, category, creation, edition, selection, trash
+from drafts import ends_with_edits, finds_edits
 from first_start import failure, onboarding, opens_at_once, preparation, settles
 from program import BACKTAB, DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
 from starts import speaks_without_window, starts_again
@@ -171,6 +172,11 @@ def main(executable, command_line, demo, folder):
         program.sees("list item", NAME, states={"focused"})
         starts_again(executable, program, first)
         together(program, command_line, first)
+        program.press("Bibliothèque", "radio button")
+        ends_with_edits(program, first)
+    with Program(executable, first) as program:
+        program.takes_keyboard()
+        finds_edits(program, first)
         program.close()
     with Program(executable, library(demo, folder / "overlapping")[0], workspace="claude/workspace") as program:
         program.takes_keyboard()

@@ -2,6 +2,7 @@
 
 #include "StartingState.h"
 
+#include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
 
 #include <QClipboard>
@@ -33,7 +34,7 @@ void Fixture::restart()
     m_model.reset();
     const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
     m_model = std::make_unique<AppModel>(
-        service, service, service, m_scratch.path("workspace"), m_scratch.path("claude"),
+        service, service, service, service, m_scratch.path("workspace"), m_scratch.path("claude"),
         m_scratch.path("codex"),
         std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));
     Q_EMIT modelChanged();
@@ -42,6 +43,11 @@ void Fixture::restart()
 void Fixture::write(const QString &below, const QString &text) const
 {
     m_scratch.write(below.toStdString(), text.toStdString());
+}
+
+void Fixture::writeLatin1(const QString &below, const QString &text) const
+{
+    m_scratch.write(below.toStdString(), text.toLatin1().toStdString());
 }
 
 QString Fixture::bytes(const QString &below) const
@@ -68,6 +74,18 @@ bool Fixture::saveElsewhere(const QString &slug, const QString &text) const
     const auto other = startService(m_scratch.path());
     const SkillDetail skill = other->loadSkill(idOf(slug)).result();
     return other->saveSkill(skill.manifest.id, skill.manifest.revision, text).result().skillMD == text;
+}
+
+QStringList Fixture::keptTexts() const
+{
+    QStringList texts;
+    if (!std::filesystem::exists(m_scratch.path("workspace/.vornel/drafts")))
+        return texts;
+    for (const auto &[name, bytes] : m_scratch.tree("workspace/.vornel/drafts")) {
+        if (const auto draft = RecordJson::decodeDocument<KeptDraft>(QByteArray::fromStdString(bytes)))
+            texts.append(draft->text);
+    }
+    return texts;
 }
 
 QString Fixture::clipboard()

@@ -28,6 +28,9 @@ public:
     /// Writes a file below the scratch folder: "claude/audit/SKILL.md".
     Q_INVOKABLE void write(const QString &below, const QString &text) const;
 
+    /// Writes a file that isn't UTF-8, unless its text is plain.
+    Q_INVOKABLE void writeLatin1(const QString &below, const QString &text) const;
+
     /// The bytes of a file, and those of a text, as hexadecimal digits.
     Q_INVOKABLE QString bytes(const QString &below) const;
     Q_INVOKABLE static QString bytesOfText(const QString &text);
@@ -37,6 +40,9 @@ public:
 
     /// Saves a skill's text as another program would, and tells whether that succeeded.
     Q_INVOKABLE bool saveElsewhere(const QString &slug, const QString &text) const;
+
+    /// The unsaved texts that are kept.
+    Q_INVOKABLE QStringList keptTexts() const;
 
     /// What is on the clipboard.
     Q_INVOKABLE static QString clipboard();

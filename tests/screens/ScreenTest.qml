@@ -24,13 +24,14 @@ TestCase {
         }
     }
 
-    /** Every visible item of this accessible name. */
+    /** Every visible item of this accessible name, or of one that matches an expression. */
     function all(name) {
         const found = [];
         function walk(item) {
             if (!item.visible)
                 return;
-            if (item.Accessible.name === name && !item.Accessible.ignored)
+            const isFound = name instanceof RegExp ? name.test(item.Accessible.name) : item.Accessible.name === name;
+            if (isFound && !item.Accessible.ignored)
                 found.push(item);
             for (let index = 0; index < item.children.length; ++index)
                 walk(item.children[index]);

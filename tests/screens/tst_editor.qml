@@ -49,6 +49,25 @@ ScreenTest {
     function undo() {
         keyClick(Qt.Key_Z, Qt.ControlModifier);
     }
+    function acceptDifferences() {
+        awaitText("Différences avec les copies");
+        for (let stop = 0; stop < 3; ++stop)
+            keyClick(Qt.Key_Tab); // over the lines and the way back
+        keyClick(Qt.Key_Return);
+        awaitText("ENREGISTRÉE");
+        awaitText("Claude, à jour");
+        tryVerify(() => !shows("Différences avec les copies"));
+        settle();
+    }
+    function awaitKept(texts) {
+        tryVerify(() => JSON.stringify(fixture.keptTexts()) === JSON.stringify(texts), 2000, "keeps " + texts);
+    }
+    /** The program ends, however it does, and is started again. */
+    function reopen() {
+        close();
+        fixture.restart();
+        showSkill();
+    }
     function verifyStored(text) {
         compare(fixture.bytes(file), fixture.bytesOfText(text));
         compare(fixture.bytes("claude/audit/SKILL.md"), fixture.bytesOfText(text));
@@ -231,8 +250,6 @@ ScreenTest {
         verify(fixture.saveElsewhere("audit", "autre\n"));
         keyClick(Qt.Key_S, Qt.ControlModifier);
         awaitText("Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici.");
-        verify(fixture.model.errorMessage !== "");
-        click("Fermer");
         click("Copier le texte");
         compare(fixture.clipboard(), "xtexte\r\n");
         click("Recharger");
@@ -259,6 +276,156 @@ ScreenTest {
         typeAt(0, "y");
         save();
         verifyStored("yautre");
+    }
+
+    function test_an_edit_in_place_is_never_replaced_unseen() {
+        openSkill("un\ndeux\n");
+        typeAt(0, "x");
+        for (const folder of ["workspace/skills", "claude", "codex"])
+            fixture.write(folder + "/audit/notes.md", "à côté");
+        save(); // what else has changed is no matter for the text
+        awaitText("notes.md");
+        typeAt(0, "y");
+        fixture.write(file, "un\nDEUX\n");
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("Recharger");
+        compare(fixture.bytes(file), fixture.bytesOfText("un\nDEUX\n"));
+        compare(textArea().text, "yxun\ndeux\n");
+        click("Comparer");
+        awaitText("DEUX");
+        verify(shows("yxun"));
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !shows("DEUX"));
+        click("Recharger");
+        tryCompare(textArea(), "text", "un\nDEUX\n");
+        textArea().forceActiveFocus();
+        undo();
+        keyClick(Qt.Key_S, Qt.ControlModifier); // knowingly
+        acceptDifferences();
+        verifyStored("yxun\ndeux\n");
+
+        typeAt(0, "z");
+        fixture.writeLatin1(file, "\u00e9");
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("Recharger");
+        compare(fixture.bytes(file), "e9");
+    }
+
+    function test_unsaved_text_is_kept() {
+        openSkill("Prix\u00a0: 3\r\nfin");
+        typeAt(0, "");
+        let typed = "";
+        for (const start = Date.now(); Date.now() - start < 2000; wait(50)) {
+            type("x");
+            typed += "x";
+        }
+        verify(fixture.keptTexts().length === 1, "while the typing goes on");
+        awaitKept([typed + "Prix\u00a0: 3\r\nfin"]);
+        textArea().selectAll();
+        keyClick(Qt.Key_Delete);
+        awaitKept([""]);
+        while (textArea().canUndo)
+            undo();
+        awaitKept([]);
+        typeAt(0, "y");
+        awaitKept(["yPrix\u00a0: 3\r\nfin"]);
+        save();
+        awaitKept([]);
+        typeAt(0, "z");
+        tryVerify(() => fixture.keptTexts().length === 1);
+        keyClick(Qt.Key_Escape);
+        awaitText("Ne pas enregistrer");
+        click("Ne pas enregistrer");
+        awaitKept([]);
+    }
+
+    function test_unsaved_text_is_found_again() {
+        openSkill("texte\r\n");
+        typeAt(0, "x");
+        awaitKept(["xtexte\r\n"]);
+        reopen();
+        awaitText("Garder");
+        compare(textArea().text, "xtexte\n");
+        verify(shows("MODIFIÉ"));
+        typeAt(0, "y");
+        awaitKept(["yxtexte\r\n"]);
+        click("Garder");
+        verify(!shows("Garder") && textArea().activeFocus);
+
+        reopen();
+        awaitText("Abandonner");
+        click("Abandonner");
+        compare(textArea().text, "texte\n");
+        verify(shows("ENREGISTRÉ") && !shows("Garder"));
+        awaitKept([]);
+        textArea().forceActiveFocus();
+        undo();
+        awaitKept(["yxtexte\r\n"]);
+        save();
+        verifyStored("yxtexte\r\n");
+        reopen();
+        verify(!shows("Garder") && shows("ENREGISTRÉ"));
+    }
+
+    function test_found_text_of_a_skill_that_has_changed() {
+        openSkill("texte");
+        typeAt(0, "x");
+        awaitKept(["xtexte"]);
+        close();
+        fixture.restart();
+        for (const folder of ["workspace/skills", "claude", "codex"])
+            fixture.write(folder + "/audit/SKILL.md", "autre");
+        showSkill();
+        awaitText("Recharger");
+        verify(!shows("Garder"));
+        compare(textArea().text, "xtexte");
+        click("Catégorie, Autre");
+        click("Design"); // after which the skill is read anew
+        awaitText("CATÉGORIE MODIFIÉE");
+        settle();
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        settle();
+        compare(fixture.bytes(file), fixture.bytesOfText("autre"));
+        textArea().forceActiveFocus();
+        undo();
+        compare(textArea().text, "autre");
+        verify(!shows("Recharger") && shows("ENREGISTRÉ"));
+        awaitKept([]);
+        typeAt(0, "y");
+        save();
+        verifyStored("yautre");
+    }
+
+    function test_what_keeps_a_text_from_being_kept_is_told() {
+        openSkill("texte");
+        fixture.write("workspace/.vornel/drafts", "un fichier à la place du dossier");
+        typeAt(0, "x");
+        const warning = "Ce texte serait perdu si VORNEL s’arrêtait avant que vous l’enregistriez. ";
+        tryVerify(() => all(RegExp(warning)).length === 1, 3000);
+        save();
+        tryVerify(() => all(RegExp(warning)).length === 0);
+    }
+
+    function test_the_end_of_the_program_keeps_the_text() {
+        openSkill("texte");
+        close();
+        const window = windows.createObject(null);
+        tryVerify(() => window.active && fixture.model.phase.name === AppStates.PhaseName.ready);
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        root = window.contentItem;
+        awaitText("INSTRUCTIONS");
+        textArea().insert(0, "x");
+        fixture.holdWorkspace();
+        fixture.model.reload();
+        fixture.model.departure.force();
+        window.close();
+        verify(window.visible, "what runs is waited for");
+        fixture.releaseWorkspace();
+        tryVerify(() => !window.visible);
+        awaitKept(["xtexte"]);
+        window.destroy();
+        root = null;
+        wait(0);
     }
 
     function test_leaving_while_a_save_runs() {
@@ -345,12 +512,7 @@ ScreenTest {
 
         typeAt(0, "x");
         keyClick(Qt.Key_S, Qt.ControlModifier);
-        awaitText("Différences avec les copies");
-        for (let stop = 0; stop < 3; ++stop)
-            keyClick(Qt.Key_Tab); // over the lines and the way back
-        keyClick(Qt.Key_Return);
-        awaitText("ENREGISTRÉE");
-        awaitText("Claude, à jour");
+        acceptDifferences();
         verifyStored("xun\ndeux\n");
     }
 
@@ -419,11 +581,14 @@ ScreenTest {
         keyClick(Qt.Key_Return);
         tryVerify(() => !shows("Annuler"));
         verify(shows("INSTRUCTIONS"), "the way back has the keyboard");
+        typeAt(0, "x");
+        awaitKept(["xtexte"]);
         click("Plus d’actions");
         click("Placer dans la corbeille");
         awaitText("Annuler");
         click("Placer dans la corbeille");
         awaitText("CORBEILLE");
         tryVerify(() => !shows("INSTRUCTIONS"));
+        awaitKept([]);
     }
 }

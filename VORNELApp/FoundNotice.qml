@@ -1,0 +1,29 @@
+import VORNELApp
+import VORNELDesignSystem
+
+/** Tells that an unsaved text was found, with which the editor goes on, and lets the user give it up. */
+EditorNotice {
+    id: notice
+
+    required property SkillDraft draft
+
+    /** The notice goes. */
+    signal decided
+
+    text: "Texte non enregistré du " + draft.foundMoment + " retrouvé."
+
+    ActionButton {
+        text: "Garder"
+        onClicked: {
+            notice.draft.keepFound();
+            notice.decided();
+        }
+    }
+    ActionButton {
+        text: "Abandonner"
+        onClicked: {
+            notice.draft.discard();
+            notice.decided();
+        }
+    }
+}
