@@ -23,7 +23,7 @@ def finds_edits(program, folder):
     program.sees("list item", NAME).act("Press")
 
     def tells(node):
-        return node.role == "alert" and node.name.startswith("Texte non enregistré du ")
+        return node.role == "alert message" and node.name.startswith("Texte non enregistré du ")
 
     program.wait("the text that was found", lambda nodes: any(map(tells, nodes)))
     program.sees("label", "MODIFIÉ")
