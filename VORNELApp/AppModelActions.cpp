@@ -85,7 +85,12 @@ void AppModel::beginImportScan()
 void AppModel::resolveCollision(QUuid id, CollisionChoice choice)
 {
     perform([this, id, choice]() -> QCoro::Task<> {
-        m_importPlan = co_await m_service->resolveCollision(id, choice);
+        const ImportPlan plan = co_await m_service->resolveCollision(id, choice);
+        // Of choices that follow each other quickly, a later one may be known first.
+        const bool isOutdated =
+            importPlan() && importPlan()->id == plan.id && importPlan()->revision > plan.revision;
+        if (!isOutdated)
+            m_importPlan = plan;
     });
 }
 
