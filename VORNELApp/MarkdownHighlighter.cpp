@@ -76,15 +76,18 @@ bool MarkdownHighlighter::mayGoOn()
     }
     if (m_linesLeft-- > 0)
         return true;
-    if (m_rest.isNull())
+    if (m_rest.isNull() || currentBlock().position() < m_rest.position())
         m_rest = QTextCursor(currentBlock());
     return false;
 }
 
 void MarkdownHighlighter::goOn()
 {
-    if (!m_rest.isNull())
-        rehighlightBlock(std::exchange(m_rest, {}).block());
+    if (m_rest.isNull())
+        return;
+    QTextBlock next = std::exchange(m_rest, {}).block();
+    next.setUserState(-1); // so that colouring doesn't end with this line because its state is what it was
+    rehighlightBlock(next);
 }
 
 /// What the line after this one belongs to.

@@ -25,7 +25,7 @@ RowList {
             forceActiveFocus(Qt.OtherFocusReason);
     }
 
-    activeFocusOnTab: count > 0 || activeFocus // which has to be a stop while it has the keyboard
+    activeFocusOnTab: skills.count > 0 || activeFocus // which has to be a stop while it has the keyboard
     bottomMargin: Metrics.huge
     focus: true
     model: skills.rows

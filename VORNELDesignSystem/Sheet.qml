@@ -44,13 +44,7 @@ T.Popup {
             firstFocus.focus = true; // and not what had it when the sheet was closed
         contentItem.parent.Accessible.name = Qt.binding(() => title); // of the dialog, which is an item of Qt's
     }
-    onClosed: {
-        const roots = parent.Window.contentItem.children;
-        let next = formerFocus;
-        for (let i = 0; next === null && i < roots.length; ++i) // where it was has gone meanwhile
-            next = roots[i].focus ? roots[i] : null;
-        next?.forceActiveFocus(Qt.PopupFocusReason);
-    }
+    onClosed: formerFocus?.forceActiveFocus(Qt.PopupFocusReason)
 
     background: Rectangle {
         border.color: Colors.line

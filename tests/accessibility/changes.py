@@ -99,6 +99,7 @@ def trash(program, restored, deleted):
     program.sees("dialog", f"Supprimer définitivement « {deleted} » ?")
     program.press("Supprimer définitivement")
     program.sees("alert message", "SUPPRIMÉE")
+    closes(program)
     program.sees("label", "La corbeille est vide")
 
 
