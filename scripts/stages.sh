@@ -3,24 +3,25 @@
 
 # Runs a command as a stage of this name.
 stage() {
-    local name=$1 start=$SECONDS
-    shift
-    printf '\n== %s\n' "$name"
-    "$@"
-    printf '%s\t%d\n' "$name" $((SECONDS - start)) >>"$VORNEL_STAGES"
+    local start=$SECONDS
+    running_stage=$1
+    printf '\n== %s\n' "$1"
+    "${@:2}"
+    printf '%s\t%d\n' "$1" $((SECONDS - start)) >>"$VORNEL_STAGES"
+    running_stage=
 }
 
-# Prints the stages with their sum, in the script that was called first.
+# Prints the stages with their sum, and the one that has failed.
 print_stages() {
-    [ "${owns_stages-}" ] || return 0
     printf '\n'
     awk -F '\t' '{ printf "%3d min %02d s  %s\n", $2 / 60, $2 % 60, $1; sum += $2 }
         END { printf "%3d min %02d s  in all\n", sum / 60, sum % 60 }' "$VORNEL_STAGES"
+    [ -z "${running_stage-}" ] || echo "Failed: $running_stage"
 }
 
+# The script that was called first prints them all.
 if [ -z "${VORNEL_STAGES-}" ]; then
-    owns_stages=yes
     VORNEL_STAGES=$(mktemp)
     export VORNEL_STAGES
-    trap 'rm -f "$VORNEL_STAGES"' EXIT
+    trap 'print_stages; rm -f "$VORNEL_STAGES"' EXIT
 fi
