@@ -32,14 +32,21 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
 {
     const WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(environment, home, workspaceLocator);
     const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
-    return {roots.workspace, roots.claude, roots.codex, service,
-            service,         service,      service,     settings(environment)};
+    return {.workspaceURL = roots.workspace,
+            .claudeRoot = roots.claude,
+            .codexRoot = roots.codex,
+            .workspaceService = service,
+            .targetInspector = service,
+            .trashInspector = service,
+            .importReviewer = service,
+            .drafts = service,
+            .defaults = settings(environment)};
 }
 
 std::unique_ptr<AppModel> AppEnvironment::makeAppModel() const
 {
-    return std::make_unique<AppModel>(workspaceService, targetInspector, trashInspector, drafts, workspaceURL,
-                                      claudeRoot, codexRoot, defaults);
+    return std::make_unique<AppModel>(workspaceService, targetInspector, trashInspector, importReviewer,
+                                      drafts, workspaceURL, claudeRoot, codexRoot, defaults);
 }
 
 } // namespace vornel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELCore/DraftKeeping.h>
+#include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
 #include <VORNELCore/WorkspaceLocating.h>
@@ -24,6 +25,7 @@ struct AppEnvironment
     std::shared_ptr<WorkspaceServicing> workspaceService;
     std::shared_ptr<TargetInspecting> targetInspector;
     std::shared_ptr<TrashInspecting> trashInspector;
+    std::shared_ptr<ImportReviewing> importReviewer;
     std::shared_ptr<DraftKeeping> drafts;
     std::shared_ptr<QSettings> defaults;
 

@@ -24,12 +24,14 @@ std::optional<E> optionalCase(const QVariant &value)
 } // namespace
 
 AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
-                   std::shared_ptr<TrashInspecting> trashInspector, std::shared_ptr<DraftKeeping> drafts,
+                   std::shared_ptr<TrashInspecting> trashInspector,
+                   std::shared_ptr<ImportReviewing> importReviewer, std::shared_ptr<DraftKeeping> drafts,
                    std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
                    std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults)
     : m_service(std::move(service)),
       m_inspector(std::move(inspector)),
       m_trashInspector(std::move(trashInspector)),
+      m_importReviewer(std::move(importReviewer)),
       m_drafts(std::move(drafts)),
       m_workspaceURL(std::move(workspaceURL)),
       m_claudeRoot(std::move(claudeRoot)),

@@ -5,6 +5,7 @@
 #include "SkillBatch.h"
 
 #include <VORNELCore/DraftKeeping.h>
+#include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/LibraryQuery.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
@@ -69,9 +70,10 @@ public:
     /// The inspectors look at what `service` keeps, and `drafts` lie beside it; `defaults` holds what the
     /// user's machine remembers between two starts.
     AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
-             std::shared_ptr<TrashInspecting> trashInspector, std::shared_ptr<DraftKeeping> drafts,
-             std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
-             std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults);
+             std::shared_ptr<TrashInspecting> trashInspector, std::shared_ptr<ImportReviewing> importReviewer,
+             std::shared_ptr<DraftKeeping> drafts, std::filesystem::path workspaceURL,
+             std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
+             std::shared_ptr<QSettings> defaults);
 
     /// Waits for the operations that still run.
     ~AppModel() override;
@@ -203,6 +205,7 @@ public:
 
     Q_INVOKABLE void beginImportScan();
     Q_INVOKABLE void resolveCollision(QUuid id, vornel::CollisionChoice choice);
+    Q_INVOKABLE void excludeFromImport(const QString &slug);
     Q_INVOKABLE void commitImport();
     Q_INVOKABLE void reload();
 
@@ -270,6 +273,9 @@ private:
     template <typename Action>
     QCoro::Task<bool> perform(Action action);
 
+    /// Shows the plan that a decision has led to, unless a later one was known first.
+    QCoro::Task<> showDecided(QFuture<ImportPlan> decided);
+
     /// Makes each field known to the storage of bindings. Qt 6.4 lets that storage grow, and move, when a
     /// field gains its first reader, even while it goes through the readers of another one.
     void enterEveryField() const;
@@ -296,6 +302,7 @@ private:
     const std::shared_ptr<WorkspaceServicing> m_service;
     const std::shared_ptr<TargetInspecting> m_inspector;
     const std::shared_ptr<TrashInspecting> m_trashInspector;
+    const std::shared_ptr<ImportReviewing> m_importReviewer;
     const std::shared_ptr<DraftKeeping> m_drafts;
     const std::filesystem::path m_workspaceURL;
     const std::filesystem::path m_claudeRoot;

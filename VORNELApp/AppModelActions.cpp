@@ -84,14 +84,21 @@ void AppModel::beginImportScan()
 
 void AppModel::resolveCollision(QUuid id, CollisionChoice choice)
 {
-    perform([this, id, choice]() -> QCoro::Task<> {
-        const ImportPlan plan = co_await m_service->resolveCollision(id, choice);
-        // Of choices that follow each other quickly, a later one may be known first.
-        const bool isOutdated =
-            importPlan() && importPlan()->id == plan.id && importPlan()->revision > plan.revision;
-        if (!isOutdated)
-            m_importPlan = plan;
-    });
+    perform([this, id, choice] { return showDecided(m_service->resolveCollision(id, choice)); });
+}
+
+void AppModel::excludeFromImport(const QString &slug)
+{
+    perform([this, slug] { return showDecided(m_importReviewer->excludeFromImport(slug)); });
+}
+
+QCoro::Task<> AppModel::showDecided(QFuture<ImportPlan> decided)
+{
+    const ImportPlan plan = co_await decided;
+    const bool isOutdated =
+        importPlan() && importPlan()->id == plan.id && importPlan()->revision > plan.revision;
+    if (!isOutdated)
+        m_importPlan = plan;
 }
 
 void AppModel::commitImport()

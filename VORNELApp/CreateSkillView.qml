@@ -15,7 +15,8 @@ Sheet {
     readonly property string warning: {
         if (occupants.count === 0)
             return "";
-        return occupants.count === 1 ? occupants.folders[0].assistant + " a déjà un dossier de ce nom." : "Claude et Codex ont déjà un dossier de ce nom.";
+        return occupants.count === 1 ? occupants.folders[0].assistant + " a déjà un dossier de ce nom."
+                                     : "Claude et Codex ont déjà un dossier de ce nom.";
     }
 
     function create(): void {
@@ -59,7 +60,7 @@ Sheet {
         acceptText: "Remplacer"
         model: sheet.model
         rejectText: "Changer d’identifiant"
-        title: "Le dossier «\u00A0" + form.slug + "\u00A0» existe déjà"
+        title: count > 0 ? "Le dossier «\u00A0" + form.slug + "\u00A0» existe déjà" : "La compétence n’est pas créée"
         onRejected: formerFocus = slug
     }
     DepartureGuard {

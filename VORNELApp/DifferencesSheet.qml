@@ -71,7 +71,9 @@ Sheet {
     Label {
         color: Colors.secondary
         lineHeight: 1.35
-        text: "Voici ce que les copies des assistants ont de différent. «\u00A0" + sheet.acceptText + "\u00A0» les remplace par la version de VORNEL\u00A0: ce qui est marqué + disparaît, ce qui est marqué − revient."
+        text: "Voici ce que les copies des assistants ont de différent. «\u00A0" + sheet.acceptText
+              + "\u00A0» les remplace par la version de VORNEL\u00A0: ce qui est marqué + disparaît, ce qui est marqué − revient. "
+              + "Ce qui est remplacé reste dans l’historique."
         visible: files.count > 0
         width: parent.width
         wrapMode: Text.Wrap

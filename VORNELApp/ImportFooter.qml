@@ -85,6 +85,10 @@ Item {
 
         acceptText: "Remplacer et importer"
         model: footer.model
-        title: count === 1 ? "Remplacer 1 dossier\u00A0?" : "Remplacer " + count + " dossiers\u00A0?"
+        title: {
+            if (!canAccept)
+                return "L’import ne peut pas commencer";
+            return count === 1 ? "Remplacer 1 dossier\u00A0?" : "Remplacer " + count + " dossiers\u00A0?";
+        }
     }
 }

@@ -2,16 +2,23 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The folders that an import replaces without a choice of the user's: under a skill of the other assistant's. */
+/** What an import replaces, or can't, without a choice of the user's: under a skill of the other assistant's. */
 Column {
     id: replacements
 
     required property AppModel model
 
     readonly property var plan: model.importPlan
+    readonly property bool isOne: occupants.count === 1
+
+    /** The row that was left out last, where the keyboard goes on; -1 without one. */
+    property int excludedRow: -1
+
+    /** The keyboard has no row left to go on from. */
+    signal emptied
 
     spacing: Metrics.small
-    visible: occupants.count > 0
+    visible: occupants.count > 0 || occupants.problem !== ""
     Component.onCompleted: occupants.lookForImport()
     onPlanChanged: occupants.lookForImport()
 
@@ -19,24 +26,49 @@ Column {
         id: occupants
 
         model: replacements.model
+        onChanged: {
+            if (replacements.excludedRow >= 0 && !folders.focusRow(replacements.excludedRow))
+                replacements.emptied();
+            replacements.excludedRow = -1;
+        }
     }
     SymbolLabel {
         color: Colors.warning
         font: Typography.body
         symbol: "triangle-alert"
-        text: occupants.count === 1 ? "1 dossier porte le nom d’une compétence à importer." : occupants.count + " dossiers portent le nom de compétences à importer."
+        text: {
+            if (occupants.problem !== "")
+                return "Les dossiers des assistants n’ont pas pu être examinés.";
+            return replacements.isOne ? "1 dossier porte le nom d’une compétence à importer."
+                                      : occupants.count + " dossiers portent le nom de compétences à importer.";
+        }
 
         Accessible.name: text
         Accessible.role: Accessible.StaticText
     }
     Label {
         color: Colors.secondary
-        text: occupants.count === 1 ? "Il serait remplacé, et gardé dans l’historique de la compétence." : "Ils seraient remplacés, et gardés dans l’historique des compétences."
+        text: {
+            if (occupants.problem !== "")
+                return occupants.problem;
+            if (!occupants.canBeReplaced)
+                return "Ce qui ne peut pas être remplacé doit être déplacé, ou la compétence laissée de côté.";
+            return replacements.isOne ? "Il serait remplacé, et gardé dans l’historique de la compétence."
+                                      : "Ils seraient remplacés, et gardés dans l’historique des compétences.";
+        }
         width: parent.width
         wrapMode: Text.Wrap
     }
     OccupiedFolders {
+        id: folders
+
+        canExclude: true
+        enabled: !replacements.model.isWorking
         folders: occupants.folders
         width: parent.width
+        onExcluded: (slug, index) => {
+            replacements.excludedRow = index;
+            replacements.model.excludeFromImport(slug);
+        }
     }
 }

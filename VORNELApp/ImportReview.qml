@@ -35,6 +35,11 @@ FocusScope {
         return first !== null;
     }
 
+    function resume(): void {
+        if (!focusFirstDecision())
+            rescan.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     Window.onActiveFocusItemChanged: reveal()
 
     Connections {
@@ -69,6 +74,8 @@ FocusScope {
                 Layout.fillWidth: true
             }
             ActionButton {
+                id: rescan
+
                 Layout.alignment: Qt.AlignBottom
                 enabled: !review.model.isWorking
                 symbol: "rotate-cw"
@@ -101,6 +108,12 @@ FocusScope {
                     spacing: Metrics.small
                     width: parent.width
 
+                    ImportReplacements {
+                        bottomPadding: Metrics.large
+                        model: review.model
+                        width: rows.width - 2 * rows.padding
+                        onEmptied: review.resume()
+                    }
                     Row {
                         height: Metrics.rowHeight
                         spacing: Metrics.medium
@@ -144,10 +157,6 @@ FocusScope {
                                 review.model.resolveCollision(record.id, choice);
                             }
                         }
-                    }
-                    ImportReplacements {
-                        model: review.model
-                        width: rows.width - 2 * rows.padding
                     }
                     BlockedFolders {
                         blocked: review.plan.blocked

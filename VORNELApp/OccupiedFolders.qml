@@ -4,56 +4,46 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The folders that copies would replace: whose each is, where it stands, and a way to look at it. */
+/** What copies would replace, or can't: whose each is, where it stands, and a way to look at it. */
 Column {
     id: list
 
     required property var folders
 
+    /** Whether each skill can be left out. */
+    property bool canExclude: false
+
     /** The keyboard has come to a row. */
     signal reached(row: Item)
+
+    /** The skill of this slug is to be left out. */
+    signal excluded(slug: string, index: int)
+
+    /** Brings the keyboard to the row of this number, or to the last; false when there is none. */
+    function focusRow(index: int): bool {
+        const row = rows.itemAt(Math.min(index, rows.count - 1)) as OccupiedFolderRow;
+        row?.focusFirst();
+        return row !== null;
+    }
 
     spacing: Metrics.small
 
     Repeater {
+        id: rows
+
         model: list.folders
 
-        Item {
+        OccupiedFolderRow {
             id: row
 
+            required property int index
             required property targetOccupant modelData
 
-            implicitHeight: look.height
+            canExclude: list.canExclude
+            occupant: modelData
             width: list.width
-
-            Tag {
-                id: assistant
-
-                anchors.verticalCenter: parent.verticalCenter
-                text: row.modelData.assistant
-            }
-            Label {
-                anchors.left: assistant.right
-                anchors.leftMargin: Metrics.medium
-                anchors.right: look.left
-                anchors.rightMargin: Metrics.medium
-                anchors.verticalCenter: parent.verticalCenter
-                color: Colors.secondary
-                elide: Text.ElideMiddle
-                font: Typography.small
-                text: row.modelData.path
-            }
-            ActionButton {
-                id: look
-
-                anchors.right: parent.right
-                symbol: "folder-open"
-                text: "Ouvrir le dossier"
-
-                Accessible.description: row.modelData.path
-                onActiveFocusChanged: if (activeFocus) list.reached(row)
-                onClicked: Qt.openUrlExternally(row.modelData.url)
-            }
+            onExcluded: list.excluded(modelData.slug, index)
+            onReached: list.reached(row)
         }
     }
 }

@@ -3,7 +3,10 @@ import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
-/** Stands before what puts a skill into the assistants' folders: asks where that replaces folders of others. */
+/**
+ * Stands before what puts a skill into the assistants' folders: asks where that replaces folders of others, and tells
+ * where it can't.
+ */
 Sheet {
     id: question
 
@@ -20,15 +23,26 @@ Sheet {
     /** What happens instead where no folder stands in the way; `action`, unless it is given. */
     property var freeAction
 
+    /** Whether what was found can be replaced. */
+    readonly property bool canAccept: occupants.canBeReplaced
+
     readonly property bool isAsking: action !== undefined
 
-    /** How many folders would be replaced. */
+    /** How many places are taken. */
     readonly property int count: occupants.count
 
     property bool isAccepted: false
 
-    readonly property string notice: occupants.count === 1 ? "VORNEL n’a pas installé ce dossier. S’il est remplacé, il reste gardé tel quel dans l’historique de la compétence."
-                                                           : "VORNEL n’a pas installé ces dossiers. S’ils sont remplacés, ils restent gardés tels quels dans l’historique des compétences."
+    readonly property string notice: {
+        if (occupants.problem !== "")
+            return "Les dossiers des assistants n’ont pas pu être examinés\u00A0; rien n’est écrit. " + occupants.problem;
+        if (!canAccept)
+            return "Un lien, un fichier ou un dossier qui ne peut pas être lu en entier n’est jamais remplacé. Déplacez-le d’abord.";
+        return count === 1 ? "VORNEL n’a pas installé ce dossier. "
+                             + "S’il est remplacé, il reste gardé tel quel dans l’historique de la compétence."
+                           : "VORNEL n’a pas installé ces dossiers. "
+                             + "S’ils sont remplacés, ils restent gardés tels quels dans l’historique des compétences.";
+    }
 
     /** The folders are to stay as they are. */
     signal rejected
@@ -70,7 +84,7 @@ Sheet {
         onLooked: {
             if (!question.isAsking || question.isUsed)
                 return;
-            if (count > 0)
+            if (count > 0 || problem !== "")
                 question.open();
             else
                 question.run(question.freeAction);
@@ -116,6 +130,7 @@ Sheet {
         ActionButton {
             role: ActionButton.Primary
             text: question.acceptText
+            visible: question.canAccept
             onClicked: {
                 question.isAccepted = true;
                 question.close();

@@ -14,8 +14,8 @@ ConfirmationDialog {
             return "Vos assistants recevront la version de VORNEL. Certaines copies n’ont pas pu être comparées.";
         if (edited === 0)
             return "Aucune de leurs copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
-        return edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et ses modifications perdues."
-                            : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL, et leurs modifications perdues.";
+        return edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée dans l’historique."
+                            : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées dans l’historique.";
     }
 
     acceptText: "Tout synchroniser"

@@ -2,6 +2,8 @@
 
 #include <QCoro/QCoroFuture>
 
+#include <algorithm>
+
 namespace vornel {
 
 QVariantList TargetOccupants::folders() const
@@ -10,6 +12,11 @@ QVariantList TargetOccupants::folders() const
     for (const TargetOccupant &folder : m_folders)
         folders.append(QVariant::fromValue(folder));
     return folders;
+}
+
+bool TargetOccupants::canBeReplaced() const
+{
+    return m_problem.isEmpty() && std::ranges::all_of(m_folders, &QString::isEmpty, &TargetOccupant::refusal);
 }
 
 void TargetOccupants::look(const QStringList &slugs)
@@ -36,19 +43,21 @@ QCoro::Task<> TargetOccupants::find(QPointer<TargetOccupants> self, AppModel *mo
                                     QList<TargetPlace> places, int request)
 {
     QList<TargetOccupant> folders;
+    QString problem;
     try {
         folders = co_await model->inspector().occupants(places);
-    } catch (const std::exception &) {
-        folders.clear();
+    } catch (const std::exception &error) {
+        problem = AppModel::message(error);
     }
     if (!self.isNull() && self->m_request == request)
-        self->show(folders);
+        self->show(folders, problem);
 }
 
-void TargetOccupants::show(const QList<TargetOccupant> &folders)
+void TargetOccupants::show(const QList<TargetOccupant> &folders, const QString &problem)
 {
-    if (m_folders != folders) {
+    if (m_folders != folders || m_problem != problem) {
         m_folders = folders;
+        m_problem = problem;
         Q_EMIT changed();
     }
     Q_EMIT looked();

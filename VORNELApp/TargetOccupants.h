@@ -6,7 +6,7 @@
 
 namespace vornel {
 
-/// The folders, not VORNEL's own, that copies would replace where a skill is created, restored or imported.
+/// What stands in the way, and isn't VORNEL's own, where a skill is created, restored or imported.
 class TargetOccupants : public QObject
 {
     Q_OBJECT
@@ -14,13 +14,21 @@ class TargetOccupants : public QObject
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model NOTIFY modelChanged REQUIRED)
     Q_PROPERTY(QVariantList folders READ folders NOTIFY changed)
     Q_PROPERTY(int count READ count NOTIFY changed)
+    Q_PROPERTY(bool canBeReplaced READ canBeReplaced NOTIFY changed)
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
 
 public:
     using QObject::QObject;
 
-    /// What the last look has found; none where it failed, which what follows will tell.
+    /// What the last look has found.
     QVariantList folders() const;
     int count() const { return static_cast<int>(m_folders.size()); }
+
+    /// Whether copies could take the place of all that was found.
+    bool canBeReplaced() const;
+
+    /// Why the last look failed, for the user: nobody knows then what a copy would replace. Empty otherwise.
+    QString problem() const { return m_problem; }
 
     /// Looks under these slugs in both assistants' folders. `looked` follows the last look.
     Q_INVOKABLE void look(const QStringList &slugs);
@@ -37,10 +45,11 @@ private:
     static QCoro::Task<> find(QPointer<TargetOccupants> self, AppModel *model, QList<TargetPlace> places,
                               int request);
     void lookAt(const QList<TargetPlace> &places);
-    void show(const QList<TargetOccupant> &folders);
+    void show(const QList<TargetOccupant> &folders, const QString &problem = {});
 
     AppModel *m_model = nullptr;
     QList<TargetOccupant> m_folders;
+    QString m_problem;
     int m_request = 0; ///< counts the looks: only the last one is shown
 };
 

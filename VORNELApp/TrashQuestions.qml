@@ -57,7 +57,7 @@ Item {
         id: occupied
 
         acceptText: "Remplacer et restaurer"
-        message: restoration.message
+        message: canAccept ? restoration.message : ""
         model: questions.model
         title: restoration.title
         onClosed: questions.closed()

@@ -161,7 +161,7 @@ Consulter
 
 Importer
   scan                                      ce que contiennent les deux dossiers
-  import [--choose SLUG=claude|codex]… [--prefer claude|codex] [--replace]
+  import [--choose SLUG=claude|codex]… [--prefer claude|codex] [--except SLUG]… [--replace]
 
 Écrire
   create SLUG --name NOM [--summary TEXTE] [--category ID] [--tags a,b] [--maturity M] [--file FICHIER]

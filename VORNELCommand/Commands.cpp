@@ -1,6 +1,8 @@
 #include "Commands.h"
 
+#include "CommandFailure.h"
 #include "InputFile.h"
+#include "OccupiedPlaces.h"
 #include "Report.h"
 #include "Terminal.h"
 
@@ -28,6 +30,7 @@ struct Session
     WorkspaceServicing &service;
     TargetInspecting &copies;
     TrashInspecting &trash;
+    ImportReviewing &imports;
     const WorkspaceOverview &overview;
 };
 
@@ -94,28 +97,24 @@ E caseOf(const QString &typed)
     return fromRawValue<E>(typed).value();
 }
 
-QString occupiedMessage(const QList<TargetOccupant> &occupants)
-{
-    QString folders;
-    for (const TargetOccupant &occupant : occupants)
-        folders += u"  "_s + occupant.assistant() + u"  "_s + occupant.shownPath() + u'\n';
-    const QString text =
-        occupants.size() == 1
-            ? u"Un dossier que VORNEL n’a pas installé tient déjà cette place\u00A0:\n%1"
-              "Rien n’a été écrit. Avec --replace, il est remplacé, et gardé dans l’historique."_s
-            : u"Des dossiers que VORNEL n’a pas installés tiennent déjà ces places\u00A0:\n%1"
-              "Rien n’a été écrit. Avec --replace, ils sont remplacés, et gardés dans l’historique."_s;
-    return text.arg(folders);
-}
-
 /// Refuses to write where that would replace folders of others, unless the user has asked for it.
 void refuseOccupied(const Session &session, const QList<TargetPlace> &places)
 {
-    if (session.invocation.has(u"replace"_s))
-        return;
-    const QList<TargetOccupant> occupants = session.copies.occupants(places).result();
-    if (!occupants.isEmpty())
-        throw CommandFailure(u"targetOccupied"_s, occupiedMessage(occupants));
+    vornel::refuseOccupied(session.copies, places, session.invocation.has(u"replace"_s));
+}
+
+/// Leaves out of `plan` the skills that the user has named, and returns the plan as it is then.
+ImportPlan exclude(const Session &session, ImportPlan plan)
+{
+    for (const QString &slug : session.invocation.values.value(u"except"_s)) {
+        const auto has = [&slug](const auto &entries) {
+            return std::ranges::any_of(entries, [&slug](const auto &entry) { return entry.slug == slug; });
+        };
+        if (!has(plan.candidates) && !has(plan.collisions))
+            throw CommandFailure(u"skillNotFound"_s, u"Skill introuvable : "_s + slug);
+        plan = session.imports.excludeFromImport(slug).result();
+    }
+    return plan;
 }
 
 int status(const Session &session)
@@ -209,7 +208,8 @@ ImportPlan resolveCollisions(const Session &session, ImportPlan plan)
 
 int import(const Session &session)
 {
-    const ImportPlan plan = resolveCollisions(session, session.service.scanImports().result());
+    const ImportPlan plan =
+        resolveCollisions(session, exclude(session, session.service.scanImports().result()));
     if (plan.isReadyToCommit())
         refuseOccupied(session, placesFilledBy(plan));
     const QFuture<WorkspaceOverview> commit = session.service.commitImport(plan.id);
@@ -378,7 +378,7 @@ const QList<Command> &commands()
         {syntax("show", 1, 1), show},
         {syntax("diff", 1, 1), diff},
         {syntax("scan", 0, 0), scan},
-        {syntax("import", 0, 0, names({"choose", "prefer"}), {}, names({"replace"})), import},
+        {syntax("import", 0, 0, names({"choose", "prefer", "except"}), {}, names({"replace"})), import},
         {syntax("create", 1, 1, names({"summary", "category", "tags", "maturity", "file"}), names({"name"}),
                 names({"replace"})),
          create},
@@ -406,12 +406,12 @@ QList<CommandSyntax> commandSyntaxes()
     return syntaxes;
 }
 
-int runCommand(const Invocation &invocation, WorkspaceServicing &service, TargetInspecting &copies,
-               TrashInspecting &trash, const WorkspaceOverview &overview)
+int runCommand(const Invocation &invocation, const Services &services, const WorkspaceOverview &overview)
 {
     const auto command = std::ranges::find(commands(), invocation.command,
                                            [](const Command &candidate) { return candidate.syntax.name; });
-    return command->run({invocation, service, copies, trash, overview});
+    return command->run(
+        {invocation, services.workspace, services.copies, services.trash, services.imports, overview});
 }
 
 } // namespace vornel

@@ -1,3 +1,4 @@
+#include "CommandFailure.h"
 #include "CommandLine.h"
 #include "Commands.h"
 #include "Terminal.h"
@@ -54,7 +55,7 @@ int run(const Invocation &invocation)
     const WorkspaceRoots roots = rootsFor(invocation);
     LocalWorkspaceService service(std::make_shared<PosixFileSystem>());
     const WorkspaceOverview overview = service.bootstrap(roots.workspace, roots.claude, roots.codex).result();
-    return runCommand(invocation, service, service, service, overview);
+    return runCommand(invocation, {service, service, service, service}, overview);
 }
 
 QString errorCase(const std::exception &error)
@@ -71,7 +72,11 @@ void reportFailure(const std::exception &error, bool asJson)
     const QString message = errorMessage(error);
     if (!asJson)
         return Terminal::printError(Terminal::printable(message));
-    const QJsonObject object{{u"error"_s, errorCase(error)}, {u"message"_s, message}};
+    QJsonObject object{{u"error"_s, errorCase(error)}, {u"message"_s, message}};
+    if (const auto *command = dynamic_cast<const CommandFailure *>(&error)) {
+        for (auto detail = command->details.begin(); detail != command->details.end(); ++detail)
+            object.insert(detail.key(), detail.value());
+    }
     Terminal::printError(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
 }
 

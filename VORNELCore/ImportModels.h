@@ -105,7 +105,7 @@ struct ImportPlan
 
 public:
     QUuid id;
-    qint64 revision = 1; ///< counts the resolved collisions, from 1
+    qint64 revision = 1; ///< counts what the user has decided, from 1
     QList<ImportCandidate> candidates;
     QList<ImportCollision> collisions;
     QList<BlockedImport> blocked;

@@ -28,8 +28,8 @@ public:
     virtual QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                         QString relativePath) = 0;
 
-    /// The folders that stand at these places, in the same order, and aren't copies of active skills: what a
-    /// creation, a restoration or an import would replace. A place where nothing can be installed has none.
+    /// What stands at these places, in the same order, and isn't a copy of an active skill: what a creation,
+    /// a restoration or an import would replace, or can't. In a target that is a link, nothing is looked at.
     virtual QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) = 0;
 };
 

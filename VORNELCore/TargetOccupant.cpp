@@ -9,6 +9,11 @@ QString TargetOccupant::shownPath() const
     return pathText(path);
 }
 
+QUrl TargetOccupant::url() const
+{
+    return QUrl::fromLocalFile(pathText(refusal.isEmpty() ? path : path.parent_path()));
+}
+
 QList<TargetPlace> placesOf(const QStringList &slugs)
 {
     QList<TargetPlace> places;

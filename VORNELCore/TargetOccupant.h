@@ -16,13 +16,14 @@ struct TargetPlace
     bool operator==(const TargetPlace &) const = default;
 };
 
-/// A folder that stands where an install would put a copy, and isn't one.
+/// What stands where an install would put a copy, and isn't one.
 struct TargetOccupant
 {
     Q_GADGET
     Q_PROPERTY(vornel::TargetKind target MEMBER target)
     Q_PROPERTY(QString slug MEMBER slug)
     Q_PROPERTY(QString path READ shownPath)
+    Q_PROPERTY(QString refusal MEMBER refusal)
     Q_PROPERTY(QUrl url READ url STORED false)
     Q_PROPERTY(QString assistant READ assistant STORED false)
 
@@ -30,11 +31,12 @@ public:
     TargetKind target = TargetKind::claude;
     QString slug;
     std::filesystem::path path;
+    QString refusal = {}; ///< why no copy can take its place, for the user; empty where one can
 
     QString shownPath() const;
 
-    /// By which the desktop opens it.
-    QUrl url() const { return QUrl::fromLocalFile(shownPath()); }
+    /// By which the desktop opens it or, where no copy can take its place, the folder that it is in.
+    QUrl url() const;
 
     /// The name of the assistant in whose folder it is.
     QString assistant() const { return assistantName(target); }

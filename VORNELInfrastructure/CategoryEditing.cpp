@@ -3,6 +3,7 @@
 #include "CategoryCatalog.h"
 #include "CategoryRules.h"
 #include "SkillFolderStore.h"
+#include "SkillHistory.h"
 
 #include <VORNELCore/VORNELWorkspaceError.h>
 
@@ -86,9 +87,9 @@ void CategoryEditing::rewrite(SkillRecord &skill, const QString &category) const
 void CategoryEditing::moveActiveSkill(SkillRecord skill, const QString &category) const
 {
     const SkillFolderStore store(m_workspace);
-    store.keepRevision(skill.manifest, skill.url);
+    SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
     rewrite(skill, category);
-    store.createSnapshot(skill.manifest, skill.url);
+    SkillHistory(m_workspace).add(skill.manifest, skill.url);
 }
 
 } // namespace vornel

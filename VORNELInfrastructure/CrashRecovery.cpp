@@ -1,8 +1,10 @@
 #include "CrashRecovery.h"
 
 #include "BestEffort.h"
+#include "SecureFileTree.h"
 #include "SkillDrafts.h"
 #include "SkillFolderStore.h"
+#include "SkillHistory.h"
 #include "SkillRecords.h"
 #include "TreeOperations.h"
 #include "UnfinishedParts.h"
@@ -51,8 +53,9 @@ QList<SkillRecord> parkedCanonicalFolders(const Workspace &workspace)
 void discardIfReplaced(const Workspace &workspace, const SkillRecord &parked, const fs::path &canonical)
 {
     const SkillFolderStore store(workspace);
+    const auto content = SecureFileTree::snapshot(workspace.files, parked.url, TreeFilter::all);
     if (store.readManifest(canonical).id == parked.manifest.id &&
-        store.hasSnapshot(parked.manifest, parked.url))
+        SkillHistory(workspace).holdsRevision(parked.manifest, content))
         store.discard(parked.url);
 }
 
@@ -76,8 +79,7 @@ void finishDeletion(const Workspace &workspace, const std::string &stage)
     bestEffort([&] { hasDraft = drafts.exists(*id); });
     if ((!hasHistory && !hasDraft) || isInLibraryOrTrash(workspace, *id))
         return;
-    if (hasHistory)
-        SkillFolderStore(workspace).discard(workspace.config.historyOf(*id));
+    SkillHistory(workspace).remove(*id);
     if (hasDraft)
         drafts.discard(*id);
 }

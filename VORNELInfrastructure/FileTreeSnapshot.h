@@ -37,6 +37,7 @@ struct FileTreeSnapshot
     std::filesystem::path root;
     std::vector<Entry> entries; ///< by the code points of their paths
     std::string digest;         ///< lower-case hexadecimal SHA-256 of the listing of `entries`
+    bool isWhole = true;        ///< whether the filter has passed over nothing
 
     /// The paths of the files, in the order of the entries.
     QStringList relativeFiles() const;

@@ -3,6 +3,7 @@
 #include "BestEffort.h"
 #include "ParallelMap.h"
 #include "SecureFileTree.h"
+#include "SkillHistory.h"
 #include "SkillText.h"
 
 #include <VORNELCore/SerializedForms.h>
@@ -115,9 +116,8 @@ try {
     entrant.canonical.emplace(m_store.makeStage(), m_workspace.config.canonical(candidate.slug));
     const fs::path &folder = entrant.canonical->stage.path();
     const SkillManifest manifest = stage(candidate, folder);
-    entrant.history.emplace(m_store.stageSnapshot(manifest, folder));
-    entrant.install =
-        m_targets.stage(manifest, folder, candidate.digest.toStdString(), m_unusableTargets, Former::Kept);
+    entrant.history.emplace(SkillHistory(m_workspace).stage(manifest, folder));
+    entrant.install = m_targets.stage(manifest, folder, candidate.digest.toStdString(), m_unusableTargets);
     return entrant;
 } catch (...) {
     return {.candidate = &candidate, .failure = std::current_exception()};
@@ -161,16 +161,15 @@ void ImportCommit::admit(std::span<Entrant> entrants)
     place(m_workspace.files, canonical);
 
     std::vector<Publication *> histories;
-    std::vector<Publication *> copies;
+    std::vector<Install *> installs;
     for (Entrant &entrant : entrants) {
         if (!entrant.canonical || entrant.canonical->failure)
             continue;
         histories.push_back(&*entrant.history);
-        std::ranges::copy(entrant.install.publications(), std::back_inserter(copies));
+        installs.push_back(&entrant.install);
     }
-    // What a copy replaces goes into the history, which has to be on the disk by then.
     place(m_workspace.files, histories);
-    place(m_workspace.files, copies);
+    m_targets.place(installs);
 
     std::exception_ptr failure;
     for (Entrant &entrant : entrants) {
@@ -196,12 +195,12 @@ void ImportCommit::conclude(Entrant &entrant)
 
 void ImportCommit::adopt(const ImportCandidate &candidate, const SkillRecord &skill) const
 {
-    m_store.keepRevision(skill.manifest, skill.url);
+    SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
     // A target that still fails is remembered with the skill, and doesn't hold back the import again. One
     // whose content has changed since the scan is left for the user to look at.
     bestEffort([&] {
         if (holdsContent(candidate, candidate.sourceURL))
-            m_targets.synchronize(skill, Former::Kept);
+            m_targets.synchronize(skill);
     });
 }
 

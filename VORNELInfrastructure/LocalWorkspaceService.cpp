@@ -102,6 +102,18 @@ QFuture<ImportPlan> LocalWorkspaceService::resolveCollision(QUuid id, CollisionC
     });
 }
 
+QFuture<ImportPlan> LocalWorkspaceService::excludeFromImport(QString slug)
+{
+    return perform(LockMode::Shared, [this, slug](const Workspace &) {
+        ImportPlan &plan = pendingPlan();
+        const auto isExcluded = [&slug](const auto &entry) { return entry.slug == slug; };
+        plan.candidates.removeIf(isExcluded);
+        plan.collisions.removeIf(isExcluded);
+        plan.revision += 1;
+        return plan;
+    });
+}
+
 QFuture<WorkspaceOverview> LocalWorkspaceService::commitImport(QUuid planID)
 {
     return m_executor.submit<WorkspaceOverview>([this, planID](QPromise<WorkspaceOverview> &promise) {

@@ -4,6 +4,7 @@
 #include "Workspace.h"
 
 #include <VORNELCore/DraftKeeping.h>
+#include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
 #include <VORNELCore/WorkspaceServicing.h>
@@ -18,6 +19,7 @@ namespace vornel {
 class LocalWorkspaceService : public WorkspaceServicing,
                               public TargetInspecting,
                               public TrashInspecting,
+                              public ImportReviewing,
                               public DraftKeeping
 {
 public:
@@ -48,6 +50,7 @@ public:
                                                 QString relativePath) override;
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
     QFuture<QHash<QUuid, QDateTime>> trashDates() override;
+    QFuture<ImportPlan> excludeFromImport(QString slug) override;
     QFuture<void> keepDraft(QUuid id, KeptDraft draft) override;
     QFuture<std::optional<KeptDraft>> draft(QUuid id) override;
     QFuture<void> discardDraft(QUuid id) override;

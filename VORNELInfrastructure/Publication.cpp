@@ -39,8 +39,6 @@ private:
         const Place destination{m_home, m_publication.destination.filename()};
         if (m_publication.parking.empty()) {
             m_files.rename(newcomer, destination, RenameMode::ToFreePlace);
-        } else if (m_publication.keepsFormer) {
-            replaceAndKeep(newcomer, destination);
         } else if (exchanged(newcomer, destination)) {
             m_publication.former = fs::path(newcomer.folder.path) / newcomer.name;
         } else {
@@ -72,22 +70,6 @@ private:
         if (error.code() != std::errc::operation_not_supported && !isOfAnotherLayer)
             throw;
         return false;
-    }
-
-    /// The newcomer first goes beside the destination: one from another volume fails before anything is
-    /// moved.
-    void replaceAndKeep(const Place &newcomer, const Place &destination)
-    {
-        const Place ready{m_home, temporaryName()};
-        try {
-            m_files.rename(newcomer, ready, RenameMode::ToFreePlace);
-            flushNames(m_files, m_home);
-            flushNames(m_files, newcomer.folder);
-            replaceInTwoSteps(ready, destination);
-        } catch (...) {
-            bestEffort([&] { removeTree(m_files, ready); });
-            throw;
-        }
     }
 
     void replaceInTwoSteps(const Place &newcomer, const Place &destination)

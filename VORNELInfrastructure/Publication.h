@@ -17,12 +17,8 @@ struct Publication
     /// stand there.
     std::filesystem::path parking = {};
 
-    /// Whether the folder that is replaced stays at the parking place for good. It is on the disk there
-    /// before it leaves the destination, which is then empty for a moment.
-    bool keepsFormer = false;
-
     /// Afterwards, where the folder that was replaced stands now, for the caller to remove; without a name
-    /// when none was, or it is kept. On the stage, it goes with it.
+    /// when none was. On the stage, it goes with it.
     std::filesystem::path former = {};
 
     std::exception_ptr failure = nullptr; ///< why it did not succeed: all stands where it stood

@@ -92,7 +92,9 @@ public:
 
         std::vector<FolderEntry> children = m_files.list(level.folder);
         std::ranges::sort(children, naturallyBefore, &FolderEntry::name);
-        std::erase_if(children, [&](const FolderEntry &child) { return !accepts(child, level.prefix); });
+        if (std::erase_if(children, [&](const FolderEntry &child) { return !accepts(child, level.prefix); }) >
+            0)
+            m_isWhole = false;
 
         addFiles(level, children);
         for (const FolderEntry &child : children) {
@@ -115,7 +117,7 @@ public:
             line.push_back('\n');
             hash.update(line);
         }
-        return {root, std::move(m_entries), hash.finish()};
+        return {root, std::move(m_entries), hash.finish(), m_isWhole};
     }
 
 private:
@@ -192,6 +194,7 @@ private:
     Task m_task = Task::Hash;
     FileSystem *m_writer = nullptr;
     std::vector<Entry> m_entries;
+    bool m_isWhole = true;
 };
 
 /// Opens the root of a tree, which must be a folder.

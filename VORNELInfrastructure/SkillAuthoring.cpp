@@ -5,6 +5,7 @@
 #include "FileOperations.h"
 #include "Overview.h"
 #include "SecureFileTree.h"
+#include "SkillHistory.h"
 #include "SkillText.h"
 #include "TargetSynchronizer.h"
 
@@ -54,8 +55,8 @@ SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
     m_store.writeManifest(skill.manifest, stage, Durability::Later);
     publish(m_workspace.files, skillFolder);
 
-    m_store.createSnapshot(skill.manifest, skill.url);
-    TargetSynchronizer(m_workspace).synchronize(skill, Former::Kept);
+    SkillHistory(m_workspace).add(skill.manifest, skill.url);
+    TargetSynchronizer(m_workspace).synchronize(skill);
     return makeDetail(m_workspace, skill);
 }
 
@@ -71,7 +72,7 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
         throw VORNELWorkspaceError::revisionConflict(expectedRevision, skill.manifest.revision);
     if (skillMD.trimmed().isEmpty())
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
-    m_store.keepRevision(skill.manifest, skill.url);
+    SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
     advanceRevision(skill.manifest);
 
     Stage stage = m_store.makeStage();
@@ -80,7 +81,7 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
     m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
     m_store.replaceCanonical(skill.url, std::move(stage));
 
-    m_store.createSnapshot(skill.manifest, skill.url);
+    SkillHistory(m_workspace).add(skill.manifest, skill.url);
     TargetSynchronizer(m_workspace).synchronize(skill);
     return makeDetail(m_workspace, skill);
 }

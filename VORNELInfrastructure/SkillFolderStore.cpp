@@ -1,7 +1,5 @@
 #include "SkillFolderStore.h"
 
-#include "BestEffort.h"
-#include "SecureFileTree.h"
 #include "SkillFiles.h"
 #include "TreeOperations.h"
 
@@ -9,7 +7,6 @@
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 
-#include <algorithm>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -79,51 +76,6 @@ QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slu
     if (!text)
         throw fs::filesystem_error("decode", path, std::make_error_code(std::errc::illegal_byte_sequence));
     return *text;
-}
-
-void SkillFolderStore::createSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
-{
-    Publication copy = stageSnapshot(manifest, skillURL);
-    publish(m_files, copy);
-}
-
-Publication SkillFolderStore::stageSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
-{
-    const fs::path name =
-        pathFromText(QString::number(manifest.revision) + u'-' + uuidText(QUuid::createUuid()));
-    const fs::path history = m_config.historyOf(manifest.id);
-    const bool isFirst = !m_files.kindAt(history);
-    Stage stage = makeStage();
-    SecureFileTree::copyTree(m_files, skillURL, isFirst ? stage.path() / name : stage.path(),
-                             TreeFilter::all);
-    return {.stage = std::move(stage), .destination = isFirst ? history : history / name, .parking = {}};
-}
-
-bool SkillFolderStore::hasSnapshot(const SkillManifest &manifest, const fs::path &skillURL) const
-{
-    const fs::path history = m_config.historyOf(manifest.id);
-    if (!m_files.kindAt(history))
-        return false;
-    const std::string digest = digestOf(skillURL);
-    const std::string prefix = std::to_string(manifest.revision) + '-';
-    const auto holdsContent = [&](const FolderEntry &entry) {
-        bool holds = false;
-        if (entry.name.starts_with(prefix)) // an entry that can't be read holds nothing
-            bestEffort([&] { holds = digestOf(history / entry.name) == digest; });
-        return holds;
-    };
-    return std::ranges::any_of(m_files.list(m_files.openFolder(history)), holdsContent);
-}
-
-void SkillFolderStore::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
-{
-    if (!hasSnapshot(manifest, skillURL))
-        createSnapshot(manifest, skillURL);
-}
-
-std::string SkillFolderStore::digestOf(const fs::path &folder) const
-{
-    return SecureFileTree::snapshot(m_files, folder, TreeFilter::all).digest;
 }
 
 void SkillFolderStore::replaceCanonical(const fs::path &destination, Stage staged) const

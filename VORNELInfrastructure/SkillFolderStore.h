@@ -12,13 +12,14 @@ namespace vornel {
 /// revision that can be counted.
 void advanceRevision(SkillManifest &manifest);
 
-/// Reads and writes the folder of one skill: the staged copy, its files, its history, its swap into place.
+/// Reads and writes the folder of one skill: the staged copy, its files, its swap into place.
 class SkillFolderStore
 {
 public:
     explicit SkillFolderStore(const Workspace &workspace)
-        : m_files(workspace.files), m_config(workspace.config)
+        : SkillFolderStore(workspace.files, workspace.config)
     {}
+    SkillFolderStore(FileSystem &files, const Configuration &config) : m_files(files), m_config(config) {}
 
     /// A fresh place in the staging folder.
     Stage makeStage() const { return {m_files, m_config.staging()}; }
@@ -38,19 +39,6 @@ public:
     /// a `filesystem_error` when it is not UTF-8.
     QString readSkillMD(const std::filesystem::path &folder, const QString &slug) const;
 
-    /// Keeps a copy of `skillURL` in the history, named by the manifest's revision.
-    void createSnapshot(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
-
-    /// Stages such a copy, to be published by the caller.
-    Publication stageSnapshot(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
-
-    /// Whether the history holds, under the manifest's revision, what `skillURL` holds.
-    bool hasSnapshot(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
-
-    /// Keeps a copy of `skillURL` unless the history has it already: somebody may have edited the folder by
-    /// hand, without a new revision. Comes before whatever rewrites that folder.
-    void keepRevision(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
-
     /// Swaps the staged folder into `destination`, safely on the disk. Whatever fails, the skill stands
     /// whole at `destination` or, on a volume that can't exchange two folders, in the recovery folder.
     void replaceCanonical(const std::filesystem::path &destination, Stage staged) const;
@@ -60,8 +48,6 @@ public:
     void discard(const std::filesystem::path &folder) const;
 
 private:
-    std::string digestOf(const std::filesystem::path &folder) const;
-
     FileSystem &m_files;
     const Configuration &m_config;
 };

@@ -3,6 +3,7 @@
 #include "BestEffort.h"
 #include "CrashRecovery.h"
 #include "SkillDrafts.h"
+#include "SkillHistory.h"
 #include "TargetSynchronizer.h"
 #include "TreeOperations.h"
 
@@ -59,12 +60,12 @@ void SkillTrash::restore(const QUuid &id) const
     const SkillRecord skill{manifest, m_workspace.config.canonical(manifest.slug)};
     moveTree(files, source, skill.url);
     try {
-        m_store.createSnapshot(manifest, skill.url);
+        SkillHistory(m_workspace).add(manifest, skill.url);
     } catch (...) {
         bestEffort([&] { moveTree(files, skill.url, source); });
         throw;
     }
-    TargetSynchronizer(m_workspace).synchronize(skill, Former::Kept);
+    TargetSynchronizer(m_workspace).synchronize(skill);
 }
 
 void SkillTrash::deletePermanently(const QUuid &id) const
@@ -101,8 +102,7 @@ void SkillTrash::remove(const QUuid &id) const
     // Should this be cut short, its name in staging tells the next start whose history and draft go too.
     const fs::path condemned = config.staging() / pathFromText(uuidText(id));
     moveTree(m_workspace.files, config.trashed(id), condemned);
-    if (m_workspace.files.kindAt(config.historyOf(id)))
-        m_store.discard(config.historyOf(id));
+    SkillHistory(m_workspace).remove(id);
     bestEffort([&] { SkillDrafts(m_workspace).discard(id); });
     removeTree(m_workspace.files, condemned);
 }

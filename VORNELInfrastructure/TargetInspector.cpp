@@ -67,6 +67,22 @@ QList<FileDifference> differences(const FileTreeSnapshot &canonical, const FileT
     return found;
 }
 
+/// Why nothing of this kind is ever replaced; empty for a folder.
+QString refusalOf(FileKind kind)
+{
+    switch (kind) {
+    case FileKind::Directory:
+        return {};
+    case FileKind::SymbolicLink:
+        return u"C’est un lien."_s;
+    case FileKind::Regular:
+        return u"C’est un fichier."_s;
+    case FileKind::Other:
+        break;
+    }
+    return u"Ce n’est pas un dossier."_s;
+}
+
 } // namespace
 
 QList<TargetInspection> TargetInspector::inspect(const QUuid &id) const
@@ -114,23 +130,38 @@ std::optional<QByteArray> TargetInspector::readFile(const QUuid &id, std::option
     return vornel::readFile(m_workspace.files, path, SkillFiles::sizeLimit);
 }
 
-/// Nothing is installed under a name that is no slug, nor into a target that is a link.
-bool TargetInspector::isOccupied(const TargetPlace &place) const
-try {
-    WorkspaceValidation::validateSlug(place.slug);
-    return TargetFolder(m_workspace, place.target).kindOf(place.slug.toStdString()) == FileKind::Directory &&
-           !m_workspace.files.kindAt(m_workspace.config.canonical(place.slug));
-} catch (const VORNELWorkspaceError &) {
-    return false;
+std::optional<TargetOccupant> TargetInspector::occupant(const TargetPlace &place) const
+{
+    const TargetFolder folder(m_workspace, place.target);
+    const std::string name = place.slug.toStdString();
+    std::optional<FileKind> kind;
+    try {
+        WorkspaceValidation::validateSlug(place.slug);
+        kind = folder.kindOf(name);
+    } catch (const VORNELWorkspaceError &) { // no copy is installed in such a place
+        return std::nullopt;
+    }
+    if (!kind || m_workspace.files.kindAt(m_workspace.config.canonical(place.slug)))
+        return std::nullopt;
+    TargetOccupant occupant{place.target, place.slug,
+                            m_workspace.config.target(place.target) / pathFromText(place.slug)};
+    occupant.refusal = refusalOf(*kind);
+    if (occupant.refusal.isEmpty()) {
+        try {
+            folder.snapshot(name);
+        } catch (const std::exception &error) {
+            occupant.refusal = errorMessage(error);
+        }
+    }
+    return occupant;
 }
 
 QList<TargetOccupant> TargetInspector::occupants(const QList<TargetPlace> &places) const
 {
     QList<TargetOccupant> found;
     for (const TargetPlace &place : places) {
-        if (isOccupied(place))
-            found.append({place.target, place.slug,
-                          m_workspace.config.target(place.target) / pathFromText(place.slug)});
+        if (const auto there = occupant(place))
+            found.append(*there);
     }
     return found;
 }

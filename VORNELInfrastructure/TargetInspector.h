@@ -27,11 +27,11 @@ public:
     std::optional<QByteArray> readFile(const QUuid &id, std::optional<TargetKind> target,
                                        const QString &relativePath) const;
 
-    /// The folders at these places that aren't copies of active skills.
+    /// What stands at these places and isn't a copy of an active skill.
     QList<TargetOccupant> occupants(const QList<TargetPlace> &places) const;
 
 private:
-    bool isOccupied(const TargetPlace &place) const;
+    std::optional<TargetOccupant> occupant(const TargetPlace &place) const;
     TargetInspection inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
                              TargetKind target) const;
 

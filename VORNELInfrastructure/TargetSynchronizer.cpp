@@ -50,22 +50,26 @@ QList<TargetKind> kindsOf(const std::map<TargetKind, std::exception_ptr> &failur
 std::vector<Publication *> Install::publications()
 {
     std::vector<Publication *> all;
-    for (Publication &copy : copies | std::views::values)
-        all.push_back(&copy);
+    for (auto *staged : {&copies, &kept}) {
+        for (Publication &publication : *staged | std::views::values)
+            all.push_back(&publication);
+    }
     return all;
 }
 
-void TargetSynchronizer::synchronize(const SkillRecord &skill, Former former) const
+void TargetSynchronizer::synchronize(const SkillRecord &skill) const
 {
     Failures unusable = prepareRoots();
     std::string digest;
-    if (const auto unreadable = failureOf([&] { digest = digestOf(skill.url); })) {
+    if (const auto unreadable = failureOf([&] { digest = contentOf(skill.url).digest; })) {
         for (const TargetKind kind : allCases<TargetKind>())
             unusable.emplace(kind, unreadable);
     }
-    Install install = stage(skill.manifest, skill.url, digest, unusable, former);
+    Install install = stage(skill.manifest, skill.url, digest, unusable);
+    if (!install.kept.empty())
+        createFolders(m_workspace.files, m_workspace.config.historyOf(skill.manifest.id), Durability::Now);
     settle(m_workspace.files, install.publications());
-    place(m_workspace.files, install.publications());
+    place({&install});
     finish(install);
     if (!install.failures.empty())
         throw VORNELWorkspaceError::partialSync(kindsOf(install.failures));
@@ -97,14 +101,6 @@ fs::path TargetSynchronizer::recoveryPlace(const QString &label, TargetKind kind
     return m_workspace.config.recovery() / pathFromText(name);
 }
 
-fs::path TargetSynchronizer::parkingPlace(const SkillManifest &manifest, TargetKind kind, Former former) const
-{
-    if (former == Former::Discarded)
-        return recoveryPlace(u"-"_s, kind, manifest.slug);
-    const QString name = u"replaced-"_s + rawValue(kind) + u'-' + uuidText(QUuid::createUuid());
-    return m_workspace.config.historyOf(manifest.id) / pathFromText(name);
-}
-
 TargetSynchronizer::Failures TargetSynchronizer::prepareRoots() const
 {
     return failuresOf([this](TargetKind kind) {
@@ -115,38 +111,60 @@ TargetSynchronizer::Failures TargetSynchronizer::prepareRoots() const
 }
 
 Install TargetSynchronizer::stage(const SkillManifest &manifest, const fs::path &source,
-                                  const std::string &digest, const Failures &unusable, Former former) const
+                                  const std::string &digest, const Failures &unusable) const
 {
     Install install{manifest.id};
     install.failures = failuresOf([&](TargetKind kind) {
         if (unusable.contains(kind))
             std::rethrow_exception(unusable.at(kind));
-        if (auto copy = stagedCopy(manifest, source, digest, kind, former))
-            install.copies.emplace(kind, std::move(*copy));
+        stage(install, manifest, source, digest, kind);
     });
     return install;
 }
 
-std::string TargetSynchronizer::digestOf(const fs::path &folder) const
+FileTreeSnapshot TargetSynchronizer::contentOf(const fs::path &folder) const
 {
-    return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest).digest;
+    return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
 }
 
-std::optional<Publication> TargetSynchronizer::stagedCopy(const SkillManifest &manifest,
-                                                          const fs::path &source, const std::string &digest,
-                                                          TargetKind kind, Former former) const
+void TargetSynchronizer::stage(Install &install, const SkillManifest &manifest, const fs::path &source,
+                               const std::string &digest, TargetKind kind) const
 {
-    const fs::path destination = m_workspace.config.target(kind) / pathFromText(manifest.slug);
-    const bool isOccupied = m_workspace.files.kindAt(destination).has_value();
-    if (isOccupied && digestOf(destination) == digest)
-        return std::nullopt;
+    Publication copy{.stage = m_store.makeStage(),
+                     .destination = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
+    std::optional<Publication> kept;
+    if (m_workspace.files.kindAt(copy.destination)) {
+        const FileTreeSnapshot former = contentOf(copy.destination);
+        if (former.digest == digest)
+            return;
+        copy.parking = recoveryPlace(u"-"_s, kind, manifest.slug);
+        if (!m_history.holdsAllOf(manifest.id, former))
+            kept.emplace(m_history.stageReplaced(manifest.id, rawValue(kind), copy.destination));
+    }
+    SecureFileTree::copyTree(m_workspace.files, source, copy.stage.path(), TreeFilter::excludingManifest);
+    install.copies.emplace(kind, std::move(copy));
+    if (kept)
+        install.kept.emplace(kind, std::move(*kept));
+}
 
-    Stage stage = m_store.makeStage();
-    SecureFileTree::copyTree(m_workspace.files, source, stage.path(), TreeFilter::excludingManifest);
-    return Publication{.stage = std::move(stage),
-                       .destination = destination,
-                       .parking = isOccupied ? parkingPlace(manifest, kind, former) : fs::path(),
-                       .keepsFormer = former == Former::Kept};
+void TargetSynchronizer::place(const std::vector<Install *> &installs) const
+{
+    std::vector<Publication *> kept;
+    std::vector<Publication *> copies;
+    for (Install *install : installs) {
+        for (Publication &publication : install->kept | std::views::values)
+            kept.push_back(&publication);
+        for (Publication &publication : install->copies | std::views::values)
+            copies.push_back(&publication);
+    }
+    vornel::place(m_workspace.files, kept);
+    for (Install *install : installs) {
+        for (const auto &[kind, publication] : install->kept) {
+            if (publication.failure)
+                install->copies.at(kind).failure = publication.failure;
+        }
+    }
+    vornel::place(m_workspace.files, copies);
 }
 
 void TargetSynchronizer::finish(Install &install) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SkillFolderStore.h"
+#include "SkillHistory.h"
 #include "SkillRecords.h"
 
 #include <exception>
@@ -11,17 +12,15 @@
 
 namespace vornel {
 
-/// What becomes of a folder that an install replaces. Under the slug of a skill that is new to the targets
-/// stands nothing of its own: such a folder is kept in the skill's history.
-enum class Former { Discarded, Kept };
-
 /// One skill on its way into the targets.
 struct Install
 {
     QUuid id;
     std::map<TargetKind, Publication> copies = {}; ///< for the targets where the copy isn't right
+    std::map<TargetKind, Publication> kept = {};   ///< of what these replace, what the history lacks
     std::map<TargetKind, std::exception_ptr> failures = {};
 
+    /// All that is staged.
     std::vector<Publication *> publications();
 };
 
@@ -29,11 +28,14 @@ struct Install
 class TargetSynchronizer
 {
 public:
-    explicit TargetSynchronizer(const Workspace &workspace) : m_workspace(workspace), m_store(workspace) {}
+    explicit TargetSynchronizer(const Workspace &workspace)
+        : m_workspace(workspace), m_store(workspace), m_history(workspace)
+    {}
 
-    /// Makes both copies equal to the canonical folder. A failed target doesn't stop the other: failures are
-    /// remembered, then thrown as `partialSync`. To keep a folder, the skill must have a history.
-    void synchronize(const SkillRecord &skill, Former former = Former::Discarded) const;
+    /// Makes both copies equal to the canonical folder. What stood there goes into the skill's history,
+    /// unless that holds it already. A failed target doesn't stop the other: failures are remembered, then
+    /// thrown as `partialSync`.
+    void synchronize(const SkillRecord &skill) const;
 
     /// Moves both copies into the recovery folder. A failed target doesn't stop the other: failures are
     /// remembered, then thrown as `partialSync`.
@@ -46,26 +48,30 @@ public:
 
     /// Stages what the targets need for their copies to be those of `source`, which has this digest.
     Install stage(const SkillManifest &manifest, const std::filesystem::path &source,
-                  const std::string &digest, const Failures &unusable, Former former) const;
+                  const std::string &digest, const Failures &unusable) const;
 
-    /// Ends an install whose copies have been placed: keeps what failed, in memory and with the install, and
-    /// removes the former copies.
+    /// Places settled installs: first what they keep, into the histories, which have to be there, and then
+    /// the copies. Where the one fails, so does the other.
+    void place(const std::vector<Install *> &installs) const;
+
+    /// Ends an install that has been placed: keeps what failed, in memory and with the install, and removes
+    /// the former copies.
     void finish(Install &install) const;
 
 private:
-    std::optional<Publication> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
-                                          const std::string &digest, TargetKind kind, Former former) const;
+    void stage(Install &install, const SkillManifest &manifest, const std::filesystem::path &source,
+               const std::string &digest, TargetKind kind) const;
     void removeTargetCopy(const QString &slug, TargetKind kind) const;
 
     /// Keeps which targets of a skill failed, if any, each with its reason.
     void remember(const QUuid &id, const Failures &failures) const;
 
-    std::string digestOf(const std::filesystem::path &folder) const;
+    FileTreeSnapshot contentOf(const std::filesystem::path &folder) const;
     std::filesystem::path recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const;
-    std::filesystem::path parkingPlace(const SkillManifest &manifest, TargetKind kind, Former former) const;
 
     const Workspace &m_workspace;
     SkillFolderStore m_store;
+    SkillHistory m_history;
 };
 
 } // namespace vornel

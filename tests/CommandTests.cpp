@@ -127,9 +127,18 @@ TEST_F(Vornelctl, ReplacesFoldersOfOthersOnlyWhenTold)
 
     write("home/.claude/skills/both/SKILL.md", "x");
     write("codex/both/notes.txt", "theirs, too");
+    write("home/.claude/skills/aside/SKILL.md", "x");
+    fs::create_symlink("/etc/passwd", path("codex/aside"));
     refuses("import --json");
-    EXPECT_EQ(run("import --replace").code, 0);
+    refuses("import --replace --json");
+    const QJsonValue occupant = run("import --replace --json").error()[u"occupants"][0];
+    EXPECT_EQ(occupant[u"slug"], u"aside"_s);
+    EXPECT_EQ(occupant[u"target"], u"codex"_s);
+    EXPECT_EQ(occupant[u"refusal"], u"C’est un lien."_s);
+    EXPECT_EQ(run("import --except rien").code, 2);
+    EXPECT_EQ(run("import --except aside --replace").code, 0);
     EXPECT_EQ(names("codex/both"), std::vector<std::string>{"SKILL.md"});
+    EXPECT_FALSE(fs::exists(path("home/VORNEL/skills/aside")));
 }
 
 TEST_F(Vornelctl, NamesItsFailures)

@@ -60,8 +60,9 @@ struct ModelTest : testing::Test
     {
         model.reset();
         service = std::make_shared<RealService>();
-        model = std::make_unique<AppModel>(service, service, service, service, scratch.path("workspace"),
-                                           scratch.path("claude"), scratch.path("codex"), settings());
+        model =
+            std::make_unique<AppModel>(service, service, service, service, service, scratch.path("workspace"),
+                                       scratch.path("claude"), scratch.path("codex"), settings());
         QObject::connect(model.get(), &AppModel::confirmed, model.get(),
                          [this, sender = model.get()] { confirmations.append(sender->transientMessage()); });
     }

@@ -170,8 +170,15 @@ TEST_F(Inspection, TellsWhoseFoldersStandInTheWay)
     write("codex/other/notes.txt", "x");
     write("codex/file", "x");
     fs::create_directory_symlink(path("codex/other"), path("codex/link"));
-    const QList<TargetOccupant> expected{{TargetKind::codex, u"other"_s, path("codex/other")}};
-    EXPECT_EQ(service->occupants(places).result(), expected) << "the rest is no folder, or VORNEL's";
+    const auto at = [this](const char *name, const QString &refusal) {
+        return TargetOccupant{TargetKind::codex, QString::fromLatin1(name), path("codex") / name, refusal};
+    };
+    QList<TargetOccupant> expected{at("other", {}), at("file", u"C’est un fichier."_s),
+                                   at("link", u"C’est un lien."_s)};
+    EXPECT_EQ(service->occupants(places).result(), expected);
+    fs::create_symlink("/etc/passwd", path("codex/other/inner"));
+    expected.first().refusal = Error::symlinkUnsupported(u"inner"_s).errorDescription();
+    EXPECT_EQ(service->occupants(places).result(), expected) << "as an install would refuse it";
 
     fs::rename(path("claude"), path("aside"));
     fs::create_directory_symlink(path("aside"), path("claude"));

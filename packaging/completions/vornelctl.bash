@@ -36,7 +36,7 @@ _vornelctl_command() {
     command='' operands=0
     for ((i = 1; i < cword; ++i)); do
         case ${words[i]} in
-            --workspace | --claude | --codex | --search | --category | --maturity | --choose | --prefer | --name | \
+            --workspace | --claude | --codex | --search | --category | --maturity | --choose | --prefer | --except | --name | \
                 --summary | --tags | --file | --expect) ((++i)) ;;
             -*) ;;
             *)
@@ -57,7 +57,7 @@ _vornelctl_options() {
     local options=(--workspace --claude --codex --json --help --version)
     case $1 in
         list) options+=(--search --category --maturity) ;;
-        import) options+=(--choose --prefer --replace) ;;
+        import) options+=(--choose --prefer --except --replace) ;;
         create) options+=(--name --summary --category --tags --maturity --file --replace) ;;
         save) options+=(--expect --file) ;;
         sync) options+=(--all) ;;
@@ -104,7 +104,7 @@ _vornelctl() {
             _filedir
             return
             ;;
-        --search | --name | --summary | --tags | --expect | --choose) return ;;
+        --search | --name | --summary | --tags | --expect | --choose | --except) return ;;
         --category) _vornelctl_offer < <(_vornelctl_values id "$workspace/.vornel/categories.json") ;;
         --maturity) _vornelctl_offer < <(printf '%s\n' draft ready active obsolete) ;;
         --prefer) _vornelctl_offer < <(printf '%s\n' claude codex) ;;

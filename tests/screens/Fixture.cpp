@@ -34,7 +34,7 @@ void Fixture::restart()
     m_model.reset();
     const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
     m_model = std::make_unique<AppModel>(
-        service, service, service, service, m_scratch.path("workspace"), m_scratch.path("claude"),
+        service, service, service, service, service, m_scratch.path("workspace"), m_scratch.path("claude"),
         m_scratch.path("codex"),
         std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));
     Q_EMIT modelChanged();

@@ -92,10 +92,22 @@ ScreenTest {
     function test_folders_of_others_are_replaced_only_when_told() {
         fixture.write("claude/audit/SKILL.md", "un");
         fixture.write("codex/audit/notes.txt", "à un autre");
+        fixture.write("claude/fichier/SKILL.md", "un");
+        fixture.write("codex/fichier", "à un autre");
         enterImportPage();
-        awaitText("1 dossier porte le nom d’une compétence à importer.");
-        click("Ouvrir le dossier");
+        awaitText("2 dossiers portent le nom de compétences à importer.");
+        tryVerify(() => all("Ouvrir le dossier").length === 2);
+        mouseClick(all("Ouvrir le dossier")[0]);
         verify(fixture.openedFolder.endsWith("/codex/audit"));
+        click("Ouvrir la bibliothèque");
+        awaitText("L’import ne peut pas commencer");
+        verify(!shows("Remplacer et importer"));
+        keyClick(Qt.Key_Return);
+        tryVerify(() => control("Ouvrir la bibliothèque").activeFocus);
+        all("Ne pas importer")[1].forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        awaitText("1 dossier porte le nom d’une compétence à importer.");
+        tryVerify(() => control("Ne pas importer").activeFocus);
         click("Ouvrir la bibliothèque");
         awaitText("Remplacer 1 dossier\u00a0?");
         keyClick(Qt.Key_Escape);

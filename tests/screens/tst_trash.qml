@@ -68,6 +68,12 @@ ScreenTest {
 
     function test_folders_of_others_are_replaced_only_when_told() {
         openTrash(["audit", "notes"]);
+        fixture.write("claude/audit", "à un autre");
+        button("audit", "Restaurer").clicked();
+        awaitText("C’est un fichier.");
+        verify(!shows("Remplacer et restaurer"));
+        cancel();
+        fixture.remove("claude/audit");
         fixture.write("claude/audit/notes.txt", "à un autre");
         button("audit", "Restaurer").clicked();
         click("Ouvrir le dossier");
@@ -152,10 +158,11 @@ ScreenTest {
 
     function test_restored_though_an_assistant_has_no_copy() {
         openTrash(["a", "b"]);
-        fixture.write("codex/b", "pas un dossier");
         click("Sélectionner");
         keyClick(Qt.Key_A, Qt.ControlModifier);
         click("Restaurer");
+        tryVerify(() => focusedName() === "Annuler");
+        fixture.write("codex/b", "pas un dossier"); // which nothing foretold
         accept();
         awaitText("2 RESTAURÉES");
         compare(trashed(), "");

@@ -53,6 +53,16 @@ fs::path Scratch::write(const std::string &below, const std::string &bytes) cons
     return file;
 }
 
+std::vector<Tree> Scratch::trees(const std::string &below, const std::string &prefix) const
+{
+    std::vector<Tree> trees;
+    for (const std::string &name : names(below)) {
+        if (name.starts_with(prefix))
+            trees.push_back(tree(below + '/' + name));
+    }
+    return trees;
+}
+
 std::vector<std::string> Scratch::names(const std::string &below) const
 {
     std::vector<std::string> names;

@@ -37,6 +37,9 @@ public:
 
     Tree tree(const std::string &below) const { return treeOf(path(below)); }
 
+    /// What the folders of `below` hold whose names begin with `prefix`.
+    std::vector<Tree> trees(const std::string &below, const std::string &prefix) const;
+
 private:
     QTemporaryDir m_folder;
 };

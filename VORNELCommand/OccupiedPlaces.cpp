@@ -1,0 +1,53 @@
+#include "OccupiedPlaces.h"
+
+#include "CommandFailure.h"
+
+#include <VORNELCore/RecordJson.h>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+QString linesFor(const QList<TargetOccupant> &occupants)
+{
+    QString lines;
+    for (const TargetOccupant &occupant : occupants) {
+        lines += u"  "_s + occupant.assistant() + u"  "_s + occupant.shownPath() + u'\n';
+        if (!occupant.refusal.isEmpty())
+            lines += u"      "_s + occupant.refusal + u'\n';
+    }
+    return lines;
+}
+
+QString messageFor(const QList<TargetOccupant> &occupants, bool isReplaceable)
+{
+    const QString text =
+        !isReplaceable ? u"Ce qui occupe cette place ne peut pas être remplacé\u00A0:\n%1"
+                         "Rien n’a été écrit. Déplacez-le d’abord."_s
+        : occupants.size() == 1
+            ? u"Un dossier que VORNEL n’a pas installé tient déjà cette place\u00A0:\n%1"
+              "Rien n’a été écrit. Avec --replace, il est remplacé, et gardé dans l’historique."_s
+            : u"Des dossiers que VORNEL n’a pas installés tiennent déjà ces places\u00A0:\n%1"
+              "Rien n’a été écrit. Avec --replace, ils sont remplacés, et gardés dans l’historique."_s;
+    return text.arg(linesFor(occupants));
+}
+
+} // namespace
+
+void refuseOccupied(TargetInspecting &copies, const QList<TargetPlace> &places, bool mayReplace)
+{
+    QList<TargetOccupant> occupants = copies.occupants(places).result();
+    const bool isReplaceable = std::ranges::all_of(occupants, &QString::isEmpty, &TargetOccupant::refusal);
+    if (mayReplace && !isReplaceable)
+        occupants.removeIf([](const TargetOccupant &occupant) { return occupant.refusal.isEmpty(); });
+    if (occupants.isEmpty() || (mayReplace && isReplaceable))
+        return;
+    throw CommandFailure(u"targetOccupied"_s, messageFor(occupants, isReplaceable),
+                         {{u"occupants"_s, RecordJson::encode(QVariant::fromValue(occupants))}});
+}
+
+} // namespace vornel

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "FileTreeSnapshot.h"
+#include "Publication.h"
+#include "Workspace.h"
+
+#include <VORNELCore/WorkspaceModels.h>
+
+namespace vornel {
+
+/// What is kept of a skill: a copy of each revision, named by it, and of the folders that were
+/// replaced, named "replaced-" with their origin.
+class SkillHistory
+{
+public:
+    explicit SkillHistory(const Workspace &workspace) : m_files(workspace.files), m_config(workspace.config)
+    {}
+
+    /// Adds a copy of the skill's folder.
+    void add(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+
+    /// Stages such a copy, to be published by the caller.
+    Publication stage(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+
+    /// Whether an entry of the manifest's revision holds this content of the skill's folder.
+    bool holdsRevision(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
+
+    /// Adds what `skillURL` holds and no entry does: somebody may have edited the folder by hand, without a
+    /// new revision, or put hidden files into it. Comes before whatever rewrites that folder.
+    void keepRevision(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+
+    /// Whether an entry, of whatever revision, holds all of an assistant's folder: it may be deleted then.
+    bool holdsAllOf(const QUuid &id, const FileTreeSnapshot &copy) const;
+
+    /// Stages a copy of a folder that is about to be replaced, hidden entries included. `origin` is a target,
+    /// or "library". When it is published, there must be a history.
+    Publication stageReplaced(const QUuid &id, const QString &origin,
+                              const std::filesystem::path &folder) const;
+
+    /// Deletes the history of a skill that is deleted for good, if there is one. What was replaced goes to
+    /// the recovery folder: the skill's text is the user's to delete, these were others'.
+    void remove(const QUuid &id) const;
+
+private:
+    bool holds(const QUuid &id, std::string_view prefix, TreeFilter filter, const std::string &digest) const;
+    std::filesystem::path placeFor(const QUuid &id, const QString &name) const;
+
+    FileSystem &m_files;
+    const Configuration &m_config;
+};
+
+} // namespace vornel
