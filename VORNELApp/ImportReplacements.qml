@@ -17,6 +17,12 @@ Column {
     /** The keyboard has no row left to go on from. */
     signal emptied
 
+    function goOn(): void {
+        if (excludedRow >= 0 && !folders.focusRow(excludedRow))
+            emptied();
+        excludedRow = -1;
+    }
+
     spacing: Metrics.small
     visible: occupants.count > 0 || occupants.problem !== ""
     Component.onCompleted: occupants.lookForImport()
@@ -26,11 +32,7 @@ Column {
         id: occupants
 
         model: replacements.model
-        onChanged: {
-            if (replacements.excludedRow >= 0 && !folders.focusRow(replacements.excludedRow))
-                replacements.emptied();
-            replacements.excludedRow = -1;
-        }
+        onChanged: Qt.callLater(replacements.goOn) // once the rows are there
     }
     SymbolLabel {
         color: Colors.warning

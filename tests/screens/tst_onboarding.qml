@@ -97,7 +97,9 @@ ScreenTest {
         enterImportPage();
         awaitText("2 dossiers portent le nom de compétences à importer.");
         tryVerify(() => all("Ouvrir le dossier").length === 2);
-        mouseClick(all("Ouvrir le dossier")[0]);
+        const looks = all("Ouvrir le dossier");
+        waitForItemPolished(looks[0].parent);
+        mouseClick(looks.find(look => look.Accessible.description.endsWith("/codex/audit")));
         verify(fixture.openedFolder.endsWith("/codex/audit"));
         click("Ouvrir la bibliothèque");
         awaitText("L’import ne peut pas commencer");
