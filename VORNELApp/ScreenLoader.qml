@@ -3,6 +3,8 @@ import VORNELApp
 
 /** Shows one screen of this module at a time, named by its file, or none. Every screen is given the model. */
 Loader {
+    id: loader
+
     required property AppModel model
     required property string screen
 
@@ -14,10 +16,24 @@ Loader {
     }
 
     focus: true
-    onLoaded: item.focus = true
+    onActiveFocusChanged: keyboard.stop()
+    onLoaded: {
+        item.focus = true;
+        if (!activeFocus)
+            keyboard.restart();
+    }
     Component.onCompleted: {
         isComplete = true;
         load();
     }
     onScreenChanged: load()
+
+    Timer {
+        id: keyboard
+
+        interval: 200
+        // A sheet of the former screen had it, was closing, and could give it back to no one.
+        onTriggered: if (loader.Window.activeFocusItem === loader.Window.contentItem) loader.forceActiveFocus(Qt.OtherFocusReason)
+    }
 }
+

@@ -105,6 +105,7 @@ ScreenTest {
         awaitText("L’import ne peut pas commencer");
         verify(!shows("Remplacer et importer"));
         keyClick(Qt.Key_Return);
+        tryVerify(() => !shows("L’import ne peut pas commencer"));
         tryVerify(() => control("Ouvrir la bibliothèque").activeFocus);
         all("Ne pas importer")[1].forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Space);

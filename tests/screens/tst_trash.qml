@@ -58,6 +58,7 @@ ScreenTest {
         fixture.emptyTrashElsewhere();
         click("Actualiser");
         awaitText("La corbeille est vide");
+        tryVerify(() => control("Actualiser").activeFocus);
         verify(shows("0 éléments"));
         verify(!control("Vider la corbeille").enabled && !control("Sélectionner").enabled);
         for (let stop = 0; stop < 12; ++stop) {
@@ -123,6 +124,18 @@ ScreenTest {
         accept();
         awaitText("CORBEILLE VIDÉE");
         awaitText("La corbeille est vide");
+    }
+
+    function test_a_screen_that_changes_while_a_sheet_closes_leaves_the_keyboard() {
+        openTrash(["audit", "notes"]);
+        button("audit", "Supprimer définitivement").clicked();
+        tryVerify(() => focusedName() === "Annuler");
+        keyClick(Qt.Key_Escape);
+        model.selectedDestination = AppStates.Destination.needsAttention;
+        tryVerify(() => !shows("Annuler"));
+        awaitText("À RÉPARER");
+        wait(200); // by then the sheet would have closed
+        tryVerify(() => root.Window.activeFocusItem !== root.Window.contentItem);
     }
 
     function test_several_and_a_failure_among_them() {
