@@ -32,7 +32,8 @@ T.ItemDelegate {
     background: Rectangle {
         border.color: row.record.isSelected ? Colors.accent : row.hovered && row.isChoosable ? Colors.muted : Colors.line
         border.width: Metrics.hairline
-        color: row.record.isSelected ? Qt.tint(Colors.raised, Qt.alpha(Colors.accent, 0.08)) : row.hovered && row.isChoosable ? Colors.hover : Colors.raised
+        color: row.record.isSelected ? Qt.tint(Colors.raised, Qt.alpha(Colors.accent, 0.08))
+            : row.hovered && row.isChoosable ? Colors.hover : Colors.raised
         radius: Metrics.cardRadius
 
         FocusRing {
