@@ -22,7 +22,7 @@ T.ItemDelegate {
     rightInset: Metrics.huge
     text: record.skill.displayName
     verticalPadding: Metrics.medium
-    onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
+    onActiveFocusChanged: if (activeFocus && index >= 0) ListView.view.currentIndex = index // it is -1 once its skill has left the list
 
     Accessible.description: record.description
     Accessible.name: text
