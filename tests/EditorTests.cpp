@@ -65,9 +65,10 @@ TEST(FaithfulText, ChangesWhatIsEditedAndNothingElse)
             QTextCursor cursor(&document);
             cursor.setPosition(static_cast<int>(begin));
             cursor.setPosition(static_cast<int>(std::max(begin, end)), QTextCursor::KeepAnchor);
-            cursor.insertText(u"ï"_s);
             expected.remove(begin, std::max<qsizetype>(0, end - begin));
-            expected.insert(begin, u"ï"_s);
+            if (edit % 2 == 0)
+                expected.insert(begin, u"ï"_s);
+            cursor.insertText(edit % 2 == 0 ? u"ï"_s : QString());
             ASSERT_EQ(text.text(), expected.join(QString())) << "round " << round;
             ASSERT_TRUE(text.differsFrom(original) || text.text() == original);
         }
