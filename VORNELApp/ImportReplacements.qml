@@ -32,7 +32,13 @@ Column {
         id: occupants
 
         model: replacements.model
-        onChanged: Qt.callLater(replacements.goOn) // once the rows are there
+        onChanged: resumption.start()
+    }
+    Timer {
+        id: resumption
+
+        interval: 0 // once the rows are there
+        onTriggered: replacements.goOn()
     }
     SymbolLabel {
         color: Colors.warning

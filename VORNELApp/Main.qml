@@ -2,7 +2,8 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The application's window, shown by whoever places it. Closing it waits for what is being done, and stays if that has failed, unless the program has to end. */
+/** The application's window, shown by whoever places it. Closing it waits for what is being done, and stays if that has
+    failed, unless the program has to end. */
 Window {
     id: window
 

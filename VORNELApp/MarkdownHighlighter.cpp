@@ -67,7 +67,7 @@ void MarkdownHighlighter::highlightBlock(const QString &text)
         highlightProse(text);
 }
 
-/// Whether this line is still part of the slice; if not, the next slice begins with it.
+/// Whether this line is still part of the slice; if not, it is left to the next ones.
 bool MarkdownHighlighter::mayGoOn()
 {
     if (!m_turn.isActive()) {
@@ -78,6 +78,8 @@ bool MarkdownHighlighter::mayGoOn()
         return true;
     if (m_rest.isNull() || currentBlock().position() < m_rest.position())
         m_rest = QTextCursor(currentBlock());
+    if (m_restEnd.isNull() || currentBlock().position() > m_restEnd.position())
+        m_restEnd = QTextCursor(currentBlock());
     return false;
 }
 
@@ -85,9 +87,12 @@ void MarkdownHighlighter::goOn()
 {
     if (m_rest.isNull())
         return;
-    QTextBlock next = std::exchange(m_rest, {}).block();
-    next.setUserState(-1); // so that colouring doesn't end with this line because its state is what it was
-    rehighlightBlock(next);
+    QTextBlock line = std::exchange(m_rest, {}).block();
+    const QTextCursor end = std::exchange(m_restEnd, {});
+    for (; m_rest.isNull() && line.isValid() && line.position() <= end.position(); line = line.next())
+        rehighlightBlock(line); // with those after it, as far as their states change
+    if (!m_rest.isNull() && m_restEnd.position() < end.position())
+        m_restEnd = end;
 }
 
 /// What the line after this one belongs to.

@@ -47,9 +47,10 @@ private:
     QColor m_codeColor;
     QColor m_linkColor;
     QColor m_markColor;
-    QTimer m_turn;       ///< runs out when the main thread is free again
-    int m_linesLeft = 0; ///< that may be coloured before
-    QTextCursor m_rest;  ///< where colouring goes on then; null when all is coloured
+    QTimer m_turn;         ///< runs out when the main thread is free again
+    int m_linesLeft = 0;   ///< that may be coloured before
+    QTextCursor m_rest;    ///< where colouring goes on then; null when all is coloured
+    QTextCursor m_restEnd; ///< the last line that was left out; others after it may follow
 };
 
 } // namespace vornel

@@ -26,7 +26,8 @@ T.ItemDelegate {
     text: skill.displayName
     visible: record.isShown
 
-    Accessible.description: `${skill.slug}, ${record.category.name}, ${skill.maturityText}, ${skill.syncStateText}` + (record.isSelected ? ", sélectionnée" : "")
+    Accessible.description: `${skill.slug}, ${record.category.name}, ${skill.maturityText}, ${skill.syncStateText}`
+        + (record.isSelected ? ", sélectionnée" : "")
     Accessible.name: text
     Accessible.role: Accessible.ListItem
     Accessible.onPressAction: if (enabled) clicked()

@@ -207,7 +207,8 @@ FocusScope {
 
         acceptText: "Placer dans la corbeille"
         isDestructive: true
-        message: "Vous pourrez restaurer cette compétence depuis la corbeille." + (editor.draft.isModified ? "\n\nLes modifications non enregistrées seront perdues." : "")
+        message: "Vous pourrez restaurer cette compétence depuis la corbeille."
+            + (editor.draft.isModified ? "\n\nLes modifications non enregistrées seront perdues." : "")
         title: "Placer « " + editor.name + " » dans la corbeille ?"
         onAccepted: {
             editor.isGoing = true;

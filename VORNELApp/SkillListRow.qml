@@ -22,7 +22,7 @@ T.ItemDelegate {
     rightInset: Metrics.huge
     text: record.skill.displayName
     verticalPadding: Metrics.medium
-    onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
+    onActiveFocusChanged: if (activeFocus && index >= 0) ListView.view.currentIndex = index // it is -1 once its skill has left the list
 
     Accessible.description: record.description
     Accessible.name: text
@@ -32,7 +32,8 @@ T.ItemDelegate {
     background: Rectangle {
         border.color: row.record.isSelected ? Colors.accent : row.hovered && row.isChoosable ? Colors.muted : Colors.line
         border.width: Metrics.hairline
-        color: row.record.isSelected ? Qt.tint(Colors.raised, Qt.alpha(Colors.accent, 0.08)) : row.hovered && row.isChoosable ? Colors.hover : Colors.raised
+        color: row.record.isSelected ? Qt.tint(Colors.raised, Qt.alpha(Colors.accent, 0.08))
+            : row.hovered && row.isChoosable ? Colors.hover : Colors.raised
         radius: Metrics.cardRadius
 
         FocusRing {

@@ -50,7 +50,8 @@ RowList {
         interval: 0 // once the view has begun anew
         onTriggered: {
             view.forceLayout();
-            view.contentY = Math.max(view.originY - view.topMargin, Math.min(view.place, view.originY + view.contentHeight + view.bottomMargin - view.height));
+            const end = view.originY + view.contentHeight + view.bottomMargin - view.height;
+            view.contentY = Math.max(view.originY - view.topMargin, Math.min(view.place, end));
         }
     }
     Connections {

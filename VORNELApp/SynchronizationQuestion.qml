@@ -14,13 +14,15 @@ ConfirmationDialog {
             return "Vos assistants recevront la version de VORNEL. Certaines copies n’ont pas pu être comparées.";
         if (edited === 0)
             return "Aucune de leurs copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
-        return edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée dans l’historique."
-                            : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées dans l’historique.";
+        const what = edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée"
+            : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées";
+        return what + " dans l’historique.";
     }
 
     acceptText: "Tout synchroniser"
     isDestructive: edited > 0
     message: loss
-    title: skills.surveyedCount === 1 ? "Synchroniser 1 compétence\u00A0?" : "Synchroniser " + skills.surveyedCount + " compétences\u00A0?"
+    title: skills.surveyedCount === 1 ? "Synchroniser 1 compétence\u00A0?"
+        : "Synchroniser " + skills.surveyedCount + " compétences\u00A0?"
     onAccepted: skills.synchronizeSurveyed()
 }

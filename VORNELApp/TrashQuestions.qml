@@ -48,7 +48,8 @@ Item {
         id: restoration
 
         acceptText: "Restaurer"
-        message: questions.skill ? questions.name + " sera à nouveau disponible dans vos assistants." : "Elles seront à nouveau disponibles dans vos assistants."
+        message: questions.skill ? questions.name + " sera à nouveau disponible dans vos assistants."
+            : "Elles seront à nouveau disponibles dans vos assistants."
         title: questions.skill ? "Restaurer « " + questions.name + " » ?" : "Restaurer " + questions.count + " compétences\u00A0?"
         onAccepted: questions.restore()
         onClosed: questions.closed()
@@ -68,7 +69,8 @@ Item {
         acceptText: "Supprimer définitivement"
         isDestructive: true
         message: "Cette action est irréversible."
-        title: questions.skill ? "Supprimer définitivement « " + questions.name + " » ?" : "Supprimer définitivement " + questions.count + " compétences\u00A0?"
+        title: questions.skill ? "Supprimer définitivement « " + questions.name + " » ?"
+            : "Supprimer définitivement " + questions.count + " compétences\u00A0?"
         onAccepted: questions.skill ? questions.model.deletePermanently(questions.skill.id) : questions.selection.deletePermanently()
         onClosed: questions.closed()
     }

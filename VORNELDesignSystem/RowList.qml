@@ -30,7 +30,10 @@ ListView {
     }
     Keys.onPressed: event => {
         const page = Math.max(1, Math.floor(height / ((currentItem?.height ?? 0) + spacing)));
-        const steps = { [Qt.Key_Up]: -1, [Qt.Key_Down]: 1, [Qt.Key_Home]: -count, [Qt.Key_End]: count, [Qt.Key_PageUp]: -page, [Qt.Key_PageDown]: page };
+        const steps = {
+            [Qt.Key_Up]: -1, [Qt.Key_Down]: 1, [Qt.Key_Home]: -count, [Qt.Key_End]: count,
+            [Qt.Key_PageUp]: -page, [Qt.Key_PageDown]: page
+        };
         event.accepted = count > 0 && event.key in steps;
         if (event.accepted)
             moveTo(currentIndex + steps[event.key]);

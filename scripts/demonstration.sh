@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced: a scratch copy of the demonstration library, removed when the script ends.
 
 # Makes the copy and points the program at it, with settings of its own. Sets `demonstration`.

@@ -1,16 +1,15 @@
+# shellcheck shell=bash disable=SC2034 # the lists of packages are for those who source it
 # Sourced by the scripts: sees to the Debian packages, and builds. What takes time says what it is doing.
 
-window_packages="fonts-dejavu-core libgit2-dev libgl-dev pkg-config qcoro-qt6-dev qml6-module-qtqml
+window_packages=(fonts-dejavu-core libgit2-dev libgl-dev pkg-config qcoro-qt6-dev qml6-module-qtqml
     qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-layouts
     qml6-module-qtquick-templates qml6-module-qtquick-window qt6-declarative-dev qt6-declarative-dev-tools
-    qt6-qpa-plugins qt6-svg-dev"
-build_packages="cmake g++ librsvg2-bin ninja-build libssl-dev qt6-base-dev $window_packages"
-test_packages="$build_packages at-spi2-core bash-completion dbus libgtest-dev libx11-6 python3-gi
-    qml6-module-qttest strace xvfb zsh"
-check_packages="$test_packages clang-format-14 clang-tidy-16 git libbenchmark-dev"
-fuzz_packages="$build_packages clang-16 libclang-rt-16-dev"
-package_packages="$build_packages dpkg-dev file"
-benchmark_packages="$build_packages diffutils libbenchmark-dev openssl python3 rsync"
+    qt6-qpa-plugins qt6-svg-dev)
+build_packages=(cmake g++ librsvg2-bin ninja-build libssl-dev qt6-base-dev "${window_packages[@]}")
+test_packages=("${build_packages[@]}" at-spi2-core bash-completion dbus libgtest-dev libx11-6 python3-gi
+    qml6-module-qttest strace xvfb zsh)
+package_packages=("${build_packages[@]}" dpkg-dev file)
+benchmark_packages=("${build_packages[@]}" diffutils libbenchmark-dev openssl python3 rsync)
 
 # Runs a command as root.
 as_root() {
@@ -58,7 +57,7 @@ show_last_line() {
 
 # Installs those of the named packages that are missing, or says which to install.
 require() {
-    local missing
+    local missing=()
     if ! command -v dpkg-query >/dev/null; then
         if command -v cmake >/dev/null && command -v ninja >/dev/null && command -v c++ >/dev/null; then
             return # CMake says what else is missing
@@ -66,16 +65,15 @@ require() {
         echo "Installez d’abord l’équivalent de ces paquets Debian : $*" >&2
         exit 1
     fi
-    missing=$(missing_packages "$@")
-    [ -n "$missing" ] || return 0
+    mapfile -t missing < <(missing_packages "$@")
+    [ ${#missing[@]} -gt 0 ] || return 0
     if ! command -v apt-get >/dev/null || { [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; }; then
-        echo "Installez d’abord ces paquets (noms Debian) :" $missing >&2
+        echo "Installez d’abord ces paquets (noms Debian) : ${missing[*]}" >&2
         exit 1
     fi
     phase "Liste des paquets" as_root apt-get update -q
-    # shellcheck disable=SC2086 # the list of packages is words
     phase "Installation de paquets" as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -q -y --no-install-recommends $missing
+        apt-get install -q -y --no-install-recommends "${missing[@]}"
 }
 
 missing_packages() {

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by scripts of several stages: runs them one after the other and prints at the end how long each has taken, those
 # of the scripts that it calls included.
 

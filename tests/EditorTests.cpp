@@ -5,6 +5,7 @@
 #include <VORNELApp/SkillFileListModel.h>
 
 #include <QAbstractItemModelTester>
+#include <QTest>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -12,7 +13,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -62,9 +65,10 @@ TEST(FaithfulText, ChangesWhatIsEditedAndNothingElse)
             QTextCursor cursor(&document);
             cursor.setPosition(static_cast<int>(begin));
             cursor.setPosition(static_cast<int>(std::max(begin, end)), QTextCursor::KeepAnchor);
-            cursor.insertText(u"ï"_s);
             expected.remove(begin, std::max<qsizetype>(0, end - begin));
-            expected.insert(begin, u"ï"_s);
+            if (edit % 2 == 0)
+                expected.insert(begin, u"ï"_s);
+            cursor.insertText(edit % 2 == 0 ? u"ï"_s : QString());
             ASSERT_EQ(text.text(), expected.join(QString())) << "round " << round;
             ASSERT_TRUE(text.differsFrom(original) || text.text() == original);
         }
@@ -114,6 +118,36 @@ TEST(MarkdownHighlighter, KnowsWhereItIs)
         u"lllllllll.iii"_s};
     for (int line = 0; line < lines.size(); ++line)
         EXPECT_EQ(marks(line), expected.at(line)) << lines.at(line).toStdString();
+}
+
+TEST(MarkdownHighlighter, ColoursAllOfALongText)
+{
+    QTextDocument document(u"# Titre\n"_s.repeated(900));
+    document.documentLayout(); // without one, a document doesn't tell what changes
+    MarkdownHighlighter highlighter;
+    highlighter.setProperty("headingColor", QColor(Qt::cyan));
+    highlighter.setDocument(&document);
+    const auto isColored = [&document](int number) {
+        const QTextBlock line = document.findBlockByNumber(number);
+        return line.length() == 1 || !line.layout()->formats().isEmpty();
+    };
+    const auto awaitAll = [&] {
+        return QTest::qWaitFor(
+            [&] { return std::ranges::all_of(std::views::iota(0, document.blockCount()), isColored); });
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isColored(0); }));
+    ASSERT_FALSE(isColored(800)) << "the first slice is done, the rest is to come";
+    QTextCursor cursor(&document);
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(u"# Autre\n"_s.repeated(1000));
+    EXPECT_TRUE(awaitAll()) << "replaced while it is being coloured";
+
+    cursor.beginEditBlock(); // which counts as a change of every line between
+    cursor.insertText(u"# fin"_s);
+    cursor.movePosition(QTextCursor::Start);
+    cursor.insertText(u"# "_s);
+    cursor.endEditBlock();
+    EXPECT_TRUE(awaitAll()) << "changed at both ends at once";
 }
 
 TEST(SkillFileListModel, NestsFilesAndOpensFolders)

@@ -201,13 +201,23 @@ TEST_F(Bootstrap, PutsRightWhatACrashLeft)
 TEST(Service, AnswersNothingBeforeBootstrap)
 {
     LocalWorkspaceService service(std::make_shared<PosixFileSystem>());
-    const std::vector<std::function<void()>> operations{
-        [&] { service.scanImports().result(); }, [&] { service.reload().result(); },
-        [&] { service.loadSkill({}).result(); }, [&] { service.createSkill({}).result(); },
-        [&] { service.emptyTrash().result(); },
+    int number = 0;
+    const auto expectRefusal = [&number](auto future) {
+        EXPECT_EQ(errorOf([&] { future.waitForFinished(); }), Error::notBootstrapped()) << number;
+        ++number;
     };
-    for (const auto &operation : operations)
-        EXPECT_EQ(errorOf(operation), Error::notBootstrapped());
+    const auto expectRefusals = [&](auto... futures) { (expectRefusal(futures), ...); };
+    const QUuid id;
+    const QSet<QUuid> ids{id};
+    expectRefusals(service.scanImports(), service.resolveCollision(id, CollisionChoice::claude),
+                   service.commitImport(id), service.reload(), service.createSkill({}), service.loadSkill(id),
+                   service.saveSkill(id, 1, {}), service.synchronize(id), service.createCategory({}, {}),
+                   service.updateCategory({}, {}, {}), service.deleteCategory({}),
+                   service.assignSkills(ids, {}), service.moveToTrash(id), service.moveToTrash(ids),
+                   service.restore(id), service.deletePermanently(id), service.emptyTrash(),
+                   service.trashDates(), service.inspectTargets(id), service.readFile(id, {}, {}),
+                   service.occupants({}));
+    expectRefusals(service.keepDraft(id, {}), service.draft(id), service.discardDraft(id));
 }
 
 TEST(Service, KeepsItsConfigurationWhenAnotherBootstrapFails)

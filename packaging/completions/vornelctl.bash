@@ -91,6 +91,7 @@ _vornelctl_offer() {
 }
 
 _vornelctl() {
+    # shellcheck disable=SC2034 # what _init_completion sets
     local cur prev words cword split command operands workspace
     _init_completion -s || return
     workspace=$(_vornelctl_workspace)

@@ -4,18 +4,11 @@ import sys
 
 from program import UNAVAILABLE
 
-STORIES = [
-    ("BIBLIOTHÈQUE", "Tout au même\nendroit.", "Vos compétences restent organisées."),
-    ("REPÈRES", "Trouvez ce qu’il\nvous faut.", "Une carte. Un rôle. Un état."),
-    ("À JOUR", "Toujours\ndisponible.", "Vos assistants partagent la même version."),
-    ("PROTÉGÉ", "Rien ne\ndisparaît.", "Historique. Corbeille. Restauration."),
-]
 COLLISIONS = ["relecture-de-code", "revue-de-securite"]
 
 
 def story(program, step):
-    label, title, subtitle = STORIES[step]
-    program.sees("label", f"Étape {step + 1} sur 5", "VORNEL", label, title, subtitle)
+    program.sees("label", f"Étape {step + 1} sur 5")
     program.sees("push button", "Étape précédente", description="" if step else UNAVAILABLE)
     program.sees("push button", "Étape suivante", "Continuer", description="")
     program.sees_page()

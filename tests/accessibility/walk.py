@@ -4,12 +4,12 @@ import pathlib
 import shutil
 import sys
 
-from changes import NAME, attention, category, creation, edition, selection, trash
+from changes import NAME, attention, category, creation, selection, trash
 from drafts import ends_with_edits, finds_edits
 from first_start import failure, onboarding, opens_at_once, preparation, settles
 from program import BACKTAB, DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
 from starts import speaks_without_window, starts_again
-from together import together
+from together import together, types
 
 
 def shell(program, names):
@@ -47,24 +47,11 @@ def destinations(program):
     program.sees("list item", "SKILL.md", "scripts", "verifier-migration.sql")
     program.sees("label", "ENREGISTRÉ")
     program.sees_page()
-    program.sees("text", "Instructions de la compétence", states={"editable"}).act("SetFocus")
-    program.sees("text", "Instructions de la compétence", states={"focused"})
-    program.type(ord("x"))
-    program.sees("label", "MODIFIÉ", "Modifications non enregistrées")
+    types(program, "x")
     program.press("Bibliothèque", "radio button")
     program.sees("dialog", "Enregistrer les modifications\u00a0?")
     program.press("Ne pas enregistrer")
     program.sees("push button", "Synchroniser", description=UNAVAILABLE)
-
-
-def search(program):
-    program.sees("text", "Rechercher une compétence").act("SetFocus")
-    program.sees("text", "Rechercher une compétence", states={"focused"})
-    program.type(*map(ord, "zzz"))
-    program.sees("label", "Aucun résultat")
-    program.sees_page()
-    program.press("Effacer")
-    program.sees("list item", "Migration SQL")
 
 
 def by_keyboard(program):
@@ -109,6 +96,7 @@ def by_keyboard(program):
     program.tab_to("Rechercher une compétence")
     program.type(*map(ord, "zzz"))
     program.sees("push button", "Effacer")
+    program.sees_page()
     program.type(ESCAPE)
     program.tab_to("Corbeille")
 
@@ -158,9 +146,8 @@ def main(executable, command_line, demo, folder):
         program.sees("alert message", "PRÊT")
         shell(program, names)
         destinations(program)
-        search(program)
         creation(program)
-        edition(program, first)
+        program.press("Retour à la bibliothèque")
         category(program)
         selection(program, "Migration SQL", "Notes de version")
         trash(program, "Migration SQL", "Notes de version")

@@ -1,6 +1,8 @@
 # Prints what bash offers for the last word of each line of the standard input.
 . /usr/share/bash-completion/bash_completion
+# shellcheck source=packaging/completions/vornel.bash
 . "$1/vornel.bash"
+# shellcheck source=packaging/completions/vornelctl.bash
 . "$1/vornelctl.bash"
 
 # Splits a line as the shell does, where "=" ends a word, and a blank behind "\" doesn't.

@@ -15,6 +15,12 @@ TestCase {
     readonly property Component fixtures: Component {
         Fixture {}
     }
+    readonly property Component windows: Component {
+        Main {
+            model: test.model
+            visible: true
+        }
+    }
     readonly property Component roots: Component {
         RootView {
             focus: true
@@ -58,6 +64,27 @@ TestCase {
         waitForItemPolished(item.parent);
         mouseClick(item);
     }
+    /** Types over what stands in a field. */
+    function retype(name, text) {
+        control(name).forceActiveFocus();
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        press(Qt.Key_Delete);
+        type(text);
+    }
+    /** Answers the question that is open, whose way back has the keyboard. */
+    function accept() {
+        tryVerify(() => focusedName() === "Annuler");
+        press(Qt.Key_Tab, Qt.Key_Return);
+        tryVerify(() => !shows("Annuler"));
+    }
+    function cancel() {
+        click("Annuler");
+        tryVerify(() => !shows("Annuler"));
+    }
+    /** The list of this name. */
+    function list(name) {
+        return all(name).find(item => item.contentY !== undefined);
+    }
     function press(...keys) {
         for (const key of keys)
             keyClick(key);
@@ -83,6 +110,21 @@ TestCase {
         root.Window.window.requestActivate();
         tryVerify(() => root.Window.active);
         root.forceActiveFocus();
+    }
+    /** A whole window, on a library of these skills. */
+    function openWindow(slugs) {
+        fixture.fillLibrary(slugs);
+        const window = windows.createObject(null);
+        tryVerify(() => window.active && model.phase.name === AppStates.PhaseName.ready && !model.isBusy);
+        root = window.contentItem;
+        return window;
+    }
+    /** Awaits that it closes. */
+    function awaitClosed(window) {
+        tryVerify(() => !window.visible);
+        window.destroy();
+        root = null;
+        wait(0);
     }
     function openShell(slugs) {
         fixture.fillLibrary(slugs);

@@ -21,12 +21,9 @@ ScreenTest {
         model.selectedDestination = AppStates.Destination.needsAttention;
         awaitText("À RÉPARER");
     }
-    function list() {
-        return all("À réparer").find(item => item.contentY !== undefined);
-    }
     /** What the list knows of the row at this place, shown or not. */
     function record(index) {
-        const rows = list().model;
+        const rows = list("À réparer").model;
         return rows.data(rows.index(index, 0), Qt.UserRole);
     }
     function line(slug) {
@@ -38,14 +35,6 @@ ScreenTest {
     function button(slug) {
         return all("Synchroniser").find(item => item.Accessible.description === slug);
     }
-    /** Answers the question that is open. */
-    function accept() {
-        tryVerify(() => focusedName() === "Annuler");
-        keyClick(Qt.Key_Tab);
-        keyClick(Qt.Key_Return);
-        tryVerify(() => !shows("Annuler"));
-    }
-
     function test_rows_tell_each_copy() {
         openShell(["audit", "notes", "revue"]);
         fixture.remove("claude/audit");
@@ -193,7 +182,7 @@ ScreenTest {
         click("Effacer");
         tryVerify(() => shows("audit"));
 
-        list().forceActiveFocus();
+        list("À réparer").forceActiveFocus();
         keyClick(Qt.Key_Down);
         compare(focusedName(), "notes");
         keyClick(Qt.Key_Return, Qt.ControlModifier);
@@ -214,11 +203,11 @@ ScreenTest {
             fixture.remove("codex/" + slug);
         openAttention();
         awaitLine("s01", " · Claude : à jour · Codex : copie manquante");
-        list().moveTo(59);
+        list("À réparer").moveTo(59);
         awaitLine("s60", " · Claude : à jour · Codex : copie manquante");
         verify(control("s60").activeFocus);
         verify(record(30).isStale, "nothing has shown it");
-        list().positionViewAtIndex(30, ListView.Center);
+        list("À réparer").positionViewAtIndex(30, ListView.Center);
         tryVerify(() => !record(30).isStale);
     }
 }

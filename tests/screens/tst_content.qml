@@ -71,9 +71,6 @@ ScreenTest {
     function entries(list) {
         return Array.from(list.contentItem.children).filter(child => child.visible && child.index !== undefined);
     }
-    function list(name) {
-        return all(name).find(item => item.contentY !== undefined);
-    }
     /** The lines that read this. */
     function texts(name) {
         return all(name).filter(item => item.truncated !== undefined);

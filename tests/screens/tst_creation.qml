@@ -6,23 +6,10 @@ ScreenTest {
 
     name: "Creation"
 
-    readonly property Component windows: Component {
-        Main {
-            model: test.model
-            visible: true
-        }
-    }
-
     function openSheet() {
         openShell(["audit"]);
         keyClick(Qt.Key_N, Qt.ControlModifier);
         awaitText("Le nom est requis.");
-    }
-    function fill(name, text) {
-        control(name).forceActiveFocus();
-        keyClick(Qt.Key_A, Qt.ControlModifier);
-        keyClick(Qt.Key_Delete);
-        type(text);
     }
     function isGone() {
         tryVerify(() => !shows("Identité"));
@@ -35,8 +22,8 @@ ScreenTest {
         openSheet();
         verify(control("Nom").activeFocus);
         type("Veille");
-        fill("Description courte", "Suivre les annonces");
-        fill("Mots-clés", " veille , , presse,");
+        retype("Description courte", "Suivre les annonces");
+        retype("Mots-clés", " veille , , presse,");
         click("Catégorie, Développement");
         click("Connaissance");
         tryVerify(() => shows("Catégorie, Connaissance"));
@@ -67,10 +54,10 @@ ScreenTest {
         verify(!control("Créer").enabled);
         keyClick(Qt.Key_Backspace);
         awaitText("Prête à être créée.");
-        fill("Nom", "Autre");
+        retype("Nom", "Autre");
         compare(control("Identifiant").text, "audit-2024x");
-        fill("Identifiant", "");
-        fill("Nom", "Encore");
+        retype("Identifiant", "");
+        retype("Nom", "Encore");
         compare(control("Identifiant").text, "", "even an emptied one is the user's");
     }
 
@@ -84,7 +71,7 @@ ScreenTest {
         verify(!shows("Fermer") && !shows("Prête à être créée."));
         compare(control("Nom").text, "Audit", "what was typed stays");
         verify(control("Identifiant").activeFocus, "the keyboard is where the mending is");
-        fill("Description courte", "Autre chose");
+        retype("Description courte", "Autre chose");
         verify(shows("Le slug audit existe déjà."));
         control("Identifiant").forceActiveFocus();
         keyClick(Qt.Key_End);
@@ -128,23 +115,9 @@ ScreenTest {
     function test_long_identifier() {
         openSheet();
         type("Veille");
-        fill("Identifiant", "a".repeat(81));
+        retype("Identifiant", "a".repeat(81));
         awaitText("L’identifiant dépasse 80 caractères.");
         verify(shows("Utilisez uniquement des lettres, chiffres et tirets.") && !control("Créer").enabled);
-    }
-
-    function test_other_refusals() {
-        openSheet();
-        type("Veille");
-        fixture.write("workspace/.vornel/categories.json", "{");
-        keyClick(Qt.Key_Enter);
-        awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
-        verify(!shows("Le slug veille existe déjà."));
-        compare(all("Fermer").length, 1);
-        click("Fermer");
-        tryVerify(() => !shows("Fermer"));
-        compare(control("Nom").text, "Veille");
-        verify(control("Nom").activeFocus);
     }
 
     function test_created_though_an_assistant_has_no_copy() {
@@ -163,10 +136,7 @@ ScreenTest {
     }
 
     function test_closing_the_window_asks() {
-        fixture.fillLibrary(["audit"]);
-        const window = windows.createObject(null);
-        tryVerify(() => window.active && fixture.model.phase.name === AppStates.PhaseName.ready);
-        root = window.contentItem;
+        const window = openWindow(["audit"]);
         awaitText("audit");
         click("Actualiser");
         keyClick(Qt.Key_N, Qt.ControlModifier);
@@ -179,10 +149,7 @@ ScreenTest {
             all(answer)[0].clicked();
             tryVerify(() => !shows("Abandonner la saisie\u00a0?"));
         }
-        tryVerify(() => !window.visible);
-        window.destroy();
-        root = null;
-        wait(0);
+        awaitClosed(window);
     }
 
     function test_leaving() {
@@ -215,7 +182,7 @@ ScreenTest {
         openSheet();
         type("Veille");
         fixture.holdWorkspace(true);
-        keyClick(Qt.Key_Return);
+        keyClick(Qt.Key_Enter);
         tryVerify(() => model.isWorking);
         keyClick(Qt.Key_Escape);
         verify(!shows("Abandonner"), "what was asked for can't be taken back");
@@ -223,6 +190,10 @@ ScreenTest {
         fixture.write("workspace/.vornel/categories.json", "{");
         fixture.releaseWorkspace();
         awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
+        verify(!shows("Le slug veille existe déjà."));
+        click("Fermer");
+        tryVerify(() => !shows("Fermer"));
+        verify(control("Nom").activeFocus);
         keyClick(Qt.Key_Escape);
         awaitText("Abandonner");
     }

@@ -8,15 +8,6 @@ ScreenTest {
 
     name: "Editor"
 
-    Component {
-        id: windows
-
-        Main {
-            model: fixture.model
-            visible: true
-        }
-    }
-
     function textArea() {
         return control("Instructions de la compétence");
     }
@@ -114,26 +105,6 @@ ScreenTest {
         verifyStored(mark + "x" + rest + "y");
     }
 
-    function test_line_ends_data() {
-        return [
-            { tag: "after an empty line", text: "un\r\n\ntrois\rquatre", position: 4, left: "un\r\ntrois\rquatre" },
-            { tag: "before an empty line", text: "un\r\n\ntrois\rquatre", position: 3, left: "un\ntrois\rquatre" },
-            { tag: "first line", text: "\n\r\nx\n\n", position: 1, left: "\r\nx\n\n" },
-            { tag: "unusual end", text: "a\nb\r\nc\n", position: 4, left: "a\nbc\n" }
-        ];
-    }
-    function test_line_ends(row) {
-        openSkill(row.text);
-        textArea().forceActiveFocus();
-        textArea().cursorPosition = row.position;
-        keyClick(Qt.Key_Backspace);
-        save();
-        verifyStored(row.left);
-        undo();
-        save();
-        verifyStored(row.text);
-    }
-
     function test_cut_and_paste() {
         openSkill("Prix\u00a0: 3\u202f000\r\n\u2028fin\r\n");
         textArea().forceActiveFocus();
@@ -227,21 +198,15 @@ ScreenTest {
     }
 
     function test_closing_the_window_asks() {
-        fixture.fillLibrary(["audit"]);
-        const window = windows.createObject(null);
-        tryVerify(() => window.active && fixture.model.phase.name === AppStates.PhaseName.ready);
+        const window = openWindow(["audit"]);
         fixture.model.selectSkill(fixture.idOf("audit"));
-        root = window.contentItem;
         awaitText("INSTRUCTIONS");
         textArea().insert(0, "x");
         window.close();
         verify(window.visible);
         awaitText("Ne pas enregistrer");
         all("Ne pas enregistrer")[0].clicked();
-        tryVerify(() => !window.visible);
-        window.destroy();
-        root = null;
-        wait(0);
+        awaitClosed(window);
     }
 
     function test_stale_revision() {
@@ -407,12 +372,8 @@ ScreenTest {
     }
 
     function test_the_end_of_the_program_keeps_the_text() {
-        openSkill("texte");
-        close();
-        const window = windows.createObject(null);
-        tryVerify(() => window.active && fixture.model.phase.name === AppStates.PhaseName.ready);
+        const window = openWindow(["audit"]);
         fixture.model.selectSkill(fixture.idOf("audit"));
-        root = window.contentItem;
         awaitText("INSTRUCTIONS");
         textArea().insert(0, "x");
         fixture.holdWorkspace();
@@ -421,11 +382,8 @@ ScreenTest {
         window.close();
         verify(window.visible, "what runs is waited for");
         fixture.releaseWorkspace();
-        tryVerify(() => !window.visible);
-        awaitKept(["xtexte"]);
-        window.destroy();
-        root = null;
-        wait(0);
+        awaitClosed(window);
+        awaitKept(["xname: audit"]);
     }
 
     function test_leaving_while_a_save_runs() {

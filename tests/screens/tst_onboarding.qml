@@ -36,20 +36,6 @@ ScreenTest {
         awaitText(pages[3][0]);
     }
 
-    function test_keyboard() {
-        open();
-        awaitText("Étape 1 sur 5");
-        verify(control("Continuer").activeFocus);
-        keyClick(Qt.Key_Return);
-        awaitText("Étape 2 sur 5");
-        keyClick(Qt.Key_Right);
-        awaitText("Étape 3 sur 5");
-        keyClick(Qt.Key_Left);
-        awaitText("Étape 2 sur 5");
-        keyClick(Qt.Key_Space);
-        awaitText("Étape 3 sur 5");
-    }
-
     function test_collision() {
         fixture.write("claude/audit/SKILL.md", "un");
         fixture.write("codex/audit/SKILL.md", "deux");

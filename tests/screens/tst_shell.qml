@@ -4,15 +4,6 @@ import VORNELApp
 ScreenTest {
     name: "Shell"
 
-    Component {
-        id: windows
-
-        Main {
-            model: fixture.model
-            visible: true
-        }
-    }
-
     function test_sidebar() {
         openShell(["audit", "notes"]);
         verify(shows("VORNEL"));
@@ -54,10 +45,6 @@ ScreenTest {
     function test_skill() {
         openShell(["audit", "notes"]);
         verify(!control("Synchroniser").enabled);
-        fixture.write("codex/notes/SKILL.md", "retouché");
-        fixture.model.reload();
-        settle();
-        awaitText("Attention requise");
         fixture.holdWorkspace();
         click("notes");
         awaitText("OUVERTURE");
@@ -65,14 +52,6 @@ ScreenTest {
         fixture.releaseWorkspace();
         awaitText("Retour à la bibliothèque");
         verify(!shows("OUVERTURE"));
-        all("Synchroniser")[0].clicked();
-        awaitText("Différences avec les copies");
-        for (let stop = 0; stop < 3; ++stop)
-            keyClick(Qt.Key_Tab);
-        keyClick(Qt.Key_Return);
-        awaitText("À JOUR");
-        awaitText("Tout est à jour");
-        tryVerify(() => !shows("Différences avec les copies"));
         keyClick(Qt.Key_Escape);
         awaitText("audit");
     }
@@ -107,18 +86,6 @@ ScreenTest {
         verify(all("audit").some(item => item.activeFocus), "the keyboard goes back to the list");
     }
 
-    function test_list_by_keyboard() {
-        openShell(["audit", "notes", "revue"]);
-        keyClick(Qt.Key_Right);
-        verify(control("notes").highlighted);
-        keyClick(Qt.Key_Tab);
-        keyClick(Qt.Key_Tab, Qt.ShiftModifier);
-        verify(control("notes").highlighted, "the list is one stop of Tab");
-        keyClick(Qt.Key_Return);
-        settle();
-        compare(fixture.model.selectedSkill.manifest.slug, "notes");
-    }
-
     function test_leaving_while_a_skill_loads() {
         openShell(["audit"]);
         fixture.holdWorkspace();
@@ -131,29 +98,22 @@ ScreenTest {
     }
 
     function test_closing_waits() {
-        fixture.fillLibrary(["audit", "notes"]);
-        const window = windows.createObject(null);
-        tryVerify(() => window.visible && fixture.model.phase.name === AppStates.PhaseName.ready && !fixture.model.isBusy);
+        const window = openWindow(["audit", "notes"]);
         fixture.holdWorkspace();
         fixture.model.reload();
         window.close();
         wait(100);
         verify(fixture.model.isBusy && window.visible);
         fixture.releaseWorkspace();
-        tryVerify(() => !window.visible);
+        awaitClosed(window);
         verify(!fixture.model.isBusy);
-        window.destroy();
-        wait(0);
     }
 
     function test_closing_stops_what_is_done_to_several() {
-        fixture.fillLibrary(["a", "b", "c"]);
+        const window = openWindow(["a", "b", "c"]);
         for (const slug of ["a", "b", "c"])
             fixture.remove("codex/" + slug);
-        const window = windows.createObject(null);
-        tryVerify(() => window.active && fixture.model.phase.name === AppStates.PhaseName.ready && !fixture.model.isBusy);
         fixture.model.selectedDestination = AppStates.Destination.needsAttention;
-        root = window.contentItem;
         click("Actualiser");
         tryVerify(() => fixture.model.needsAttentionCount === 3 && !fixture.model.isBusy);
         click("Tout synchroniser");
@@ -165,10 +125,7 @@ ScreenTest {
         window.close();
         verify(window.visible);
         fixture.releaseWorkspace();
-        tryVerify(() => !window.visible);
+        awaitClosed(window);
         compare(fixture.model.batch.doneCount, 1);
-        window.destroy();
-        root = null;
-        wait(0);
     }
 }

@@ -148,14 +148,21 @@ private:
             const SkillOnDisk *skill = m_now.findByID(id);
             ASSERT_NE(skill, nullptr) << "the history of " << id << " has lost its skill";
             for (const auto &[name, tree] : entries)
-                checkHistoryEntry(*skill, name);
+                name.starts_with("replaced-") ? checkReplaced(*skill, name, tree)
+                                              : checkHistoryEntry(*skill, name);
         }
+    }
+
+    /// A folder of others is kept as it stood in the assistant's folder.
+    void checkReplaced(const SkillOnDisk &skill, const std::string &name, const Tree &tree) const
+    {
+        const auto &before = name.starts_with("replaced-claude-") ? m_before.claude : m_before.codex;
+        const auto old = before.find(skill.manifest.slug.toStdString());
+        EXPECT_TRUE(old != before.end() && old->second == tree) << name << " never stood there";
     }
 
     void checkHistoryEntry(const SkillOnDisk &skill, const std::string &name) const
     {
-        if (name.starts_with("replaced-")) // what it holds is looked at before it may be replaced again
-            return;
         const auto old = m_before.history.find(idText(skill));
         if (old != m_before.history.end() && old->second.contains(name))
             return;

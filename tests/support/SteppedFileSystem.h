@@ -28,7 +28,15 @@ public:
     using Around = std::function<void(const Step &step, const Make &make)>;
 
     /// Takes the place of every step: `make` makes it, and what is thrown is what the program gets.
-    Around around = [](const Step &, const Make &make) { make(); };
+    Around around;
+
+    SteppedFileSystem() { reset(); }
+
+    /// Leaves every step alone.
+    void reset()
+    {
+        around = [](const Step &, const Make &make) { make(); };
+    }
 
     using PosixFileSystem::kindAt;
     using PosixFileSystem::openFolder;
