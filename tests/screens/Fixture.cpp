@@ -4,6 +4,7 @@
 
 #include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
+#include <VORNELInfrastructure/LocalDrafts.h>
 
 #include <QClipboard>
 #include <QCoro/QCoroTask>
@@ -17,6 +18,42 @@
 using namespace Qt::StringLiterals;
 
 namespace vornel {
+
+namespace {
+
+/// The service's looks at skills, of which those into files fail while `isUnreadable` holds.
+class Looks : public TargetInspecting
+{
+public:
+    Looks(std::shared_ptr<TargetInspecting> service, const bool &isUnreadable)
+        : m_service(std::move(service)), m_isUnreadable(isUnreadable)
+    {}
+
+    QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override
+    {
+        return m_service->inspectTargets(id);
+    }
+
+    QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
+                                                QString relativePath) override
+    {
+        if (m_isUnreadable)
+            return QtFuture::makeExceptionalFuture<std::optional<QByteArray>>(
+                std::make_exception_ptr(std::system_error(std::make_error_code(std::errc::io_error))));
+        return m_service->readFile(id, copy, std::move(relativePath));
+    }
+
+    QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override
+    {
+        return m_service->occupants(std::move(places));
+    }
+
+private:
+    const std::shared_ptr<TargetInspecting> m_service;
+    const bool &m_isUnreadable;
+};
+
+} // namespace
 
 Fixture::Fixture(QObject *parent) : QObject(parent)
 {
@@ -34,8 +71,9 @@ void Fixture::restart()
     m_model.reset();
     const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
     m_model = std::make_unique<AppModel>(
-        service, service, service, service, service, m_scratch.path("workspace"), m_scratch.path("claude"),
-        m_scratch.path("codex"),
+        service, std::make_shared<Looks>(service, m_isUnreadable), service, service,
+        std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), m_scratch.path("workspace")),
+        m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex"),
         std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));
     Q_EMIT modelChanged();
 }

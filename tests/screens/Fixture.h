@@ -15,6 +15,7 @@ class Fixture : public QObject
     Q_OBJECT
     Q_PROPERTY(vornel::AppModel *model READ model NOTIFY modelChanged)
     Q_PROPERTY(QString openedFolder MEMBER m_openedFolder) // which the desktop was asked to open
+    Q_PROPERTY(bool isUnreadable MEMBER m_isUnreadable)    // whether looks into skills' files fail
 
 public:
     explicit Fixture(QObject *parent = nullptr);
@@ -94,6 +95,7 @@ private:
     void create(const CreateSkillRequest &request);
 
     Scratch m_scratch;
+    bool m_isUnreadable = false;
     QString m_openedFolder;
     std::unique_ptr<AppModel> m_model;
     std::unique_ptr<WorkspaceHold> m_hold; // goes before the model, which waits for its operations
