@@ -29,7 +29,7 @@ Column {
         width: parent.width
         onComparisonAsked: notices.comparisonAsked()
         onDecided: notices.decided()
-        onLeft: notices.decided()
+        onEscaped: notices.decided()
         onReplacementAsked: notices.replacementAsked()
     }
     FoundNotice {

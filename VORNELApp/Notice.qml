@@ -14,7 +14,7 @@ Rectangle {
     readonly property bool isStacked: row.width > width / 2
 
     /** The user turns from the notice to what lies below. */
-    signal left
+    signal escaped
 
     implicitHeight: (isStacked ? line.height + Metrics.small + row.height : Math.max(line.height, row.height)) + 2 * Metrics.small
     border.color: Colors.warning
@@ -25,7 +25,7 @@ Rectangle {
     Accessible.focusable: true
     Accessible.name: text
     Accessible.role: Accessible.AlertMessage
-    Keys.onEscapePressed: left()
+    Keys.onEscapePressed: escaped()
 
     Label {
         id: line

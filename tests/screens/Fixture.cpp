@@ -53,6 +53,12 @@ private:
     const bool &m_isUnreadable;
 };
 
+QUuid idAmong(const QList<SkillSummary> &skills, const QString &slug)
+{
+    const auto found = std::ranges::find(skills, slug, &SkillSummary::slug);
+    return found == skills.end() ? QUuid() : found->id;
+}
+
 } // namespace
 
 Fixture::Fixture(QObject *parent) : QObject(parent)
@@ -122,6 +128,22 @@ QStringList Fixture::keptTexts() const
     for (const auto &[name, bytes] : m_scratch.tree("workspace/.vornel/drafts")) {
         if (const auto draft = RecordJson::decodeDocument<KeptDraft>(QByteArray::fromStdString(bytes)))
             texts.append(draft->text);
+    }
+    return texts;
+}
+
+void Fixture::keep(const QString &slug, const QString &text) const
+{
+    m_model->drafts().keepDraft(idOf(slug), {text, u"name: "_s + slug, {}}).waitForFinished();
+}
+
+QStringList Fixture::history(const QString &slug) const
+{
+    QStringList texts;
+    const std::string folder = "workspace/.vornel/history/" + uuidText(idOf(slug)).toStdString();
+    for (const auto &[name, bytes] : m_scratch.tree(folder)) {
+        if (name.ends_with("/SKILL.md"))
+            texts.append(QString::fromStdString(bytes));
     }
     return texts;
 }
@@ -230,10 +252,12 @@ void Fixture::releaseWorkspace()
 
 QUuid Fixture::idOf(const QString &slug) const
 {
-    const QList<SkillSummary> skills =
-        m_model->overview() ? m_model->overview()->skills : QList<SkillSummary>();
-    const auto found = std::ranges::find(skills, slug, &SkillSummary::slug);
-    return found == skills.end() ? QUuid() : found->id;
+    return idAmong(m_model->skills(Destination::library), slug);
+}
+
+QUuid Fixture::trashedIdOf(const QString &slug) const
+{
+    return idAmong(m_model->skills(Destination::trash), slug);
 }
 
 } // namespace vornel

@@ -45,6 +45,12 @@ public:
     /// The unsaved texts that are kept.
     Q_INVOKABLE QStringList keptTexts() const;
 
+    /// Keeps an unsaved text of a skill of the library.
+    Q_INVOKABLE void keep(const QString &slug, const QString &text) const;
+
+    /// The texts of a skill that its history holds.
+    Q_INVOKABLE QStringList history(const QString &slug) const;
+
     /// What is on the clipboard.
     Q_INVOKABLE static QString clipboard();
 
@@ -84,6 +90,7 @@ public:
 
     /// The identifier of the skill of this slug; null without one.
     Q_INVOKABLE QUuid idOf(const QString &slug) const;
+    Q_INVOKABLE QUuid trashedIdOf(const QString &slug) const;
 
     /// In place of the desktop's file manager.
     Q_INVOKABLE void openFolder(const QUrl &url) { m_openedFolder = url.toLocalFile(); }
