@@ -157,7 +157,7 @@ void photographFound(const Photographer &photographer, Stage &stage)
 void photographStray(const Photographer &photographer, Stage &stage)
 {
     const QUuid id = QUuid::createUuid();
-    keep(stage, id, {.text = u"x"_s, .keptAt = QDateTime::currentDateTimeUtc()});
+    keep(stage, id, {.text = u"x"_s, .baseDigest = {}, .keptAt = QDateTime::currentDateTimeUtc()});
     stage.open(u"notes-de-version"_s);
     stage.model().closeSkill();
     Stage::rest();
