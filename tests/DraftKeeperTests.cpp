@@ -1,12 +1,12 @@
 /// What keeps an unsaved text while it is typed, and what ends the program.
 
+#include "Scratch.h"
+
 #include <VORNELApp/DraftKeeper.h>
 #include <VORNELApp/TerminationSignals.h>
 
 #include <QSignalSpy>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <chrono>
 #include <csignal>
