@@ -2,6 +2,7 @@
 
 #include "AppModel.h"
 
+#include <VORNELInfrastructure/LocalDrafts.h>
 #include <VORNELInfrastructure/LocalWorkspaceService.h>
 #include <VORNELInfrastructure/PosixFileSystem.h>
 
@@ -32,6 +33,7 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
 {
     const WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(environment, home, workspaceLocator);
     const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
+    const auto drafts = std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), roots.workspace);
     return {.workspaceURL = roots.workspace,
             .claudeRoot = roots.claude,
             .codexRoot = roots.codex,
@@ -39,7 +41,7 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
             .targetInspector = service,
             .trashInspector = service,
             .importReviewer = service,
-            .drafts = service,
+            .drafts = drafts,
             .defaults = settings(environment)};
 }
 

@@ -123,9 +123,9 @@ QList<SkillSummary> AppModel::needsAttention() const
     return overview ? LibraryQuery::needsAttention(*overview) : QList<SkillSummary>();
 }
 
-std::optional<KeptDraft> AppModel::foundDraft(const QUuid &id) const
+FoundDraft AppModel::foundDraft(const QUuid &id) const
 {
-    return m_foundDraft.first == id ? m_foundDraft.second : std::nullopt;
+    return m_foundDraft.first == id ? m_foundDraft.second : FoundDraft();
 }
 
 QList<SkillSummary> AppModel::skills(Destination destination) const

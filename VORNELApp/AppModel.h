@@ -2,9 +2,9 @@
 
 #include "AppStates.h"
 #include "Departure.h"
+#include "FoundDraft.h"
 #include "SkillBatch.h"
 
-#include <VORNELCore/DraftKeeping.h>
 #include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/LibraryQuery.h>
 #include <VORNELCore/TargetInspecting.h>
@@ -152,8 +152,8 @@ public:
     /// Keeps unsaved texts, for the screen that edits them.
     DraftKeeping &drafts() const { return *m_drafts; }
 
-    /// The unsaved text of this skill that was found when it was opened.
-    std::optional<KeptDraft> foundDraft(const QUuid &id) const;
+    /// What was found of this skill's unsaved text when it was opened.
+    FoundDraft foundDraft(const QUuid &id) const;
 
     /// The library, prepared for queries of which the fields above are the filter.
     const LibraryIndex &libraryIndex() const { return m_libraryIndex.value(); }
@@ -240,6 +240,12 @@ public:
 
     QCoro::Task<bool> createSkill(CreateSkillRequest request);
     QCoro::Task<bool> saveSelectedSkill(QString skillMD);
+    QCoro::Task<bool> reloadSelectedSkill();
+
+    /// Whether "SKILL.md" of the skill shown holds this text on the disk; nothing when that can't be found
+    /// out.
+    QCoro::Task<std::optional<bool>> isSelectedText(QString skillMD);
+
     QCoro::Task<bool> createCategory(QString name, QString colorHex);
     QCoro::Task<bool> updateCategory(QString id, QString name, QString colorHex);
     QCoro::Task<bool> deleteCategory(QString id);
@@ -281,7 +287,7 @@ private:
     void enterEveryField() const;
 
     QCoro::Task<> loadSelectedSkill();
-    QCoro::Task<std::optional<KeptDraft>> readDraft(QUuid id);
+    QCoro::Task<FoundDraft> readDraft(SkillDetail skill);
     QCoro::Task<> reloadQuietly();
     void runBatch(SkillBatch::Kind kind, QList<SkillSummary> skills, SkillBatch::Operation operation);
     void concludeBatch();
@@ -311,7 +317,7 @@ private:
     Departure m_departure;
     SkillBatch m_batch;
     QString m_errorCase;
-    std::pair<QUuid, std::optional<KeptDraft>> m_foundDraft; ///< of the skill that was opened last
+    std::pair<QUuid, FoundDraft> m_foundDraft; ///< of the skill that was opened last
 
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, Phase, m_phase, &AppModel::phaseChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, OnboardingStep, m_onboardingStep, &AppModel::onboardingStepChanged)

@@ -4,6 +4,7 @@
 
 #include <QCoro/QCoroFuture>
 #include <QFutureWatcher>
+#include <QtConcurrentRun>
 
 using namespace Qt::StringLiterals;
 
@@ -139,8 +140,7 @@ QCoro::Task<> AppModel::loadSelectedSkill()
     const QUuid id = selectedSkillID();
     try {
         const SkillDetail detail = co_await m_service->loadSkill(id);
-        const auto draft = co_await readDraft(id);
-        m_foundDraft = {id, draft};
+        m_foundDraft = {id, co_await readDraft(detail)};
         m_selectedSkill = detail;
     } catch (const std::exception &error) {
         m_selectedSkill = std::nullopt;
@@ -150,15 +150,19 @@ QCoro::Task<> AppModel::loadSelectedSkill()
 }
 
 /// A draft that can't be looked for doesn't keep the skill from being shown.
-QCoro::Task<std::optional<KeptDraft>> AppModel::readDraft(QUuid id)
+QCoro::Task<FoundDraft> AppModel::readDraft(SkillDetail skill)
 {
-    std::optional<KeptDraft> draft;
+    FoundDraft found;
     try {
-        draft = co_await m_drafts->draft(id);
-    } catch (const std::exception &) {
-        draft.reset();
+        found.draft = co_await m_drafts->draft(skill.manifest.id);
+        if (found.draft) {
+            const QString digest = co_await QtConcurrent::run(KeptDraft::digestOf, skill.skillMD);
+            found.isStale = found.draft->baseDigest != digest;
+        }
+    } catch (const std::exception &error) {
+        found.failure = message(error);
     }
-    co_return draft;
+    co_return found;
 }
 
 QCoro::Task<bool> AppModel::refreshSelectedSkill()
@@ -172,6 +176,28 @@ QCoro::Task<bool> AppModel::refreshSelectedSkill()
         co_return true;
     } catch (const std::exception &) {
         co_return false;
+    }
+}
+
+QCoro::Task<bool> AppModel::reloadSelectedSkill()
+{
+    return perform([this, id = selectedSkillID()]() -> QCoro::Task<> {
+        const SkillDetail fresh = co_await m_service->loadSkill(id);
+        if (selectedSkillID() == id)
+            m_selectedSkill = fresh;
+    });
+}
+
+QCoro::Task<std::optional<bool>> AppModel::isSelectedText(QString skillMD)
+{
+    const Operation operation(*this);
+    clearError();
+    try {
+        const auto bytes = co_await m_inspector->readFile(selectedSkillID(), std::nullopt, u"SKILL.md"_s);
+        co_return bytes == skillMD.toUtf8();
+    } catch (const std::exception &error) {
+        fail(error);
+        co_return std::nullopt;
     }
 }
 
@@ -274,9 +300,10 @@ void AppModel::moveSelectedSkillToTrash()
     if (selectedSkillID().isNull())
         return;
     perform([this, id = selectedSkillID()]() -> QCoro::Task<> {
-        m_overview = co_await m_service->moveToTrash(id);
-        deselect();
+        const WorkspaceOverview overview = co_await m_service->moveToTrash(id);
         m_drafts->discardDraft(id); // the user has agreed to lose it
+        m_overview = overview;
+        deselect();
         confirm(u"CORBEILLE"_s);
     });
 }

@@ -44,6 +44,10 @@ public:
 
     bool isForced() const { return m_isForced; }
 
+    /// What could not be kept when the program had to end, as the user reads it; empty without that.
+    QString loss() const { return m_loss; }
+    void setLoss(const QString &loss) { m_loss = loss; }
+
 Q_SIGNALS:
     void isGuardedChanged();
     void isPendingChanged();
@@ -55,6 +59,7 @@ private:
     QSet<const QObject *> m_guards;
     QJSValue m_action;
     bool m_isForced = false;
+    QString m_loss;
 };
 
 } // namespace vornel

@@ -2,6 +2,9 @@
 
 #include <VORNELCore/ErrorMessage.h>
 
+#include <QDeadlineTimer>
+#include <QThread>
+
 #include <chrono>
 #include <utility>
 
@@ -13,18 +16,20 @@ namespace {
 
 constexpr auto typingDelay = 1s; ///< which leaves the disk another one
 constexpr auto failureDelay = 10s;
+constexpr auto lastPatience = 5s;
+constexpr auto lastDelay = 200ms;
 
 } // namespace
 
-DraftKeeper::DraftKeeper(DraftKeeping &drafts, std::function<KeptDraft()> draft)
-    : m_drafts(drafts), m_draft(std::move(draft))
+DraftKeeper::DraftKeeper(DraftKeeping &drafts, std::function<UnsavedText()> text)
+    : m_drafts(drafts), m_text(std::move(text))
 {
     m_delay.setSingleShot(true);
-    connect(&m_delay, &QTimer::timeout, this, [this] { m_write.isRunning() ? keepSoon() : write(); });
-    connect(&m_write, &QFutureWatcherBase::finished, this, &DraftKeeper::conclude);
+    connect(&m_delay, &QTimer::timeout, this,
+            [this] { m_write && m_write->isRunning() ? keepSoon() : write(); });
 }
 
-void DraftKeeper::begin(const QUuid &id, const std::optional<KeptDraft> &kept)
+void DraftKeeper::begin(const QUuid &id, const std::optional<UnsavedText> &kept)
 {
     stop();
     m_id = id;
@@ -35,14 +40,19 @@ void DraftKeeper::begin(const QUuid &id, const std::optional<KeptDraft> &kept)
 void DraftKeeper::keepSoon()
 {
     m_isUnsaved = true;
-    if (!m_delay.isActive())
+    if (!m_delay.isActive() || m_delay.remainingTimeAsDuration() > typingDelay)
         m_delay.start(typingDelay);
 }
 
 void DraftKeeper::keepNow()
 {
-    if (m_delay.isActive())
-        write();
+    if (!m_isUnsaved)
+        return;
+    m_delay.stop();
+    m_write.reset(); // it is over before what follows, and nobody need hear of it
+    const QDeadlineTimer patience(lastPatience);
+    for (writeNow(); !m_failure.isEmpty() && !patience.hasExpired(); writeNow())
+        QThread::msleep(lastDelay.count());
 }
 
 void DraftKeeper::forget()
@@ -56,6 +66,7 @@ void DraftKeeper::forget()
 void DraftKeeper::stop()
 {
     m_delay.stop();
+    m_write.reset();
     m_kept.reset();
     m_mayExist = false;
     m_isUnsaved = false;
@@ -64,26 +75,35 @@ void DraftKeeper::stop()
 
 void DraftKeeper::write()
 {
-    m_delay.stop();
-    KeptDraft draft = m_draft();
-    if (m_kept && m_kept->text == draft.text && m_kept->baseDigest == draft.baseDigest)
+    const UnsavedText text = m_text();
+    if (m_kept == text)
         return;
-    m_kept = draft;
+    m_kept = text;
     m_mayExist = true;
-    m_write.setFuture(m_drafts.keepDraft(m_id, std::move(draft)));
+    m_write = std::make_unique<QFutureWatcher<void>>();
+    connect(m_write.get(), &QFutureWatcherBase::finished, this, &DraftKeeper::conclude);
+    m_write->setFuture(m_drafts.keepDraft(m_id, text));
+}
+
+void DraftKeeper::writeNow()
+try {
+    m_mayExist = true;
+    m_drafts.keepDraft(m_id, m_text()).waitForFinished();
+    setFailure({});
+} catch (const std::exception &error) {
+    setFailure(errorMessage(error));
 }
 
 void DraftKeeper::conclude()
 {
-    if (!m_isUnsaved)
-        return;
     try {
-        m_write.waitForFinished();
+        m_write->waitForFinished();
         setFailure({});
     } catch (const std::exception &error) {
         m_kept.reset();
         setFailure(errorMessage(error));
-        m_delay.start(failureDelay);
+        if (!m_delay.isActive())
+            m_delay.start(failureDelay);
     }
 }
 

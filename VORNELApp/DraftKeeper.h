@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 
 namespace vornel {
 
@@ -16,16 +17,16 @@ class DraftKeeper : public QObject
     Q_OBJECT
 
 public:
-    /// `draft` gives what is to be kept; it is asked for it shortly before.
-    DraftKeeper(DraftKeeping &drafts, std::function<KeptDraft()> draft);
+    /// `text` gives what is to be kept; it is asked for it shortly before.
+    DraftKeeper(DraftKeeping &drafts, std::function<UnsavedText()> text);
 
     /// Turns to a skill, of which `kept` is kept already.
-    void begin(const QUuid &id, const std::optional<KeptDraft> &kept);
+    void begin(const QUuid &id, const std::optional<UnsavedText> &kept);
 
     /// The text has changed: it is kept within two seconds, also while the typing goes on.
     void keepSoon();
 
-    /// Keeps at once what isn't kept yet.
+    /// Keeps what is unsaved before it returns, and tries that for five seconds.
     void keepNow();
 
     /// Nothing is unsaved any more: what is kept goes.
@@ -42,17 +43,18 @@ Q_SIGNALS:
 
 private:
     void write();
+    void writeNow();
     void conclude();
     void setFailure(const QString &failure);
 
     DraftKeeping &m_drafts;
-    const std::function<KeptDraft()> m_draft;
+    const std::function<UnsavedText()> m_text;
     QUuid m_id;
-    std::optional<KeptDraft> m_kept; ///< what was last handed over
-    bool m_mayExist = false;         ///< whether there may be something to delete
+    std::optional<UnsavedText> m_kept; ///< what was last handed over
+    bool m_mayExist = false;           ///< whether there may be something to delete
     bool m_isUnsaved = false;
     QTimer m_delay;
-    QFutureWatcher<void> m_write;
+    std::unique_ptr<QFutureWatcher<void>> m_write; ///< of this skill's text; none before the first
     QString m_failure;
 };
 

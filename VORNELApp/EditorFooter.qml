@@ -45,7 +45,7 @@ Item {
             color: Colors.accent
             font: Typography.small
             text: "Opération en cours"
-            visible: footer.model.isWorking
+            visible: footer.model.isWorking || footer.draft.isUnderWay
         }
         Label {
             color: Colors.secondary

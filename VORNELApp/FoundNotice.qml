@@ -2,7 +2,7 @@ import VORNELApp
 import VORNELDesignSystem
 
 /** Tells that an unsaved text was found, with which the editor goes on, and lets the user give it up. */
-EditorNotice {
+Notice {
     id: notice
 
     required property SkillDraft draft

@@ -1,7 +1,6 @@
 #include "SkillDraft.h"
 
 #include <VORNELCore/LocaleText.h>
-#include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/Wording.h>
 
@@ -26,11 +25,12 @@ void SkillDraft::componentComplete()
 {
     QTextDocument *document = m_document->textDocument();
     m_text.emplace(document);
-    m_keeper.emplace(m_model->drafts(), [this] {
-        return KeptDraft{1, m_text->text(), m_baseDigest, currentInstant()};
+    m_keeper.emplace(m_model->drafts(), [this] { return unsavedText(m_text->text()); });
+    connect(&*m_keeper, &DraftKeeper::failureChanged, this, &SkillDraft::followKeeping);
+    connect(m_model->departure(), &Departure::forced, this, [this] {
+        m_keeper->keepNow();
+        followKeeping();
     });
-    connect(&*m_keeper, &DraftKeeper::failureChanged, this, &SkillDraft::keepingFailureChanged);
-    connect(m_model->departure(), &Departure::forced, &*m_keeper, &DraftKeeper::keepNow);
     m_counting.setSingleShot(true);
     connect(&m_counting, &QTimer::timeout, this, &SkillDraft::count);
     connect(document, &QTextDocument::contentsChanged, this, &SkillDraft::measure);
@@ -39,84 +39,107 @@ void SkillDraft::componentComplete()
     followSkill();
 }
 
+UnsavedText SkillDraft::unsavedText(const QString &text) const
+{
+    return {text, m_otherBase.isEmpty() ? m_savedText : QString(), m_otherBase};
+}
+
+/// What can't be kept once the program has to end is lost.
+void SkillDraft::followKeeping()
+{
+    Q_EMIT keepingFailureChanged();
+    if (!m_model->departure()->isForced())
+        return;
+    const QString name =
+        m_model->selectedSkill() ? m_model->selectedSkill()->manifest.displayName : QString();
+    m_model->departure()->setLoss(
+        keepingFailure().isEmpty()
+            ? QString()
+            : u"Le texte non enregistré de «\u00A0%1\u00A0» n’a pas pu être gardé. %2"_s.arg(
+                  name, keepingFailure()));
+}
+
 void SkillDraft::check(const QJSValue &action)
 {
+    if (m_isUnderWay)
+        return;
+    setUnderWay(true);
     checkText(this, m_model, action);
 }
 
 QCoro::Task<> SkillDraft::checkText(QPointer<SkillDraft> draft, AppModel *model, QJSValue action)
 {
-    co_await lookForChanges(draft, model);
+    const bool mayGoOn = co_await isUnchanged(draft, model);
     if (draft.isNull())
         co_return;
-    if (draft->m_standing == Current)
+    draft->setUnderWay(false);
+    if (mayGoOn)
         action.call();
     else
-        draft->refuse();
+        Q_EMIT draft->saveFailed();
 }
 
 void SkillDraft::save()
 {
-    if (m_isSaving)
+    if (m_isUnderWay)
         return;
-    m_isSaving = true;
+    setUnderWay(true);
     m_sentText = m_text->text();
     saveText(this, m_model, m_sentText);
 }
 
 QCoro::Task<> SkillDraft::saveText(QPointer<SkillDraft> draft, AppModel *model, QString text)
 {
-    co_await lookForChanges(draft, model);
+    const bool mayGoOn = co_await isUnchanged(draft, model);
     if (draft.isNull())
         co_return;
-    if (draft->m_standing != Current) {
-        draft->refuse();
+    bool succeeded = false;
+    if (mayGoOn)
+        succeeded = co_await model->saveSelectedSkill(std::move(text));
+    if (draft.isNull())
         co_return;
-    }
-    const bool succeeded = co_await model->saveSelectedSkill(std::move(text));
-    if (!draft.isNull())
-        draft->conclude(succeeded);
+    draft->setUnderWay(false);
+    draft->conclude(succeeded);
 }
 
-/// Sees whether "SKILL.md" still holds the saved text. The service compares revisions, and whoever edits the
-/// file in place leaves the revision as it is.
-QCoro::Task<> SkillDraft::lookForChanges(QPointer<SkillDraft> draft, AppModel *model)
+/// Sees whether "SKILL.md" still holds the saved text: a save would replace what isn't known here. The
+/// service compares revisions, and whoever edits the file in place leaves the revision as it is.
+QCoro::Task<bool> SkillDraft::isUnchanged(QPointer<SkillDraft> draft, AppModel *model)
 {
-    std::optional<QByteArray> bytes;
-    try {
-        bytes = co_await model->inspector().readFile(draft->m_skillID, std::nullopt, u"SKILL.md"_s);
-    } catch (const std::exception &) {
-        co_return; // the save tells why
-    }
-    if (draft.isNull() || !bytes || *bytes == draft->m_savedText.toUtf8())
-        co_return;
-    const bool isRead = co_await model->refreshSelectedSkill();
-    if (!draft.isNull() && !isRead)
+    const QUuid id = draft->m_skillID;
+    const std::optional<bool> isSame = co_await model->isSelectedText(draft->m_savedText);
+    bool isKnown = isSame == true;
+    if (isSame == false)
+        isKnown = co_await model->refreshSelectedSkill();
+    if (draft.isNull() || draft->m_skillID != id)
+        co_return false;
+    if (!isSame)
+        draft->followFailure();
+    else if (!isKnown)
         draft->setStanding(Stale); // whatever it is, it is not the text that was saved
-}
-
-/// A save would replace what isn't known here.
-void SkillDraft::refuse()
-{
-    m_isSaving = false;
-    Q_EMIT saveFailed();
+    co_return isKnown && draft->m_standing == Current;
 }
 
 void SkillDraft::conclude(bool succeeded)
 {
-    m_isSaving = false;
     if (succeeded) {
         Q_EMIT saved();
         return;
     }
+    followFailure();
+    if (m_model->isSynchronizationIncomplete())
+        m_model->refreshSelectedSkill(); // the text itself is saved
+    Q_EMIT saveFailed();
+}
+
+/// What the model's last failure tells of the skill.
+void SkillDraft::followFailure()
+{
     const QString errorCase = m_model->errorCase();
     if (errorCase == QLatin1StringView(WorkspaceErrorCase::RevisionConflict::name))
         setStanding(Stale);
     else if (errorCase == QLatin1StringView(WorkspaceErrorCase::SkillNotFound::name))
         setStanding(Gone);
-    else if (m_model->isSynchronizationIncomplete())
-        m_model->refreshSelectedSkill(); // the text itself is saved
-    Q_EMIT saveFailed();
 }
 
 void SkillDraft::reload()
@@ -126,13 +149,23 @@ void SkillDraft::reload()
 
 QCoro::Task<> SkillDraft::reloadText(QPointer<SkillDraft> draft, AppModel *model)
 {
-    const bool succeeded = co_await model->refreshSelectedSkill();
-    if (draft.isNull())
-        co_return;
-    if (succeeded)
+    const bool succeeded = co_await model->reloadSelectedSkill();
+    if (!draft.isNull() && succeeded)
         draft->take(model->selectedSkill()->skillMD);
-    else
-        model->reload(); // which tells why
+}
+
+void SkillDraft::overrule()
+{
+    overruleText(this, m_model);
+}
+
+QCoro::Task<> SkillDraft::overruleText(QPointer<SkillDraft> draft, AppModel *model)
+{
+    const bool succeeded = co_await model->reloadSelectedSkill();
+    if (draft.isNull() || !succeeded)
+        co_return;
+    draft->adopt(model->selectedSkill()->skillMD);
+    Q_EMIT draft->overruled();
 }
 
 void SkillDraft::discard()
@@ -154,7 +187,7 @@ void SkillDraft::followSkill()
         m_keeper->stop();
     } else if (skill->manifest.id != m_skillID) {
         begin(*skill);
-    } else if (KeptDraft::digestOf(skill->skillMD) == m_baseDigest) {
+    } else if (m_otherBase.isEmpty() && skill->skillMD == m_savedText) {
         adopt(skill->skillMD);
     } else if (!m_isModified || skill->skillMD == m_sentText || !m_text->differsFrom(skill->skillMD)) {
         m_isModified ? adopt(skill->skillMD) : take(skill->skillMD);
@@ -178,20 +211,23 @@ void SkillDraft::begin(const SkillDetail &skill)
 /// back to the saved one.
 void SkillDraft::takeUpFoundDraft()
 {
-    const std::optional<KeptDraft> found = m_model->foundDraft(m_skillID);
-    m_keeper->begin(m_skillID, found);
-    if (!found)
+    const FoundDraft found = m_model->foundDraft(m_skillID);
+    m_lookFailure = found.failure;
+    m_keeper->begin(m_skillID, {});
+    if (!found.draft)
         return;
-    if (!m_text->differsFrom(found->text)) {
+    const bool isEdit = m_text->differsFrom(found.draft->text);
+    if (isEdit && found.isStale)
+        m_otherBase = found.draft->baseDigest;
+    m_keeper->begin(m_skillID, unsavedText(found.draft->text));
+    if (!isEdit) {
         m_keeper->forget();
         return;
     }
-    m_text->replace(found->text);
-    setFoundMoment(Wording::dayAndTime(found->keptAt, QDateTime::currentDateTimeUtc()));
-    if (found->baseDigest != m_baseDigest) {
-        m_baseDigest = found->baseDigest;
+    m_text->replace(found.draft->text);
+    setFoundMoment(Wording::dayAndTime(found.draft->keptAt, QDateTime::currentDateTimeUtc()));
+    if (found.isStale)
         setStanding(Stale);
-    }
 }
 
 /// Shows a text that comes from the disk.
@@ -206,7 +242,7 @@ void SkillDraft::take(const QString &text)
 void SkillDraft::adopt(const QString &text)
 {
     m_savedText = text;
-    m_baseDigest = KeptDraft::digestOf(text);
+    m_otherBase.clear();
     setStanding(Current);
     measure();
 }
@@ -261,6 +297,12 @@ void SkillDraft::setFoundMoment(const QString &moment)
 {
     if (std::exchange(m_foundMoment, moment) != moment)
         Q_EMIT foundMomentChanged();
+}
+
+void SkillDraft::setUnderWay(bool isUnderWay)
+{
+    if (std::exchange(m_isUnderWay, isUnderWay) != isUnderWay)
+        Q_EMIT isUnderWayChanged();
 }
 
 void SkillDraft::setStanding(Standing standing)

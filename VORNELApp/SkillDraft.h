@@ -28,6 +28,8 @@ class SkillDraft : public QObject, public QQmlParserStatus
     Q_PROPERTY(Standing standing READ standing NOTIFY standingChanged)
     Q_PROPERTY(QString foundMoment READ foundMoment NOTIFY foundMomentChanged)
     Q_PROPERTY(QString keepingFailure READ keepingFailure NOTIFY keepingFailureChanged)
+    Q_PROPERTY(QString lookFailure READ lookFailure NOTIFY begun)
+    Q_PROPERTY(bool isUnderWay READ isUnderWay NOTIFY isUnderWayChanged)
 
 public:
     /// Whether the skill is still what was opened: `Stale` when it has moved on, `Gone` when it is no longer
@@ -53,6 +55,13 @@ public:
     /// Why the edits aren't kept until they are saved, as the user reads it; empty while they are.
     QString keepingFailure() const { return m_keeper ? m_keeper->failure() : QString(); }
 
+    /// Why it isn't known whether an unsaved text of the skill is kept, as the user reads it; empty
+    /// otherwise.
+    QString lookFailure() const { return m_lookFailure; }
+
+    /// Whether the text is just compared with the disk or saved.
+    bool isUnderWay() const { return m_isUnderWay; }
+
     /// The text as it would be saved.
     Q_INVOKABLE QString text() const { return m_text->text(); }
 
@@ -67,6 +76,10 @@ public:
 
     /// Takes the skill as it is on the disk. The edits can be brought back by undoing.
     Q_INVOKABLE void reload();
+
+    /// Lets the edits stand over the skill as it is on the disk; `overruled` follows, after which a save
+    /// replaces that text.
+    Q_INVOKABLE void overrule();
 
     /// Goes back to the saved text. The edits can be brought back by undoing.
     Q_INVOKABLE void discard();
@@ -86,16 +99,21 @@ Q_SIGNALS:
     void standingChanged();
     void foundMomentChanged();
     void keepingFailureChanged();
+    void isUnderWayChanged();
+    void overruled();
     void saved();
     void saveFailed();
 
 private:
     static QCoro::Task<> saveText(QPointer<SkillDraft> draft, AppModel *model, QString text);
     static QCoro::Task<> checkText(QPointer<SkillDraft> draft, AppModel *model, QJSValue action);
-    static QCoro::Task<> lookForChanges(QPointer<SkillDraft> draft, AppModel *model);
+    static QCoro::Task<bool> isUnchanged(QPointer<SkillDraft> draft, AppModel *model);
     static QCoro::Task<> reloadText(QPointer<SkillDraft> draft, AppModel *model);
-    void refuse();
+    static QCoro::Task<> overruleText(QPointer<SkillDraft> draft, AppModel *model);
     void conclude(bool succeeded);
+    void followFailure();
+    void followKeeping();
+    UnsavedText unsavedText(const QString &text) const;
     void followSkill();
     void begin(const SkillDetail &skill);
     void takeUpFoundDraft();
@@ -108,17 +126,19 @@ private:
     void settle();
     void setStanding(Standing standing);
     void setFoundMoment(const QString &moment);
+    void setUnderWay(bool isUnderWay);
 
     AppModel *m_model = nullptr;
     QQuickTextDocument *m_document = nullptr;
     std::optional<FaithfulText> m_text;
     QUuid m_skillID;
-    QString m_savedText;  ///< what the skill holds, as far as is known here
-    QString m_baseDigest; ///< of the saved text with which the edits began
-    QString m_sentText;   ///< what was last asked to be saved
+    QString m_savedText; ///< what the skill holds, as far as is known here; the edits began with it
+    QString m_otherBase; ///< unless they were found, and began with the text of this digest
+    QString m_sentText;  ///< what was last asked to be saved
     QString m_foundMoment;
+    QString m_lookFailure;
     std::optional<DraftKeeper> m_keeper;
-    bool m_isSaving = false;
+    bool m_isUnderWay = false;
     bool m_isModified = false;
     int m_characterCount = 0;
     QTimer m_counting; ///< as soon as nothing else is to be done: the whole text is counted

@@ -46,8 +46,13 @@ FocusScope {
         skillID: editor.model.selectedSkillID
     }
     Connections {
+        function onOverruled() {
+            editor.save();
+        }
         function onSaveFailed() {
             editor.model.departure.stay();
+            if (editor.draft.standing !== SkillDraft.Current)
+                notices.bringForward();
         }
         function onSaved() {
             if (!editor.draft.isModified)
@@ -120,6 +125,7 @@ FocusScope {
             (comparison.item as TextComparisonSheet).compare();
         }
         onDecided: instructions.forceActiveFocus()
+        onReplacementAsked: replacement.open()
     }
     FileTree {
         id: tree
@@ -201,6 +207,15 @@ FocusScope {
             go();
         }
         onSaveAsked: editor.save()
+    }
+    ConfirmationDialog {
+        id: replacement
+
+        acceptText: "Garder mon texte"
+        message: "Votre texte remplace celui du disque, qui reste dans l’historique de la compétence."
+        title: "Remplacer le texte du disque\u00A0?"
+        onAccepted: editor.draft.overrule()
+        onClosed: if (isAccepted) instructions.forceActiveFocus() // as the notice goes
     }
     ConfirmationDialog {
         id: confirmation

@@ -2,7 +2,7 @@ import VORNELApp
 import VORNELDesignSystem
 
 /** Tells that the skill was changed or removed elsewhere while it is edited here, and what can be done. */
-EditorNotice {
+Notice {
     id: notice
 
     required property SkillDraft draft
@@ -10,6 +10,7 @@ EditorNotice {
     readonly property bool isGone: draft.standing === SkillDraft.Gone
 
     signal comparisonAsked
+    signal replacementAsked
 
     /** The notice is about to go. */
     signal decided
@@ -41,5 +42,11 @@ EditorNotice {
             notice.draft.reload();
             notice.decided();
         }
+    }
+    ActionButton {
+        symbol: "save"
+        text: "Garder mon texte"
+        visible: !notice.isGone
+        onClicked: notice.replacementAsked()
     }
 }

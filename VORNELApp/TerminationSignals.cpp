@@ -18,6 +18,7 @@ constexpr std::array handledSignals{SIGTERM, SIGINT};
 
 /// What a handler may do is little: it writes to this descriptor, and the event loop does the rest.
 volatile std::sig_atomic_t awakening = -1; // NOLINT: a handler knows nothing but what is global
+volatile std::sig_atomic_t latest = 0;     // NOLINT
 
 using Handler = void (*)(int);
 
@@ -36,7 +37,14 @@ void handle(int signal, Handler handler)
     ::sigaction(signal, &action, nullptr);
 }
 
-void wakeEventLoop(int signal);
+void wakeEventLoop(int signal)
+{
+    const int error = errno;
+    latest = signal;
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = ::write(awakening, &one, sizeof(one));
+    errno = error;
+}
 
 void giveBack()
 {
@@ -46,13 +54,11 @@ void giveBack()
     }
 }
 
-void wakeEventLoop(int /*signal*/)
+/// How many signals have come.
+std::uint64_t count()
 {
-    const int error = errno;
-    giveBack();
-    const std::uint64_t one = 1;
-    [[maybe_unused]] const auto written = ::write(awakening, &one, sizeof(one));
-    errno = error;
+    std::uint64_t count = 0;
+    return ::read(awakening, &count, sizeof(count)) == sizeof(count) ? count : 0;
 }
 
 } // namespace
@@ -66,6 +72,9 @@ TerminationSignals::TerminationSignals()
     connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
         notifier->setEnabled(false);
         Q_EMIT received();
+        giveBack();
+        if (count() > 1)
+            ::raise(latest);
     });
     for (const int signal : handledSignals) {
         if (handlerOf(signal) != SIG_IGN)

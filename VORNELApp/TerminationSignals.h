@@ -4,8 +4,9 @@
 
 namespace vornel {
 
-/// Tells the event loop of the first SIGTERM or SIGINT; a second one ends the process as usual. There is one
-/// object at a time. A signal that the process was started to ignore stays ignored.
+/// Tells the event loop of the first SIGTERM or SIGINT. A second one ends the process as usual, but not
+/// before the first has been dealt with. There is one object at a time. A signal that the process was started
+/// to ignore stays ignored.
 class TerminationSignals : public QObject
 {
     Q_OBJECT

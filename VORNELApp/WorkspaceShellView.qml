@@ -82,13 +82,40 @@ FocusScope {
         onCreationAsked: shell.create()
         onSynchronizationAsked: content.editor?.synchronize()
     }
+    StrayTexts {
+        id: strays
+
+        model: shell.model
+    }
+    DeferredItem {
+        id: stray
+
+        anchors.left: sidebar.right
+        anchors.leftMargin: Metrics.huge
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.huge
+        anchors.top: toolbar.bottom
+        anchors.topMargin: visible ? Metrics.large : 0
+        file: "StrayNotice.qml"
+        height: visible ? implicitHeight : 0
+        isWanted: strays.notice !== ""
+        properties: ({ texts: strays })
+    }
+    Connections {
+        function onDecided() {
+            content.takeKeyboard();
+        }
+
+        ignoreUnknownSignals: true
+        target: stray.item
+    }
     ShellContent {
         id: content
 
         anchors.bottom: parent.bottom
         anchors.left: sidebar.right
         anchors.right: parent.right
-        anchors.top: toolbar.bottom
+        anchors.top: stray.bottom
         focus: true
         model: shell.model
         onCreationAsked: shell.create()

@@ -1,3 +1,4 @@
+#include "AppModel.h"
 #include "SingleInstance.h"
 #include "TerminationSignals.h"
 #include "VORNELApp.h"
@@ -125,7 +126,11 @@ int showApplication(bool endsAfterFirstFrame)
     QObject::connect(&signals, &TerminationSignals::received, window, [&application] { application.end(); });
     const int status = QGuiApplication::exec();
     instance.retire(); // before the model ends, which may take its time
-    return status;
+    const QString loss = application.model().departure()->loss();
+    if (loss.isEmpty())
+        return status;
+    std::fputs(qUtf8Printable(loss + u'\n'), stderr);
+    return EXIT_FAILURE;
 }
 
 bool hasScreen()

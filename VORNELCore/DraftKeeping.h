@@ -2,14 +2,26 @@
 
 #include <QDateTime>
 #include <QFuture>
+#include <QList>
 #include <QObject>
 #include <QUuid>
 
+#include <filesystem>
 #include <optional>
 
 namespace vornel {
 
-/// A text of "SKILL.md" that was typed and not saved yet.
+/// A text of "SKILL.md" that is typed and not saved yet.
+struct UnsavedText
+{
+    QString text;
+    QString baseText;   ///< the saved text with which the edits began
+    QString baseDigest; ///< names it where the text itself isn't known any more; otherwise empty
+
+    bool operator==(const UnsavedText &) const = default;
+};
+
+/// An unsaved text as it is kept.
 struct KeptDraft
 {
     Q_GADGET
@@ -19,10 +31,13 @@ struct KeptDraft
     Q_PROPERTY(QDateTime keptAt MEMBER keptAt)
 
 public:
-    /// Names the saved text that a draft was made from: SHA-256, in lower-case hexadecimal digits.
+    static constexpr qint64 currentVersion = 1;
+
+    /// Names the saved text that a draft was made from: SHA-256, in lower-case hexadecimal digits. Takes its
+    /// time for a long text.
     static QString digestOf(const QString &savedText);
 
-    qint64 schemaVersion = 1;
+    qint64 schemaVersion = currentVersion;
     QString text;
     QString baseDigest; ///< of the saved text when the edits began
     QDateTime keptAt;   ///< UTC, whole seconds
@@ -30,21 +45,38 @@ public:
     bool operator==(const KeptDraft &) const = default;
 };
 
-/// Keeps unsaved texts, one for each skill, beside the workspace's bookkeeping. Each operation may fail with
-/// `notBootstrapped`, `symlinkUnsupported` or a file-system error.
+/// A file among the unsaved texts.
+struct DraftFile
+{
+    QUuid id;          ///< of the skill
+    bool isSetAside{}; ///< whether it could not be read as a draft, and nothing takes it up any more
+    std::filesystem::path place;
+
+    bool operator==(const DraftFile &) const = default;
+};
+
+/// Keeps unsaved texts, one for each skill, beside the workspace's bookkeeping, and waits for nobody who
+/// works there. Each operation may fail with `symlinkUnsupported` or a file-system error.
 class DraftKeeping
 {
 public:
     virtual ~DraftKeeping() = default;
 
-    /// Keeps a draft in the place of an earlier one. One above the file limit fails with `file_too_large`.
-    virtual QFuture<void> keepDraft(QUuid id, KeptDraft draft) = 0;
+    /// Keeps a text in the place of an earlier one; one that could not be read is set aside instead. A text
+    /// above the file limit fails with `file_too_large`.
+    virtual QFuture<void> keepDraft(QUuid id, UnsavedText text) = 0;
 
-    /// What is kept for the skill; nothing without a draft. What can't be read as one is set aside.
+    /// What is kept for the skill; nothing without a draft. What is read and is none is set aside.
     virtual QFuture<std::optional<KeptDraft>> draft(QUuid id) = 0;
 
-    /// Deletes the skill's draft, if there is one.
+    /// Deletes the skill's draft, if there is one; one that could not be read stays.
     virtual QFuture<void> discardDraft(QUuid id) = 0;
+
+    /// Everything that is kept, in the order of the names.
+    virtual QFuture<QList<DraftFile>> files() = 0;
+
+    /// Deletes one of the files, if it is still there.
+    virtual QFuture<void> discardFile(DraftFile file) = 0;
 };
 
 } // namespace vornel

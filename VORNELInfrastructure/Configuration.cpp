@@ -44,11 +44,6 @@ fs::path Configuration::historyOf(const QUuid &id) const
     return history() / pathFromText(uuidText(id));
 }
 
-fs::path Configuration::draftOf(const QUuid &id) const
-{
-    return drafts() / pathFromText(uuidText(id) + QStringLiteral(".json"));
-}
-
 const fs::path &Configuration::target(TargetKind kind) const
 {
     return kind == TargetKind::claude ? claude : codex;

@@ -30,7 +30,6 @@ struct Configuration
     std::filesystem::path staging() const { return bookkeeping() / "staging"; }
     std::filesystem::path recovery() const { return bookkeeping() / "recovery"; }
     std::filesystem::path events() const { return bookkeeping() / "events"; }
-    std::filesystem::path drafts() const { return bookkeeping() / "drafts"; }
     std::filesystem::path metadata() const { return bookkeeping() / "workspace.json"; }
     std::filesystem::path categories() const { return bookkeeping() / "categories.json"; }
 
@@ -42,9 +41,6 @@ struct Configuration
 
     /// Where the earlier versions of a skill stand.
     std::filesystem::path historyOf(const QUuid &id) const;
-
-    /// Where the unsaved text of a skill stands.
-    std::filesystem::path draftOf(const QUuid &id) const;
 
     /// An assistant's skills folder.
     const std::filesystem::path &target(TargetKind kind) const;

@@ -2,7 +2,6 @@
 
 #include "BestEffort.h"
 #include "SecureFileTree.h"
-#include "SkillDrafts.h"
 #include "SkillFolderStore.h"
 #include "SkillHistory.h"
 #include "SkillRecords.h"
@@ -66,22 +65,14 @@ bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)
            std::ranges::any_of(activeManifests(workspace), hasID);
 }
 
-/// A skill that is being deleted for good is staged under its identifier until its history and its draft are
-/// gone.
+/// A skill that is being deleted for good is staged under its identifier until its history is gone.
 void finishDeletion(const Workspace &workspace, const std::string &stage)
 {
     const auto id = uuidFromText(QString::fromStdString(stage));
     if (!id)
         return;
-    const SkillDrafts drafts(workspace);
-    const bool hasHistory = workspace.files.kindAt(workspace.config.historyOf(*id)).has_value();
-    bool hasDraft = false;
-    bestEffort([&] { hasDraft = drafts.exists(*id); });
-    if ((!hasHistory && !hasDraft) || isInLibraryOrTrash(workspace, *id))
-        return;
-    SkillHistory(workspace).remove(*id);
-    if (hasDraft)
-        drafts.discard(*id);
+    if (!isInLibraryOrTrash(workspace, *id))
+        SkillHistory(workspace).remove(*id);
 }
 
 void removeAbandonedStages(const Workspace &workspace)

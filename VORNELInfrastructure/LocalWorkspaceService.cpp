@@ -6,7 +6,6 @@
 #include "ImportScan.h"
 #include "Overview.h"
 #include "SkillAuthoring.h"
-#include "SkillDrafts.h"
 #include "SkillTrash.h"
 #include "TargetInspector.h"
 #include "WorkspaceBootstrap.h"
@@ -231,26 +230,6 @@ QFuture<QHash<QUuid, QDateTime>> LocalWorkspaceService::trashDates()
 {
     return perform(LockMode::Shared,
                    [](const Workspace &workspace) { return SkillTrash(workspace).dates(); });
-}
-
-// Nobody but the one window writes drafts, so it need not wait for those who read the workspace.
-
-QFuture<void> LocalWorkspaceService::keepDraft(QUuid id, KeptDraft draft)
-{
-    return perform(LockMode::Shared, [id, draft = std::move(draft)](const Workspace &workspace) {
-        SkillDrafts(workspace).keep(id, draft);
-    });
-}
-
-QFuture<std::optional<KeptDraft>> LocalWorkspaceService::draft(QUuid id)
-{
-    return perform(LockMode::Shared,
-                   [=](const Workspace &workspace) { return SkillDrafts(workspace).read(id); });
-}
-
-QFuture<void> LocalWorkspaceService::discardDraft(QUuid id)
-{
-    return perform(LockMode::Shared, [=](const Workspace &workspace) { SkillDrafts(workspace).discard(id); });
 }
 
 } // namespace vornel

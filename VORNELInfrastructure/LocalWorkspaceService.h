@@ -3,7 +3,6 @@
 #include "SerialExecutor.h"
 #include "Workspace.h"
 
-#include <VORNELCore/DraftKeeping.h>
 #include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
@@ -19,8 +18,7 @@ namespace vornel {
 class LocalWorkspaceService : public WorkspaceServicing,
                               public TargetInspecting,
                               public TrashInspecting,
-                              public ImportReviewing,
-                              public DraftKeeping
+                              public ImportReviewing
 {
 public:
     /// All file operations go through `manager`.
@@ -51,9 +49,6 @@ public:
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
     QFuture<QHash<QUuid, QDateTime>> trashDates() override;
     QFuture<ImportPlan> excludeFromImport(QString slug) override;
-    QFuture<void> keepDraft(QUuid id, KeptDraft draft) override;
-    QFuture<std::optional<KeptDraft>> draft(QUuid id) override;
-    QFuture<void> discardDraft(QUuid id) override;
 
 private:
     /// Runs `operation` on the open workspace, locked; throws `notBootstrapped` when none is open.

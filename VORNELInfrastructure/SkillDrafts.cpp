@@ -4,9 +4,14 @@
 #include "FileOperations.h"
 #include "SkillFiles.h"
 #include "TreeOperations.h"
+#include "UnfinishedParts.h"
 
 #include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -14,47 +19,106 @@ namespace vornel {
 
 namespace fs = std::filesystem;
 
-void SkillDrafts::keep(const QUuid &id, const KeptDraft &draft) const
+namespace {
+
+/// The file of this name in the folder; nothing for what is none of the drafts.
+std::optional<DraftFile> draftFile(const fs::path &folder, const std::string &name)
 {
-    const fs::path file = m_config.draftOf(id);
-    const QByteArray document = RecordJson::document(RecordJson::encode(draft));
+    static const QRegularExpression shape(uR"(\A([0-9A-F-]{36})(-unreadable-[0-9A-F-]{36})?\.json\z)"_s);
+    const auto match = shape.match(QString::fromStdString(name));
+    const auto id = match.hasMatch() ? uuidFromText(match.captured(1)) : std::nullopt;
+    if (!id)
+        return std::nullopt;
+    return DraftFile{*id, match.hasCaptured(2), folder / name};
+}
+
+KeptDraft draftOf(const UnsavedText &text)
+{
+    const QString base = text.baseDigest.isEmpty() ? KeptDraft::digestOf(text.baseText) : text.baseDigest;
+    return {.text = text.text, .baseDigest = base, .keptAt = currentInstant()};
+}
+
+} // namespace
+
+SkillDrafts::SkillDrafts(FileSystem &files, const fs::path &bookkeeping)
+    : m_files(files), m_bookkeeping(bookkeeping), m_folder(bookkeeping / "drafts")
+{}
+
+void SkillDrafts::keep(const QUuid &id, const UnsavedText &text)
+{
+    const fs::path file = placeOf(id);
+    const QByteArray document = RecordJson::document(RecordJson::encode(draftOf(text)));
     if (document.size() > SkillFiles::sizeLimit)
         throw fs::filesystem_error("write", file, std::make_error_code(std::errc::file_too_large));
-    createFolders(m_files, m_config.drafts(), Durability::Now);
+    m_files.openFolder(m_bookkeeping); // without which there is no workspace
+    createFolders(m_files, m_folder, Durability::Now);
+    if (m_unread.contains(id) && exists(file))
+        setAside(id);
+    m_unread.remove(id);
     replaceFile(m_files, file, document, Durability::Now);
 }
 
-std::optional<KeptDraft> SkillDrafts::read(const QUuid &id) const
+std::optional<KeptDraft> SkillDrafts::read(const QUuid &id)
 {
-    if (!exists(id))
-        return std::nullopt;
+    const fs::path file = placeOf(id);
+    m_unread.insert(id);
     std::optional<KeptDraft> draft;
-    bestEffort([&] {
-        draft = RecordJson::decodeDocument<KeptDraft>(
-            readFile(m_files, m_config.draftOf(id), SkillFiles::sizeLimit));
-    });
-    if (!draft)
-        setAside(id);
+    if (exists(file)) {
+        draft = decoded(file);
+        if (!draft)
+            setAside(id);
+    }
+    m_unread.remove(id);
     return draft;
 }
 
-bool SkillDrafts::exists(const QUuid &id) const
+void SkillDrafts::discard(const QUuid &id)
 {
-    return m_files.kindAt(m_config.draftOf(id)).has_value();
+    if (!m_unread.contains(id) && exists(placeOf(id)))
+        removeTree(m_files, placeOf(id));
 }
 
-void SkillDrafts::discard(const QUuid &id) const
+QList<DraftFile> SkillDrafts::list() const
 {
-    if (exists(id))
-        removeTree(m_files, m_config.draftOf(id));
+    QList<DraftFile> found;
+    if (!exists(m_folder))
+        return found;
+    const Folder folder = m_files.openFolder(m_folder);
+    for (const FolderEntry &entry : m_files.list(folder)) {
+        if (isUnfinished(entry.name))
+            bestEffort([&] { removeTree(m_files, {folder, entry.name}); });
+        else if (const auto file = draftFile(m_folder, entry.name))
+            found.append(*file);
+    }
+    std::ranges::sort(found, {}, &DraftFile::place);
+    return found;
+}
+
+void SkillDrafts::remove(const DraftFile &file) const
+{
+    const fs::path place = m_folder / file.place.filename();
+    if (draftFile(m_folder, place.filename()) && exists(place))
+        removeTree(m_files, place);
+}
+
+fs::path SkillDrafts::placeOf(const QUuid &id) const
+{
+    return m_folder / pathFromText(uuidText(id) + u".json"_s);
+}
+
+std::optional<KeptDraft> SkillDrafts::decoded(const fs::path &file) const
+{
+    if (m_files.kindAt(file) != FileKind::Regular)
+        return std::nullopt;
+    const auto draft = RecordJson::decodeDocument<KeptDraft>(readFile(m_files, file, SkillFiles::sizeLimit));
+    return draft && draft->schemaVersion == KeptDraft::currentVersion ? draft : std::nullopt;
 }
 
 void SkillDrafts::setAside(const QUuid &id) const
 {
-    const Folder folder = m_files.openFolder(m_config.drafts());
+    const Folder folder = m_files.openFolder(m_folder);
     const QString name = uuidText(id) + u"-unreadable-"_s + uuidText(QUuid::createUuid()) + u".json"_s;
-    m_files.rename({folder, m_config.draftOf(id).filename()}, {folder, name.toStdString()},
-                   RenameMode::ToFreePlace);
+    m_files.rename({folder, placeOf(id).filename()}, {folder, name.toStdString()}, RenameMode::ToFreePlace);
 }
 
 } // namespace vornel

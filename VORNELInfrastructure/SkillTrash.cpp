@@ -2,7 +2,6 @@
 
 #include "BestEffort.h"
 #include "CrashRecovery.h"
-#include "SkillDrafts.h"
 #include "SkillHistory.h"
 #include "TargetSynchronizer.h"
 #include "TreeOperations.h"
@@ -99,11 +98,10 @@ void SkillTrash::remove(const QUuid &id) const
     m_workspace.failedSyncTargets.remove(id);
     discardParkedFolders(m_workspace, id);
     const Configuration &config = m_workspace.config;
-    // Should this be cut short, its name in staging tells the next start whose history and draft go too.
+    // Should this be cut short, its name in staging tells the next start whose history goes too.
     const fs::path condemned = config.staging() / pathFromText(uuidText(id));
     moveTree(m_workspace.files, config.trashed(id), condemned);
     SkillHistory(m_workspace).remove(id);
-    bestEffort([&] { SkillDrafts(m_workspace).discard(id); });
     removeTree(m_workspace.files, condemned);
 }
 

@@ -15,12 +15,6 @@ namespace {
 /// How far below a folder something is looked for.
 enum class Reach { Entries, EntriesOfEntries };
 
-bool isUnfinished(const std::string &name)
-{
-    static const QRegularExpression shape(uR"(\A\.[0-9A-F-]{36}\.tmp\z)"_s);
-    return name.starts_with('.') && shape.match(QString::fromStdString(name)).hasMatch();
-}
-
 void collect(const FileSystem &files, const Folder &folder, Reach reach, std::vector<fs::path> &found)
 {
     for (const FolderEntry &entry : files.list(folder)) {
@@ -33,6 +27,12 @@ void collect(const FileSystem &files, const Folder &folder, Reach reach, std::ve
 
 } // namespace
 
+bool isUnfinished(const std::string &name)
+{
+    static const QRegularExpression shape(uR"(\A\.[0-9A-F-]{36}\.tmp\z)"_s);
+    return name.starts_with('.') && shape.match(QString::fromStdString(name)).hasMatch();
+}
+
 std::vector<fs::path> unfinishedParts(const Workspace &workspace)
 {
     const Configuration &config = workspace.config;
@@ -43,8 +43,7 @@ std::vector<fs::path> unfinishedParts(const Workspace &workspace)
                 collect(workspace.files, workspace.files.openFolder(folder), reach, found);
         });
     };
-    for (const fs::path &folder :
-         {config.bookkeeping(), config.recovery(), config.drafts(), config.claude, config.codex})
+    for (const fs::path &folder : {config.bookkeeping(), config.recovery(), config.claude, config.codex})
         look(folder, Reach::Entries);
     // A skill's manifest is also rewritten where it stands.
     for (const fs::path &folder : {config.skills(), config.trash()})

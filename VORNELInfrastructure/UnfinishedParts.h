@@ -6,8 +6,11 @@
 
 namespace vornel {
 
-/// What moves to another volume and writes that were cut short have left in the roots, under the hidden names
-/// that they give to what isn't finished.
+/// Whether this is a name that is given to what isn't finished.
+bool isUnfinished(const std::string &name);
+
+/// What moves to another volume and writes that were cut short have left in the roots. The drafts are the
+/// window's own, which may be writing one.
 std::vector<std::filesystem::path> unfinishedParts(const Workspace &workspace);
 
 } // namespace vornel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <VORNELInfrastructure/LocalDrafts.h>
 #include <VORNELInfrastructure/LocalWorkspaceService.h>
 #include <VORNELInfrastructure/PosixFileSystem.h>
 

@@ -4,6 +4,9 @@
 #include "Scratch.h"
 
 #include <VORNELCore/SerializedForms.h>
+#include <VORNELInfrastructure/LocalDrafts.h>
+
+#include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -15,38 +18,79 @@ namespace fs = std::filesystem;
 class Draft : public testing::Test, protected TestWorkspace
 {
 protected:
-    Draft() : TestWorkspace(std::make_shared<FaultyFileSystem>()) {}
+    FaultyFileSystem &files() { return *m_files; }
 
-    FaultyFileSystem &files() { return static_cast<FaultyFileSystem &>(*manager); }
+    void keep(const QString &text) { drafts->keepDraft(id, {text, u"texte"_s, {}}).waitForFinished(); }
+    std::optional<KeptDraft> read() { return drafts->draft(id).result(); }
 
-    static KeptDraft draftOf(const QString &text)
+    QString readText()
     {
-        return {1, text, KeptDraft::digestOf(u"texte"_s), *dateFromText(u"2026-11-22T13:32:00Z"_s)};
+        const auto draft = read();
+        return draft ? draft->text : QString();
     }
 
-    void keep(const QString &text) { service->keepDraft(id, draftOf(text)).waitForFinished(); }
-    std::optional<KeptDraft> read() { return service->draft(id).result(); }
+    /// A new process.
+    void restart()
+    {
+        drafts.reset();
+        m_files = std::make_shared<FaultyFileSystem>();
+        drafts = std::make_unique<LocalDrafts>(m_files, path("workspace"));
+        TestWorkspace::restart();
+    }
 
     const std::string folder = "workspace/.vornel/drafts";
     const QUuid id = create(u"demo"_s).manifest.id;
     const std::string file = folder + '/' + uuidText(id).toStdString() + ".json";
+
+private:
+    std::shared_ptr<FaultyFileSystem> m_files = std::make_shared<FaultyFileSystem>();
+
+protected:
+    std::unique_ptr<LocalDrafts> drafts = std::make_unique<LocalDrafts>(m_files, path("workspace"));
 };
 
 TEST_F(Draft, IsReadAsItWasKeptUntilItIsDiscarded)
 {
     EXPECT_EQ(read(), std::nullopt);
+    EXPECT_TRUE(drafts->files().result().isEmpty());
     EXPECT_FALSE(fs::exists(path(folder))) << "asking creates nothing";
     for (const QString &text : {u"Prix\u00A0: 3\u202F000\r\n\u2028fin"_s, u"\uFEFFa\rb\n\n"_s,
                                 u"\u0001 \"\\\" é 👩‍💻"_s, QString(u""_s)}) {
         keep(text);
         restart();
-        EXPECT_EQ(read(), draftOf(text)) << text.toStdString();
+        const auto kept = read();
+        ASSERT_TRUE(kept);
+        EXPECT_EQ(kept->text, text);
+        EXPECT_EQ(kept->baseDigest, KeptDraft::digestOf(u"texte"_s));
+        EXPECT_LE(kept->keptAt.secsTo(currentInstant()), 60);
     }
+    EXPECT_EQ(drafts->files().result(), (QList<DraftFile>{{id, false, path(file)}}));
     EXPECT_EQ(permissionsOf(path(folder)), 0700);
     EXPECT_EQ(permissionsOf(path(file)), 0600);
-    service->discardDraft(id).waitForFinished();
-    service->discardDraft(id).waitForFinished();
+    drafts->discardDraft(id).waitForFinished();
+    drafts->discardDraft(id).waitForFinished();
     EXPECT_TRUE(names(folder).empty());
+}
+
+TEST_F(Draft, WaitsForNobodyWhoHoldsTheWorkspace)
+{
+    const WorkspaceHold held(path("workspace"));
+    const QFuture<WorkspaceOverview> waiting = service->reload();
+    QElapsedTimer timer;
+    timer.start();
+    keep(u"brouillon"_s);
+    EXPECT_EQ(readText(), u"brouillon"_s);
+    drafts->discardDraft(id).waitForFinished();
+    EXPECT_LT(timer.elapsed(), 5'000);
+    EXPECT_FALSE(waiting.isFinished());
+}
+
+TEST_F(Draft, MakesNoWorkspace)
+{
+    fs::rename(path("workspace"), path("unmounted"));
+    EXPECT_EQ(read(), std::nullopt);
+    EXPECT_THROW(keep(u"brouillon"_s), fs::filesystem_error);
+    EXPECT_FALSE(fs::exists(path("workspace")));
 }
 
 TEST_F(Draft, IsWholeWhateverFailsWhileItIsReplaced)
@@ -60,43 +104,53 @@ TEST_F(Draft, IsWholeWhateverFailsWhileItIsReplaced)
         }
         const bool hasFailed = files().hasFailed();
         files().failAt(0, FaultyFileSystem::Call::Change);
-        const auto kept = read();
-        ASSERT_TRUE(kept == draftOf(u"avant"_s) || kept == draftOf(u"après"_s)) << "step " << step;
+        const QString kept = readText();
+        ASSERT_TRUE(kept == u"avant"_s || kept == u"après"_s) << "step " << step;
         if (!hasFailed)
             break;
     }
-    write(folder + "/." + uuidText(id).toStdString() + ".tmp", "half");
-    restart();
-    EXPECT_EQ(names(folder).size(), 1U) << "a start clears what a write has left";
+    const std::string unfinished = folder + "/." + uuidText(id).toStdString() + ".tmp";
+    write(unfinished, "half");
+    service->bootstrap(path("workspace"), path("claude"), path("codex")).waitForFinished();
+    EXPECT_TRUE(fs::exists(path(unfinished)))
+        << "another program leaves alone what the window may be writing";
+    drafts->files().waitForFinished();
+    EXPECT_EQ(names(folder).size(), 1U) << "the window itself clears what a write has left";
 }
 
-TEST_F(Draft, GoesWithASkillThatIsDeletedForGood)
+TEST_F(Draft, OutlivesItsSkillUntilItIsDeleted)
 {
     keep(u"brouillon"_s);
     service->moveToTrash(id).waitForFinished();
-    EXPECT_TRUE(read()) << "it may come back from the trash";
     service->deletePermanently(id).waitForFinished();
-    EXPECT_TRUE(names(folder).empty());
-
-    keep(u"brouillon"_s);
-    write("workspace/.vornel/staging/" + uuidText(id).toStdString() + "/SKILL.md", "a deletion cut short");
     restart();
+    const QList<DraftFile> left = drafts->files().result();
+    EXPECT_EQ(left, (QList<DraftFile>{{id, false, path(file)}}));
+    write("workspace/other.json", "not a draft");
+    drafts->discardFile({id, false, path("workspace/other.json")}).waitForFinished();
+    EXPECT_EQ(readText(), u"brouillon"_s);
+    drafts->discardFile(left.first()).waitForFinished();
     EXPECT_TRUE(names(folder).empty());
+    EXPECT_TRUE(fs::exists(path("workspace/other.json")));
 }
 
 TEST_F(Draft, ThatIsTooLargeIsRefusedAndTheFormerOneStays)
 {
     keep(u"avant"_s);
     EXPECT_THROW(keep(QString(26'214'400, u'x')), fs::filesystem_error);
-    EXPECT_EQ(read(), draftOf(u"avant"_s));
+    EXPECT_EQ(readText(), u"avant"_s);
 }
 
-TEST_F(Draft, ThatCanNotBeReadIsSetAside)
+TEST_F(Draft, ThatIsNoneIsSetAside)
 {
-    int aside = 0;
+    qsizetype aside = 0;
     const std::vector<std::function<void()>> hostilities{
         [&] { write(file, "{"); },
         [&] { write(file, R"({"schemaVersion": 1, "text": 3, "baseDigest": "", "keptAt": "hier"})"); },
+        [&] {
+            write(file,
+                  R"({"schemaVersion": 2, "text": "x", "baseDigest": "", "keptAt": "2026-11-22T13:32:00Z"})");
+        },
         [&] { fs::create_directories(path(file) / "in"); },
         [&] { fs::create_symlink(path("outside"), path(file)); },
     };
@@ -106,18 +160,47 @@ TEST_F(Draft, ThatCanNotBeReadIsSetAside)
         plant();
         EXPECT_EQ(read(), std::nullopt);
         EXPECT_FALSE(fs::exists(fs::symlink_status(path(file))));
-        EXPECT_EQ(names(folder).size(), static_cast<size_t>(++aside)) << "nothing is deleted";
+        const QList<DraftFile> found = drafts->files().result();
+        EXPECT_EQ(found.size(), ++aside) << "nothing is deleted";
+        EXPECT_TRUE(std::ranges::all_of(found, &DraftFile::isSetAside));
     }
     keep(u"brouillon"_s);
-    EXPECT_EQ(read(), draftOf(u"brouillon"_s));
+    EXPECT_EQ(readText(), u"brouillon"_s);
+    for (const DraftFile &found : drafts->files().result())
+        drafts->discardFile(found).waitForFinished();
+    EXPECT_TRUE(names(folder).empty());
+    EXPECT_EQ(bytesOf(path("outside")), "not ours");
 
     fs::rename(path(folder), path("elsewhere"));
     fs::create_directory_symlink(path("elsewhere"), path(folder));
     EXPECT_THROW(keep(u"x"_s), VORNELWorkspaceError);
-    service->moveToTrash(id).waitForFinished();
-    EXPECT_TRUE(service->deletePermanently(id).result().trashedSkills.isEmpty());
-    EXPECT_EQ(names("elsewhere").size(), 5U) << "a link isn't followed";
-    EXPECT_EQ(bytesOf(path("outside")), "not ours");
+    EXPECT_TRUE(names("elsewhere").empty()) << "a link isn't followed";
+}
+
+TEST_F(Draft, ThatCanNotBeReadIsNeitherReplacedNorDeleted)
+{
+    keep(u"avant"_s);
+    for (int look = 1;; ++look) {
+        restart();
+        files().failAt(look, FaultyFileSystem::Call::Look);
+        try {
+            read();
+        } catch (const fs::filesystem_error &) {
+        }
+        const bool hasFailed = files().hasFailed();
+        files().failAt(0, FaultyFileSystem::Call::Look);
+        if (!hasFailed)
+            break;
+        drafts->discardDraft(id).waitForFinished();
+        ASSERT_EQ(names(folder).size(), 1U) << "look " << look;
+        keep(u"après"_s);
+        ASSERT_EQ(names(folder).size(), 2U) << "look " << look;
+        EXPECT_EQ(readText(), u"après"_s);
+        const std::string aside = names(folder).front();
+        EXPECT_NE(bytesOf(path(folder + '/' + aside)).find("avant"), std::string::npos);
+        fs::rename(path(folder + '/' + aside), path(file));
+    }
+    EXPECT_EQ(readText(), u"avant"_s);
 }
 
 } // namespace

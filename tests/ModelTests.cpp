@@ -5,6 +5,7 @@
 #include <VORNELApp/AppEnvironment.h>
 #include <VORNELApp/AppModel.h>
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
+#include <VORNELInfrastructure/LocalDrafts.h>
 
 #include <QCoro/QCoroTask>
 #include <QGuiApplication>
@@ -60,8 +61,10 @@ struct ModelTest : testing::Test
     {
         model.reset();
         service = std::make_shared<RealService>();
+        const auto drafts =
+            std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), scratch.path("workspace"));
         model =
-            std::make_unique<AppModel>(service, service, service, service, service, scratch.path("workspace"),
+            std::make_unique<AppModel>(service, service, service, service, drafts, scratch.path("workspace"),
                                        scratch.path("claude"), scratch.path("codex"), settings());
         QObject::connect(model.get(), &AppModel::confirmed, model.get(),
                          [this, sender = model.get()] { confirmations.append(sender->transientMessage()); });

@@ -1,5 +1,8 @@
 #include "Scenes.h"
 
+#include <VORNELCore/RecordJson.h>
+#include <VORNELCore/SerializedForms.h>
+
 #include <QTest>
 
 #include <fstream>
@@ -124,6 +127,14 @@ void photographStale(const Photographer &photographer, Stage &stage)
     stage.quieten();
 }
 
+void keep(const Stage &stage, const QUuid &id, const KeptDraft &draft)
+{
+    const fs::path folder = stage.path("VORNEL/.vornel/drafts");
+    fs::create_directories(folder);
+    std::ofstream(folder / (uuidText(id) + u".json"_s).toStdString())
+        << RecordJson::document(RecordJson::encode(draft)).toStdString();
+}
+
 /// A text that was typed before the program ended; and the same once its skill has changed.
 void photographFound(const Photographer &photographer, Stage &stage)
 {
@@ -135,11 +146,23 @@ void photographFound(const Photographer &photographer, Stage &stage)
     for (const auto &[base, picture] :
          {std::pair(saved, u"editor-found"_s), std::pair(u"x"_s, u"editor-found-stale"_s)}) {
         stage.model().closeSkill();
-        drafts(stage).keepDraft(id, {1, text, KeptDraft::digestOf(base), moment}).waitForFinished();
+        keep(stage, id, {.text = text, .baseDigest = KeptDraft::digestOf(base), .keptAt = moment});
         stage.open(u"notes-de-version"_s);
         photographer.take(picture);
         abandon(stage);
     }
+}
+
+/// A text whose skill is gone.
+void photographStray(const Photographer &photographer, Stage &stage)
+{
+    const QUuid id = QUuid::createUuid();
+    keep(stage, id, {.text = u"x"_s, .baseDigest = {}, .keptAt = QDateTime::currentDateTimeUtc()});
+    stage.open(u"notes-de-version"_s);
+    stage.model().closeSkill();
+    Stage::rest();
+    photographer.take(u"library-stray"_s);
+    drafts(stage).discardDraft(id).waitForFinished();
 }
 
 /// A disk that doesn't take what is typed.
@@ -164,6 +187,7 @@ void photographEditor(Photographer &photographer, Stage &stage)
     photographPicture(photographer, stage);
     photographStale(photographer, stage);
     photographFound(photographer, stage);
+    photographStray(photographer, stage);
     photographUnkept(photographer, stage);
     photographCopies(photographer, stage);
 }

@@ -23,7 +23,7 @@ def focus(nodes):
 class Program:
     """The program in its window, with its settings and its library in a folder."""
 
-    def __init__(self, executable, folder, workspace="workspace"):
+    def __init__(self, executable, folder, workspace="workspace", errors=None):
         environment = dict(
             os.environ,
             XDG_CONFIG_HOME=str(folder / "settings"),
@@ -32,7 +32,7 @@ class Program:
             VORNEL_CODEX_SKILLS_PATH=str(folder / "codex"),
         )
         environment.pop("VORNEL_TEST_MODE", None)  # its settings don't outlive the process
-        self.process = subprocess.Popen([executable], env=environment)
+        self.process = subprocess.Popen([executable], env=environment, stderr=errors)
         self.source = None
 
     def __enter__(self):

@@ -5,7 +5,7 @@ import shutil
 import sys
 
 from changes import NAME, attention, category, creation, selection, trash
-from drafts import ends_with_edits, finds_edits
+from drafts import ends_with_edits, ends_with_edits_while_others_work, finds_edits, tells_what_it_loses
 from first_start import failure, onboarding, opens_at_once, preparation, settles
 from program import BACKTAB, DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
 from starts import speaks_without_window, starts_again
@@ -164,7 +164,11 @@ def main(executable, command_line, demo, folder):
     with Program(executable, first) as program:
         program.takes_keyboard()
         finds_edits(program, first)
-        program.close()
+        ends_with_edits_while_others_work(program, first)
+    errors = folder / "errors"
+    with errors.open("w") as file, Program(executable, first, errors=file) as program:
+        program.takes_keyboard()
+        tells_what_it_loses(program, first, errors)
     with Program(executable, library(demo, folder / "overlapping")[0], workspace="claude/workspace") as program:
         program.takes_keyboard()
         failure(program)

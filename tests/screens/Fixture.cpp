@@ -4,6 +4,7 @@
 
 #include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
+#include <VORNELInfrastructure/LocalDrafts.h>
 
 #include <QClipboard>
 #include <QCoro/QCoroTask>
@@ -17,6 +18,48 @@
 using namespace Qt::StringLiterals;
 
 namespace vornel {
+
+namespace {
+
+/// The service's looks at skills, of which those into files fail while `isUnreadable` holds.
+class Looks : public TargetInspecting
+{
+public:
+    Looks(std::shared_ptr<TargetInspecting> service, const bool &isUnreadable)
+        : m_service(std::move(service)), m_isUnreadable(isUnreadable)
+    {}
+
+    QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override
+    {
+        return m_service->inspectTargets(id);
+    }
+
+    QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
+                                                QString relativePath) override
+    {
+        if (m_isUnreadable)
+            return QtFuture::makeExceptionalFuture<std::optional<QByteArray>>(
+                std::make_exception_ptr(std::system_error(std::make_error_code(std::errc::io_error))));
+        return m_service->readFile(id, copy, std::move(relativePath));
+    }
+
+    QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override
+    {
+        return m_service->occupants(std::move(places));
+    }
+
+private:
+    const std::shared_ptr<TargetInspecting> m_service;
+    const bool &m_isUnreadable;
+};
+
+QUuid idAmong(const QList<SkillSummary> &skills, const QString &slug)
+{
+    const auto found = std::ranges::find(skills, slug, &SkillSummary::slug);
+    return found == skills.end() ? QUuid() : found->id;
+}
+
+} // namespace
 
 Fixture::Fixture(QObject *parent) : QObject(parent)
 {
@@ -34,8 +77,9 @@ void Fixture::restart()
     m_model.reset();
     const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
     m_model = std::make_unique<AppModel>(
-        service, service, service, service, service, m_scratch.path("workspace"), m_scratch.path("claude"),
-        m_scratch.path("codex"),
+        service, std::make_shared<Looks>(service, m_isUnreadable), service, service,
+        std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), m_scratch.path("workspace")),
+        m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex"),
         std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));
     Q_EMIT modelChanged();
 }
@@ -84,6 +128,22 @@ QStringList Fixture::keptTexts() const
     for (const auto &[name, bytes] : m_scratch.tree("workspace/.vornel/drafts")) {
         if (const auto draft = RecordJson::decodeDocument<KeptDraft>(QByteArray::fromStdString(bytes)))
             texts.append(draft->text);
+    }
+    return texts;
+}
+
+void Fixture::keep(const QString &slug, const QString &text) const
+{
+    m_model->drafts().keepDraft(idOf(slug), {text, u"name: "_s + slug, {}}).waitForFinished();
+}
+
+QStringList Fixture::history(const QString &slug) const
+{
+    QStringList texts;
+    const std::string folder = "workspace/.vornel/history/" + uuidText(idOf(slug)).toStdString();
+    for (const auto &[name, bytes] : m_scratch.tree(folder)) {
+        if (name.ends_with("/SKILL.md"))
+            texts.append(QString::fromStdString(bytes));
     }
     return texts;
 }
@@ -192,10 +252,12 @@ void Fixture::releaseWorkspace()
 
 QUuid Fixture::idOf(const QString &slug) const
 {
-    const QList<SkillSummary> skills =
-        m_model->overview() ? m_model->overview()->skills : QList<SkillSummary>();
-    const auto found = std::ranges::find(skills, slug, &SkillSummary::slug);
-    return found == skills.end() ? QUuid() : found->id;
+    return idAmong(m_model->skills(Destination::library), slug);
+}
+
+QUuid Fixture::trashedIdOf(const QString &slug) const
+{
+    return idAmong(m_model->skills(Destination::trash), slug);
 }
 
 } // namespace vornel

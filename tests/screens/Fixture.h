@@ -15,6 +15,7 @@ class Fixture : public QObject
     Q_OBJECT
     Q_PROPERTY(vornel::AppModel *model READ model NOTIFY modelChanged)
     Q_PROPERTY(QString openedFolder MEMBER m_openedFolder) // which the desktop was asked to open
+    Q_PROPERTY(bool isUnreadable MEMBER m_isUnreadable)    // whether looks into skills' files fail
 
 public:
     explicit Fixture(QObject *parent = nullptr);
@@ -43,6 +44,12 @@ public:
 
     /// The unsaved texts that are kept.
     Q_INVOKABLE QStringList keptTexts() const;
+
+    /// Keeps an unsaved text of a skill of the library.
+    Q_INVOKABLE void keep(const QString &slug, const QString &text) const;
+
+    /// The texts of a skill that its history holds.
+    Q_INVOKABLE QStringList history(const QString &slug) const;
 
     /// What is on the clipboard.
     Q_INVOKABLE static QString clipboard();
@@ -83,6 +90,7 @@ public:
 
     /// The identifier of the skill of this slug; null without one.
     Q_INVOKABLE QUuid idOf(const QString &slug) const;
+    Q_INVOKABLE QUuid trashedIdOf(const QString &slug) const;
 
     /// In place of the desktop's file manager.
     Q_INVOKABLE void openFolder(const QUrl &url) { m_openedFolder = url.toLocalFile(); }
@@ -94,6 +102,7 @@ private:
     void create(const CreateSkillRequest &request);
 
     Scratch m_scratch;
+    bool m_isUnreadable = false;
     QString m_openedFolder;
     std::unique_ptr<AppModel> m_model;
     std::unique_ptr<WorkspaceHold> m_hold; // goes before the model, which waits for its operations

@@ -276,6 +276,82 @@ ScreenTest {
         compare(fixture.bytes(file), "e9");
     }
 
+    function test_ones_own_text_is_kept_knowingly() {
+        openSkill("texte");
+        typeAt(0, "x");
+        verify(fixture.saveElsewhere("audit", "autre"));
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        const reason = "Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici.";
+        awaitText(reason);
+        tryVerify(() => focusedName() === reason, 1000, "it is read out");
+        keyClick(Qt.Key_Escape);
+        verify(textArea().activeFocus);
+        click("Enregistrer");
+        tryVerify(() => focusedName() === reason, 1000, "each time");
+        click("Garder mon texte");
+        awaitText("Remplacer le texte du disque\u00a0?");
+        keyClick(Qt.Key_Return);
+        tryVerify(() => all("Garder mon texte").length === 1);
+        compare(fixture.bytes(file), fixture.bytesOfText("autre"), "the safe way has the keyboard");
+        click("Garder mon texte");
+        awaitText("Annuler");
+        press(Qt.Key_Tab, Qt.Key_Return);
+        awaitText("ENREGISTRÉE");
+        settle();
+        verifyStored("xtexte");
+        tryVerify(() => textArea().activeFocus && !shows(reason));
+        verify(fixture.history("audit").includes("autre"));
+    }
+
+    function test_a_look_that_fails_lets_nothing_be_replaced() {
+        openSkill("texte");
+        typeAt(0, "x");
+        fixture.write(file, "autre");
+        fixture.isUnreadable = true;
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("Erreur d’entrée-sortie");
+        settle();
+        compare(fixture.bytes(file), fixture.bytesOfText("autre"));
+        verify(shows("MODIFIÉ"));
+        fixture.isUnreadable = false;
+        fixture.remove(file);
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("Comparer");
+        compare(fixture.bytes(file), "");
+        awaitKept(["xtexte"]);
+    }
+
+    function test_a_check_shows_that_it_waits() {
+        openSkill("texte");
+        typeAt(0, "x");
+        fixture.holdWorkspace();
+        click("Enregistrer");
+        awaitText("Opération en cours");
+        verify(fixture.model.isBusy && !control("Enregistrer").enabled);
+        fixture.releaseWorkspace();
+        awaitText("ENREGISTRÉE");
+        verifyStored("xtexte");
+    }
+
+    function test_a_kept_text_that_can_not_be_read() {
+        fixture.fillLibrary(["audit", "notes"]);
+        open();
+        awaitText("Bibliothèque");
+        settle();
+        const kept = "workspace/.vornel/drafts/" + String(fixture.idOf("audit")).slice(1, -1).toUpperCase() + ".json";
+        fixture.write(kept, " ".repeat(26214401)); // of which nobody knows what it is
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        awaitText(/^VORNEL n’a pas pu lire le texte non enregistré.* Le fichier est trop volumineux/);
+        typeAt(0, "x");
+        awaitKept(["xname: audit"]);
+        save();
+        awaitKept([]);
+        awaitText(/^Un texte non enregistré de «\u00a0audit\u00a0» n’a pas pu être lu\. .*-unreadable-/);
+        verify(!shows("Copier le texte"));
+        click("Ouvrir le dossier");
+        verify(fixture.openedFolder.endsWith("workspace/.vornel/drafts"));
+    }
+
     function test_unsaved_text_is_kept() {
         openSkill("Prix\u00a0: 3\r\nfin");
         typeAt(0, "");
@@ -379,11 +455,12 @@ ScreenTest {
         fixture.holdWorkspace();
         fixture.model.reload();
         fixture.model.departure.force();
+        compare(fixture.keptTexts(), ["xname: audit"], "whoever holds the workspace");
         window.close();
         verify(window.visible, "what runs is waited for");
         fixture.releaseWorkspace();
         awaitClosed(window);
-        awaitKept(["xname: audit"]);
+        compare(fixture.keptTexts(), ["xname: audit"]);
     }
 
     function test_leaving_while_a_save_runs() {

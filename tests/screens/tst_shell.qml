@@ -128,4 +128,35 @@ ScreenTest {
         awaitClosed(window);
         compare(fixture.model.batch.doneCount, 1);
     }
+
+    function test_unsaved_texts_of_skills_that_are_gone() {
+        openShell(["audit", "notes", "plan"]);
+        for (const slug of ["audit", "notes"])
+            fixture.keep(slug, "brouillon de " + slug);
+        fixture.trash(["audit", "notes"]);
+        awaitText(/^Un texte de «\u00a0.*\u00a0» n’a pas été enregistré\./);
+        settle();
+        fixture.model.restore(fixture.trashedIdOf("notes"));
+        settle();
+        awaitText(/^Un texte de «\u00a0audit\u00a0» n’a pas été enregistré\..* Il est gardé ici\u00a0: .*\.json$/);
+        click("Copier le texte");
+        tryVerify(() => fixture.clipboard() === "brouillon de audit");
+        fixture.emptyTrashElsewhere();
+        fixture.model.reload();
+        awaitText(/^Un texte d’une compétence supprimée n’a pas été enregistré\./);
+        click("Plus tard");
+        tryVerify(() => !shows("Plus tard"));
+
+        close();
+        fixture.restart();
+        open();
+        awaitText(/^Un texte d’une compétence supprimée/);
+        click("Supprimer le texte");
+        awaitText("Supprimer ce texte non enregistré\u00a0?");
+        press(Qt.Key_Tab, Qt.Key_Return);
+        tryVerify(() => !shows("Plus tard"));
+        compare(fixture.keptTexts(), ["brouillon de notes"]);
+        fixture.model.selectSkill(fixture.idOf("notes"));
+        awaitText("Garder");
+    }
 }

@@ -1,0 +1,50 @@
+import QtQuick
+import VORNELDesignSystem
+
+/**
+ * Tells over a screen what has become of a text, and what can be done: its children are the actions, below the text
+ * where there is no room beside it. It can be given the keyboard, to be read out.
+ */
+Rectangle {
+    id: notice
+
+    required property string text
+    default property alias actions: row.data
+
+    readonly property bool isStacked: row.width > width / 2
+
+    /** The user turns from the notice to what lies below. */
+    signal escaped
+
+    implicitHeight: (isStacked ? line.height + Metrics.small + row.height : Math.max(line.height, row.height)) + 2 * Metrics.small
+    border.color: Colors.warning
+    border.width: activeFocus ? 2 * Metrics.hairline : Metrics.hairline
+    color: Colors.tint(Colors.warning)
+    radius: Metrics.controlRadius
+
+    Accessible.focusable: true
+    Accessible.name: text
+    Accessible.role: Accessible.AlertMessage
+    Keys.onEscapePressed: escaped()
+
+    Label {
+        id: line
+
+        height: implicitHeight
+        lineHeight: 1.15
+        text: notice.text
+        width: notice.width - x - Metrics.medium - (notice.isStacked || row.width === 0 ? 0 : row.width + Metrics.small)
+        wrapMode: Text.Wrap
+        x: Metrics.large
+        y: notice.isStacked ? Metrics.small : (notice.height - height) / 2
+
+        Accessible.ignored: true
+    }
+    Row {
+        id: row
+
+        spacing: Metrics.small
+        x: notice.width - width - Metrics.small
+        y: notice.isStacked ? notice.height - height - Metrics.small : (notice.height - height) / 2
+    }
+}
