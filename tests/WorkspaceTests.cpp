@@ -217,7 +217,6 @@ TEST(Service, AnswersNothingBeforeBootstrap)
                    service.restore(id), service.deletePermanently(id), service.emptyTrash(),
                    service.trashDates(), service.inspectTargets(id), service.readFile(id, {}, {}),
                    service.occupants({}));
-    expectRefusals(service.keepDraft(id, {}), service.draft(id), service.discardDraft(id));
 }
 
 TEST(Service, KeepsItsConfigurationWhenAnotherBootstrapFails)
