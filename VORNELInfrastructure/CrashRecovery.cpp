@@ -53,9 +53,14 @@ void discardIfReplaced(const Workspace &workspace, const SkillRecord &parked, co
 {
     const SkillFolderStore store(workspace);
     const auto content = SecureFileTree::snapshot(workspace.files, parked.url, TreeFilter::all);
-    if (store.readManifest(canonical).id == parked.manifest.id &&
-        SkillHistory(workspace).holdsRevision(parked.manifest, content))
+    const SkillHistory history(workspace);
+    if (store.readManifest(canonical).id != parked.manifest.id ||
+        !history.holdsRevision(parked.manifest, content))
+        return;
+    if (content.isWhole)
         store.discard(parked.url);
+    else
+        moveTree(workspace.files, parked.url, history.placeForReplaced(parked.manifest.id, u"library"_s));
 }
 
 bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)

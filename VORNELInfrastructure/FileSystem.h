@@ -106,6 +106,9 @@ public:
     virtual Folder openBelow(const Folder &top, const std::filesystem::path &path) const = 0;
     virtual std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const = 0;
 
+    /// Whether what stands at a place is this very folder.
+    virtual bool isAt(const Folder &folder, const Place &place) const = 0;
+
     /// When the entry was last moved or otherwise changed, which nobody can set (UTC); nothing when nothing
     /// is there.
     virtual std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const = 0;

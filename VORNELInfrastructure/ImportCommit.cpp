@@ -161,15 +161,16 @@ void ImportCommit::admit(std::span<Entrant> entrants)
     place(m_workspace.files, canonical);
 
     std::vector<Publication *> histories;
-    std::vector<Install *> installs;
+    std::vector<Publication *> copies;
     for (Entrant &entrant : entrants) {
         if (!entrant.canonical || entrant.canonical->failure)
             continue;
         histories.push_back(&*entrant.history);
-        installs.push_back(&entrant.install);
+        std::ranges::copy(entrant.install.publications(), std::back_inserter(copies));
     }
+    // What a copy replaces goes into the history, which has to be on the disk by then.
     place(m_workspace.files, histories);
-    m_targets.place(installs);
+    place(m_workspace.files, copies);
 
     std::exception_ptr failure;
     for (Entrant &entrant : entrants) {

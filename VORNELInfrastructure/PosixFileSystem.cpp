@@ -232,6 +232,16 @@ std::optional<FileKind> PosixFileSystem::kindAt(const Folder &folder, const std:
     return kindOf(folder, name);
 }
 
+bool PosixFileSystem::isAt(const Folder &folder, const Place &place) const
+{
+    struct stat self
+    {};
+    if (::fstat(folder.descriptor.fd(), &self) != 0)
+        fail("stat", folder.path);
+    const auto there = statusOf(place.folder, place.name);
+    return there && there->st_dev == self.st_dev && there->st_ino == self.st_ino;
+}
+
 std::optional<QDateTime> PosixFileSystem::changedAt(const Folder &folder, const std::string &name) const
 {
     const auto status = statusOf(folder, name);

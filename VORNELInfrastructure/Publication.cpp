@@ -37,14 +37,13 @@ private:
     void passFrom(const Place &newcomer)
     {
         const Place destination{m_home, m_publication.destination.filename()};
-        if (m_publication.parking.empty()) {
-            m_files.rename(newcomer, destination, RenameMode::ToFreePlace);
-        } else if (exchanged(newcomer, destination)) {
-            m_publication.former = fs::path(newcomer.folder.path) / newcomer.name;
-        } else {
-            replaceInTwoSteps(newcomer, destination);
-            m_publication.former = m_publication.parking;
-        }
+        if (m_publication.parking.empty())
+            return m_files.rename(newcomer, destination, RenameMode::ToFreePlace);
+        if (m_publication.keptAs.empty())
+            return replace(newcomer, destination);
+        if (&newcomer.folder != &m_home)
+            return replaceAndKeep(newcomer, destination);
+        replaceAndKeepCopy(newcomer, destination);
     }
 
     void passFromItsVolume()
@@ -70,6 +69,64 @@ private:
         if (error.code() != std::errc::operation_not_supported && !isOfAnotherLayer)
             throw;
         return false;
+    }
+
+    void replace(const Place &newcomer, const Place &destination)
+    {
+        if (exchanged(newcomer, destination)) {
+            m_publication.former = fs::path(newcomer.folder.path) / newcomer.name;
+        } else {
+            replaceInTwoSteps(newcomer, destination);
+            m_publication.former = m_publication.parking;
+        }
+    }
+
+    /// The newcomer goes to where the former folder is to be kept, and then the two change places.
+    void replaceAndKeep(const Place &newcomer, const Place &destination)
+    {
+        const Folder self = m_files.openFolder(newcomer.folder, newcomer.name);
+        const Folder shelf = m_files.openFolder(m_publication.keptAs.parent_path());
+        const Place kept{shelf, m_publication.keptAs.filename()};
+        bool isExchanged = false;
+        try {
+            m_files.rename(newcomer, kept, RenameMode::ToFreePlace);
+            flushNames(m_files, shelf);
+            flushNames(m_files, newcomer.folder);
+            isExchanged = exchanged(kept, destination);
+            if (!isExchanged)
+                m_files.rename(kept, newcomer, RenameMode::ToFreePlace);
+        } catch (...) {
+            // What a disk reports as failed, it may have done: then the former folder is there.
+            if (m_files.isAt(self, kept))
+                m_files.rename(kept, newcomer, RenameMode::ToFreePlace);
+            throw;
+        }
+        if (!isExchanged)
+            replaceInTwoStepsAndKeep(newcomer, destination);
+        flushNames(m_files, shelf);
+    }
+
+    /// From another volume the former folder can't be moved in one step.
+    void replaceAndKeepCopy(const Place &newcomer, const Place &destination)
+    {
+        const Place copy{m_staging, copyToVolume(m_files, destination, m_staging)};
+        const Folder shelf = m_files.openFolder(m_publication.keptAs.parent_path());
+        const Place kept{shelf, m_publication.keptAs.filename()};
+        m_files.rename(copy, kept, RenameMode::ToFreePlace);
+        flushNames(m_files, shelf);
+        if (exchanged(newcomer, destination)) {
+            m_publication.former = fs::path(newcomer.folder.path) / newcomer.name;
+        } else {
+            removeTree(m_files, kept);
+            replaceInTwoStepsAndKeep(newcomer, destination);
+        }
+    }
+
+    void replaceInTwoStepsAndKeep(const Place &newcomer, const Place &destination)
+    {
+        replaceInTwoSteps(newcomer, destination);
+        if (m_publication.parking != m_publication.keptAs)
+            moveTree(m_files, m_publication.parking, m_publication.keptAs);
     }
 
     void replaceInTwoSteps(const Place &newcomer, const Place &destination)

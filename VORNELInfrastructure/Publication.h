@@ -17,8 +17,12 @@ struct Publication
     /// stand there.
     std::filesystem::path parking = {};
 
+    /// Where that folder is to be kept for good; without a name, it is the caller's to remove. On the disk it
+    /// is there at the latest when it leaves the destination.
+    std::filesystem::path keptAs = {};
+
     /// Afterwards, where the folder that was replaced stands now, for the caller to remove; without a name
-    /// when none was. On the stage, it goes with it.
+    /// when none was, or it is kept. On the stage, it goes with it.
     std::filesystem::path former = {};
 
     std::exception_ptr failure = nullptr; ///< why it did not succeed: all stands where it stood

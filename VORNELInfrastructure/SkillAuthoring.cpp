@@ -72,14 +72,14 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
         throw VORNELWorkspaceError::revisionConflict(expectedRevision, skill.manifest.revision);
     if (skillMD.trimmed().isEmpty())
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
-    SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
+    const fs::path keptAs = SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
     advanceRevision(skill.manifest);
 
     Stage stage = m_store.makeStage();
     SecureFileTree::copyTree(m_workspace.files, skill.url, stage.path(), TreeFilter::all);
     m_store.writeSkillMD(skillMD, stage.path());
     m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
-    m_store.replaceCanonical(skill.url, std::move(stage));
+    m_store.replaceCanonical(skill.url, std::move(stage), keptAs);
 
     SkillHistory(m_workspace).add(skill.manifest, skill.url);
     TargetSynchronizer(m_workspace).synchronize(skill);

@@ -78,12 +78,17 @@ QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slu
     return *text;
 }
 
-void SkillFolderStore::replaceCanonical(const fs::path &destination, Stage staged) const
+void SkillFolderStore::replaceCanonical(const fs::path &destination, Stage staged,
+                                        const fs::path &keptAs) const
 {
     const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + pathText(destination.filename());
-    Publication swap{std::move(staged), destination, m_config.recovery() / pathFromText(name)};
+    Publication swap{.stage = std::move(staged),
+                     .destination = destination,
+                     .parking = m_config.recovery() / pathFromText(name),
+                     .keptAs = keptAs};
     publish(m_files, swap);
-    discard(swap.former);
+    if (!swap.former.empty())
+        discard(swap.former);
 }
 
 void SkillFolderStore::discard(const fs::path &folder) const

@@ -41,7 +41,9 @@ public:
 
     /// Swaps the staged folder into `destination`, safely on the disk. Whatever fails, the skill stands
     /// whole at `destination` or, on a volume that can't exchange two folders, in the recovery folder.
-    void replaceCanonical(const std::filesystem::path &destination, Stage staged) const;
+    /// The former folder is removed unless `keptAs` names a place for it.
+    void replaceCanonical(const std::filesystem::path &destination, Stage staged,
+                          const std::filesystem::path &keptAs) const;
 
     /// Deletes a folder. It leaves its place first, in one step, so that an interrupted deletion never leaves
     /// half a folder there.

@@ -59,14 +59,9 @@ Publication SkillHistory::stage(const SkillManifest &manifest, const fs::path &s
     return {.stage = std::move(stage), .destination = isFirst ? place.parent_path() : place, .parking = {}};
 }
 
-Publication SkillHistory::stageReplaced(const QUuid &id, const QString &origin, const fs::path &folder) const
+fs::path SkillHistory::placeForReplaced(const QUuid &id, const QString &origin) const
 {
-    Publication copy{.stage = {m_files, m_config.staging()},
-                     .destination =
-                         placeFor(id, u"replaced-"_s + origin + u'-' + uuidText(QUuid::createUuid()))};
-    copyEntry(m_files, {m_files.openFolder(folder.parent_path()), folder.filename()},
-              {m_files.openFolder(m_config.staging()), copy.stage.path().filename()});
-    return copy;
+    return placeFor(id, u"replaced-"_s + origin + u'-' + uuidText(QUuid::createUuid()));
 }
 
 bool SkillHistory::holds(const QUuid &id, std::string_view prefix, TreeFilter filter,
@@ -92,15 +87,12 @@ bool SkillHistory::holdsAllOf(const QUuid &id, const FileTreeSnapshot &copy) con
     return copy.isWhole && holds(id, {}, TreeFilter::excludingManifest, copy.digest);
 }
 
-void SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
+fs::path SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
 {
     const FileTreeSnapshot content = SecureFileTree::snapshot(m_files, skillURL, TreeFilter::all);
     if (!holdsRevision(manifest, content))
         add(manifest, skillURL);
-    if (!content.isWhole) {
-        Publication whole = stageReplaced(manifest.id, u"library"_s, skillURL);
-        publish(m_files, whole);
-    }
+    return content.isWhole ? fs::path() : placeForReplaced(manifest.id, u"library"_s);
 }
 
 void SkillHistory::remove(const QUuid &id) const

@@ -25,17 +25,17 @@ public:
     /// Whether an entry of the manifest's revision holds this content of the skill's folder.
     bool holdsRevision(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
 
-    /// Adds what `skillURL` holds and no entry does: somebody may have edited the folder by hand, without a
-    /// new revision, or put hidden files into it. Comes before whatever rewrites that folder.
-    void keepRevision(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+    /// Adds what `skillURL` holds unless an entry does: somebody may have edited the folder by hand, without
+    /// a new revision. Comes before whatever replaces that folder. Returns where the folder itself is to be
+    /// kept then, because it has hidden entries, which no revision has; without a name when it hasn't.
+    std::filesystem::path keepRevision(const SkillManifest &manifest,
+                                       const std::filesystem::path &skillURL) const;
 
     /// Whether an entry, of whatever revision, holds all of an assistant's folder: it may be deleted then.
     bool holdsAllOf(const QUuid &id, const FileTreeSnapshot &copy) const;
 
-    /// Stages a copy of a folder that is about to be replaced, hidden entries included. `origin` is a target,
-    /// or "library". When it is published, there must be a history.
-    Publication stageReplaced(const QUuid &id, const QString &origin,
-                              const std::filesystem::path &folder) const;
+    /// Where a folder that is replaced is to be kept. `origin` is a target, or "library".
+    std::filesystem::path placeForReplaced(const QUuid &id, const QString &origin) const;
 
     /// Deletes the history of a skill that is deleted for good, if there is one. What was replaced goes to
     /// the recovery folder: the skill's text is the user's to delete, these were others'.

@@ -10,6 +10,7 @@
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/WorkspaceValidation.h>
 
+#include <algorithm>
 #include <ranges>
 
 using namespace Qt::StringLiterals;
@@ -50,10 +51,8 @@ QList<TargetKind> kindsOf(const std::map<TargetKind, std::exception_ptr> &failur
 std::vector<Publication *> Install::publications()
 {
     std::vector<Publication *> all;
-    for (auto *staged : {&copies, &kept}) {
-        for (Publication &publication : *staged | std::views::values)
-            all.push_back(&publication);
-    }
+    for (Publication &copy : copies | std::views::values)
+        all.push_back(&copy);
     return all;
 }
 
@@ -66,10 +65,11 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill) const
             unusable.emplace(kind, unreadable);
     }
     Install install = stage(skill.manifest, skill.url, digest, unusable);
-    if (!install.kept.empty())
+    const auto isKept = [](const Publication *copy) { return !copy->keptAs.empty(); };
+    if (std::ranges::any_of(install.publications(), isKept))
         createFolders(m_workspace.files, m_workspace.config.historyOf(skill.manifest.id), Durability::Now);
     settle(m_workspace.files, install.publications());
-    place({&install});
+    place(m_workspace.files, install.publications());
     finish(install);
     if (!install.failures.empty())
         throw VORNELWorkspaceError::partialSync(kindsOf(install.failures));
@@ -117,7 +117,8 @@ Install TargetSynchronizer::stage(const SkillManifest &manifest, const fs::path 
     install.failures = failuresOf([&](TargetKind kind) {
         if (unusable.contains(kind))
             std::rethrow_exception(unusable.at(kind));
-        stage(install, manifest, source, digest, kind);
+        if (auto copy = stagedCopy(manifest, source, digest, kind))
+            install.copies.emplace(kind, std::move(*copy));
     });
     return install;
 }
@@ -127,44 +128,22 @@ FileTreeSnapshot TargetSynchronizer::contentOf(const fs::path &folder) const
     return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
 }
 
-void TargetSynchronizer::stage(Install &install, const SkillManifest &manifest, const fs::path &source,
-                               const std::string &digest, TargetKind kind) const
+std::optional<Publication> TargetSynchronizer::stagedCopy(const SkillManifest &manifest,
+                                                          const fs::path &source, const std::string &digest,
+                                                          TargetKind kind) const
 {
     Publication copy{.stage = m_store.makeStage(),
                      .destination = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
-    std::optional<Publication> kept;
     if (m_workspace.files.kindAt(copy.destination)) {
         const FileTreeSnapshot former = contentOf(copy.destination);
         if (former.digest == digest)
-            return;
-        copy.parking = recoveryPlace(u"-"_s, kind, manifest.slug);
+            return std::nullopt;
         if (!m_history.holdsAllOf(manifest.id, former))
-            kept.emplace(m_history.stageReplaced(manifest.id, rawValue(kind), copy.destination));
+            copy.keptAs = m_history.placeForReplaced(manifest.id, rawValue(kind));
+        copy.parking = copy.keptAs.empty() ? recoveryPlace(u"-"_s, kind, manifest.slug) : copy.keptAs;
     }
     SecureFileTree::copyTree(m_workspace.files, source, copy.stage.path(), TreeFilter::excludingManifest);
-    install.copies.emplace(kind, std::move(copy));
-    if (kept)
-        install.kept.emplace(kind, std::move(*kept));
-}
-
-void TargetSynchronizer::place(const std::vector<Install *> &installs) const
-{
-    std::vector<Publication *> kept;
-    std::vector<Publication *> copies;
-    for (Install *install : installs) {
-        for (Publication &publication : install->kept | std::views::values)
-            kept.push_back(&publication);
-        for (Publication &publication : install->copies | std::views::values)
-            copies.push_back(&publication);
-    }
-    vornel::place(m_workspace.files, kept);
-    for (Install *install : installs) {
-        for (const auto &[kind, publication] : install->kept) {
-            if (publication.failure)
-                install->copies.at(kind).failure = publication.failure;
-        }
-    }
-    vornel::place(m_workspace.files, copies);
+    return copy;
 }
 
 void TargetSynchronizer::finish(Install &install) const

@@ -17,10 +17,8 @@ struct Install
 {
     QUuid id;
     std::map<TargetKind, Publication> copies = {}; ///< for the targets where the copy isn't right
-    std::map<TargetKind, Publication> kept = {};   ///< of what these replace, what the history lacks
     std::map<TargetKind, std::exception_ptr> failures = {};
 
-    /// All that is staged.
     std::vector<Publication *> publications();
 };
 
@@ -46,21 +44,18 @@ public:
     /// Sees to it that the targets' roots are there, and no links. Returns those of no use.
     Failures prepareRoots() const;
 
-    /// Stages what the targets need for their copies to be those of `source`, which has this digest.
+    /// Stages what the targets need for their copies to be those of `source`, which has this digest. What
+    /// these replace goes into the history, which has to be there when they are placed.
     Install stage(const SkillManifest &manifest, const std::filesystem::path &source,
                   const std::string &digest, const Failures &unusable) const;
-
-    /// Places settled installs: first what they keep, into the histories, which have to be there, and then
-    /// the copies. Where the one fails, so does the other.
-    void place(const std::vector<Install *> &installs) const;
 
     /// Ends an install that has been placed: keeps what failed, in memory and with the install, and removes
     /// the former copies.
     void finish(Install &install) const;
 
 private:
-    void stage(Install &install, const SkillManifest &manifest, const std::filesystem::path &source,
-               const std::string &digest, TargetKind kind) const;
+    std::optional<Publication> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
+                                          const std::string &digest, TargetKind kind) const;
     void removeTargetCopy(const QString &slug, TargetKind kind) const;
 
     /// Keeps which targets of a skill failed, if any, each with its reason.

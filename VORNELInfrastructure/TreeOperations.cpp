@@ -62,6 +62,25 @@ void copyFile(FileSystem &files, const File &source, const Folder &to, const std
     readWhole(files, source, [&](QByteArrayView bytes) { files.write(copy, bytes); });
 }
 
+void copyEntry(FileSystem &files, const Place &from, const Place &to)
+{
+    const std::optional<FileKind> kind = files.kindAt(from.folder, from.name);
+    if (kind == FileKind::SymbolicLink)
+        return files.copyLink(from, to);
+    if (kind == FileKind::Regular) {
+        copyFile(files, files.openFile(from.folder, from.name), to.folder, to.name);
+    } else if (kind == FileKind::Directory) {
+        const Folder inner = files.openFolder(from.folder, from.name);
+        const Folder copy = files.createFolder(to.folder, to.name);
+        for (const FolderEntry &entry : files.list(inner))
+            copyEntry(files, {inner, entry.name}, {copy, entry.name});
+    } else {
+        throw fs::filesystem_error("copy", from.folder.path + '/' + from.name,
+                                   std::make_error_code(std::errc::not_supported));
+    }
+    files.copyAttributes(from, to);
+}
+
 void flushEntry(FileSystem &files, const Place &place)
 {
     const std::optional<FileKind> kind = files.kindAt(place.folder, place.name);
@@ -110,25 +129,6 @@ void moveAcross(FileSystem &files, const Place &before, const Place &after, cons
 }
 
 } // namespace
-
-void copyEntry(FileSystem &files, const Place &from, const Place &to)
-{
-    const std::optional<FileKind> kind = files.kindAt(from.folder, from.name);
-    if (kind == FileKind::SymbolicLink)
-        return files.copyLink(from, to);
-    if (kind == FileKind::Regular) {
-        copyFile(files, files.openFile(from.folder, from.name), to.folder, to.name);
-    } else if (kind == FileKind::Directory) {
-        const Folder inner = files.openFolder(from.folder, from.name);
-        const Folder copy = files.createFolder(to.folder, to.name);
-        for (const FolderEntry &entry : files.list(inner))
-            copyEntry(files, {inner, entry.name}, {copy, entry.name});
-    } else {
-        throw fs::filesystem_error("copy", from.folder.path + '/' + from.name,
-                                   std::make_error_code(std::errc::not_supported));
-    }
-    files.copyAttributes(from, to);
-}
 
 void moveTree(FileSystem &files, const fs::path &from, const fs::path &to, const Folder *staging)
 {

@@ -14,12 +14,9 @@ namespace vornel {
 void moveTree(FileSystem &files, const std::filesystem::path &from, const std::filesystem::path &to,
               const Folder *staging = nullptr);
 
-/// Copies a file or folder to a place where nothing stands: hidden entries, links (as links), permissions and
-/// times too. Throws on a pipe, socket or device, and leaves what it has copied by then.
-void copyEntry(FileSystem &files, const Place &from, const Place &to);
-
-/// The same to another volume, beside the place that it is to take. It is on the disk when this returns its
-/// temporary name there. A failed copy leaves nothing behind.
+/// Copies a file or folder to another volume, beside the place that it is to take: hidden entries, links (as
+/// links), permissions and times too. It is on the disk when this returns its temporary name there. Throws on
+/// a pipe, socket or device.
 std::string copyToVolume(FileSystem &files, const Place &from, const Folder &to);
 
 /// Removes a file, a link, or a folder, however deep.

@@ -42,6 +42,11 @@ std::optional<FileKind> SteppedFileSystem::kindAt(const Folder &folder, const st
     return take({Kind::Look}, [&] { return Real::kindAt(folder, name); });
 }
 
+bool SteppedFileSystem::isAt(const Folder &folder, const Place &place) const
+{
+    return take({Kind::Look}, [&] { return Real::isAt(folder, place); });
+}
+
 std::optional<QDateTime> SteppedFileSystem::changedAt(const Folder &folder, const std::string &name) const
 {
     return take({Kind::Look}, [&] { return Real::changedAt(folder, name); });

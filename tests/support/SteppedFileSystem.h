@@ -45,6 +45,7 @@ public:
     Folder openFolder(const Folder &parent, const std::string &name) const override;
     Folder openBelow(const Folder &top, const std::filesystem::path &path) const override;
     std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const override;
+    bool isAt(const Folder &folder, const Place &place) const override;
     std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const override;
     std::vector<FolderEntry> list(const Folder &folder) const override;
     File openFile(const Folder &folder, const std::string &name) const override;
