@@ -59,7 +59,7 @@ Sheet {
         function onChecked() {
             if (sheet.action === undefined || sheet.model.isWorking) // after which it is checked again
                 return;
-            if (sheet.copies.hasDrifted)
+            if (sheet.copies.hasDrifted || sheet.copies.problem !== "")
                 sheet.open();
             else
                 sheet.act();
@@ -75,6 +75,14 @@ Sheet {
               + "\u00A0» les remplace par la version de VORNEL\u00A0: ce qui est marqué + disparaît, ce qui est marqué − revient. "
               + "Ce qui est remplacé reste dans l’historique."
         visible: files.count > 0
+        width: parent.width
+        wrapMode: Text.Wrap
+    }
+    Label {
+        color: Colors.danger
+        text: "Les copies des assistants n’ont pas pu être comparées. «\u00A0" + sheet.acceptText
+              + "\u00A0» les remplace\u00A0; ce qu’elles contiennent reste dans l’historique. " + sheet.copies.problem
+        visible: sheet.copies.problem !== ""
         width: parent.width
         wrapMode: Text.Wrap
     }

@@ -1,11 +1,23 @@
 #include "SkillCopies.h"
 
+#include <VORNELCore/VORNELWorkspaceError.h>
+
 #include <QCoro/QCoroFuture>
 
 #include <algorithm>
 #include <utility>
 
 namespace vornel {
+
+namespace {
+
+bool isSkillNotFound(const std::exception &error)
+{
+    const auto *known = dynamic_cast<const VORNELWorkspaceError *>(&error);
+    return known != nullptr && known->as<WorkspaceErrorCase::SkillNotFound>() != nullptr;
+}
+
+} // namespace
 
 void SkillCopies::setSkillID(QUuid id)
 {
@@ -50,22 +62,25 @@ void SkillCopies::follow()
 QCoro::Task<> SkillCopies::inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id, int request)
 {
     QList<TargetInspection> inspections;
+    QString problem;
     try {
         inspections = co_await model->inspector().inspectTargets(id);
-    } catch (const std::exception &) {
-        inspections.clear(); // a skill that can't be read has no copies to compare
+    } catch (const std::exception &error) {
+        if (!isSkillNotFound(error)) // which has no copies to compare
+            problem = AppModel::message(error);
     }
     if (self.isNull() || self->m_request != request)
         co_return;
-    self->show(inspections);
+    self->show(inspections, problem);
     Q_EMIT self->checked();
 }
 
-void SkillCopies::show(const QList<TargetInspection> &inspections)
+void SkillCopies::show(const QList<TargetInspection> &inspections, const QString &problem)
 {
-    if (m_inspections == inspections)
+    if (m_inspections == inspections && m_problem == problem)
         return;
     m_inspections = inspections;
+    m_problem = problem;
     m_differences.setInspections(inspections);
     Q_EMIT changed();
 }

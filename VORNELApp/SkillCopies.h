@@ -18,6 +18,7 @@ class SkillCopies : public QObject, public QQmlParserStatus
     Q_PROPERTY(QUuid skillID READ skillID WRITE setSkillID NOTIFY skillIDChanged)
     Q_PROPERTY(QVariantList targets READ targets NOTIFY changed)
     Q_PROPERTY(bool hasDrifted READ hasDrifted NOTIFY changed)
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
     Q_PROPERTY(vornel::CopyDifferences *differences READ differences CONSTANT)
 
 public:
@@ -32,6 +33,9 @@ public:
 
     /// Whether a copy holds something else than the canonical folder, which replacing it would lose.
     bool hasDrifted() const;
+
+    /// Why the last look failed, for the user: nobody knows then what the copies hold. Empty otherwise.
+    QString problem() const { return m_problem; }
 
     /// What differs, copy by copy.
     CopyDifferences *differences() { return &m_differences; }
@@ -50,11 +54,12 @@ Q_SIGNALS:
 private:
     static QCoro::Task<> inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id, int request);
     void follow();
-    void show(const QList<TargetInspection> &inspections);
+    void show(const QList<TargetInspection> &inspections, const QString &problem);
 
     AppModel *m_model = nullptr;
     QUuid m_skillID;
     QList<TargetInspection> m_inspections;
+    QString m_problem;
     CopyDifferences m_differences;
     int m_request = 0; ///< counts the looks: only the last one is shown
 };

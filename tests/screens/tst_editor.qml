@@ -549,6 +549,12 @@ ScreenTest {
         keyClick(Qt.Key_S, Qt.ControlModifier);
         acceptDifferences();
         verifyStored("xun\ndeux\n");
+
+        fixture.write("workspace/skills/autre/SKILL.md", "sans manifeste");
+        all("Synchroniser")[0].clicked();
+        awaitText(/^Les copies des assistants n’ont pas pu être comparées/);
+        keyClick(Qt.Key_Escape);
+        fixture.remove("workspace/skills/autre");
     }
 
     function test_files() {
