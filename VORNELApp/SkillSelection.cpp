@@ -33,6 +33,27 @@ void SkillSelection::follow()
         connect(m_model, changed, this, &SkillSelection::compareWithAll);
 }
 
+QList<SkillSummary> SkillSelection::selected() const
+{
+    QList<SkillSummary> skills = m_model->skills(m_destination);
+    skills.removeIf([this](const SkillSummary &skill) { return !contains(skill.id); });
+    return skills;
+}
+
+QStringList SkillSelection::slugs() const
+{
+    QStringList slugs;
+    for (const SkillSummary &skill : selected())
+        slugs.append(skill.slug);
+    return slugs;
+}
+
+QVariant SkillSelection::only() const
+{
+    const QList<SkillSummary> skills = selected();
+    return skills.size() == 1 ? QVariant::fromValue(skills.first()) : QVariant();
+}
+
 void SkillSelection::toggle(QUuid id)
 {
     QSet<QUuid> ids = m_ids;

@@ -25,6 +25,12 @@ public:
     int count() const { return static_cast<int>(m_ids.size()); }
     Q_INVOKABLE bool contains(const QUuid &id) const { return m_ids.contains(id); }
 
+    /// The slugs of the selected skills, in the order of the list.
+    Q_INVOKABLE QStringList slugs() const;
+
+    /// The one skill that is selected; an invalid variant for none or several.
+    Q_INVOKABLE QVariant only() const;
+
     /// Whether every skill that passes the filters is selected, and there is one.
     bool holdsAll() const { return m_holdsAll; }
 
@@ -68,6 +74,7 @@ private:
     void change(bool isSelecting, const QSet<QUuid> &ids);
     void dropMissing();
     void compareWithAll();
+    QList<SkillSummary> selected() const;
     QSet<QUuid> carried(const QUuid &id) const;
 
     AppModel *m_model = nullptr;

@@ -9,6 +9,9 @@ Item {
     required property AppModel model
     required property SkillSelection selection
 
+    /** How many skills the trash holds. */
+    required property int total
+
     signal closed
 
     /** What the questions are about: one skill or, without one, those selected. */
@@ -38,10 +41,9 @@ Item {
     /** Means a selected skill, and none, for all that are selected. Returns their slugs. */
     function choose(skill: var): var {
         const isAlone = skill !== undefined && !selection.contains(skill.id);
-        const chosen = isAlone ? [skill] : model.overview.trashedSkills.filter(other => selection.contains(other.id));
-        questions.skill = chosen.length === 1 ? chosen[0] : undefined;
-        questions.count = chosen.length;
-        return chosen.map(each => each.slug);
+        questions.skill = isAlone ? skill : selection.only();
+        questions.count = isAlone ? 1 : selection.count;
+        return isAlone ? [skill.slug] : selection.slugs();
     }
 
     ConfirmationDialog {
@@ -77,11 +79,9 @@ Item {
     ConfirmationDialog {
         id: emptying
 
-        readonly property int count: questions.model.overview?.trashedSkills.length ?? 0
-
         acceptText: "Tout supprimer"
         isDestructive: true
-        message: count === 1 ? "1 élément sera supprimé définitivement." : count + " éléments seront supprimés définitivement."
+        message: questions.total === 1 ? "1 élément sera supprimé définitivement." : questions.total + " éléments seront supprimés définitivement."
         title: "Vider toute la corbeille ?"
         onAccepted: questions.model.emptyTrash()
         onClosed: questions.closed()

@@ -43,6 +43,7 @@ FocusScope {
 
         model: trash.model
         selection: selection
+        total: entries.totalCount
         onClosed: view.takeOver()
     }
     SkillListHeader {
