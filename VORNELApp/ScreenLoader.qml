@@ -36,4 +36,3 @@ Loader {
         onTriggered: if (loader.Window.activeFocusItem === loader.Window.contentItem) loader.forceActiveFocus(Qt.OtherFocusReason)
     }
 }
-

@@ -76,7 +76,7 @@ void finishDeletion(const Workspace &workspace, const std::string &stage)
     const auto id = uuidFromText(QString::fromStdString(stage));
     if (!id)
         return;
-    if (!isInLibraryOrTrash(workspace, *id))
+    if (workspace.files.kindAt(workspace.config.historyOf(*id)) && !isInLibraryOrTrash(workspace, *id))
         SkillHistory(workspace).remove(*id);
 }
 

@@ -92,9 +92,9 @@ public:
 
         std::vector<FolderEntry> children = m_files.list(level.folder);
         std::ranges::sort(children, naturallyBefore, &FolderEntry::name);
-        if (std::erase_if(children, [&](const FolderEntry &child) { return !accepts(child, level.prefix); }) >
-            0)
-            m_isWhole = false;
+        const auto omitted =
+            std::erase_if(children, [&](const FolderEntry &child) { return !accepts(child, level.prefix); });
+        m_isWhole = m_isWhole && omitted == 0;
 
         addFiles(level, children);
         for (const FolderEntry &child : children) {
