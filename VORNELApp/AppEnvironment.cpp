@@ -32,7 +32,8 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
                                     const std::filesystem::path &home)
 {
     const WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(environment, home, workspaceLocator);
-    const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
+    const auto service =
+        std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>(), FailureScope::Skill);
     const auto drafts = std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), roots.workspace);
     return {.workspaceURL = roots.workspace,
             .claudeRoot = roots.claude,
@@ -41,6 +42,7 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
             .targetInspector = service,
             .trashInspector = service,
             .importReviewer = service,
+            .copyRepairer = service,
             .drafts = drafts,
             .defaults = settings(environment)};
 }
@@ -48,7 +50,7 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
 std::unique_ptr<AppModel> AppEnvironment::makeAppModel() const
 {
     return std::make_unique<AppModel>(workspaceService, targetInspector, trashInspector, importReviewer,
-                                      drafts, workspaceURL, claudeRoot, codexRoot, defaults);
+                                      copyRepairer, drafts, workspaceURL, claudeRoot, codexRoot, defaults);
 }
 
 } // namespace vornel

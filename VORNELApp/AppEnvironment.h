@@ -1,5 +1,6 @@
 #pragma once
 
+#include <VORNELCore/CopyRepairing.h>
 #include <VORNELCore/DraftKeeping.h>
 #include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/TargetInspecting.h>
@@ -26,6 +27,7 @@ struct AppEnvironment
     std::shared_ptr<TargetInspecting> targetInspector;
     std::shared_ptr<TrashInspecting> trashInspector;
     std::shared_ptr<ImportReviewing> importReviewer;
+    std::shared_ptr<CopyRepairing> copyRepairer;
     std::shared_ptr<DraftKeeping> drafts;
     std::shared_ptr<QSettings> defaults;
 

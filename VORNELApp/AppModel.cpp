@@ -25,13 +25,15 @@ std::optional<E> optionalCase(const QVariant &value)
 
 AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
                    std::shared_ptr<TrashInspecting> trashInspector,
-                   std::shared_ptr<ImportReviewing> importReviewer, std::shared_ptr<DraftKeeping> drafts,
+                   std::shared_ptr<ImportReviewing> importReviewer,
+                   std::shared_ptr<CopyRepairing> copyRepairer, std::shared_ptr<DraftKeeping> drafts,
                    std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
                    std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults)
     : m_service(std::move(service)),
       m_inspector(std::move(inspector)),
       m_trashInspector(std::move(trashInspector)),
       m_importReviewer(std::move(importReviewer)),
+      m_copyRepairer(std::move(copyRepairer)),
       m_drafts(std::move(drafts)),
       m_workspaceURL(std::move(workspaceURL)),
       m_claudeRoot(std::move(claudeRoot)),
@@ -49,6 +51,8 @@ AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<
     });
     enterEveryField();
     connect(this, &AppModel::overviewChanged, this, &AppModel::keepBatchFailures);
+    connect(this, &AppModel::overviewChanged, &m_failedCopies,
+            [this] { m_failedCopies.follow(skills(Destination::library), m_inspector); });
 }
 
 void AppModel::enterEveryField() const

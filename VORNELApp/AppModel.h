@@ -2,9 +2,11 @@
 
 #include "AppStates.h"
 #include "Departure.h"
+#include "FailedCopies.h"
 #include "FoundDraft.h"
 #include "SkillBatch.h"
 
+#include <VORNELCore/CopyRepairing.h>
 #include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/LibraryQuery.h>
 #include <VORNELCore/TargetInspecting.h>
@@ -71,9 +73,9 @@ public:
     /// user's machine remembers between two starts.
     AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
              std::shared_ptr<TrashInspecting> trashInspector, std::shared_ptr<ImportReviewing> importReviewer,
-             std::shared_ptr<DraftKeeping> drafts, std::filesystem::path workspaceURL,
-             std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
-             std::shared_ptr<QSettings> defaults);
+             std::shared_ptr<CopyRepairing> copyRepairer, std::shared_ptr<DraftKeeping> drafts,
+             std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
+             std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults);
 
     /// Waits for the operations that still run.
     ~AppModel() override;
@@ -139,6 +141,9 @@ public:
 
     /// The changes made to several skills.
     SkillBatch *batch() { return &m_batch; }
+
+    /// Why copies of the overview's skills have failed.
+    const FailedCopies &failedCopies() const { return m_failedCopies; }
 
     /// What asks before unsaved edits are left.
     Departure *departure() { return &m_departure; }
@@ -223,6 +228,7 @@ public:
     void assignSkills(QSet<QUuid> ids, QString category);
     Q_INVOKABLE void assignSelectedSkill(const QString &category);
     Q_INVOKABLE void synchronizeSelectedSkill();
+    Q_INVOKABLE void setCopyAside(QUuid id, vornel::TargetKind target);
     Q_INVOKABLE void moveSelectedSkillToTrash();
     void moveSkillsToTrash(QSet<QUuid> ids);
     Q_INVOKABLE void restore(QUuid id);
@@ -309,11 +315,13 @@ private:
     const std::shared_ptr<TargetInspecting> m_inspector;
     const std::shared_ptr<TrashInspecting> m_trashInspector;
     const std::shared_ptr<ImportReviewing> m_importReviewer;
+    const std::shared_ptr<CopyRepairing> m_copyRepairer;
     const std::shared_ptr<DraftKeeping> m_drafts;
     const std::filesystem::path m_workspaceURL;
     const std::filesystem::path m_claudeRoot;
     const std::filesystem::path m_codexRoot;
     const std::shared_ptr<QSettings> m_defaults;
+    FailedCopies m_failedCopies;
     Departure m_departure;
     SkillBatch m_batch;
     QString m_errorCase;

@@ -1,5 +1,6 @@
 #include "AppModel.h"
 
+#include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 
 #include <QCoro/QCoroFuture>
@@ -69,7 +70,7 @@ QCoro::Task<> AppModel::start()
         const bool isOnboarded = m_defaults->value(onboardingCompletedKey, false).toBool();
         m_phase = isOnboarded ? Phase::ready() : Phase::onboarding();
     } catch (const std::exception &error) {
-        m_phase = Phase::failed(message(error));
+        m_phase = Phase::failed(message(error), failedFolder(error));
     }
 }
 
@@ -293,6 +294,17 @@ void AppModel::assignSelectedSkill(const QString &category)
 {
     if (!selectedSkillID().isNull())
         assignSkills({selectedSkillID()}, category);
+}
+
+void AppModel::setCopyAside(QUuid id, TargetKind target)
+{
+    perform([this, id, target]() -> QCoro::Task<> {
+        const SkillDetail mended = co_await m_copyRepairer->setAside(id, target);
+        if (selectedSkillID() == id)
+            m_selectedSkill = mended;
+        m_overview = co_await m_service->reload();
+        confirm(u"MISE DE CÔTÉ"_s);
+    });
 }
 
 void AppModel::moveSelectedSkillToTrash()

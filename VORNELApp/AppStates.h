@@ -1,8 +1,12 @@
 #pragma once
 
+#include <VORNELCore/SerializedForms.h>
+
 #include <QObject>
 #include <QString>
+#include <QUrl>
 
+#include <filesystem>
 #include <optional>
 #include <utility>
 
@@ -31,12 +35,13 @@ using AppStates::Destination;
 using AppStates::OnboardingStep;
 using AppStates::PhaseName;
 
-/// The application's phase. Only `failed` carries a message.
+/// The application's phase. Only `failed` carries a message, and maybe a folder; the message tells two apart.
 class Phase
 {
     Q_GADGET
     Q_PROPERTY(vornel::AppStates::PhaseName name READ name)
     Q_PROPERTY(QString message READ message)
+    Q_PROPERTY(QUrl folder READ folder)
 
 public:
     Phase() = default;
@@ -44,21 +49,36 @@ public:
     static Phase launching() { return Phase(PhaseName::launching); }
     static Phase onboarding() { return Phase(PhaseName::onboarding); }
     static Phase ready() { return Phase(PhaseName::ready); }
-    static Phase failed(QString message) { return Phase(PhaseName::failed, std::move(message)); }
+    static Phase failed(QString message, const std::filesystem::path &folder = {});
 
     PhaseName name() const { return m_name; }
 
     /// What the user reads about the failure; empty in the other phases.
     QString message() const { return m_message; }
 
-    bool operator==(const Phase &) const = default;
+    /// The folder to look at after the failure; empty where none is known.
+    QUrl folder() const { return m_folder; }
+
+    bool operator==(const Phase &other) const
+    {
+        return m_name == other.m_name && m_message == other.m_message;
+    }
 
 private:
     explicit Phase(PhaseName name, QString message = {}) : m_name(name), m_message(std::move(message)) {}
 
     PhaseName m_name = PhaseName::launching;
     QString m_message;
+    QUrl m_folder;
 };
+
+inline Phase Phase::failed(QString message, const std::filesystem::path &folder)
+{
+    Phase phase(PhaseName::failed, std::move(message));
+    if (!folder.empty())
+        phase.m_folder = QUrl::fromLocalFile(pathText(folder));
+    return phase;
+}
 
 /// The step of this place in the order, counted from 0; nothing outside of it.
 constexpr std::optional<OnboardingStep> onboardingStep(int rawValue)

@@ -20,16 +20,6 @@ QString lineOf(const QList<TargetInspection> &inspections)
     return (QStringList{u"Mise à jour nécessaire"_s} + states).join(u" · "_s);
 }
 
-QString failureOf(const QList<TargetInspection> &inspections)
-{
-    QStringList reasons;
-    for (const TargetInspection &inspection : inspections) {
-        if (!inspection.reason.isEmpty())
-            reasons.append(inspection.assistant() + u"\u00A0: "_s + inspection.reason);
-    }
-    return reasons.join(u"  "_s);
-}
-
 bool isEdited(const TargetInspection &inspection)
 {
     return !inspection.differences.isEmpty();
@@ -52,7 +42,7 @@ void AttentionList::complete(SkillEntry &entry) const
 {
     const QList<TargetInspection> inspections = m_inspections.value(entry.id);
     entry.line = lineOf(inspections);
-    if (const QString reasons = failureOf(inspections); !reasons.isEmpty())
+    if (const QString reasons = FailedCopies::problem(inspections); !reasons.isEmpty())
         entry.failure = reasons; // which tell more than that a synchronisation failed
     entry.hasFailed = entry.skill.syncState == SyncState::failed || !entry.failure.isEmpty();
     entry.isStale = !m_current.contains(entry.id);

@@ -20,11 +20,21 @@ Sheet {
     /** The copies are to stay as they are. */
     signal declined
 
+    /** Whether a copy that can't be looked at is to be shown before `action` is run. */
+    property bool asksAboutUnreadable
+
     /** Runs `action` once the copies have been looked at, and the user has agreed where one has edits of its own. */
     function replaceCopies(acceptText: string, action: var): void {
         sheet.acceptText = acceptText;
         sheet.action = action;
+        asksAboutUnreadable = false;
         copies.check();
+    }
+
+    /** The same, for what can only fail with a copy that can't be looked at. */
+    function synchronizeCopies(action: var): void {
+        replaceCopies("Synchroniser", action);
+        asksAboutUnreadable = true;
     }
 
     /** Opens in any case. */
@@ -59,10 +69,17 @@ Sheet {
         function onChecked() {
             if (sheet.action === undefined || sheet.model.isWorking) // after which it is checked again
                 return;
-            if (sheet.copies.hasDrifted || sheet.copies.problem !== "")
+            const isOpening = sheet.asksAboutUnreadable && sheet.copies.hasUnreadable;
+            if (isOpening || sheet.copies.hasDrifted || sheet.copies.problem !== "")
                 sheet.open();
             else
                 sheet.act();
+        }
+
+        function onChanged() {
+            const isSettled = !sheet.copies.hasFailed && !sheet.copies.hasDrifted && sheet.copies.problem === "";
+            if (sheet.opened && isSettled)
+                sheet.close();
         }
 
         target: sheet.copies
@@ -89,14 +106,14 @@ Sheet {
     Repeater {
         model: sheet.copies.targets
 
-        Label {
+        FailedCopy {
             required property targetInspection modelData
 
-            color: Colors.danger
-            text: modelData.assistant + "\u00A0: " + modelData.reason
+            canAct: !sheet.model.isWorking
+            inspection: modelData
             visible: modelData.reason !== ""
             width: parent?.width ?? 0
-            wrapMode: Text.Wrap
+            onSettingAsideAsked: sheet.model.setCopyAside(sheet.copies.skillID, modelData.target)
         }
     }
     Row {

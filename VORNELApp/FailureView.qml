@@ -35,13 +35,23 @@ FocusScope {
                 text: "Indisponible"
                 tone: StatusBadge.Danger
             }
-            ActionButton {
+            Row {
                 anchors.horizontalCenter: parent.horizontalCenter
-                focus: true
-                role: ActionButton.Primary
-                symbol: "rotate-cw"
-                text: "Réessayer"
-                onClicked: failure.model.retryStart()
+                spacing: Metrics.medium
+
+                ActionButton {
+                    focus: true
+                    role: ActionButton.Primary
+                    symbol: "rotate-cw"
+                    text: "Réessayer"
+                    onClicked: failure.model.retryStart()
+                }
+                ActionButton {
+                    symbol: "folder-open"
+                    text: "Ouvrir le dossier"
+                    visible: failure.model.phase.folder.toString() !== ""
+                    onClicked: Qt.openUrlExternally(failure.model.phase.folder)
+                }
             }
         }
     }

@@ -32,7 +32,7 @@ FocusScope {
         if (model.isWorking)
             return;
         copies.skillID = id;
-        differences.replaceCopies("Synchroniser", () => model.synchronizeSkill(id));
+        differences.synchronizeCopies(() => model.synchronizeSkill(id));
     }
 
     onIsWatchedChanged: {

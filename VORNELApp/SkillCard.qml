@@ -27,7 +27,7 @@ T.ItemDelegate {
     visible: record.isShown
 
     Accessible.description: `${skill.slug}, ${record.category.name}, ${skill.maturityText}, ${skill.syncStateText}`
-        + (record.isSelected ? ", sélectionnée" : "")
+        + (record.problem === "" ? "" : ", " + record.problem) + (record.isSelected ? ", sélectionnée" : "")
     Accessible.name: text
     Accessible.role: Accessible.ListItem
     Accessible.onPressAction: if (enabled) clicked()

@@ -55,9 +55,10 @@ Item {
         anchors.right: parent.right
         anchors.top: tile.bottom
         anchors.topMargin: Metrics.medium
+        color: content.record.problem === "" ? Colors.secondary : Colors.danger
         lineHeight: 1.3
-        maximumLineCount: 2
-        text: content.skill.summary
+        maximumLineCount: content.record.problem === "" ? 2 : 3
+        text: content.record.problem === "" ? content.skill.summary : content.record.problem
         wrapMode: Text.Wrap
     }
     TagRow {
@@ -65,6 +66,7 @@ Item {
         anchors.bottomMargin: Metrics.small + 2
         most: content.mostTags
         tags: content.skill.tags
+        visible: content.record.problem === ""
         width: parent.width
     }
     Rectangle {

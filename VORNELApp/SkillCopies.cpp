@@ -41,6 +41,17 @@ bool SkillCopies::hasDrifted() const
         m_inspections, [](const TargetInspection &inspection) { return !inspection.differences.isEmpty(); });
 }
 
+bool SkillCopies::hasUnreadable() const
+{
+    return std::ranges::any_of(m_inspections, &TargetInspection::isUnreadable);
+}
+
+bool SkillCopies::hasFailed() const
+{
+    return std::ranges::find(m_inspections, SyncState::failed, &TargetInspection::state) !=
+           m_inspections.end();
+}
+
 void SkillCopies::check()
 {
     inspect(this, m_model, m_skillID, ++m_request);

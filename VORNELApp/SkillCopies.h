@@ -18,6 +18,8 @@ class SkillCopies : public QObject, public QQmlParserStatus
     Q_PROPERTY(QUuid skillID READ skillID WRITE setSkillID NOTIFY skillIDChanged)
     Q_PROPERTY(QVariantList targets READ targets NOTIFY changed)
     Q_PROPERTY(bool hasDrifted READ hasDrifted NOTIFY changed)
+    Q_PROPERTY(bool hasUnreadable READ hasUnreadable NOTIFY changed)
+    Q_PROPERTY(bool hasFailed READ hasFailed NOTIFY changed)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
     Q_PROPERTY(vornel::CopyDifferences *differences READ differences CONSTANT)
 
@@ -33,6 +35,12 @@ public:
 
     /// Whether a copy holds something else than the canonical folder, which replacing it would lose.
     bool hasDrifted() const;
+
+    /// Whether a copy can't be looked at, so that no synchronisation replaces it.
+    bool hasUnreadable() const;
+
+    /// Whether a copy has failed, for that reason or another.
+    bool hasFailed() const;
 
     /// Why the last look failed, for the user: nobody knows then what the copies hold. Empty otherwise.
     QString problem() const { return m_problem; }

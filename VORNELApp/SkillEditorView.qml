@@ -26,7 +26,7 @@ FocusScope {
             file.find();
     }
     function synchronize(): void {
-        differences.replaceCopies("Synchroniser", () => model.synchronizeSelectedSkill());
+        differences.synchronizeCopies(() => model.synchronizeSelectedSkill());
     }
     function save(): void {
         if (!draft.isModified)

@@ -30,11 +30,17 @@ T.Button {
     hoverEnabled: true
     text: inspection.assistant
 
-    Accessible.description: hasDetails ? "Voir les différences" : ""
+    Accessible.description: inspection.reason !== "" ? `${inspection.reason}, ${inspection.path}` : hasDetails ? "Voir les différences" : ""
     Accessible.name: inspection.assistant + ", " + inspection.stateText
     Accessible.onPressAction: if (enabled) clicked()
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
+
+    Hint {
+        control: chip
+        text: chip.inspection.reason + "\n" + chip.inspection.path
+        visible: chip.hovered && chip.inspection.reason !== ""
+    }
 
     background: Rectangle {
         border.color: chip.hasDetails ? chip.hue : Colors.line

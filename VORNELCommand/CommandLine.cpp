@@ -168,6 +168,8 @@ Importer
          [--replace]
   save SKILL --expect RÉVISION --file FICHIER
   sync SKILL… | sync --all
+  set-aside SKILL claude|codex              garde dans .vornel/recovery une copie qui ne peut pas être lue, et en
+                                            installe une nouvelle
 
 Classer
   assign CATÉGORIE SKILL…

@@ -31,6 +31,7 @@ struct Session
     TargetInspecting &copies;
     TrashInspecting &trash;
     ImportReviewing &imports;
+    CopyRepairing &repairs;
     const WorkspaceOverview &overview;
 };
 
@@ -290,6 +291,18 @@ int sync(const Session &session)
     return ExitCode::failure;
 }
 
+int setAside(const Session &session)
+{
+    const QStringList &operands = session.invocation.operands;
+    const QUuid id = activeSkill(session, operands.at(0));
+    const auto target = fromRawValue<TargetKind>(operands.at(1));
+    if (!target)
+        throw UsageError(u"La commande set-aside demande claude ou codex."_s);
+    output(session, session.repairs.setAside(id, *target).result(),
+           [](const SkillDetail &detail) { return Report::states({detail}); });
+    return ExitCode::success;
+}
+
 int assign(const Session &session)
 {
     const QStringList &operands = session.invocation.operands;
@@ -384,6 +397,7 @@ const QList<Command> &commands()
          create},
         {syntax("save", 1, 1, {}, names({"expect", "file"})), save},
         {syntax("sync", 1, many, {}, {}, names({"all"})), sync},
+        {syntax("set-aside", 2, 2), setAside},
         {syntax("assign", 2, many), assign},
         {syntax("category create", 2, 2), createCategory},
         {syntax("category update", 3, 3), updateCategory},
@@ -410,8 +424,8 @@ int runCommand(const Invocation &invocation, const Services &services, const Wor
 {
     const auto command = std::ranges::find(commands(), invocation.command,
                                            [](const Command &candidate) { return candidate.syntax.name; });
-    return command->run(
-        {invocation, services.workspace, services.copies, services.trash, services.imports, overview});
+    return command->run({invocation, services.workspace, services.copies, services.trash, services.imports,
+                         services.repairs, overview});
 }
 
 } // namespace vornel

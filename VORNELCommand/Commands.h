@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 
+#include <VORNELCore/CopyRepairing.h>
 #include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
@@ -27,6 +28,7 @@ struct Services
     TargetInspecting &copies;
     TrashInspecting &trash;
     ImportReviewing &imports;
+    CopyRepairing &repairs;
 };
 
 /// Runs a command on services whose `bootstrap` returned `overview`, prints its result and returns the exit

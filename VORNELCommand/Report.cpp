@@ -145,7 +145,7 @@ QString copies(const QList<TargetInspection> &copies)
     for (const TargetInspection &copy : copies) {
         rows.append({{copy.assistant()}, stateCell(copy.state)});
         if (!copy.reason.isEmpty())
-            rows.append({{}, {copy.reason}});
+            rows.append({{}, {copy.reason + u" ("_s + copy.shownPath() + u')'}});
         for (const FileDifference &difference : copy.differences)
             rows.append({{}, differenceCell(difference)});
     }

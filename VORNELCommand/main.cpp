@@ -53,9 +53,9 @@ WorkspaceRoots rootsFor(const Invocation &invocation)
 int run(const Invocation &invocation)
 {
     const WorkspaceRoots roots = rootsFor(invocation);
-    LocalWorkspaceService service(std::make_shared<PosixFileSystem>());
+    LocalWorkspaceService service(std::make_shared<PosixFileSystem>(), FailureScope::Skill);
     const WorkspaceOverview overview = service.bootstrap(roots.workspace, roots.claude, roots.codex).result();
-    return runCommand(invocation, {service, service, service, service}, overview);
+    return runCommand(invocation, {service, service, service, service, service}, overview);
 }
 
 QString errorCase(const std::exception &error)
@@ -73,6 +73,8 @@ void reportFailure(const std::exception &error, bool asJson)
     if (!asJson)
         return Terminal::printError(Terminal::printable(message));
     QJsonObject object{{u"error"_s, errorCase(error)}, {u"message"_s, message}};
+    if (const auto folder = failedFolder(error); !folder.empty())
+        object.insert(u"folder"_s, pathText(folder));
     if (const auto *command = dynamic_cast<const CommandFailure *>(&error)) {
         for (auto detail = command->details.begin(); detail != command->details.end(); ++detail)
             object.insert(detail.key(), detail.value());

@@ -1,5 +1,6 @@
 #include "ErrorMessage.h"
 
+#include "FailurePlace.h"
 #include "SerializedForms.h"
 
 #include <cerrno>
@@ -9,6 +10,8 @@
 using namespace Qt::StringLiterals;
 
 namespace vornel {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -58,16 +61,31 @@ QString sentence(const std::error_code &code)
     }
 }
 
-} // namespace
-
-QString errorMessage(const std::exception &error)
+QString sentence(const std::exception &error)
 {
-    if (const auto *file = dynamic_cast<const std::filesystem::filesystem_error *>(&error);
+    if (const auto *file = dynamic_cast<const fs::filesystem_error *>(&error);
         file != nullptr && !file->path1().empty())
         return sentence(file->code()) + u"\u00A0: "_s + pathText(file->path1());
     if (const auto *system = dynamic_cast<const std::system_error *>(&error))
         return sentence(system->code());
     return QString::fromUtf8(error.what());
+}
+
+} // namespace
+
+QString errorMessage(const std::exception &error)
+{
+    const auto *place = dynamic_cast<const FailurePlace *>(&error);
+    return place == nullptr ? sentence(error) : sentence(error) + u'\n' + place->sentence();
+}
+
+fs::path failedFolder(const std::exception &error)
+{
+    if (const auto *place = dynamic_cast<const FailurePlace *>(&error))
+        return place->folder();
+    if (const auto *file = dynamic_cast<const fs::filesystem_error *>(&error))
+        return file->path1().parent_path();
+    return {};
 }
 
 } // namespace vornel

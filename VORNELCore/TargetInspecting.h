@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QFuture>
+#include <QHash>
 #include <QUuid>
 
 #include <optional>
@@ -21,6 +22,10 @@ public:
     /// How the copy of each assistant stands against the canonical folder, in the order of `TargetKind`. A
     /// copy that can't be looked at is `failed` with the reason, and doesn't hide the other.
     virtual QFuture<QList<TargetInspection>> inspectTargets(QUuid id) = 0;
+
+    /// The copies that are `failed`, by skill, as the last overview found them; of these, nothing is
+    /// compared.
+    virtual QFuture<QHash<QUuid, QList<TargetInspection>>> failedCopies() = 0;
 
     /// The bytes of a file in the skill's canonical folder or, with `copy`, in that assistant's copy; nothing
     /// where no file is. Fails with `invalidPath` for a path out of the folder, and with `symlinkUnsupported`

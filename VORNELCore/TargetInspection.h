@@ -3,6 +3,9 @@
 #include "Enumerations.h"
 
 #include <QString>
+#include <QUrl>
+
+#include <filesystem>
 
 /// What a look into the installed copies of a skill found: plain values. A property's name is also its key in
 /// JSON.
@@ -30,6 +33,9 @@ struct TargetInspection
     Q_PROPERTY(vornel::SyncState state MEMBER state)
     Q_PROPERTY(QList<vornel::FileDifference> differences MEMBER differences)
     Q_PROPERTY(QString reason MEMBER reason)
+    Q_PROPERTY(QString path READ shownPath)
+    Q_PROPERTY(bool isUnreadable MEMBER isUnreadable)
+    Q_PROPERTY(QUrl folderURL READ folderURL STORED false)
     Q_PROPERTY(QString assistant READ assistant STORED false)
     Q_PROPERTY(QString stateText READ stateText STORED false)
 
@@ -38,6 +44,13 @@ public:
     SyncState state = SyncState::unknown;
     QList<FileDifference> differences; ///< by path; a folder only where nothing in it is listed
     QString reason;                    ///< of a failure, for the user; empty in any other state
+    std::filesystem::path path;        ///< where the copy stands, or would
+    bool isUnreadable = false; ///< whether the copy can't be looked at: no synchronisation replaces it then
+
+    QString shownPath() const;
+
+    /// By which the desktop opens the assistant's folder, in which the copy is.
+    QUrl folderURL() const;
 
     /// What the user reads.
     QString assistant() const;

@@ -18,9 +18,14 @@ namespace vornel {
 
 namespace fs = std::filesystem;
 
-LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager)
-    : m_manager(std::move(manager))
+LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager, FailureScope failureScope)
+    : m_manager(std::move(manager)), m_failureScope(failureScope)
 {}
+
+Workspace LocalWorkspaceService::workspaceOf(const Configuration &config)
+{
+    return {*m_manager, config, m_failedSyncTargets, m_unreadableCopies, m_failureScope};
+}
 
 template <typename Operation>
 auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
@@ -29,7 +34,7 @@ auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
         throw VORNELWorkspaceError::notBootstrapped();
     m_manager->confine(m_configuration->roots());
     const Folder lock = m_manager->lock(m_configuration->bookkeeping(), mode);
-    const Workspace workspace{*m_manager, *m_configuration, m_failedSyncTargets};
+    const Workspace workspace = workspaceOf(*m_configuration);
     if (mode == LockMode::Exclusive)
         bringBackSwappedFolders(workspace);
     return operation(workspace);
@@ -58,7 +63,7 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
 {
     return m_executor.submit<WorkspaceOverview>([=, this](QPromise<WorkspaceOverview> &) {
         const Configuration config = Configuration::forRoots(*m_manager, workspaceURL, claudeRoot, codexRoot);
-        const Workspace workspace{*m_manager, config, m_failedSyncTargets};
+        const Workspace workspace = workspaceOf(config);
         m_manager->confine(config.roots());
         createLayout(*m_manager, config);
         const auto locked = [&](LockMode mode) { return m_manager->lock(config.bookkeeping(), mode); };
@@ -210,6 +215,19 @@ QFuture<QList<TargetInspection>> LocalWorkspaceService::inspectTargets(QUuid id)
 {
     return perform(LockMode::Shared,
                    [=](const Workspace &workspace) { return TargetInspector(workspace).inspect(id); });
+}
+
+QFuture<QHash<QUuid, QList<TargetInspection>>> LocalWorkspaceService::failedCopies()
+{
+    return perform(LockMode::Shared,
+                   [](const Workspace &workspace) { return TargetInspector(workspace).failedCopies(); });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::setAside(QUuid id, TargetKind target)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return SkillAuthoring(workspace).setAside(id, target);
+    });
 }
 
 QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std::optional<TargetKind> copy,

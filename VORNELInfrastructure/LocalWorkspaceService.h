@@ -3,6 +3,7 @@
 #include "SerialExecutor.h"
 #include "Workspace.h"
 
+#include <VORNELCore/CopyRepairing.h>
 #include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
@@ -18,11 +19,13 @@ namespace vornel {
 class LocalWorkspaceService : public WorkspaceServicing,
                               public TargetInspecting,
                               public TrashInspecting,
-                              public ImportReviewing
+                              public ImportReviewing,
+                              public CopyRepairing
 {
 public:
     /// All file operations go through `manager`.
-    explicit LocalWorkspaceService(std::shared_ptr<FileSystem> manager);
+    explicit LocalWorkspaceService(std::shared_ptr<FileSystem> manager,
+                                   FailureScope failureScope = FailureScope::Library);
 
     QFuture<WorkspaceOverview> bootstrap(std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
                                          std::filesystem::path codexRoot) override;
@@ -44,11 +47,13 @@ public:
     QFuture<WorkspaceOverview> deletePermanently(QUuid id) override;
     QFuture<WorkspaceOverview> emptyTrash() override;
     QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override;
+    QFuture<QHash<QUuid, QList<TargetInspection>>> failedCopies() override;
     QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                 QString relativePath) override;
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
     QFuture<QHash<QUuid, QDateTime>> trashDates() override;
     QFuture<ImportPlan> excludeFromImport(QString slug) override;
+    QFuture<SkillDetail> setAside(QUuid id, TargetKind target) override;
 
 private:
     /// Runs `operation` on the open workspace, locked; throws `notBootstrapped` when none is open.
@@ -64,11 +69,14 @@ private:
     QFuture<WorkspaceOverview> change(Operation operation);
 
     ImportPlan &pendingPlan();
+    Workspace workspaceOf(const Configuration &config);
 
     std::shared_ptr<FileSystem> m_manager;
+    FailureScope m_failureScope;
     std::optional<Configuration> m_configuration;
     std::optional<ImportPlan> m_pendingPlan;
     FailedSyncTargets m_failedSyncTargets;
+    UnreadableCopies m_unreadableCopies;
     SerialExecutor m_executor; // last, so that it ends before what its functions use
 };
 

@@ -1,6 +1,7 @@
 #include "Overview.h"
 
 #include "CategoryCatalog.h"
+#include "Locating.h"
 #include "ParallelMap.h"
 #include "SecureFileTree.h"
 #include "SkillFolderStore.h"
@@ -32,14 +33,29 @@ QList<SkillSummary> sortedByName(const std::vector<SkillSummary> &summaries)
     return sorted;
 }
 
+void remember(const Workspace &workspace, const QUuid &id, const TargetReasons &unreadable)
+{
+    if (unreadable.isEmpty())
+        workspace.unreadableCopies.remove(id);
+    else
+        workspace.unreadableCopies.insert(id, unreadable);
+}
+
 } // namespace
 
 WorkspaceOverview makeOverview(const Workspace &workspace)
 {
     const SyncInspector inspector(workspace);
-    const auto active = parallelMap(activeManifests(workspace), [&inspector](const SkillRecord &skill) {
-        return SkillSummary(skill.manifest, inspector.state(skill.manifest));
-    });
+    const QList<SkillRecord> records = activeManifests(workspace);
+    const std::vector<CopyStates> states = parallelMap(
+        records, [&inspector](const SkillRecord &skill) { return inspector.states(skill.manifest); });
+    std::vector<SkillSummary> active;
+    workspace.unreadableCopies.clear();
+    for (std::size_t index = 0; index < states.size(); ++index) {
+        const SkillManifest &manifest = records.at(static_cast<qsizetype>(index)).manifest;
+        active.emplace_back(manifest, states[index].state);
+        remember(workspace, manifest.id, states[index].unreadable);
+    }
     std::vector<SkillSummary> trashed;
     for (const SkillRecord &skill : trashedManifests(workspace))
         trashed.emplace_back(skill.manifest, SyncState::unknown);
@@ -49,10 +65,17 @@ WorkspaceOverview makeOverview(const Workspace &workspace)
 
 SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
 {
-    const QString text = SkillFolderStore(workspace).readSkillMD(skill.url, skill.manifest.slug);
-    const FileTreeSnapshot tree = SecureFileTree::snapshot(workspace.files, skill.url, TreeFilter::all);
-    return {skill.manifest, text, tree.relativeFiles(), QString::fromStdString(tree.digest),
-            SyncInspector(workspace).state(skill.manifest)};
+    SkillDetail detail{.manifest = skill.manifest};
+    locating(workspace, skill.url, [&] {
+        detail.skillMD = SkillFolderStore(workspace).readSkillMD(skill.url, skill.manifest.slug);
+        const FileTreeSnapshot tree = SecureFileTree::snapshot(workspace.files, skill.url, TreeFilter::all);
+        detail.relativeFiles = tree.relativeFiles();
+        detail.contentRevision = QString::fromStdString(tree.digest);
+    });
+    const CopyStates copies = SyncInspector(workspace).states(skill.manifest);
+    detail.syncState = copies.state;
+    remember(workspace, skill.manifest.id, copies.unreadable);
+    return detail;
 }
 
 } // namespace vornel

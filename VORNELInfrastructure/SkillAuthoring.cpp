@@ -93,4 +93,11 @@ SkillDetail SkillAuthoring::synchronize(const QUuid &id) const
     return makeDetail(m_workspace, skill);
 }
 
+SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
+{
+    const SkillRecord skill = activeRecord(m_workspace, id);
+    TargetSynchronizer(m_workspace).setAside(skill, target);
+    return makeDetail(m_workspace, skill);
+}
+
 } // namespace vornel

@@ -22,6 +22,9 @@ public:
     /// Brings both targets in line with the canonical folder.
     SkillDetail synchronize(const QUuid &id) const;
 
+    /// Replaces the copy in one target, whatever stands there.
+    SkillDetail setAside(const QUuid &id, TargetKind target) const;
+
 private:
     SkillManifest newManifest(const CreateSkillRequest &request) const;
 

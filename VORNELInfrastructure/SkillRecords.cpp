@@ -1,5 +1,6 @@
 #include "SkillRecords.h"
 
+#include "Locating.h"
 #include "ParallelMap.h"
 #include "SkillFolderStore.h"
 
@@ -20,42 +21,48 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::vector<std::string> skillFolders(const FileSystem &files, const Folder &directory)
+std::vector<std::string> skillFolders(const Workspace &workspace, const Folder &directory)
 {
     std::vector<std::string> names;
-    for (FolderEntry &entry : files.list(directory)) {
+    for (FolderEntry &entry : workspace.files.list(directory)) {
         if (entry.name.starts_with('.'))
             continue;
-        if (entry.kind == FileKind::SymbolicLink)
-            throw VORNELWorkspaceError::symlinkUnsupported(pathText(fs::path(directory.path) / entry.name));
+        if (const fs::path place = fs::path(directory.path) / entry.name;
+            entry.kind == FileKind::SymbolicLink)
+            failAt(workspace, place, VORNELWorkspaceError::symlinkUnsupported(pathText(place)));
         if (entry.kind == FileKind::Directory)
             names.push_back(std::move(entry.name));
     }
     return names;
 }
 
+/// Refuses two records of which `part` is the same.
+template <typename Part>
+void refuseDoubled(const Workspace &workspace, const std::vector<SkillRecord> &records,
+                   Part SkillManifest::*part, const QString &reason)
+{
+    QSet<Part> seen;
+    for (const SkillRecord &record : records) {
+        if (seen.contains(record.manifest.*part))
+            failAt(workspace, record.url, VORNELWorkspaceError::integrityFailure(reason));
+        seen.insert(record.manifest.*part);
+    }
+}
+
 QList<SkillRecord> records(const Workspace &workspace, const fs::path &place)
 {
     const SkillFolderStore store(workspace);
     const Folder directory = workspace.files.openFolder(place);
-    auto read = parallelMap(skillFolders(workspace.files, directory), [&](const std::string &name) {
-        SkillRecord record{store.readManifest(directory, name), place / name};
-        WorkspaceValidation::validateSlug(record.manifest.slug);
-        return record;
+    auto read = parallelMap(skillFolders(workspace, directory), [&](const std::string &name) {
+        return locating(workspace, place / name, [&] {
+            SkillRecord record{store.readManifest(directory, name), place / name};
+            WorkspaceValidation::validateSlug(record.manifest.slug);
+            return record;
+        });
     });
-
-    QSet<QUuid> ids;
-    QSet<QString> slugs;
-    for (const SkillRecord &record : read) {
-        ids.insert(record.manifest.id);
-        slugs.insert(record.manifest.slug);
-    }
-    QList<SkillRecord> all(std::move_iterator(read.begin()), std::move_iterator(read.end()));
-    if (ids.size() < all.size())
-        throw VORNELWorkspaceError::integrityFailure(u"Un identifiant de skill est dupliqué."_s);
-    if (slugs.size() < all.size())
-        throw VORNELWorkspaceError::integrityFailure(u"Un slug de skill est dupliqué."_s);
-    return all;
+    refuseDoubled(workspace, read, &SkillManifest::id, u"Un identifiant de skill est dupliqué."_s);
+    refuseDoubled(workspace, read, &SkillManifest::slug, u"Un slug de skill est dupliqué."_s);
+    return {std::move_iterator(read.begin()), std::move_iterator(read.end())};
 }
 
 std::string_view folderName(const SkillRecord &record)
@@ -71,8 +78,9 @@ QList<SkillRecord> activeManifests(const Workspace &workspace)
     QList<SkillRecord> active = records(workspace, workspace.config.skills());
     for (const SkillRecord &record : std::as_const(active)) {
         if (folderName(record) != record.manifest.slug.toStdString())
-            throw VORNELWorkspaceError::integrityFailure(
-                u"Le dossier canonique ne correspond pas au slug du manifeste."_s);
+            failAt(workspace, record.url,
+                   VORNELWorkspaceError::integrityFailure(
+                       u"Le dossier canonique ne correspond pas au slug du manifeste."_s));
     }
     return active;
 }
@@ -82,8 +90,9 @@ QList<SkillRecord> trashedManifests(const Workspace &workspace)
     QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
     for (const SkillRecord &record : std::as_const(trashed)) {
         if (folderName(record) != uuidText(record.manifest.id).toStdString())
-            throw VORNELWorkspaceError::integrityFailure(
-                u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s);
+            failAt(workspace, record.url,
+                   VORNELWorkspaceError::integrityFailure(
+                       u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s));
     }
     return trashed;
 }

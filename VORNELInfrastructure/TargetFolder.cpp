@@ -22,7 +22,8 @@ try {
 
 } // namespace
 
-TargetFolder::TargetFolder(const Workspace &workspace, TargetKind kind) : m_files(workspace.files)
+TargetFolder::TargetFolder(const Workspace &workspace, TargetKind kind)
+    : m_files(workspace.files), m_kind(kind)
 {
     try {
         m_folder = openTarget(m_files, workspace.config.target(kind));

@@ -15,6 +15,8 @@ class TargetFolder
 public:
     TargetFolder(const Workspace &workspace, TargetKind kind);
 
+    TargetKind kind() const { return m_kind; }
+
     /// What stands under this name, if anything. Throws `symlinkUnsupported` when the assistant's folder is a
     /// link.
     std::optional<FileKind> kindOf(const std::string &name) const;
@@ -25,6 +27,7 @@ public:
 
 private:
     const FileSystem &m_files;
+    TargetKind m_kind;
     std::optional<Folder> m_folder;
     std::exception_ptr m_failure; ///< why the folder may not be looked at, thrown when it has to be
 };

@@ -99,21 +99,46 @@ QList<TargetInspection> TargetInspector::inspect(const QUuid &id) const
 TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
                                           TargetKind target) const
 {
-    TargetInspection inspection{target, SyncState::missing, {}, {}};
+    TargetInspection inspection{.target = target,
+                                .state = SyncState::missing,
+                                .path = m_workspace.config.target(target) / pathFromText(manifest.slug)};
     try {
         if (const auto copy = TargetFolder(m_workspace, target).snapshot(manifest.slug.toStdString())) {
             inspection.differences = differences(canonical, *copy);
             inspection.state = inspection.differences.isEmpty() ? SyncState::inSync : SyncState::drifted;
         }
     } catch (const std::exception &error) {
-        return {target, SyncState::failed, {}, errorMessage(error)};
+        inspection.state = SyncState::failed;
+        inspection.reason = errorMessage(error);
+        inspection.isUnreadable = true;
+        return inspection;
     }
-    const QMap<TargetKind, QString> failed = m_workspace.failedSyncTargets.value(manifest.id);
+    const TargetReasons failed = m_workspace.failedSyncTargets.value(manifest.id);
     if (failed.contains(target)) {
         inspection.state = SyncState::failed;
         inspection.reason = failed.value(target);
     }
     return inspection;
+}
+
+QHash<QUuid, QList<TargetInspection>> TargetInspector::failedCopies() const
+{
+    QHash<QUuid, QList<TargetInspection>> failed;
+    if (m_workspace.unreadableCopies.isEmpty() && m_workspace.failedSyncTargets.isEmpty())
+        return failed;
+    for (const SkillRecord &skill : activeManifests(m_workspace)) {
+        const TargetReasons unreadable = m_workspace.unreadableCopies.value(skill.manifest.id);
+        TargetReasons reasons = m_workspace.failedSyncTargets.value(skill.manifest.id);
+        reasons.insert(unreadable);
+        for (auto reason = reasons.cbegin(); reason != reasons.cend(); ++reason)
+            failed[skill.manifest.id].append(
+                {.target = reason.key(),
+                 .state = SyncState::failed,
+                 .reason = reason.value(),
+                 .path = m_workspace.config.target(reason.key()) / pathFromText(skill.manifest.slug),
+                 .isUnreadable = unreadable.contains(reason.key())});
+    }
+    return failed;
 }
 
 std::optional<QByteArray> TargetInspector::readFile(const QUuid &id, std::optional<TargetKind> target,

@@ -8,6 +8,7 @@
 #include <VORNELCore/WorkspaceModels.h>
 
 #include <QByteArray>
+#include <QHash>
 
 #include <optional>
 
@@ -22,6 +23,9 @@ public:
 
     /// How each copy stands, in the order of the targets. What goes wrong with a copy is told in its place.
     QList<TargetInspection> inspect(const QUuid &id) const;
+
+    /// The copies known to be `failed`, of active skills.
+    QHash<QUuid, QList<TargetInspection>> failedCopies() const;
 
     /// The bytes of a file of the canonical folder or of the copy in `target`; nothing where no file is.
     std::optional<QByteArray> readFile(const QUuid &id, std::optional<TargetKind> target,

@@ -75,6 +75,24 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill) const
         throw VORNELWorkspaceError::partialSync(kindsOf(install.failures));
 }
 
+void TargetSynchronizer::setAside(const SkillRecord &skill, TargetKind kind) const
+{
+    FileSystem &files = m_workspace.files;
+    const QString &slug = skill.manifest.slug;
+    prepareRoot(kind);
+    Publication copy{.stage = m_store.makeStage(),
+                     .destination = m_workspace.config.target(kind) / pathFromText(slug)};
+    if (files.kindAt(copy.destination))
+        copy.parking = copy.keptAs = recoveryPlace(u"-removed-"_s, kind, slug);
+    SecureFileTree::copyTree(files, skill.url, copy.stage.path(), TreeFilter::excludingManifest);
+    publish(files, copy);
+    discardFormer(copy);
+
+    TargetReasons reasons = m_workspace.failedSyncTargets.take(skill.manifest.id);
+    if (reasons.remove(kind); !reasons.isEmpty())
+        m_workspace.failedSyncTargets.insert(skill.manifest.id, reasons);
+}
+
 void TargetSynchronizer::removeCopies(const SkillRecord &skill) const
 {
     const Failures failures =
@@ -86,7 +104,7 @@ void TargetSynchronizer::removeCopies(const SkillRecord &skill) const
 
 void TargetSynchronizer::remember(const QUuid &id, const Failures &failures) const
 {
-    QMap<TargetKind, QString> reasons;
+    TargetReasons reasons;
     for (const auto &[kind, failure] : failures)
         reasons.insert(kind, reasonOf(failure));
     if (reasons.isEmpty())
@@ -103,11 +121,14 @@ fs::path TargetSynchronizer::recoveryPlace(const QString &label, TargetKind kind
 
 TargetSynchronizer::Failures TargetSynchronizer::prepareRoots() const
 {
-    return failuresOf([this](TargetKind kind) {
-        const fs::path &root = m_workspace.config.target(kind);
-        refuseLinkedRoot(m_workspace.files, root);
-        createFolders(m_workspace.files, root, Durability::Now);
-    });
+    return failuresOf([this](TargetKind kind) { prepareRoot(kind); });
+}
+
+void TargetSynchronizer::prepareRoot(TargetKind kind) const
+{
+    const fs::path &root = m_workspace.config.target(kind);
+    refuseLinkedRoot(m_workspace.files, root);
+    createFolders(m_workspace.files, root, Durability::Now);
 }
 
 Install TargetSynchronizer::stage(const SkillManifest &manifest, const fs::path &source,
@@ -151,10 +172,16 @@ void TargetSynchronizer::finish(Install &install) const
     for (const auto &[kind, copy] : install.copies) {
         if (copy.failure)
             install.failures.emplace(kind, copy.failure);
-        else if (const fs::path former = copy.former; !former.empty())
-            bestEffort([&] { m_store.discard(former); });
+        else
+            discardFormer(copy);
     }
     remember(install.id, install.failures);
+}
+
+void TargetSynchronizer::discardFormer(const Publication &copy) const
+{
+    if (!copy.former.empty())
+        bestEffort([&] { m_store.discard(copy.former); });
 }
 
 void TargetSynchronizer::removeTargetCopy(const QString &slug, TargetKind kind) const

@@ -35,6 +35,10 @@ public:
     /// thrown as `partialSync`.
     void synchronize(const SkillRecord &skill) const;
 
+    /// Puts a fresh copy in the place of one, whatever stands there; that goes into the recovery folder as it
+    /// is.
+    void setAside(const SkillRecord &skill, TargetKind kind) const;
+
     /// Moves both copies into the recovery folder. A failed target doesn't stop the other: failures are
     /// remembered, then thrown as `partialSync`.
     void removeCopies(const SkillRecord &skill) const;
@@ -56,6 +60,10 @@ public:
 private:
     std::optional<Publication> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
                                           const std::string &digest, TargetKind kind) const;
+    void prepareRoot(TargetKind kind) const;
+
+    /// Removes the folder that a copy has replaced, unless it is kept.
+    void discardFormer(const Publication &copy) const;
     void removeTargetCopy(const QString &slug, TargetKind kind) const;
 
     /// Keeps which targets of a skill failed, if any, each with its reason.

@@ -10,9 +10,21 @@
 
 namespace vornel {
 
-/// Per skill, the targets whose last synchronisation failed, each with the reason as the user reads it. A
-/// skill without failures has no entry.
-using FailedSyncTargets = QHash<QUuid, QMap<TargetKind, QString>>;
+/// Why targets have failed, as the user reads it.
+using TargetReasons = QMap<TargetKind, QString>;
+
+/// Per skill, the targets whose last synchronisation failed. A skill without failures has no entry.
+using FailedSyncTargets = QHash<QUuid, TargetReasons>;
+
+/// Per skill, the targets whose copy couldn't be looked at when the skill's state was last worked out.
+using UnreadableCopies = QHash<QUuid, TargetReasons>;
+
+/// What the failure to read something of one skill means for the others.
+enum class FailureScope {
+    Library, ///< an overview fails with it
+    Skill    ///< a copy that can't be looked at makes its own skill `failed`; errors name the folder they are
+             ///< about
+};
 
 /// What every job of the service works on.
 struct Workspace
@@ -20,6 +32,8 @@ struct Workspace
     FileSystem &files;
     const Configuration &config;
     FailedSyncTargets &failedSyncTargets;
+    UnreadableCopies &unreadableCopies;
+    FailureScope failureScope = FailureScope::Library;
 };
 
 /// Refuses a root that is a link with `symlinkUnsupported`; a root that does not exist passes.

@@ -25,7 +25,7 @@ void keyStroke(benchmark::State &state, const QString &word)
 {
     const auto settings = std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat);
     const auto service = std::make_shared<SampleService>(librarySize);
-    AppModel model(service, service, service, service, nullptr, {}, {}, {}, settings);
+    AppModel model(service, service, service, service, service, nullptr, {}, {}, {}, settings);
     QCoro::waitFor(model.start());
     SkillSelection selection;
     LibraryPage page;

@@ -75,15 +75,11 @@ public:
     }
 
     std::shared_ptr<SampleService> service = std::make_shared<SampleService>(librarySize);
-    AppModel model{service,
-                   service,
-                   service,
-                   service,
-                   std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), "/dev/null"),
-                   {},
-                   {},
-                   {},
-                   std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat)};
+    AppModel model{service, service,
+                   service, service,
+                   service, std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), "/dev/null"),
+                   {},      {},
+                   {},      std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat)};
     LibraryPage *page = nullptr;
 
 private:

@@ -75,9 +75,11 @@ struct LibraryPageTest : testing::Test
     }
 
     std::shared_ptr<GivenSkills> service = std::make_shared<GivenSkills>();
-    AppModel model{service, service, service,
-                   service, nullptr, {},
-                   {},      {},      std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat)};
+    AppModel model{service, service,
+                   service, service,
+                   service, nullptr,
+                   {},      {},
+                   {},      std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat)};
     SkillSelection selection;
     LibraryPage page;
 };

@@ -24,7 +24,7 @@ const QString onboardingKey = u"com.brindlecove.vornel.onboarding.completed.v3"_
 class RealService : public LocalWorkspaceService
 {
 public:
-    RealService() : LocalWorkspaceService(std::make_shared<PosixFileSystem>()) {}
+    RealService() : LocalWorkspaceService(std::make_shared<PosixFileSystem>(), FailureScope::Skill) {}
 
     QFuture<WorkspaceOverview> reload() override
     {
@@ -63,9 +63,9 @@ struct ModelTest : testing::Test
         service = std::make_shared<RealService>();
         const auto drafts =
             std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), scratch.path("workspace"));
-        model =
-            std::make_unique<AppModel>(service, service, service, service, drafts, scratch.path("workspace"),
-                                       scratch.path("claude"), scratch.path("codex"), settings());
+        model = std::make_unique<AppModel>(service, service, service, service, service, drafts,
+                                           scratch.path("workspace"), scratch.path("claude"),
+                                           scratch.path("codex"), settings());
         QObject::connect(model.get(), &AppModel::confirmed, model.get(),
                          [this, sender = model.get()] { confirmations.append(sender->transientMessage()); });
     }

@@ -3,6 +3,10 @@
 #include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/SerializedForms.h>
 
+#include <sys/stat.h>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -41,7 +45,12 @@ protected:
         return service->readFile(demo, copy, file).result();
     }
 
-    const TargetInspection inSync{TargetKind::claude, SyncState::inSync, {}, {}};
+    /// A copy of this state, of which there is nothing more to say.
+    TargetInspection copy(TargetKind target, SyncState state) const
+    {
+        return {.target = target, .state = state, .path = path(rawValue(target).toStdString() + "/demo")};
+    }
+
     QUuid demo;
 };
 
@@ -53,26 +62,26 @@ TEST_F(Inspection, ListsWhatDiffersInACopy)
         std::function<void()> edit;
         QList<FileDifference> differences;
     };
-    const fs::path copy = path("codex/demo");
+    const fs::path folder = path("codex/demo");
     const std::vector<Case> cases{
         {"nothing", [] {}, {}},
         {"same size", [&] { write("codex/demo/SKILL.md", "CANONICAL"); }, {{u"SKILL.md"_s, changed}}},
         {"added", [&] { write("codex/demo/é.txt", "x"); }, {{u"é.txt"_s, added}}},
-        {"removed", [&] { fs::remove(copy / "SKILL.md"); }, {{u"SKILL.md"_s, removed}}},
+        {"removed", [&] { fs::remove(folder / "SKILL.md"); }, {{u"SKILL.md"_s, removed}}},
         {"nested", [&] { write("codex/demo/scripts/run", ""); }, {{u"scripts/run"_s, changed}}},
         {"folder with a file", [&] { write("codex/demo/a/b/c", "x"); }, {{u"a/b/c"_s, added}}},
         {"folder of what does not count", [&] { write("codex/demo/a/.x", "x"); }, {{u"a/"_s, added}}},
-        {"emptied folder", [&] { fs::remove(copy / "scripts/run"); }, {{u"scripts/run"_s, removed}}},
-        {"empty folder", [&] { fs::remove(copy / "empty"); }, {{u"empty/"_s, removed}}},
+        {"emptied folder", [&] { fs::remove(folder / "scripts/run"); }, {{u"scripts/run"_s, removed}}},
+        {"empty folder", [&] { fs::remove(folder / "empty"); }, {{u"empty/"_s, removed}}},
         {"file for a folder",
          [&] {
-             fs::remove(copy / "empty");
+             fs::remove(folder / "empty");
              write("codex/demo/empty", "x");
          },
          {{u"empty"_s, added}, {u"empty/"_s, removed}}},
         {"folder for a file",
          [&] {
-             fs::remove(copy / "SKILL.md");
+             fs::remove(folder / "SKILL.md");
              write("codex/demo/SKILL.md/text", "x");
          },
          {{u"SKILL.md"_s, removed}, {u"SKILL.md/text"_s, added}}},
@@ -91,22 +100,22 @@ TEST_F(Inspection, ListsWhatDiffersInACopy)
         EXPECT_EQ(codex.state, next.differences.isEmpty() ? SyncState::inSync : SyncState::drifted)
             << next.name;
         EXPECT_EQ(codex.state, stateOf(u"demo"_s)) << next.name;
-        EXPECT_EQ(inspect(TargetKind::claude), inSync) << next.name;
-        fs::remove_all(copy);
+        EXPECT_EQ(inspect(TargetKind::claude), copy(TargetKind::claude, SyncState::inSync)) << next.name;
+        fs::remove_all(folder);
         service->synchronize(demo).waitForFinished();
     }
 }
 
 TEST_F(Inspection, TellsEveryCopyApart)
 {
-    const TargetInspection missing{TargetKind::codex, SyncState::missing, {}, {}};
+    const TargetInspection missing = copy(TargetKind::codex, SyncState::missing);
     fs::remove_all(path("codex/demo"));
     EXPECT_EQ(inspect(TargetKind::codex), missing);
     fs::remove_all(path("codex"));
     EXPECT_EQ(inspect(TargetKind::codex), missing);
     fs::create_directory_symlink(path("claude"), path("codex"));
     EXPECT_EQ(inspect(TargetKind::codex).state, SyncState::failed);
-    EXPECT_EQ(inspect(TargetKind::claude), inSync);
+    EXPECT_EQ(inspect(TargetKind::claude), copy(TargetKind::claude, SyncState::inSync));
 
     fs::remove(path("codex"));
     write("codex/demo/SKILL.md", "edited");
@@ -130,7 +139,7 @@ TEST_F(Inspection, RemembersAFailedSynchronisation)
     EXPECT_EQ(failed.state, SyncState::failed);
     EXPECT_EQ(failed.reason, Error::symlinkUnsupported(u"link"_s).errorDescription());
     EXPECT_EQ(failed.differences, (QList<FileDifference>{{u"SKILL.md"_s, changed}}));
-    EXPECT_EQ(inspect(TargetKind::claude), inSync);
+    EXPECT_EQ(inspect(TargetKind::claude), copy(TargetKind::claude, SyncState::inSync));
 }
 
 TEST_F(Inspection, ReadsTheFilesOfTheSkillAndOfItsCopies)
@@ -184,6 +193,125 @@ TEST_F(Inspection, TellsWhoseFoldersStandInTheWay)
     fs::create_directory_symlink(path("aside"), path("claude"));
     write("aside/other/notes.txt", "x");
     EXPECT_EQ(service->occupants(places).result(), expected) << "nothing is installed into a link";
+}
+
+/// A service for which a copy that can't be looked at is its own skill's matter.
+class UnreadableCopy : public Inspection
+{
+protected:
+    UnreadableCopy() : tolerant(manager, FailureScope::Skill)
+    {
+        create(u"other"_s);
+        tolerant.bootstrap(path("workspace"), path("claude"), path("codex")).waitForFinished();
+    }
+
+    SyncState state(const QString &slug)
+    {
+        const QList<SkillSummary> skills = tolerant.reload().result().skills;
+        return std::ranges::find(skills, slug, &SkillSummary::slug)->syncState;
+    }
+
+    fs::path removed() const
+    {
+        for (const std::string &name : names("workspace/.vornel/recovery")) {
+            if (name.ends_with("-removed-codex-demo"))
+                return path("workspace/.vornel/recovery") / name;
+        }
+        return {};
+    }
+
+    LocalWorkspaceService tolerant;
+};
+
+TEST_F(UnreadableCopy, HarmsItsOwnSkillAndIsSetAside)
+{
+    const fs::path place = path("codex/demo");
+    const auto inPlaceOfTheCopy = [&](const auto &make) {
+        return [this, make] {
+            fs::remove_all(path("codex/demo"));
+            make();
+        };
+    };
+    const std::vector<std::pair<const char *, std::function<void()>>> cases{
+        {"link", [&] { fs::create_symlink("/etc/passwd", place / "link"); }},
+        {"pipe", [&] { mkfifo((place / "pipe").c_str(), 0600); }},
+        {"too large", [&] { fs::resize_file(write("codex/demo/large", "x"), 26'214'401); }},
+        {"not UTF-8", [&] { write("codex/demo/\xFF", "x"); }},
+        {"file", inPlaceOfTheCopy([this] { write("codex/demo", "x"); })},
+        {"linked copy", inPlaceOfTheCopy([&] { fs::create_directory_symlink(path("claude/demo"), place); })},
+    };
+    for (const auto &[name, spoil] : cases) {
+        spoil();
+        EXPECT_ANY_THROW(service->reload().result()) << name;
+        write("claude/demo/SKILL.md", "edited"); // which doesn't hide the other copy
+        EXPECT_EQ(state(u"demo"_s), SyncState::failed) << name;
+        EXPECT_EQ(state(u"other"_s), SyncState::inSync) << name;
+        EXPECT_EQ(tolerant.loadSkill(demo).result().syncState, SyncState::failed) << name;
+        const QList<TargetInspection> failed = tolerant.failedCopies().result().value(demo);
+        ASSERT_EQ(failed.size(), 1) << name;
+        EXPECT_EQ(failed, QList{tolerant.inspectTargets(demo).result().at(1)}) << name;
+        EXPECT_TRUE(failed.first().isUnreadable && !failed.first().reason.isEmpty()) << name;
+
+        const fs::file_status stood = fs::symlink_status(place);
+        tolerant.setAside(demo, TargetKind::codex).waitForFinished();
+        EXPECT_EQ(state(u"demo"_s), SyncState::drifted) << name << ": the other copy isn't touched";
+        EXPECT_EQ(fs::symlink_status(removed()).type(), stood.type()) << name;
+        EXPECT_EQ(bytesOf(place / "SKILL.md"), "canonical") << name;
+        EXPECT_TRUE(tolerant.failedCopies().result().isEmpty()) << name;
+        fs::remove_all(removed());
+    }
+    EXPECT_TRUE(fs::exists(path("claude/demo/SKILL.md"))) << "a link is moved, not followed";
+}
+
+TEST_F(UnreadableCopy, IsSetAsideAfterAFailedSynchronisationToo)
+{
+    fs::create_symlink("/etc/passwd", path("codex/demo/link"));
+    EXPECT_EQ(errorOf([&] { tolerant.synchronize(demo).waitForFinished(); }),
+              Error::partialSync({TargetKind::codex}));
+    EXPECT_EQ(tolerant.setAside(demo, TargetKind::codex).result().syncState, SyncState::inSync);
+    EXPECT_TRUE(fs::is_symlink(removed() / "link"));
+
+    fs::rename(path("codex"), path("aside"));
+    fs::create_directory_symlink(path("aside"), path("codex"));
+    EXPECT_EQ(errorOf([&] { tolerant.setAside(demo, TargetKind::codex).waitForFinished(); }),
+              Error::symlinkUnsupported(pathText(path("codex"))));
+    EXPECT_TRUE(fs::exists(path("aside/demo/SKILL.md")));
+    EXPECT_EQ(state(u"other"_s), SyncState::failed) << "as every skill, whose copy nobody can look at";
+}
+
+TEST_F(UnreadableCopy, IsAnotherMatterThanWhatIsWrongInTheLibrary)
+{
+    const fs::path skill = path("workspace/skills/demo");
+    const std::vector<std::pair<std::function<void()>, std::function<void()>>> cases{
+        {[&] { fs::create_symlink("/etc/passwd", skill / "link"); }, [&] { fs::remove(skill / "link"); }},
+        {[&] { fs::rename(skill / "vornel.json", path("manifest")); },
+         [&] { fs::rename(path("manifest"), skill / "vornel.json"); }},
+        {[&] {
+             fs::rename(skill, path("moved"));
+             fs::create_directory_symlink(path("moved"), skill);
+         },
+         [&] {
+             fs::remove(skill);
+             fs::rename(path("moved"), skill);
+         }},
+    };
+    for (const auto &[spoil, mend] : cases) {
+        spoil();
+        const auto strict = errorOf([this] { service->reload().waitForFinished(); });
+        try {
+            tolerant.reload().waitForFinished();
+            ADD_FAILURE() << "no exception";
+        } catch (const Error &error) {
+            EXPECT_EQ(error, strict);
+            EXPECT_EQ(errorMessage(error), strict->errorDescription() +
+                                               u"\nCompétence concernée\u00A0: «\u00A0demo\u00A0», dans "_s +
+                                               pathText(path("workspace/skills")) + u'.');
+            EXPECT_EQ(failedFolder(error), skill);
+        }
+        EXPECT_EQ(errorMessage(*strict), strict->errorDescription());
+        mend();
+    }
+    EXPECT_EQ(state(u"demo"_s), SyncState::inSync);
 }
 
 TEST_F(Inspection, NamesAnUnknownSkill)

@@ -70,10 +70,11 @@ _vornelctl_options() {
 _vornelctl_operands() {
     local workspace=$1
     case $command:$operands in
-        :*) printf '%s\n' status list show diff scan import create save sync assign category trash restore delete \
-            empty-trash ;;
+        :*) printf '%s\n' status list show diff scan import create save sync set-aside assign category trash restore \
+            delete empty-trash ;;
         category:*) printf '%s\n' create update delete ;;
-        show:0 | diff:0 | save:0 | sync:* | trash:* | assign:[1-9]*) _vornelctl_folders "$workspace/skills" ;;
+        show:0 | diff:0 | save:0 | set-aside:0 | sync:* | trash:* | assign:[1-9]*) _vornelctl_folders "$workspace/skills" ;;
+        set-aside:1) printf '%s\n' claude codex ;;
         assign:0 | "category update:0" | "category delete:0")
             _vornelctl_values id "$workspace/.vornel/categories.json" ;;
         restore:0 | delete:0) _vornelctl_values slug "$workspace"/.vornel/trash/*/vornel.json ;;

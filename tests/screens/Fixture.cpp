@@ -34,6 +34,11 @@ public:
         return m_service->inspectTargets(id);
     }
 
+    QFuture<QHash<QUuid, QList<TargetInspection>>> failedCopies() override
+    {
+        return m_service->failedCopies();
+    }
+
     QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                 QString relativePath) override
     {
@@ -75,9 +80,10 @@ Fixture::~Fixture()
 void Fixture::restart()
 {
     m_model.reset();
-    const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
+    const auto service =
+        std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>(), FailureScope::Skill);
     m_model = std::make_unique<AppModel>(
-        service, std::make_shared<Looks>(service, m_isUnreadable), service, service,
+        service, std::make_shared<Looks>(service, m_isUnreadable), service, service, service,
         std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), m_scratch.path("workspace")),
         m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex"),
         std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));
@@ -87,6 +93,11 @@ void Fixture::restart()
 void Fixture::write(const QString &below, const QString &text) const
 {
     m_scratch.write(below.toStdString(), text.toStdString());
+}
+
+QString Fixture::path(const QString &below) const
+{
+    return pathText(m_scratch.path(below.toStdString()));
 }
 
 void Fixture::writeLatin1(const QString &below, const QString &text) const

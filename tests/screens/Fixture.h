@@ -92,6 +92,9 @@ public:
     Q_INVOKABLE QUuid idOf(const QString &slug) const;
     Q_INVOKABLE QUuid trashedIdOf(const QString &slug) const;
 
+    /// The place of this below the scratch folder, in full.
+    Q_INVOKABLE QString path(const QString &below) const;
+
     /// In place of the desktop's file manager.
     Q_INVOKABLE void openFolder(const QUrl &url) { m_openedFolder = url.toLocalFile(); }
 

@@ -88,6 +88,37 @@ ScreenTest {
         compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytes("workspace/skills/notes/SKILL.md"));
     }
 
+    function test_a_copy_that_can_not_be_read() {
+        openShell(["audit", "notes"]);
+        spoil("notes");
+        model.reload();
+        settle();
+        const reason = "Codex\u00A0: Échec d’intégrité : La racine n’est pas un dossier : notes (" + fixture.path("codex/notes") + ")";
+        tryVerify(() => control("notes").Accessible.description.includes(reason), 5000, "on the card");
+        openAttention();
+        awaitLine("notes", " · Claude : copie modifiée · Codex : échec");
+        compare(control("notes").record.failure, reason);
+
+        list("À réparer").forceActiveFocus();
+        press(Qt.Key_Return);
+        awaitText("Retour à la bibliothèque");
+        tryVerify(() => control("Codex, échec").Accessible.description.includes(fixture.path("codex/notes")));
+        model.closeSkill();
+        awaitText("À RÉPARER");
+
+        button("notes").clicked();
+        awaitText("Différences avec les copies");
+        click("Ouvrir le dossier");
+        compare(fixture.openedFolder, fixture.path("codex"));
+        control("Mettre de côté").forceActiveFocus();
+        press(Qt.Key_Space);
+        awaitText("MISE DE CÔTÉ");
+        tryVerify(() => !shows("Mettre de côté"));
+        verify(shows("Différences avec les copies"), "the other copy still differs");
+        compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytes("workspace/skills/notes/SKILL.md"));
+        compare(fixture.bytes("claude/notes/SKILL.md"), fixture.bytesOfText("retouché"));
+    }
+
     function test_synchronising_all_past_a_failure() {
         openShell(["a", "b", "c"]);
         edit("a");

@@ -205,6 +205,8 @@ ScreenTest {
         verify(shows(fixture.model.phase.message));
         verify(shows("Indisponible"));
         verify(control("Réessayer").activeFocus);
+        click("Ouvrir le dossier");
+        compare(fixture.openedFolder + "/workspace", fixture.path("workspace"));
         fixture.remove("workspace");
         click("Réessayer");
         awaitText("Ouverture d’VORNEL");

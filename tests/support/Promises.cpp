@@ -59,7 +59,7 @@ public:
     void checkFirst() const
     {
         check();
-        checkEditsOfTrashedSkills();
+        checkCopiesTakenOut();
         checkStrangersFolders();
     }
 
@@ -204,18 +204,19 @@ private:
     }
 
     /// What an assistant has edited in a copy isn't lost when the copy is taken out.
-    void checkEditsOfTrashedSkills() const
+    void checkCopiesTakenOut() const
     {
         for (const auto &[slug, copy] : m_before.codex) {
-            const SkillOnDisk *old = m_before.find(slug);
-            const SkillOnDisk *done = m_after.find(slug);
-            if (old == nullptr || old->isTrashed || done == nullptr || !done->isTrashed)
+            const auto hasTaken = [&slug = slug](const WorkspaceState &state, const auto &isThis) {
+                return std::ranges::any_of(state.recovery, [&](const auto &entry) {
+                    return entry.first.ends_with("-removed-codex-" + slug) && isThis(entry.second);
+                });
+            };
+            if (!hasTaken(m_after, [](const Tree &) { return true; }))
                 continue;
             const auto installed = m_now.codex.find(slug);
             const bool isInstalled = installed != m_now.codex.end() && installed->second == copy;
-            const bool isKept = std::ranges::any_of(m_now.recovery, [&](const auto &entry) {
-                return entry.first.ends_with("-removed-codex-" + slug) && entry.second == copy;
-            });
+            const bool isKept = hasTaken(m_now, [&copy = copy](const Tree &tree) { return tree == copy; });
             EXPECT_TRUE(isInstalled || isKept) << "the edits in " << slug << " are lost";
         }
     }

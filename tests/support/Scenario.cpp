@@ -68,6 +68,11 @@ void synchronize(Service &service)
         service.synchronize(id).result();
 }
 
+void setAside(Service &service)
+{
+    service.setAside(*activeIDs(service, {u"demo"_s}).cbegin(), TargetKind::codex).result();
+}
+
 std::function<void(Service &)> trash(const QStringList &slugs)
 {
     return [slugs](Service &service) { service.moveToTrash(activeIDs(service, slugs)).result(); };
@@ -116,6 +121,7 @@ std::vector<Scenario> allScenarios()
         operation("deleteCategory", deleteCategory, "category delete equipe",
                   Error::integrityFailure(u"Catégorie introuvable."_s)),
         operation("synchronize", synchronize, "sync demo second"),
+        operation("setAside", setAside, "set-aside demo codex"),
         operation("trashOne", trash({u"demo"_s}), "trash demo", done),
         operation("trashSeveral", trash({u"demo"_s, u"second"_s}), "trash demo second", done),
         operation("restore", restore, "restore gone --replace", done),

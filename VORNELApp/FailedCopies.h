@@ -1,0 +1,41 @@
+#pragma once
+
+#include <VORNELCore/TargetInspecting.h>
+#include <VORNELCore/WorkspaceModels.h>
+
+#include <QCoro/QCoroTask>
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+namespace vornel {
+
+/// Why copies have failed, for the skills that an overview says have such ones.
+class FailedCopies : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// Asks anew, if any of these skills of an overview has a failed copy; `changed` follows.
+    void follow(const QList<SkillSummary> &skills, const std::shared_ptr<TargetInspecting> &inspector);
+
+    /// Names the assistants, the reasons and the places of a skill's failed copies; empty without any.
+    QString problem(const QUuid &id) const;
+
+    /// The same for copies that were looked at, of one skill.
+    static QString problem(const QList<TargetInspection> &copies);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    static QCoro::Task<> ask(QPointer<FailedCopies> self, std::shared_ptr<TargetInspecting> inspector);
+    void show(const QHash<QUuid, QList<TargetInspection>> &copies);
+
+    QHash<QUuid, QList<TargetInspection>> m_copies;
+};
+
+} // namespace vornel
