@@ -60,10 +60,10 @@ void AppModel::enterEveryField() const
     QProperty<bool> reader;
     reader.setBinding([this] {
         const auto read = [](const auto &...fields) { (static_cast<void>(fields.value()), ...); };
-        read(m_phase, m_onboardingStep, m_overview, m_importPlan, m_selectedDestination, m_selectedSkillID,
-             m_selectedSkill, m_searchText, m_selectedCategory, m_selectedMaturity, m_isWorking,
-             m_isDetailLoading, m_errorMessage, m_transientMessage, m_canCommitImport, m_commitProgress,
-             m_operationCount, m_isBusy, m_libraryIndex);
+        read(m_phase, m_onboardingStep, m_overview, m_isOverviewCurrent, m_importPlan, m_selectedDestination,
+             m_selectedSkillID, m_selectedSkill, m_searchText, m_selectedCategory, m_selectedMaturity,
+             m_isWorking, m_isDetailLoading, m_errorMessage, m_transientMessage, m_canCommitImport,
+             m_commitProgress, m_operationCount, m_isBusy, m_libraryIndex);
         return true;
     });
 }

@@ -39,6 +39,8 @@ class AppModel : public QObject
     Q_PROPERTY(vornel::AppStates::OnboardingStep onboardingStep READ onboardingStep NOTIFY
                    onboardingStepChanged BINDABLE bindableOnboardingStep)
     Q_PROPERTY(QVariant overview READ overviewValue NOTIFY overviewChanged)
+    Q_PROPERTY(bool isOverviewCurrent READ isOverviewCurrent NOTIFY isOverviewCurrentChanged BINDABLE
+                   bindableIsOverviewCurrent)
     Q_PROPERTY(QVariant importPlan READ importPlanValue NOTIFY importPlanChanged)
     Q_PROPERTY(QVariant selectedDestination READ selectedDestinationValue WRITE setSelectedDestinationValue
                    NOTIFY selectedDestinationChanged)
@@ -86,6 +88,10 @@ public:
     Phase phase() const { return m_phase.value(); }
     OnboardingStep onboardingStep() const { return m_onboardingStep.value(); }
     std::optional<WorkspaceOverview> overview() const { return m_overview.value(); }
+
+    /// Whether the last reading succeeded: else nobody knows how the skills and their copies stand.
+    bool isOverviewCurrent() const { return m_isOverviewCurrent.value(); }
+
     std::optional<ImportPlan> importPlan() const { return m_importPlan.value(); }
     std::optional<Destination> selectedDestination() const { return m_selectedDestination.value(); }
 
@@ -175,6 +181,7 @@ public:
     QBindable<Phase> bindablePhase() const { return &m_phase; }
     QBindable<OnboardingStep> bindableOnboardingStep() const { return &m_onboardingStep; }
     QBindable<std::optional<WorkspaceOverview>> bindableOverview() const { return &m_overview; }
+    QBindable<bool> bindableIsOverviewCurrent() const { return &m_isOverviewCurrent; }
     QBindable<std::optional<ImportPlan>> bindableImportPlan() const { return &m_importPlan; }
     QBindable<std::optional<Destination>> bindableSelectedDestination() { return &m_selectedDestination; }
     QBindable<QUuid> bindableSelectedSkillID() const { return &m_selectedSkillID; }
@@ -260,6 +267,7 @@ Q_SIGNALS:
     void phaseChanged();
     void onboardingStepChanged();
     void overviewChanged();
+    void isOverviewCurrentChanged();
     void importPlanChanged();
     void selectedDestinationChanged();
     void selectedSkillIDChanged();
@@ -294,6 +302,8 @@ private:
 
     QCoro::Task<> loadSelectedSkill();
     QCoro::Task<FoundDraft> readDraft(SkillDetail skill);
+    void show(const WorkspaceOverview &overview);
+    QCoro::Task<> readOverview();
     QCoro::Task<> reloadQuietly();
     void runBatch(SkillBatch::Kind kind, QList<SkillSummary> skills, SkillBatch::Operation operation);
     void concludeBatch();
@@ -331,6 +341,8 @@ private:
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, OnboardingStep, m_onboardingStep, &AppModel::onboardingStepChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<WorkspaceOverview>, m_overview,
                                &AppModel::overviewChanged)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(AppModel, bool, m_isOverviewCurrent, true,
+                                         &AppModel::isOverviewCurrentChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<ImportPlan>, m_importPlan,
                                &AppModel::importPlanChanged)
     Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(AppModel, std::optional<Destination>, m_selectedDestination,

@@ -66,7 +66,7 @@ QCoro::Task<> AppModel::start()
     m_phase = Phase::launching();
     clearError();
     try {
-        m_overview = co_await m_service->bootstrap(m_workspaceURL, m_claudeRoot, m_codexRoot);
+        show(co_await m_service->bootstrap(m_workspaceURL, m_claudeRoot, m_codexRoot));
         const bool isOnboarded = m_defaults->value(onboardingCompletedKey, false).toBool();
         m_phase = isOnboarded ? Phase::ready() : Phase::onboarding();
     } catch (const std::exception &error) {
@@ -110,7 +110,7 @@ void AppModel::commitImport()
     perform([this, planID = importPlan()->id]() -> QCoro::Task<> {
         const QFuture<WorkspaceOverview> commit = m_service->commitImport(planID);
         followProgress(commit);
-        m_overview = co_await commit;
+        show(co_await commit);
         m_defaults->setValue(onboardingCompletedKey, true);
         m_defaults->sync();
         m_phase = Phase::ready();
@@ -121,7 +121,23 @@ void AppModel::commitImport()
 
 void AppModel::reload()
 {
-    perform([this]() -> QCoro::Task<> { m_overview = co_await m_service->reload(); });
+    perform([this] { return readOverview(); });
+}
+
+void AppModel::show(const WorkspaceOverview &overview)
+{
+    m_overview = overview;
+    m_isOverviewCurrent = true;
+}
+
+QCoro::Task<> AppModel::readOverview()
+{
+    try {
+        show(co_await m_service->reload());
+    } catch (const std::exception &) {
+        m_isOverviewCurrent = false;
+        throw;
+    }
 }
 
 void AppModel::selectSkill(QUuid id)
@@ -208,7 +224,7 @@ QCoro::Task<bool> AppModel::createSkill(CreateSkillRequest request)
         const SkillDetail created = co_await m_service->createSkill(request);
         m_selectedSkill = created;
         m_selectedSkillID = created.manifest.id;
-        m_overview = co_await m_service->reload();
+        co_await readOverview();
         confirm(u"CRÉÉE"_s);
     });
 }
@@ -220,7 +236,7 @@ QCoro::Task<bool> AppModel::saveSelectedSkill(QString skillMD)
     return perform(
         [this, shown = selectedSkill()->manifest, skillMD = std::move(skillMD)]() -> QCoro::Task<> {
             m_selectedSkill = co_await m_service->saveSkill(shown.id, shown.revision, skillMD);
-            m_overview = co_await m_service->reload();
+            co_await readOverview();
             confirm(u"ENREGISTRÉE"_s);
         });
 }
@@ -231,7 +247,7 @@ void AppModel::synchronizeSelectedSkill()
         return;
     perform([this, id = selectedSkill()->manifest.id]() -> QCoro::Task<> {
         m_selectedSkill = co_await m_service->synchronize(id);
-        m_overview = co_await m_service->reload();
+        co_await readOverview();
         confirm(u"À JOUR"_s);
     });
 }
@@ -239,7 +255,7 @@ void AppModel::synchronizeSelectedSkill()
 QCoro::Task<bool> AppModel::createCategory(QString name, QString colorHex)
 {
     return perform([this, name = std::move(name), colorHex = std::move(colorHex)]() -> QCoro::Task<> {
-        m_overview = co_await m_service->createCategory(name, colorHex);
+        show(co_await m_service->createCategory(name, colorHex));
         confirm(u"CATÉGORIE CRÉÉE"_s);
     });
 }
@@ -248,7 +264,7 @@ QCoro::Task<bool> AppModel::updateCategory(QString id, QString name, QString col
 {
     return perform([this, id = std::move(id), name = std::move(name),
                     colorHex = std::move(colorHex)]() -> QCoro::Task<> {
-        m_overview = co_await m_service->updateCategory(id, name, colorHex);
+        show(co_await m_service->updateCategory(id, name, colorHex));
         confirm(u"CATÉGORIE MODIFIÉE"_s);
     });
 }
@@ -256,7 +272,7 @@ QCoro::Task<bool> AppModel::updateCategory(QString id, QString name, QString col
 QCoro::Task<bool> AppModel::deleteCategory(QString id)
 {
     return perform([this, id = std::move(id)]() -> QCoro::Task<> {
-        m_overview = co_await m_service->deleteCategory(id);
+        show(co_await m_service->deleteCategory(id));
         if (selectedCategory() == id)
             setSelectedCategory({});
         if (selectedSkill())
@@ -274,7 +290,7 @@ QCoro::Task<> AppModel::reloadQuietly()
 {
     const Operation operation(*this);
     try {
-        m_overview = co_await m_service->reload();
+        co_await readOverview();
     } catch (const std::exception &) {
         co_return; // what is shown stays
     }
@@ -283,7 +299,7 @@ QCoro::Task<> AppModel::reloadQuietly()
 void AppModel::assignSkills(QSet<QUuid> ids, QString category)
 {
     perform([this, ids = std::move(ids), category = std::move(category)]() -> QCoro::Task<> {
-        m_overview = co_await m_service->assignSkills(ids, category);
+        show(co_await m_service->assignSkills(ids, category));
         if (ids.contains(selectedSkillID()))
             m_selectedSkill = co_await m_service->loadSkill(selectedSkillID());
         confirm(u"CATÉGORIE MODIFIÉE"_s);
@@ -302,7 +318,7 @@ void AppModel::setCopyAside(QUuid id, TargetKind target)
         const SkillDetail mended = co_await m_copyRepairer->setAside(id, target);
         if (selectedSkillID() == id)
             m_selectedSkill = mended;
-        m_overview = co_await m_service->reload();
+        co_await readOverview();
         confirm(u"MISE DE CÔTÉ"_s);
     });
 }
@@ -314,7 +330,7 @@ void AppModel::moveSelectedSkillToTrash()
     perform([this, id = selectedSkillID()]() -> QCoro::Task<> {
         const WorkspaceOverview overview = co_await m_service->moveToTrash(id);
         m_drafts->discardDraft(id); // the user has agreed to lose it
-        m_overview = overview;
+        show(overview);
         deselect();
         confirm(u"CORBEILLE"_s);
     });
@@ -323,7 +339,7 @@ void AppModel::moveSelectedSkillToTrash()
 void AppModel::moveSkillsToTrash(QSet<QUuid> ids)
 {
     perform([this, ids = std::move(ids)]() -> QCoro::Task<> {
-        m_overview = co_await m_service->moveToTrash(ids);
+        show(co_await m_service->moveToTrash(ids));
         if (ids.contains(selectedSkillID()))
             deselect();
         confirm(ids.size() == 1 ? u"CORBEILLE"_s : QString::number(ids.size()) + u" DÉPLACÉES"_s);
@@ -333,7 +349,7 @@ void AppModel::moveSkillsToTrash(QSet<QUuid> ids)
 void AppModel::restore(QUuid id)
 {
     perform([this, id]() -> QCoro::Task<> {
-        m_overview = co_await m_service->restore(id);
+        show(co_await m_service->restore(id));
         confirm(u"RESTAURÉE"_s);
     });
 }
@@ -341,7 +357,7 @@ void AppModel::restore(QUuid id)
 void AppModel::deletePermanently(QUuid id)
 {
     perform([this, id]() -> QCoro::Task<> {
-        m_overview = co_await m_service->deletePermanently(id);
+        show(co_await m_service->deletePermanently(id));
         confirm(u"SUPPRIMÉE"_s);
     });
 }
@@ -349,7 +365,7 @@ void AppModel::deletePermanently(QUuid id)
 void AppModel::emptyTrash()
 {
     perform([this]() -> QCoro::Task<> {
-        m_overview = co_await m_service->emptyTrash();
+        show(co_await m_service->emptyTrash());
         confirm(u"CORBEILLE VIDÉE"_s);
     });
 }
@@ -379,7 +395,7 @@ void AppModel::runBatch(SkillBatch::Kind kind, QList<SkillSummary> skills, Skill
     perform([this, kind, skills = std::move(skills), operation = std::move(operation)]() -> QCoro::Task<> {
         co_await m_batch.run(kind, skills, operation);
         concludeBatch();
-        m_overview = co_await m_service->reload();
+        co_await readOverview();
     });
 }
 

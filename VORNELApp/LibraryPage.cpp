@@ -75,6 +75,7 @@ void LibraryPage::follow()
                                &AppModel::selectedMaturityChanged})
         connect(m_model, changed, this, &LibraryPage::begin);
     connect(m_model, &AppModel::overviewChanged, this, &LibraryPage::refresh);
+    connect(m_model, &AppModel::isOverviewCurrentChanged, this, &LibraryPage::refresh);
     connect(&m_model->failedCopies(), &FailedCopies::changed, this, &LibraryPage::refresh);
     connect(m_selection, &SkillSelection::changed, this, &LibraryPage::refresh);
     refresh();
@@ -127,6 +128,8 @@ LibraryCard LibraryPage::card(const SkillSummary &skill) const
 {
     LibraryCard card;
     card.skill = skill;
+    if (!m_model->isOverviewCurrent())
+        card.skill.syncState = SyncState::unknown;
     card.category = m_model->category(skill.category);
     card.age = Wording::age(skill.updatedAt, QDateTime::currentDateTimeUtc());
     card.problem = m_model->failedCopies().problem(skill.id);

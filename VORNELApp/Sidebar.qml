@@ -8,7 +8,7 @@ Rectangle {
 
     required property AppModel model
 
-    readonly property bool isInOrder: model.needsAttentionCount === 0
+    readonly property bool isInOrder: model.isOverviewCurrent && model.needsAttentionCount === 0
 
     color: Colors.surface
 
@@ -85,7 +85,7 @@ Rectangle {
 
             Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
-                color: sidebar.isInOrder ? Colors.success : Colors.warning
+                color: sidebar.isInOrder ? Colors.success : sidebar.model.isOverviewCurrent ? Colors.warning : Colors.danger
                 height: 8
                 radius: 4
                 width: 8
@@ -93,7 +93,7 @@ Rectangle {
             Label {
                 color: Colors.secondary
                 font: Typography.small
-                text: sidebar.isInOrder ? "Tout est à jour" : "Attention requise"
+                text: sidebar.isInOrder ? "Tout est à jour" : sidebar.model.isOverviewCurrent ? "Attention requise" : "Lecture impossible"
             }
         }
     }

@@ -4,6 +4,19 @@ import VORNELApp
 ScreenTest {
     name: "Shell"
 
+    function test_a_failed_reading_leaves_nothing_green() {
+        openShell(["audit", "notes"]);
+        fixture.remove("workspace/skills/notes/vornel.json");
+        click("Actualiser");
+        awaitText("Lecture impossible");
+        verify(model.errorMessage.includes("Compétence concernée\u00A0: «\u00A0notes\u00A0»"));
+        tryVerify(() => control("audit").Accessible.description.includes("inconnu"));
+        fixture.remove("workspace/skills/notes");
+        click("Actualiser");
+        awaitText("Tout est à jour");
+        tryVerify(() => control("audit").Accessible.description.includes("à jour"));
+    }
+
     function test_sidebar() {
         openShell(["audit", "notes"]);
         verify(shows("VORNEL"));
