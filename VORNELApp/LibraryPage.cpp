@@ -51,6 +51,15 @@ void LibraryPage::clearFilters()
     begin();
 }
 
+void LibraryPage::select(int from, int to)
+{
+    QSet<QUuid> ids;
+    for (int index = std::max(0, std::min(from, to)); index <= std::max(from, to) && index < m_cardCount;
+         ++index)
+        ids.insert(m_cards.records().at(index).skill.id);
+    m_selection->add(ids);
+}
+
 int LibraryPage::indexAt(int row, int column) const
 {
     int found = -1;

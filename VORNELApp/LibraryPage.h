@@ -71,6 +71,9 @@ public:
     QAbstractItemModel *cards() { return &m_cards; }
     QAbstractItemModel *headings() { return &m_headings; }
 
+    /// Selects the skills of the cards between these two positions, both included.
+    Q_INVOKABLE void select(int from, int to);
+
     /// The position of the card at this place, or of the last one of its row; -1 without such a row.
     Q_INVOKABLE int indexAt(int row, int column) const;
 

@@ -27,7 +27,7 @@ Row {
         anchors.verticalCenter: parent.verticalCenter
         color: Colors.accent
         font: Typography.control
-        text: bar.selection.count === 1 ? "1 sélectionnée" : bar.selection.count + " sélectionnées"
+        text: bar.selection.countText
         width: Math.max(124, implicitWidth)
     }
     ActionButton {

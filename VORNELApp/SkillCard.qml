@@ -13,6 +13,7 @@ T.ItemDelegate {
     required property int mostTags
 
     signal selectionAsked
+    signal rangeAsked
 
     readonly property skillSummary skill: record.skill
     readonly property color hue: CategoryVisuals.hue(record.category.colorHex)
@@ -32,6 +33,17 @@ T.ItemDelegate {
     Accessible.role: Accessible.ListItem
     Accessible.onPressAction: if (enabled) clicked()
     Keys.onSpacePressed: selectionAsked() // which would be a click
+
+    TapHandler {
+        acceptedModifiers: Qt.ControlModifier
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: card.selectionAsked()
+    }
+    TapHandler {
+        acceptedModifiers: Qt.ShiftModifier
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: card.rangeAsked()
+    }
 
     background: Rectangle {
         border.color: card.record.isSelected ? Colors.accent : card.hovered ? Colors.muted : Colors.line

@@ -6,8 +6,9 @@ import VORNELApp
 import VORNELDesignSystem
 
 /**
- * The cards of a page. Arrows, Home and End move, Page Up and Page Down turn the page, Enter opens, Space
- * selects. A card that is dragged takes its skills to where it is dropped.
+ * The cards of a page. Arrows, Home and End move, and select with Shift; Page Up and Page Down turn the page, Enter
+ * opens, Space or a Ctrl+click selects, a Shift+click all up to there. A card that is dragged takes its skills to where
+ * it is dropped.
  */
 FocusScope {
     id: grid
@@ -20,6 +21,9 @@ FocusScope {
 
     property int currentIndex: 0
     property SkillCard currentCard
+
+    /** From where Shift selects. */
+    property int anchorIndex: 0
 
     readonly property real gap: Metrics.large
     readonly property real availableWidth: width - 2 * Metrics.huge
@@ -37,6 +41,25 @@ FocusScope {
         else
             model.selectSkill(skill.id);
     }
+    /** Selects the card here, or no longer does. */
+    function toggle(index: int): void {
+        anchorIndex = index;
+        selection.toggle(card(index).skill.id);
+    }
+    /** Selects all cards up to here. */
+    function selectTo(index: int): void {
+        page.select(anchorIndex, index);
+        moveTo(index);
+    }
+    /** Moves and, with Shift, selects on the way. */
+    function go(index: int, modifiers: int): void {
+        if (index < 0 || index >= page.cardCount)
+            return;
+        if (modifiers & Qt.ShiftModifier)
+            return selectTo(index);
+        anchorIndex = index;
+        moveTo(index);
+    }
     /** The card that has the keyboard when the grid has. */
     function setCurrent(index: int): void {
         currentIndex = Math.max(0, Math.min(index, page.cardCount - 1));
@@ -45,17 +68,15 @@ FocusScope {
             currentCard.focus = true;
     }
     function moveTo(index: int): void {
-        if (index < 0 || index >= page.cardCount)
-            return;
         const target = card(index);
         target.forceActiveFocus(Qt.TabFocusReason);
         const top = target.record.row === 0 ? 0 : target.y - headerHeight;
         scroller.contentY = Math.max(Math.min(scroller.contentY, top), target.y + rowHeight - scroller.height);
     }
-    /** Moves by rows, to the same column where the other row has it. */
-    function moveBy(rows: int): void {
+    /** The card some rows away, in the same column where the other row has it. */
+    function indexBeyond(rows: int): int {
         const place = card(currentIndex).record;
-        moveTo(page.indexAt(place.row + rows, place.column));
+        return page.indexAt(place.row + rows, place.column);
     }
 
     activeFocusOnTab: true
@@ -66,17 +87,17 @@ FocusScope {
         event.accepted = page.cardCount > 0;
         switch (event.accepted ? event.key : 0) {
         case Qt.Key_Left:
-            return moveTo(currentIndex - 1);
+            return go(currentIndex - 1, event.modifiers);
         case Qt.Key_Right:
-            return moveTo(currentIndex + 1);
+            return go(currentIndex + 1, event.modifiers);
         case Qt.Key_Up:
-            return moveBy(-1);
+            return go(indexBeyond(-1), event.modifiers);
         case Qt.Key_Down:
-            return moveBy(1);
+            return go(indexBeyond(1), event.modifiers);
         case Qt.Key_Home:
-            return moveTo(0);
+            return go(0, event.modifiers);
         case Qt.Key_End:
-            return moveTo(page.cardCount - 1);
+            return go(page.cardCount - 1, event.modifiers);
         case Qt.Key_PageUp:
             --page.currentPage;
             return;
@@ -98,6 +119,7 @@ FocusScope {
         }
         function onTurned() {
             grid.setCurrent(0);
+            grid.anchorIndex = 0;
             scroller.contentY = top.y;
         }
 
@@ -147,8 +169,15 @@ FocusScope {
                     x: Metrics.huge + record.column * (grid.cardWidth + grid.gap)
                     y: record.row * grid.rowHeight + record.headersAbove * grid.headerHeight + Metrics.tiny
                     onActiveFocusChanged: if (activeFocus) grid.setCurrent(index)
-                    onClicked: grid.choose(skill)
-                    onSelectionAsked: grid.selection.toggle(skill.id)
+                    onClicked: {
+                        grid.anchorIndex = index;
+                        grid.choose(skill);
+                    }
+                    onRangeAsked: grid.selectTo(index)
+                    onSelectionAsked: {
+                        forceActiveFocus(Qt.MouseFocusReason);
+                        grid.toggle(index);
+                    }
                 }
             }
             FocusRing {

@@ -4,6 +4,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 namespace {
@@ -22,7 +24,6 @@ QSet<QUuid> identifiers(const QList<SkillSummary> &skills)
 SkillSelection::SkillSelection(QObject *parent) : QObject(parent)
 {
     connect(this, &SkillSelection::modelChanged, this, &SkillSelection::follow);
-    connect(this, &SkillSelection::changed, this, &SkillSelection::compareWithAll);
 }
 
 void SkillSelection::follow()
@@ -30,14 +31,24 @@ void SkillSelection::follow()
     connect(m_model, &AppModel::overviewChanged, this, &SkillSelection::dropMissing);
     for (const auto changed : {&AppModel::overviewChanged, &AppModel::searchTextChanged,
                                &AppModel::selectedCategoryChanged, &AppModel::selectedMaturityChanged})
-        connect(m_model, changed, this, &SkillSelection::compareWithAll);
+        connect(m_model, changed, this, &SkillSelection::followShown);
 }
 
 QList<SkillSummary> SkillSelection::selected() const
 {
     QList<SkillSummary> skills = m_model->skills(m_destination);
-    skills.removeIf([this](const SkillSummary &skill) { return !contains(skill.id); });
+    skills.removeIf([this](const SkillSummary &skill) { return !m_shown.contains(skill.id); });
     return skills;
+}
+
+QString SkillSelection::countText() const
+{
+    const auto counted = [](qsizetype count, const QString &one, const QString &several) {
+        return QString::number(count) + (count == 1 ? one : several);
+    };
+    const QString text = counted(count(), u" sélectionnée"_s, u" sélectionnées"_s);
+    const qsizetype hidden = m_ids.size() - m_shown.size();
+    return hidden == 0 ? text : text + u" · "_s + counted(hidden, u" masquée"_s, u" masquées"_s);
 }
 
 QStringList SkillSelection::slugs() const
@@ -86,12 +97,12 @@ void SkillSelection::drop(const QString &text, const QString &category)
 
 void SkillSelection::assign(const QString &category)
 {
-    m_model->assignSkills(m_ids, category);
+    m_model->assignSkills(m_shown, category);
 }
 
 void SkillSelection::trash()
 {
-    m_model->moveSkillsToTrash(m_ids);
+    m_model->moveSkillsToTrash(m_shown);
 }
 
 void SkillSelection::trashAlone(QUuid id)
@@ -101,12 +112,12 @@ void SkillSelection::trashAlone(QUuid id)
 
 void SkillSelection::restore()
 {
-    m_model->restoreSkills(m_ids);
+    m_model->restoreSkills(m_shown);
 }
 
 void SkillSelection::deletePermanently()
 {
-    m_model->deleteSkillsPermanently(m_ids);
+    m_model->deleteSkillsPermanently(m_shown);
 }
 
 void SkillSelection::change(bool isSelecting, const QSet<QUuid> &ids)
@@ -115,6 +126,7 @@ void SkillSelection::change(bool isSelecting, const QSet<QUuid> &ids)
         return;
     m_isSelecting = isSelecting;
     m_ids = ids;
+    compareWithShown();
     Q_EMIT changed();
 }
 
@@ -126,17 +138,26 @@ void SkillSelection::dropMissing()
     change(!kept.isEmpty(), kept);
 }
 
-void SkillSelection::compareWithAll()
+void SkillSelection::followShown()
+{
+    const QSet<QUuid> before = m_shown;
+    compareWithShown();
+    if (m_shown != before)
+        Q_EMIT changed();
+}
+
+void SkillSelection::compareWithShown()
 {
     const QSet<QUuid> all = m_isSelecting ? identifiers(m_model->shownSkills(m_destination)) : QSet<QUuid>();
-    const bool holdsAll = !all.isEmpty() && m_ids.contains(all);
+    m_shown = all & m_ids;
+    const bool holdsAll = !all.isEmpty() && m_shown.size() == all.size();
     if (std::exchange(m_holdsAll, holdsAll) != holdsAll)
         Q_EMIT holdsAllChanged();
 }
 
 QSet<QUuid> SkillSelection::carried(const QUuid &id) const
 {
-    return m_isSelecting && m_ids.contains(id) ? m_ids : QSet<QUuid>{id};
+    return m_shown.contains(id) ? m_shown : QSet<QUuid>{id};
 }
 
 } // namespace vornel

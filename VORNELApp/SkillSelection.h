@@ -7,7 +7,8 @@
 namespace vornel {
 
 /// The skills chosen in the selection mode of the library or of another list, what a dragged card carries,
-/// and the actions on either. Skills that are gone leave the selection; the mode ends with the last of them.
+/// and the actions on either. They concern those that the list shows: what a search or a filter hides stays
+/// selected, and as it is. Skills that are gone leave the selection; the mode ends with the last of them.
 class SkillSelection : public QObject
 {
     Q_OBJECT
@@ -16,19 +17,25 @@ class SkillSelection : public QObject
     Q_PROPERTY(vornel::AppStates::Destination destination MEMBER m_destination)
     Q_PROPERTY(bool isSelecting READ isSelecting NOTIFY changed)
     Q_PROPERTY(int count READ count NOTIFY changed)
+    Q_PROPERTY(QString countText READ countText NOTIFY changed)
     Q_PROPERTY(bool holdsAll READ holdsAll NOTIFY holdsAllChanged)
 
 public:
     explicit SkillSelection(QObject *parent = nullptr);
 
     bool isSelecting() const { return m_isSelecting; }
-    int count() const { return static_cast<int>(m_ids.size()); }
     Q_INVOKABLE bool contains(const QUuid &id) const { return m_ids.contains(id); }
 
-    /// The slugs of the selected skills, in the order of the list.
+    /// How many of the selected skills the list shows.
+    int count() const { return static_cast<int>(m_shown.size()); }
+
+    /// The same for the user, with how many are hidden.
+    QString countText() const;
+
+    /// The slugs of the selected skills that are shown, in the order of the list.
     Q_INVOKABLE QStringList slugs() const;
 
-    /// The one skill that is selected; an invalid variant for none or several.
+    /// The one selected skill that is shown; an invalid variant for none or several.
     Q_INVOKABLE QVariant only() const;
 
     /// Whether every skill that passes the filters is selected, and there is one.
@@ -39,6 +46,9 @@ public:
 
     /// Selects the skill or no longer does. Begins the selection mode.
     Q_INVOKABLE void toggle(QUuid id);
+
+    /// Selects these skills, too. Begins the selection mode.
+    void add(const QSet<QUuid> &ids) { change(true, m_ids + ids); }
 
     /// Selects every skill that passes the filters, on all pages. Begins the selection mode.
     Q_INVOKABLE void selectAll();
@@ -73,13 +83,15 @@ private:
     void follow();
     void change(bool isSelecting, const QSet<QUuid> &ids);
     void dropMissing();
-    void compareWithAll();
+    void compareWithShown();
+    void followShown();
     QList<SkillSummary> selected() const;
     QSet<QUuid> carried(const QUuid &id) const;
 
     AppModel *m_model = nullptr;
     Destination m_destination = Destination::library; ///< set before the first selection
     QSet<QUuid> m_ids;
+    QSet<QUuid> m_shown; ///< those of them that the list shows
     bool m_isSelecting = false;
     bool m_holdsAll = false;
 };

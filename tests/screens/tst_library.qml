@@ -196,6 +196,31 @@ ScreenTest {
         compare(model.selectedSkill.manifest.slug, "plan");
     }
 
+    function test_a_range_is_selected_and_what_a_search_hides_is_left_alone() {
+        openLibrary();
+        mouseClick(control("revue"), 20, 20, Qt.LeftButton, Qt.ControlModifier);
+        awaitText("1 sélectionnée");
+        mouseClick(control("notes"), 20, 20, Qt.LeftButton, Qt.ShiftModifier);
+        awaitText("4 sélectionnées");
+        verify(!model.isDetailLoading && String(model.selectedSkillID).includes("00000000"), "none was opened");
+        model.searchText = "audit";
+        awaitText("1 sélectionnée · 3 masquées");
+        click("Supprimer");
+        awaitText("Placer cette compétence dans la corbeille ?");
+        all("Placer dans la corbeille")[0].clicked();
+        settle();
+        awaitText("0 sélectionnées · 3 masquées");
+        model.searchText = "";
+        awaitText("3 sélectionnées");
+        click("Terminer la sélection");
+
+        control("revue").forceActiveFocus();
+        keyClick(Qt.Key_Down, Qt.ShiftModifier);
+        awaitText("2 sélectionnées");
+        keyClick(Qt.Key_End, Qt.ShiftModifier);
+        awaitText("3 sélectionnées");
+    }
+
     function test_delete_takes_the_card_and_not_what_is_selected() {
         openLibrary();
         control("revue").forceActiveFocus();
