@@ -34,15 +34,11 @@ T.ItemDelegate {
     Accessible.onPressAction: if (enabled) clicked()
     Keys.onSpacePressed: selectionAsked() // which would be a click
 
-    TapHandler {
-        acceptedModifiers: Qt.ControlModifier
-        gesturePolicy: TapHandler.ReleaseWithinBounds
-        onTapped: card.selectionAsked()
-    }
-    TapHandler {
-        acceptedModifiers: Qt.ShiftModifier
-        gesturePolicy: TapHandler.ReleaseWithinBounds
-        onTapped: card.rangeAsked()
+    MouseArea {
+        anchors.fill: parent
+        z: 1 // above the content, and for clicks with these keys alone
+        onClicked: mouse => mouse.modifiers & Qt.ShiftModifier ? card.rangeAsked() : card.selectionAsked()
+        onPressed: mouse => mouse.accepted = (mouse.modifiers & (Qt.ControlModifier | Qt.ShiftModifier)) !== 0
     }
 
     background: Rectangle {

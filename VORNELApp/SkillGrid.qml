@@ -22,7 +22,7 @@ FocusScope {
     property int currentIndex: 0
     property SkillCard currentCard
 
-    /** From where Shift selects. */
+    /** From where Shift selects: the card that had the keyboard last without it. */
     property int anchorIndex: 0
 
     readonly property real gap: Metrics.large
@@ -43,13 +43,14 @@ FocusScope {
     }
     /** Selects the card here, or no longer does. */
     function toggle(index: int): void {
-        anchorIndex = index;
         selection.toggle(card(index).skill.id);
     }
     /** Selects all cards up to here. */
     function selectTo(index: int): void {
-        page.select(anchorIndex, index);
+        const anchor = anchorIndex;
+        page.select(anchor, index);
         moveTo(index);
+        anchorIndex = anchor;
     }
     /** Moves and, with Shift, selects on the way. */
     function go(index: int, modifiers: int): void {
@@ -57,12 +58,12 @@ FocusScope {
             return;
         if (modifiers & Qt.ShiftModifier)
             return selectTo(index);
-        anchorIndex = index;
         moveTo(index);
     }
     /** The card that has the keyboard when the grid has. */
     function setCurrent(index: int): void {
         currentIndex = Math.max(0, Math.min(index, page.cardCount - 1));
+        anchorIndex = currentIndex;
         currentCard = card(currentIndex);
         if (page.cardCount > 0)
             currentCard.focus = true;
@@ -119,7 +120,6 @@ FocusScope {
         }
         function onTurned() {
             grid.setCurrent(0);
-            grid.anchorIndex = 0;
             scroller.contentY = top.y;
         }
 
@@ -169,10 +169,7 @@ FocusScope {
                     x: Metrics.huge + record.column * (grid.cardWidth + grid.gap)
                     y: record.row * grid.rowHeight + record.headersAbove * grid.headerHeight + Metrics.tiny
                     onActiveFocusChanged: if (activeFocus) grid.setCurrent(index)
-                    onClicked: {
-                        grid.anchorIndex = index;
-                        grid.choose(skill);
-                    }
+                    onClicked: grid.choose(skill)
                     onRangeAsked: grid.selectTo(index)
                     onSelectionAsked: {
                         forceActiveFocus(Qt.MouseFocusReason);

@@ -75,7 +75,7 @@ void SkillSelection::toggle(QUuid id)
 
 void SkillSelection::selectAll()
 {
-    change(true, identifiers(m_model->shownSkills(m_destination)));
+    add(identifiers(m_model->shownSkills(m_destination)));
 }
 
 QString SkillSelection::payload(QUuid id) const

@@ -50,9 +50,9 @@ public:
     /// Selects these skills, too. Begins the selection mode.
     void add(const QSet<QUuid> &ids) { change(true, m_ids + ids); }
 
-    /// Selects every skill that passes the filters, on all pages. Begins the selection mode.
+    /// Selects every skill that passes the filters, on all pages, or none of them. The former begins the mode.
     Q_INVOKABLE void selectAll();
-    Q_INVOKABLE void selectNone() { change(m_isSelecting, {}); }
+    Q_INVOKABLE void selectNone() { change(m_isSelecting, m_ids - m_shown); }
 
     /// How many skills a card takes along when it is dragged, and the text that tells which.
     Q_INVOKABLE int carriedCount(QUuid id) const { return static_cast<int>(carried(id).size()); }

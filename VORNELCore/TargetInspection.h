@@ -42,9 +42,9 @@ struct TargetInspection
 public:
     TargetKind target = TargetKind::claude;
     SyncState state = SyncState::unknown;
-    QList<FileDifference> differences; ///< by path; a folder only where nothing in it is listed
-    QString reason;                    ///< of a failure, for the user; empty in any other state
-    std::filesystem::path path;        ///< where the copy stands, or would
+    QList<FileDifference> differences = {}; ///< by path; a folder only where nothing in it is listed
+    QString reason = {};                    ///< of a failure, for the user; empty in any other state
+    std::filesystem::path path = {};        ///< where the copy stands, or would
     bool isUnreadable = false; ///< whether the copy can't be looked at: no synchronisation replaces it then
 
     QString shownPath() const;

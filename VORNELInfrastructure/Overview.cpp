@@ -65,7 +65,8 @@ WorkspaceOverview makeOverview(const Workspace &workspace)
 
 SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
 {
-    SkillDetail detail{.manifest = skill.manifest};
+    SkillDetail detail;
+    detail.manifest = skill.manifest;
     locating(workspace, skill.url, [&] {
         detail.skillMD = SkillFolderStore(workspace).readSkillMD(skill.url, skill.manifest.slug);
         const FileTreeSnapshot tree = SecureFileTree::snapshot(workspace.files, skill.url, TreeFilter::all);

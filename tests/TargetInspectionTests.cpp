@@ -259,6 +259,7 @@ TEST_F(UnreadableCopy, HarmsItsOwnSkillAndIsSetAside)
         EXPECT_EQ(bytesOf(place / "SKILL.md"), "canonical") << name;
         EXPECT_TRUE(tolerant.failedCopies().result().isEmpty()) << name;
         fs::remove_all(removed());
+        write("claude/demo/SKILL.md", "canonical");
     }
     EXPECT_TRUE(fs::exists(path("claude/demo/SKILL.md"))) << "a link is moved, not followed";
 }

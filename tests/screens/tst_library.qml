@@ -207,15 +207,16 @@ ScreenTest {
         awaitText("1 sélectionnée · 3 masquées");
         click("Supprimer");
         awaitText("Placer cette compétence dans la corbeille ?");
-        all("Placer dans la corbeille")[0].clicked();
+        accept();
         settle();
         awaitText("0 sélectionnées · 3 masquées");
         model.searchText = "";
         awaitText("3 sélectionnées");
         click("Terminer la sélection");
-
         control("revue").forceActiveFocus();
+        compare(focusedName(), "revue");
         keyClick(Qt.Key_Down, Qt.ShiftModifier);
+        compare(focusedName(), "plan");
         awaitText("2 sélectionnées");
         keyClick(Qt.Key_End, Qt.ShiftModifier);
         awaitText("3 sélectionnées");
