@@ -8,6 +8,9 @@ Notice {
 
     required property StrayTexts texts
 
+    /** The file that the user is asked about: a look that ends meanwhile may show another one. */
+    property string condemned
+
     /** The notice goes, or shows another text. */
     signal decided
 
@@ -29,7 +32,10 @@ Notice {
         symbol: "trash-2"
         text: "Supprimer le texte"
         visible: notice.texts.isFile
-        onClicked: question.open()
+        onClicked: {
+            notice.condemned = notice.texts.place;
+            question.open();
+        }
     }
     ActionButton {
         text: "Plus tard"
@@ -45,7 +51,15 @@ Notice {
         isDestructive: true
         message: "Ce texte n’est enregistré nulle part ailleurs. Sa suppression est irréversible."
         title: "Supprimer ce texte non enregistré\u00A0?"
-        onAccepted: notice.texts.discard()
+        onAccepted: notice.texts.discard(notice.condemned)
         onClosed: if (isAccepted) notice.decided()
+    }
+    Connections {
+        function onChanged() {
+            if (question.isUsed && notice.texts.place !== notice.condemned)
+                question.close();
+        }
+
+        target: notice.texts
     }
 }

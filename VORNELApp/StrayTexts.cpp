@@ -35,6 +35,11 @@ QString StrayTexts::notice() const
     return isFile() ? (descriptionOf(m_shown.first()) + u' ' + m_failure).trimmed() : m_lookFailure;
 }
 
+QString StrayTexts::place() const
+{
+    return isFile() ? pathText(m_shown.first().place) : QString();
+}
+
 QUrl StrayTexts::folder() const
 {
     return isFile() ? QUrl::fromLocalFile(pathText(m_shown.first().place.parent_path())) : QUrl();
@@ -45,9 +50,12 @@ void StrayTexts::copy()
     copyText(this, m_model, m_shown.first().id);
 }
 
-void StrayTexts::discard()
+void StrayTexts::discard(const QString &place)
 {
-    deleteFile(this, m_model, m_shown.first());
+    const auto file =
+        std::ranges::find(m_shown, place, [](const DraftFile &shown) { return pathText(shown.place); });
+    if (file != m_shown.end())
+        deleteFile(this, m_model, *file);
 }
 
 void StrayTexts::postpone()

@@ -19,6 +19,7 @@ class StrayTexts : public QObject, public QQmlParserStatus
     Q_PROPERTY(QString notice READ notice NOTIFY changed)
     Q_PROPERTY(bool isFile READ isFile NOTIFY changed)
     Q_PROPERTY(bool isText READ isText NOTIFY changed)
+    Q_PROPERTY(QString place READ place NOTIFY changed)
     Q_PROPERTY(QUrl folder READ folder NOTIFY changed)
 
 public:
@@ -32,14 +33,15 @@ public:
     bool isFile() const { return !m_shown.isEmpty(); }
     bool isText() const { return isFile() && !m_shown.first().isSetAside; }
 
-    /// Where the file lies.
+    /// The file, and the folder in which it lies; empty without one.
+    QString place() const;
     QUrl folder() const;
 
     /// Puts the text on the clipboard.
     Q_INVOKABLE void copy();
 
-    /// Deletes the file.
-    Q_INVOKABLE void discard();
+    /// Deletes the file at this place, unless it is told of no more.
+    Q_INVOKABLE void discard(const QString &place);
 
     /// Shows the next one.
     Q_INVOKABLE void postpone();

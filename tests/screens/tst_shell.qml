@@ -172,4 +172,22 @@ ScreenTest {
         fixture.model.selectSkill(fixture.idOf("notes"));
         awaitText("Garder");
     }
+
+    function test_only_the_text_that_was_asked_about_is_deleted() {
+        openShell(["audit", "notes", "plan"]);
+        for (const slug of ["audit", "notes"])
+            fixture.keep(slug, "brouillon de " + slug);
+        fixture.trash(["audit", "notes"]);
+        awaitText(/^Un texte de «/);
+        settle();
+        const asked = shows(/^Un texte de «\u00a0audit/) ? "audit" : "notes";
+        click("Supprimer le texte");
+        tryVerify(() => focusedName() === "Annuler");
+        fixture.model.restore(fixture.trashedIdOf(asked));
+        tryVerify(() => !shows(RegExp("^Un texte de «\u00a0" + asked)));
+        press(Qt.Key_Tab, Qt.Key_Return);
+        tryVerify(() => !shows("Annuler"));
+        fixture.keep("plan", "brouillon de plan"); // after whatever was to be deleted
+        compare(fixture.keptTexts().length, 3);
+    }
 }
