@@ -336,6 +336,7 @@ private:
     SkillBatch m_batch;
     QString m_errorCase;
     std::pair<QUuid, FoundDraft> m_foundDraft; ///< of the skill that was opened last
+    int m_lastLoad = 0;                        ///< counts the loads of a skill: only the last one is awaited
 
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, Phase, m_phase, &AppModel::phaseChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, OnboardingStep, m_onboardingStep, &AppModel::onboardingStepChanged)

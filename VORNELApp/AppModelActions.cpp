@@ -154,16 +154,23 @@ QCoro::Task<> AppModel::loadSelectedSkill()
     const Operation operation(*this);
     m_isDetailLoading = true;
     clearError();
+    const int load = ++m_lastLoad;
     const QUuid id = selectedSkillID();
     try {
         const SkillDetail detail = co_await m_service->loadSkill(id);
-        m_foundDraft = {id, co_await readDraft(detail)};
-        m_selectedSkill = detail;
+        const FoundDraft found = co_await readDraft(detail);
+        if (selectedSkillID() == id) {
+            m_foundDraft = {id, found};
+            m_selectedSkill = detail;
+        }
     } catch (const std::exception &error) {
-        m_selectedSkill = std::nullopt;
-        fail(error);
+        if (selectedSkillID() == id) {
+            m_selectedSkill = std::nullopt;
+            fail(error);
+        }
     }
-    m_isDetailLoading = false;
+    if (load == m_lastLoad)
+        m_isDetailLoading = false;
 }
 
 /// A draft that can't be looked for doesn't keep the skill from being shown.

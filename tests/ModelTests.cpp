@@ -9,6 +9,7 @@
 
 #include <QCoro/QCoroTask>
 #include <QGuiApplication>
+#include <QTest>
 #include <QTimer>
 
 #include <functional>
@@ -51,6 +52,21 @@ private:
     }
 };
 
+/// The real drafts, of which that of one skill is found when the test says so.
+class HeldDrafts : public LocalDrafts
+{
+public:
+    using LocalDrafts::LocalDrafts;
+
+    QFuture<std::optional<KeptDraft>> draft(QUuid id) override
+    {
+        return id == heldID ? answer.future() : LocalDrafts::draft(id);
+    }
+
+    QUuid heldID;
+    QPromise<std::optional<KeptDraft>> answer;
+};
+
 /// A model on three scratch folders; it remembers every confirmation.
 struct ModelTest : testing::Test
 {
@@ -61,8 +77,7 @@ struct ModelTest : testing::Test
     {
         model.reset();
         service = std::make_shared<RealService>();
-        const auto drafts =
-            std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), scratch.path("workspace"));
+        drafts = std::make_shared<HeldDrafts>(std::make_shared<PosixFileSystem>(), scratch.path("workspace"));
         model = std::make_unique<AppModel>(service, service, service, service, service, drafts,
                                            scratch.path("workspace"), scratch.path("claude"),
                                            scratch.path("codex"), settings());
@@ -107,6 +122,7 @@ struct ModelTest : testing::Test
 
     Scratch scratch;
     std::shared_ptr<RealService> service;
+    std::shared_ptr<HeldDrafts> drafts;
     QStringList confirmations;
     std::unique_ptr<AppModel> model;
 };
@@ -347,6 +363,23 @@ TEST_F(ModelTest, OverlappingActionsEachWriteTheirResults)
     EXPECT_EQ(model->overview()->skills.size(), 1);
     EXPECT_FALSE(model->isWorking());
     EXPECT_FALSE(model->isDetailLoading());
+}
+
+TEST_F(ModelTest, ALateLoadLeavesTheSkillThatWasOpenedAfterIt)
+{
+    start();
+    const QUuid audit = create(u"audit"_s);
+    const QUuid notes = create(u"notes"_s);
+    drafts->heldID = audit;
+    drafts->answer.start();
+    model->selectSkill(audit);
+    model->selectSkill(notes);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !model->isDetailLoading(); }));
+    drafts->answer.addResult(std::optional(KeptDraft()));
+    drafts->answer.finish();
+    settle();
+    EXPECT_EQ(model->selectedSkill()->manifest.id, notes);
+    EXPECT_FALSE(model->foundDraft(audit).draft);
 }
 
 TEST_F(ModelTest, EndsOnlyWhenItsOperationsHave)
