@@ -166,6 +166,9 @@ public:
     /// What was found of this skill's unsaved text when it was opened.
     FoundDraft foundDraft(const QUuid &id) const;
 
+    /// Whether this skill could not be opened when that was last tried.
+    bool hasFailedToOpen(const QUuid &id) const { return m_unopenedSkills.contains(id); }
+
     /// The library, prepared for queries of which the fields above are the filter.
     const LibraryIndex &libraryIndex() const { return m_libraryIndex.value(); }
     LibraryQuery::Filter filter() const;
@@ -336,6 +339,7 @@ private:
     SkillBatch m_batch;
     QString m_errorCase;
     std::pair<QUuid, FoundDraft> m_foundDraft; ///< of the skill that was opened last
+    QSet<QUuid> m_unopenedSkills;              ///< those that could not be opened when that was last tried
     int m_lastLoad = 0;                        ///< counts the loads of a skill: only the last one is awaited
 
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, Phase, m_phase, &AppModel::phaseChanged)

@@ -158,12 +158,14 @@ QCoro::Task<> AppModel::loadSelectedSkill()
     const QUuid id = selectedSkillID();
     try {
         const SkillDetail detail = co_await m_service->loadSkill(id);
+        m_unopenedSkills.remove(id);
         const FoundDraft found = co_await readDraft(detail);
         if (selectedSkillID() == id) {
             m_foundDraft = {id, found};
             m_selectedSkill = detail;
         }
     } catch (const std::exception &error) {
+        m_unopenedSkills.insert(id);
         if (selectedSkillID() == id) {
             m_selectedSkill = std::nullopt;
             fail(error);

@@ -26,7 +26,7 @@ void StrayTexts::componentComplete()
     const auto lookAgain = [this] { look(this, m_model); };
     connect(m_model, &AppModel::overviewChanged, this, lookAgain);
     connect(m_model, &AppModel::selectedSkillIDChanged, this, lookAgain);
-    connect(m_model, &AppModel::selectedSkillChanged, this, lookAgain); // before which its draft was read
+    connect(m_model, &AppModel::isDetailLoadingChanged, this, lookAgain); // by then its draft is read
     lookAgain();
 }
 
@@ -112,7 +112,8 @@ QCoro::Task<> StrayTexts::deleteFile(QPointer<StrayTexts> self, AppModel *model,
 bool StrayTexts::isStray(const DraftFile &file) const
 {
     const bool isTakenUp =
-        file.id == m_model->selectedSkillID() || contains(m_model->overview()->skills, file.id);
+        !m_model->hasFailedToOpen(file.id) &&
+        (file.id == m_model->selectedSkillID() || contains(m_model->overview()->skills, file.id));
     return (file.isSetAside || !isTakenUp) && !m_postponed.contains(file);
 }
 
@@ -138,9 +139,10 @@ QString StrayTexts::descriptionOf(const DraftFile &file) const
         return u"Un texte non enregistré "_s + owner + u" n’a pas pu être lu."_s + place;
     if (name.isEmpty())
         return u"Un texte "_s + owner + u" n’a pas été enregistré."_s + place;
-    return u"Un texte "_s + owner +
-           u" n’a pas été enregistré. L’éditeur le reprendra une fois la compétence "_s +
-           u"restaurée depuis la corbeille."_s + place;
+    const QString moment = contains(m_model->overview()->skills, file.id)
+                               ? u"dès que cette compétence pourra être ouverte."_s
+                               : u"une fois la compétence restaurée depuis la corbeille."_s;
+    return u"Un texte "_s + owner + u" n’a pas été enregistré. L’éditeur le reprendra "_s + moment + place;
 }
 
 void StrayTexts::show(const QList<DraftFile> &files)

@@ -8,8 +8,9 @@
 
 namespace vornel {
 
-/// The unsaved texts that no editor takes up: those of skills that aren't in the library, and files that
-/// could not be read. One after another is shown, until it is deleted or postponed to the next start.
+/// The unsaved texts that no editor takes up: those of skills that aren't in the library or could not be
+/// opened, and files that could not be read. One after another is shown, until it is deleted or postponed to
+/// the next start.
 class StrayTexts : public QObject, public QQmlParserStatus
 {
     Q_OBJECT

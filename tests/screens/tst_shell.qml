@@ -190,4 +190,18 @@ ScreenTest {
         fixture.keep("plan", "brouillon de plan"); // after whatever was to be deleted
         compare(fixture.keptTexts().length, 3);
     }
+
+    function test_unsaved_text_of_a_skill_that_can_not_be_opened() {
+        openShell(["audit"]);
+        fixture.keep("audit", "brouillon");
+        fixture.remove("workspace/skills/audit/SKILL.md");
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        awaitText(/^Un texte de «\u00a0audit\u00a0» n’a pas été enregistré\. L’éditeur le reprendra dès que/);
+        click("Copier le texte");
+        tryVerify(() => fixture.clipboard() === "brouillon");
+        fixture.write("workspace/skills/audit/SKILL.md", "name: audit");
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        awaitText("Garder");
+        tryVerify(() => !shows("Copier le texte"));
+    }
 }
