@@ -112,12 +112,12 @@ void SkillSelection::trashAlone(QUuid id)
 
 void SkillSelection::restore()
 {
-    m_model->restoreSkills(m_shown);
+    m_model->restoreSkills(m_held);
 }
 
 void SkillSelection::deletePermanently()
 {
-    m_model->deleteSkillsPermanently(m_shown);
+    m_model->deleteSkillsPermanently(m_held);
 }
 
 void SkillSelection::change(bool isSelecting, const QSet<QUuid> &ids)

@@ -70,7 +70,9 @@ public:
     Q_INVOKABLE void trash();
     Q_INVOKABLE void trashAlone(QUuid id);
 
-    /// What becomes of the selected skills of the trash.
+    /// What becomes of skills of the trash: of those that were selected when `hold` was called, before the
+    /// user is asked, whatever is selected or hidden by now.
+    Q_INVOKABLE void hold() { m_held = m_shown; }
     Q_INVOKABLE void restore();
     Q_INVOKABLE void deletePermanently();
 
@@ -92,6 +94,7 @@ private:
     Destination m_destination = Destination::library; ///< set before the first selection
     QSet<QUuid> m_ids;
     QSet<QUuid> m_shown; ///< those of them that the list shows
+    QSet<QUuid> m_held;
     bool m_isSelecting = false;
     bool m_holdsAll = false;
 };

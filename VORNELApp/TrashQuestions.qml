@@ -14,7 +14,7 @@ Item {
 
     signal closed
 
-    /** What the questions are about: one skill or, without one, those selected. */
+    /** What the questions are about: one skill or, without one, those that the selection holds. */
     property var skill
     property int count
     readonly property string name: skill?.displayName ?? ""
@@ -38,9 +38,13 @@ Item {
     function restore(): void {
         questions.skill ? model.restore(questions.skill.id) : selection.restore();
     }
-    /** Means a selected skill, and none, for all that are selected. Returns their slugs. */
+    /**
+     * Means a selected skill, and none, for all that are selected by now: what is selected later isn't asked about.
+     * Returns their slugs.
+     */
     function choose(skill: var): var {
         const isAlone = skill !== undefined && !selection.contains(skill.id);
+        selection.hold();
         questions.skill = isAlone ? skill : selection.only();
         questions.count = isAlone ? 1 : selection.count;
         return isAlone ? [skill.slug] : selection.slugs();

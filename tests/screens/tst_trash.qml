@@ -78,6 +78,22 @@ ScreenTest {
         compare(trashed(), "");
     }
 
+    function test_what_is_selected_during_the_look_is_not_restored() {
+        openTrash(["a", "b", "c"]);
+        click("Sélectionner");
+        for (const slug of ["a", "b"])
+            click(slug);
+        fixture.holdWorkspace();
+        click("Restaurer");
+        click("c");
+        awaitText("3 sélectionnées");
+        fixture.releaseWorkspace();
+        awaitText("Restaurer 2 compétences\u00A0?");
+        accept();
+        awaitText("2 RESTAURÉES");
+        compare(trashed(), "c");
+    }
+
     function test_one() {
         openTrash(["audit", "notes"]);
         button("audit", "Restaurer").clicked();
