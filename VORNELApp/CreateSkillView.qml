@@ -22,7 +22,7 @@ Sheet {
     function create(): void {
         const slug = form.slug;
         if (!occupied.isAsking)
-            occupied.ask([slug], () => {
+            occupied.ask(slug, () => {
                 if (sheet.isUsed && form.slug === slug)
                     form.submit();
             });

@@ -20,7 +20,7 @@ Sheet {
     /** What waits for the look at the folders, or for the user. */
     property var action
 
-    /** What happens instead where no folder stands in the way; `action`, unless it is given. */
+    /** What happens where no folder stands in the way. */
     property var freeAction
 
     /** Whether what was found can be replaced. */
@@ -47,22 +47,29 @@ Sheet {
     /** The folders are to stay as they are. */
     signal rejected
 
-    /** Runs `action` once nothing stands under the slugs, or the user has agreed to replace it. */
-    function ask(slugs: var, action: var, freeAction: var): void {
-        question.action = action;
-        question.freeAction = freeAction ?? action;
-        occupants.look(slugs);
+    /** Runs `action` once nothing stands under the slug, or the user has agreed to replace it. */
+    function ask(slug: string, action: var): void {
+        prepare(action, action);
+        occupants.look([slug]);
+    }
+
+    /** The same for the skills of the trash that have these slugs. */
+    function askForRestored(slugs: var, action: var, freeAction: var): void {
+        prepare(action, freeAction);
+        occupants.lookForRestored(slugs);
     }
 
     /** The same for the import that is planned. */
     function askForImport(action: var): void {
-        question.action = action;
-        freeAction = action;
+        prepare(action, action);
         occupants.lookForImport();
     }
+    function prepare(action: var, freeAction: var): void {
+        question.action = action;
+        question.freeAction = freeAction;
+    }
     function run(chosen: var): void {
-        action = undefined;
-        freeAction = undefined;
+        prepare(undefined, undefined);
         chosen();
     }
 

@@ -24,6 +24,16 @@ void TargetOccupants::look(const QStringList &slugs)
     lookAt(placesOf(slugs));
 }
 
+void TargetOccupants::lookForRestored(const QStringList &slugs)
+{
+    QList<TargetPlace> places;
+    for (const SkillSummary &skill : m_model->skills(Destination::trash)) {
+        if (slugs.contains(skill.slug))
+            places += placesOfRestored(skill.id, skill.slug);
+    }
+    lookAt(places);
+}
+
 void TargetOccupants::lookForImport()
 {
     const std::optional<ImportPlan> plan = m_model != nullptr ? m_model->importPlan() : std::nullopt;

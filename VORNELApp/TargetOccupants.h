@@ -33,6 +33,9 @@ public:
     /// Looks under these slugs in both assistants' folders. `looked` follows the last look.
     Q_INVOKABLE void look(const QStringList &slugs);
 
+    /// Looks where the skills of these slugs would be restored to.
+    Q_INVOKABLE void lookForRestored(const QStringList &slugs);
+
     /// Looks where the import that is planned puts copies beside those that it has found.
     Q_INVOKABLE void lookForImport();
 

@@ -23,7 +23,7 @@ Item {
 
     function askToRestore(skill: var): void {
         if (canAsk)
-            occupied.ask(choose(skill), () => restore(), () => restoration.open());
+            occupied.askForRestored(choose(skill), () => restore(), () => restoration.open());
     }
     function askToDelete(skill: var): void {
         if (canAsk) {

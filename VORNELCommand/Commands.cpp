@@ -346,7 +346,7 @@ int trash(const Session &session)
 int restore(const Session &session)
 {
     const QUuid id = trashedSkill(session);
-    refuseOccupied(session, placesOf({slugOf(id, session.overview.trashedSkills)}));
+    refuseOccupied(session, placesOfRestored(id, slugOf(id, session.overview.trashedSkills)));
     output(session, session.service.restore(id).result(), Report::overview);
     return ExitCode::success;
 }

@@ -34,7 +34,8 @@ public:
                                                         QString relativePath) = 0;
 
     /// What stands at these places, in the same order, and isn't a copy of an active skill: what a creation,
-    /// a restoration or an import would replace, or can't. In a target that is a link, nothing is looked at.
+    /// a restoration or an import would replace, or can't. What a restoration would leave as it is doesn't
+    /// count, for it equals the trashed skill. In a target that is a link, nothing is looked at.
     virtual QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) = 0;
 };
 

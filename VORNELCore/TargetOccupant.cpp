@@ -24,6 +24,14 @@ QList<TargetPlace> placesOf(const QStringList &slugs)
     return places;
 }
 
+QList<TargetPlace> placesOfRestored(const QUuid &id, const QString &slug)
+{
+    QList<TargetPlace> places = placesOf({slug});
+    for (TargetPlace &place : places)
+        place.restored = id;
+    return places;
+}
+
 QList<TargetPlace> placesFilledBy(const ImportPlan &plan)
 {
     QList<TargetPlace> places;

@@ -12,6 +12,7 @@ struct TargetPlace
 {
     TargetKind target;
     QString slug;
+    QUuid restored = {}; ///< the skill that comes there from the trash; null for any other
 
     bool operator==(const TargetPlace &) const = default;
 };
@@ -46,6 +47,9 @@ public:
 
 /// The places that skills of these slugs take.
 QList<TargetPlace> placesOf(const QStringList &slugs);
+
+/// The places that a skill takes when it is restored.
+QList<TargetPlace> placesOfRestored(const QUuid &id, const QString &slug);
 
 /// The places that an import fills besides those where the skills are found. Where both assistants have the
 /// skill, what is replaced is the user's choice.

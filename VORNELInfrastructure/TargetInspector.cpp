@@ -1,5 +1,6 @@
 #include "TargetInspector.h"
 
+#include "BestEffort.h"
 #include "FileOperations.h"
 #include "SecureFileTree.h"
 #include "SkillFiles.h"
@@ -88,12 +89,16 @@ QString refusalOf(FileKind kind)
 QList<TargetInspection> TargetInspector::inspect(const QUuid &id) const
 {
     const SkillRecord skill = activeRecord(m_workspace, id);
-    const FileTreeSnapshot canonical =
-        SecureFileTree::snapshot(m_workspace.files, skill.url, TreeFilter::excludingManifest);
+    const FileTreeSnapshot canonical = contentOf(skill.url);
     QList<TargetInspection> inspections;
     for (const TargetKind target : allCases<TargetKind>())
         inspections.append(inspect(skill.manifest, canonical, target));
     return inspections;
+}
+
+FileTreeSnapshot TargetInspector::contentOf(const fs::path &folder) const
+{
+    return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
 }
 
 TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
@@ -173,12 +178,27 @@ std::optional<TargetOccupant> TargetInspector::occupant(const TargetPlace &place
     occupant.refusal = refusalOf(*kind);
     if (occupant.refusal.isEmpty()) {
         try {
-            folder.snapshot(name);
+            const auto content = folder.snapshot(name);
+            if (!content || isCopyOfRestored(place, *content))
+                return std::nullopt;
         } catch (const std::exception &error) {
             occupant.refusal = errorMessage(error);
         }
     }
     return occupant;
+}
+
+/// A restoration leaves a folder alone that holds all that it would install.
+bool TargetInspector::isCopyOfRestored(const TargetPlace &place, const FileTreeSnapshot &content) const
+{
+    bool isSame = false;
+    if (!place.restored.isNull()) {
+        bestEffort([&] {
+            const fs::path trashed = m_workspace.config.trashed(place.restored);
+            isSame = contentOf(trashed).digest == content.digest;
+        });
+    }
+    return isSame;
 }
 
 QList<TargetOccupant> TargetInspector::occupants(const QList<TargetPlace> &places) const

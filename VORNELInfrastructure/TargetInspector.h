@@ -31,11 +31,13 @@ public:
     std::optional<QByteArray> readFile(const QUuid &id, std::optional<TargetKind> target,
                                        const QString &relativePath) const;
 
-    /// What stands at these places and isn't a copy of an active skill.
+    /// What stands at these places and isn't a copy of an active skill, nor of one that is restored there.
     QList<TargetOccupant> occupants(const QList<TargetPlace> &places) const;
 
 private:
     std::optional<TargetOccupant> occupant(const TargetPlace &place) const;
+    FileTreeSnapshot contentOf(const std::filesystem::path &folder) const;
+    bool isCopyOfRestored(const TargetPlace &place, const FileTreeSnapshot &content) const;
     TargetInspection inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
                              TargetKind target) const;
 

@@ -195,6 +195,20 @@ TEST_F(Inspection, TellsWhoseFoldersStandInTheWay)
     EXPECT_EQ(service->occupants(places).result(), expected) << "nothing is installed into a link";
 }
 
+TEST_F(Inspection, LeavesOutWhatARestorationWouldInstall)
+{
+    service->moveToTrash(demo).waitForFinished();
+    write("codex/demo/SKILL.md", "canonical");
+    write("codex/demo/scripts/run", "run");
+    fs::create_directory(path("codex/demo/empty"));
+    const QList<TargetPlace> places = placesOfRestored(demo, u"demo"_s);
+    EXPECT_TRUE(service->occupants(places).result().isEmpty());
+    EXPECT_EQ(service->occupants(placesOf({u"demo"_s})).result().size(), 1)
+        << "another skill would replace it";
+    write("codex/demo/notes.txt", "x");
+    EXPECT_EQ(service->occupants(places).result().size(), 1);
+}
+
 /// A service for which a copy that can't be looked at is its own skill's matter.
 class UnreadableCopy : public Inspection
 {
