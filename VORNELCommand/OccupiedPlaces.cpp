@@ -23,17 +23,19 @@ QString linesFor(const QList<TargetOccupant> &occupants)
     return lines;
 }
 
-QString messageFor(const QList<TargetOccupant> &occupants, bool isReplaceable)
+QString messageFor(const QList<TargetOccupant> &occupants)
 {
-    const QString text =
-        !isReplaceable ? u"Ce qui occupe cette place ne peut pas être remplacé\u00A0:\n%1"
-                         "Rien n’a été écrit. Déplacez-le d’abord."_s
-        : occupants.size() == 1
-            ? u"Un dossier que VORNEL n’a pas installé tient déjà cette place\u00A0:\n%1"
-              "Rien n’a été écrit. Avec --replace, il est remplacé, et gardé dans l’historique."_s
-            : u"Des dossiers que VORNEL n’a pas installés tiennent déjà ces places\u00A0:\n%1"
-              "Rien n’a été écrit. Avec --replace, ils sont remplacés, et gardés dans l’historique."_s;
-    return text.arg(linesFor(occupants));
+    const bool isOne = occupants.size() == 1;
+    const QString replaceable =
+        isOne ? u"Un dossier que VORNEL n’a pas installé tient déjà cette place\u00A0:\n%1"
+                "Rien n’a été écrit. Avec --replace, il est remplacé, et gardé dans l’historique."_s
+              : u"Des dossiers que VORNEL n’a pas installés tiennent déjà ces places\u00A0:\n%1"
+                "Rien n’a été écrit. Avec --replace, ils sont remplacés, et gardés dans l’historique."_s;
+    const QString refused = isOne ? u"Ce qui occupe cette place ne peut pas être remplacé\u00A0:\n%1"
+                                    "Rien n’a été écrit. Déplacez-le d’abord."_s
+                                  : u"Ce qui occupe ces places ne peut pas être remplacé\u00A0:\n%1"
+                                    "Rien n’a été écrit. Déplacez-le d’abord."_s;
+    return (occupants.first().refusal.isEmpty() ? replaceable : refused).arg(linesFor(occupants));
 }
 
 } // namespace
@@ -42,11 +44,11 @@ void refuseOccupied(TargetInspecting &copies, const QList<TargetPlace> &places, 
 {
     QList<TargetOccupant> occupants = copies.occupants(places).result();
     const bool isReplaceable = std::ranges::all_of(occupants, &QString::isEmpty, &TargetOccupant::refusal);
-    if (mayReplace && !isReplaceable)
-        occupants.removeIf([](const TargetOccupant &occupant) { return occupant.refusal.isEmpty(); });
     if (occupants.isEmpty() || (mayReplace && isReplaceable))
         return;
-    throw CommandFailure(u"targetOccupied"_s, messageFor(occupants, isReplaceable),
+    if (!isReplaceable)
+        occupants.removeIf([](const TargetOccupant &occupant) { return occupant.refusal.isEmpty(); });
+    throw CommandFailure(u"targetOccupied"_s, messageFor(occupants),
                          {{u"occupants"_s, RecordJson::encode(QVariant::fromValue(occupants))}});
 }
 

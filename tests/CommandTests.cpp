@@ -131,10 +131,13 @@ TEST_F(Vornelctl, ReplacesFoldersOfOthersOnlyWhenTold)
     fs::create_symlink("/etc/passwd", path("codex/aside"));
     refuses("import --json");
     refuses("import --replace --json");
-    const QJsonValue occupant = run("import --replace --json").error()[u"occupants"][0];
-    EXPECT_EQ(occupant[u"slug"], u"aside"_s);
-    EXPECT_EQ(occupant[u"target"], u"codex"_s);
-    EXPECT_EQ(occupant[u"refusal"], u"C’est un lien."_s);
+    for (const char *line : {"import --json", "import --replace --json"}) {
+        const QJsonArray occupants = run(line).error()[u"occupants"].toArray();
+        ASSERT_EQ(occupants.size(), 1) << "what can be replaced isn't among what can't: " << line;
+        EXPECT_EQ(occupants[0][u"slug"], u"aside"_s);
+        EXPECT_EQ(occupants[0][u"target"], u"codex"_s);
+        EXPECT_EQ(occupants[0][u"refusal"], u"C’est un lien."_s);
+    }
     EXPECT_EQ(run("import --except rien").code, 2);
     EXPECT_EQ(run("import --except aside --replace").code, 0);
     EXPECT_EQ(names("codex/both"), std::vector<std::string>{"SKILL.md"});
