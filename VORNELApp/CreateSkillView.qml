@@ -15,6 +15,9 @@ Sheet {
     readonly property string warning: {
         if (occupants.count === 0)
             return "";
+        if (!occupants.canBeReplaced)
+            return occupants.count === 1 ? "Ce nom est déjà pris chez " + occupants.folders[0].assistant + "."
+                                         : "Ce nom est déjà pris chez Claude et Codex.";
         return occupants.count === 1 ? occupants.folders[0].assistant + " a déjà un dossier de ce nom."
                                      : "Claude et Codex ont déjà un dossier de ce nom.";
     }
@@ -60,7 +63,11 @@ Sheet {
         acceptText: "Remplacer"
         model: sheet.model
         rejectText: "Changer d’identifiant"
-        title: count > 0 ? "Le dossier «\u00A0" + form.slug + "\u00A0» existe déjà" : "La compétence n’est pas créée"
+        title: {
+            if (count === 0)
+                return "La compétence n’est pas créée";
+            return canAccept ? "Le dossier «\u00A0" + form.slug + "\u00A0» existe déjà" : "Le nom «\u00A0" + form.slug + "\u00A0» est déjà pris";
+        }
         onRejected: formerFocus = slug
     }
     DepartureGuard {

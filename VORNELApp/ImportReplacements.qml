@@ -47,6 +47,9 @@ Column {
         text: {
             if (occupants.problem !== "")
                 return "Les dossiers des assistants n’ont pas pu être examinés.";
+            if (!occupants.canBeReplaced)
+                return replacements.isOne ? "Le nom d’une compétence à importer est déjà pris."
+                                          : "Les noms de " + occupants.count + " compétences à importer sont déjà pris.";
             return replacements.isOne ? "1 dossier porte le nom d’une compétence à importer."
                                       : occupants.count + " dossiers portent le nom de compétences à importer.";
         }

@@ -32,7 +32,7 @@ void StrayTexts::componentComplete()
 
 QString StrayTexts::notice() const
 {
-    return isFile() ? (descriptionOf(m_shown.first()) + u' ' + m_failure).trimmed() : m_lookFailure;
+    return isFile() ? (m_failure + u' ' + descriptionOf(m_shown.first())).trimmed() : m_lookFailure;
 }
 
 QString StrayTexts::place() const

@@ -38,7 +38,8 @@ public:
     std::filesystem::path placeForReplaced(const QUuid &id, const QString &origin) const;
 
     /// Deletes the history of a skill that is deleted for good, if there is one. What was replaced goes to
-    /// the recovery folder: the skill's text is the user's to delete, these were others'.
+    /// the recovery folder: who deletes a skill means its text, not others' folders, nor the hidden files in
+    /// its own.
     void remove(const QUuid &id) const;
 
 private:

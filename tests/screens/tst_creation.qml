@@ -88,6 +88,11 @@ ScreenTest {
         openSheet();
         type("Veille");
         awaitText("Codex a déjà un dossier de ce nom.");
+        fixture.write("codex/fichier", "à un autre");
+        retype("Identifiant", "fichier");
+        awaitText("Ce nom est déjà pris chez Codex.");
+        retype("Identifiant", "veille");
+        awaitText("Codex a déjà un dossier de ce nom.");
         verify(!shows("Prête à être créée."));
         verify(all("Nouvelle compétence").every(item => item.Accessible.description !== "Formulaire valide"));
         keyClick(Qt.Key_Return);

@@ -81,7 +81,7 @@ ScreenTest {
         fixture.write("claude/fichier/SKILL.md", "un");
         fixture.write("codex/fichier", "à un autre");
         enterImportPage();
-        awaitText("2 dossiers portent le nom de compétences à importer.");
+        awaitText("Les noms de 2 compétences à importer sont déjà pris.");
         tryVerify(() => all("Ouvrir le dossier").length === 2);
         const looks = all("Ouvrir le dossier");
         waitForItemPolished(looks[0].parent);
