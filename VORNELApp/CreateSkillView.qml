@@ -40,6 +40,7 @@ Sheet {
     implicitWidth: Math.min(800, parent.width - 2 * Metrics.page)
     isGuarded: form.isModified || form.isWaiting
     title: "Nouvelle compétence"
+    onAboutToHide: occupied.forget()
     onAboutToShow: form.reset()
     onDepartureAsked: leave()
     onSubmitted: if (canCreate) create()

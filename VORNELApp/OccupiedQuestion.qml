@@ -64,12 +64,17 @@ Sheet {
         prepare(action, action);
         occupants.lookForImport();
     }
+
+    /** Runs nothing any more: whoever asked is gone. */
+    function forget(): void {
+        prepare(undefined, undefined);
+    }
     function prepare(action: var, freeAction: var): void {
         question.action = action;
         question.freeAction = freeAction;
     }
     function run(chosen: var): void {
-        prepare(undefined, undefined);
+        forget();
         chosen();
     }
 

@@ -117,6 +117,23 @@ ScreenTest {
         compare(root.Window.activeFocusItem.Accessible.name, "Instructions de la compétence");
     }
 
+    function test_no_question_about_a_sheet_that_is_closed() {
+        fixture.write("codex/veille/notes.txt", "à un autre");
+        openSheet();
+        type("Veille");
+        awaitText("Codex a déjà un dossier de ce nom.");
+        fixture.holdWorkspace();
+        keyClick(Qt.Key_Return);
+        click("Annuler");
+        click("Abandonner");
+        isGone();
+        fixture.releaseWorkspace();
+        model.reload(); // after whatever the sheet has asked for
+        settle();
+        wait(0);
+        verify(!shows("Remplacer"));
+    }
+
     function test_long_identifier() {
         openSheet();
         type("Veille");
