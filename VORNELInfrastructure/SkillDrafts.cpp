@@ -86,12 +86,20 @@ QList<DraftFile> SkillDrafts::list() const
     const Folder folder = m_files.openFolder(m_folder);
     for (const FolderEntry &entry : m_files.list(folder)) {
         if (isUnfinished(entry.name))
-            bestEffort([&] { removeTree(m_files, {folder, entry.name}); });
+            bestEffort([&] { removeIfLeft({folder, entry.name}); });
         else if (const auto file = draftFile(m_folder, entry.name))
             found.append(*file);
     }
     std::ranges::sort(found, {}, &DraftFile::place);
     return found;
+}
+
+/// A write takes no minute: what is younger, another window may be writing.
+void SkillDrafts::removeIfLeft(const Place &unfinished) const
+{
+    const auto changed = m_files.changedAt(unfinished.folder, unfinished.name);
+    if (changed && changed->secsTo(QDateTime::currentDateTimeUtc()) > 60)
+        removeTree(m_files, unfinished);
 }
 
 void SkillDrafts::remove(const DraftFile &file) const

@@ -26,7 +26,8 @@ public:
     /// Deletes the skill's draft, if there is one.
     void discard(const QUuid &id);
 
-    /// All drafts and what was set aside, by name. What writes that were cut short have left is removed.
+    /// All drafts and what was set aside, by name. What writes that were cut short have left is removed once
+    /// it is a minute old.
     QList<DraftFile> list() const;
 
     void remove(const DraftFile &file) const;
@@ -36,6 +37,7 @@ private:
     bool exists(const std::filesystem::path &file) const { return m_files.kindAt(file).has_value(); }
     std::optional<KeptDraft> decoded(const std::filesystem::path &file) const;
     void setAside(const QUuid &id) const;
+    void removeIfLeft(const Place &unfinished) const;
 
     FileSystem &m_files;
     const std::filesystem::path m_bookkeeping;

@@ -15,10 +15,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// A disk on which everything may have been changed some time ago.
+class AgedFileSystem : public FaultyFileSystem
+{
+public:
+    std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const override
+    {
+        const auto changed = FaultyFileSystem::changedAt(folder, name);
+        return changed ? std::optional(changed->addSecs(-age)) : std::nullopt;
+    }
+
+    int age = 0; ///< in seconds
+};
+
 class Draft : public testing::Test, protected TestWorkspace
 {
 protected:
-    FaultyFileSystem &files() { return *m_files; }
+    AgedFileSystem &files() { return *m_files; }
 
     void keep(const QString &text) { drafts->keepDraft(id, {text, u"texte"_s, {}}).waitForFinished(); }
     std::optional<KeptDraft> read() { return drafts->draft(id).result(); }
@@ -33,7 +46,7 @@ protected:
     void restart()
     {
         drafts.reset();
-        m_files = std::make_shared<FaultyFileSystem>();
+        m_files = std::make_shared<AgedFileSystem>();
         drafts = std::make_unique<LocalDrafts>(m_files, path("workspace"));
         TestWorkspace::restart();
     }
@@ -43,7 +56,7 @@ protected:
     const std::string file = folder + '/' + uuidText(id).toStdString() + ".json";
 
 private:
-    std::shared_ptr<FaultyFileSystem> m_files = std::make_shared<FaultyFileSystem>();
+    std::shared_ptr<AgedFileSystem> m_files = std::make_shared<AgedFileSystem>();
 
 protected:
     std::unique_ptr<LocalDrafts> drafts = std::make_unique<LocalDrafts>(m_files, path("workspace"));
@@ -114,6 +127,9 @@ TEST_F(Draft, IsWholeWhateverFailsWhileItIsReplaced)
     service->bootstrap(path("workspace"), path("claude"), path("codex")).waitForFinished();
     EXPECT_TRUE(fs::exists(path(unfinished)))
         << "another program leaves alone what the window may be writing";
+    drafts->files().waitForFinished();
+    EXPECT_TRUE(fs::exists(path(unfinished))) << "as does another window";
+    files().age = 120;
     drafts->files().waitForFinished();
     EXPECT_EQ(names(folder).size(), 1U) << "the window itself clears what a write has left";
 }
