@@ -7,10 +7,11 @@ Notice {
 
     required property SkillDraft draft
 
-    /** The notice goes. */
+    /** The notice goes, or the user turns from it. */
     signal decided
 
     text: "Texte non enregistré du " + draft.foundMoment + " retrouvé."
+    Keys.onEscapePressed: decided()
 
     ActionButton {
         text: "Garder"

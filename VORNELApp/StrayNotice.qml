@@ -11,10 +11,11 @@ Notice {
     /** The file that the user is asked about: a look that ends meanwhile may show another one. */
     property string condemned
 
-    /** The notice goes, or shows another text. */
+    /** The notice goes, or shows another text; or the user turns from it. */
     signal decided
 
     text: texts.notice
+    Keys.onEscapePressed: decided()
 
     ActionButton {
         symbol: "copy"

@@ -388,6 +388,9 @@ ScreenTest {
         awaitText("Garder");
         compare(textArea().text, "xtexte\n");
         verify(shows("MODIFIÉ"));
+        control("Garder").forceActiveFocus();
+        keyClick(Qt.Key_Escape);
+        verify(textArea().activeFocus && shows("Garder"), "Esc turns from the notice");
         typeAt(0, "y");
         awaitKept(["yxtexte\r\n"]);
         click("Garder");

@@ -157,6 +157,9 @@ ScreenTest {
         fixture.emptyTrashElsewhere();
         fixture.model.reload();
         awaitText(/^Un texte d’une compétence supprimée n’a pas été enregistré\./);
+        control("Plus tard").forceActiveFocus();
+        keyClick(Qt.Key_Escape);
+        verify(!control("Plus tard").activeFocus && shows("Plus tard"), "Esc turns from the notice");
         click("Plus tard");
         tryVerify(() => !shows("Plus tard"));
 
