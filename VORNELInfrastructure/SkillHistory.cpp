@@ -64,8 +64,8 @@ fs::path SkillHistory::placeForReplaced(const QUuid &id, const QString &origin) 
     return placeFor(id, u"replaced-"_s + origin + u'-' + uuidText(QUuid::createUuid()));
 }
 
-bool SkillHistory::holds(const QUuid &id, std::string_view prefix, TreeFilter filter,
-                         const std::string &digest) const
+bool SkillHistory::anyHolds(const QUuid &id, std::string_view prefix, TreeFilter filter,
+                            const std::string &digest) const
 {
     const fs::path history = m_config.historyOf(id);
     return std::ranges::any_of(entriesOf(m_files, history), [&](const std::string &name) {
@@ -79,12 +79,12 @@ bool SkillHistory::holds(const QUuid &id, std::string_view prefix, TreeFilter fi
 
 bool SkillHistory::holdsRevision(const SkillManifest &manifest, const FileTreeSnapshot &content) const
 {
-    return holds(manifest.id, std::to_string(manifest.revision) + '-', TreeFilter::all, content.digest);
+    return anyHolds(manifest.id, std::to_string(manifest.revision) + '-', TreeFilter::all, content.digest);
 }
 
-bool SkillHistory::holdsAllOf(const QUuid &id, const FileTreeSnapshot &copy) const
+bool SkillHistory::holds(const QUuid &id, const std::string &digest) const
 {
-    return copy.isWhole && holds(id, {}, TreeFilter::excludingManifest, copy.digest);
+    return anyHolds(id, {}, TreeFilter::excludingManifest, digest);
 }
 
 fs::path SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const

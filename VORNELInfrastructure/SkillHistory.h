@@ -31,8 +31,9 @@ public:
     std::filesystem::path keepRevision(const SkillManifest &manifest,
                                        const std::filesystem::path &skillURL) const;
 
-    /// Whether an entry, of whatever revision, holds all of an assistant's folder: it may be deleted then.
-    bool holdsAllOf(const QUuid &id, const FileTreeSnapshot &copy) const;
+    /// Whether an entry, of whatever revision, holds what counts of a folder, which has this digest: a folder
+    /// without anything hidden may be deleted then.
+    bool holds(const QUuid &id, const std::string &digest) const;
 
     /// Where a folder that is replaced is to be kept. `origin` is a target, or "library".
     std::filesystem::path placeForReplaced(const QUuid &id, const QString &origin) const;
@@ -43,7 +44,8 @@ public:
     void remove(const QUuid &id) const;
 
 private:
-    bool holds(const QUuid &id, std::string_view prefix, TreeFilter filter, const std::string &digest) const;
+    bool anyHolds(const QUuid &id, std::string_view prefix, TreeFilter filter,
+                  const std::string &digest) const;
     std::filesystem::path placeFor(const QUuid &id, const QString &name) const;
 
     FileSystem &m_files;

@@ -135,10 +135,11 @@ Install TargetSynchronizer::stage(const SkillManifest &manifest, const fs::path 
                                   const std::string &digest, const Failures &unusable) const
 {
     Install install{manifest.id};
+    Looks looks;
     install.failures = failuresOf([&](TargetKind kind) {
         if (unusable.contains(kind))
             std::rethrow_exception(unusable.at(kind));
-        if (auto copy = stagedCopy(manifest, source, digest, kind))
+        if (auto copy = stagedCopy(manifest, source, digest, kind, looks))
             install.copies.emplace(kind, std::move(*copy));
     });
     return install;
@@ -151,7 +152,7 @@ FileTreeSnapshot TargetSynchronizer::contentOf(const fs::path &folder) const
 
 std::optional<Publication> TargetSynchronizer::stagedCopy(const SkillManifest &manifest,
                                                           const fs::path &source, const std::string &digest,
-                                                          TargetKind kind) const
+                                                          TargetKind kind, Looks &looks) const
 {
     Publication copy{.stage = m_store.makeStage(),
                      .destination = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
@@ -159,12 +160,23 @@ std::optional<Publication> TargetSynchronizer::stagedCopy(const SkillManifest &m
         const FileTreeSnapshot former = contentOf(copy.destination);
         if (former.digest == digest)
             return std::nullopt;
-        if (!m_history.holdsAllOf(manifest.id, former))
+        if (!isHeld(manifest.id, former, looks))
             copy.keptAs = m_history.placeForReplaced(manifest.id, rawValue(kind));
         copy.parking = copy.keptAs.empty() ? recoveryPlace(u"-"_s, kind, manifest.slug) : copy.keptAs;
     }
     SecureFileTree::copyTree(m_workspace.files, source, copy.stage.path(), TreeFilter::excludingManifest);
     return copy;
+}
+
+/// Looks into the history, which takes its time, once where both copies are the same.
+bool TargetSynchronizer::isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const
+{
+    if (!copy.isWhole)
+        return false;
+    auto found = looks.find(copy.digest);
+    if (found == looks.end())
+        found = looks.emplace(copy.digest, m_history.holds(id, copy.digest)).first;
+    return found->second;
 }
 
 void TargetSynchronizer::finish(Install &install) const

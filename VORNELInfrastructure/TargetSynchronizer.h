@@ -58,8 +58,12 @@ public:
     void finish(Install &install) const;
 
 private:
+    /// What the history was found to hold all of, or not, by its digest.
+    using Looks = std::map<std::string, bool>;
+
     std::optional<Publication> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
-                                          const std::string &digest, TargetKind kind) const;
+                                          const std::string &digest, TargetKind kind, Looks &looks) const;
+    bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
     void prepareRoot(TargetKind kind) const;
 
     /// Removes the folder that a copy has replaced, unless it is kept.
