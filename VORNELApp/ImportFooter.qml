@@ -8,6 +8,9 @@ Item {
 
     required property AppModel model
 
+    /** What the import would replace, where the screen above shows it. */
+    required property TargetOccupants occupants
+
     readonly property var plan: model.importPlan
     readonly property bool isReady: plan !== undefined && plan.isReadyToCommit
     property bool isCommitting: false
@@ -85,6 +88,7 @@ Item {
 
         acceptText: "Remplacer et importer"
         model: footer.model
+        occupants: footer.occupants ?? occupied.own
         title: {
             if (!canAccept)
                 return "L’import ne peut pas commencer";

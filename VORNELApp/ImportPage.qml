@@ -65,6 +65,7 @@ FocusScope {
 
             Layout.fillWidth: true
             model: page.model
+            occupants: (content.item as ImportReview)?.occupants ?? null
         }
     }
 }

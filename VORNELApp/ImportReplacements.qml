@@ -9,6 +9,7 @@ Column {
     required property AppModel model
 
     readonly property var plan: model.importPlan
+    readonly property TargetOccupants found: occupants
     readonly property bool isOne: occupants.count === 1
 
     /** The row that was left out last, where the keyboard goes on; -1 without one. */
@@ -25,8 +26,8 @@ Column {
 
     spacing: Metrics.small
     visible: occupants.count > 0 || occupants.problem !== ""
-    Component.onCompleted: occupants.lookForImport()
-    onPlanChanged: occupants.lookForImport()
+    Component.onCompleted: occupants.followImport()
+    onPlanChanged: occupants.followImport()
 
     TargetOccupants {
         id: occupants

@@ -14,6 +14,9 @@ FocusScope {
 
     readonly property var plan: model.importPlan
 
+    /** What the import would replace, or can't. */
+    readonly property TargetOccupants occupants: replacements.found
+
     /** Whether a choice is being recorded, meanwhile others can be made. */
     property bool isRecording: false
 
@@ -108,12 +111,6 @@ FocusScope {
                     spacing: Metrics.small
                     width: parent.width
 
-                    ImportReplacements {
-                        bottomPadding: Metrics.large
-                        model: review.model
-                        width: rows.width - 2 * rows.padding
-                        onEmptied: review.resume()
-                    }
                     Row {
                         height: Metrics.rowHeight
                         spacing: Metrics.medium
@@ -162,6 +159,14 @@ FocusScope {
                         blocked: review.plan.blocked
                         visible: review.plan.blocked.length > 0
                         width: rows.width - 2 * rows.padding
+                    }
+                    ImportReplacements {
+                        id: replacements // last, for what comes after a look moves nothing there
+
+                        model: review.model
+                        topPadding: Metrics.large
+                        width: rows.width - 2 * rows.padding
+                        onEmptied: review.resume()
                     }
                 }
             }

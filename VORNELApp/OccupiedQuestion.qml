@@ -23,6 +23,12 @@ Sheet {
     /** What happens where no folder stands in the way. */
     property var freeAction
 
+    /** What was found; that of another screen where that shows it too. */
+    property TargetOccupants occupants: own
+    readonly property TargetOccupants own: TargetOccupants {
+        model: question.model
+    }
+
     /** Whether what was found can be replaced. */
     readonly property bool canAccept: occupants.canBeReplaced
 
@@ -89,18 +95,17 @@ Sheet {
     onAboutToShow: isAccepted = false
     onClosed: if (isAccepted) run(action)
 
-    TargetOccupants {
-        id: occupants
-
-        model: question.model
-        onLooked: {
+    Connections {
+        function onLooked() {
             if (!question.isAsking || question.isUsed)
                 return;
-            if (count > 0 || problem !== "")
+            if (question.count > 0 || question.occupants.problem !== "")
                 question.open();
             else
                 question.run(question.freeAction);
         }
+
+        target: question.occupants
     }
     Label {
         color: Colors.secondary
@@ -123,7 +128,7 @@ Sheet {
         OccupiedFolders {
             id: folders
 
-            folders: occupants.folders
+            folders: question.occupants.folders
             width: parent.width - (scroller.clip ? Metrics.large : 0)
             onReached: row => scroller.contentY = Math.max(row.y + row.height - scroller.height, Math.min(scroller.contentY, row.y))
         }

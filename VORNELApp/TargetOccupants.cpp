@@ -36,8 +36,20 @@ void TargetOccupants::lookForRestored(const QStringList &slugs)
 
 void TargetOccupants::lookForImport()
 {
+    m_importPlaces = importPlaces();
+    lookAt(m_importPlaces.second);
+}
+
+void TargetOccupants::followImport()
+{
+    if (importPlaces() != m_importPlaces)
+        lookForImport();
+}
+
+TargetOccupants::ImportPlaces TargetOccupants::importPlaces() const
+{
     const std::optional<ImportPlan> plan = m_model != nullptr ? m_model->importPlan() : std::nullopt;
-    lookAt(plan ? placesFilledBy(*plan) : QList<TargetPlace>());
+    return plan ? ImportPlaces(plan->id, placesFilledBy(*plan)) : ImportPlaces();
 }
 
 void TargetOccupants::lookAt(const QList<TargetPlace> &places)

@@ -39,18 +39,26 @@ public:
     /// Looks where the import that is planned puts copies beside those that it has found.
     Q_INVOKABLE void lookForImport();
 
+    /// Does so unless the last look at an import was at these places and for the same scan.
+    Q_INVOKABLE void followImport();
+
 Q_SIGNALS:
     void modelChanged();
     void changed();
     void looked();
 
 private:
+    /// The identifier of an import, and the places that it fills.
+    using ImportPlaces = std::pair<QUuid, QList<TargetPlace>>;
+
     static QCoro::Task<> find(QPointer<TargetOccupants> self, AppModel *model, QList<TargetPlace> places,
                               int request);
+    ImportPlaces importPlaces() const;
     void lookAt(const QList<TargetPlace> &places);
     void show(const QList<TargetOccupant> &folders, const QString &problem = {});
 
     AppModel *m_model = nullptr;
+    ImportPlaces m_importPlaces; ///< that were looked at last
     QList<TargetOccupant> m_folders;
     QString m_problem;
     int m_request = 0; ///< counts the looks: only the last one is shown

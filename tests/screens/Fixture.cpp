@@ -21,12 +21,13 @@ namespace vornel {
 
 namespace {
 
-/// The service's looks at skills, of which those into files fail while `isUnreadable` holds.
+/// The service's looks at skills, of which those into files fail while `isUnreadable` holds, and those at
+/// what stands in the way are counted.
 class Looks : public TargetInspecting
 {
 public:
-    Looks(std::shared_ptr<TargetInspecting> service, const bool &isUnreadable)
-        : m_service(std::move(service)), m_isUnreadable(isUnreadable)
+    Looks(std::shared_ptr<TargetInspecting> service, const bool &isUnreadable, int &count)
+        : m_service(std::move(service)), m_isUnreadable(isUnreadable), m_count(count)
     {}
 
     QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override
@@ -50,12 +51,14 @@ public:
 
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override
     {
+        ++m_count;
         return m_service->occupants(std::move(places));
     }
 
 private:
     const std::shared_ptr<TargetInspecting> m_service;
     const bool &m_isUnreadable;
+    int &m_count;
 };
 
 QUuid idAmong(const QList<SkillSummary> &skills, const QString &slug)
@@ -83,7 +86,7 @@ void Fixture::restart()
     const auto service =
         std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>(), FailureScope::Skill);
     m_model = std::make_unique<AppModel>(
-        service, std::make_shared<Looks>(service, m_isUnreadable), service, service, service,
+        service, std::make_shared<Looks>(service, m_isUnreadable, m_lookCount), service, service, service,
         std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), m_scratch.path("workspace")),
         m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex"),
         std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));

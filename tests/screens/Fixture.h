@@ -16,6 +16,7 @@ class Fixture : public QObject
     Q_PROPERTY(vornel::AppModel *model READ model NOTIFY modelChanged)
     Q_PROPERTY(QString openedFolder MEMBER m_openedFolder) // which the desktop was asked to open
     Q_PROPERTY(bool isUnreadable MEMBER m_isUnreadable)    // whether looks into skills' files fail
+    Q_PROPERTY(int lookCount MEMBER m_lookCount)           // at what stands in the way of copies
 
 public:
     explicit Fixture(QObject *parent = nullptr);
@@ -106,6 +107,7 @@ private:
 
     Scratch m_scratch;
     bool m_isUnreadable = false;
+    int m_lookCount = 0;
     QString m_openedFolder;
     std::unique_ptr<AppModel> m_model;
     std::unique_ptr<WorkspaceHold> m_hold; // goes before the model, which waits for its operations

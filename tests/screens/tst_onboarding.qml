@@ -114,8 +114,10 @@ ScreenTest {
             fixture.write(`claude/${slug}/SKILL.md`, "un");
             fixture.write(`codex/${slug}/SKILL.md`, "deux");
         }
+        fixture.write("claude/seule/SKILL.md", "un");
+        fixture.write("codex/seule/notes.txt", "à un autre");
         enterImportPage();
-        tryVerify(() => shows("Claude"));
+        awaitText("1 dossier porte le nom d’une compétence à importer.");
         let scroller = all("Claude")[0];
         while (scroller.contentY === undefined)
             scroller = scroller.parent;
@@ -132,6 +134,8 @@ ScreenTest {
             verify(choice.activeFocus);
         }
         settle();
+        verify(middle(control("Ne pas importer")) > middle(all("Claude")[29]), "what a look finds moves no choice");
+        compare(fixture.lookCount, 1, "choices change nothing there");
         for (let row = 0; row < 30; ++row) {
             compare(all("Claude")[row].isChosen, row < 20 && row % 2 === 1, slugs[row]);
             compare(all("Codex")[row].isChosen, row < 20 && row % 2 === 0, slugs[row]);
