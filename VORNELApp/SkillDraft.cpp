@@ -84,8 +84,7 @@ void SkillDraft::save()
     if (m_isUnderWay)
         return;
     setUnderWay(true);
-    m_sentText = m_text->text();
-    saveText(this, m_model, m_sentText);
+    saveText(this, m_model, m_text->text());
 }
 
 QCoro::Task<> SkillDraft::saveText(QPointer<SkillDraft> draft, AppModel *model, QString text)
@@ -94,8 +93,10 @@ QCoro::Task<> SkillDraft::saveText(QPointer<SkillDraft> draft, AppModel *model, 
     if (draft.isNull())
         co_return;
     bool succeeded = false;
-    if (mayGoOn)
+    if (mayGoOn) {
+        draft->m_sentText = text;
         succeeded = co_await model->saveSelectedSkill(std::move(text));
+    }
     if (draft.isNull())
         co_return;
     draft->setUnderWay(false);
@@ -127,8 +128,8 @@ void SkillDraft::conclude(bool succeeded)
         return;
     }
     followFailure();
-    if (m_model->isSynchronizationIncomplete())
-        m_model->refreshSelectedSkill(); // the text itself is saved
+    if (!m_model->isSynchronizationIncomplete()) // otherwise the text itself is saved
+        m_sentText.reset();
     Q_EMIT saveFailed();
 }
 
@@ -243,6 +244,7 @@ void SkillDraft::adopt(const QString &text)
 {
     m_savedText = text;
     m_otherBase.clear();
+    m_sentText.reset();
     setStanding(Current);
     measure();
 }

@@ -134,7 +134,7 @@ private:
     QUuid m_skillID;
     QString m_savedText; ///< what the skill holds, as far as is known here; the edits began with it
     QString m_otherBase; ///< unless they were found, and began with the text of this digest
-    QString m_sentText;  ///< what was last asked to be saved
+    std::optional<QString> m_sentText; ///< what is being saved, until it is known to be
     QString m_foundMoment;
     QString m_lookFailure;
     std::optional<DraftKeeper> m_keeper;

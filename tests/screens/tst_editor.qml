@@ -276,6 +276,30 @@ ScreenTest {
         compare(fixture.bytes(file), "e9");
     }
 
+    function test_no_text_of_others_is_taken_for_what_was_sent() {
+        openSkill("texte");
+        typeAt(0, "x");
+        fixture.write(file, "");
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("Recharger");
+        settle();
+        compare(fixture.bytes(file), "", "nothing was sent yet");
+        fixture.write(file, "texte");
+        click("Recharger");
+        tryCompare(textArea(), "text", "texte");
+        typeAt(0, "x");
+        save();
+        fixture.write(file, "autre");
+        click("Actualiser");
+        tryCompare(textArea(), "text", "autre");
+        typeAt(0, "y");
+        fixture.write(file, "xtexte");
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("Recharger");
+        settle();
+        compare(fixture.bytes(file), fixture.bytesOfText("xtexte"), "what was sent has been taken");
+    }
+
     function test_ones_own_text_is_kept_knowingly() {
         openSkill("texte");
         typeAt(0, "x");
