@@ -258,9 +258,9 @@ public:
     QCoro::Task<bool> saveSelectedSkill(QString skillMD);
     QCoro::Task<bool> reloadSelectedSkill();
 
-    /// Whether "SKILL.md" of the skill shown holds this text on the disk; nothing when that can't be found
-    /// out.
-    QCoro::Task<std::optional<bool>> isSelectedText(QString skillMD);
+    /// The bytes of "SKILL.md" of the skill shown, whatever they are, and none where it is missing; nothing
+    /// when they can't be read.
+    QCoro::Task<std::optional<QByteArray>> readSelectedText();
 
     QCoro::Task<bool> createCategory(QString name, QString colorHex);
     QCoro::Task<bool> updateCategory(QString id, QString name, QString colorHex);

@@ -214,13 +214,13 @@ QCoro::Task<bool> AppModel::reloadSelectedSkill()
     });
 }
 
-QCoro::Task<std::optional<bool>> AppModel::isSelectedText(QString skillMD)
+QCoro::Task<std::optional<QByteArray>> AppModel::readSelectedText()
 {
     const Operation operation(*this);
     clearError();
     try {
         const auto bytes = co_await m_inspector->readFile(selectedSkillID(), std::nullopt, u"SKILL.md"_s);
-        co_return bytes == skillMD.toUtf8();
+        co_return bytes.value_or(QByteArray());
     } catch (const std::exception &error) {
         fail(error);
         co_return std::nullopt;

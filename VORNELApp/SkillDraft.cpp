@@ -103,18 +103,19 @@ QCoro::Task<> SkillDraft::saveText(QPointer<SkillDraft> draft, AppModel *model, 
     draft->conclude(succeeded);
 }
 
-/// Sees whether "SKILL.md" still holds the saved text: a save would replace what isn't known here. The
+/// Sees whether "SKILL.md" still holds what is known of it: a save would replace what isn't known here. The
 /// service compares revisions, and whoever edits the file in place leaves the revision as it is.
 QCoro::Task<bool> SkillDraft::isUnchanged(QPointer<SkillDraft> draft, AppModel *model)
 {
     const QUuid id = draft->m_skillID;
-    const std::optional<bool> isSame = co_await model->isSelectedText(draft->m_savedText);
-    bool isKnown = isSame == true;
-    if (isSame == false)
+    const QByteArray known = draft->m_knownBytes;
+    const std::optional<QByteArray> bytes = co_await model->readSelectedText();
+    bool isKnown = bytes == known;
+    if (bytes && !isKnown)
         isKnown = co_await model->refreshSelectedSkill();
     if (draft.isNull() || draft->m_skillID != id)
         co_return false;
-    if (!isSame)
+    if (!bytes)
         draft->followFailure();
     else if (!isKnown)
         draft->setStanding(Stale); // whatever it is, it is not the text that was saved
@@ -150,8 +151,9 @@ void SkillDraft::reload()
 
 QCoro::Task<> SkillDraft::reloadText(QPointer<SkillDraft> draft, AppModel *model)
 {
+    const QUuid id = draft->m_skillID;
     const bool succeeded = co_await model->reloadSelectedSkill();
-    if (!draft.isNull() && succeeded)
+    if (succeeded && !draft.isNull() && draft->isOpen(id))
         draft->take(model->selectedSkill()->skillMD);
 }
 
@@ -160,13 +162,26 @@ void SkillDraft::overrule()
     overruleText(this, m_model);
 }
 
+/// What is on the disk need not be a text, nor be there at all, to be replaced knowingly.
 QCoro::Task<> SkillDraft::overruleText(QPointer<SkillDraft> draft, AppModel *model)
 {
-    const bool succeeded = co_await model->reloadSelectedSkill();
-    if (draft.isNull() || !succeeded)
+    const QUuid id = draft->m_skillID;
+    const std::optional<QByteArray> bytes = co_await model->readSelectedText();
+    if (!bytes)
         co_return;
-    draft->adopt(model->selectedSkill()->skillMD);
+    const bool isLoaded = co_await model->refreshSelectedSkill();
+    if (draft.isNull() || !draft->isOpen(id))
+        co_return;
+    draft->adopt(isLoaded ? model->selectedSkill()->skillMD : QString::fromUtf8(*bytes));
+    if (!isLoaded)
+        draft->m_knownBytes = *bytes;
     Q_EMIT draft->overruled();
+}
+
+bool SkillDraft::isOpen(const QUuid &id) const
+{
+    const std::optional<SkillDetail> skill = m_model->selectedSkill();
+    return m_skillID == id && skill && skill->manifest.id == id;
 }
 
 void SkillDraft::discard()
@@ -243,6 +258,7 @@ void SkillDraft::take(const QString &text)
 void SkillDraft::adopt(const QString &text)
 {
     m_savedText = text;
+    m_knownBytes = text.toUtf8();
     m_otherBase.clear();
     m_sentText.reset();
     setStanding(Current);

@@ -110,6 +110,7 @@ private:
     static QCoro::Task<bool> isUnchanged(QPointer<SkillDraft> draft, AppModel *model);
     static QCoro::Task<> reloadText(QPointer<SkillDraft> draft, AppModel *model);
     static QCoro::Task<> overruleText(QPointer<SkillDraft> draft, AppModel *model);
+    bool isOpen(const QUuid &id) const;
     void conclude(bool succeeded);
     void followFailure();
     void followKeeping();
@@ -132,8 +133,9 @@ private:
     QQuickTextDocument *m_document = nullptr;
     std::optional<FaithfulText> m_text;
     QUuid m_skillID;
-    QString m_savedText; ///< what the skill holds, as far as is known here; the edits began with it
-    QString m_otherBase; ///< unless they were found, and began with the text of this digest
+    QString m_savedText;     ///< what the skill holds, as far as is known here; the edits began with it
+    QByteArray m_knownBytes; ///< that a save may replace; the saved text's, unless that isn't one
+    QString m_otherBase;     ///< unless they were found, and began with the text of this digest
     std::optional<QString> m_sentText; ///< what is being saved, until it is known to be
     QString m_foundMoment;
     QString m_lookFailure;

@@ -42,13 +42,20 @@ ScreenTest {
     }
     function acceptDifferences() {
         awaitText("Différences avec les copies");
-        for (let stop = 0; stop < 3; ++stop)
-            keyClick(Qt.Key_Tab); // over the lines and the way back
+        for (let stop = 0; stop < 3 && focusedName() !== "Enregistrer"; ++stop)
+            keyClick(Qt.Key_Tab); // over the lines, if there are any, and the way back
         keyClick(Qt.Key_Return);
         awaitText("ENREGISTRÉE");
         awaitText("Claude, à jour");
         tryVerify(() => !shows("Différences avec les copies"));
         settle();
+    }
+    /** Replaces what is on the disk, and differs from the copies. */
+    function keepOwnText() {
+        click("Garder mon texte");
+        tryVerify(() => focusedName() === "Annuler");
+        press(Qt.Key_Tab, Qt.Key_Return);
+        acceptDifferences();
     }
     function awaitKept(texts) {
         tryVerify(() => JSON.stringify(fixture.keptTexts()) === JSON.stringify(texts), 2000, "keeps " + texts);
@@ -343,6 +350,14 @@ ScreenTest {
         awaitText("Comparer");
         compare(fixture.bytes(file), "");
         awaitKept(["xtexte"]);
+        keepOwnText();
+        verifyStored("xtexte");
+        typeAt(0, "y");
+        fixture.writeLatin1(file, "\u00e9");
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        keepOwnText();
+        verifyStored("yxtexte");
+        verify(fixture.history("audit").includes("\ufffd"), "what is no text is kept, too");
     }
 
     function test_a_check_shows_that_it_waits() {
