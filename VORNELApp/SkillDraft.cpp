@@ -36,6 +36,7 @@ void SkillDraft::componentComplete()
     connect(document, &QTextDocument::contentsChanged, this, &SkillDraft::measure);
     connect(m_model, &AppModel::selectedSkillChanged, this, &SkillDraft::followSkill);
     connect(m_model, &AppModel::isWorkingChanged, this, &SkillDraft::followLibrary);
+    connect(m_model, &AppModel::overviewChanged, this, &SkillDraft::followLibrary);
     followSkill();
 }
 
@@ -265,7 +266,8 @@ void SkillDraft::adopt(const QString &text)
     measure();
 }
 
-/// Sees, once an operation is over, whether the skill is still what it was.
+/// Sees, once an operation is over or the library was read anew quietly, whether the skill is still what it
+/// was.
 void SkillDraft::followLibrary()
 {
     if (m_model->isWorking() || !m_model->selectedSkill() || !m_model->overview())

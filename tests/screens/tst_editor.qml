@@ -533,7 +533,7 @@ ScreenTest {
         compare(textArea().text, "xautre");
 
         fixture.remove("workspace/skills/audit");
-        click("Actualiser");
+        fixture.model.refreshOverview();
         awaitText("Cette compétence n’est plus dans la bibliothèque. Votre texte est encore ici.");
         verify(!shows("Recharger") && shows("Copier le texte"));
     }
