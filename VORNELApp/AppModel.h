@@ -20,6 +20,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -308,7 +309,7 @@ private:
     void show(const WorkspaceOverview &overview);
     QCoro::Task<> readOverview();
     QCoro::Task<> reloadQuietly();
-    void runBatch(SkillBatch::Kind kind, QList<SkillSummary> skills, SkillBatch::Operation operation);
+    void runBatch(std::function<QCoro::Task<>()> run);
     void concludeBatch();
     void keepBatchFailures();
     void fail(const std::exception &error);

@@ -381,28 +381,33 @@ void AppModel::emptyTrash()
 
 void AppModel::synchronizeSkills(const QSet<QUuid> &ids)
 {
-    runBatch(SkillBatch::Kind::synchronisation, named(ids, skills(Destination::library)),
-             [this](QUuid id) -> QCoro::Task<> { co_await m_service->synchronize(id); });
+    runBatch([this, skills = named(ids, skills(Destination::library))] {
+        return m_batch.synchronize(skills, *m_copyRepairer);
+    });
 }
 
 void AppModel::restoreSkills(const QSet<QUuid> &ids)
 {
-    runBatch(SkillBatch::Kind::restoration, named(ids, skills(Destination::trash)),
-             [this](QUuid id) -> QCoro::Task<> { co_await m_service->restore(id); });
+    runBatch([this, skills = named(ids, skills(Destination::trash))] {
+        return m_batch.run(SkillBatch::Kind::restoration, skills,
+                           [this](QUuid id) -> QCoro::Task<> { co_await m_service->restore(id); });
+    });
 }
 
 void AppModel::deleteSkillsPermanently(const QSet<QUuid> &ids)
 {
-    runBatch(SkillBatch::Kind::deletion, named(ids, skills(Destination::trash)),
-             [this](QUuid id) -> QCoro::Task<> { co_await m_service->deletePermanently(id); });
+    runBatch([this, skills = named(ids, skills(Destination::trash))] {
+        return m_batch.run(SkillBatch::Kind::deletion, skills,
+                           [this](QUuid id) -> QCoro::Task<> { co_await m_service->deletePermanently(id); });
+    });
 }
 
-void AppModel::runBatch(SkillBatch::Kind kind, QList<SkillSummary> skills, SkillBatch::Operation operation)
+void AppModel::runBatch(std::function<QCoro::Task<>()> run)
 {
     if (isWorking())
         return;
-    perform([this, kind, skills = std::move(skills), operation = std::move(operation)]() -> QCoro::Task<> {
-        co_await m_batch.run(kind, skills, operation);
+    perform([this, run = std::move(run)]() -> QCoro::Task<> {
+        co_await run();
         concludeBatch();
         co_await readOverview();
     });

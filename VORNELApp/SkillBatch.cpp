@@ -4,6 +4,9 @@
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/Wording.h>
 
+#include <QCoro/QCoroFuture>
+#include <QFutureWatcher>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -67,12 +70,51 @@ QCoro::Task<> SkillBatch::run(Kind kind, QList<SkillSummary> skills, Operation o
         } catch (const std::exception &error) {
             note(skill, error);
         }
-        ++m_doneCount;
-        if (m_isStopping)
+        advance(m_doneCount + 1);
+        if (isStopping())
             break;
-        Q_EMIT changed();
     }
     end();
+}
+
+QCoro::Task<> SkillBatch::synchronize(QList<SkillSummary> skills, CopyRepairing &service)
+{
+    begin(Kind::synchronisation, skills);
+    QList<QUuid> ids;
+    for (const SkillSummary &skill : skills)
+        ids.append(skill.id);
+    const QFuture<QList<SyncOutcome>> pass = service.synchronizeSkills(ids, m_stop.get_token());
+    QFutureWatcher<QList<SyncOutcome>> watcher;
+    connect(&watcher, &QFutureWatcherBase::progressValueChanged, this, &SkillBatch::advance);
+    watcher.setFuture(pass);
+    try {
+        const QList<SyncOutcome> outcomes = co_await pass;
+        for (qsizetype index = 0; index < outcomes.size(); ++index)
+            note(skills.at(index), outcomes.at(index).failure);
+        m_doneCount = static_cast<int>(outcomes.size());
+    } catch (const std::exception &error) { // what keeps the library from being read keeps each from its turn
+        for (const SkillSummary &skill : skills)
+            note(skill, error);
+        m_doneCount = count();
+    }
+    end();
+}
+
+void SkillBatch::advance(int done)
+{
+    m_doneCount = done;
+    Q_EMIT changed();
+}
+
+void SkillBatch::note(const SkillSummary &skill, const std::exception_ptr &failure)
+{
+    if (!failure)
+        return;
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::exception &error) {
+        note(skill, error);
+    }
 }
 
 /// A skill that is restored stays so when an assistant refuses its copy.
@@ -94,7 +136,7 @@ void SkillBatch::begin(Kind kind, const QList<SkillSummary> &skills)
     m_failures.clear();
     m_incomplete.clear();
     m_isRunning = true;
-    m_isStopping = false;
+    m_stop = std::stop_source();
     Q_EMIT changed();
     Q_EMIT reasonsChanged();
 }
@@ -102,7 +144,6 @@ void SkillBatch::begin(Kind kind, const QList<SkillSummary> &skills)
 void SkillBatch::end()
 {
     m_isRunning = false;
-    m_isStopping = false;
     Q_EMIT changed();
     Q_EMIT reasonsChanged();
 }
@@ -111,7 +152,7 @@ void SkillBatch::stop()
 {
     if (!m_isRunning)
         return;
-    m_isStopping = true;
+    m_stop.request_stop();
     Q_EMIT changed();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELCore/WorkspaceModels.h>
+#include <VORNELCore/CopyRepairing.h>
 
 #include <QCoro/QCoroTask>
 #include <QHash>
@@ -9,10 +9,11 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
+#include <stop_token>
 
 namespace vornel {
 
-/// A change made to several skills, one after another: how far it is, and why it failed where it did.
+/// A change made to several skills: how far it is, and why it failed where it did.
 class SkillBatch : public QObject
 {
     Q_OBJECT
@@ -33,14 +34,17 @@ public:
 
     using QObject::QObject;
 
-    /// Changes the skills in their order. Must not be called while it runs.
+    /// Changes the skills in their order, one after another. Must not be called while it runs.
     QCoro::Task<> run(Kind kind, QList<SkillSummary> skills, Operation operation);
+
+    /// Synchronises them in one operation. Must not be called while it runs.
+    QCoro::Task<> synchronize(QList<SkillSummary> skills, CopyRepairing &service);
 
     /// Leaves the skills as they are that it hasn't come to.
     Q_INVOKABLE void stop();
 
     bool isRunning() const { return m_isRunning; }
-    bool isStopping() const { return m_isStopping; }
+    bool isStopping() const { return m_isRunning && m_stop.stop_requested(); }
     int count() const { return static_cast<int>(m_skills.size()); }
     int doneCount() const { return m_doneCount; }
 
@@ -71,7 +75,9 @@ private:
     };
 
     void begin(Kind kind, const QList<SkillSummary> &skills);
+    void advance(int done);
     void note(const SkillSummary &skill, const std::exception &error);
+    void note(const SkillSummary &skill, const std::exception_ptr &failure);
     void end();
     QStringList told(const QList<Failure> &failures, bool isChanged) const;
 
@@ -82,7 +88,7 @@ private:
     QList<Failure> m_incomplete;     ///< changed, though not in every assistant's folder
     QHash<QUuid, QString> m_reasons; ///< those that are still of use
     bool m_isRunning = false;
-    bool m_isStopping = false;
+    std::stop_source m_stop;
 };
 
 } // namespace vornel

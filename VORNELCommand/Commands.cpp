@@ -262,32 +262,27 @@ QList<QUuid> skillsToSynchronize(const Session &session)
 /// One skill that fails doesn't stop the others; the first failure is thrown once all had their turn.
 int sync(const Session &session)
 {
-    const QList<QUuid> ids = skillsToSynchronize(session);
-    const int total = static_cast<int>(ids.size());
+    const QFuture<QList<SyncOutcome>> pass =
+        session.repairs.synchronizeSkills(skillsToSynchronize(session), {});
+    Terminal::followProgress(u"Synchronisation"_s, QFuture<void>(pass));
     QList<SkillDetail> details;
-    QStringList failures;
-    std::exception_ptr firstFailure;
-    for (int done = 0; done < total; ++done) {
-        Terminal::showProgress(u"Synchronisation"_s, done, total);
-        try {
-            details.append(session.service.synchronize(ids.at(done)).result());
-        } catch (const std::exception &error) {
-            failures.append(slugOf(ids.at(done), session.overview.skills) + u"\u00A0: "_s +
-                            errorMessage(error));
-            if (!firstFailure)
-                firstFailure = std::current_exception();
-        }
+    QList<SyncOutcome> failures;
+    for (const SyncOutcome &outcome : pass.result()) {
+        if (outcome.detail)
+            details.append(*outcome.detail);
+        else
+            failures.append(outcome);
     }
-    Terminal::showProgress(u"Synchronisation"_s, total, total);
-    if (!firstFailure) {
+    if (failures.isEmpty()) {
         output(session, details, Report::states);
         return ExitCode::success;
     }
     if (session.invocation.has(u"json"_s))
-        std::rethrow_exception(firstFailure);
+        std::rethrow_exception(failures.first().failure);
     Terminal::print(Report::states(details));
-    for (const QString &failure : failures)
-        Terminal::printError(Terminal::printable(failure));
+    for (const SyncOutcome &failure : failures)
+        Terminal::printError(Terminal::printable(slugOf(failure.id, session.overview.skills) + u"\u00A0: "_s +
+                                                 errorMessage(failure.failure)));
     return ExitCode::failure;
 }
 

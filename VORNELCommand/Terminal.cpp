@@ -107,27 +107,19 @@ void printError(const QString &line)
     std::fprintf(stderr, "%s\n", line.toUtf8().constData());
 }
 
-void showProgress(const QString &label, int done, int total)
-{
-    if (!showsProgress())
-        return;
-    if (done < total)
-        std::fprintf(stderr, "\r\x1b[K%s %d/%d", label.toUtf8().constData(), done, total);
-    else
-        std::fprintf(stderr, "\r\x1b[K");
-    std::fflush(stderr);
-}
-
 void followProgress(const QString &label, const QFuture<void> &work)
 {
     constexpr std::chrono::milliseconds interval{50};
     if (!showsProgress())
         return;
     while (!work.isFinished()) {
-        showProgress(label, work.progressValue(), work.progressMaximum());
+        if (const int total = work.progressMaximum(); total > 0)
+            std::fprintf(stderr, "\r\x1b[K%s %d/%d", label.toUtf8().constData(), work.progressValue(), total);
+        std::fflush(stderr);
         std::this_thread::sleep_for(interval);
     }
-    showProgress(label, 1, 1);
+    std::fprintf(stderr, "\r\x1b[K");
+    std::fflush(stderr);
 }
 
 } // namespace vornel::Terminal

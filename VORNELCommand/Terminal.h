@@ -35,10 +35,8 @@ void print(const QString &text);
 /// Writes a line to standard error.
 void printError(const QString &line);
 
-/// Shows a step of a long work on standard error where that is a terminal; elsewhere nothing.
-void showProgress(const QString &label, int done, int total);
-
-/// Shows the progress of `work` in the same way until it is finished.
+/// Shows the progress of `work` on standard error until it is finished, where that is a terminal; elsewhere
+/// nothing.
 void followProgress(const QString &label, const QFuture<void> &work);
 
 } // namespace vornel::Terminal

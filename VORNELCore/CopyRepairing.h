@@ -4,13 +4,31 @@
 
 #include <QFuture>
 
+#include <exception>
+#include <optional>
+#include <stop_token>
+
 namespace vornel {
 
-/// Mends copies that a synchronisation can't replace.
+/// What became of one of several skills: the skill as it is now or, where it has none, what went wrong.
+struct SyncOutcome
+{
+    QUuid id;
+    std::optional<SkillDetail> detail;
+    std::exception_ptr failure;
+};
+
+/// Makes copies right where the synchronisation of one skill doesn't do.
 class CopyRepairing
 {
 public:
     virtual ~CopyRepairing() = default;
+
+    /// Synchronises the skills in their order and past failures; those that are in sync are only read.
+    /// Progress runs from 0 to their number, and other operations may come between two skills. Once `stop` is
+    /// requested, the skill under way is the last one. The outcomes are in the same order. Fails as a whole
+    /// where the library can't be read.
+    virtual QFuture<QList<SyncOutcome>> synchronizeSkills(QList<QUuid> ids, std::stop_token stop) = 0;
 
     /// Moves what stands in the place of this copy into the recovery folder, as it is, and installs the
     /// canonical folder there; a link is moved, not followed. May fail with `notBootstrapped`,

@@ -79,6 +79,13 @@ QString errorMessage(const std::exception &error)
     return place == nullptr ? sentence(error) : sentence(error) + u'\n' + place->sentence();
 }
 
+QString errorMessage(const std::exception_ptr &error)
+try {
+    std::rethrow_exception(error);
+} catch (const std::exception &known) {
+    return errorMessage(known);
+}
+
 fs::path failedFolder(const std::exception &error)
 {
     if (const auto *place = dynamic_cast<const FailurePlace *>(&error))

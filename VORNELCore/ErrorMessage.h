@@ -11,6 +11,7 @@ namespace vornel {
 /// for what the file system refused, and otherwise the exception's text. Where the error is about one skill's
 /// folder, a second line names it.
 QString errorMessage(const std::exception &error);
+QString errorMessage(const std::exception_ptr &error);
 
 /// The folder to look at after a failure; empty where the error names none.
 std::filesystem::path failedFolder(const std::exception &error);

@@ -1,6 +1,10 @@
 #include "FileTreeSnapshot.h"
 
+#include "Sha256.h"
 #include "SkillFiles.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace vornel {
 
@@ -19,6 +23,32 @@ QStringList FileTreeSnapshot::relativeFiles() const
             files.append(QString::fromStdString(entry.relativePath));
     }
     return files;
+}
+
+std::string FileTreeSnapshot::contentDigest() const
+{
+    const std::string manifest = std::string("/") + SkillFiles::manifest + '/';
+    std::vector<Entry> content;
+    std::ranges::copy_if(entries, std::back_inserter(content), [&manifest](const Entry &entry) {
+        return ('/' + entry.relativePath + '/').find(manifest) == std::string::npos;
+    });
+    return digestOf(content);
+}
+
+std::string FileTreeSnapshot::digestOf(const std::vector<Entry> &entries)
+{
+    Sha256 hash;
+    std::string line;
+    for (const Entry &entry : entries) {
+        line.assign({static_cast<char>(entry.kind), '\0'});
+        line.append(entry.relativePath).push_back('\0');
+        line.append(std::to_string(entry.size)).push_back('\0');
+        if (entry.fileDigest)
+            line.append(*entry.fileDigest);
+        line.push_back('\n');
+        hash.update(line);
+    }
+    return hash.finish();
 }
 
 } // namespace vornel

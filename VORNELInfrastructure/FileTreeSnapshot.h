@@ -42,6 +42,12 @@ struct FileTreeSnapshot
     /// The paths of the files, in the order of the entries.
     QStringList relativeFiles() const;
 
+    /// The digest that it has without the manifests, as `excludingManifest` would read it.
+    std::string contentDigest() const;
+
+    /// The digest of the listing of these entries.
+    static std::string digestOf(const std::vector<Entry> &entries);
+
     /// Where an entry stands on the disk.
     std::filesystem::path url(const Entry &entry) const { return root / entry.relativePath; }
 };

@@ -7,6 +7,7 @@
 #include "Overview.h"
 #include "SkillAuthoring.h"
 #include "SkillTrash.h"
+#include "SynchronizationPass.h"
 #include "TargetInspector.h"
 #include "WorkspaceBootstrap.h"
 
@@ -184,6 +185,21 @@ QFuture<SkillDetail> LocalWorkspaceService::synchronize(QUuid id)
 {
     return perform(LockMode::Exclusive,
                    [=](const Workspace &workspace) { return SkillAuthoring(workspace).synchronize(id); });
+}
+
+QFuture<QList<SyncOutcome>> LocalWorkspaceService::synchronizeSkills(QList<QUuid> ids, std::stop_token stop)
+{
+    using Outcomes = QList<SyncOutcome>;
+    const auto total = static_cast<int>(ids.size());
+    const auto pass = std::make_shared<SynchronizationPass>(std::move(ids), std::move(stop));
+    return m_executor.submitInTurns<Outcomes>([this, total, pass](QPromise<Outcomes> &promise) {
+        if (pass->outcomes().isEmpty())
+            promise.setProgressRange(0, total);
+        runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {
+            pass->takeTurn(workspace, [&promise](int done) { promise.setProgressValue(done); });
+        });
+        return pass->isDone() ? std::optional(pass->outcomes()) : std::nullopt;
+    });
 }
 
 QFuture<WorkspaceOverview> LocalWorkspaceService::moveToTrash(QUuid id)

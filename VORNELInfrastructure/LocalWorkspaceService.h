@@ -53,6 +53,7 @@ public:
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
     QFuture<QHash<QUuid, QDateTime>> trashDates() override;
     QFuture<ImportPlan> excludeFromImport(QString slug) override;
+    QFuture<QList<SyncOutcome>> synchronizeSkills(QList<QUuid> ids, std::stop_token stop) override;
     QFuture<SkillDetail> setAside(QUuid id, TargetKind target) override;
 
 private:

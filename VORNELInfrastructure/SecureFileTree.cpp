@@ -106,18 +106,8 @@ public:
     FileTreeSnapshot finish(const fs::path &root)
     {
         std::ranges::sort(m_entries, {}, &Entry::relativePath);
-        Sha256 hash;
-        std::string line;
-        for (const Entry &entry : m_entries) {
-            line.assign({static_cast<char>(entry.kind), '\0'});
-            line.append(entry.relativePath).push_back('\0');
-            line.append(std::to_string(entry.size)).push_back('\0');
-            if (entry.fileDigest)
-                line.append(*entry.fileDigest);
-            line.push_back('\n');
-            hash.update(line);
-        }
-        return {root, std::move(m_entries), hash.finish(), m_isWhole};
+        std::string digest = FileTreeSnapshot::digestOf(m_entries);
+        return {root, std::move(m_entries), std::move(digest), m_isWhole};
     }
 
 private:

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <type_traits>
 
@@ -41,7 +42,34 @@ public:
         return future;
     }
 
+    /// The same for a function that is called again and again until it returns a result. What others have
+    /// submitted meanwhile comes between two calls.
+    template <typename Result, typename Function>
+    QFuture<Result> submitInTurns(Function function)
+    {
+        auto promise = std::make_shared<QPromise<Result>>();
+        promise->start();
+        takeTurn(promise, function);
+        return promise->future();
+    }
+
 private:
+    template <typename Result, typename Function>
+    void takeTurn(std::shared_ptr<QPromise<Result>> promise, Function function)
+    {
+        append([this, promise = std::move(promise), function = std::move(function)] {
+            try {
+                std::optional<Result> result = function(*promise);
+                if (!result)
+                    return takeTurn(promise, function);
+                promise->addResult(std::move(*result));
+            } catch (...) {
+                promise->setException(std::current_exception());
+            }
+            promise->finish();
+        });
+    }
+
     void append(std::function<void()> function);
     void run(const std::stop_token &end);
 

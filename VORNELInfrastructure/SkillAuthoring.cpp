@@ -88,7 +88,11 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
 
 SkillDetail SkillAuthoring::synchronize(const QUuid &id) const
 {
-    const SkillRecord skill = activeRecord(m_workspace, id);
+    return synchronize(activeRecord(m_workspace, id));
+}
+
+SkillDetail SkillAuthoring::synchronize(const SkillRecord &skill) const
+{
     TargetSynchronizer(m_workspace).synchronize(skill);
     return makeDetail(m_workspace, skill);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SkillFolderStore.h"
+#include "SkillRecords.h"
 
 #include <VORNELCore/WorkspaceModels.h>
 
@@ -21,6 +22,7 @@ public:
 
     /// Brings both targets in line with the canonical folder.
     SkillDetail synchronize(const QUuid &id) const;
+    SkillDetail synchronize(const SkillRecord &skill) const;
 
     /// Replaces the copy in one target, whatever stands there.
     SkillDetail setAside(const QUuid &id, TargetKind target) const;

@@ -21,13 +21,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-QString reasonOf(const std::exception_ptr &failure)
-try {
-    std::rethrow_exception(failure);
-} catch (const std::exception &error) {
-    return errorMessage(error);
-}
-
 /// Runs `action` for every target; what it threw for which.
 template <typename Action>
 std::map<TargetKind, std::exception_ptr> failuresOf(const Action &action)
@@ -106,7 +99,7 @@ void TargetSynchronizer::remember(const QUuid &id, const Failures &failures) con
 {
     TargetReasons reasons;
     for (const auto &[kind, failure] : failures)
-        reasons.insert(kind, reasonOf(failure));
+        reasons.insert(kind, errorMessage(failure));
     if (reasons.isEmpty())
         m_workspace.failedSyncTargets.remove(id);
     else

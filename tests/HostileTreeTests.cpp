@@ -138,6 +138,9 @@ private:
             [this] { answer("inspect", service->inspectTargets(m_demo)); },
             [this] { answer("read", service->readFile(m_demo, TargetKind::claude, u"sub/a"_s)); },
             [this] { answer("synchronize", service->synchronize(m_demo)); },
+            [this] {
+                answer("synchronize both", service->synchronizeSkills({m_demo, m_gone}, {}));
+            },
             [this] { answer("assign", service->assignSkills({m_demo}, u"design"_s)); },
             [this] { answer("trash", service->moveToTrash(QSet<QUuid>{m_demo})); },
             [this] { answer("restore", service->restore(m_gone)); },

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -129,6 +130,36 @@ TEST_F(Synchronisation, RemembersAFailedTargetUntilItSucceeds)
     EXPECT_EQ(state(), SyncState::inSync);
 }
 
+TEST_F(Synchronisation, TakesSeveralInOneGoAndPastFailures)
+{
+    write("workspace/skills/demo/sub/vornel.json", "is in no copy");
+    const QUuid right = create(u"right"_s).manifest.id;
+    const QUuid broken = create(u"broken"_s).manifest.id;
+    const QUuid nobody = QUuid::createUuid();
+    fs::remove_all(path("claude/broken"));
+    write("claude/broken", "a file");
+    const auto outcomes = service->synchronizeSkills({right, broken, nobody, demo}, {}).result();
+    ASSERT_EQ(outcomes.size(), 4);
+    EXPECT_EQ(errorOf([&] { std::rethrow_exception(outcomes[1].failure); }),
+              Error::partialSync({TargetKind::claude}));
+    EXPECT_EQ(errorOf([&] { std::rethrow_exception(outcomes[2].failure); }), Error::skillNotFound(nobody));
+    EXPECT_EQ(outcomes[3].detail, service->loadSkill(demo).result());
+    EXPECT_EQ(stateOf(u"broken"_s), SyncState::failed);
+
+    fs::remove(path("claude/broken"));
+    write("claude/broken/SKILL.md", "texte");
+    const auto pass = service->synchronizeSkills({demo, right, broken}, {});
+    for (const SyncOutcome &outcome : pass.result())
+        EXPECT_EQ(outcome.detail, service->loadSkill(outcome.id).result()) << "is read whole, and in sync";
+    EXPECT_EQ(pass.progressValue(), 3);
+    EXPECT_EQ(stateOf(u"broken"_s), SyncState::inSync);
+
+    std::stop_source stopped;
+    stopped.request_stop();
+    const auto begun = service->synchronizeSkills({demo, right}, stopped.get_token()).result();
+    EXPECT_EQ(begun.size(), 1);
+}
+
 TEST_F(Synchronisation, NeverFollowsATargetThatBecameALink)
 {
     write("elsewhere/file", "x");
@@ -156,6 +187,42 @@ TEST_F(Synchronisation, ReportsAMissingTextAfterInstalling)
     EXPECT_FALSE(fs::exists(path("claude/demo/SKILL.md")));
     const QUuid nobody = QUuid::createUuid();
     EXPECT_EQ(errorOf([&] { service->synchronize(nobody).result(); }), Error::skillNotFound(nobody));
+}
+
+TEST(SynchronizationPass, LooksAtEachSkillOnce)
+{
+    const auto files = std::make_shared<FaultyFileSystem>();
+    TestWorkspace workspace(files);
+    QList<QUuid> ids;
+    for (int number = 0; number < 20; ++number)
+        ids.append(workspace.create(u"skill-%1"_s.arg(number)).manifest.id);
+    files->failAt(0, FaultyFileSystem::Call::Look);
+    workspace.service->reload().result();
+    const int overview = files->calls();
+    files->failAt(0, FaultyFileSystem::Call::Look);
+    workspace.service->synchronizeSkills(ids, {}).result();
+    EXPECT_LE(files->calls(), 2 * overview);
+}
+
+TEST(SynchronizationPass, LetsOthersInMeanwhile)
+{
+    const auto files = std::make_shared<SteppedFileSystem>();
+    TestWorkspace workspace(files);
+    QList<QUuid> ids;
+    for (int number = 0; number < 20; ++number)
+        ids.append(workspace.create(u"skill-%1"_s.arg(number)).manifest.id);
+    fs::remove_all(workspace.path("codex"));
+    files->around = [](const Step &step, const SteppedFileSystem::Make &make) {
+        if (step.kind == Step::Kind::Rename)
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        make();
+    };
+    const auto pass = workspace.service->synchronizeSkills(ids, {});
+    EXPECT_EQ(workspace.service->reload().result().skills.size(), 20);
+    EXPECT_FALSE(pass.isFinished());
+    EXPECT_EQ(pass.result().size(), 20);
+    files->reset();
+    EXPECT_EQ(workspace.stateOf(u"skill-19"_s), SyncState::inSync);
 }
 
 TEST(Install, KeepsAStrangersFolderInTheHistory)

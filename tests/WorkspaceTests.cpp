@@ -216,7 +216,7 @@ TEST(Service, AnswersNothingBeforeBootstrap)
                    service.assignSkills(ids, {}), service.moveToTrash(id), service.moveToTrash(ids),
                    service.restore(id), service.deletePermanently(id), service.emptyTrash(),
                    service.trashDates(), service.inspectTargets(id), service.readFile(id, {}, {}),
-                   service.occupants({}));
+                   service.occupants({}), service.synchronizeSkills({id}, {}));
 }
 
 TEST(Service, KeepsItsConfigurationWhenAnotherBootstrapFails)

@@ -32,7 +32,7 @@ void photographBatch(const Photographer &photographer, Stage &stage)
     photographer.take(u"attention-question"_s);
     photographer.press(Qt::Key_Tab);
     photographer.press(Qt::Key_Return);
-    while (stage.model().batch()->doneCount() < 2)
+    while (stage.model().batch()->doneCount() < 1)
         QCoreApplication::processEvents();
     photographer.takeAtOnce(u"attention-progress"_s);
     stage.quieten();

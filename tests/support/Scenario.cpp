@@ -64,8 +64,11 @@ void deleteCategory(Service &service)
 
 void synchronize(Service &service)
 {
-    for (const QUuid &id : activeIDs(service, {u"demo"_s, u"second"_s}))
-        service.synchronize(id).result();
+    const QSet<QUuid> ids = activeIDs(service, {u"demo"_s, u"second"_s});
+    for (const SyncOutcome &outcome : service.synchronizeSkills(ids.values(), {}).result()) {
+        if (outcome.failure)
+            std::rethrow_exception(outcome.failure);
+    }
 }
 
 void setAside(Service &service)
