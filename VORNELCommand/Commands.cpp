@@ -279,7 +279,8 @@ int sync(const Session &session)
     }
     if (session.invocation.has(u"json"_s))
         std::rethrow_exception(failures.first().failure);
-    Terminal::print(Report::states(details));
+    if (!details.isEmpty())
+        Terminal::print(Report::states(details));
     for (const SyncOutcome &failure : failures)
         Terminal::printError(Terminal::printable(slugOf(failure.id, session.overview.skills) + u"\u00A0: "_s +
                                                  errorMessage(failure.failure)));

@@ -168,6 +168,7 @@ TEST_F(Vornelctl, NamesItsFailures)
     write("codex", "a file stands where the folder should");
     const Result partial = run("sync a b");
     EXPECT_EQ(partial.code, 2);
+    EXPECT_EQ(partial.output, QByteArray());
     EXPECT_EQ(partial.errors.count("Synchronisation incomplète : codex."), 2) << partial.errors.constData();
     fs::remove(path("codex"));
     const char *likeAnIdentifier = "create 0c9af7b6-0000-4000-8000-000000000000 --name x";
