@@ -1,8 +1,12 @@
 #include "SerializedForms.h"
 
+#include "VORNELWorkspaceError.h"
+
 #include <QStringDecoder>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace vornel {
 
@@ -14,6 +18,12 @@ bool hasShape(QStringView text, QStringView shape)
     return std::ranges::equal(text, shape, [](QChar c, QChar expected) {
         return expected == u'0' ? c >= u'0' && c <= u'9' : c == expected;
     });
+}
+
+/// Whether the year has the four digits that a date-time is written with.
+bool hasForm(const QDateTime &date)
+{
+    return date.date().year() >= 1 && date.date().year() <= 9999;
 }
 
 } // namespace
@@ -32,7 +42,16 @@ std::optional<QUuid> uuidFromText(const QString &text)
 
 QDateTime currentInstant()
 {
-    return QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch(), Qt::UTC);
+    return instantAt(QDateTime::currentSecsSinceEpoch());
+}
+
+QDateTime instantAt(qint64 secondsSinceEpoch)
+{
+    const QDateTime instant = QDateTime::fromSecsSinceEpoch(secondsSinceEpoch, Qt::UTC);
+    if (!hasForm(instant))
+        throw VORNELWorkspaceError::integrityFailure(
+            u"L’horloge de l’ordinateur est réglée au-delà de l’année 9999."_s);
+    return instant;
 }
 
 QString dateText(const QDateTime &date)
@@ -50,14 +69,14 @@ std::optional<QDateTime> dateFromText(const QString &text)
     const auto number = [&text](qsizetype at, qsizetype digits) {
         return QStringView(text).mid(at, digits).toInt();
     };
-    const QDateTime local(QDate(number(0, 4), number(5, 2), number(8, 2)),
-                          QTime(number(11, 2), number(14, 2), number(17, 2)), Qt::UTC);
-    if (!local.isValid())
+    const QDate day(number(0, 4), number(5, 2), number(8, 2));
+    const QTime time(number(11, 2), number(14, 2), number(17, 2));
+    const QTime offset = zone == u"Z" ? QTime(0, 0) : QTime(number(20, 2), number(23, 2));
+    if (!day.isValid() || !time.isValid() || !offset.isValid())
         return std::nullopt;
-    const int offset = zone == u"Z" ? 0 : number(20, 2) * 3600 + number(23, 2) * 60;
-    const QDateTime date = local.addSecs(zone.startsWith(u'+') ? -offset : offset);
-    const bool hasFourDigitYear = date.date().year() >= 1 && date.date().year() <= 9999;
-    return hasFourDigitYear ? std::optional(date) : std::nullopt;
+    const int seconds = QTime(0, 0).secsTo(offset);
+    const QDateTime date = QDateTime(day, time, Qt::UTC).addSecs(zone.startsWith(u'+') ? -seconds : seconds);
+    return hasForm(date) ? std::optional(date) : std::nullopt;
 }
 
 std::optional<QString> textFromUtf8(const QByteArray &bytes)

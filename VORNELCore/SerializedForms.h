@@ -16,13 +16,18 @@ QString uuidText(const QUuid &id);
 /// Reads the 36-character hyphenated form, in either case; nothing for any other text.
 std::optional<QUuid> uuidFromText(const QString &text);
 
-/// The current instant in UTC, in the whole seconds that files keep.
+/// The current instant, as `instantAt` gives it.
 QDateTime currentInstant();
+
+/// An instant in UTC, in the whole seconds that files keep. Throws `integrityFailure` for one beyond the year
+/// 9999, for which they have no form.
+QDateTime instantAt(qint64 secondsSinceEpoch);
 
 /// ISO 8601 in UTC with whole seconds, for example "2026-02-28T09:30:00Z".
 QString dateText(const QDateTime &date);
 
-/// Reads an ISO 8601 date-time with whole seconds and a zone ("Z" or an offset); nothing for any other text.
+/// Reads an ISO 8601 date-time with whole seconds and a zone ("Z" or an offset); nothing for any other text,
+/// and for a time that doesn't exist.
 std::optional<QDateTime> dateFromText(const QString &text);
 
 /// The text of UTF-8 bytes, every character kept, a byte-order mark too; nothing for any other bytes.

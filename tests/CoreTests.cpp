@@ -134,6 +134,9 @@ TEST(Json, RefusesAManifestOfWhichAnyFieldIsMissingOrWrong)
         {"createdAt", "2026-02-28T09:30:00.5Z"},
         {"createdAt", "2026-02-30T09:30:00Z"},
         {"createdAt", "9999-12-31T23:59:59-10:00"},
+        {"createdAt", "2026-02-28T24:00:00Z"},
+        {"createdAt", "2026-02-28T99:99:99Z"},
+        {"createdAt", "2026-02-28T09:30:00+99:99"},
     };
     for (const auto &[key, text] : unacceptable) {
         QJsonObject object = good;
@@ -144,6 +147,9 @@ TEST(Json, RefusesAManifestOfWhichAnyFieldIsMissingOrWrong)
     withOffset[u"createdAt"_s] = u"2026-02-28T11:00:00+01:30"_s;
     EXPECT_EQ(RecordJson::decodeDocument<SkillManifest>(RecordJson::document(withOffset)), sampleManifest());
     EXPECT_FALSE(RecordJson::decodeDocument<SkillManifest>(QByteArray(5000, '[')).has_value());
+    EXPECT_EQ(dateFromText(dateText(instantAt(253'402'300'799))), instantAt(253'402'300'799));
+    EXPECT_EQ(errorOf([] { instantAt(253'402'300'800); }),
+              integrity(u"L’horloge de l’ordinateur est réglée au-delà de l’année 9999."_s));
 }
 
 TEST(ImportPlan, IsReadyWithoutAnOpenCollision)
