@@ -2,6 +2,7 @@
 
 #include "CategoryRules.h"
 #include "FileOperations.h"
+#include "SchemaVersion.h"
 #include "SkillFiles.h"
 #include "SkillRecords.h"
 
@@ -88,6 +89,11 @@ void CategoryCatalog::check() const
     }
 }
 
+void CategoryCatalog::refuseIfNewer() const
+{
+    refuseNewer(schemaVersion, u"le catalogue de catégories"_s);
+}
+
 CategoryCatalog readCategoryCatalog(const Workspace &workspace)
 {
     QByteArray document;
@@ -105,6 +111,7 @@ CategoryCatalog readCategoryCatalog(const Workspace &workspace)
 
 void writeCategoryCatalog(const CategoryCatalog &catalog, const Workspace &workspace)
 {
+    catalog.refuseIfNewer();
     const QByteArray document = RecordJson::document(RecordJson::encode(catalog));
     if (document.size() > SkillFiles::sizeLimit)
         throw VORNELWorkspaceError::integrityFailure(u"Le catalogue de catégories est invalide."_s);

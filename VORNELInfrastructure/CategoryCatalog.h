@@ -28,11 +28,15 @@ public:
     /// Throws `integrityFailure` unless identifiers and names are unique, "other" is there and protected, and
     /// every name and colour is valid.
     void check() const;
+
+    /// Throws `integrityFailure` where a newer version wrote it.
+    void refuseIfNewer() const;
 };
 
 /// Reads and checks the catalog. Throws `integrityFailure` when it can't be read, decoded or accepted.
 CategoryCatalog readCategoryCatalog(const Workspace &workspace);
 
+/// Throws what `refuseIfNewer` does.
 void writeCategoryCatalog(const CategoryCatalog &catalog, const Workspace &workspace);
 
 /// Writes the first catalog of a workspace: the built-in categories, and one for every further identifier

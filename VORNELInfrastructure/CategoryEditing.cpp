@@ -2,6 +2,7 @@
 
 #include "CategoryCatalog.h"
 #include "CategoryRules.h"
+#include "SchemaVersion.h"
 #include "SkillFolderStore.h"
 #include "SkillHistory.h"
 
@@ -17,6 +18,19 @@ void refuseDoubledName(const CategoryCatalog &catalog, const QString &name, cons
 {
     if (catalog.hasName(name, exceptID))
         throw VORNELWorkspaceError::integrityFailure(u"Une catégorie porte déjà ce nom."_s);
+}
+
+QList<SkillRecord> recordsIn(const QString &category, QList<SkillRecord> records)
+{
+    records.removeIf([&category](const SkillRecord &record) { return record.manifest.category != category; });
+    return records;
+}
+
+/// Before any of them is changed.
+void refuseNewerOnes(const QList<SkillRecord> &records)
+{
+    for (const SkillRecord &record : records)
+        refuseNewer(record.manifest);
 }
 
 } // namespace
@@ -53,15 +67,15 @@ void CategoryEditing::remove(const QString &id) const
     CategoryCatalog catalog = readCategoryCatalog(m_workspace);
     if (catalog.find(id).isProtected)
         throw VORNELWorkspaceError::integrityFailure(u"La catégorie Autre est nécessaire au classement."_s);
+    catalog.refuseIfNewer();
+    const QList<SkillRecord> active = recordsIn(id, activeManifests(m_workspace));
+    QList<SkillRecord> trashed = recordsIn(id, trashedManifests(m_workspace));
+    refuseNewerOnes(active + trashed);
 
-    for (const SkillRecord &skill : activeManifests(m_workspace)) {
-        if (skill.manifest.category == id)
-            moveActiveSkill(skill, SkillCategory::otherID);
-    }
-    for (SkillRecord &skill : trashedManifests(m_workspace)) {
-        if (skill.manifest.category == id)
-            rewrite(skill, SkillCategory::otherID);
-    }
+    for (const SkillRecord &skill : active)
+        moveActiveSkill(skill, SkillCategory::otherID);
+    for (SkillRecord &skill : trashed)
+        rewrite(skill, SkillCategory::otherID);
     catalog.categories.removeIf([&id](const SkillCategory &category) { return category.id == id; });
     writeCategoryCatalog(catalog, m_workspace);
 }
@@ -70,6 +84,11 @@ void CategoryEditing::assign(const QSet<QUuid> &ids, const QString &category) co
 {
     readCategoryCatalog(m_workspace).find(category);
     const QList<SkillRecord> active = activeManifests(m_workspace);
+    QList<SkillRecord> changing = active;
+    changing.removeIf([&](const SkillRecord &skill) {
+        return !ids.contains(skill.manifest.id) || skill.manifest.category == category;
+    });
+    refuseNewerOnes(changing);
     for (const QUuid &id : inTextOrder(ids)) {
         const SkillRecord &skill = findRecord(active, id);
         if (skill.manifest.category != category)

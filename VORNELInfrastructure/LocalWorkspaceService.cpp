@@ -36,8 +36,10 @@ auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
     m_manager->confine(m_configuration->roots());
     const Folder lock = m_manager->lock(m_configuration->bookkeeping(), mode);
     const Workspace workspace = workspaceOf(*m_configuration);
-    if (mode == LockMode::Exclusive)
+    if (mode == LockMode::Exclusive) {
+        refuseNewerWorkspace(workspace);
         bringBackSwappedFolders(workspace);
+    }
     return operation(workspace);
 }
 
@@ -66,7 +68,7 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
         const Configuration config = Configuration::forRoots(*m_manager, workspaceURL, claudeRoot, codexRoot);
         const Workspace workspace = workspaceOf(config);
         m_manager->confine(config.roots());
-        createLayout(*m_manager, config);
+        createLayout(workspace);
         const auto locked = [&](LockMode mode) { return m_manager->lock(config.bookkeeping(), mode); };
         auto lock = std::make_optional(locked(LockMode::Shared));
         if (!isReady(workspace)) { // which is rare: a start hardly ever has to wait for others who read
@@ -74,7 +76,7 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
             prepareWorkspace(workspace, locked(LockMode::Exclusive));
             lock.emplace(locked(LockMode::Shared));
         }
-        checkMetadata(workspace);
+        readMetadata(workspace); // whose errors are told, too
         m_configuration = config;
         return makeOverview(workspace);
     });

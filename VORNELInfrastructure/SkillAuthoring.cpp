@@ -4,6 +4,7 @@
 #include "CategoryRules.h"
 #include "FileOperations.h"
 #include "Overview.h"
+#include "SchemaVersion.h"
 #include "SecureFileTree.h"
 #include "SkillHistory.h"
 #include "SkillText.h"
@@ -72,6 +73,7 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
         throw VORNELWorkspaceError::revisionConflict(expectedRevision, skill.manifest.revision);
     if (skillMD.trimmed().isEmpty())
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
+    refuseNewer(skill.manifest);
     const fs::path keptAs = SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
     advanceRevision(skill.manifest);
 

@@ -1,5 +1,6 @@
 #include "SkillFolderStore.h"
 
+#include "SchemaVersion.h"
 #include "SkillFiles.h"
 #include "TreeOperations.h"
 
@@ -43,6 +44,7 @@ void SkillFolderStore::writeSkillMD(const QString &text, const fs::path &folder)
 void SkillFolderStore::writeManifest(const SkillManifest &manifest, const fs::path &folder,
                                      Durability durability) const
 {
+    refuseNewer(manifest);
     replaceSkillFile(m_files, folder / SkillFiles::manifest,
                      RecordJson::document(RecordJson::encode(manifest)), durability);
 }

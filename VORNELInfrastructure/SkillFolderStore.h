@@ -27,7 +27,8 @@ public:
     /// Writes the text into a staged folder.
     void writeSkillMD(const QString &text, const std::filesystem::path &folder) const;
 
-    /// Writes the manifest into a folder: `Later` where it is staged.
+    /// Writes the manifest into a folder: `Later` where it is staged. Throws `integrityFailure` for one that
+    /// a newer version wrote.
     void writeManifest(const SkillManifest &manifest, const std::filesystem::path &folder,
                        Durability durability) const;
 

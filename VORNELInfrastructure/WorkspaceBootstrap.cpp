@@ -3,6 +3,7 @@
 #include "CategoryCatalog.h"
 #include "CrashRecovery.h"
 #include "FileOperations.h"
+#include "SchemaVersion.h"
 #include "SkillFiles.h"
 
 #include <VORNELCore/RecordJson.h>
@@ -18,7 +19,7 @@ namespace {
 
 void writeMetadata(const Workspace &workspace)
 {
-    const WorkspaceMetadata metadata{.schemaVersion = 1,
+    const WorkspaceMetadata metadata{.schemaVersion = currentSchema,
                                      .workspaceID = QUuid::createUuid(),
                                      .displayName = VORNELProduct::name,
                                      .createdAt = currentInstant(),
@@ -27,22 +28,39 @@ void writeMetadata(const Workspace &workspace)
                 RecordJson::document(RecordJson::encode(metadata)), Durability::Now);
 }
 
+/// Whether a newer version has made the workspace what it is.
+bool isNewer(const Workspace &workspace)
+{
+    return readMetadata(workspace).schemaVersion > currentSchema;
+}
+
 } // namespace
 
-void createLayout(FileSystem &files, const Configuration &config)
+void createLayout(const Workspace &workspace)
 {
+    FileSystem &files = workspace.files;
+    const Configuration &config = workspace.config;
     for (const std::filesystem::path &root : config.roots())
         refuseLinkedRoot(files, root);
+    if (files.kindAt(config.metadata()) && isNewer(workspace))
+        return;
     for (const std::filesystem::path &folder : {config.skills(), config.history(), config.trash(),
                                                 config.staging(), config.recovery(), config.events()})
         createFolders(files, folder, Durability::Now);
 }
 
-void checkMetadata(const Workspace &workspace)
+WorkspaceMetadata readMetadata(const Workspace &workspace)
 {
-    if (!RecordJson::decodeDocument<WorkspaceMetadata>(
-            readFile(workspace.files, workspace.config.metadata(), SkillFiles::sizeLimit)))
+    const auto metadata = RecordJson::decodeDocument<WorkspaceMetadata>(
+        readFile(workspace.files, workspace.config.metadata(), SkillFiles::sizeLimit));
+    if (!metadata)
         throw VORNELWorkspaceError::integrityFailure(u"Les métadonnées du workspace sont invalides."_s);
+    return *metadata;
+}
+
+void refuseNewerWorkspace(const Workspace &workspace)
+{
+    refuseNewer(readMetadata(workspace).schemaVersion, u"ce workspace"_s);
 }
 
 bool isReady(const Workspace &workspace)
@@ -50,15 +68,15 @@ bool isReady(const Workspace &workspace)
     const auto exists = [&workspace](const std::filesystem::path &file) {
         return workspace.files.kindAt(file).has_value();
     };
-    return exists(workspace.config.metadata()) && exists(workspace.config.categories()) &&
-           !needsRecovery(workspace);
+    return exists(workspace.config.metadata()) &&
+           (isNewer(workspace) || (exists(workspace.config.categories()) && !needsRecovery(workspace)));
 }
 
 void prepareWorkspace(const Workspace &workspace, const Folder & /*lock*/)
 {
     if (!workspace.files.kindAt(workspace.config.metadata()))
         writeMetadata(workspace);
-    checkMetadata(workspace);
+    refuseNewerWorkspace(workspace);
     recoverFromCrash(workspace);
     prepareCategoryCatalog(workspace);
 }

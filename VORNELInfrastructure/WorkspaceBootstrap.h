@@ -25,11 +25,15 @@ public:
     qint64 resourceCopyThresholdBytes = 0; ///< kept for readers of the file; the tree's limit is built in
 };
 
-/// Refuses roots that are links, and creates the folders that the layout lacks.
-void createLayout(FileSystem &files, const Configuration &config);
+/// Refuses roots that are links, and creates the folders that the layout lacks, unless it is that of a newer
+/// version.
+void createLayout(const Workspace &workspace);
 
-/// Throws `integrityFailure` when "workspace.json" isn't what it should be.
-void checkMetadata(const Workspace &workspace);
+/// Reads "workspace.json". Throws `integrityFailure` when it isn't what it should be.
+WorkspaceMetadata readMetadata(const Workspace &workspace);
+
+/// Throws `integrityFailure` in the workspace of a newer version, which is only to be looked at.
+void refuseNewerWorkspace(const Workspace &workspace);
 
 /// Whether the workspace can be opened without a change.
 bool isReady(const Workspace &workspace);

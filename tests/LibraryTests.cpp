@@ -223,6 +223,48 @@ TEST_F(Library, MovesSkillsBetweenCategories)
     EXPECT_EQ(history(trashed), Revisions{"1"});
 }
 
+TEST_F(Library, ShowsWhatANewerVersionWroteAndChangesNoneOfIt)
+{
+    const QUuid a = createIn("a", "design");
+    const QUuid b = createIn("b", "design");
+    const QUuid trashed = createIn("c", "design");
+    service->moveToTrash(trashed).waitForFinished();
+    write("workspace/skills/a/SKILL.md", "edited by hand");
+    const auto expectRefusals = [this](const std::string &file, const QString &what, auto... operations) {
+        const std::string bytes = bytesOf(path("workspace/" + file));
+        std::string newer = bytes;
+        const std::string version = "\"schemaVersion\": 1";
+        newer.replace(newer.find(version), version.size(), "\"schemaVersion\": 2");
+        write("workspace/" + file, newer);
+        const auto before = tree("");
+        restart();
+        EXPECT_EQ(service->reload().result().trashedSkills.size(), 1) << "is shown";
+        const Error refusal = integrity(u"Une version plus récente de VORNEL a écrit "_s + what +
+                                        u"\u00A0: celle-ci le lit, mais ne le modifie pas."_s);
+        const auto expectRefusal = [&refusal](const auto &operation) {
+            EXPECT_EQ(errorOf([&] { operation().result(); }), refusal);
+        };
+        (expectRefusal(operations), ...);
+        EXPECT_EQ(tree(""), before);
+        write("workspace/" + file, bytes);
+    };
+    const auto save = [&] { return service->saveSkill(a, 1, u"new"_s); };
+    const auto assign = [&] { return service->assignSkills({a, b}, u"quality"_s); };
+    const auto restore = [&] { return service->restore(trashed); };
+    const auto deleteCategory = [&] { return service->deleteCategory(u"design"_s); };
+    const auto createCategory = [&] { return service->createCategory(u"x"_s, u"000000"_s); };
+    const auto updateCategory = [&] { return service->updateCategory(u"design"_s, u"x"_s, u"000000"_s); };
+    const auto synchronize = [&] { return service->synchronize(b); };
+    expectRefusals("skills/a/vornel.json", u"le manifeste de a"_s, save, assign, deleteCategory);
+    expectRefusals(".vornel/trash/" + uuidText(trashed).toStdString() + "/vornel.json",
+                   u"le manifeste de c"_s, restore, deleteCategory);
+    expectRefusals(".vornel/categories.json", u"le catalogue de catégories"_s, createCategory, updateCategory,
+                   deleteCategory);
+    write("workspace/.vornel/staging/left", "by an operation that was cut short");
+    fs::remove_all(path("workspace/.vornel/recovery"));
+    expectRefusals(".vornel/workspace.json", u"ce workspace"_s, synchronize, save, restore);
+}
+
 TEST_F(Library, IsOrderedByName)
 {
     for (const char *slug : {"skill-10", "skill-9", "autre"})
