@@ -4,6 +4,7 @@
 #include "CrashRecovery.h"
 #include "SkillHistory.h"
 #include "TargetSynchronizer.h"
+#include "TrashMoments.h"
 #include "TreeOperations.h"
 
 #include <VORNELCore/SerializedForms.h>
@@ -30,6 +31,7 @@ void SkillTrash::moveToTrash(const SkillRecord &skill) const
     const fs::path destination = m_workspace.config.trashed(skill.manifest.id);
     if (m_workspace.files.kindAt(destination))
         throw VORNELWorkspaceError::integrityFailure(u"Le skill existe déjà dans la corbeille."_s);
+    TrashMoments(m_workspace).note(skill.manifest.id);
     moveTree(m_workspace.files, skill.url, destination);
     m_workspace.failedSyncTargets.remove(skill.manifest.id);
 }
@@ -64,6 +66,7 @@ void SkillTrash::restore(const QUuid &id) const
         bestEffort([&] { moveTree(files, skill.url, source); });
         throw;
     }
+    TrashMoments(m_workspace).forget(id);
     TargetSynchronizer(m_workspace).synchronize(skill);
 }
 
@@ -83,10 +86,13 @@ void SkillTrash::empty() const
 QHash<QUuid, QDateTime> SkillTrash::dates() const
 {
     QHash<QUuid, QDateTime> dates;
+    const TrashMoments moments(m_workspace);
     const Folder trash = m_workspace.files.openFolder(m_workspace.config.trash());
     for (const FolderEntry &entry : m_workspace.files.list(trash)) {
         const auto id = uuidFromText(QString::fromStdString(entry.name));
-        const auto date = id ? m_workspace.files.changedAt(trash, entry.name) : std::nullopt;
+        auto date = id ? moments.of(*id) : std::nullopt;
+        if (id && !date) // as of skills that an older version has moved
+            date = m_workspace.files.changedAt(trash, entry.name);
         if (date)
             dates.insert(*id, *date);
     }
@@ -101,6 +107,7 @@ void SkillTrash::remove(const QUuid &id) const
     // Should this be cut short, its name in staging tells the next start whose history goes too.
     const fs::path condemned = config.staging() / pathFromText(uuidText(id));
     moveTree(m_workspace.files, config.trashed(id), condemned);
+    TrashMoments(m_workspace).forget(id);
     SkillHistory(m_workspace).remove(id);
     removeTree(m_workspace.files, condemned);
 }

@@ -1,6 +1,7 @@
 #include "UnfinishedParts.h"
 
 #include "BestEffort.h"
+#include "TrashMoments.h"
 
 #include <QRegularExpression>
 
@@ -43,11 +44,16 @@ std::vector<fs::path> unfinishedParts(const Workspace &workspace)
                 collect(workspace.files, workspace.files.openFolder(folder), reach, found);
         });
     };
-    for (const fs::path &folder : {config.bookkeeping(), config.recovery(), config.claude, config.codex})
+    for (const fs::path &folder :
+         {config.bookkeeping(), config.recovery(), config.events(), config.claude, config.codex})
         look(folder, Reach::Entries);
     // A skill's manifest is also rewritten where it stands.
     for (const fs::path &folder : {config.skills(), config.trash()})
         look(folder, Reach::EntriesOfEntries);
+    bestEffort([&] {
+        for (fs::path &stray : TrashMoments(workspace).strays())
+            found.push_back(std::move(stray));
+    });
     return found;
 }
 

@@ -109,6 +109,7 @@ TEST_F(Trash, DeletesASkillWithItsHistoryAndNoOther)
     service->emptyTrash().waitForFinished();
     EXPECT_EQ(names("workspace/.vornel/history"), std::vector<std::string>{uuidText(active).toStdString()});
     EXPECT_TRUE(names("workspace/.vornel/trash").empty());
+    EXPECT_TRUE(names("workspace/.vornel/events").empty());
     EXPECT_NO_THROW(service->emptyTrash().result());
 }
 
@@ -134,23 +135,29 @@ TEST_F(Trash, TakesASkillBackWhoseHistoryCannotBeKept)
     EXPECT_EQ(overview.trashedSkills.size(), 1);
 }
 
-TEST_F(Trash, TellsWhenASkillCameThere)
+TEST_F(Trash, TellsSinceWhenASkillIsThere)
 {
-    const QUuid id = create(u"demo"_s).manifest.id;
-    const QUuid active = create(u"active"_s).manifest.id;
+    const QUuid id = service->createSkill(requestFor(u"demo"_s, u"design"_s)).result().manifest.id;
+    create(u"active"_s);
     fs::last_write_time(path("workspace/skills/demo"),
                         fs::file_time_type::clock::now() - std::chrono::days(9));
     EXPECT_TRUE(service->trashDates().result().isEmpty());
-    const QDateTime before = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch(), Qt::UTC);
-    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    const QDateTime before = currentInstant();
     service->moveToTrash(id).waitForFinished();
-    const QHash<QUuid, QDateTime> dates = service->trashDates().result();
-    ASSERT_EQ(dates.keys(), QList<QUuid>{id});
-    EXPECT_GT(dates.value(id), before) << "the time of the move, not that of the folder's last change";
-    EXPECT_LE(dates.value(id), QDateTime::currentDateTimeUtc());
-    EXPECT_FALSE(dates.contains(active));
+    const QDateTime moment = service->trashDates().result().value(id);
+    EXPECT_GE(moment, before);
+    EXPECT_LE(moment, currentInstant());
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    service->deleteCategory(u"design"_s).waitForFinished();
+    restart();
+    EXPECT_EQ(service->trashDates().result(), (QHash<QUuid, QDateTime>{{id, moment}}));
+
+    const std::string event = "workspace/.vornel/events/trashed-" + uuidText(id).toStdString() + ".json";
+    write(event, "{}");
+    EXPECT_GT(service->trashDates().result().value(id), moment) << "the folder's own time is the next best";
     service->restore(id).waitForFinished();
     EXPECT_TRUE(service->trashDates().result().isEmpty());
+    EXPECT_FALSE(fs::exists(path(event)));
 }
 
 } // namespace

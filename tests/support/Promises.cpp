@@ -296,6 +296,23 @@ private:
                                                 "trash", "workspace.json"}));
         for (const fs::directory_entry &entry : fs::recursive_directory_iterator(m_folder))
             EXPECT_FALSE(temporary.match(pathText(entry.path().filename())).hasMatch()) << entry.path();
+        checkTrashMoments();
+    }
+
+    /// Each is of a skill in the trash, and of one that has been there all along it is still known.
+    void checkTrashMoments() const
+    {
+        const fs::path events = m_folder / "workspace/.vornel/events";
+        std::set<std::string> noted;
+        for (const fs::directory_entry &entry : fs::directory_iterator(events))
+            noted.insert(entry.path().filename());
+        for (const auto &[slug, skill] : m_now.skills) {
+            const bool isNoted = noted.erase("trashed-" + idText(skill) + ".json") > 0;
+            const SkillOnDisk *old = m_before.find(slug);
+            const bool hasStayed = skill.isTrashed && old != nullptr && old->isTrashed;
+            EXPECT_TRUE(isNoted ? skill.isTrashed : !hasStayed) << slug;
+        }
+        EXPECT_TRUE(noted.empty()) << *noted.begin();
     }
 
     const fs::path m_folder;

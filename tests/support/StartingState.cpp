@@ -132,6 +132,7 @@ void buildInterruptedLibrary(const fs::path &folder)
             write(bookkeeping / "trash" / id / temporaryName(), "half");
     }
     write(bookkeeping / "staging" / freshName() / "SKILL.md", "half");
+    write(bookkeeping / "events" / ("trashed-" + freshName() + ".json"), "{}");
     write(bookkeeping / temporaryName(), "half");
     write(bookkeeping / "recovery" / temporaryName() / "SKILL.md", "half");
     write(skills / "second" / temporaryName(), "half");
