@@ -84,7 +84,8 @@ public:
         : m_files(files), m_filter(filter), m_task(task), m_writer(&files)
     {}
 
-    /// Appends all that is below a folder: its own entries first, then what its folders hold.
+    /// Appends all that is below a folder, each of its entries with what it holds before the next. Large
+    /// files are read together at the end, but what goes wrong is told in the order of the entries.
     void visit(const Level &level)
     {
         if (level.depth > deepestLevel)
@@ -92,15 +93,14 @@ public:
 
         std::vector<FolderEntry> children = m_files.list(level.folder);
         std::ranges::sort(children, naturallyBefore, &FolderEntry::name);
-        const auto omitted =
-            std::erase_if(children, [&](const FolderEntry &child) { return !accepts(child, level.prefix); });
-        m_isWhole = m_isWhole && omitted == 0;
-
-        addFiles(level, children);
-        for (const FolderEntry &child : children) {
-            if (child.kind == FileKind::Directory)
-                addFolder(level, child.name);
-        }
+        std::vector<std::string> large;
+        const std::exception_ptr failure = failureOf([&] {
+            for (const FolderEntry &child : children)
+                add(level, child, large);
+        });
+        addLargeFiles(level, large);
+        if (failure)
+            std::rethrow_exception(failure);
     }
 
     FileTreeSnapshot finish(const fs::path &root)
@@ -115,16 +115,30 @@ private:
     /// above have passed the same checks, so the name alone decides.
     bool accepts(const FolderEntry &child, const std::string &prefix) const
     {
-        if (!QByteArrayView(child.name).isValidUtf8())
-            throw unsafe(prefix + child.name);
         WorkspaceValidation::validateRelativePath(child.name);
         if (child.kind == FileKind::SymbolicLink)
             throw link(prefix + child.name);
         if (!includes(m_filter, child.name))
             return false;
-        if (child.kind == FileKind::Other)
+        if (child.kind == FileKind::Other || !QByteArrayView(child.name).isValidUtf8())
             throw unsafe(prefix + child.name);
         return true;
+    }
+
+    /// Appends an entry, or notes it among the large files, which come later.
+    void add(const Level &level, const FolderEntry &child, std::vector<std::string> &large)
+    {
+        if (!accepts(child, level.prefix)) {
+            m_isWhole = false;
+        } else if (child.kind == FileKind::Directory) {
+            addFolder(level, child.name);
+        } else {
+            const File file = openFile(m_files, level.folder, child.name, level.prefix + child.name);
+            if (file.size >= largeFile)
+                large.push_back(child.name);
+            else
+                m_entries.push_back(fileEntry(level, child.name, file));
+        }
     }
 
     void addFolder(const Level &level, const std::string &name)
@@ -138,20 +152,8 @@ private:
         visit({folder, copy ? &*copy : nullptr, path + '/', level.depth + 1});
     }
 
-    void addFiles(const Level &level, const std::vector<FolderEntry> &children)
+    void addLargeFiles(const Level &level, const std::vector<std::string> &large)
     {
-        std::vector<std::string> large;
-        for (const FolderEntry &child : children) {
-            if (child.kind != FileKind::Regular)
-                continue;
-            const File file = openFile(m_files, level.folder, child.name, level.prefix + child.name);
-            if (file.size >= largeFile)
-                large.push_back(child.name);
-            else
-                m_entries.push_back(fileEntry(level, child.name, file));
-        }
-        if (large.empty())
-            return;
         const auto entries = parallelMap(large, [&](const std::string &name) {
             return fileEntry(level, name, openFile(m_files, level.folder, name, level.prefix + name));
         });

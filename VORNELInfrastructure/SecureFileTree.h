@@ -6,7 +6,8 @@
 /// The one walk over a skill folder: it fingerprints and copies, and refuses whatever is unsafe. Throws
 /// `symlinkUnsupported` for a link anywhere in the tree, also where the filter would pass over it;
 /// `unsafeImport` for a file above 25 MiB, for what is neither file nor folder, for a name that is not UTF-8
-/// and for folders nested too deep; `invalidPath` for a reserved name; `filesystem_error` for the rest.
+/// and for folders nested too deep; `invalidPath` for a reserved name; `filesystem_error` for the rest. What
+/// is told is what comes first, each folder being gone through by name, with all that it holds.
 namespace vornel::SecureFileTree {
 
 /// Reads the whole tree. Throws `integrityFailure` when `root` is not a folder.

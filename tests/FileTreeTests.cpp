@@ -115,8 +115,37 @@ TEST_F(FileTree, RefusesWhatIsNoFolderOrFile)
     EXPECT_EQ(errorOf([&] { snapshot(); }), Error::unsafeImport(u"caf\uFFFD"_s));
     fs::remove(path("tree/caf\xE9"));
 
+    write("tree/.caf\xE9/x", "is passed over like any hidden entry");
+    EXPECT_NO_THROW(snapshot());
+    fs::create_symlink("nowhere", path("tree/.l\xE9"));
+    EXPECT_EQ(errorOf([&] { snapshot(); }), Error::symlinkUnsupported(u".l\uFFFD"_s));
+    fs::remove(path("tree/.l\xE9"));
+
     write("tree/.vornel/x", "");
     EXPECT_EQ(errorOf([&] { snapshot(); }), Error::invalidPath(PathViolation::reserved));
+}
+
+TEST_F(FileTree, TellsWhatComesFirstByName)
+{
+    fs::resize_file(write("tree/2/large", ""), limit + 1);
+    fs::create_symlink("nowhere", path("tree/10"));
+    write("tree/1/file", "x");
+    EXPECT_EQ(errorOf([&] { snapshot(); }), Error::unsafeImport(u"2/large"_s));
+    fs::create_symlink("nowhere", path("tree/1/link"));
+    EXPECT_EQ(errorOf([&] { snapshot(); }), Error::symlinkUnsupported(u"1/link"_s));
+
+    fs::resize_file(write("tree/0", ""), 1'048'576); // which is read later, with others of its size
+    bool hasFailed = true;
+    for (int number = 1; hasFailed; ++number) {
+        files.failAt(number, FaultyFileSystem::Call::Look);
+        try {
+            snapshot();
+        } catch (const fs::filesystem_error &) { // the fault
+        } catch (const Error &) {
+            EXPECT_FALSE(files.hasFailed()) << "look " << number << " came before the link";
+        }
+        hasFailed = files.hasFailed();
+    }
 }
 
 TEST_F(FileTree, AcceptsFilesUpToTheLimit)
