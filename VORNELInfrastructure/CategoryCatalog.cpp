@@ -42,7 +42,7 @@ CategoryCatalog initialCatalog(const Workspace &workspace)
     QList<SkillRecord> records = activeManifests(workspace);
     records += trashedManifests(workspace);
     for (const SkillRecord &record : records) {
-        const QString id = CategoryRules::normalizedCategory(record.manifest.category);
+        const QString &id = record.manifest.category;
         if (!catalog.contains(id) && id.size() <= longestIdentifier)
             catalog.categories.append({id, nameForUnknownCategory(id, catalog), u"FFB347"_s, false});
     }

@@ -1,5 +1,6 @@
 #include "SkillRecords.h"
 
+#include "CategoryRules.h"
 #include "Locating.h"
 #include "ParallelMap.h"
 #include "SkillFolderStore.h"
@@ -57,6 +58,7 @@ QList<SkillRecord> records(const Workspace &workspace, const fs::path &place)
         return locating(workspace, place / name, [&] {
             SkillRecord record{store.readManifest(directory, name), place / name};
             WorkspaceValidation::validateSlug(record.manifest.slug);
+            record.manifest.category = CategoryRules::normalizedCategory(record.manifest.category);
             return record;
         });
     });

@@ -17,7 +17,8 @@ struct SkillRecord
 
 /// The active skills, in no order. One bad folder makes the whole reading fail: `symlinkUnsupported` for a
 /// link, `malformedManifest` or `invalidPath` for its manifest, `integrityFailure` for a doubled identifier
-/// or slug and for a folder not named after its slug. Hidden entries and plain files are passed over.
+/// or slug and for a folder not named after its slug. Hidden entries and plain files are passed over. The
+/// category is named as the catalog names it, whatever blanks and capitals the manifest has.
 QList<SkillRecord> activeManifests(const Workspace &workspace);
 
 /// The skills in the trash, under the same rules; a folder there is named after the skill's identifier.

@@ -156,15 +156,19 @@ TEST_F(Bootstrap, NamesTheCategoriesThatOnlyManifestsKnow)
     const QUuid trashed = QUuid::createUuid();
     writeSkill("ws/skills/a", u"a"_s, QUuid::createUuid(), 1, u"mes-outils"_s);
     writeSkill("ws/skills/b", u"b"_s, QUuid::createUuid(), 1, u"autre"_s);
+    writeSkill("ws/skills/d", u"d"_s, QUuid::createUuid(), 1, u" Web-Dev "_s);
     writeSkill("ws/.vornel/trash/" + uuidText(trashed).toStdString(), u"c"_s, trashed, 1, QString(60, u'x'));
-    const QList<SkillCategory> added = bootstrap().categories.mid(6);
+    const WorkspaceOverview overview = bootstrap();
+    const QList<SkillCategory> added = overview.categories.mid(6);
     QHash<QString, SkillCategory> byID;
     for (const SkillCategory &category : added)
         byID.insert(category.id, category);
-    ASSERT_EQ(byID.size(), 3);
+    ASSERT_EQ(byID.size(), 4);
     EXPECT_EQ(byID[u"mes-outils"_s], (SkillCategory{u"mes-outils"_s, u"Mes Outils"_s, u"FFB347"_s, false}));
     EXPECT_EQ(byID[u"autre"_s].name, u"Autre 2"_s);
     EXPECT_EQ(byID[QString(60, u'x')].name.size(), 40);
+    for (const SkillSummary &skill : overview.skills + overview.trashedSkills)
+        EXPECT_TRUE(byID.contains(skill.category)) << skill.category.toStdString();
     EXPECT_NO_THROW(bootstrap());
 }
 
