@@ -13,16 +13,13 @@ namespace vornel::LocaleText {
 namespace {
 
 /// A collator is expensive to make, and not made to be shared between threads.
-const QCollator &threadCollator()
+QCollator userCollator(bool countsDigits)
 {
-    thread_local const QCollator collator = [] {
-        const QLocale user;
-        QCollator made(user.language() == QLocale::C ? QLocale(QLocale::French) : user);
-        made.setCaseSensitivity(Qt::CaseInsensitive);
-        made.setNumericMode(true);
-        return made;
-    }();
-    return collator;
+    const QLocale user;
+    QCollator made(user.language() == QLocale::C ? QLocale(QLocale::French) : user);
+    made.setCaseSensitivity(Qt::CaseInsensitive);
+    made.setNumericMode(countsDigits);
+    return made;
 }
 
 /// Whether a character never joins with a neighbour of its kind: the letters and signs of western texts.
@@ -42,14 +39,16 @@ int graphemeCount(const QChar *text, qsizetype length)
 
 } // namespace
 
-int standardCompare(const QString &a, const QString &b)
+bool comesBefore(const QString &a, const QString &b)
 {
-    return threadCollator().compare(a, b);
+    thread_local const QCollator collator = userCollator(false);
+    return collator.compare(a, b) < 0;
 }
 
 QCollatorSortKey sortKey(const QString &text)
 {
-    return threadCollator().sortKey(text);
+    thread_local const QCollator collator = userCollator(true);
+    return collator.sortKey(text);
 }
 
 QString folded(const QString &text)

@@ -6,11 +6,11 @@
 /// Text as the user's language sees it. In the C locale, the language is French.
 namespace vornel::LocaleText {
 
-/// Orders as a file browser does: by language, without regard to case, digits by value.
-/// Returns a negative, zero or positive number.
-int standardCompare(const QString &a, const QString &b);
+/// Whether `a` comes before `b` as in a dictionary: by language, without regard to case, digits one by one.
+bool comesBefore(const QString &a, const QString &b);
 
-/// A text made ready to be ordered many times, by the same rule.
+/// A text made ready to be ordered as a file browser does: by language, without regard to case, digits by
+/// value.
 QCollatorSortKey sortKey(const QString &text);
 
 /// The form in which texts are searched: without case and without diacritics ("Éte" becomes "ete").

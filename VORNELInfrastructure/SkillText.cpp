@@ -18,8 +18,7 @@ QStringList normalizedTags(const QStringList &tags)
         if (!normalized.isEmpty() && !kept.contains(normalized))
             kept.append(normalized);
     }
-    std::ranges::stable_sort(
-        kept, [](const QString &a, const QString &b) { return LocaleText::standardCompare(a, b) < 0; });
+    std::ranges::stable_sort(kept, LocaleText::comesBefore);
     return kept;
 }
 
