@@ -100,6 +100,7 @@ public:
     /// Opens a folder that holds a root, or one above it; its links are followed, as they are the user's own.
     virtual Folder openAbove(const std::filesystem::path &path) const = 0;
 
+    /// A folder that may not be listed is opened all the same, to pass through it.
     virtual Folder openFolder(const Folder &parent, const std::string &name) const = 0;
 
     /// Opens a folder some levels down, by a relative path without "." and "..".

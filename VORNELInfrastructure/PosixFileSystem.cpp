@@ -31,10 +31,12 @@ namespace {
 constexpr mode_t ownerOnly = 0700;
 constexpr mode_t ownerReadWrite = 0600;
 
-/// Throws `errno` as an error about `path`; `operation` is the system's word for what failed.
+/// Throws `errno` as an error about `path`; `operation` is the system's word for what failed. A folder that
+/// was opened only to pass through it calls itself a bad descriptor.
 [[noreturn]] void fail(const char *operation, const fs::path &path)
 {
-    throw fs::filesystem_error(operation, path, std::error_code(errno, std::system_category()));
+    const int error = errno == EBADF ? EACCES : errno;
+    throw fs::filesystem_error(operation, path, std::error_code(error, std::system_category()));
 }
 
 /// The same about an open file, by where it stands now.
@@ -206,8 +208,12 @@ Folder PosixFileSystem::openAbove(const fs::path &path) const
 }
 
 Folder PosixFileSystem::openFolder(const Folder &parent, const std::string &name) const
-{
+try {
     return {open(parent, name, O_RDONLY | O_DIRECTORY), pathOf(parent, name)};
+} catch (const fs::filesystem_error &error) {
+    if (error.code() != std::errc::permission_denied)
+        throw;
+    return {open(parent, name, O_PATH | O_DIRECTORY), pathOf(parent, name)};
 }
 
 Folder PosixFileSystem::openBelow(const Folder &top, const fs::path &path) const

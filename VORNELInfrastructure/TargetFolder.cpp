@@ -6,18 +6,18 @@
 
 namespace vornel {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-std::optional<Folder> openTarget(const FileSystem &files, const std::filesystem::path &root)
-try {
+std::optional<Folder> openTarget(const FileSystem &files, const fs::path &root)
+{
     refuseLinkedRoot(files, root);
     if (files.kindAt(root) != FileKind::Directory)
         return std::nullopt;
-    return files.openFolder(root);
-} catch (const std::filesystem::filesystem_error &error) {
-    if (error.code() == std::errc::permission_denied)
-        return std::nullopt;
-    throw;
+    Folder folder = files.openFolder(root);
+    files.kindAt(folder, "."); // throws where nothing in it may be looked at
+    return folder;
 }
 
 } // namespace
@@ -25,10 +25,16 @@ try {
 TargetFolder::TargetFolder(const Workspace &workspace, TargetKind kind)
     : m_files(workspace.files), m_kind(kind)
 {
+    const fs::path &root = workspace.config.target(kind);
     try {
-        m_folder = openTarget(m_files, workspace.config.target(kind));
+        m_folder = openTarget(m_files, root);
     } catch (const VORNELWorkspaceError &) {
         m_failure = std::current_exception();
+    } catch (const fs::filesystem_error &error) {
+        if (error.code() != std::errc::permission_denied)
+            throw;
+        if (workspace.failureScope == FailureScope::Skill)
+            m_failure = std::make_exception_ptr(fs::filesystem_error("open", root, error.code()));
     }
 }
 
@@ -46,7 +52,7 @@ try {
     if (!m_folder)
         return std::nullopt;
     return SecureFileTree::snapshot(m_files, *m_folder, name, TreeFilter::excludingManifest);
-} catch (const std::filesystem::filesystem_error &error) {
+} catch (const fs::filesystem_error &error) {
     if (error.code() == std::errc::no_such_file_or_directory && !kindOf(name))
         return std::nullopt;
     throw;

@@ -9,7 +9,7 @@
 namespace vornel {
 
 /// An assistant's folder, open for a look at the copies in it. It holds none where no folder is, or none that
-/// may be seen. May be asked from several threads.
+/// may be seen; that is a failure where failures concern one skill. May be asked from several threads.
 class TargetFolder
 {
 public:

@@ -168,7 +168,7 @@ std::optional<TargetOccupant> TargetInspector::occupant(const TargetPlace &place
     try {
         WorkspaceValidation::validateSlug(place.slug);
         kind = folder.kindOf(name);
-    } catch (const VORNELWorkspaceError &) { // no copy is installed in such a place
+    } catch (const std::exception &) { // no copy is installed in such a place
         return std::nullopt;
     }
     if (!kind || m_workspace.files.kindAt(m_workspace.config.canonical(place.slug)))

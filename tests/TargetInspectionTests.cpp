@@ -4,6 +4,7 @@
 #include <VORNELCore/SerializedForms.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 
@@ -336,6 +337,41 @@ TEST_F(Inspection, NamesAnUnknownSkill)
               Error::skillNotFound(nobody));
     EXPECT_EQ(errorOf([&] { service->readFile(nobody, std::nullopt, u"SKILL.md"_s).waitForFinished(); }),
               Error::skillNotFound(nobody));
+}
+
+/// Gives up the rights of root, for whom no permission counts.
+class Unprivileged
+{
+public:
+    Unprivileged()
+    {
+        constexpr uid_t nobody = 65534;
+        EXPECT_TRUE(::geteuid() != 0 || ::seteuid(nobody) == 0);
+    }
+    ~Unprivileged() { EXPECT_EQ(::seteuid(::getuid()), 0); }
+    Q_DISABLE_COPY_MOVE(Unprivileged)
+};
+
+TEST(TargetFolder, IsLookedIntoAsFarAsItMayBe)
+{
+    const Unprivileged rights;
+    TestWorkspace workspace;
+    workspace.create(u"demo"_s);
+    const auto stateUnder = [&](fs::perms permissions) {
+        fs::permissions(workspace.path("codex"), permissions);
+        return workspace.stateOf(u"demo"_s);
+    };
+    LocalWorkspaceService tolerant(workspace.manager, FailureScope::Skill);
+    tolerant.bootstrap(workspace.path("workspace"), workspace.path("claude"), workspace.path("codex"))
+        .waitForFinished();
+    EXPECT_EQ(stateUnder(fs::perms::owner_exec), SyncState::inSync) << "can be searched, and not listed";
+    EXPECT_EQ(stateUnder(fs::perms::owner_read), SyncState::missing) << "can be listed, and not searched";
+    EXPECT_EQ(tolerant.reload().result().skills.first().syncState, SyncState::failed);
+    EXPECT_EQ(tolerant.failedCopies().result().begin()->first().reason,
+              u"Accès refusé\u00A0: "_s + pathText(workspace.path("codex")));
+    EXPECT_TRUE(tolerant.occupants(QList<TargetPlace>{{TargetKind::codex, u"other"_s}}).result().isEmpty());
+    EXPECT_EQ(stateUnder(fs::perms::none), SyncState::missing);
+    EXPECT_EQ(stateUnder(fs::perms::owner_all), SyncState::inSync);
 }
 
 } // namespace
