@@ -25,8 +25,7 @@ void SkillTrash::moveToTrash(const QSet<QUuid> &ids) const
 
 void SkillTrash::moveToTrash(const SkillRecord &skill) const
 {
-    // The trash, like the library, holds a slug once: a second one would make every overview fail.
-    ensureUnique(skill.manifest.slug, trashedBut(skill.manifest.id));
+    refuseDoubledSlug(skill.manifest);
     TargetSynchronizer(m_workspace).removeCopies(skill);
     const fs::path destination = m_workspace.config.trashed(skill.manifest.id);
     if (m_workspace.files.kindAt(destination))
@@ -34,6 +33,17 @@ void SkillTrash::moveToTrash(const SkillRecord &skill) const
     TrashMoments(m_workspace).note(skill.manifest.id);
     moveTree(m_workspace.files, skill.url, destination);
     m_workspace.failedSyncTargets.remove(skill.manifest.id);
+}
+
+/// The trash, like the library, holds a slug once: a second one would make every overview fail.
+void SkillTrash::refuseDoubledSlug(const SkillManifest &manifest) const
+{
+    for (const SkillRecord &other : trashedBut(manifest.id)) {
+        if (other.manifest.slug == manifest.slug)
+            throw VORNELWorkspaceError::integrityFailure(
+                u"La corbeille contient déjà une autre compétence %1, «\u00A0%2\u00A0»\u00A0: "
+                "supprimez-la d’abord définitivement."_s.arg(manifest.slug, other.manifest.displayName));
+    }
 }
 
 QList<SkillRecord> SkillTrash::trashedBut(const QUuid &id) const

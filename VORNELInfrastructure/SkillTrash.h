@@ -24,6 +24,7 @@ public:
 
 private:
     void moveToTrash(const SkillRecord &skill) const;
+    void refuseDoubledSlug(const SkillManifest &manifest) const;
     void remove(const QUuid &id) const;
 
     /// The skills in the trash, without the one of this identifier.

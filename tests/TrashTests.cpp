@@ -78,7 +78,9 @@ TEST_F(Trash, KeepsSlugsApart)
     const ImportPlan plan = service->scanImports().result();
     const QUuid second = service->commitImport(plan.id).result().skills.first().id;
     EXPECT_EQ(errorOf([&] { service->restore(first).result(); }), taken);
-    EXPECT_EQ(errorOf([&] { service->moveToTrash(second).result(); }), taken);
+    EXPECT_EQ(errorOf([&] { service->moveToTrash(second).result(); }),
+              integrity(u"La corbeille contient déjà une autre compétence demo, «\u00A0demo\u00A0»\u00A0: "
+                        "supprimez-la d’abord définitivement."_s));
     EXPECT_EQ(service->reload().result().trashedSkills.first().id, first);
     EXPECT_EQ(stateOf(u"demo"_s), SyncState::inSync);
 }
