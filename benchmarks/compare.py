@@ -27,8 +27,12 @@ class Library:
         subprocess.run(self.vornelctl("import"), env=self.environment, check=True, stdout=subprocess.DEVNULL)
 
     @staticmethod
-    def vornelctl(command):
-        return [VORNELCTL, command]
+    def vornelctl(*words):
+        return [VORNELCTL, *words]
+
+    def seconds_of(self, *words):
+        """Seconds that a command takes on this library."""
+        return seconds(*self.vornelctl(*words), env=self.environment, stdout=subprocess.DEVNULL)
 
     def benchmark(self, name):
         """Seconds of one iteration, and the counters, of a benchmark on this library."""
@@ -113,6 +117,7 @@ def main():
             many, _ = large.benchmark("reload")
             again, _ = small.benchmark("reload")
             note("scale", (many / large.count) / ((reload + again) / 2 / small.count))
+            note("sync", large.seconds_of("sync", "--all") / large.seconds_of("status"))
             _, openssl = small.benchmark("openSslSha256")
             for files in (1, 4):
                 _, snapshot = small.benchmark(f"snapshotOfLargeFiles/{files}")
@@ -129,6 +134,7 @@ def main():
     print(f"| the same | `rsync -rnc` of both pairs | {median['rsync']:.2f} times | under 1 |")
     print(f"| `reload`, 5,000 skills | `reload`, 500 skills, per skill | {median['scale']:.2f} times"
           f" | at most 1.10 times |")
+    print(f"| `sync --all`, 5,000 skills that are in sync | `status` | {median['sync']:.2f} times | at most 3 times |")
     print(f"| snapshot of four files of 24 MiB | OpenSSL's SHA-256 from memory, one thread"
           f" | {100 * median['snapshot4']:.0f} % of its speed | at least 90 % |")
     print(f"| snapshot of one file of 24 MiB | the same | {100 * median['snapshot1']:.0f} % of its speed | |")
