@@ -256,6 +256,7 @@ TEST_F(UnreadableCopy, HarmsItsOwnSkillAndIsSetAside)
         {"linked copy", inPlaceOfTheCopy([&] { fs::create_directory_symlink(path("claude/demo"), place); })},
     };
     for (const auto &[name, spoil] : cases) {
+        write("claude/demo/SKILL.md", "canonical");
         spoil();
         EXPECT_ANY_THROW(service->reload().result()) << name;
         write("claude/demo/SKILL.md", "edited"); // which doesn't hide the other copy
