@@ -209,14 +209,16 @@ private:
         for (const auto &[slug, copy] : m_before.codex) {
             const auto hasTaken = [&slug = slug](const WorkspaceState &state, const auto &isThis) {
                 return std::ranges::any_of(state.recovery, [&](const auto &entry) {
-                    return entry.first.ends_with("-removed-codex-" + slug) && isThis(entry.second);
+                    return entry.first.ends_with("-removed-codex-" + slug) && isThis(entry);
                 });
             };
-            if (!hasTaken(m_after, [](const Tree &) { return true; }))
+            const auto isNew = [this](const auto &entry) { return !m_before.recovery.contains(entry.first); };
+            if (!hasTaken(m_after, isNew))
                 continue;
             const auto installed = m_now.codex.find(slug);
             const bool isInstalled = installed != m_now.codex.end() && installed->second == copy;
-            const bool isKept = hasTaken(m_now, [&copy = copy](const Tree &tree) { return tree == copy; });
+            const bool isKept =
+                hasTaken(m_now, [&copy = copy](const auto &entry) { return entry.second == copy; });
             EXPECT_TRUE(isInstalled || isKept) << "the edits in " << slug << " are lost";
         }
     }
