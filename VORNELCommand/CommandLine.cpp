@@ -36,20 +36,6 @@ void parse(QCommandLineParser &parser, const QStringList &arguments)
     throw UsageError(u"Option inconnue\u00A0: "_s + unknown.first());
 }
 
-/// The words before the first option that is not common to all, which begin with the command.
-QStringList leadingWords(const QStringList &arguments, QString &request)
-{
-    QCommandLineParser parser;
-    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
-    addOptions(parser, commonOptions, commonFlags);
-    parse(parser, arguments);
-    for (const QString &flag : {u"help"_s, u"version"_s}) {
-        if (parser.isSet(flag))
-            request = flag;
-    }
-    return parser.positionalArguments();
-}
-
 const CommandSyntax &findCommand(const QStringList &words, const QList<CommandSyntax> &commands)
 {
     const auto isNamed = [&words](const CommandSyntax &command) {
@@ -92,7 +78,11 @@ void check(const Invocation &invocation, const CommandSyntax &command)
         if (!invocation.has(option))
             throw UsageError(u"Il manque l’option --"_s + option + u'.');
     }
+    const QStringList known =
+        commonOptions + commonFlags + command.requiredOptions + command.options + command.flags;
     for (auto option = invocation.values.begin(); option != invocation.values.end(); ++option) {
+        if (!known.contains(option.key()))
+            throw UsageError(u"Option inconnue\u00A0: "_s + option.key());
         for (const QString &value : option.value())
             checkValue(option.key(), value);
     }
@@ -113,14 +103,14 @@ QString Invocation::value(const QString &option, const QString &otherwise) const
 
 Invocation parseCommandLine(const QStringList &arguments, const QList<CommandSyntax> &commands)
 {
-    QString request;
-    const QStringList words = leadingWords(arguments, request);
-    if (!request.isEmpty())
-        return {request, {}, {}};
-    const CommandSyntax &command = findCommand(words, commands);
-
-    const QStringList options = commonOptions + command.requiredOptions + command.options;
-    const QStringList flags = commonFlags + command.flags;
+    QStringList options = commonOptions;
+    QStringList flags = commonFlags;
+    for (const CommandSyntax &command : commands) {
+        options += command.requiredOptions + command.options;
+        flags += command.flags;
+    }
+    options.removeDuplicates();
+    flags.removeDuplicates();
     QCommandLineParser parser;
     addOptions(parser, options, flags);
     parse(parser, arguments);
@@ -129,6 +119,7 @@ Invocation parseCommandLine(const QStringList &arguments, const QList<CommandSyn
             return {flag, {}, {}};
     }
 
+    const CommandSyntax &command = findCommand(parser.positionalArguments(), commands);
     Invocation invocation{
         command.name, parser.positionalArguments().mid(command.name.split(u' ').size()), {}};
     for (const QString &name : options + flags) {
@@ -154,7 +145,7 @@ Options communes
 
 Consulter
   status                                    l’état du workspace ; code 1 si une copie est à réparer
-  list [--search TEXTE] [--category ID] [--maturity draft|ready|active|obsolete]
+  list [--search TEXTE] [--category ID] [--maturity draft|ready|active|obsolete] [--trash]
   show SKILL
   diff SKILL                                ce que chaque copie a en plus (+), en moins (-) ou de modifié (~) ;
                                             code 1 si une copie diffère

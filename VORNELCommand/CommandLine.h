@@ -41,8 +41,8 @@ public:
     explicit UsageError(const QString &message) : std::runtime_error(message.toStdString()) {}
 };
 
-/// Reads the arguments, program name excluded. "--" ends the options; those common to all may stand before
-/// the command's name or after it. "help" and "version" are commands of their own.
+/// Reads the arguments, program name excluded. Options may stand anywhere, even between the words of a
+/// command's name, until "--" ends them. "help" and "version" are commands of their own.
 Invocation parseCommandLine(const QStringList &arguments, const QList<CommandSyntax> &commands);
 
 /// The whole usage, in French.

@@ -125,9 +125,8 @@ int status(const Session &session)
                                                                     : ExitCode::needsAttention;
 }
 
-int list(const Session &session)
+LibraryQuery::Filter typedFilter(const Invocation &invocation)
 {
-    const Invocation &invocation = session.invocation;
     const QString category = u"category"_s;
     const QString maturity = u"maturity"_s;
     LibraryQuery::Filter filter{invocation.value(u"search"_s), std::nullopt, std::nullopt};
@@ -135,10 +134,20 @@ int list(const Session &session)
         filter.category = invocation.value(category);
     if (invocation.has(maturity))
         filter.maturity = caseOf<Maturity>(invocation.value(maturity));
-    const LibraryIndex index(session.overview.skills, session.overview.categories);
-    output(session, index.orderedFilteredSkills(filter), [&session](const QList<SkillSummary> &skills) {
-        return Report::skills(skills, session.overview.categories);
-    });
+    return filter;
+}
+
+int list(const Session &session)
+{
+    const WorkspaceOverview &overview = session.overview;
+    const bool ofTrash = session.invocation.has(u"trash"_s);
+    const LibraryIndex index(ofTrash ? overview.trashedSkills : overview.skills, overview.categories);
+    output(session, index.orderedFilteredSkills(typedFilter(session.invocation)),
+           [&](const QList<SkillSummary> &skills) {
+               return ofTrash ? Report::trashedSkills(skills, overview.categories,
+                                                      session.trash.trashDates().result())
+                              : Report::skills(skills, overview.categories);
+           });
     return ExitCode::success;
 }
 
@@ -383,7 +392,7 @@ const QList<Command> &commands()
     };
     static const QList<Command> all{
         {syntax("status", 0, 0), status},
-        {syntax("list", 0, 0, names({"search", "category", "maturity"})), list},
+        {syntax("list", 0, 0, names({"search", "category", "maturity"}), {}, names({"trash"})), list},
         {syntax("show", 1, 1), show},
         {syntax("diff", 1, 1), diff},
         {syntax("scan", 0, 0), scan},

@@ -1,5 +1,7 @@
 #include "InputFile.h"
 
+#include "CommandFailure.h"
+
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELInfrastructure/FileSystem.h>
 #include <VORNELInfrastructure/SkillFiles.h>
@@ -10,6 +12,8 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
+
+using namespace Qt::StringLiterals;
 
 namespace vornel {
 
@@ -23,6 +27,8 @@ QByteArray readToEnd(const Descriptor &input, const fs::path &path)
     std::array<char, 64UL * 1024> buffer;
     while (true) {
         const ssize_t count = ::read(input.fd(), buffer.data(), buffer.size());
+        if (count < 0 && errno == EBADF)
+            throw CommandFailure(u"closedInput"_s, u"L’entrée standard est fermée."_s);
         if (count < 0 && errno != EINTR)
             throw fs::filesystem_error("read", path, std::error_code(errno, std::system_category()));
         if (count == 0)

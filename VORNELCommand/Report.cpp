@@ -65,6 +65,24 @@ QString section(const QString &title, const QList<QList<Cell>> &rows)
     return rows.isEmpty() ? QString() : heading(title, rows.size()) + Terminal::table(rows);
 }
 
+/// One row a skill, with what `lastCell` tells of it at its end.
+template <typename LastCell>
+QString skillTable(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
+                   const LastCell &lastCell)
+{
+    QHash<QString, QString> names;
+    for (const SkillCategory &category : categories)
+        names.insert(category.id, category.name);
+    QList<QList<Cell>> rows;
+    for (const SkillSummary &skill : skills)
+        rows.append({{skill.slug},
+                     {skill.displayName},
+                     {names.value(skill.category, skill.category)},
+                     {Wording::maturity(skill.maturity)},
+                     lastCell(skill)});
+    return rows.isEmpty() ? u"Aucune compétence\n"_s : Terminal::table(rows);
+}
+
 QList<Cell> candidateRow(const ImportCandidate &candidate)
 {
     const bool isIdentical = candidate.classification == ImportClassification::identical;
@@ -103,17 +121,16 @@ QString overview(const WorkspaceOverview &overview)
 
 QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories)
 {
-    QHash<QString, QString> names;
-    for (const SkillCategory &category : categories)
-        names.insert(category.id, category.name);
-    QList<QList<Cell>> rows;
-    for (const SkillSummary &skill : skills)
-        rows.append({{skill.slug},
-                     {skill.displayName},
-                     {names.value(skill.category, skill.category)},
-                     {Wording::maturity(skill.maturity)},
-                     stateCell(skill.syncState)});
-    return rows.isEmpty() ? u"Aucune compétence\n"_s : Terminal::table(rows);
+    return skillTable(skills, categories,
+                      [](const SkillSummary &skill) { return stateCell(skill.syncState); });
+}
+
+QString trashedSkills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
+                      const QHash<QUuid, QDateTime> &dates)
+{
+    return skillTable(skills, categories, [&dates](const SkillSummary &skill) {
+        return Cell{localDate(dates.value(skill.id)), Colour::Muted};
+    });
 }
 
 QString detail(const SkillDetail &detail)

@@ -15,6 +15,10 @@ QString overview(const WorkspaceOverview &overview);
 /// One row a skill.
 QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories);
 
+/// One row a skill of the trash, with the time at which it came there, where `dates` tells it.
+QString trashedSkills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
+                      const QHash<QUuid, QDateTime> &dates);
+
 /// Everything about one skill, and its text.
 QString detail(const SkillDetail &detail);
 

@@ -1,6 +1,7 @@
 #include "CommandFailure.h"
 #include "CommandLine.h"
 #include "Commands.h"
+#include "StandardStreams.h"
 #include "Terminal.h"
 
 #include <VORNELCore/ErrorMessage.h>
@@ -15,13 +16,23 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <cstdlib>
 #include <span>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 using namespace vornel;
 
 namespace {
+
+/// Whether "--json" stands among the options, even where the command line can't be understood.
+bool asksForJson(std::span<char *> arguments)
+{
+    using namespace std::string_view_literals;
+    const auto end = std::find(arguments.begin(), arguments.end(), "--"sv);
+    return std::find(arguments.begin(), end, "--json"sv) != end;
+}
 
 QStringList decodedArguments(std::span<char *> arguments)
 {
@@ -58,20 +69,26 @@ int run(const Invocation &invocation)
     return runCommand(invocation, {service, service, service, service, service}, overview);
 }
 
+bool isUsageError(const std::exception &error)
+{
+    return dynamic_cast<const UsageError *>(&error) != nullptr;
+}
+
 QString errorCase(const std::exception &error)
 {
     if (const auto *workspace = dynamic_cast<const VORNELWorkspaceError *>(&error))
         return workspace->caseName();
     if (const auto *command = dynamic_cast<const CommandFailure *>(&error))
         return command->caseName;
-    return u"fileSystem"_s;
+    return isUsageError(error) ? u"usage"_s : u"fileSystem"_s;
 }
 
 void reportFailure(const std::exception &error, bool asJson)
 {
     const QString message = errorMessage(error);
     if (!asJson)
-        return Terminal::printError(Terminal::printable(message));
+        return Terminal::printError(Terminal::printable(message) +
+                                    (isUsageError(error) ? u"\n\n"_s + usageText().trimmed() : QString()));
     QJsonObject object{{u"error"_s, errorCase(error)}, {u"message"_s, message}};
     if (const auto folder = failedFolder(error); !folder.empty())
         object.insert(u"folder"_s, pathText(folder));
@@ -86,9 +103,13 @@ void reportFailure(const std::exception &error, bool asJson)
 
 int main(int argc, char *argv[])
 {
-    Invocation invocation;
+    StandardStreams::replaceClosed();
+    const std::span arguments(argv, static_cast<size_t>(argc));
+    bool asJson = asksForJson(arguments);
     try {
-        invocation = parseCommandLine(decodedArguments({argv, static_cast<size_t>(argc)}), commandSyntaxes());
+        StandardStreams::requireOutput();
+        const Invocation invocation = parseCommandLine(decodedArguments(arguments), commandSyntaxes());
+        asJson = invocation.has(u"json"_s);
         if (invocation.command == u"help"_s)
             Terminal::print(usageText());
         else if (invocation.command == u"version"_s)
@@ -96,11 +117,8 @@ int main(int argc, char *argv[])
         else
             return run(invocation);
         return ExitCode::success;
-    } catch (const UsageError &error) {
-        Terminal::printError(QString::fromUtf8(error.what()) + u"\n\n"_s + usageText().trimmed());
-        return ExitCode::usage;
     } catch (const std::exception &error) {
-        reportFailure(error, invocation.has(u"json"_s));
-        return ExitCode::failure;
+        reportFailure(error, asJson);
+        return isUsageError(error) ? ExitCode::usage : ExitCode::failure;
     }
 }

@@ -4,6 +4,8 @@
 
 #include <QJsonArray>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -73,11 +75,16 @@ TEST_F(Vornelctl, CarriesASkillThroughItsLife)
                                      .json()[u"categories"][6]
                                      .toObject();
     EXPECT_EQ(category[u"id"], u"equipe"_s);
-    EXPECT_EQ(run("category update equipe Groupe 000000").code, 0);
-    EXPECT_EQ(run("category delete equipe").code, 0);
+    EXPECT_EQ(run("category --json update equipe -- Groupe 000000").json()[u"categories"][6][u"name"],
+              u"Groupe"_s);
+    EXPECT_EQ(run("category -- delete equipe").code, 0);
 
     EXPECT_EQ(run("trash demo").code, 0);
     EXPECT_EQ(run("show demo").code, 2);
+    EXPECT_EQ(run("list --json").json().array().size(), 0);
+    EXPECT_EQ(run("list --trash --category design --json").json()[0][u"slug"], u"demo"_s);
+    EXPECT_EQ(run("list --trash --search rien --json").json().array().size(), 0);
+    EXPECT_TRUE(run("list --trash").output.startsWith("demo  Démo  Design  Brouillon  20"));
     EXPECT_EQ(run("restore demo").code, 0);
     EXPECT_EQ(run("trash demo --json").json()[u"trashedSkills"].toArray().size(), 1);
     EXPECT_EQ(run("delete demo").code, 0);
@@ -184,18 +191,35 @@ TEST_F(Vornelctl, AnswersWrongUsageWithoutTouchingAnything)
     for (const char *line :
          {"frobnicate", "category", "category rename", "show", "show a b", "diff", "status extra", "create x",
           "save x --file f", "save x --expect one --file f", "list --maturity Draft", "import --prefer both",
-          "import --choose a", "sync", "sync --all x", "status --verbose", "list --search", "--claude"}) {
+          "import --choose a", "sync", "sync --all x", "status --verbose", "status --all", "list --search",
+          "--claude"}) {
         const Result result = run(line);
         EXPECT_EQ(result.code, 64) << line;
         EXPECT_TRUE(result.errors.contains("Usage : vornelctl")) << line;
         EXPECT_TRUE(result.output.isEmpty()) << line;
+        const Result asJson = run((QByteArray("--json ") + line).constData());
+        EXPECT_EQ(asJson.code, 64) << line;
+        EXPECT_EQ(asJson.error()[u"error"], u"usage"_s) << line;
     }
     EXPECT_FALSE(fs::exists(path("ws")));
     EXPECT_EQ(run("--help").code, 0);
-    EXPECT_TRUE(run("import --help").output.startsWith("Usage : vornelctl"));
+    for (const char *line : {"import --help", "category -h"})
+        EXPECT_TRUE(run(line).output.startsWith("Usage : vornelctl")) << line;
     for (const char *line : {"--version", "-v", "list -v"})
         EXPECT_TRUE(run(line).output.startsWith("vornelctl ")) << line;
     EXPECT_FALSE(fs::exists(path("ws")));
+}
+
+TEST_F(Vornelctl, SaysThatAStreamIsClosed)
+{
+    const Result mute = run("create x --name X", {}, STDOUT_FILENO);
+    EXPECT_EQ(mute.code, 2);
+    EXPECT_EQ(mute.errors, QByteArray("La sortie standard est fermée.\n"));
+    EXPECT_FALSE(fs::exists(path("ws")));
+    const Result deaf = run("create x --name X --file - --json", {}, STDIN_FILENO);
+    EXPECT_EQ(deaf.code, 2);
+    EXPECT_EQ(deaf.error()[u"message"], u"L’entrée standard est fermée."_s);
+    EXPECT_EQ(run("create x --name X", {}, STDERR_FILENO).code, 0);
 }
 
 } // namespace

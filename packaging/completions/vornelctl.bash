@@ -56,7 +56,7 @@ _vornelctl_command() {
 _vornelctl_options() {
     local options=(--workspace --claude --codex --json --help --version)
     case $1 in
-        list) options+=(--search --category --maturity) ;;
+        list) options+=(--search --category --maturity --trash) ;;
         import) options+=(--choose --prefer --except --replace) ;;
         create) options+=(--name --summary --category --tags --maturity --file --replace) ;;
         save) options+=(--expect --file) ;;

@@ -2,11 +2,14 @@
 
 #include <VORNELCore/SerializedForms.h>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-Vornelctl::Process Vornelctl::start(const QStringList &arguments, const QByteArray &input) const
+Vornelctl::Process Vornelctl::start(const QStringList &arguments, const QByteArray &input,
+                                    int closedStream) const
 {
     auto process = std::make_unique<QProcess>();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -15,6 +18,8 @@ Vornelctl::Process Vornelctl::start(const QStringList &arguments, const QByteArr
     environment.insert(u"VORNEL_CODEX_SKILLS_PATH"_s, pathText(path("codex")));
     process->setProcessEnvironment(environment);
     process->setWorkingDirectory(pathText(path()));
+    if (closedStream >= 0)
+        process->setChildProcessModifier([closedStream] { ::close(closedStream); });
     process->start(QStringLiteral(VORNELCTL), QStringList{u"--workspace"_s, u"ws"_s} + arguments);
     process->write(input);
     process->closeWriteChannel();
@@ -38,14 +43,14 @@ std::vector<Result> Vornelctl::finish(const std::vector<Process> &processes)
     return results;
 }
 
-Result Vornelctl::run(const QStringList &arguments, const QByteArray &input) const
+Result Vornelctl::run(const QStringList &arguments, const QByteArray &input, int closedStream) const
 {
-    return finish(*start(arguments, input));
+    return finish(*start(arguments, input, closedStream));
 }
 
-Result Vornelctl::run(const char *line, const QByteArray &input) const
+Result Vornelctl::run(const char *line, const QByteArray &input, int closedStream) const
 {
-    return run(QString::fromUtf8(line).split(u' '), input);
+    return run(QString::fromUtf8(line).split(u' '), input, closedStream);
 }
 
 } // namespace vornel

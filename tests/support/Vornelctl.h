@@ -28,18 +28,18 @@ class Vornelctl : public testing::Test, protected Scratch
 protected:
     using Process = std::unique_ptr<QProcess>;
 
-    /// Begins a process that reads `input`.
-    Process start(const QStringList &arguments, const QByteArray &input = {}) const;
+    /// Begins a process that reads `input`; one of its standard streams may be closed.
+    Process start(const QStringList &arguments, const QByteArray &input = {}, int closedStream = -1) const;
 
     /// Waits for the end of a process. One that has to be waited for too long is killed, and fails the test.
     static Result finish(QProcess &process);
 
     static std::vector<Result> finish(const std::vector<Process> &processes);
 
-    Result run(const QStringList &arguments, const QByteArray &input = {}) const;
+    Result run(const QStringList &arguments, const QByteArray &input = {}, int closedStream = -1) const;
 
     /// The words of a command line without quoting.
-    Result run(const char *line, const QByteArray &input = {}) const;
+    Result run(const char *line, const QByteArray &input = {}, int closedStream = -1) const;
 };
 
 } // namespace vornel
