@@ -12,17 +12,31 @@ namespace vornel {
 
 namespace {
 
-const QStringList commonOptions{u"workspace"_s, u"claude"_s, u"codex"_s};
-const QStringList commonFlags{u"json"_s, u"help"_s, u"version"_s};
+const QStringList requests{u"help"_s, u"version"_s}; ///< flags that stand for a command
 
-void addOptions(QCommandLineParser &parser, const QStringList &options, const QStringList &flags)
+QList<OptionSyntax> sharedOptions()
 {
-    for (const QString &option : options)
-        parser.addOption({option, {}, u"value"_s});
-    for (const QString &flag : flags) {
-        const bool isCommand = flag == u"help"_s || flag == u"version"_s;
-        parser.addOption(
-            QCommandLineOption(isCommand ? QStringList{flag, flag.first(1)} : QStringList{flag}));
+    QList<OptionSyntax> options;
+    for (const CommonOption &option : commonOptions())
+        options += optionsOf(option.usage);
+    return options;
+}
+
+/// Makes every option of every command known: the words of a command's name may follow any of them.
+void addOptions(QCommandLineParser &parser, const QList<CommandSyntax> &commands)
+{
+    QList<OptionSyntax> options = sharedOptions();
+    for (const CommandSyntax &command : commands)
+        options += command.options;
+    QStringList known;
+    for (const OptionSyntax &option : options) {
+        if (known.contains(option.name))
+            continue;
+        known.append(option.name);
+        const QStringList names = requests.contains(option.name)
+                                      ? QStringList{option.name, option.name.first(1)}
+                                      : QStringList{option.name};
+        parser.addOption(QCommandLineOption(names, {}, option.form));
     }
 }
 
@@ -38,60 +52,64 @@ void parse(QCommandLineParser &parser, const QStringList &arguments)
 
 const CommandSyntax &findCommand(const QStringList &words, const QList<CommandSyntax> &commands)
 {
-    const auto isNamed = [&words](const CommandSyntax &command) {
-        const QStringList name = command.name.split(u' ');
-        return words.mid(0, name.size()) == name;
-    };
-    const auto found = std::ranges::find_if(commands, isNamed);
     if (words.isEmpty())
         throw UsageError(u"Aucune commande n’est donnée."_s);
-    if (found == commands.end() && words.first() == u"category")
-        throw UsageError(u"La commande category demande create, update ou delete."_s);
-    if (found == commands.end())
-        throw UsageError(u"Commande inconnue\u00A0: "_s + words.first());
-    return *found;
+    QStringList continuations;
+    for (const CommandSyntax &command : commands) {
+        if (words.first(std::min(words.size(), command.name.size())) == command.name)
+            return command;
+        if (command.name.first() == words.first())
+            continuations.append(command.name.last());
+    }
+    if (!continuations.isEmpty())
+        throw UsageError(u"La commande "_s + words.first() + u" demande "_s + continuations.join(u" ou "_s) +
+                         u'.');
+    throw UsageError(u"Commande inconnue\u00A0: "_s + words.first());
 }
 
-/// Refuses a value that its option can't have. Options without a shape take any text.
-void checkValue(const QString &option, const QString &value)
+void checkOperands(const Invocation &invocation, const CommandSyntax &command)
 {
-    static const QHash<QString, QRegularExpression> shapes{
-        {u"choose"_s, QRegularExpression(uR"(\A[^=]+=(claude|codex)\z)"_s)},
-        {u"maturity"_s, QRegularExpression(uR"(\A(draft|ready|active|obsolete)\z)"_s)},
-        {u"prefer"_s, QRegularExpression(uR"(\A(claude|codex)\z)"_s)},
-    };
-    const auto shape = shapes.find(option);
-    if (shape != shapes.end() && !shape->match(value).hasMatch())
-        throw UsageError(u"Valeur incorrecte pour --"_s + option + u" : "_s + value);
-    bool isNumber = true;
-    if (option == u"expect")
-        value.toLongLong(&isNumber);
-    if (!isNumber)
-        throw UsageError(u"Valeur incorrecte pour --expect\u00A0: "_s + value);
-    if (value.isEmpty() && commonOptions.contains(option))
-        throw UsageError(u"L’option --"_s + option + u" demande un dossier."_s);
+    const QStringList &typed = invocation.operands;
+    const QStringList forms = invocation.has(u"all"_s) ? QStringList() : command.operands;
+    const bool isLastRepeated = !forms.isEmpty() && forms.last().endsWith(u'…');
+    if (typed.size() < forms.size())
+        throw UsageError(u"Il manque un argument à la commande "_s + invocation.command + u'.');
+    if (typed.size() > forms.size() && !isLastRepeated)
+        throw UsageError(u"Argument de trop\u00A0: "_s + typed.last());
+    for (qsizetype index = 0; index < typed.size(); ++index) {
+        if (!fits(typed.at(index), forms.at(std::min(index, forms.size() - 1))))
+            throw UsageError(u"Valeur incorrecte\u00A0: "_s + typed.at(index));
+    }
 }
 
-void check(const Invocation &invocation, const CommandSyntax &command)
+void checkOptions(const Invocation &invocation, const QList<OptionSyntax> &options)
 {
-    for (const QString &option : command.requiredOptions) {
-        if (!invocation.has(option))
-            throw UsageError(u"Il manque l’option --"_s + option + u'.');
+    for (auto typed = invocation.values.begin(); typed != invocation.values.end(); ++typed) {
+        const auto option = std::ranges::find(options, typed.key(), &OptionSyntax::name);
+        if (option == options.end())
+            throw UsageError(u"Option inconnue\u00A0: "_s + typed.key());
+        for (const QString &value : typed.value()) {
+            if (!fits(value, option->form))
+                throw UsageError(u"Valeur incorrecte pour --"_s + typed.key() + u"\u00A0: "_s + value);
+        }
     }
-    const QStringList known =
-        commonOptions + commonFlags + command.requiredOptions + command.options + command.flags;
-    for (auto option = invocation.values.begin(); option != invocation.values.end(); ++option) {
-        if (!known.contains(option.key()))
-            throw UsageError(u"Option inconnue\u00A0: "_s + option.key());
-        for (const QString &value : option.value())
-            checkValue(option.key(), value);
+}
+
+/// The lines that state a syntax and its meaning.
+QString entry(const QString &usage, const QString &meaning)
+{
+    constexpr qsizetype width = 90;
+    static const QRegularExpression gaps(u" (?=\\[|--)"_s);
+    QString text;
+    QString line = u" "_s;
+    for (const QString &part : usage.split(gaps)) {
+        if (line.size() + 1 + part.size() > width) {
+            text += line + u'\n';
+            line = QString(9, u' ');
+        }
+        line += u' ' + part;
     }
-    const qsizetype count = invocation.operands.size();
-    const bool takesAll = invocation.has(u"all"_s);
-    if (count < (takesAll ? 0 : command.minOperands))
-        throw UsageError(u"Il manque un argument à la commande "_s + command.name + u'.');
-    if (count > (takesAll ? 0 : command.maxOperands))
-        throw UsageError(u"Argument de trop\u00A0: "_s + invocation.operands.last());
+    return text + line + u"\n      "_s + meaning + u'\n';
 }
 
 } // namespace
@@ -103,81 +121,46 @@ QString Invocation::value(const QString &option, const QString &otherwise) const
 
 Invocation parseCommandLine(const QStringList &arguments, const QList<CommandSyntax> &commands)
 {
-    QStringList options = commonOptions;
-    QStringList flags = commonFlags;
-    for (const CommandSyntax &command : commands) {
-        options += command.requiredOptions + command.options;
-        flags += command.flags;
-    }
-    options.removeDuplicates();
-    flags.removeDuplicates();
     QCommandLineParser parser;
-    addOptions(parser, options, flags);
+    addOptions(parser, commands);
     parse(parser, arguments);
-    for (const QString &flag : {u"help"_s, u"version"_s}) {
-        if (parser.isSet(flag))
-            return {flag, {}, {}};
+    for (const QString &request : requests) {
+        if (parser.isSet(request))
+            return {request, {}, {}};
     }
 
-    const CommandSyntax &command = findCommand(parser.positionalArguments(), commands);
-    Invocation invocation{
-        command.name, parser.positionalArguments().mid(command.name.split(u' ').size()), {}};
-    for (const QString &name : options + flags) {
-        if (parser.isSet(name))
-            invocation.values.insert(name, parser.values(name));
+    const QStringList words = parser.positionalArguments();
+    const CommandSyntax &command = findCommand(words, commands);
+    Invocation invocation{command.name.join(u' '), words.sliced(command.name.size()), {}};
+    for (const QString &option : parser.optionNames())
+        invocation.values.insert(option, parser.values(option));
+    for (const OptionSyntax &option : command.options) {
+        if (option.isRequired && !invocation.has(option.name))
+            throw UsageError(u"Il manque l’option --"_s + option.name + u'.');
     }
-    check(invocation, command);
+    checkOptions(invocation, sharedOptions() + command.options);
+    checkOperands(invocation, command);
     return invocation;
 }
 
-QString usageText()
+QString usageText(const QList<CommandSyntax> &commands)
 {
-    return uR"(Usage : vornelctl [OPTIONS] COMMANDE …
-
-Options communes
-  --workspace DOSSIER   le workspace (sinon VORNEL_WORKSPACE_PATH, sinon ~/VORNEL)
-  --claude DOSSIER      les skills de Claude (sinon VORNEL_CLAUDE_SKILLS_PATH, sinon ~/.claude/skills)
-  --codex DOSSIER       les skills de Codex (sinon VORNEL_CODEX_SKILLS_PATH, sinon ~/.codex/skills)
-  --json                un document JSON sur la sortie standard
-  -h, --help            cette aide
-  -v, --version         la version
-  --                    fin des options
-
-Consulter
-  status                                    l’état du workspace ; code 1 si une copie est à réparer
-  list [--search TEXTE] [--category ID] [--maturity draft|ready|active|obsolete] [--trash]
-  show SKILL
-  diff SKILL                                ce que chaque copie a en plus (+), en moins (-) ou de modifié (~) ;
-                                            code 1 si une copie diffère
-
-Importer
-  scan                                      ce que contiennent les deux dossiers
-  import [--choose SLUG=claude|codex]… [--prefer claude|codex] [--except SLUG]… [--replace]
-
-Écrire
-  create SLUG --name NOM [--summary TEXTE] [--category ID] [--tags a,b] [--maturity M] [--file FICHIER]
-         [--replace]
-  save SKILL --expect RÉVISION --file FICHIER
-  sync SKILL… | sync --all
-  set-aside SKILL claude|codex              garde dans .vornel/recovery une copie qui ne peut pas être lue, et en
-                                            installe une nouvelle
-
-Classer
-  assign CATÉGORIE SKILL…
-  category create NOM COULEUR
-  category update ID NOM COULEUR
-  category delete ID
-
-Corbeille
-  trash SKILL…
-  restore SKILL [--replace]
-  delete SKILL
-  empty-trash
-
-SKILL est un identifiant ou un slug. FICHIER « - » est l’entrée standard.
---replace remplace les dossiers que VORNEL n’a pas installés ; ils sont gardés dans l’historique.
-Codes de sortie : 0 réussite, 1 copie à réparer (status, diff), 2 échec, 64 usage incorrect.
-)"_s;
+    QString text = u"Usage\u00A0: vornelctl [OPTIONS] COMMANDE …\n\nOptions communes\n"_s;
+    for (const CommonOption &option : commonOptions())
+        text += entry(option.usage, option.meaning);
+    QString section;
+    for (const CommandSyntax &command : commands) {
+        if (section != command.section)
+            text += u'\n' + command.section + u'\n';
+        section = command.section;
+        text += entry(command.usage, command.meaning);
+    }
+    return text +
+           u"\nSKILL est l’identifiant d’une compétence, ou son UUID\u00A0; CATÉGORIE, l’identifiant d’une "
+           "catégorie.\nFICHIER «\u00A0-\u00A0» est l’entrée standard.\n"
+           "--replace remplace les dossiers que VORNEL n’a pas installés\u00A0; ils sont gardés dans "
+           "l’historique.\nCodes de sortie\u00A0: 0 réussite, 1 copie à réparer (status, diff), 2 échec, "
+           "64 usage incorrect.\n"_s;
 }
 
 } // namespace vornel

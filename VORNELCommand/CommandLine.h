@@ -1,30 +1,18 @@
 #pragma once
 
+#include "CommandSyntax.h"
+
 #include <QHash>
 #include <QStringList>
 
-#include <limits>
 #include <stdexcept>
 
 namespace vornel {
 
-/// What a command accepts besides the options common to all.
-struct CommandSyntax
-{
-    QString name; ///< one word, or two: "category create"
-    QStringList requiredOptions;
-    QStringList options; ///< with a value each, and possibly repeated
-    QStringList flags;   ///< without a value; "all" stands for every operand
-    int minOperands = 0;
-    int maxOperands = 0;
-
-    static constexpr int unbounded = std::numeric_limits<int>::max();
-};
-
 /// What the user typed, checked against the syntax of a command.
 struct Invocation
 {
-    QString command;
+    QString command; ///< its words with blanks between them; "help" and "version" are commands of their own
     QStringList operands;
     QHash<QString, QStringList> values; ///< by option; flags have an empty list
 
@@ -42,10 +30,11 @@ public:
 };
 
 /// Reads the arguments, program name excluded. Options may stand anywhere, even between the words of a
-/// command's name, until "--" ends them. "help" and "version" are commands of their own.
+/// command's name, until "--" ends them.
 Invocation parseCommandLine(const QStringList &arguments, const QList<CommandSyntax> &commands);
 
-/// The whole usage, in French.
-QString usageText();
+/// The whole usage, in French. The completions of the shells read it: a line of two blanks begins a syntax,
+/// one of six tells what it means, one of ten goes on from the line above.
+QString usageText(const QList<CommandSyntax> &commands);
 
 } // namespace vornel

@@ -91,7 +91,7 @@ QList<QUuid> activeSkills(const Session &session, const QStringList &typed)
     return ids;
 }
 
-/// The case of `E` that an option names; the command line has been checked to name one.
+/// The case of `E` that an option or operand names; the command line has been checked to name one.
 template <typename E>
 E caseOf(const QString &typed)
 {
@@ -300,10 +300,7 @@ int setAside(const Session &session)
 {
     const QStringList &operands = session.invocation.operands;
     const QUuid id = activeSkill(session, operands.at(0));
-    const auto target = fromRawValue<TargetKind>(operands.at(1));
-    if (!target)
-        throw UsageError(u"La commande set-aside demande claude ou codex."_s);
-    output(session, session.repairs.setAside(id, *target).result(),
+    output(session, session.repairs.setAside(id, caseOf<TargetKind>(operands.at(1))).result(),
            [](const SkillDetail &detail) { return Report::states({detail}); });
     return ExitCode::success;
 }
@@ -374,43 +371,56 @@ struct Command
     int (*run)(const Session &);
 };
 
-QStringList names(std::initializer_list<const char *> list)
-{
-    QStringList result;
-    for (const char *name : list)
-        result.append(QLatin1String(name));
-    return result;
-}
-
 const QList<Command> &commands()
 {
-    constexpr int many = CommandSyntax::unbounded;
-    const auto syntax = [](const char *name, int minOperands, int maxOperands, QStringList options = {},
-                           QStringList required = {}, QStringList flags = {}) {
-        return CommandSyntax{QLatin1String(name), std::move(required), std::move(options),
-                             std::move(flags),    minOperands,         maxOperands};
-    };
+    const QString looking = u"Consulter"_s;
+    const QString importing = u"Importer"_s;
+    const QString writing = u"Écrire"_s;
+    const QString classifying = u"Classer"_s;
+    const QString ofTheTrash = u"Corbeille"_s;
     static const QList<Command> all{
-        {syntax("status", 0, 0), status},
-        {syntax("list", 0, 0, names({"search", "category", "maturity"}), {}, names({"trash"})), list},
-        {syntax("show", 1, 1), show},
-        {syntax("diff", 1, 1), diff},
-        {syntax("scan", 0, 0), scan},
-        {syntax("import", 0, 0, names({"choose", "prefer", "except"}), {}, names({"replace"})), import},
-        {syntax("create", 1, 1, names({"summary", "category", "tags", "maturity", "file"}), names({"name"}),
-                names({"replace"})),
+        {{looking, u"status"_s, u"L’état du workspace\u00A0; code 1 si une copie est à réparer."_s}, status},
+        {{looking,
+          u"list [--search TEXTE] [--category CATÉGORIE] [--maturity draft|ready|active|obsolete] [--trash]"_s,
+          u"Les compétences actives, ou celles de la corbeille."_s},
+         list},
+        {{looking, u"show SKILL"_s, u"Tout ce qui est connu d’une compétence."_s}, show},
+        {{looking, u"diff SKILL"_s,
+          u"Ce que chaque copie a en plus (+), en moins (-) ou de modifié (~)\u00A0; code 1 si l’une diffère."_s},
+         diff},
+        {{importing, u"scan"_s, u"Ce que contiennent les deux dossiers."_s}, scan},
+        {{importing,
+          u"import [--choose IDENTIFIANT=claude|codex]… [--prefer claude|codex] [--except IDENTIFIANT]… "
+          "[--replace]"_s,
+          u"Importe les deux dossiers."_s},
+         import},
+        {{writing,
+          u"create IDENTIFIANT --name NOM [--summary TEXTE] [--category CATÉGORIE] [--tags A,B] "
+          "[--maturity draft|ready|active|obsolete] [--file FICHIER] [--replace]"_s,
+          u"Crée une compétence."_s},
          create},
-        {syntax("save", 1, 1, {}, names({"expect", "file"})), save},
-        {syntax("sync", 1, many, {}, {}, names({"all"})), sync},
-        {syntax("set-aside", 2, 2), setAside},
-        {syntax("assign", 2, many), assign},
-        {syntax("category create", 2, 2), createCategory},
-        {syntax("category update", 3, 3), updateCategory},
-        {syntax("category delete", 1, 1), deleteCategory},
-        {syntax("trash", 1, many), trash},
-        {syntax("restore", 1, 1, {}, {}, names({"replace"})), restore},
-        {syntax("delete", 1, 1), deletePermanently},
-        {syntax("empty-trash", 0, 0), emptyTrash},
+        {{writing, u"save SKILL --expect RÉVISION --file FICHIER"_s,
+          u"Remplace le SKILL.md, si la compétence en est encore à cette révision."_s},
+         save},
+        {{writing, u"sync (SKILL… | --all)"_s,
+          u"Réinstalle la copie de référence là où une copie diffère."_s},
+         sync},
+        {{writing, u"set-aside SKILL claude|codex"_s,
+          u"Garde dans .vornel/recovery une copie qui ne peut pas être lue, et en installe une nouvelle."_s},
+         setAside},
+        {{classifying, u"assign CATÉGORIE SKILL…"_s, u"Range des compétences dans une catégorie."_s}, assign},
+        {{classifying, u"category create NOM COULEUR"_s, u"Crée une catégorie."_s}, createCategory},
+        {{classifying, u"category update CATÉGORIE NOM COULEUR"_s,
+          u"Change le nom et la couleur d’une catégorie."_s},
+         updateCategory},
+        {{classifying, u"category delete CATÉGORIE"_s,
+          u"Supprime une catégorie\u00A0; ses compétences passent dans other."_s},
+         deleteCategory},
+        {{ofTheTrash, u"trash SKILL…"_s, u"Met des compétences à la corbeille."_s}, trash},
+        {{ofTheTrash, u"restore SKILL [--replace]"_s, u"Restaure une compétence."_s}, restore},
+        {{ofTheTrash, u"delete SKILL"_s, u"Supprime définitivement une compétence de la corbeille."_s},
+         deletePermanently},
+        {{ofTheTrash, u"empty-trash"_s, u"Vide la corbeille, définitivement."_s}, emptyTrash},
     };
     return all;
 }
@@ -427,8 +437,9 @@ QList<CommandSyntax> commandSyntaxes()
 
 int runCommand(const Invocation &invocation, const Services &services, const WorkspaceOverview &overview)
 {
-    const auto command = std::ranges::find(commands(), invocation.command,
-                                           [](const Command &candidate) { return candidate.syntax.name; });
+    const auto command = std::ranges::find(commands(), invocation.command, [](const Command &candidate) {
+        return candidate.syntax.name.join(u' ');
+    });
     return command->run({invocation, services.workspace, services.copies, services.trash, services.imports,
                          services.repairs, overview});
 }

@@ -87,8 +87,9 @@ void reportFailure(const std::exception &error, bool asJson)
 {
     const QString message = errorMessage(error);
     if (!asJson)
-        return Terminal::printError(Terminal::printable(message) +
-                                    (isUsageError(error) ? u"\n\n"_s + usageText().trimmed() : QString()));
+        return Terminal::printError(
+            Terminal::printable(message) +
+            (isUsageError(error) ? u"\n\n"_s + usageText(commandSyntaxes()).trimmed() : QString()));
     QJsonObject object{{u"error"_s, errorCase(error)}, {u"message"_s, message}};
     if (const auto folder = failedFolder(error); !folder.empty())
         object.insert(u"folder"_s, pathText(folder));
@@ -111,7 +112,7 @@ int main(int argc, char *argv[])
         const Invocation invocation = parseCommandLine(decodedArguments(arguments), commandSyntaxes());
         asJson = invocation.has(u"json"_s);
         if (invocation.command == u"help"_s)
-            Terminal::print(usageText());
+            Terminal::print(usageText(commandSyntaxes()));
         else if (invocation.command == u"version"_s)
             Terminal::print(u"vornelctl "_s + QStringLiteral(VORNEL_VERSION) + u'\n');
         else

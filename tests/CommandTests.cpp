@@ -188,11 +188,26 @@ TEST_F(Vornelctl, NamesItsFailures)
 
 TEST_F(Vornelctl, AnswersWrongUsageWithoutTouchingAnything)
 {
-    for (const char *line :
-         {"frobnicate", "category", "category rename", "show", "show a b", "diff", "status extra", "create x",
-          "save x --file f", "save x --expect one --file f", "list --maturity Draft", "import --prefer both",
-          "import --choose a", "sync", "sync --all x", "status --verbose", "status --all", "list --search",
-          "--claude"}) {
+    for (const char *line : {"frobnicate",
+                             "category",
+                             "category rename",
+                             "show",
+                             "show a b",
+                             "diff",
+                             "status extra",
+                             "create x",
+                             "save x --file f",
+                             "save x --expect one --file f",
+                             "list --maturity Draft",
+                             "import --prefer both",
+                             "import --choose a",
+                             "set-aside a both",
+                             "sync",
+                             "sync --all x",
+                             "status --verbose",
+                             "status --all",
+                             "list --search",
+                             "--claude"}) {
         const Result result = run(line);
         EXPECT_EQ(result.code, 64) << line;
         EXPECT_TRUE(result.errors.contains("Usage : vornelctl")) << line;

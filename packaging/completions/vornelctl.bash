@@ -1,5 +1,40 @@
-# Completes the command line of vornelctl in bash. What the workspace holds is read from its folders: starting the
-# program would make a workspace where there is none, and take its time at each key.
+# Completes the command line of vornelctl in bash. Commands and options are those that its help states. What the workspace
+# holds is read from its folders: any command would make a workspace where there is none, and take its time at each key.
+
+# Reads, once, the syntaxes that the help states: under "vornelctl list", for example, the options of that command in
+# `_vornelctl_options`, and what stands for its operands in `_vornelctl_operands`; under an option, what stands for its value
+# in `_vornelctl_forms`. Options common to all are under "vornelctl".
+_vornelctl_read_help() {
+    local help words word form command option
+    [[ -n ${_vornelctl_options[*]-} ]] && return
+    declare -gA _vornelctl_options=() _vornelctl_operands=() _vornelctl_forms=()
+    help=$("$1" --help 2>/dev/null)
+    while read -ra words; do
+        command=vornelctl option=''
+        for word in "${words[@]}"; do
+            form=${word//[][()]/}
+            case $form in
+                --[a-z]*)
+                    option=$form
+                    _vornelctl_options[$command]+="$form "
+                    ;;
+                -* | '|') ;;
+                *)
+                    if [[ -n $option ]]; then
+                        _vornelctl_forms[$option]=${form%…}
+                    elif [[ $form == [[:lower:]]* && $form != *'|'* ]]; then
+                        command+=" $form"
+                        _vornelctl_operands[$command]+=''
+                    else
+                        _vornelctl_operands[$command]+="$form "
+                    fi
+                    option=''
+                    ;;
+            esac
+            [[ $word == *[]\)]* ]] && option=''
+        done
+    done < <(sed -n 's/^  \([^ ]\)/\1/p' <<<"${help//$'\n          '/ }")
+}
 
 # The workspace that the words of the command line mean.
 _vornelctl_workspace() {
@@ -30,54 +65,36 @@ _vornelctl_values() {
     sed -n 's/^ *"'"$key"'": "\(.*\)",\{0,1\}$/\1/p' "$@" </dev/null 2>/dev/null
 }
 
+# The words that go on from a command: "create" from "vornelctl category".
+_vornelctl_continuations() {
+    printf '%s\n' "${!_vornelctl_operands[@]}" | sed -n "s/^$1 \([^ ]*\).*/\1/p" | sort -u
+}
+
 # The command among the words before the cursor, and how many operands follow it. Sets `command` and `operands`.
 _vornelctl_command() {
     local i
-    command='' operands=0
+    command=vornelctl operands=0
     for ((i = 1; i < cword; ++i)); do
-        case ${words[i]} in
-            --workspace | --claude | --codex | --search | --category | --maturity | --choose | --prefer | --except | --name | \
-                --summary | --tags | --file | --expect) ((++i)) ;;
-            -*) ;;
-            *)
-                if [[ -z $command ]]; then
-                    command=${words[i]}
-                elif [[ $command == category ]]; then
-                    command="category ${words[i]}"
-                else
-                    ((++operands))
-                fi
-                ;;
-        esac
+        if [[ ${words[i]} == -* ]]; then
+            [[ -n ${_vornelctl_forms[${words[i]}]-} ]] && ((++i))
+        elif ((operands == 0)) && _vornelctl_continuations "$command" | grep -qxF -e "${words[i]}"; then
+            command+=" ${words[i]}"
+        else
+            ((++operands))
+        fi
     done
 }
 
-# The options that a command takes.
-_vornelctl_options() {
-    local options=(--workspace --claude --codex --json --help --version)
-    case $1 in
-        list) options+=(--search --category --maturity --trash) ;;
-        import) options+=(--choose --prefer --except --replace) ;;
-        create) options+=(--name --summary --category --tags --maturity --file --replace) ;;
-        save) options+=(--expect --file) ;;
-        sync) options+=(--all) ;;
-        restore) options+=(--replace) ;;
-    esac
-    printf '%s\n' "${options[@]}"
-}
-
-# What may stand as the next operand of a command.
-_vornelctl_operands() {
-    local workspace=$1
-    case $command:$operands in
-        :*) printf '%s\n' status list show diff scan import create save sync set-aside assign category trash restore \
-            delete empty-trash ;;
-        category:*) printf '%s\n' create update delete ;;
-        show:0 | diff:0 | save:0 | set-aside:0 | sync:* | trash:* | assign:[1-9]*) _vornelctl_folders "$workspace/skills" ;;
-        set-aside:1) printf '%s\n' claude codex ;;
-        assign:0 | "category update:0" | "category delete:0")
-            _vornelctl_values id "$workspace/.vornel/categories.json" ;;
-        restore:0 | delete:0) _vornelctl_values slug "$workspace"/.vornel/trash/*/vornel.json ;;
+# What may stand where the help has a form.
+_vornelctl_candidates() {
+    local workspace
+    workspace=$(_vornelctl_workspace)
+    case $1:$command in
+        SKILL*:*\ restore | SKILL*:*\ delete) _vornelctl_values slug "$workspace"/.vornel/trash/*/vornel.json ;;
+        SKILL*) _vornelctl_folders "$workspace/skills" ;;
+        CATÉGORIE*) _vornelctl_values id "$workspace/.vornel/categories.json" ;;
+        *=*) ;;
+        *'|'*) tr '|' '\n' <<<"$1" ;;
     esac
 }
 
@@ -93,28 +110,25 @@ _vornelctl_offer() {
 
 _vornelctl() {
     # shellcheck disable=SC2034 # what _init_completion sets
-    local cur prev words cword split command operands workspace
+    local cur prev words cword split command operands form='' forms
     _init_completion -s || return
-    workspace=$(_vornelctl_workspace)
+    _vornelctl_read_help "$1"
     _vornelctl_command
-    case $prev in
-        --workspace | --claude | --codex)
-            _filedir -d
-            return
-            ;;
-        --file)
-            _filedir
-            return
-            ;;
-        --search | --name | --summary | --tags | --expect | --choose | --except) return ;;
-        --category) _vornelctl_offer < <(_vornelctl_values id "$workspace/.vornel/categories.json") ;;
-        --maturity) _vornelctl_offer < <(printf '%s\n' draft ready active obsolete) ;;
-        --prefer) _vornelctl_offer < <(printf '%s\n' claude codex) ;;
+    [[ $prev == --* ]] && form=${_vornelctl_forms[$prev]-}
+    case $form in
+        DOSSIER) _filedir -d ;;
+        FICHIER) _filedir ;;
+        ?*) _vornelctl_offer < <(_vornelctl_candidates "$form") ;;
         *)
+            read -ra forms <<<"${_vornelctl_operands[$command]-}"
             if [[ $cur == -* ]]; then
-                _vornelctl_offer < <(_vornelctl_options "$command")
-            else
-                _vornelctl_offer < <(_vornelctl_operands "$workspace")
+                _vornelctl_offer < <(printf '%s' "${_vornelctl_options[vornelctl]}" "${_vornelctl_options[$command]-}" | tr ' ' '\n')
+            elif ((${#forms[@]} > operands)); then
+                _vornelctl_offer < <(_vornelctl_candidates "${forms[operands]}")
+            elif [[ ${forms[*]: -1} == *… ]]; then
+                _vornelctl_offer < <(_vornelctl_candidates "${forms[*]: -1}")
+            elif ((operands == 0)); then
+                _vornelctl_offer < <(_vornelctl_continuations "$command")
             fi
             ;;
     esac

@@ -13,7 +13,7 @@ while IFS= read -r COMP_LINE; do
     [[ $COMP_LINE == *" " ]] && COMP_WORDS+=("")
     COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
     COMPREPLY=()
-    "_${COMP_WORDS[0]}" || true
+    "_${COMP_WORDS[0]}" "${COMP_WORDS[0]}" || true
     offered=$(printf '%s\n' "${COMPREPLY[@]}" | sort | paste -sd ' ')
     echo "${offered:+ $offered}"
 done

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace vornel {
+
+/// An option, as a usage states it.
+struct OptionSyntax
+{
+    QString name;
+    QString form; ///< what stands for its value, as "TEXTE" or "claude|codex"; empty for a flag
+    bool isRequired = false;
+};
+
+/// Whether a form of a usage may stand for `value`: one of the words that it names, a number for "RÉVISION",
+/// some text for "DOSSIER", and any text for other forms.
+bool fits(const QString &value, const QString &form);
+
+/// The options that a usage names. Those with a value are required where they stand outside brackets.
+QList<OptionSyntax> optionsOf(const QString &usage);
+
+/// An option common to all commands, as the help states it: "--workspace DOSSIER".
+struct CommonOption
+{
+    QString usage;
+    QString meaning;
+};
+
+const QList<CommonOption> &commonOptions();
+
+/// A command, as the help states it. All that is known of its syntax is read from `usage`: single words in
+/// lower case are its name, others its operands; a flag "--all" stands for every operand.
+struct CommandSyntax
+{
+    CommandSyntax(QString section, QString usage, QString meaning);
+
+    QString section; ///< of the help
+    QString usage;   ///< on one line: "save SKILL --expect RÉVISION --file FICHIER"
+    QString meaning;
+
+    QStringList name; ///< one word, or two: "category", "create"
+    QList<OptionSyntax> options;
+    QStringList operands; ///< what stands for each; before "…" the last one may be repeated
+};
+
+} // namespace vornel
