@@ -32,6 +32,7 @@ struct Session
     TrashInspecting &trash;
     ImportReviewing &imports;
     CopyRepairing &repairs;
+    CreationReviewing &creations;
     const WorkspaceOverview &overview;
 };
 
@@ -242,6 +243,7 @@ int create(const Session &session)
                                std::nullopt};
     if (invocation.has(u"file"_s))
         request.skillMD = textOfFile(invocation.value(u"file"_s));
+    session.creations.reviewCreation(request).result(); // before a question that might be needless
     refuseOccupied(session, placesOf({request.slug}));
     output(session, session.service.createSkill(request).result(),
            [](const SkillDetail &detail) { return Report::states({detail}); });
@@ -441,7 +443,7 @@ int runCommand(const Invocation &invocation, const Services &services, const Wor
         return candidate.syntax.name.join(u' ');
     });
     return command->run({invocation, services.workspace, services.copies, services.trash, services.imports,
-                         services.repairs, overview});
+                         services.repairs, services.creations, overview});
 }
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 
 #include <VORNELCore/CopyRepairing.h>
+#include <VORNELCore/CreationReviewing.h>
 #include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
@@ -29,6 +30,7 @@ struct Services
     TrashInspecting &trash;
     ImportReviewing &imports;
     CopyRepairing &repairs;
+    CreationReviewing &creations;
 };
 
 /// Runs a command on services whose `bootstrap` returned `overview`, prints its result and returns the exit

@@ -144,6 +144,13 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::reload()
     return perform(LockMode::Shared, makeOverview);
 }
 
+QFuture<SkillManifest> LocalWorkspaceService::reviewCreation(CreateSkillRequest request)
+{
+    return perform(LockMode::Shared, [=](const Workspace &workspace) {
+        return SkillAuthoring(workspace).newManifest(request);
+    });
+}
+
 QFuture<SkillDetail> LocalWorkspaceService::createSkill(CreateSkillRequest request)
 {
     return perform(LockMode::Exclusive,

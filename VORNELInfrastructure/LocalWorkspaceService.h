@@ -4,6 +4,7 @@
 #include "Workspace.h"
 
 #include <VORNELCore/CopyRepairing.h>
+#include <VORNELCore/CreationReviewing.h>
 #include <VORNELCore/ImportReviewing.h>
 #include <VORNELCore/TargetInspecting.h>
 #include <VORNELCore/TrashInspecting.h>
@@ -20,7 +21,8 @@ class LocalWorkspaceService : public WorkspaceServicing,
                               public TargetInspecting,
                               public TrashInspecting,
                               public ImportReviewing,
-                              public CopyRepairing
+                              public CopyRepairing,
+                              public CreationReviewing
 {
 public:
     /// All file operations go through `manager`.
@@ -55,6 +57,7 @@ public:
     QFuture<ImportPlan> excludeFromImport(QString slug) override;
     QFuture<QList<SyncOutcome>> synchronizeSkills(QList<QUuid> ids, std::stop_token stop) override;
     QFuture<SkillDetail> setAside(QUuid id, TargetKind target) override;
+    QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
 
 private:
     /// Runs `operation` on the open workspace, locked; throws `notBootstrapped` when none is open.

@@ -22,6 +22,9 @@ namespace fs = std::filesystem;
 
 SkillManifest SkillAuthoring::newManifest(const CreateSkillRequest &request) const
 {
+    WorkspaceValidation::validateSlug(request.slug);
+    ensureUnique(request.slug, activeManifests(m_workspace));
+    ensureUnique(request.slug, trashedManifests(m_workspace));
     const QString displayName = request.displayName.trimmed();
     if (displayName.isEmpty())
         throw VORNELWorkspaceError::integrityFailure(u"Le nom du skill est vide."_s);
@@ -44,9 +47,6 @@ SkillManifest SkillAuthoring::newManifest(const CreateSkillRequest &request) con
 
 SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
 {
-    WorkspaceValidation::validateSlug(request.slug);
-    ensureUnique(request.slug, activeManifests(m_workspace));
-    ensureUnique(request.slug, trashedManifests(m_workspace));
     const SkillRecord skill{newManifest(request), m_workspace.config.canonical(request.slug)};
 
     Publication skillFolder{m_store.makeStage(), skill.url};

@@ -13,6 +13,10 @@ class SkillAuthoring
 public:
     explicit SkillAuthoring(const Workspace &workspace) : m_workspace(workspace), m_store(workspace) {}
 
+    /// The manifest of a new skill. Throws where the request is refused: `invalidPath`, `duplicateSlug`, or
+    /// `integrityFailure` for a blank name or an unknown category.
+    SkillManifest newManifest(const CreateSkillRequest &request) const;
+
     SkillDetail create(const CreateSkillRequest &request) const;
     SkillDetail load(const QUuid &id) const;
 
@@ -28,8 +32,6 @@ public:
     SkillDetail setAside(const QUuid &id, TargetKind target) const;
 
 private:
-    SkillManifest newManifest(const CreateSkillRequest &request) const;
-
     const Workspace &m_workspace;
     SkillFolderStore m_store;
 };

@@ -125,6 +125,10 @@ TEST_F(Vornelctl, ReplacesFoldersOfOthersOnlyWhenTold)
     };
     ASSERT_EQ(run("status").code, 0);
     refuses("create demo --name Démo --json");
+    EXPECT_EQ(run({u"create"_s, u"demo"_s, u"--name"_s, u" "_s}).errors,
+              QByteArray("Échec d’intégrité : Le nom du skill est vide.\n"));
+    EXPECT_EQ(run("create demo --name Démo --category rien").errors,
+              QByteArray("Échec d’intégrité : Catégorie introuvable.\n"));
     EXPECT_EQ(run("create demo --name Démo --replace").code, 0);
     EXPECT_EQ(run("create demo --name Démo --json").error()[u"error"], u"duplicateSlug"_s);
     EXPECT_EQ(run("trash demo").code, 0);
