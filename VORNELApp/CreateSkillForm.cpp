@@ -1,6 +1,7 @@
 #include "CreateSkillForm.h"
 
 #include <VORNELCore/LocaleText.h>
+#include <VORNELCore/NewSkillText.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/Wording.h>
 #include <VORNELCore/WorkspaceValidation.h>
@@ -97,6 +98,7 @@ void CreateSkillForm::submit()
 {
     CreateSkillRequest request = m_request;
     request.tags = splitTags(m_tags);
+    request.skillMD = readableSkillText(request);
     await(model()->createSkill(std::move(request)));
 }
 

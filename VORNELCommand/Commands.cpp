@@ -8,6 +8,7 @@
 
 #include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/LibraryQuery.h>
+#include <VORNELCore/NewSkillText.h>
 #include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELWorkspaceError.h>
@@ -241,8 +242,8 @@ int create(const Session &session)
                                invocation.value(u"tags"_s).split(u','),
                                caseOf<Maturity>(invocation.value(u"maturity"_s, rawValue(Maturity::draft))),
                                std::nullopt};
-    if (invocation.has(u"file"_s))
-        request.skillMD = textOfFile(invocation.value(u"file"_s));
+    request.skillMD =
+        invocation.has(u"file"_s) ? textOfFile(invocation.value(u"file"_s)) : readableSkillText(request);
     session.creations.reviewCreation(request).result(); // before a question that might be needless
     refuseOccupied(session, placesOf({request.slug}));
     output(session, session.service.createSkill(request).result(),

@@ -1,6 +1,7 @@
 #include "SkillText.h"
 
 #include <VORNELCore/LocaleText.h>
+#include <VORNELCore/NewSkillText.h>
 
 #include <QStringTokenizer>
 
@@ -40,8 +41,7 @@ Metadata frontmatterMetadata(const QString &text, const QString &slug)
 
 QString defaultSkillMD(const SkillManifest &manifest)
 {
-    return u"---\nname: "_s + manifest.slug + u"\ndescription: "_s + manifest.summary + u"\n---\n\n# "_s +
-           manifest.displayName + u"\n\nDécrivez ici le fonctionnement de cette compétence."_s;
+    return newSkillText(manifest.slug, manifest.summary, manifest.displayName);
 }
 
 } // namespace vornel::SkillText

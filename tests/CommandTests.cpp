@@ -182,6 +182,10 @@ TEST_F(Vornelctl, NamesItsFailures)
     EXPECT_EQ(partial.output, QByteArray());
     EXPECT_EQ(partial.errors.count("Synchronisation incomplète : codex."), 2) << partial.errors.constData();
     fs::remove(path("codex"));
+    ASSERT_EQ(run({u"create"_s, u"c"_s, u"--name"_s, u"C"_s, u"--summary"_s, u"Audit: utile"_s}).code, 0);
+    EXPECT_EQ(run("show c --json").json()[u"skillMD"],
+              u"---\nname: c\ndescription: \"Audit: utile\"\n---\n\n# C\n\n"
+              "Décrivez ici le fonctionnement de cette compétence."_s);
     const char *likeAnIdentifier = "create 0c9af7b6-0000-4000-8000-000000000000 --name x";
     EXPECT_EQ(run(likeAnIdentifier).code, 0);
     EXPECT_EQ(run("show 0c9af7b6-0000-4000-8000-000000000000").code, 0);

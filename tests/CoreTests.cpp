@@ -3,6 +3,7 @@
 #include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/LibraryQuery.h>
 #include <VORNELCore/LocaleText.h>
+#include <VORNELCore/NewSkillText.h>
 #include <VORNELCore/RecordJson.h>
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/Wording.h>
@@ -206,6 +207,23 @@ TEST(Text, YieldsTheMetadataOfASkill)
     EXPECT_EQ(SkillText::defaultSkillMD(manifest),
               u"---\nname: demo\ndescription: \n---\n\n# Démo / essai\n\n"_s
               u"Décrivez ici le fonctionnement de cette compétence."_s);
+}
+
+TEST(Text, OfANewSkillIsReadBackAsItIsByYaml)
+{
+    const auto headFor = [](const QString &summary) {
+        CreateSkillRequest request;
+        request.slug = u"demo"_s;
+        request.summary = summary;
+        return readableSkillText(request).section(u'\n', 2, 2).mid(QStringLiteral("description: ").size());
+    };
+    for (const QString &plain : {u""_s, u"3 outils d’audit"_s, u"a:b#c \"d\" -e"_s, u"-x"_s, u"nothing"_s})
+        EXPECT_EQ(headFor(plain), plain);
+    for (const QString &quoted :
+         {u"Audit: utile"_s, u"fin:"_s, u"a #b"_s, u"- a"_s, u"[a]"_s, u"’a’ "_s, u"2026"_s, u"-1.5e3"_s,
+          u"0x1F"_s, u"2026-01-02 12:30:00 -5"_s, u"12:30"_s, u".inf"_s, u"Null"_s, u"no"_s, u"~"_s})
+        EXPECT_EQ(headFor(quoted), u'"' + quoted + u'"');
+    EXPECT_EQ(headFor(u"\"a\"\\\n\u2028"_s), uR"("\"a\"\\\u000a\u2028")"_s);
 }
 
 TEST(Wording, TellsAgesMomentsSizesAndNumbers)

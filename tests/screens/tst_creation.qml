@@ -22,7 +22,7 @@ ScreenTest {
         openSheet();
         verify(control("Nom").activeFocus);
         type("Veille");
-        retype("Description courte", "Suivre les annonces");
+        retype("Description courte", "Suivre: les annonces");
         retype("Mots-clés", " veille , , presse,");
         click("Catégorie, Développement");
         click("Connaissance");
@@ -34,7 +34,8 @@ ScreenTest {
         isGone();
         compare(created().slug, "veille");
         compare(created().displayName, "Veille");
-        compare(created().summary, "Suivre les annonces");
+        compare(created().summary, "Suivre: les annonces");
+        verify(model.selectedSkill.skillMD.includes('\ndescription: "Suivre: les annonces"\n'));
         compare(created().tags, ["presse", "veille"]);
         compare(created().category, "knowledge");
         compare(created().maturity, Vornel.Maturity.active);
