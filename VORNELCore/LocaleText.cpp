@@ -97,7 +97,9 @@ QString titleFromIdentifier(const QString &identifier)
 QString identifierFromTitle(const QString &title)
 {
     static const QRegularExpression others(u"[^a-z0-9]+"_s);
-    return folded(title).split(others, Qt::SkipEmptyParts).join(u'-');
+    QString letters = folded(title);
+    letters.replace(u"œ"_s, u"oe"_s).replace(u"æ"_s, u"ae"_s).replace(u"ß"_s, u"ss"_s);
+    return letters.split(others, Qt::SkipEmptyParts).join(u'-');
 }
 
 } // namespace vornel::LocaleText

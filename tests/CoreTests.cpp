@@ -176,6 +176,7 @@ TEST(Text, IsFoldedAndOrderedAsAReaderExpects)
         for (const QChar letter : LocaleText::folded(QString(1, QChar(c))))
             ASSERT_NE(letter.category(), QChar::Mark_NonSpacing) << int(c);
     }
+    EXPECT_EQ(LocaleText::identifierFromTitle(u" Œuvre d’Ǽsir : Maßstab !"_s), u"oeuvre-d-aesir-massstab"_s);
     EXPECT_TRUE(LocaleText::sortKey(u"skill 9"_s) < LocaleText::sortKey(u"Skill 10"_s));
     EXPECT_TRUE(LocaleText::sortKey(u"été"_s) < LocaleText::sortKey(u"Zèbre"_s));
     const QStringList texts{
