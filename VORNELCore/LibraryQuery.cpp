@@ -29,6 +29,17 @@ QString searchedText(const SkillSummary &skill)
     return joined;
 }
 
+/// The words that a search looks for, in the form in which texts are searched.
+QStringList searchedWords(const QString &searchText)
+{
+    return LocaleText::folded(searchText.simplified()).split(u' ', Qt::SkipEmptyParts);
+}
+
+bool hasEach(const QString &text, const QStringList &words)
+{
+    return std::ranges::all_of(words, [&text](const QString &word) { return text.contains(word); });
+}
+
 QList<qsizetype> categoryRanks(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories)
 {
     QHash<QString, qsizetype> rankOf;
@@ -68,13 +79,12 @@ QList<qsizetype> positionsByName(const QList<SkillSummary> &skills)
 
 QList<SkillSummary> LibraryQuery::found(const QList<SkillSummary> &skills, const QString &searchText)
 {
-    const QString search = LocaleText::folded(searchText.trimmed());
-    if (search.isEmpty())
+    const QStringList words = searchedWords(searchText);
+    if (words.isEmpty())
         return skills;
     QList<SkillSummary> kept;
-    std::ranges::copy_if(skills, std::back_inserter(kept), [&search](const SkillSummary &skill) {
-        return searchedText(skill).contains(search);
-    });
+    std::ranges::copy_if(skills, std::back_inserter(kept),
+                         [&words](const SkillSummary &skill) { return hasEach(searchedText(skill), words); });
     return kept;
 }
 
@@ -134,12 +144,12 @@ SkillPage LibraryIndex::skillPage(const LibraryQuery::Filter &filter, qint64 req
 /// The positions of the skills that pass the filter, in the library's order.
 LibraryIndex::Positions LibraryIndex::matching(const LibraryQuery::Filter &filter) const
 {
-    const QString search = LocaleText::folded(filter.searchText.trimmed());
+    const QStringList words = searchedWords(filter.searchText);
     const auto passes = [&](qsizetype position) {
         const SkillSummary &skill = m_skills.at(position);
         return (!filter.category || skill.category.compare(*filter.category, Qt::CaseInsensitive) == 0) &&
                (!filter.maturity || skill.maturity == *filter.maturity) &&
-               (search.isEmpty() || m_searchedTexts.at(position).contains(search));
+               hasEach(m_searchedTexts.at(position), words);
     };
     // What is left of an ordered list is ordered: no key stroke sorts.
     Positions kept;

@@ -15,7 +15,7 @@ namespace LibraryQuery {
 /// The filters of the library. An empty search and absent choices let everything pass.
 struct Filter
 {
-    QString searchText; ///< looked for in the name, slug, summary, category and each tag, trimmed
+    QString searchText; ///< each word is looked for in the name, slug, summary, category and each tag
     std::optional<QString> category; ///< identifier of a category, compared without regard to case
     std::optional<Maturity> maturity;
 };
