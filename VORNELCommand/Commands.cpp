@@ -213,7 +213,7 @@ ImportPlan resolveCollisions(const Session &session, ImportPlan plan)
     for (const auto &[id, choice] : decided)
         plan = session.service.resolveCollision(id, choice).result();
     if (!undecided.isEmpty() && !session.invocation.has(u"json"_s))
-        Terminal::printError(u"À choisir avec --choose SLUG=claude|codex ou --prefer : "_s +
+        Terminal::printError(u"À choisir avec --choose IDENTIFIANT=claude|codex ou --prefer\u00A0: "_s +
                              undecided.join(u", "_s));
     return plan;
 }

@@ -138,8 +138,8 @@ QString detail(const SkillDetail &detail)
     const SkillManifest &manifest = detail.manifest;
     const QString head = Terminal::table({
         {{u"Nom"_s, Colour::Muted}, {manifest.displayName}},
-        {{u"Slug"_s, Colour::Muted}, {manifest.slug}},
-        {{u"Identifiant"_s, Colour::Muted}, {uuidText(manifest.id)}},
+        {{u"Identifiant"_s, Colour::Muted}, {manifest.slug}},
+        {{u"UUID"_s, Colour::Muted}, {uuidText(manifest.id)}},
         {{u"Résumé"_s, Colour::Muted}, {manifest.summary}},
         {{u"Catégorie"_s, Colour::Muted}, {manifest.category}},
         {{u"Mots-clés"_s, Colour::Muted}, {manifest.tags.join(u", "_s)}},

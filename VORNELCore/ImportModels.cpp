@@ -29,7 +29,7 @@ QString BlockedImport::reasonText() const
 {
     static const QHash<QString, QString> sentences{
         {u"symlinkUnsupported"_s, u"contient un lien symbolique"_s},
-        {u"invalidPath"_s, u"le nom du dossier n’est pas un slug valide"_s},
+        {u"invalidPath"_s, u"porte un nom qui n’est pas un identifiant valide"_s},
         {u"missingSkillFile"_s, u"ne contient pas de fichier SKILL.md"_s},
         {u"unsafeContent"_s, u"contient un élément qui ne peut pas être importé"_s},
         {u"unreadable"_s, u"ne peut pas être lu"_s},

@@ -31,7 +31,7 @@ def preparation(program):
     program.sees_page()
 
     program.press("2 dossiers ignorés")
-    program.sees("list item", "Mes Essais, Claude, le nom du dossier n’est pas un slug valide",
+    program.sees("list item", "Mes Essais, Claude, porte un nom qui n’est pas un identifiant valide",
                  "brouillon-sans-fichier, Codex, ne contient pas de fichier SKILL.md")
     program.sees_page()
 
