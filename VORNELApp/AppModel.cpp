@@ -1,7 +1,6 @@
 #include "AppModel.h"
 
 #include <VORNELCore/ErrorMessage.h>
-#include <VORNELCore/VORNELWorkspaceError.h>
 
 #include <QEventLoop>
 
@@ -91,13 +90,8 @@ void AppModel::retreatOnboarding()
 
 void AppModel::clearError()
 {
-    m_errorCase.clear();
+    m_isSynchronizationIncomplete = false;
     m_errorMessage = QString();
-}
-
-bool AppModel::isSynchronizationIncomplete() const
-{
-    return m_errorCase == QLatin1StringView(WorkspaceErrorCase::PartialSync::name);
 }
 
 void AppModel::clearTransientMessage()

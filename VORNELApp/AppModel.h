@@ -4,6 +4,7 @@
 #include "Departure.h"
 #include "FailedCopies.h"
 #include "FoundDraft.h"
+#include "Outcome.h"
 #include "SkillBatch.h"
 
 #include <VORNELCore/CopyRepairing.h>
@@ -115,12 +116,8 @@ public:
     /// What the user reads about the last failure; empty without one.
     QString errorMessage() const { return m_errorMessage.value(); }
 
-    /// The name of the workspace error behind the last failure, "revisionConflict" for example; empty for any
-    /// other failure, and without one.
-    QString errorCase() const { return m_errorCase; }
-
-    /// Whether all that failed is that an assistant got no copy.
-    bool isSynchronizationIncomplete() const;
+    /// Whether all that failed last is that an assistant got no copy.
+    bool isSynchronizationIncomplete() const { return m_isSynchronizationIncomplete; }
 
     /// A short confirmation in capitals; empty without one. Whoever shows it clears it.
     QString transientMessage() const { return m_transientMessage.value(); }
@@ -253,19 +250,19 @@ public:
     void restoreSkills(const QSet<QUuid> &ids);
     void deleteSkillsPermanently(const QSet<QUuid> &ids);
 
-    // Actions that tell whether they succeeded. They never throw.
+    // Actions that tell how they ended. They never throw.
 
-    QCoro::Task<bool> createSkill(CreateSkillRequest request);
-    QCoro::Task<bool> saveSelectedSkill(QString skillMD);
-    QCoro::Task<bool> reloadSelectedSkill();
+    QCoro::Task<Outcome> createSkill(CreateSkillRequest request);
+    QCoro::Task<Outcome> saveSelectedSkill(QString skillMD);
+    QCoro::Task<Outcome> reloadSelectedSkill();
 
-    /// The bytes of "SKILL.md" of the skill shown, whatever they are, and none where it is missing; nothing
-    /// when they can't be read.
-    QCoro::Task<std::optional<QByteArray>> readSelectedText();
+    /// The bytes of "SKILL.md" of the skill shown, whatever they are, and none where it is missing; nothing,
+    /// and why, when they can't be read.
+    QCoro::Task<std::pair<std::optional<QByteArray>, Outcome>> readSelectedText();
 
-    QCoro::Task<bool> createCategory(QString name, QString colorHex);
-    QCoro::Task<bool> updateCategory(QString id, QString name, QString colorHex);
-    QCoro::Task<bool> deleteCategory(QString id);
+    QCoro::Task<Outcome> createCategory(QString name, QString colorHex);
+    QCoro::Task<Outcome> updateCategory(QString id, QString name, QString colorHex);
+    QCoro::Task<Outcome> deleteCategory(QString id);
 
 Q_SIGNALS:
     void phaseChanged();
@@ -293,9 +290,9 @@ Q_SIGNALS:
 private:
     class Operation;
 
-    /// Runs an action: busy while it does, and its failure shown. The result says whether it succeeded.
+    /// Runs an action: busy while it does, and its failure shown.
     template <typename Action>
-    QCoro::Task<bool> perform(Action action);
+    QCoro::Task<Outcome> perform(Action action);
 
     /// Shows the plan that a decision has led to, unless a later one was known first.
     QCoro::Task<> showDecided(QFuture<ImportPlan> decided);
@@ -312,7 +309,7 @@ private:
     void runBatch(std::function<QCoro::Task<>()> run);
     void concludeBatch();
     void keepBatchFailures();
-    void fail(const std::exception &error);
+    Outcome fail(const std::exception &error);
     void followProgress(const QFuture<WorkspaceOverview> &commit);
     void confirm(const QString &text);
     void deselect();
@@ -338,7 +335,7 @@ private:
     FailedCopies m_failedCopies;
     Departure m_departure;
     SkillBatch m_batch;
-    QString m_errorCase;
+    bool m_isSynchronizationIncomplete = false;
     std::pair<QUuid, FoundDraft> m_foundDraft; ///< of the skill that was opened last
     QSet<QUuid> m_unopenedSkills;              ///< those that could not be opened when that was last tried
     int m_lastLoad = 0;                        ///< counts the loads of a skill: only the last one is awaited

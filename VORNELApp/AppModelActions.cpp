@@ -1,7 +1,6 @@
 #include "AppModel.h"
 
 #include <VORNELCore/ErrorMessage.h>
-#include <VORNELCore/VORNELWorkspaceError.h>
 
 #include <QCoro/QCoroFuture>
 #include <QFutureWatcher>
@@ -15,9 +14,9 @@ namespace {
 
 const QString onboardingCompletedKey = u"com.brindlecove.vornel.onboarding.completed.v3"_s;
 
-QCoro::Task<bool> failure()
+QCoro::Task<Outcome> failure()
 {
-    co_return false;
+    co_return Outcome{.succeeded = false};
 }
 
 /// Those of `skills` that `ids` names.
@@ -44,20 +43,19 @@ private:
 };
 
 template <typename Action>
-QCoro::Task<bool> AppModel::perform(Action action)
+QCoro::Task<Outcome> AppModel::perform(Action action)
 {
     const Operation operation(*this);
     m_isWorking = true;
     clearError();
-    bool succeeded = true;
+    Outcome outcome;
     try {
         co_await action();
     } catch (const std::exception &error) {
-        fail(error);
-        succeeded = false;
+        outcome = fail(error);
     }
     m_isWorking = false;
-    co_return succeeded;
+    co_return outcome;
 }
 
 QCoro::Task<> AppModel::start()
@@ -205,7 +203,7 @@ QCoro::Task<bool> AppModel::refreshSelectedSkill()
     }
 }
 
-QCoro::Task<bool> AppModel::reloadSelectedSkill()
+QCoro::Task<Outcome> AppModel::reloadSelectedSkill()
 {
     return perform([this, id = selectedSkillID()]() -> QCoro::Task<> {
         const SkillDetail fresh = co_await m_service->loadSkill(id);
@@ -214,20 +212,21 @@ QCoro::Task<bool> AppModel::reloadSelectedSkill()
     });
 }
 
-QCoro::Task<std::optional<QByteArray>> AppModel::readSelectedText()
+QCoro::Task<std::pair<std::optional<QByteArray>, Outcome>> AppModel::readSelectedText()
 {
     const Operation operation(*this);
     clearError();
+    std::pair<std::optional<QByteArray>, Outcome> answer;
     try {
         const auto bytes = co_await m_inspector->readFile(selectedSkillID(), std::nullopt, u"SKILL.md"_s);
-        co_return bytes.value_or(QByteArray());
+        answer.first = bytes.value_or(QByteArray());
     } catch (const std::exception &error) {
-        fail(error);
-        co_return std::nullopt;
+        answer.second = fail(error);
     }
+    co_return answer;
 }
 
-QCoro::Task<bool> AppModel::createSkill(CreateSkillRequest request)
+QCoro::Task<Outcome> AppModel::createSkill(CreateSkillRequest request)
 {
     return perform([this, request = std::move(request)]() -> QCoro::Task<> {
         const SkillDetail created = co_await m_service->createSkill(request);
@@ -238,7 +237,7 @@ QCoro::Task<bool> AppModel::createSkill(CreateSkillRequest request)
     });
 }
 
-QCoro::Task<bool> AppModel::saveSelectedSkill(QString skillMD)
+QCoro::Task<Outcome> AppModel::saveSelectedSkill(QString skillMD)
 {
     if (!selectedSkill())
         return failure();
@@ -261,7 +260,7 @@ void AppModel::synchronizeSelectedSkill()
     });
 }
 
-QCoro::Task<bool> AppModel::createCategory(QString name, QString colorHex)
+QCoro::Task<Outcome> AppModel::createCategory(QString name, QString colorHex)
 {
     return perform([this, name = std::move(name), colorHex = std::move(colorHex)]() -> QCoro::Task<> {
         show(co_await m_service->createCategory(name, colorHex));
@@ -269,7 +268,7 @@ QCoro::Task<bool> AppModel::createCategory(QString name, QString colorHex)
     });
 }
 
-QCoro::Task<bool> AppModel::updateCategory(QString id, QString name, QString colorHex)
+QCoro::Task<Outcome> AppModel::updateCategory(QString id, QString name, QString colorHex)
 {
     return perform([this, id = std::move(id), name = std::move(name),
                     colorHex = std::move(colorHex)]() -> QCoro::Task<> {
@@ -278,7 +277,7 @@ QCoro::Task<bool> AppModel::updateCategory(QString id, QString name, QString col
     });
 }
 
-QCoro::Task<bool> AppModel::deleteCategory(QString id)
+QCoro::Task<Outcome> AppModel::deleteCategory(QString id)
 {
     return perform([this, id = std::move(id)]() -> QCoro::Task<> {
         show(co_await m_service->deleteCategory(id));
@@ -444,11 +443,15 @@ void AppModel::followProgress(const QFuture<WorkspaceOverview> &commit)
     watcher->setFuture(commit);
 }
 
-void AppModel::fail(const std::exception &error)
+Outcome AppModel::fail(const std::exception &error)
 {
     const auto *known = dynamic_cast<const VORNELWorkspaceError *>(&error);
-    m_errorCase = known != nullptr ? known->caseName() : QString();
-    m_errorMessage = message(error);
+    const Outcome outcome{.succeeded = false,
+                          .errorCase = known != nullptr ? known->caseName() : QString(),
+                          .message = message(error)};
+    m_isSynchronizationIncomplete = outcome.isSynchronizationIncomplete();
+    m_errorMessage = outcome.message;
+    return outcome;
 }
 
 void AppModel::confirm(const QString &text)

@@ -9,7 +9,7 @@ void EntryForm::forgetRefusal()
     refuse({}, {});
 }
 
-void EntryForm::await(QCoro::Task<bool> request)
+void EntryForm::await(QCoro::Task<Outcome> request)
 {
     forgetRefusal();
     setWaiting(true);
@@ -24,23 +24,24 @@ void EntryForm::beginAnew()
 }
 
 /// Outlives the form, should its sheet go before the model is done.
-QCoro::Task<> EntryForm::follow(QPointer<EntryForm> form, int entry, QCoro::Task<bool> request)
+QCoro::Task<> EntryForm::follow(QPointer<EntryForm> form, int entry, QCoro::Task<Outcome> request)
 {
-    const bool succeeded = co_await request;
+    const Outcome outcome = co_await request;
     if (!form.isNull() && form->m_entry == entry)
-        form->conclude(succeeded);
+        form->conclude(outcome);
 }
 
-void EntryForm::conclude(bool succeeded)
+void EntryForm::conclude(const Outcome &outcome)
 {
     setWaiting(false);
-    if (succeeded || m_model->isSynchronizationIncomplete()) { // then only an assistant has no copy yet, as
-                                                               // the model's error says
+    if (outcome || outcome.isSynchronizationIncomplete()) { // then only an assistant has no copy yet, as the
+                                                            // model's error says
         Q_EMIT accepted();
         return;
     }
-    refuse(m_model->errorMessage(), m_model->errorCase());
-    m_model->clearError();
+    refuse(outcome.message, outcome.errorCase);
+    if (m_model->errorMessage() == outcome.message) // and not another's
+        m_model->clearError();
 }
 
 void EntryForm::refuse(const QString &reason, const QString &errorCase)

@@ -42,14 +42,14 @@ protected:
     QString refusalCase() const { return m_refusalCase; }
 
     /// Waits for what the model was asked for; `accepted` follows, or a refusal.
-    void await(QCoro::Task<bool> request);
+    void await(QCoro::Task<Outcome> request);
 
     /// The form is filled in anew. What the model still does concerns it no more.
     void beginAnew();
 
 private:
-    static QCoro::Task<> follow(QPointer<EntryForm> form, int entry, QCoro::Task<bool> request);
-    void conclude(bool succeeded);
+    static QCoro::Task<> follow(QPointer<EntryForm> form, int entry, QCoro::Task<Outcome> request);
+    void conclude(const Outcome &outcome);
     void refuse(const QString &reason, const QString &errorCase);
     void setWaiting(bool isWaiting);
 

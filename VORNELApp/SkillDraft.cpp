@@ -1,7 +1,6 @@
 #include "SkillDraft.h"
 
 #include <VORNELCore/LocaleText.h>
-#include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELCore/Wording.h>
 
 #include <QClipboard>
@@ -93,15 +92,15 @@ QCoro::Task<> SkillDraft::saveText(QPointer<SkillDraft> draft, AppModel *model, 
     const bool mayGoOn = co_await isUnchanged(draft, model);
     if (draft.isNull())
         co_return;
-    bool succeeded = false;
+    Outcome outcome{.succeeded = false};
     if (mayGoOn) {
         draft->m_sentText = text;
-        succeeded = co_await model->saveSelectedSkill(std::move(text));
+        outcome = co_await model->saveSelectedSkill(std::move(text));
     }
     if (draft.isNull())
         co_return;
     draft->setUnderWay(false);
-    draft->conclude(succeeded);
+    draft->conclude(outcome);
 }
 
 /// Sees whether "SKILL.md" still holds what is known of it: a save would replace what isn't known here. The
@@ -110,38 +109,37 @@ QCoro::Task<bool> SkillDraft::isUnchanged(QPointer<SkillDraft> draft, AppModel *
 {
     const QUuid id = draft->m_skillID;
     const QByteArray known = draft->m_knownBytes;
-    const std::optional<QByteArray> bytes = co_await model->readSelectedText();
-    bool isKnown = bytes == known;
-    if (bytes && !isKnown)
+    const auto look = co_await model->readSelectedText();
+    bool isKnown = look.first == known;
+    if (look.first && !isKnown)
         isKnown = co_await model->refreshSelectedSkill();
     if (draft.isNull() || draft->m_skillID != id)
         co_return false;
-    if (!bytes)
-        draft->followFailure();
+    if (!look.first)
+        draft->followFailure(look.second);
     else if (!isKnown)
         draft->setStanding(Stale); // whatever it is, it is not the text that was saved
     co_return isKnown && draft->m_standing == Current;
 }
 
-void SkillDraft::conclude(bool succeeded)
+void SkillDraft::conclude(const Outcome &outcome)
 {
-    if (succeeded) {
+    if (outcome) {
         Q_EMIT saved();
         return;
     }
-    followFailure();
-    if (!m_model->isSynchronizationIncomplete()) // otherwise the text itself is saved
+    followFailure(outcome);
+    if (!outcome.isSynchronizationIncomplete()) // otherwise the text itself is saved
         m_sentText.reset();
     Q_EMIT saveFailed();
 }
 
-/// What the model's last failure tells of the skill.
-void SkillDraft::followFailure()
+/// What a failure tells of the skill.
+void SkillDraft::followFailure(const Outcome &outcome)
 {
-    const QString errorCase = m_model->errorCase();
-    if (errorCase == QLatin1StringView(WorkspaceErrorCase::RevisionConflict::name))
+    if (outcome.isCase(WorkspaceErrorCase::RevisionConflict::name))
         setStanding(Stale);
-    else if (errorCase == QLatin1StringView(WorkspaceErrorCase::SkillNotFound::name))
+    else if (outcome.isCase(WorkspaceErrorCase::SkillNotFound::name))
         setStanding(Gone);
 }
 
@@ -153,8 +151,8 @@ void SkillDraft::reload()
 QCoro::Task<> SkillDraft::reloadText(QPointer<SkillDraft> draft, AppModel *model)
 {
     const QUuid id = draft->m_skillID;
-    const bool succeeded = co_await model->reloadSelectedSkill();
-    if (succeeded && !draft.isNull() && draft->isOpen(id))
+    const Outcome outcome = co_await model->reloadSelectedSkill();
+    if (outcome && !draft.isNull() && draft->isOpen(id))
         draft->take(model->selectedSkill()->skillMD);
 }
 
@@ -167,7 +165,7 @@ void SkillDraft::overrule()
 QCoro::Task<> SkillDraft::overruleText(QPointer<SkillDraft> draft, AppModel *model)
 {
     const QUuid id = draft->m_skillID;
-    const std::optional<QByteArray> bytes = co_await model->readSelectedText();
+    const auto bytes = (co_await model->readSelectedText()).first;
     if (!bytes)
         co_return;
     const bool isLoaded = co_await model->refreshSelectedSkill();

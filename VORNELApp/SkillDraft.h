@@ -111,8 +111,8 @@ private:
     static QCoro::Task<> reloadText(QPointer<SkillDraft> draft, AppModel *model);
     static QCoro::Task<> overruleText(QPointer<SkillDraft> draft, AppModel *model);
     bool isOpen(const QUuid &id) const;
-    void conclude(bool succeeded);
-    void followFailure();
+    void conclude(const Outcome &outcome);
+    void followFailure(const Outcome &outcome);
     void followKeeping();
     UnsavedText unsavedText(const QString &text) const;
     void followSkill();

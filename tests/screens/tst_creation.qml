@@ -65,6 +65,13 @@ ScreenTest {
     function test_taken_identifier() {
         openSheet();
         type("Audit");
+        function reloadOnce() {
+            if (model.isWorking)
+                return;
+            model.isWorkingChanged.disconnect(reloadOnce);
+            model.reload(); // as whatever follows the model may, before the sheet hears of the refusal
+        }
+        model.isWorkingChanged.connect(reloadOnce);
         keyClick(Qt.Key_Return);
         awaitText("Le slug audit existe déjà.");
         compare(model.errorMessage, "", "it is told at the field alone");
