@@ -9,6 +9,9 @@ Item {
     required property AppModel model
     required property SkillDraft draft
 
+    /** Whether nothing was edited, and the skill that held the text is gone. */
+    readonly property bool isLeftBehind: draft.standing === SkillDraft.Gone && !draft.isModified
+
     implicitHeight: 40
 
     Rectangle {
@@ -24,15 +27,15 @@ Item {
 
         StatusBadge {
             anchors.verticalCenter: parent.verticalCenter
-            text: footer.draft.isModified ? "MODIFIÉ" : "ENREGISTRÉ"
-            tone: footer.draft.isModified ? StatusBadge.Warning : StatusBadge.Success
+            text: footer.draft.isSaved ? "ENREGISTRÉ" : footer.isLeftBehind ? "HORS BIBLIOTHÈQUE" : "MODIFIÉ"
+            tone: footer.draft.isSaved ? StatusBadge.Success : StatusBadge.Warning
         }
         Label {
             anchors.verticalCenter: parent.verticalCenter
             color: Colors.secondary
             font: Typography.small
             text: "Modifications non enregistrées"
-            visible: footer.draft.isModified
+            visible: !footer.draft.isSaved && !footer.isLeftBehind
         }
     }
     Row {

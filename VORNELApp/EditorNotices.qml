@@ -9,27 +9,24 @@ Column {
     required property SkillDraft draft
 
     signal comparisonAsked
+    signal reloadAsked
     signal replacementAsked
 
     /** A notice goes, and what has the keyboard in it; or the user turns from it. */
     signal decided
 
-    /** Has it read out that the skill isn't what was opened. */
-    function bringForward(): void {
-        stale.forceActiveFocus();
-    }
-
     spacing: Metrics.small
 
     StaleNotice {
-        id: stale
-
         draft: notices.draft
         visible: draft.standing !== SkillDraft.Current
         width: parent.width
         onComparisonAsked: notices.comparisonAsked()
-        onDecided: notices.decided()
         onEscaped: notices.decided()
+        onReloadAsked: {
+            notices.reloadAsked();
+            notices.decided();
+        }
         onReplacementAsked: notices.replacementAsked()
     }
     FoundNotice {

@@ -44,7 +44,7 @@ RowLayout {
         onClicked: bar.synchronizationAsked()
     }
     ActionButton {
-        enabled: bar.draft.isModified && !bar.draft.isUnderWay && !bar.model.isWorking
+        enabled: !bar.draft.isSaved && !bar.draft.isUnderWay && !bar.model.isWorking
         role: ActionButton.Primary
         symbol: "save"
         text: "Enregistrer"

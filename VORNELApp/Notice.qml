@@ -3,7 +3,7 @@ import VORNELDesignSystem
 
 /**
  * Tells over a screen what has become of a text, and what can be done: its children are the actions, below the text
- * where there is no room beside it. It can be given the keyboard, to be read out.
+ * where there is no room beside it.
  */
 Rectangle {
     id: notice
@@ -13,19 +13,14 @@ Rectangle {
 
     readonly property bool isStacked: row.width > width / 2
 
-    /** The user turns from the notice to what lies below. */
-    signal escaped
-
     implicitHeight: (isStacked ? line.height + Metrics.small + row.height : Math.max(line.height, row.height)) + 2 * Metrics.small
     border.color: Colors.warning
-    border.width: activeFocus ? 2 * Metrics.hairline : Metrics.hairline
+    border.width: Metrics.hairline
     color: Colors.tint(Colors.warning)
     radius: Metrics.controlRadius
 
-    Accessible.focusable: true
     Accessible.name: text
     Accessible.role: Accessible.AlertMessage
-    Keys.onEscapePressed: escaped()
 
     Label {
         id: line

@@ -14,6 +14,12 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
+SkillDraft::SkillDraft(QObject *parent) : QObject(parent)
+{
+    for (const auto changed : {&SkillDraft::isModifiedChanged, &SkillDraft::standingChanged})
+        connect(this, changed, this, &SkillDraft::isSavedChanged);
+}
+
 SkillDraft::~SkillDraft()
 {
     if (m_model != nullptr)
@@ -110,16 +116,19 @@ QCoro::Task<bool> SkillDraft::isUnchanged(QPointer<SkillDraft> draft, AppModel *
     const QUuid id = draft->m_skillID;
     const QByteArray known = draft->m_knownBytes;
     const auto look = co_await model->readSelectedText();
-    bool isKnown = look.first == known;
-    if (look.first && !isKnown)
-        isKnown = co_await model->refreshSelectedSkill();
+    const bool isSame = look.first == known;
+    bool isRefreshed = false;
+    if (look.first && !draft.isNull() && (!isSame || draft->m_standing != Current))
+        isRefreshed = co_await model->refreshSelectedSkill();
     if (draft.isNull() || draft->m_skillID != id)
         co_return false;
     if (!look.first)
         draft->followFailure(look.second);
-    else if (!isKnown)
+    else if (isSame && isRefreshed)
+        draft->followSkill(); // which may hold again what the edits began with
+    else if (!isSame && !isRefreshed)
         draft->setStanding(Stale); // whatever it is, it is not the text that was saved
-    co_return isKnown && draft->m_standing == Current;
+    co_return look.first && draft->m_standing == Current;
 }
 
 void SkillDraft::conclude(const Outcome &outcome)
@@ -204,7 +213,7 @@ void SkillDraft::followSkill()
         begin(*skill);
     } else if (m_otherBase.isEmpty() && skill->skillMD == m_savedText) {
         adopt(skill->skillMD);
-    } else if (!m_isModified || skill->skillMD == m_sentText || !m_text->differsFrom(skill->skillMD)) {
+    } else if (isSaved() || skill->skillMD == m_sentText || !m_text->differsFrom(skill->skillMD)) {
         m_isModified ? adopt(skill->skillMD) : take(skill->skillMD);
     } else {
         setStanding(Stale);
@@ -275,8 +284,10 @@ void SkillDraft::followLibrary()
         setStanding(Gone);
         return;
     }
-    if (m_standing == Gone)
-        setStanding(Current);
+    if (m_standing == Gone) { // it is there again, and may have moved on before it went
+        const bool isSame = m_otherBase.isEmpty() && m_model->selectedSkill()->skillMD == m_savedText;
+        setStanding(isSame ? Current : Stale);
+    }
     m_model->refreshSelectedSkill();
 }
 
@@ -287,13 +298,14 @@ void SkillDraft::measure()
     m_counting.start();
 }
 
-/// Nothing is unsaved any more. New edits begin with the saved text, whatever the former ones began with.
+/// There are no edits any more. New ones begin with the saved text, whatever those began with that were
+/// found.
 void SkillDraft::settle()
 {
     m_keeper->forget();
     setFoundMoment({});
     const std::optional<SkillDetail> skill = m_model->selectedSkill();
-    if (m_standing == Stale && skill && skill->skillMD == m_savedText)
+    if (!m_otherBase.isEmpty() && m_standing == Stale && skill && skill->skillMD == m_savedText)
         adopt(skill->skillMD);
 }
 

@@ -24,6 +24,7 @@ class SkillDraft : public QObject, public QQmlParserStatus
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
     Q_PROPERTY(QQuickTextDocument *document MEMBER m_document REQUIRED)
     Q_PROPERTY(bool isModified READ isModified NOTIFY isModifiedChanged)
+    Q_PROPERTY(bool isSaved READ isSaved NOTIFY isSavedChanged)
     Q_PROPERTY(int characterCount READ characterCount NOTIFY characterCountChanged)
     Q_PROPERTY(Standing standing READ standing NOTIFY standingChanged)
     Q_PROPERTY(QString foundMoment READ foundMoment NOTIFY foundMomentChanged)
@@ -37,11 +38,16 @@ public:
     enum Standing { Current, Stale, Gone };
     Q_ENUM(Standing)
 
-    using QObject::QObject;
+    explicit SkillDraft(QObject *parent = nullptr);
     ~SkillDraft() override;
     Q_DISABLE_COPY_MOVE(SkillDraft)
 
+    /// Whether there are edits.
     bool isModified() const { return m_isModified; }
+
+    /// Whether the text is what the skill holds: neither edited nor left behind by a skill that has moved on
+    /// or gone.
+    bool isSaved() const { return !m_isModified && m_standing == Current; }
 
     /// As a reader counts them.
     int characterCount() const { return m_characterCount; }
@@ -95,6 +101,7 @@ Q_SIGNALS:
     void begun();
 
     void isModifiedChanged();
+    void isSavedChanged();
     void characterCountChanged();
     void standingChanged();
     void foundMomentChanged();

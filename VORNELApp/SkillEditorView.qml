@@ -28,8 +28,12 @@ FocusScope {
     function synchronize(): void {
         differences.synchronizeCopies(() => model.synchronizeSelectedSkill());
     }
+    function compareTexts(): void {
+        comparison.make();
+        (comparison.item as TextComparisonSheet).compare();
+    }
     function save(): void {
-        if (!draft.isModified)
+        if (draft.isSaved)
             model.departure.resume();
         else if (model.isWorking)
             model.departure.stay();
@@ -52,7 +56,7 @@ FocusScope {
         function onSaveFailed() {
             editor.model.departure.stay();
             if (editor.draft.standing !== SkillDraft.Current)
-                notices.bringForward();
+                refusal.open();
         }
         function onSaved() {
             if (!editor.draft.isModified)
@@ -120,11 +124,9 @@ FocusScope {
         anchors.top: facts.bottom
         anchors.topMargin: height > 0 ? Metrics.medium : 0
         draft: editor.draft
-        onComparisonAsked: {
-            comparison.make();
-            (comparison.item as TextComparisonSheet).compare();
-        }
+        onComparisonAsked: editor.compareTexts()
         onDecided: instructions.forceActiveFocus()
+        onReloadAsked: editor.draft.reload()
         onReplacementAsked: replacement.open()
     }
     FileTree {
@@ -190,6 +192,14 @@ FocusScope {
         copies: copies
         model: editor.model
         onDeclined: editor.model.departure.stay()
+    }
+    StaleSheet {
+        id: refusal
+
+        draft: editor.draft
+        onComparisonAsked: editor.compareTexts()
+        onReloadAsked: editor.draft.reload()
+        onReplacementAsked: replacement.open()
     }
     DeferredItem {
         id: comparison

@@ -1,5 +1,5 @@
+import QtQuick
 import VORNELApp
-import VORNELDesignSystem
 
 /** Tells that the skill was changed or removed elsewhere while it is edited here, and what can be done. */
 Notice {
@@ -7,46 +7,22 @@ Notice {
 
     required property SkillDraft draft
 
-    readonly property bool isGone: draft.standing === SkillDraft.Gone
-
     signal comparisonAsked
+    signal reloadAsked
     signal replacementAsked
 
-    /** The notice is about to go. */
-    signal decided
+    /** The user turns from the notice to what lies below. */
+    signal escaped
 
-    text: {
-        if (isGone)
-            return "Cette compétence n’est plus dans la bibliothèque. Votre texte est encore ici.";
-        if (draft.foundMoment !== "")
-            return "Texte non enregistré du " + draft.foundMoment + " retrouvé. La compétence a changé depuis.";
-        return "Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici.";
-    }
+    text: actions.reason
+    Keys.onEscapePressed: escaped()
 
-    ActionButton {
-        symbol: "file-text"
-        text: "Comparer"
-        visible: !notice.isGone
-        onClicked: notice.comparisonAsked()
-    }
-    ActionButton {
-        symbol: "copy"
-        text: "Copier le texte"
-        onClicked: notice.draft.copy()
-    }
-    ActionButton {
-        symbol: "rotate-cw"
-        text: "Recharger"
-        visible: !notice.isGone
-        onClicked: {
-            notice.draft.reload();
-            notice.decided();
-        }
-    }
-    ActionButton {
-        symbol: "save"
-        text: "Garder mon texte"
-        visible: !notice.isGone
-        onClicked: notice.replacementAsked()
+    StaleActions {
+        id: actions
+
+        draft: notice.draft
+        onComparisonAsked: notice.comparisonAsked()
+        onReloadAsked: notice.reloadAsked()
+        onReplacementAsked: notice.replacementAsked()
     }
 }

@@ -15,6 +15,9 @@ Sheet {
     /** Whether the user goes; otherwise closing the sheet is staying. */
     property bool isDecided: false
 
+    /** Whether the user saves, once the sheet is closed. */
+    property bool isSaving: false
+
     firstFocus: save
     /** Does what waited for the decision. */
     function go(): void {
@@ -29,7 +32,11 @@ Sheet {
         if (!isDecided)
             model.departure.stay();
     }
-    onAboutToShow: isDecided = false
+    onAboutToShow: {
+        isDecided = false;
+        isSaving = false;
+    }
+    onClosed: if (isSaving) saveAsked()
 
     Label {
         bottomPadding: Metrics.small
@@ -60,8 +67,8 @@ Sheet {
             text: "Enregistrer"
             onClicked: {
                 sheet.isDecided = true;
+                sheet.isSaving = true;
                 sheet.close();
-                sheet.saveAsked();
             }
         }
     }

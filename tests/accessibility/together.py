@@ -34,7 +34,7 @@ def together(program, executable, folder):
 
     terminal.save("d’ailleurs\n")
     program.press("Enregistrer")
-    program.sees("alert message", "Cette compétence a changé ailleurs depuis son ouverture. Votre texte est encore ici.")
+    program.sees("alert message", "Cette compétence a été modifiée ailleurs depuis son ouverture. Votre texte est encore ici.")
     assert text_of(folder) == "d’ailleurs\n", "what was saved elsewhere stays"
     program.press("Recharger")
     program.sees("label", "ENREGISTRÉ")
