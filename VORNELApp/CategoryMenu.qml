@@ -21,7 +21,7 @@ ActionMenu {
         ActionMenuItem {
             required property categoryEntry record
 
-            checked: record.category.id === choices.currentID
+            isChosen: record.category.id === choices.currentID
             symbol: CategoryVisuals.symbol(record.category.id)
             symbolColor: CategoryVisuals.hue(record.category.colorHex)
             text: record.category.name

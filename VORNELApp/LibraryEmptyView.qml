@@ -30,6 +30,7 @@ StateView {
         onClicked: view.model.searchText = ""
     }
     ActionButton {
+        symbol: "x"
         text: "Effacer les filtres"
         visible: !view.page.isLibraryEmpty && view.page.isFiltered
         onClicked: view.page.clearFilters()

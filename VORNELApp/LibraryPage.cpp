@@ -19,10 +19,8 @@ LibraryPage::LibraryPage(QObject *parent) : QObject(parent)
 
 void LibraryPage::setCurrentPage(int page)
 {
-    const int before = std::exchange(m_currentPage, page);
+    m_currentPage = page;
     refresh();
-    if (m_currentPage != before)
-        Q_EMIT turned();
 }
 
 QStringList LibraryPage::maturityTexts()
@@ -96,14 +94,20 @@ void LibraryPage::begin()
     if (m_isWaiting)
         return;
     m_currentPage = 1;
-    refresh();
+    update();
     Q_EMIT turned();
 }
 
 void LibraryPage::refresh()
 {
-    if (m_model == nullptr || m_selection == nullptr)
-        return;
+    if (m_model != nullptr && m_selection != nullptr && update())
+        Q_EMIT turned();
+}
+
+/// Tells whether it shows another page than before, as it also does once that page is gone.
+bool LibraryPage::update()
+{
+    const qint64 before = m_pagination.page();
     const SkillPage page = m_model->libraryIndex().skillPage(m_model->filter(), m_currentPage);
     const auto overview = m_model->overview();
     constexpr int roomForTags = 3;
@@ -114,6 +118,7 @@ void LibraryPage::refresh()
     m_currentPage = static_cast<int>(page.pagination.page());
     layOut(sections(page), m_model->selectedCategory().isEmpty());
     Q_EMIT changed();
+    return m_currentPage != before;
 }
 
 /// With a category filter, all skills are one section. Skills of unknown categories, which come last, have

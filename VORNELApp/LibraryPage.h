@@ -93,6 +93,7 @@ private:
     void follow();
     void begin();
     void refresh();
+    bool update();
     QList<SkillGroup> sections(const SkillPage &page) const;
     LibraryCard card(const SkillSummary &skill) const;
     void layOut(const QList<SkillGroup> &sections, bool areHeaded);

@@ -12,8 +12,7 @@ ActionMenu {
     required property var maturityTexts
 
     ActionMenuItem {
-        checkable: true
-        checked: menu.model.selectedMaturity === undefined
+        isChosen: menu.model.selectedMaturity === undefined
         text: "Tous les états"
         onTriggered: menu.model.selectedMaturity = undefined
     }
@@ -24,8 +23,7 @@ ActionMenu {
             required property int index
             required property string modelData
 
-            checkable: true
-            checked: menu.model.selectedMaturity === index
+            isChosen: menu.model.selectedMaturity === index
             text: modelData
             onTriggered: menu.model.selectedMaturity = index
         }

@@ -5,7 +5,7 @@ import VORNELDesignSystem
 
 /**
  * The way back and forth, and a dot for each page. `step` counts from 0. A button that can no longer be used hands
- * the keyboard to the other.
+ * the keyboard to the other, if that can.
  */
 Item {
     id: footer
@@ -16,6 +16,16 @@ Item {
 
     signal retreated
     signal advanced
+
+    /** The button that had the keyboard can't be used, nor can the other. */
+    signal abandoned
+
+    function handOver(other: ActionButton): void {
+        if (other.enabled)
+            other.forceActiveFocus(Qt.TabFocusReason);
+        else
+            abandoned();
+    }
 
     implicitHeight: Metrics.controlHeight
 
@@ -59,7 +69,7 @@ Item {
             symbol: "arrow-left"
             text: "Étape précédente"
             onClicked: footer.retreated()
-            onEnabledChanged: if (!enabled && focus) advance.forceActiveFocus(Qt.TabFocusReason)
+            onEnabledChanged: if (!enabled && focus) footer.handOver(advance)
         }
         ActionButton {
             id: advance
@@ -69,7 +79,7 @@ Item {
             symbol: "arrow-right"
             text: "Étape suivante"
             onClicked: footer.advanced()
-            onEnabledChanged: if (!enabled && focus) retreat.forceActiveFocus(Qt.TabFocusReason)
+            onEnabledChanged: if (!enabled && focus) footer.handOver(retreat)
         }
     }
 }

@@ -47,6 +47,8 @@ FocusScope {
         step: onboarding.step
     }
     ScreenLoader {
+        id: page
+
         anchors.bottom: footer.top
         anchors.left: parent.left
         anchors.leftMargin: 2 * Metrics.page
@@ -67,9 +69,10 @@ FocusScope {
         anchors.right: parent.right
         anchors.rightMargin: 2 * Metrics.page
         canAdvance: !onboarding.isImporting
-        canRetreat: onboarding.step > 0
+        canRetreat: onboarding.step > 0 && !onboarding.model.isWorking
         step: onboarding.step
         onAdvanced: onboarding.advance()
+        onAbandoned: page.forceActiveFocus(Qt.TabFocusReason)
         onRetreated: onboarding.retreat()
     }
 }

@@ -68,7 +68,7 @@ QString icon(const SkillFileNode &node)
 {
     if (node.children)
         return u"folder"_s;
-    const QString suffix = node.name.section(u'.', -1).toLower();
+    const QString suffix = node.name.section(u'.', 1).section(u'.', -1).toLower();
     if (suffix == u"md"_s)
         return u"file-text"_s;
     if (suffix == u"json"_s)

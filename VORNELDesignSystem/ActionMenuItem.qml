@@ -2,24 +2,27 @@ import QtQuick
 import QtQuick.Templates as T
 import VORNELDesignSystem
 
-/** A command of a menu. A checked one carries a check mark. */
+/** A command of a menu, or one of several choices, of which the current one carries a check mark. */
 T.MenuItem {
     id: item
 
     property string symbol
     property color symbolColor: foreground
     property bool isDestructive: false
+    property bool isChosen: false
 
     readonly property color foreground: !enabled ? Colors.muted : isDestructive ? Colors.danger : Colors.text
 
     implicitWidth: 232
     implicitHeight: Metrics.controlHeight
+    checked: isChosen
     font: Typography.body
     leftPadding: Metrics.medium
     rightPadding: Metrics.medium
 
     Accessible.name: text
     Accessible.onPressAction: if (enabled) triggered()
+    onTriggered: checked = Qt.binding(() => isChosen) // which choosing it again would untick
 
     background: Rectangle {
         color: item.highlighted ? Colors.hover : "transparent"

@@ -166,15 +166,16 @@ TEST(SkillFileListModel, NestsFilesAndOpensFolders)
         }
         return found;
     };
-    model.setRelativeFiles({u"SKILL.md"_s, u"a/b/c.py"_s, u"a/d.JSON"_s, u"a.webp"_s, u"z/LICENSE"_s});
+    model.setRelativeFiles(
+        {u"SKILL.md"_s, u"a/b/c.py"_s, u"a/d.JSON"_s, u"a.webp"_s, u"z/LICENSE"_s, u"z/png"_s});
     EXPECT_EQ(rows(), (QStringList{u"SKILL.md file-text"_s, u"a folder-open"_s, u">b folder-open"_s,
                                    u">>c.py file-code"_s, u">d.JSON file-braces"_s, u"a.webp image"_s,
-                                   u"z folder-open"_s, u">LICENSE file"_s}));
+                                   u"z folder-open"_s, u">LICENSE file"_s, u">png file"_s}));
     model.setOpen(2, false);
     model.setOpen(1, false);
     model.setOpen(0, true);
     EXPECT_EQ(rows(), (QStringList{u"SKILL.md file-text"_s, u"a folder"_s, u"a.webp image"_s,
-                                   u"z folder-open"_s, u">LICENSE file"_s}));
+                                   u"z folder-open"_s, u">LICENSE file"_s, u">png file"_s}));
     model.setOpen(1, true);
     EXPECT_EQ(rows().mid(1, 3), (QStringList{u"a folder-open"_s, u">b folder"_s, u">d.JSON file-braces"_s}));
 

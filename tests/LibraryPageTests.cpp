@@ -141,9 +141,14 @@ TEST_F(LibraryPageTest, BeginsAnewWithOtherResults)
 {
     give(skills(25));
     page.setCurrentPage(2);
+    int turns = 0;
+    QObject::connect(&page, &LibraryPage::turned, &page, [&turns] { ++turns; });
     give(skills(24));
     EXPECT_EQ(page.currentPage(), 1);
     EXPECT_EQ(page.pageCount(), 1);
+    EXPECT_EQ(turns, 1) << "the page before comes at its top";
+    page.setCurrentPage(2);
+    EXPECT_EQ(turns, 1) << "there is no such page";
 
     give(skills(60));
     for (const auto &change : std::initializer_list<std::function<void()>>{

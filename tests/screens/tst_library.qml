@@ -56,7 +56,10 @@ ScreenTest {
         choose("Filtrer par état", "Prêt");
         showsSkills(["revue"]);
         compare(control("Filtrer par état").Accessible.description, "Prêt");
-        choose("Filtrer par état", "Tous les états");
+        choose("Filtrer par état", "Prêt");
+        click("Filtrer par état");
+        verify(control("Prêt").checked, "which choosing it again doesn't change");
+        click("Tous les états");
         showsSkills(["audit", "notes", "plan", "revue"]);
 
         choose("Filtrer par état", "Brouillon");

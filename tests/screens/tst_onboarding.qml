@@ -32,6 +32,7 @@ ScreenTest {
         awaitText("PRÉPARATION");
         verify(!control("Étape suivante").enabled);
         settle();
+        tryVerify(() => focusedName() === "Ouvrir la bibliothèque", 1000, "both arrows were no use during the scan");
         click("Étape précédente");
         awaitText(pages[3][0]);
     }
@@ -196,6 +197,7 @@ ScreenTest {
         click("Ouvrir la bibliothèque");
         tryVerify(() => !control("Ouvrir la bibliothèque").enabled);
         awaitText("Import en cours");
+        verify(!control("Étape précédente").enabled);
         keyClick(Qt.Key_Left);
         compare(fixture.model.onboardingStep, AppStates.OnboardingStep.importSkills);
         fixture.releaseWorkspace();
