@@ -156,6 +156,8 @@ SkillCategory AppModel::category(const QString &id) const
 
 void AppModel::setSelectedDestination(std::optional<Destination> destination)
 {
+    if (destination != selectedDestination())
+        setSearchText({});
     m_selectedDestination = destination;
 }
 

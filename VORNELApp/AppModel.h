@@ -174,6 +174,7 @@ public:
     /// The category of this identifier, or the catch-all one.
     Q_INVOKABLE vornel::SkillCategory category(const QString &id) const;
 
+    /// A destination begins without a search, which is about what it lists.
     void setSelectedDestination(std::optional<Destination> destination);
     void setSearchText(const QString &text);
     void setSelectedCategory(const QString &id);

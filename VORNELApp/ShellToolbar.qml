@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import VORNELApp
 import VORNELDesignSystem
 
-/** The search, and what can be done from every screen. */
+/** The search in what is listed, where there is a list, and what can be done from every screen. */
 Item {
     id: toolbar
 
@@ -16,6 +16,9 @@ Item {
 
     /** Without room for every word, the search keeps its own. */
     readonly property bool isNarrow: width < Metrics.roomForTexts
+
+    /** Whether the keyboard was last in the search. */
+    readonly property alias isSearching: search.focus
 
     function focusSearch(): void {
         search.forceActiveFocus(Qt.ShortcutFocusReason);
@@ -44,12 +47,26 @@ Item {
 
             Layout.fillWidth: true
             clearText: "Effacer"
-            placeholderText: "Rechercher une compétence"
+            placeholderText: {
+                switch (toolbar.model.selectedDestination) {
+                case AppStates.Destination.needsAttention:
+                    return "Rechercher dans «\u00A0À réparer\u00A0»";
+                case AppStates.Destination.trash:
+                    return "Rechercher dans la corbeille";
+                default:
+                    return "Rechercher une compétence";
+                }
+            }
+            visible: !toolbar.isSkillOpen // whose own search is in its text
             onTextChanged: toolbar.model.searchText = text
 
             Binding on text {
                 value: toolbar.model.searchText
             }
+        }
+        Item {
+            Layout.fillWidth: true
+            visible: toolbar.isSkillOpen
         }
         BusySignal {
             isBusy: toolbar.model.isWorking

@@ -119,6 +119,10 @@ FocusScope {
         focus: true
         model: shell.model
         onCreationAsked: shell.create()
+        onIsSkillOpenChanged: {
+            if (isSkillOpen && toolbar.isSearching) // in a field that is hidden now
+                takeKeyboard();
+        }
     }
     OpeningOverlay {
         anchors.bottom: parent.bottom

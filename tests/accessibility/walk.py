@@ -93,7 +93,7 @@ def by_keyboard(program):
     program.sees("label", "Tout est synchronisé")
     program.type(DOWN, SPACE)
     program.sees("label", "La corbeille est vide")
-    program.tab_to("Rechercher une compétence")
+    program.tab_to("Rechercher dans la corbeille")
     program.type(*map(ord, "zzz"))
     program.sees("push button", "Effacer")
     program.sees_page()

@@ -53,6 +53,22 @@ ScreenTest {
         compare(field.text, "aud", "the field follows the model");
         keyClick(Qt.Key_Escape);
         compare(fixture.model.searchText, "");
+
+        type("aud");
+        fixture.model.selectSkill(fixture.idOf("audit"));
+        awaitText("INSTRUCTIONS");
+        verify(!shows("Rechercher une compétence"), "a skill has a search of its own");
+        verify(control("Instructions de la compétence").activeFocus);
+        keyClick(Qt.Key_Escape);
+        awaitText("audit");
+        compare(fixture.model.searchText, "aud", "the list is as it was left");
+        fixture.trash(["notes"]);
+        settle();
+        click("Corbeille");
+        awaitText("notes");
+        verify(shows("Rechercher dans la corbeille"));
+        click("À réparer");
+        awaitText("Rechercher dans «\u00a0À réparer\u00a0»");
     }
 
     function test_skill() {
