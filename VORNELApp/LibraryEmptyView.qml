@@ -11,8 +11,8 @@ StateView {
 
     signal creationAsked
 
-    line: page.isLibraryEmpty ? "Créez la première : vos assistants en recevront chacun une copie."
-        : "Aucune compétence ne correspond à votre recherche et à vos filtres."
+    line: page.isLibraryEmpty ? "Créez la première\u00A0: vos assistants en recevront chacun une copie."
+        : "Aucune compétence ne correspond à ces critères."
     symbol: page.isLibraryEmpty ? "layout-grid" : "search"
     title: page.isLibraryEmpty ? "Aucune compétence" : "Aucun résultat"
 

@@ -104,7 +104,7 @@ private:
     void addMissingLineEnd(Kind kind)
     {
         if (m_lastLineEndDiffers)
-            append(remark(kind, u"Pas de fin de ligne à la fin du fichier"_s));
+            append(remark(kind, u"Pas de saut de ligne à la fin du fichier"_s));
     }
 
     void append(DiffLine line)

@@ -78,7 +78,12 @@ FocusScope {
         anchors.right: parent.right
         anchors.top: parent.top
         countText: attention.countText
-        line: entries.totalCount === 0 ? "" : "Les copies de ces compétences ne sont pas identiques à la version de VORNEL."
+        line: {
+            if (entries.totalCount === 0)
+                return "";
+            return entries.totalCount === 1 ? "Les copies de cette compétence ne sont pas identiques à la version de VORNEL."
+                                            : "Les copies de ces compétences ne sont pas identiques à la version de VORNEL.";
+        }
         title: "À RÉPARER"
 
         BusySignal {

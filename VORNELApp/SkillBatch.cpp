@@ -186,8 +186,8 @@ QStringList SkillBatch::told(const QList<Failure> &failures, bool isChanged) con
     QStringList lines{headline(failures.size(), m_doneCount, words(m_kind).participle, isChanged)};
     for (const Failure &failure : failures.first(std::min(mostNamed, failures.size())))
         lines.append(u"«\u00A0"_s + failure.name + u"\u00A0»\u00A0: "_s + failure.reason);
-    if (failures.size() > mostNamed)
-        lines.append(u"et %1 de plus"_s.arg(failures.size() - mostNamed));
+    if (const qsizetype others = failures.size() - mostNamed; others > 0)
+        lines.append(others == 1 ? u"et 1 autre"_s : u"et %1 autres"_s.arg(others));
     return lines;
 }
 

@@ -13,7 +13,8 @@ ConfirmationDialog {
         if (edited === 0 && !skills.sawEveryCopy)
             return "Vos assistants recevront la version de VORNEL. Certaines copies n’ont pas pu être comparées.";
         if (edited === 0)
-            return "Aucune de leurs copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
+            return (skills.surveyedCount === 1 ? "Aucune de ses copies" : "Aucune de leurs copies")
+                + " n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
         const what = edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée"
             : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées";
         return what + " dans l’historique.";

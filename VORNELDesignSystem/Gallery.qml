@@ -217,8 +217,7 @@ Rectangle {
                             text: "Commande"
                         }
                         ActionMenuItem {
-                            checkable: true
-                            checked: true
+                            isChosen: true
                             text: "Choix en cours"
                         }
                         ActionMenuItem {

@@ -138,7 +138,7 @@ ScreenTest {
         tryVerify(() => shows("b") && !shows("a") && !shows("c"));
         verify(model.errorMessage.startsWith("1 compétence sur 3 n’a pas pu être synchronisée\u00A0:"));
         verify(control("b").record.failure !== "");
-        verify(shows("1 compétence"));
+        verify(shows("1 compétence") && shows("Les copies de cette compétence ne sont pas identiques à la version de VORNEL."));
         compare(fixture.bytes("codex/c/SKILL.md"), fixture.bytes("workspace/skills/c/SKILL.md"));
     }
 
@@ -210,6 +210,9 @@ ScreenTest {
         model.searchText = "no";
         tryVerify(() => shows("notes") && !shows("audit"));
         verify(shows("1 sur 3 compétences"));
+        click("Tout synchroniser");
+        awaitText("Aucune de ses copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.");
+        cancel();
         click("Effacer");
         tryVerify(() => shows("audit"));
 

@@ -18,7 +18,7 @@ ScreenTest {
         id: panels
 
         ErrorPanel {
-            text: "Une raison parmi d’autres\n".repeat(40) + "et 2 de plus"
+            text: "Une raison parmi d’autres\n".repeat(40) + "et 2 autres"
             width: 400
         }
     }
