@@ -11,11 +11,11 @@ namespace vornel {
 namespace {
 
 /// Lets copies be missing, edited and unreadable.
-void harmCopies(Stage &stage)
+void harmCopies(Studio &studio)
 {
-    const QList<SkillSummary> skills = stage.model().overview()->skills;
+    const QList<SkillSummary> skills = studio.model().overview()->skills;
     const auto copy = [&](const char *assistant, qsizetype number) {
-        return stage.path(assistant) / skills.at(number).slug.toStdString();
+        return studio.path(assistant) / skills.at(number).slug.toStdString();
     };
     fs::remove_all(copy("codex", 0));
     fs::remove_all(copy("claude", 3));
@@ -25,40 +25,40 @@ void harmCopies(Stage &stage)
     std::ofstream(copy("codex", 5)) << "pas un dossier";
 }
 
-void photographBatch(const Photographer &photographer, Stage &stage)
+void photographBatch(const Photographer &photographer, Studio &studio)
 {
     photographer.click(u"Tout synchroniser"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"attention-question"_s);
     photographer.press(Qt::Key_Tab);
     photographer.press(Qt::Key_Return);
-    while (stage.model().batch()->doneCount() < 1)
+    while (studio.model().batch()->doneCount() < 1)
         QCoreApplication::processEvents();
     photographer.takeAtOnce(u"attention-progress"_s);
-    stage.quieten();
-    Stage::rest();
+    studio.quieten();
+    Studio::rest();
     photographer.take(u"attention-failures"_s);
 }
 
 } // namespace
 
-void photographAttention(Photographer &photographer, Stage &stage)
+void photographAttention(Photographer &photographer, Studio &studio)
 {
-    AppModel &model = stage.model();
-    harmCopies(stage);
+    AppModel &model = studio.model();
+    harmCopies(studio);
     model.reload();
-    stage.quieten();
+    studio.quieten();
     model.setSelectedDestination(Destination::needsAttention);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"attention"_s);
     photographer.click(u"Synchroniser"_s, u"Audit d’accessibilité"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"attention-differences"_s);
     photographer.click(u"Fermer"_s);
     model.setSearchText(u"introuvable"_s);
     photographer.take(u"attention-no-result"_s);
     model.setSearchText({});
-    photographBatch(photographer, stage);
+    photographBatch(photographer, studio);
     model.clearError();
     model.setSelectedDestination(Destination::library);
 }

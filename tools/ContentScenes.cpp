@@ -11,29 +11,29 @@ namespace vornel {
 namespace {
 
 /// Opens the library without an import.
-void skipOnboarding(Stage &stage)
+void skipOnboarding(Studio &studio)
 {
-    stage.settle();
+    studio.settle();
     for (const char *assistant : {"claude", "codex"}) {
-        for (const auto &entry : fs::directory_iterator(stage.path(assistant)))
+        for (const auto &entry : fs::directory_iterator(studio.path(assistant)))
             fs::remove_all(entry);
     }
-    stage.model().beginImportScan();
-    stage.settle();
-    stage.model().commitImport();
-    stage.quieten();
+    studio.model().beginImportScan();
+    studio.settle();
+    studio.model().commitImport();
+    studio.quieten();
 }
 
-QString addCategory(Stage &stage, const QString &name, const QString &colorHex)
+QString addCategory(Studio &studio, const QString &name, const QString &colorHex)
 {
-    QCoro::waitFor(stage.model().createCategory(name, colorHex));
-    return stage.model().overview()->categories.constLast().id;
+    QCoro::waitFor(studio.model().createCategory(name, colorHex));
+    return studio.model().overview()->categories.constLast().id;
 }
 
-void addSkill(Stage &stage, const CreateSkillRequest &request)
+void addSkill(Studio &studio, const CreateSkillRequest &request)
 {
-    QCoro::waitFor(stage.model().createSkill(request));
-    stage.model().closeSkill();
+    QCoro::waitFor(studio.model().createSkill(request));
+    studio.model().closeSkill();
 }
 
 QStringList manyTags()
@@ -44,10 +44,10 @@ QStringList manyTags()
     return tags;
 }
 
-void addSkills(Stage &stage)
+void addSkills(Studio &studio)
 {
-    const QString wide = addCategory(stage, QString(40, u'W'), u"FF8A3D"_s);
-    const QString scripts = addCategory(stage, u"مراجعة 👩‍💻"_s, u"B071FF"_s);
+    const QString wide = addCategory(studio, QString(40, u'W'), u"FF8A3D"_s);
+    const QString scripts = addCategory(studio, u"مراجعة 👩‍💻"_s, u"B071FF"_s);
     CreateSkillRequest request;
     request.slug = u"verification-"_s.repeated(6) + u"ab"_s;
     request.displayName =
@@ -55,44 +55,44 @@ void addSkills(Stage &stage)
         "de leurs traductions dans toutes les langues de travail de l’institution"_s;
     request.category = wide;
     request.tags = manyTags();
-    addSkill(stage, request);
+    addSkill(studio, request);
     request.slug = u"rtl"_s;
     request.displayName = u"مراجعة الشيفرة البرمجية قبل كل نشر على الخوادم"_s;
     request.summary = request.displayName.repeated(4);
     request.category = scripts;
     request.tags = QStringList{u"مراجعة"_s, u"تدقيق"_s};
-    addSkill(stage, request);
+    addSkill(studio, request);
     request.slug = u"emoji"_s;
     request.displayName = u"👩‍💻🇫🇷🧪 Essais"_s;
     request.summary = QString(400, u'x');
-    addSkill(stage, request);
+    addSkill(studio, request);
 }
 
 /// Gives a skill a thousand files.
-void addFiles(Stage &stage)
+void addFiles(Studio &studio)
 {
-    const fs::path skill = stage.path("VORNEL/skills/emoji");
+    const fs::path skill = studio.path("VORNEL/skills/emoji");
     for (int number = 0; number < 1000; ++number)
         std::ofstream(skill / ("fichier-" + std::to_string(number) + ".md")) << "#\n";
-    stage.model().reload();
-    stage.quieten();
+    studio.model().reload();
+    studio.quieten();
 }
 
-void photographEditors(const Photographer &photographer, Stage &stage)
+void photographEditors(const Photographer &photographer, Studio &studio)
 {
-    stage.open(u"verification-"_s.repeated(6) + u"ab"_s);
+    studio.open(u"verification-"_s.repeated(6) + u"ab"_s);
     photographer.take(u"content-editor"_s);
-    stage.model().closeSkill();
-    stage.open(u"emoji"_s);
+    studio.model().closeSkill();
+    studio.open(u"emoji"_s);
     photographer.take(u"content-files"_s);
-    stage.model().closeSkill();
+    studio.model().closeSkill();
 }
 
-void photographCategoryMenu(const Photographer &photographer, Stage &stage)
+void photographCategoryMenu(const Photographer &photographer, Studio &studio)
 {
     for (int number = 1; number <= 30; ++number)
-        addCategory(stage, u"Catégorie %1"_s.arg(number), u"21D6D1"_s);
-    stage.quieten();
+        addCategory(studio, u"Catégorie %1"_s.arg(number), u"21D6D1"_s);
+    studio.quieten();
     photographer.click(u"Sélectionner"_s);
     photographer.click(u"👩‍💻🇫🇷🧪 Essais"_s);
     photographer.click(u"Déplacer"_s);
@@ -104,17 +104,17 @@ void photographCategoryMenu(const Photographer &photographer, Stage &stage)
 
 void photographContent(Photographer &photographer)
 {
-    Stage stage;
-    photographer.watch(stage);
-    skipOnboarding(stage);
-    addSkills(stage);
-    addFiles(stage);
+    Studio studio;
+    photographer.watch(studio);
+    skipOnboarding(studio);
+    addSkills(studio);
+    addFiles(studio);
     photographer.take(u"content"_s);
-    photographEditors(photographer, stage);
+    photographEditors(photographer, studio);
     photographer.click(u"Gérer les catégories"_s);
     photographer.take(u"content-categories"_s);
     photographer.click(u"Fermer"_s);
-    photographCategoryMenu(photographer, stage);
+    photographCategoryMenu(photographer, studio);
 }
 
 } // namespace vornel

@@ -14,11 +14,11 @@ namespace fs = std::filesystem;
 namespace vornel {
 namespace {
 
-void photographEdits(const Photographer &photographer, Stage &stage)
+void photographEdits(const Photographer &photographer, Studio &studio)
 {
-    stage.model().selectSkill(stage.idOf(u"revue-de-securite"_s));
+    studio.model().selectSkill(studio.idOf(u"revue-de-securite"_s));
     photographer.take(u"opening"_s);
-    stage.open(u"revue-de-securite"_s);
+    studio.open(u"revue-de-securite"_s);
     photographer.take(u"editor"_s);
     photographer.press(Qt::Key_F, Qt::ControlModifier);
     photographer.write(u"les"_s);
@@ -31,165 +31,165 @@ void photographEdits(const Photographer &photographer, Stage &stage)
     photographer.press(Qt::Key_Escape);
     photographer.take(u"editor-unsaved"_s);
     photographer.click(u"Ne pas enregistrer"_s);
-    stage.settle();
+    studio.settle();
 }
 
 /// What opens over the editor.
-void photographChoices(const Photographer &photographer, Stage &stage)
+void photographChoices(const Photographer &photographer, Studio &studio)
 {
-    stage.open(u"revue-de-securite"_s);
-    photographer.click(stage.model().category(stage.model().selectedSkill()->manifest.category).name);
+    studio.open(u"revue-de-securite"_s);
+    photographer.click(studio.model().category(studio.model().selectedSkill()->manifest.category).name);
     photographer.take(u"editor-category"_s);
     photographer.press(Qt::Key_Escape);
     photographer.click(u"Plus d’actions"_s);
     photographer.take(u"editor-actions"_s);
     photographer.press(Qt::Key_Down);
     photographer.press(Qt::Key_Return);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"editor-trash"_s);
     photographer.click(u"Annuler"_s);
-    stage.model().closeSkill();
+    studio.model().closeSkill();
 }
 
-void photographPicture(const Photographer &photographer, Stage &stage)
+void photographPicture(const Photographer &photographer, Studio &studio)
 {
-    stage.open(u"maquette-vers-composant"_s);
+    studio.open(u"maquette-vers-composant"_s);
     photographer.click(u"maquette.png"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"editor-image"_s);
-    stage.model().closeSkill();
-    stage.settle();
+    studio.model().closeSkill();
+    studio.settle();
 }
 
 /// Edits both assistants' copies of a skill, as an assistant would.
-void editCopies(const Stage &stage)
+void editCopies(const Studio &studio)
 {
-    const fs::path copy = stage.path("claude/audit-accessibilite");
+    const fs::path copy = studio.path("claude/audit-accessibilite");
     std::stringstream text;
     text << std::ifstream(copy / "SKILL.md").rdbuf();
     const QString edited = QString::fromStdString(text.str()).replace(u"## "_s, u"## Étape\u00A0: "_s);
     std::ofstream(copy / "SKILL.md") << edited.toStdString();
     std::ofstream(copy / "exemples.md") << "# Exemples\n";
-    fs::remove_all(stage.path("codex/audit-accessibilite/references"));
+    fs::remove_all(studio.path("codex/audit-accessibilite/references"));
 }
 
-void photographCopies(const Photographer &photographer, Stage &stage)
+void photographCopies(const Photographer &photographer, Studio &studio)
 {
-    editCopies(stage);
-    stage.model().reload();
-    stage.open(u"audit-accessibilite"_s);
+    editCopies(studio);
+    studio.model().reload();
+    studio.open(u"audit-accessibilite"_s);
     photographer.take(u"editor-drifted"_s);
     photographer.click(u"Synchroniser"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"editor-differences"_s);
     photographer.click(u"Fermer"_s);
-    stage.model().closeSkill();
-    stage.settle();
+    studio.model().closeSkill();
+    studio.settle();
 }
 
-DraftKeeping &drafts(Stage &stage)
+DraftKeeping &drafts(Studio &studio)
 {
-    return *stage.application().environment.drafts;
+    return *studio.application().environment.drafts;
 }
 
 /// Leaves the skill, and the edits of it.
-void abandon(Stage &stage)
+void abandon(Studio &studio)
 {
-    const QUuid id = stage.model().selectedSkillID();
-    stage.model().closeSkill();
-    drafts(stage).discardDraft(id).waitForFinished();
-    stage.settle();
+    const QUuid id = studio.model().selectedSkillID();
+    studio.model().closeSkill();
+    drafts(studio).discardDraft(id).waitForFinished();
+    studio.settle();
 }
 
 /// An edit here while the skill is edited, and then removed, in the workspace.
-void photographStale(const Photographer &photographer, Stage &stage)
+void photographStale(const Photographer &photographer, Studio &studio)
 {
-    const fs::path kept = stage.path("elsewhere");
-    const fs::path skill = stage.path("VORNEL/skills/revue-de-securite");
+    const fs::path kept = studio.path("elsewhere");
+    const fs::path skill = studio.path("VORNEL/skills/revue-de-securite");
     fs::copy(skill, kept, fs::copy_options::recursive);
-    stage.open(u"revue-de-securite"_s);
+    studio.open(u"revue-de-securite"_s);
     photographer.type(u"Vérifie aussi les dépendances.\n"_s);
     std::ofstream(skill / "SKILL.md", std::ios::app) << "\nUne ligne de plus.\n";
-    stage.model().reload();
-    stage.quieten();
+    studio.model().reload();
+    studio.quieten();
     photographer.take(u"editor-stale"_s);
     photographer.click(u"Comparer"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"editor-comparison"_s);
     photographer.click(u"Fermer"_s);
     fs::remove_all(skill);
-    stage.model().reload();
-    stage.quieten();
+    studio.model().reload();
+    studio.quieten();
     photographer.take(u"editor-gone"_s);
     fs::copy(kept, skill, fs::copy_options::recursive);
-    abandon(stage);
-    stage.model().reload();
-    stage.quieten();
+    abandon(studio);
+    studio.model().reload();
+    studio.quieten();
 }
 
-void keep(const Stage &stage, const QUuid &id, const KeptDraft &draft)
+void keep(const Studio &studio, const QUuid &id, const KeptDraft &draft)
 {
-    const fs::path folder = stage.path("VORNEL/.vornel/drafts");
+    const fs::path folder = studio.path("VORNEL/.vornel/drafts");
     fs::create_directories(folder);
     std::ofstream(folder / (uuidText(id) + u".json"_s).toStdString())
         << RecordJson::document(RecordJson::encode(draft)).toStdString();
 }
 
 /// A text that was typed before the program ended; and the same once its skill has changed.
-void photographFound(const Photographer &photographer, Stage &stage)
+void photographFound(const Photographer &photographer, Studio &studio)
 {
-    const QUuid id = stage.idOf(u"notes-de-version"_s);
+    const QUuid id = studio.idOf(u"notes-de-version"_s);
     const QString text = u"# Notes de version\n\nÀ reprendre\u00A0: les ruptures d’abord.\n"_s;
     const QDateTime moment(QDate::currentDate(), QTime(14, 32));
-    stage.open(u"notes-de-version"_s);
-    const QString saved = stage.model().selectedSkill()->skillMD;
+    studio.open(u"notes-de-version"_s);
+    const QString saved = studio.model().selectedSkill()->skillMD;
     for (const auto &[base, picture] :
          {std::pair(saved, u"editor-found"_s), std::pair(u"x"_s, u"editor-found-stale"_s)}) {
-        stage.model().closeSkill();
-        keep(stage, id, {.text = text, .baseDigest = KeptDraft::digestOf(base), .keptAt = moment});
-        stage.open(u"notes-de-version"_s);
+        studio.model().closeSkill();
+        keep(studio, id, {.text = text, .baseDigest = KeptDraft::digestOf(base), .keptAt = moment});
+        studio.open(u"notes-de-version"_s);
         photographer.take(picture);
-        abandon(stage);
+        abandon(studio);
     }
 }
 
 /// A text whose skill is gone.
-void photographStray(const Photographer &photographer, Stage &stage)
+void photographStray(const Photographer &photographer, Studio &studio)
 {
     const QUuid id = QUuid::createUuid();
-    keep(stage, id, {.text = u"x"_s, .baseDigest = {}, .keptAt = QDateTime::currentDateTimeUtc()});
-    stage.open(u"notes-de-version"_s);
-    stage.model().closeSkill();
-    Stage::rest();
+    keep(studio, id, {.text = u"x"_s, .baseDigest = {}, .keptAt = QDateTime::currentDateTimeUtc()});
+    studio.open(u"notes-de-version"_s);
+    studio.model().closeSkill();
+    Studio::rest();
     photographer.take(u"library-stray"_s);
-    drafts(stage).discardDraft(id).waitForFinished();
+    drafts(studio).discardDraft(id).waitForFinished();
 }
 
 /// A disk that doesn't take what is typed.
-void photographUnkept(const Photographer &photographer, Stage &stage)
+void photographUnkept(const Photographer &photographer, Studio &studio)
 {
-    fs::remove_all(stage.path("VORNEL/.vornel/drafts"));
-    std::ofstream(stage.path("VORNEL/.vornel/drafts")) << "x";
-    stage.open(u"notes-de-version"_s);
+    fs::remove_all(studio.path("VORNEL/.vornel/drafts"));
+    std::ofstream(studio.path("VORNEL/.vornel/drafts")) << "x";
+    studio.open(u"notes-de-version"_s);
     photographer.type(u"Une ligne de plus.\n"_s);
     QTest::qWait(1'500);
     photographer.take(u"editor-unkept"_s);
-    abandon(stage);
-    fs::remove(stage.path("VORNEL/.vornel/drafts"));
+    abandon(studio);
+    fs::remove(studio.path("VORNEL/.vornel/drafts"));
 }
 
 } // namespace
 
-void photographEditor(Photographer &photographer, Stage &stage)
+void photographEditor(Photographer &photographer, Studio &studio)
 {
-    photographEdits(photographer, stage);
-    photographChoices(photographer, stage);
-    photographPicture(photographer, stage);
-    photographStale(photographer, stage);
-    photographFound(photographer, stage);
-    photographStray(photographer, stage);
-    photographUnkept(photographer, stage);
-    photographCopies(photographer, stage);
+    photographEdits(photographer, studio);
+    photographChoices(photographer, studio);
+    photographPicture(photographer, studio);
+    photographStale(photographer, studio);
+    photographFound(photographer, studio);
+    photographStray(photographer, studio);
+    photographUnkept(photographer, studio);
+    photographCopies(photographer, studio);
 }
 
 } // namespace vornel

@@ -40,26 +40,26 @@ void photographFilters(const Photographer &photographer, AppModel &model)
 
 } // namespace
 
-void photographLibrary(Photographer &photographer, Stage &stage)
+void photographLibrary(Photographer &photographer, Studio &studio)
 {
     photographer.take(u"library"_s);
-    photographSelection(photographer, stage.model());
-    photographFilters(photographer, stage.model());
+    photographSelection(photographer, studio.model());
+    photographFilters(photographer, studio.model());
     const QString dragged =
-        u"vornel-skills:"_s + stage.model().overview()->skills.at(0).id.toString(QUuid::WithoutBraces);
+        u"vornel-skills:"_s + studio.model().overview()->skills.at(0).id.toString(QUuid::WithoutBraces);
     photographer.hold(dragged, u"Design"_s);
     photographer.take(u"library-drag"_s);
     photographer.letGo();
 }
 
-void photographEmptyLibrary(Photographer &photographer, Stage &stage)
+void photographEmptyLibrary(Photographer &photographer, Studio &studio)
 {
     QSet<QUuid> ids;
-    const QList<SkillSummary> skills = stage.model().overview()->skills;
+    const QList<SkillSummary> skills = studio.model().overview()->skills;
     for (const SkillSummary &skill : skills)
         ids.insert(skill.id);
-    stage.model().moveSkillsToTrash(ids);
-    stage.quieten();
+    studio.model().moveSkillsToTrash(ids);
+    studio.quieten();
     photographer.take(u"library-empty"_s);
 }
 

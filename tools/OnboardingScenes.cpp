@@ -10,28 +10,28 @@ namespace fs = std::filesystem;
 namespace vornel {
 namespace {
 
-void resolveCollisions(Stage &stage)
+void resolveCollisions(Studio &studio)
 {
-    const QList<ImportCollision> collisions = stage.model().importPlan()->collisions;
+    const QList<ImportCollision> collisions = studio.model().importPlan()->collisions;
     for (const ImportCollision &collision : collisions) {
-        stage.model().resolveCollision(collision.id, CollisionChoice::claude);
-        stage.settle();
+        studio.model().resolveCollision(collision.id, CollisionChoice::claude);
+        studio.settle();
     }
 }
 
-void photographImport(const Photographer &photographer, Stage &stage)
+void photographImport(const Photographer &photographer, Studio &studio)
 {
     photographer.takeAtOnce(u"import-scan"_s);
-    stage.settle();
+    studio.settle();
     photographer.take(u"import-collisions"_s);
-    resolveCollisions(stage);
+    resolveCollisions(studio);
     photographer.click(u"2 dossiers ignorés"_s);
     photographer.take(u"import-ready"_s);
     photographer.click(u"Ouvrir la bibliothèque"_s);
-    while (stage.model().commitProgress() < 0.3)
+    while (studio.model().commitProgress() < 0.3)
         QCoreApplication::processEvents();
     photographer.take(u"import-progress"_s);
-    stage.settle();
+    studio.settle();
     photographer.take(u"library-confirmation"_s);
 }
 
@@ -39,53 +39,53 @@ void photographImport(const Photographer &photographer, Stage &stage)
 
 void photographFailure(Photographer &photographer)
 {
-    Stage stage(true);
-    photographer.watch(stage);
-    stage.settle();
+    Studio studio(true);
+    photographer.watch(studio);
+    studio.settle();
     photographer.take(u"failure"_s);
 }
 
 void photographImportFailure(Photographer &photographer)
 {
-    Stage stage;
-    photographer.watch(stage);
-    stage.settle();
-    fs::remove_all(stage.path("claude"));
-    std::ofstream(stage.path("claude")) << "pas un dossier";
+    Studio studio;
+    photographer.watch(studio);
+    studio.settle();
+    fs::remove_all(studio.path("claude"));
+    std::ofstream(studio.path("claude")) << "pas un dossier";
     for (int page = 1; page <= 4; ++page)
-        stage.model().advanceOnboarding();
-    stage.settle();
+        studio.model().advanceOnboarding();
+    studio.settle();
     photographer.take(u"import-failed"_s);
 }
 
 void photographOccupiedImport(Photographer &photographer)
 {
-    Stage stage;
+    Studio studio;
     for (const char *folder : {"codex/migration-sql", "codex/tests-de-charge", "claude/veille-technique"})
-        stage.occupy(folder);
-    photographer.watch(stage);
-    stage.settle();
+        studio.occupy(folder);
+    photographer.watch(studio);
+    studio.settle();
     for (int page = 1; page <= 4; ++page)
-        stage.model().advanceOnboarding();
-    stage.settle();
-    resolveCollisions(stage);
-    Stage::rest();
+        studio.model().advanceOnboarding();
+    studio.settle();
+    resolveCollisions(studio);
+    Studio::rest();
     photographer.take(u"import-occupied"_s);
     photographer.click(u"Ouvrir la bibliothèque"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"import-replace"_s);
 }
 
-void photographOnboarding(Photographer &photographer, Stage &stage)
+void photographOnboarding(Photographer &photographer, Studio &studio)
 {
-    photographer.watch(stage);
+    photographer.watch(studio);
     photographer.take(u"launch"_s);
-    stage.settle();
+    studio.settle();
     for (int page = 1; page <= 4; ++page) {
         photographer.take(u"onboarding-%1"_s.arg(page));
-        stage.model().advanceOnboarding();
+        studio.model().advanceOnboarding();
     }
-    photographImport(photographer, stage);
+    photographImport(photographer, studio);
 }
 
 } // namespace vornel

@@ -42,11 +42,11 @@ Photographer::Photographer(QString folder, QSize size, QStringList chosen)
     : m_folder(std::move(folder)), m_size(size), m_chosen(std::move(chosen))
 {}
 
-void Photographer::watch(Stage &stage)
+void Photographer::watch(Studio &studio)
 {
-    m_window = stage.application().showWindow();
+    m_window = studio.application().showWindow();
     m_window->resize(m_size);
-    stopMotion(stage.application().engine());
+    stopMotion(studio.application().engine());
 }
 
 void Photographer::take(const QString &name) const

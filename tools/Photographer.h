@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Stage.h"
+#include "Studio.h"
 
 #include <QSize>
 #include <QStringList>
@@ -17,8 +17,8 @@ public:
     /// The pictures of these names go into `folder`; without a name, all do.
     Photographer(QString folder, QSize size, QStringList chosen);
 
-    /// Opens the window on a stage.
-    void watch(Stage &stage);
+    /// Opens the window on a studio.
+    void watch(Studio &studio);
 
     void take(const QString &name) const;
 

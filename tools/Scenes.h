@@ -1,9 +1,9 @@
 #pragma once
 
 #include "Photographer.h"
-#include "Stage.h"
+#include "Studio.h"
 
-/// What the pictures show, each scene played as a user would. Those that take a stage as it is begin and end
+/// What the pictures show, each scene played as a user would. Those that take a studio as it is begin and end
 /// on a filled library, but for the first import.
 namespace vornel {
 
@@ -17,28 +17,28 @@ void photographImportFailure(Photographer &photographer);
 void photographOccupiedImport(Photographer &photographer);
 
 /// From the launch to the end of the import.
-void photographOnboarding(Photographer &photographer, Stage &stage);
+void photographOnboarding(Photographer &photographer, Studio &studio);
 
 /// The other destinations while there is nothing in them.
-void photographEmptyDestinations(Photographer &photographer, Stage &stage);
+void photographEmptyDestinations(Photographer &photographer, Studio &studio);
 
-void photographLibrary(Photographer &photographer, Stage &stage);
-void photographEditor(Photographer &photographer, Stage &stage);
+void photographLibrary(Photographer &photographer, Studio &studio);
+void photographEditor(Photographer &photographer, Studio &studio);
 void photographCategories(Photographer &photographer);
-void photographCreation(Photographer &photographer, Stage &stage);
-void photographTrash(Photographer &photographer, Stage &stage);
-void photographAttention(Photographer &photographer, Stage &stage);
+void photographCreation(Photographer &photographer, Studio &studio);
+void photographTrash(Photographer &photographer, Studio &studio);
+void photographAttention(Photographer &photographer, Studio &studio);
 
 /// What no demonstration holds, but a user's library may: very long names, other scripts, many files.
 void photographContent(Photographer &photographer);
 
 /// What comes over any screen when an operation fails.
-void photographError(Photographer &photographer, Stage &stage);
+void photographError(Photographer &photographer, Studio &studio);
 
 /// The library with nothing left in it.
-void photographEmptyLibrary(Photographer &photographer, Stage &stage);
+void photographEmptyLibrary(Photographer &photographer, Studio &studio);
 
 /// The window while it waits for an operation, and closes.
-void photographClosing(Photographer &photographer, Stage &stage);
+void photographClosing(Photographer &photographer, Studio &studio);
 
 } // namespace vornel

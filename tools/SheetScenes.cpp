@@ -25,15 +25,15 @@ void photographCategoryEdits(const Photographer &photographer)
     photographer.click(u"Abandonner"_s);
 }
 
-void photographOccupiedCreation(const Photographer &photographer, const Stage &stage)
+void photographOccupiedCreation(const Photographer &photographer, const Studio &studio)
 {
-    stage.occupy("codex/carnet-de-bord");
+    studio.occupy("codex/carnet-de-bord");
     photographer.click(u"Nouvelle compétence"_s);
     photographer.write(u"Carnet de bord"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"create-occupied"_s);
     photographer.click(u"Créer"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"create-replace"_s);
     photographer.press(Qt::Key_Escape);
     photographer.click(u"Annuler"_s);
@@ -62,7 +62,7 @@ void photographCategories(Photographer &photographer)
     photographer.click(u"Fermer"_s);
 }
 
-void photographCreation(Photographer &photographer, Stage &stage)
+void photographCreation(Photographer &photographer, Studio &studio)
 {
     photographer.click(u"Nouvelle compétence"_s);
     photographer.take(u"create"_s);
@@ -77,13 +77,13 @@ void photographCreation(Photographer &photographer, Stage &stage)
     photographer.write(u"sécurité, audit"_s);
     photographer.take(u"create-valid"_s);
     photographer.click(u"Créer"_s);
-    Stage::rest();
-    stage.settle();
+    Studio::rest();
+    studio.settle();
     photographer.take(u"create-taken"_s);
     photographer.click(u"Annuler"_s);
     photographer.take(u"create-discard"_s);
     photographer.click(u"Abandonner"_s);
-    photographOccupiedCreation(photographer, stage);
+    photographOccupiedCreation(photographer, studio);
 }
 
 } // namespace vornel

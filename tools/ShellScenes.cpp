@@ -4,10 +4,10 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-void photographEmptyDestinations(Photographer &photographer, Stage &stage)
+void photographEmptyDestinations(Photographer &photographer, Studio &studio)
 {
-    AppModel &model = stage.model();
-    stage.quieten();
+    AppModel &model = studio.model();
+    studio.quieten();
     model.setSelectedDestination(Destination::needsAttention);
     photographer.take(u"attention-empty"_s);
     model.setSelectedDestination(Destination::trash);
@@ -15,21 +15,21 @@ void photographEmptyDestinations(Photographer &photographer, Stage &stage)
     model.setSelectedDestination(Destination::library);
 }
 
-void photographError(Photographer &photographer, Stage &stage)
+void photographError(Photographer &photographer, Studio &studio)
 {
-    stage.model().restore(QUuid::createUuid());
-    stage.settle();
-    Stage::rest();
+    studio.model().restore(QUuid::createUuid());
+    studio.settle();
+    Studio::rest();
     photographer.take(u"error"_s);
-    stage.model().clearError();
+    studio.model().clearError();
 }
 
-void photographClosing(Photographer &photographer, Stage &stage)
+void photographClosing(Photographer &photographer, Studio &studio)
 {
-    stage.model().reload();
+    studio.model().reload();
     photographer.close();
     photographer.takeAtOnce(u"closing"_s);
-    stage.settle();
+    studio.settle();
 }
 
 } // namespace vornel

@@ -7,24 +7,24 @@ namespace vornel {
 namespace {
 
 /// Throws five skills away, and tells their names.
-QStringList fillTrash(Stage &stage)
+QStringList fillTrash(Studio &studio)
 {
     QStringList names;
     QSet<QUuid> ids;
-    const QList<SkillSummary> skills = stage.model().overview()->skills;
+    const QList<SkillSummary> skills = studio.model().overview()->skills;
     for (const SkillSummary &skill : skills.mid(6, 5)) {
         names.append(skill.displayName);
         ids.insert(skill.id);
     }
-    stage.model().moveSkillsToTrash(ids);
-    stage.quieten();
+    studio.model().moveSkillsToTrash(ids);
+    studio.quieten();
     return names;
 }
 
 void photographQuestions(const Photographer &photographer)
 {
     photographer.click(u"Restaurer"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"trash-restore"_s);
     photographer.click(u"Annuler"_s);
     photographer.click(u"Supprimer définitivement"_s);
@@ -35,18 +35,18 @@ void photographQuestions(const Photographer &photographer)
     photographer.click(u"Annuler"_s);
 }
 
-void photographSelectionQuestions(const Photographer &photographer, Stage &stage)
+void photographSelectionQuestions(const Photographer &photographer, Studio &studio)
 {
     photographer.click(u"Restaurer"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"trash-selected-restore"_s);
     photographer.click(u"Annuler"_s);
-    for (const SkillSummary &skill : stage.model().overview()->trashedSkills) {
+    for (const SkillSummary &skill : studio.model().overview()->trashedSkills) {
         for (const char *assistant : {"claude", "codex"})
-            stage.occupy(fs::path(assistant) / skill.slug.toStdString());
+            studio.occupy(fs::path(assistant) / skill.slug.toStdString());
     }
     photographer.click(u"Restaurer"_s);
-    Stage::rest();
+    Studio::rest();
     photographer.take(u"trash-replace"_s);
     photographer.click(u"Annuler"_s);
     photographer.click(u"Supprimer définitivement"_s);
@@ -56,22 +56,22 @@ void photographSelectionQuestions(const Photographer &photographer, Stage &stage
 
 } // namespace
 
-void photographTrash(Photographer &photographer, Stage &stage)
+void photographTrash(Photographer &photographer, Studio &studio)
 {
-    const QStringList names = fillTrash(stage);
-    stage.model().setSelectedDestination(Destination::trash);
-    Stage::rest();
+    const QStringList names = fillTrash(studio);
+    studio.model().setSelectedDestination(Destination::trash);
+    Studio::rest();
     photographer.take(u"trash"_s);
     photographQuestions(photographer);
     photographer.click(u"Sélectionner"_s);
     for (const int number : {0, 2, 3})
         photographer.click(names.at(number));
     photographer.take(u"trash-selection"_s);
-    photographSelectionQuestions(photographer, stage);
+    photographSelectionQuestions(photographer, studio);
     photographer.click(u"Terminer la sélection"_s);
-    stage.model().setSearchText(u"introuvable"_s);
+    studio.model().setSearchText(u"introuvable"_s);
     photographer.take(u"trash-no-result"_s);
-    stage.model().setSearchText({});
+    studio.model().setSearchText({});
 }
 
 } // namespace vornel

@@ -19,20 +19,20 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Sorts the imported skills, which have no category yet, into several.
-void sortSkills(Stage &stage)
+void sortSkills(Studio &studio)
 {
-    AppModel &model = stage.model();
+    AppModel &model = studio.model();
     const QList<SkillSummary> skills = model.overview()->skills;
     const QStringList categories{u"development"_s, u"quality"_s, u"operations"_s, u"knowledge"_s};
     for (qsizetype number = 0; number < skills.size(); ++number) {
         model.assignSkills({skills.at(number).id}, categories.at(number % categories.size()));
-        stage.settle();
+        studio.settle();
     }
-    stage.quieten();
+    studio.quieten();
 }
 
 /// A skill with keywords, which an imported one doesn't have.
-void createSkill(Stage &stage)
+void createSkill(Studio &studio)
 {
     CreateSkillRequest request;
     request.slug = u"analyse-de-dependances"_s;
@@ -42,34 +42,34 @@ void createSkill(Stage &stage)
         "propose les mises à jour dans l’ordre où elles risquent le moins."_s;
     request.category = u"development"_s;
     request.tags = QStringList{u"bibliothèques"_s, u"licences"_s, u"mises à jour"_s, u"sécurité"_s};
-    QCoro::waitFor(stage.model().createSkill(request));
-    stage.model().closeSkill();
-    stage.quieten();
+    QCoro::waitFor(studio.model().createSkill(request));
+    studio.model().closeSkill();
+    studio.quieten();
 }
 
 /// Takes a copy away, so that the library has something to repair.
-void loseCopy(Stage &stage)
+void loseCopy(Studio &studio)
 {
-    fs::remove_all(stage.path("codex") / stage.model().overview()->skills.at(0).slug.toStdString());
-    stage.model().reload();
-    stage.quieten();
+    fs::remove_all(studio.path("codex") / studio.model().overview()->skills.at(0).slug.toStdString());
+    studio.model().reload();
+    studio.quieten();
 }
 
-void photographShell(Photographer &photographer, Stage &stage)
+void photographShell(Photographer &photographer, Studio &studio)
 {
-    photographEmptyDestinations(photographer, stage);
-    sortSkills(stage);
-    createSkill(stage);
-    photographEditor(photographer, stage);
-    loseCopy(stage);
-    photographLibrary(photographer, stage);
+    photographEmptyDestinations(photographer, studio);
+    sortSkills(studio);
+    createSkill(studio);
+    photographEditor(photographer, studio);
+    loseCopy(studio);
+    photographLibrary(photographer, studio);
     photographCategories(photographer);
-    photographTrash(photographer, stage);
-    photographAttention(photographer, stage);
-    photographError(photographer, stage);
-    photographCreation(photographer, stage);
-    photographEmptyLibrary(photographer, stage);
-    photographClosing(photographer, stage);
+    photographTrash(photographer, studio);
+    photographAttention(photographer, studio);
+    photographError(photographer, studio);
+    photographCreation(photographer, studio);
+    photographEmptyLibrary(photographer, studio);
+    photographClosing(photographer, studio);
 }
 
 } // namespace
@@ -88,9 +88,9 @@ int main(int argc, char *argv[])
     photographFailure(photographer);
     photographImportFailure(photographer);
     photographOccupiedImport(photographer);
-    Stage stage;
-    photographOnboarding(photographer, stage);
-    photographShell(photographer, stage);
+    Studio studio;
+    photographOnboarding(photographer, studio);
+    photographShell(photographer, studio);
     photographContent(photographer);
     return 0;
 }

@@ -1,4 +1,4 @@
-#include "Stage.h"
+#include "Studio.h"
 
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
 
@@ -13,9 +13,8 @@
 namespace fs = std::filesystem;
 
 namespace vornel {
-inline namespace photography {
 
-Stage::Stage(bool isBroken)
+Studio::Studio(bool isBroken)
 {
     const fs::path root = path("");
     for (const char *assistant : {"claude", "codex"})
@@ -33,31 +32,31 @@ Stage::Stage(bool isBroken)
     m_application.emplace(AppEnvironment::live(DefaultWorkspaceLocator(root), environment, root));
 }
 
-fs::path Stage::path(const char *below) const
+fs::path Studio::path(const char *below) const
 {
     return fs::path(m_folder.path().toStdString()) / below;
 }
 
-void Stage::occupy(const fs::path &folder) const
+void Studio::occupy(const fs::path &folder) const
 {
     fs::create_directories(path("") / folder);
     std::ofstream(path("") / folder / "notes.txt") << "à garder";
 }
 
-QUuid Stage::idOf(const QString &slug)
+QUuid Studio::idOf(const QString &slug)
 {
     const QList<SkillSummary> skills = model().overview()->skills;
     return std::ranges::find(skills, slug, &SkillSummary::slug)->id;
 }
 
-void Stage::open(const QString &slug)
+void Studio::open(const QString &slug)
 {
     model().selectSkill(idOf(slug));
     settle();
     rest();
 }
 
-void Stage::settle()
+void Studio::settle()
 {
     QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     while (model().isBusy())
@@ -65,19 +64,18 @@ void Stage::settle()
     QCoreApplication::processEvents();
 }
 
-void Stage::quieten()
+void Studio::quieten()
 {
     settle();
     while (!model().transientMessage().isEmpty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void Stage::rest()
+void Studio::rest()
 {
     QElapsedTimer timer;
     for (timer.start(); timer.elapsed() < 300;)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 
-} // namespace photography
 } // namespace vornel

@@ -9,14 +9,13 @@
 #include <optional>
 
 namespace vornel {
-inline namespace photography { // apart from the service's class of this name, with which it is linked
 
 /// A scratch copy of the demonstration library, and an application on it.
-class Stage
+class Studio
 {
 public:
     /// With `isBroken`, the workspace lies in an assistant's folder, so that the start fails.
-    explicit Stage(bool isBroken = false);
+    explicit Studio(bool isBroken = false);
 
     VORNELApp &application() { return *m_application; }
     AppModel &model() { return m_application->model(); }
@@ -47,5 +46,4 @@ private:
     std::optional<VORNELApp> m_application;
 };
 
-} // namespace photography
 } // namespace vornel
