@@ -28,7 +28,7 @@ void harmCopies(Studio &studio)
 void photographBatch(const Photographer &photographer, Studio &studio)
 {
     photographer.click(u"Tout synchroniser"_s);
-    Studio::rest();
+    photographer.await(u"Annuler"_s);
     photographer.take(u"attention-question"_s);
     photographer.press(Qt::Key_Tab);
     photographer.press(Qt::Key_Return);
@@ -52,6 +52,7 @@ void photographAttention(Photographer &photographer, Studio &studio)
     Studio::rest();
     photographer.take(u"attention"_s);
     photographer.click(u"Synchroniser"_s, u"Audit d’accessibilité"_s);
+    photographer.await(u"Fermer"_s);
     Studio::rest();
     photographer.take(u"attention-differences"_s);
     photographer.click(u"Fermer"_s);

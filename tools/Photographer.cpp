@@ -79,6 +79,13 @@ void Photographer::click(const QString &text, const QString &row) const
     QMetaObject::invokeMethod(button(text, row), "clicked");
 }
 
+void Photographer::await(const QString &text) const
+{
+    const auto isShown = [&] { return buttonBelow(m_window->contentItem(), text) != nullptr; };
+    if (!QTest::qWaitFor(isShown, 30'000))
+        qFatal("no button %s", qUtf8Printable(text));
+}
+
 void Photographer::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 {
     QTest::keyClick(m_window, key, modifiers);

@@ -28,6 +28,9 @@ public:
     /// Clicks the button that reads `text`; with `row`, the one in that row.
     void click(const QString &text, const QString &row = {}) const;
 
+    /// Waits until a button that reads `text` is shown.
+    void await(const QString &text) const;
+
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
     /// Holds a dragged text over the button that reads `text`.
