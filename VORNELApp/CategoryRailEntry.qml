@@ -18,7 +18,7 @@ T.RadioButton {
     focusPolicy: Qt.ClickFocus
     hoverEnabled: true
     text: record.category.name
-    onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
+    onActiveFocusChanged: if (activeFocus && index >= 0) ListView.view.currentIndex = index // it is -1 once the row goes
 
     Accessible.name: record.spokenName
     Accessible.onPressAction: if (enabled) clicked()

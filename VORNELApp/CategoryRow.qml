@@ -17,7 +17,7 @@ T.ItemDelegate {
     highlighted: activeFocus
     hoverEnabled: true
     text: record.category.name
-    onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
+    onActiveFocusChanged: if (activeFocus && index >= 0) ListView.view.currentIndex = index // it is -1 once the row goes
 
     Accessible.description: record.category.isProtected ? "Catégorie par défaut" : ""
     Accessible.name: record.spokenName

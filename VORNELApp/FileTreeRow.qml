@@ -28,7 +28,7 @@ T.ItemDelegate {
     leftPadding: Metrics.small + depth * Metrics.large
     rightPadding: Metrics.small
     text: name
-    onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
+    onActiveFocusChanged: if (activeFocus && index >= 0) ListView.view.currentIndex = index // it is -1 once the row goes
 
     Accessible.description: isFolder ? (isOpen ? "dossier ouvert" : "dossier fermé") : isSelected ? "affiché" : ""
     Accessible.name: text

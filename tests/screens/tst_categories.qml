@@ -155,7 +155,14 @@ ScreenTest {
 
     function test_deletion_from_the_list() {
         openManager();
-        keyClick(Qt.Key_Delete);
+        fixture.createCategoryElsewhere("Recherche");
+        model.reload();
+        settle();
+        press(Qt.Key_End, Qt.Key_Delete);
+        awaitText("Supprimer « Recherche » ?");
+        accept();
+        tryVerify(() => row("Autre, 1 compétence").activeFocus, 1000, "the last row is gone");
+        press(Qt.Key_Home, Qt.Key_Delete);
         awaitText("Supprimer « Développement » ?");
         verify(shows("Cette catégorie sera supprimée."));
         keyClick(Qt.Key_Tab);
