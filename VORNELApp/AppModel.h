@@ -217,6 +217,7 @@ public:
 
     // Actions that return at once; what comes of them shows in the fields.
 
+    /// Scans, or scans anew: a choice between two versions stays where neither has changed.
     Q_INVOKABLE void beginImportScan();
     Q_INVOKABLE void resolveCollision(QUuid id, vornel::CollisionChoice choice);
     Q_INVOKABLE void excludeFromImport(const QString &slug);
@@ -294,6 +295,9 @@ private:
     /// Runs an action: busy while it does, and its failure shown.
     template <typename Action>
     QCoro::Task<Outcome> perform(Action action);
+
+    /// Scans, and takes up the choices of the plan shown.
+    QCoro::Task<> scanImports();
 
     /// Shows the plan that a decision has led to, unless a later one was known first.
     QCoro::Task<> showDecided(QFuture<ImportPlan> decided);

@@ -6,6 +6,8 @@
 #include <QFutureWatcher>
 #include <QtConcurrentRun>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -17,6 +19,18 @@ const QString onboardingCompletedKey = u"com.brindlecove.vornel.onboarding.compl
 QCoro::Task<Outcome> failure()
 {
     co_return Outcome{.succeeded = false};
+}
+
+/// What was chosen between the same two versions, if it was.
+std::optional<CollisionChoice> formerChoice(const ImportCollision &collision,
+                                            const QList<ImportCollision> &before)
+{
+    const auto isSame = [&collision](const ImportCollision &former) {
+        return former.slug == collision.slug && former.claude.digest == collision.claude.digest &&
+               former.codex.digest == collision.codex.digest;
+    };
+    const auto found = std::ranges::find_if(before, isSame);
+    return found == before.end() ? std::nullopt : found->choice;
 }
 
 /// Those of `skills` that `ids` names.
@@ -79,7 +93,19 @@ void AppModel::retryStart()
 
 void AppModel::beginImportScan()
 {
-    perform([this]() -> QCoro::Task<> { m_importPlan = co_await m_service->scanImports(); });
+    perform([this] { return scanImports(); });
+}
+
+QCoro::Task<> AppModel::scanImports()
+{
+    const QList<ImportCollision> before = importPlan() ? importPlan()->collisions : QList<ImportCollision>();
+    ImportPlan plan = co_await m_service->scanImports();
+    const QList<ImportCollision> found = plan.collisions;
+    for (const ImportCollision &collision : found) {
+        if (const auto choice = formerChoice(collision, before))
+            plan = co_await m_service->resolveCollision(collision.id, *choice);
+    }
+    m_importPlan = plan;
 }
 
 void AppModel::resolveCollision(QUuid id, CollisionChoice choice)

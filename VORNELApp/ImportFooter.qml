@@ -13,10 +13,11 @@ Item {
 
     readonly property var plan: model.importPlan
     readonly property bool isReady: plan !== undefined && plan.isReadyToCommit
+    readonly property int undecided: plan?.unresolvedCollisionCount ?? 0
     property bool isCommitting: false
 
     function focusOpen(): void {
-        open.forceActiveFocus(Qt.TabFocusReason);
+        begin.forceActiveFocus(Qt.TabFocusReason);
     }
 
     function commit(): void {
@@ -50,9 +51,15 @@ Item {
             text: "Prêt à commencer."
         }
     }
+    Label {
+        anchors.verticalCenter: parent.verticalCenter
+        color: Colors.secondary
+        text: footer.undecided === 1 ? "Reste 1 doublon à trancher." : "Restent " + footer.undecided + " doublons à trancher."
+        visible: footer.undecided > 0
+    }
     Column {
         anchors.left: parent.left
-        anchors.right: open.left
+        anchors.right: begin.left
         anchors.rightMargin: Metrics.huge
         anchors.verticalCenter: parent.verticalCenter
         spacing: Metrics.small
@@ -71,7 +78,7 @@ Item {
         }
     }
     ActionButton {
-        id: open
+        id: begin
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter

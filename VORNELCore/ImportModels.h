@@ -101,6 +101,7 @@ struct ImportPlan
     Q_PROPERTY(QList<vornel::ImportCandidate> candidates MEMBER candidates)
     Q_PROPERTY(QList<vornel::ImportCollision> collisions MEMBER collisions)
     Q_PROPERTY(QList<vornel::BlockedImport> blocked MEMBER blocked)
+    Q_PROPERTY(int unresolvedCollisionCount READ unresolvedCollisionCount STORED false)
     Q_PROPERTY(bool isReadyToCommit READ isReadyToCommit STORED false)
 
 public:

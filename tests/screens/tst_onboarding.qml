@@ -44,8 +44,8 @@ ScreenTest {
         fixture.write("codex/vide/notes.md", "sans SKILL.md");
         enterImportPage();
         tryVerify(() => control("Claude").activeFocus);
-        awaitText("1 COMPÉTENCES");
-        verify(shows("1 DOUBLONS"));
+        awaitText("2 COMPÉTENCES");
+        verify(shows("1 DOUBLONS") && shows("Reste 1 doublon à trancher."));
         verify(shows("1 IGNORÉE"));
         verify(!shows("Aucune collision"));
         verify(!shows("Prêt à commencer."));
@@ -65,6 +65,18 @@ ScreenTest {
         compare(control("Claude").Accessible.description, "non sélectionné");
         awaitText("Prêt à commencer.");
 
+        fixture.write("codex/plan/SKILL.md", "trois");
+        fixture.write("claude/plan/SKILL.md", "quatre");
+        click("Relancer l’analyse");
+        awaitText("Reste 1 doublon à trancher.");
+        all("Claude")[1].clicked();
+        awaitText("Prêt à commencer.");
+        fixture.write("claude/plan/SKILL.md", "cinq");
+        click("Relancer l’analyse");
+        awaitText("Reste 1 doublon à trancher.");
+        compare(all("Codex").map(choice => choice.isChosen).slice(0, 2), [true, false], "between versions that are the same");
+        all("Claude")[1].clicked();
+        awaitText("Prêt à commencer.");
         click("Ouvrir la bibliothèque");
         awaitText("Bibliothèque");
         awaitText("PRÊT");
