@@ -56,10 +56,10 @@ Sheet {
 
         model: sheet.model
         onAccepted: {
-            const isCreated = sheet.isEditing && form.isNew;
-            sheet.showList();
-            if (isCreated)
-                list.moveTo(list.count - 1);
+            if (sheet.isEditing && form.isNew)
+                sheet.close();
+            else
+                sheet.showList();
         }
     }
     DepartureGuard {

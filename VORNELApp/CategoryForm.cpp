@@ -13,6 +13,7 @@ CategoryForm::CategoryForm(QObject *parent) : EntryForm(parent)
 {
     connect(this, &EntryForm::modelChanged, this,
             [this] { connect(model(), &AppModel::overviewChanged, this, &CategoryForm::changed); });
+    connect(this, &EntryForm::refusalChanged, this, &CategoryForm::changed);
 }
 
 void CategoryForm::setName(const QString &name)
@@ -74,6 +75,8 @@ void CategoryForm::remove()
 
 bool CategoryForm::isNameTaken() const
 {
+    if (isWaiting()) // then it may be this very category's
+        return false;
     const auto overview = model() == nullptr ? std::nullopt : model()->overview();
     const QList<SkillCategory> categories = overview ? overview->categories : QList<SkillCategory>();
     const QString name = LocaleText::caseless(m_category.name.trimmed());

@@ -6,6 +6,8 @@
 #include <VORNELCore/Wording.h>
 #include <VORNELCore/WorkspaceValidation.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -26,6 +28,14 @@ QStringList splitTags(const QString &text)
 
 } // namespace
 
+/// Another program may take the identifier while the form is filled in.
+CreateSkillForm::CreateSkillForm(QObject *parent) : EntryForm(parent)
+{
+    connect(this, &EntryForm::modelChanged, this,
+            [this] { connect(model(), &AppModel::overviewChanged, this, &CreateSkillForm::changed); });
+    connect(this, &EntryForm::refusalChanged, this, &CreateSkillForm::changed);
+}
+
 void CreateSkillForm::setDisplayName(const QString &name)
 {
     m_request.displayName = name;
@@ -36,7 +46,7 @@ void CreateSkillForm::setDisplayName(const QString &name)
 
 void CreateSkillForm::setSlug(const QString &slug)
 {
-    m_didEditSlug = true;
+    m_didEditSlug = !slug.isEmpty();
     takeSlug(slug);
     Q_EMIT changed();
 }
@@ -73,7 +83,12 @@ QStringList CreateSkillForm::maturityTexts()
 QString CreateSkillForm::slugProblem() const
 {
     constexpr qsizetype longest = WorkspaceValidation::longestSlug;
-    return slug().size() > longest ? u"L’identifiant dépasse %1 caractères."_s.arg(longest) : QString();
+    if (slug().size() > longest)
+        return u"L’identifiant dépasse %1 caractères."_s.arg(longest);
+    if (!isSlugTaken())
+        return {};
+    return holdsSlug(Destination::trash) ? u"Une compétence de la corbeille porte déjà cet identifiant."_s
+                                         : u"Une compétence porte déjà cet identifiant."_s;
 }
 
 QString CreateSkillForm::validationHint() const
@@ -91,7 +106,10 @@ bool CreateSkillForm::isModified() const
 
 bool CreateSkillForm::isSlugTaken() const
 {
-    return refusalCase() == QLatin1StringView(WorkspaceErrorCase::DuplicateSlug::name);
+    if (isWaiting()) // then it may be this very skill's
+        return false;
+    return refusalCase() == QLatin1StringView(WorkspaceErrorCase::DuplicateSlug::name) ||
+           holdsSlug(Destination::library) || holdsSlug(Destination::trash);
 }
 
 void CreateSkillForm::submit()
@@ -106,11 +124,20 @@ void CreateSkillForm::reset()
 {
     beginAnew();
     m_empty = CreateSkillRequest();
-    m_empty.category = model()->category(u"development"_s).id;
+    const QString filter = model()->selectedCategory();
+    m_empty.category = model()->category(filter.isEmpty() ? u"development"_s : filter).id;
     m_request = m_empty;
     m_tags.clear();
     m_didEditSlug = false;
     Q_EMIT changed();
+}
+
+bool CreateSkillForm::holdsSlug(Destination destination) const
+{
+    const auto hasIt = [this](const SkillSummary &skill) {
+        return skill.slug.compare(slug(), Qt::CaseInsensitive) == 0;
+    };
+    return model() != nullptr && std::ranges::any_of(model()->skills(destination), hasIt);
 }
 
 bool CreateSkillForm::hasValidSlug() const
@@ -126,7 +153,8 @@ bool CreateSkillForm::hasValidSlug() const
 /// What was refused was another identifier.
 void CreateSkillForm::takeSlug(const QString &slug)
 {
-    if (std::exchange(m_request.slug, slug) != slug && isSlugTaken())
+    const bool wasTaken = isSlugTaken();
+    if (std::exchange(m_request.slug, slug) != slug && wasTaken)
         forgetRefusal();
 }
 

@@ -4,7 +4,7 @@
 
 namespace vornel {
 
-/// What the user types to create a skill. The identifier follows the name until it is typed itself.
+/// What the user types to create a skill. The identifier follows the name unless one is typed.
 class CreateSkillForm : public vornel::EntryForm // by its full name, under which QML knows it
 {
     Q_OBJECT
@@ -20,10 +20,10 @@ class CreateSkillForm : public vornel::EntryForm // by its full name, under whic
     Q_PROPERTY(QString validationHint READ validationHint NOTIFY changed)
     Q_PROPERTY(bool isValid READ isValid NOTIFY changed)
     Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
-    Q_PROPERTY(bool isSlugTaken READ isSlugTaken NOTIFY refusalChanged)
+    Q_PROPERTY(bool isSlugTaken READ isSlugTaken NOTIFY changed)
 
 public:
-    using EntryForm::EntryForm;
+    explicit CreateSkillForm(QObject *parent = nullptr);
 
     QString displayName() const { return m_request.displayName; }
     void setDisplayName(const QString &name);
@@ -48,7 +48,7 @@ public:
     /// What the user reads for each maturity, in their order.
     static QStringList maturityTexts();
 
-    /// What the hint doesn't tell about the identifier; empty when it does.
+    /// What the hint doesn't tell about the identifier: it is too long, or another skill's; empty otherwise.
     QString slugProblem() const;
 
     /// What is missing, or that nothing is.
@@ -59,13 +59,14 @@ public:
     /// Whether anything would be lost with the form.
     bool isModified() const;
 
-    /// Whether the refusal is that of an identifier that another skill has.
+    /// Whether another skill has the identifier: one of the library or the trash, or one for which it was
+    /// refused.
     bool isSlugTaken() const;
 
     /// Creates the skill.
     Q_INVOKABLE void submit();
 
-    /// Empties every field.
+    /// Empties every field, and proposes the category that filters the library.
     Q_INVOKABLE void reset();
 
 Q_SIGNALS:
@@ -74,6 +75,7 @@ Q_SIGNALS:
 private:
     bool hasName() const { return !m_request.displayName.trimmed().isEmpty(); }
     bool hasValidSlug() const;
+    bool holdsSlug(Destination destination) const;
     void takeSlug(const QString &slug);
 
     CreateSkillRequest m_request;

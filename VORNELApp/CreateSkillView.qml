@@ -8,8 +8,9 @@ Sheet {
 
     required property AppModel model
 
-    readonly property bool canCreate: form.isValid && !model.isWorking
-    readonly property string validSlug: form.isValid ? form.slug : ""
+    readonly property bool isReady: form.isValid && !form.isSlugTaken
+    readonly property bool canCreate: isReady && !model.isWorking
+    readonly property string validSlug: isReady ? form.slug : ""
 
     /** What keeps the form from being ready; empty where nothing does that it doesn't tell itself. */
     readonly property string warning: {
@@ -51,7 +52,7 @@ Sheet {
 
         model: sheet.model
         onAccepted: sheet.close()
-        onRefusalChanged: if (isSlugTaken) slug.forceActiveFocus(Qt.OtherFocusReason)
+        onRefusalChanged: if (refusal !== "" && isSlugTaken) slug.forceActiveFocus(Qt.OtherFocusReason)
     }
     TargetOccupants {
         id: occupants
@@ -89,7 +90,7 @@ Sheet {
         implicitHeight: Math.max(identity.height, classification.height)
         width: parent.width
 
-        Accessible.description: sheet.warning !== "" ? sheet.warning : form.isValid ? "Formulaire valide" : ""
+        Accessible.description: sheet.warning !== "" ? sheet.warning : sheet.isReady ? "Formulaire valide" : ""
         Accessible.name: sheet.title
         Accessible.role: Accessible.Form
 
@@ -116,7 +117,7 @@ Sheet {
                 hint: "audit-securite"
                 label: "Identifiant"
                 note: "Le dossier de la compétence portera ce nom."
-                problem: form.isSlugTaken ? form.refusal : form.slugProblem
+                problem: form.slugProblem
                 text: form.slug
                 width: parent.width
                 onEdited: text => form.slug = text

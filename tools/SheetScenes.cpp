@@ -66,7 +66,7 @@ void photographCreation(Photographer &photographer, Studio &studio)
 {
     photographer.click(u"Nouvelle compétence"_s);
     photographer.take(u"create"_s);
-    photographer.write(u"Revue de sécurité"_s);
+    photographer.write(u"Audit de sécurité"_s);
     photographer.press(Qt::Key_Tab);
     photographer.write(u"_"_s);
     photographer.take(u"create-invalid"_s);
@@ -76,9 +76,10 @@ void photographCreation(Photographer &photographer, Studio &studio)
     photographer.press(Qt::Key_Tab);
     photographer.write(u"sécurité, audit"_s);
     photographer.take(u"create-valid"_s);
-    photographer.click(u"Créer"_s);
-    Studio::rest();
-    studio.settle();
+    for (int field = 0; field < 2; ++field)
+        photographer.press(Qt::Key_Tab, Qt::ShiftModifier);
+    photographer.press(Qt::Key_A, Qt::ControlModifier);
+    photographer.write(u"revue-de-securite"_s);
     photographer.take(u"create-taken"_s);
     photographer.click(u"Annuler"_s);
     photographer.take(u"create-discard"_s);

@@ -4,19 +4,21 @@ import shutil
 
 from program import UNAVAILABLE
 
-NAME, SLUG = "Essai de marche", "essai-de-marche"
+NAME = "Essai de marche"
 
 
 def creation(program):
     fill_in(program)
+    program.sees("label", "Prête à être créée.")
+    program.sees("form", "Nouvelle compétence", description="Formulaire valide")
+    program.sees_page()
     program.press("Créer")
     program.sees("alert message", "CRÉÉE")
     program.sees("label", NAME, "ENREGISTRÉ")
 
-    # The same once more: the sheet says what is wrong, and keeps what was typed.
+    # The same once more: the sheet says what is wrong.
     fill_in(program)
-    program.press("Créer")
-    program.sees("alert message", f"Le slug {SLUG} existe déjà.")
+    program.sees("alert message", "Une compétence porte déjà cet identifiant.")
     program.sees_page()
     program.press("Annuler")
     program.press("Abandonner")
@@ -30,9 +32,6 @@ def fill_in(program):
     program.sees("push button", "Créer", description=UNAVAILABLE)
     program.sees("label", "Le nom est requis.")
     program.type(*map(ord, NAME))
-    program.sees("label", "Prête à être créée.")
-    program.sees("form", "Nouvelle compétence", description="Formulaire valide")
-    program.sees_page()
 
 
 def category(program):

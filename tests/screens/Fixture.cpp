@@ -210,6 +210,12 @@ void Fixture::deleteCategory(const QString &id)
     QCoro::waitFor(m_model->deleteCategory(id));
 }
 
+void Fixture::createElsewhere(const QString &slug) const
+{
+    const auto other = startService(m_scratch.path());
+    other->createSkill(requestFor(slug)).waitForFinished();
+}
+
 void Fixture::createCategoryElsewhere(const QString &name) const
 {
     const auto other = startService(m_scratch.path());

@@ -71,7 +71,8 @@ public:
     /// Deletes a category; its skills go to "other".
     Q_INVOKABLE void deleteCategory(const QString &id);
 
-    /// Creates a category as another program would.
+    /// Creates a skill, or a category, as another program would.
+    Q_INVOKABLE void createElsewhere(const QString &slug) const;
     Q_INVOKABLE void createCategoryElsewhere(const QString &name) const;
 
     /// Throws skills of the library away.

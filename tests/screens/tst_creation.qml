@@ -59,12 +59,20 @@ ScreenTest {
         compare(control("Identifiant").text, "audit-2024x");
         retype("Identifiant", "");
         retype("Nom", "Encore");
-        compare(control("Identifiant").text, "", "even an emptied one is the user's");
+        compare(control("Identifiant").text, "encore", "once it is emptied");
     }
 
     function test_taken_identifier() {
         openSheet();
+        const taken = "Une compétence porte déjà cet identifiant.";
         type("Audit");
+        awaitText(taken);
+        verify(!control("Créer").enabled && !shows("Prête à être créée."), "it is told while it is typed");
+        fixture.trash(["audit"]);
+        awaitText("Une compétence de la corbeille porte déjà cet identifiant.");
+        retype("Nom", "Plan");
+        tryVerify(() => !shows(/porte déjà/));
+        fixture.createElsewhere("plan");
         function reloadOnce() {
             if (model.isWorking)
                 return;
@@ -73,22 +81,23 @@ ScreenTest {
         }
         model.isWorkingChanged.connect(reloadOnce);
         keyClick(Qt.Key_Return);
-        awaitText("Le slug audit existe déjà.");
+        awaitText(taken);
         compare(model.errorMessage, "", "it is told at the field alone");
-        compare(control("Identifiant").Accessible.description, "Le slug audit existe déjà.");
+        compare(control("Identifiant").Accessible.description, taken);
         verify(!shows("Fermer") && !shows("Prête à être créée."));
-        compare(control("Nom").text, "Audit", "what was typed stays");
+        compare(control("Nom").text, "Plan", "what was typed stays");
         verify(control("Identifiant").activeFocus, "the keyboard is where the mending is");
         retype("Description courte", "Autre chose");
-        verify(shows("Le slug audit existe déjà."));
+        verify(shows(taken));
         control("Identifiant").forceActiveFocus();
         keyClick(Qt.Key_End);
         type("2");
-        tryVerify(() => !shows("Le slug audit existe déjà."));
+        tryVerify(() => !shows(taken));
         keyClick(Qt.Key_Return);
         awaitText("CRÉÉE");
+        verify(!shows(taken), "not by itself");
         isGone();
-        compare(created().slug, "audit2");
+        compare(created().slug, "plan2");
     }
 
     function test_a_folder_of_others_is_replaced_only_when_told() {
@@ -220,7 +229,7 @@ ScreenTest {
         fixture.write("workspace/.vornel/categories.json", "{");
         fixture.releaseWorkspace();
         awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
-        verify(!shows("Le slug veille existe déjà."));
+        verify(!shows("Une compétence porte déjà cet identifiant."));
         click("Fermer");
         tryVerify(() => !shows("Fermer"));
         verify(control("Nom").activeFocus);
@@ -237,6 +246,11 @@ ScreenTest {
         keyClick(Qt.Key_Return);
         awaitText("CRÉÉE");
         compare(created().category, "other");
+        isGone();
+        model.closeSkill();
+        click("Design, 0 compétences");
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        awaitText("Catégorie, Design"); // the one that is chosen in the rail
     }
 
     function test_order_of_the_fields() {
