@@ -28,9 +28,9 @@ FocusScope {
             CategoryTile {
                 id: tile
 
+                categoryID: fields.form.original.id
                 height: 44
                 hue: CategoryVisuals.hue(fields.form.colorHex)
-                symbol: CategoryVisuals.symbol(fields.form.original.id === "" ? "new" : fields.form.original.id)
                 width: 44
             }
             Column {

@@ -36,8 +36,9 @@ T.RadioButton {
     contentItem: CategoryRailLine {
         color: entry.isChosen ? Colors.text : Colors.secondary
         number: entry.record.count
-        symbol: CategoryVisuals.symbol(entry.record.category.id)
+        symbol: entry.record.category.id === "" ? "layout-grid" : CategoryVisuals.artwork(entry.record.category.id)
         symbolColor: CategoryVisuals.hue(entry.record.category.colorHex)
+        symbolSize: entry.record.category.id === "" ? Metrics.symbol : Metrics.symbol + Metrics.tiny
         text: entry.text
     }
 }

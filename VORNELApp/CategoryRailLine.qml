@@ -10,21 +10,17 @@ Item {
     required property color symbolColor
     required property color color
     property string number
+    property real symbolSize: Metrics.symbol
 
     Symbol {
-        id: symbol
-
-        anchors.left: parent.left
-        anchors.leftMargin: Metrics.medium
         anchors.verticalCenter: parent.verticalCenter
         color: line.symbolColor
-        height: Metrics.symbol
+        height: line.symbolSize
         name: line.symbol
-        width: Metrics.symbol
+        width: line.symbolSize
+        x: Metrics.medium + (Metrics.symbol - width) / 2
     }
     Text {
-        anchors.left: symbol.right
-        anchors.leftMargin: Metrics.medium
         anchors.verticalCenter: parent.verticalCenter
         color: line.color
         elide: Text.ElideRight
@@ -35,6 +31,7 @@ Item {
         text: line.text
         textFormat: Text.PlainText
         width: (line.number === "" ? line.width : number.x) - x - Metrics.tiny
+        x: Metrics.symbol + 2 * Metrics.medium
     }
     Text {
         id: number

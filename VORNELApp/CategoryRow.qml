@@ -38,9 +38,9 @@ T.ItemDelegate {
             anchors.left: parent.left
             anchors.leftMargin: Metrics.small
             anchors.verticalCenter: parent.verticalCenter
+            categoryID: row.record.category.id
             height: 36
             hue: CategoryVisuals.hue(row.record.category.colorHex)
-            symbol: CategoryVisuals.symbol(row.record.category.id)
             width: 36
         }
         Column {

@@ -1,11 +1,12 @@
 import QtQuick
+import VORNELApp
 import VORNELDesignSystem
 
-/** A category's symbol on a tint of its colour; in selection mode, the mark of what is selected. */
+/** A category's picture on a tint of its colour; in selection mode, the mark of what is selected. */
 Rectangle {
     id: tile
 
-    required property string symbol
+    required property string categoryID
     required property color hue
     property bool isSelecting: false
     property bool isSelected: false
@@ -20,9 +21,9 @@ Rectangle {
     Symbol {
         anchors.centerIn: parent
         color: tile.isSelecting ? Colors.inkOnAccent : tile.hue
-        height: 20
-        name: tile.isSelecting ? "check" : tile.symbol
+        height: width
+        name: tile.isSelecting ? "check" : CategoryVisuals.artwork(tile.categoryID)
         visible: !tile.isSelecting || tile.isSelected
-        width: 20
+        width: tile.isSelecting ? 20 : 28
     }
 }

@@ -5,7 +5,7 @@ import VORNELDesignSystem
 
 /** What a category looks like. */
 QtObject {
-    /** The symbol of a category; without an identifier, of all of them. */
+    /** The symbol of a category. */
     function symbol(id: string): string {
         switch (id) {
         case "development":
@@ -18,10 +18,26 @@ QtObject {
             return "palette";
         case "knowledge":
             return "brain";
-        case "":
-            return "layout-grid";
         default:
             return "sparkles";
+        }
+    }
+
+    /** Its picture, for where there is room for more than a symbol. Categories of the user's have that of "other". */
+    function artwork(id: string): string {
+        switch (id) {
+        case "development":
+            return "VornelCategoryDevelopment";
+        case "quality":
+            return "VornelCategoryQuality";
+        case "operations":
+            return "VornelCategoryOperations";
+        case "design":
+            return "VornelCategoryDesign";
+        case "knowledge":
+            return "VornelCategoryKnowledge";
+        default:
+            return "VornelCategoryOther";
         }
     }
 

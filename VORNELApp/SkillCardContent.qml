@@ -25,10 +25,10 @@ Item {
     CategoryTile {
         id: tile
 
+        categoryID: content.record.category.id
         hue: content.hue
         isSelected: content.record.isSelected
         isSelecting: content.isSelecting
-        symbol: CategoryVisuals.symbol(content.record.category.id)
     }
     Line {
         id: name

@@ -15,10 +15,10 @@ RowLayout {
 
     CategoryTile {
         Layout.alignment: Qt.AlignTop
+        categoryID: content.record.category.id
         hue: CategoryVisuals.hue(content.record.category.colorHex)
         isSelected: content.record.isSelected
         isSelecting: content.isSelecting
-        symbol: CategoryVisuals.symbol(content.record.category.id)
     }
     Column {
         Layout.alignment: Qt.AlignVCenter

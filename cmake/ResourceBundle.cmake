@@ -1,5 +1,5 @@
-# The application's fonts and images, taken from npm packages of exact versions: only the files in use, with
-# their licences.
+# The application's fonts and images: the artwork of the categories, and what is taken from npm packages of exact
+# versions, only the files in use, with their licences.
 set(vornel_bundle ${PROJECT_BINARY_DIR}/VORNELApp/VORNEL_VORNELApp.bundle)
 set(vornel_font_weights 400Regular 500Medium 600SemiBold)
 set(vornel_symbols
@@ -7,6 +7,8 @@ set(vornel_symbols
     circle-dot code-xml copy ellipsis file file-braces file-code file-text folder folder-open gauge grid-2x2 image
     layout-grid list-checks list-x palette plus refresh-cw rotate-cw save search settings shield-half sliders-horizontal sparkles trash-2
     triangle-alert undo-2 wrench x)
+
+set(vornel_artwork Design Development Knowledge Operations Other Quality)
 
 set(assets ${PROJECT_SOURCE_DIR}/VORNELApp/Assets)
 set(packages ${PROJECT_BINARY_DIR}/assets)
@@ -17,17 +19,19 @@ set(fonts ${vornel_font_weights})
 list(TRANSFORM fonts REPLACE "(.+)" "${oxanium}/\\1/Oxanium_\\1.ttf")
 set(images ${vornel_symbols})
 list(TRANSFORM images REPLACE "(.+)" "${lucide}/icons/\\1.svg")
+set(artwork ${vornel_artwork})
+list(TRANSFORM artwork REPLACE "(.+)" "${assets}/Artwork/VornelCategory\\1.svg")
 
 add_custom_command(
     OUTPUT ${vornel_bundle}.stamp
-    DEPENDS ${assets}/package.json ${assets}/package-lock.json ${CMAKE_CURRENT_LIST_FILE}
+    DEPENDS ${artwork} ${assets}/package.json ${assets}/package-lock.json ${CMAKE_CURRENT_LIST_FILE}
     COMMENT "Collecting fonts and images"
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${packages} ${vornel_bundle}
     COMMAND ${CMAKE_COMMAND} -E copy_directory ${assets} ${packages}
     COMMAND ${CMAKE_COMMAND} -E chdir ${packages} npm ci --loglevel=error
     COMMAND ${CMAKE_COMMAND} -E make_directory ${vornel_bundle}/Fonts ${vornel_bundle}/Images
     COMMAND ${CMAKE_COMMAND} -E copy ${fonts} ${vornel_bundle}/Fonts
-    COMMAND ${CMAKE_COMMAND} -E copy ${images} ${vornel_bundle}/Images
+    COMMAND ${CMAKE_COMMAND} -E copy ${images} ${artwork} ${vornel_bundle}/Images
     COMMAND ${CMAKE_COMMAND} -E copy ${oxanium}/LICENSE_FONT ${vornel_bundle}/Fonts/LICENSE
     COMMAND ${CMAKE_COMMAND} -E copy ${lucide}/LICENSE ${vornel_bundle}/Images/LICENSE
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${packages}
