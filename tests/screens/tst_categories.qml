@@ -85,6 +85,10 @@ ScreenTest {
         verify(control("Enregistrer").enabled);
         keyClick(Qt.Key_Backspace);
         verify(!control("Enregistrer").enabled);
+        retype("Nom", "x".repeat(41));
+        awaitText("Le nom dépasse 40 caractères.");
+        keyClick(Qt.Key_Return);
+        verify(!control("Enregistrer").enabled && !model.isBusy);
         retype("Nom", "design");
         verify(!shows("Une catégorie porte déjà ce nom."), "it is its own");
         retype("Nom", "autre");
@@ -96,19 +100,6 @@ ScreenTest {
         awaitList();
         compare(category("Graphisme").id, "design");
         verify(row("Graphisme, 2 compétences").activeFocus);
-    }
-
-    function test_name_limit() {
-        openManager();
-        edit("Design, 2 compétences");
-        retype("Nom", "x".repeat(41));
-        awaitText("Le nom dépasse 40 caractères.");
-        verify(!control("Enregistrer").enabled);
-        keyClick(Qt.Key_Return);
-        verify(!model.isBusy);
-        keyClick(Qt.Key_Backspace);
-        verify(!shows("Le nom dépasse 40 caractères."));
-        verify(control("Enregistrer").enabled);
     }
 
     function test_leaving_the_form() {
