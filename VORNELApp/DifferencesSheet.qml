@@ -147,12 +147,13 @@ Sheet {
         spacing: Metrics.medium
 
         ActionButton {
+            focus: files.count === 0
             text: "Fermer"
             onClicked: sheet.close()
         }
         ActionButton {
             enabled: !sheet.model.isWorking
-            role: ActionButton.Primary
+            role: sheet.copies.hasUnreadable ? ActionButton.Quiet : ActionButton.Primary // which can't replace all
             symbol: "refresh-cw"
             text: sheet.acceptText
             onClicked: {

@@ -62,7 +62,7 @@ FocusScope {
 
             StatCard {
                 label: "COMPÉTENCES"
-                value: review.plan.candidates.length + review.plan.collisions.length // of each of which one comes
+                value: review.plan.candidates.length
             }
             StatCard {
                 hue: value > 0 ? Colors.warning : Colors.text

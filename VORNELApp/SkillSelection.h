@@ -50,7 +50,7 @@ public:
     /// Selects these skills, too. Begins the selection mode.
     void add(const QSet<QUuid> &ids) { change(true, m_ids + ids); }
 
-    /// Selects every skill that passes the filters, on all pages, or none of them. The former begins the mode.
+    /// Selects every skill that passes the filters, on all pages, which begins the mode, or none of them.
     Q_INVOKABLE void selectAll();
     Q_INVOKABLE void selectNone() { change(m_isSelecting, m_ids - m_shown); }
 

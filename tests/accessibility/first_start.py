@@ -25,7 +25,7 @@ def onboarding(program):
 
 def preparation(program):
     program.sees("label", "Étape 5 sur 5", "PRÉPARATION", "VORNEL rassemble vos compétences existantes.")
-    program.sees("label", "12 COMPÉTENCES", "2 DOUBLONS", "2 IGNORÉES")
+    program.sees("label", "10 COMPÉTENCES", "2 DOUBLONS", "2 IGNORÉES")
     program.sees("panel", *COLLISIONS)
     program.sees("push button", "Étape suivante", "Ouvrir la bibliothèque", description=UNAVAILABLE)
     program.sees_page()

@@ -44,7 +44,7 @@ ScreenTest {
         fixture.write("codex/vide/notes.md", "sans SKILL.md");
         enterImportPage();
         tryVerify(() => control("Claude").activeFocus);
-        awaitText("2 COMPÉTENCES");
+        awaitText("1 COMPÉTENCES");
         verify(shows("1 DOUBLONS") && shows("Reste 1 doublon à trancher."));
         verify(shows("1 IGNORÉE"));
         verify(!shows("Aucune collision"));
