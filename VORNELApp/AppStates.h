@@ -42,6 +42,7 @@ class Phase
     Q_PROPERTY(vornel::AppStates::PhaseName name READ name)
     Q_PROPERTY(QString message READ message)
     Q_PROPERTY(QUrl folder READ folder)
+    Q_PROPERTY(bool hasFolder READ hasFolder)
 
 public:
     Phase() = default;
@@ -58,6 +59,7 @@ public:
 
     /// The folder to look at after the failure; empty where none is known.
     QUrl folder() const { return m_folder; }
+    bool hasFolder() const { return !m_folder.isEmpty(); }
 
     bool operator==(const Phase &other) const
     {

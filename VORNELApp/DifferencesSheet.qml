@@ -53,6 +53,7 @@ Sheet {
         accepted();
     }
 
+    firstFocus: files.count === 0 ? closing : files.list
     implicitWidth: Math.min(1040, parent.width - 2 * Metrics.page)
     title: "Différences avec les copies"
     onAboutToHide: {
@@ -147,7 +148,8 @@ Sheet {
         spacing: Metrics.medium
 
         ActionButton {
-            focus: files.count === 0
+            id: closing
+
             text: "Fermer"
             onClicked: sheet.close()
         }

@@ -12,6 +12,9 @@ Surface {
     property alias currentIndex: view.currentIndex
     readonly property alias count: view.count
 
+    /** What takes the keyboard. */
+    readonly property alias list: view
+
     signal chosen(target: int, path: string)
 
     function show(): void {

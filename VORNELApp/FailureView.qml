@@ -49,7 +49,7 @@ FocusScope {
                 ActionButton {
                     symbol: "folder-open"
                     text: "Ouvrir le dossier"
-                    visible: failure.model.phase.folder.toString() !== ""
+                    visible: failure.model.phase.hasFolder
                     onClicked: Qt.openUrlExternally(failure.model.phase.folder)
                 }
             }

@@ -191,6 +191,10 @@ FocusScope {
 
         copies: copies
         model: editor.model
+        onClosed: {
+            if (Window.activeFocusItem === Window.contentItem) // as a notice has gone that had the keyboard
+                instructions.forceActiveFocus();
+        }
         onDeclined: editor.model.departure.stay()
     }
     StaleSheet {
@@ -225,7 +229,7 @@ FocusScope {
         message: "Votre texte remplace celui du disque, qui reste dans l’historique de la compétence."
         title: "Remplacer le texte du disque\u00A0?"
         onAccepted: editor.draft.overrule()
-        onClosed: if (isAccepted) instructions.forceActiveFocus() // as the notice goes
+        onClosed: if (isAccepted && !differences.isUsed) instructions.forceActiveFocus() // as the notice goes
     }
     ConfirmationDialog {
         id: confirmation

@@ -24,7 +24,11 @@ Sheet {
     implicitWidth: Math.min(800, parent.width - 2 * Metrics.page)
     title: "Le texte n’est pas enregistré"
     onAboutToShow: choice = undefined
-    onClosed: if (choice !== undefined) choice()
+    onClosed: {
+        const chosen = choice;
+        if (chosen !== undefined)
+            chosen();
+    }
 
     Connections {
         function onStandingChanged() {

@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 
 /**
  * A panel over the window that keeps the keyboard until it is closed. Esc closes it, unless it is guarded. What it
- * holds stands below its title. The keyboard goes back to where it was.
+ * holds stands below its title. The keyboard goes back to where it was, unless another panel has opened meanwhile.
  */
 T.Popup {
     id: sheet
@@ -26,6 +26,12 @@ T.Popup {
     /** Enter, where nothing in the sheet has a use for it. */
     signal submitted
 
+    function isWithin(item: Item, ancestor: Item): bool {
+        while (item !== null && item !== ancestor)
+            item = item.parent;
+        return item !== null;
+    }
+
     parent: T.Overlay.overlay
     x: Math.round((parent.width - width) / 2)
     y: Math.round((parent.height - height) / 2)
@@ -44,7 +50,13 @@ T.Popup {
             firstFocus.focus = true; // and not what had it when the sheet was closed
         contentItem.parent.Accessible.name = Qt.binding(() => title); // of the dialog, which is an item of Qt's
     }
-    onClosed: formerFocus?.forceActiveFocus(Qt.PopupFocusReason)
+    onClosed: {
+        const current = parent.Window.activeFocusItem;
+        const isTaken = isWithin(current, parent) && !isWithin(current, contentItem.parent);
+        const isOfClosedPanel = isWithin(formerFocus, parent) && !formerFocus.visible;
+        if (!isTaken && !isOfClosedPanel)
+            formerFocus?.forceActiveFocus(Qt.PopupFocusReason);
+    }
 
     background: Rectangle {
         border.color: Colors.line

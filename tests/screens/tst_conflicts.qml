@@ -111,6 +111,18 @@ EditorTest {
         verifyStored("xtexte");
         tryVerify(() => textArea().activeFocus && !shows("Garder mon texte"));
         verify(fixture.history("audit").includes("autre"));
+
+        typeAt(0, "y");
+        fixture.remove(file);
+        saveInVain();
+        click("Garder mon texte");
+        accept();
+        awaitText("Différences avec les copies");
+        wait(300); // in which the question is gone for good
+        verify(!textArea().activeFocus, "what is typed is for the sheet");
+        press(Qt.Key_Escape);
+        tryVerify(() => !shows("Différences avec les copies") && textArea().activeFocus);
+        verify(shows("MODIFIÉ"));
     }
 
     function test_a_look_that_fails() {
