@@ -113,6 +113,10 @@ void photographStale(const Photographer &photographer, Studio &studio)
     studio.model().reload();
     studio.quieten();
     photographer.take(u"editor-stale"_s);
+    photographer.click(u"Enregistrer"_s);
+    photographer.await(u"Fermer"_s);
+    photographer.take(u"editor-refused"_s);
+    photographer.press(Qt::Key_Escape);
     photographer.click(u"Comparer"_s);
     Studio::rest();
     photographer.take(u"editor-comparison"_s);
