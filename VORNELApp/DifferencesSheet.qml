@@ -53,7 +53,7 @@ Sheet {
         accepted();
     }
 
-    firstFocus: files.count === 0 ? closing : files.list
+    firstFocus: files.count === 0 ? closing as Item : files.list as Item
     implicitWidth: Math.min(1040, parent.width - 2 * Metrics.page)
     title: "Différences avec les copies"
     onAboutToHide: {
