@@ -472,9 +472,9 @@ void AppModel::followProgress(const QFuture<WorkspaceOverview> &commit)
 Outcome AppModel::fail(const std::exception &error)
 {
     const auto *known = dynamic_cast<const VORNELWorkspaceError *>(&error);
-    const Outcome outcome{.succeeded = false,
-                          .errorCase = known != nullptr ? known->caseName() : QString(),
-                          .message = message(error)};
+    Outcome outcome{.succeeded = false,
+                    .errorCase = known != nullptr ? known->caseName() : QString(),
+                    .message = message(error)};
     m_isSynchronizationIncomplete = outcome.isSynchronizationIncomplete();
     m_errorMessage = outcome.message;
     return outcome;

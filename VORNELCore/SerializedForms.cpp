@@ -47,7 +47,7 @@ QDateTime currentInstant()
 
 QDateTime instantAt(qint64 secondsSinceEpoch)
 {
-    const QDateTime instant = QDateTime::fromSecsSinceEpoch(secondsSinceEpoch, Qt::UTC);
+    QDateTime instant = QDateTime::fromSecsSinceEpoch(secondsSinceEpoch, Qt::UTC);
     if (!hasForm(instant))
         throw VORNELWorkspaceError::integrityFailure(
             u"L’horloge de l’ordinateur est réglée au-delà de l’année 9999."_s);
