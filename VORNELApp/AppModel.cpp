@@ -50,7 +50,7 @@ AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<
     });
     enterEveryField();
     connect(this, &AppModel::overviewChanged, this, &AppModel::keepBatchFailures);
-    connect(this, &AppModel::overviewChanged, &m_failedCopies,
+    connect(this, &AppModel::overviewRead, &m_failedCopies,
             [this] { m_failedCopies.follow(skills(Destination::library), m_inspector); });
 }
 

@@ -286,6 +286,9 @@ Q_SIGNALS:
     void commitProgressChanged();
     void isBusyChanged();
 
+    /// The workspace was read. The overview may be as before, while what it doesn't tell has changed.
+    void overviewRead();
+
     /// An action confirmed its success. Also sent when the confirmation reads like the one before.
     void confirmed();
 

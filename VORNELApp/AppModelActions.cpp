@@ -98,8 +98,8 @@ void AppModel::beginImportScan()
 
 QCoro::Task<> AppModel::scanImports()
 {
-    const QList<ImportCollision> before = importPlan() ? importPlan()->collisions : QList<ImportCollision>();
     ImportPlan plan = co_await m_service->scanImports();
+    const QList<ImportCollision> before = importPlan() ? importPlan()->collisions : QList<ImportCollision>();
     const QList<ImportCollision> found = plan.collisions;
     for (const ImportCollision &collision : found) {
         if (const auto choice = formerChoice(collision, before))
@@ -152,6 +152,7 @@ void AppModel::show(const WorkspaceOverview &overview)
 {
     m_overview = overview;
     m_isOverviewCurrent = true;
+    Q_EMIT overviewRead();
 }
 
 QCoro::Task<> AppModel::readOverview()

@@ -68,7 +68,7 @@ Sheet {
 
     Connections {
         function onChecked() {
-            if (sheet.action === undefined || sheet.model.isWorking) // after which it is checked again
+            if (sheet.isUsed || sheet.action === undefined || sheet.model.isWorking) // after which it is checked again
                 return;
             const isOpening = sheet.asksAboutUnreadable && sheet.copies.hasUnreadable;
             if (isOpening || sheet.copies.hasDrifted || sheet.copies.problem !== "")

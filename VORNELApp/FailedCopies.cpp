@@ -13,16 +13,16 @@ void FailedCopies::follow(const QList<SkillSummary> &skills,
 {
     if (inspector != nullptr &&
         std::ranges::find(skills, SyncState::failed, &SkillSummary::syncState) != skills.end())
-        ask(this, inspector);
+        ask(this, inspector->failedCopies());
     else
         show({});
 }
 
-QCoro::Task<> FailedCopies::ask(QPointer<FailedCopies> self, std::shared_ptr<TargetInspecting> inspector)
+QCoro::Task<> FailedCopies::ask(QPointer<FailedCopies> self, QFuture<Copies> failed)
 {
-    QHash<QUuid, QList<TargetInspection>> copies;
+    Copies copies;
     try {
-        copies = co_await inspector->failedCopies();
+        copies = co_await failed;
     } catch (const std::exception &) {
         copies.clear(); // the skills' state says it, without the reason
     }
@@ -30,7 +30,7 @@ QCoro::Task<> FailedCopies::ask(QPointer<FailedCopies> self, std::shared_ptr<Tar
         self->show(copies);
 }
 
-void FailedCopies::show(const QHash<QUuid, QList<TargetInspection>> &copies)
+void FailedCopies::show(const Copies &copies)
 {
     if (m_copies == copies)
         return;

@@ -32,10 +32,12 @@ Q_SIGNALS:
     void changed();
 
 private:
-    static QCoro::Task<> ask(QPointer<FailedCopies> self, std::shared_ptr<TargetInspecting> inspector);
-    void show(const QHash<QUuid, QList<TargetInspection>> &copies);
+    using Copies = QHash<QUuid, QList<TargetInspection>>;
 
-    QHash<QUuid, QList<TargetInspection>> m_copies;
+    static QCoro::Task<> ask(QPointer<FailedCopies> self, QFuture<Copies> failed);
+    void show(const Copies &copies);
+
+    Copies m_copies;
 };
 
 } // namespace vornel

@@ -18,7 +18,7 @@ void SkillList::setModel(AppModel *model)
         renew();
         refresh();
     };
-    connect(m_model, &AppModel::overviewChanged, this, follow);
+    connect(m_model, &AppModel::overviewRead, this, follow);
     follow();
 }
 

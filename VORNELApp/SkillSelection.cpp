@@ -102,7 +102,7 @@ void SkillSelection::assign(const QString &category)
 
 void SkillSelection::trash()
 {
-    m_model->moveSkillsToTrash(m_shown);
+    m_model->moveSkillsToTrash(m_held);
 }
 
 void SkillSelection::trashAlone(QUuid id)

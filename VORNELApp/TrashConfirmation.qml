@@ -14,6 +14,7 @@ ConfirmationDialog {
 
     function askForSelection(): void {
         isAlone = false;
+        selection.hold();
         count = selection.count;
         open();
     }

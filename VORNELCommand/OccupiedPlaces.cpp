@@ -27,9 +27,9 @@ QString messageFor(const QList<TargetOccupant> &occupants)
 {
     const bool isOne = occupants.size() == 1;
     const QString replaceable =
-        isOne ? u"Un dossier que VORNEL n’a pas installé tient déjà cette place\u00A0:\n%1"
+        isOne ? u"Un dossier que VORNEL n’a pas installé occupe déjà cette place\u00A0:\n%1"
                 "Rien n’a été écrit. Avec --replace, il est remplacé, et gardé dans l’historique."_s
-              : u"Des dossiers que VORNEL n’a pas installés tiennent déjà ces places\u00A0:\n%1"
+              : u"Des dossiers que VORNEL n’a pas installés occupent déjà ces places\u00A0:\n%1"
                 "Rien n’a été écrit. Avec --replace, ils sont remplacés, et gardés dans l’historique."_s;
     const QString refused = isOne ? u"Ce qui occupe cette place ne peut pas être remplacé\u00A0:\n%1"
                                     "Rien n’a été écrit. Déplacez-le d’abord."_s

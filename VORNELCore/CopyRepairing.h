@@ -26,8 +26,8 @@ public:
 
     /// Synchronises the skills in their order and past failures; those that are in sync are only read.
     /// Progress runs from 0 to their number, and other operations may come between two skills. Once `stop` is
-    /// requested, the skill under way is the last one. The outcomes are in the same order. Fails as a whole
-    /// where the library can't be read.
+    /// requested, the skill under way is the last one. The outcomes are in the same order. Where the library
+    /// can't be read, fails as a whole at the beginning; later, the skills that are left share the failure.
     virtual QFuture<QList<SyncOutcome>> synchronizeSkills(QList<QUuid> ids, std::stop_token stop) = 0;
 
     /// Moves what stands in the place of this copy into the recovery folder, as it is, and installs the

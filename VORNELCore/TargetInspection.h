@@ -45,7 +45,7 @@ public:
     QList<FileDifference> differences = {}; ///< by path; a folder only where nothing in it is listed
     QString reason = {};                    ///< of a failure, for the user; empty in any other state
     std::filesystem::path path = {};        ///< where the copy stands, or would
-    bool isUnreadable = false; ///< whether the copy can't be looked at: no synchronisation replaces it then
+    bool isUnreadable = false; ///< whether the copy itself can't be looked at: no synchronisation replaces it
 
     QString shownPath() const;
 

@@ -204,9 +204,15 @@ QFuture<QList<SyncOutcome>> LocalWorkspaceService::synchronizeSkills(QList<QUuid
     return m_executor.submitInTurns<Outcomes>([this, total, pass](QPromise<Outcomes> &promise) {
         if (pass->outcomes().isEmpty())
             promise.setProgressRange(0, total);
-        runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {
-            pass->takeTurn(workspace, [&promise](int done) { promise.setProgressValue(done); });
-        });
+        try {
+            runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {
+                pass->takeTurn(workspace, [&promise](int done) { promise.setProgressValue(done); });
+            });
+        } catch (...) {
+            if (pass->outcomes().isEmpty())
+                throw;
+            pass->giveUp(std::current_exception());
+        }
         return pass->isDone() ? std::optional(pass->outcomes()) : std::nullopt;
     });
 }

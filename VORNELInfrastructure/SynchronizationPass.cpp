@@ -76,6 +76,12 @@ bool SynchronizationPass::isDone() const
     return m_outcomes.size() == m_ids.size() || (m_stop.stop_requested() && !m_outcomes.isEmpty());
 }
 
+void SynchronizationPass::giveUp(const std::exception_ptr &failure)
+{
+    for (const QUuid &id : m_ids.mid(m_outcomes.size()))
+        m_outcomes.append({id, std::nullopt, failure});
+}
+
 void SynchronizationPass::takeTurn(const Workspace &workspace, const std::function<void(int done)> &progress)
 {
     const QDeadlineTimer end(turn);

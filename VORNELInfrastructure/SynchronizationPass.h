@@ -20,6 +20,9 @@ public:
     /// once, and skills that are in sync side by side.
     void takeTurn(const Workspace &workspace, const std::function<void(int done)> &progress);
 
+    /// Lets the skills that are left share a failure.
+    void giveUp(const std::exception_ptr &failure);
+
     bool isDone() const;
 
     /// Those of the skills it has come to.

@@ -31,9 +31,10 @@ TargetFolder::TargetFolder(const Workspace &workspace, TargetKind kind)
     } catch (const VORNELWorkspaceError &) {
         m_failure = std::current_exception();
     } catch (const fs::filesystem_error &error) {
-        if (error.code() != std::errc::permission_denied)
+        const bool isLibrarysMatter = workspace.failureScope == FailureScope::Library;
+        if (isLibrarysMatter && error.code() != std::errc::permission_denied)
             throw;
-        if (workspace.failureScope == FailureScope::Skill)
+        if (!isLibrarysMatter)
             m_failure = std::make_exception_ptr(fs::filesystem_error("open", root, error.code()));
     }
 }

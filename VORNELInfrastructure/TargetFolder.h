@@ -17,6 +17,9 @@ public:
 
     TargetKind kind() const { return m_kind; }
 
+    /// Whether copies in it may be looked at, as far as the folder itself is concerned.
+    bool isUsable() const { return m_failure == nullptr; }
+
     /// What stands under this name, if anything. Throws `symlinkUnsupported` when the assistant's folder is a
     /// link.
     std::optional<FileKind> kindOf(const std::string &name) const;

@@ -107,15 +107,17 @@ TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const F
     TargetInspection inspection{.target = target,
                                 .state = SyncState::missing,
                                 .path = m_workspace.config.target(target) / pathFromText(manifest.slug)};
+    std::optional<TargetFolder> folder;
     try {
-        if (const auto copy = TargetFolder(m_workspace, target).snapshot(manifest.slug.toStdString())) {
+        folder.emplace(m_workspace, target);
+        if (const auto copy = folder->snapshot(manifest.slug.toStdString())) {
             inspection.differences = differences(canonical, *copy);
             inspection.state = inspection.differences.isEmpty() ? SyncState::inSync : SyncState::drifted;
         }
     } catch (const std::exception &error) {
         inspection.state = SyncState::failed;
         inspection.reason = errorMessage(error);
-        inspection.isUnreadable = true;
+        inspection.isUnreadable = folder && folder->isUsable();
         return inspection;
     }
     const TargetReasons failed = m_workspace.failedSyncTargets.value(manifest.id);
@@ -141,7 +143,8 @@ QHash<QUuid, QList<TargetInspection>> TargetInspector::failedCopies() const
                  .state = SyncState::failed,
                  .reason = reason.value(),
                  .path = m_workspace.config.target(reason.key()) / pathFromText(skill.manifest.slug),
-                 .isUnreadable = unreadable.contains(reason.key())});
+                 .isUnreadable = unreadable.contains(reason.key()) &&
+                                 TargetFolder(m_workspace, reason.key()).isUsable()});
     }
     return failed;
 }

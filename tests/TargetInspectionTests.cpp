@@ -294,6 +294,9 @@ TEST_F(UnreadableCopy, IsSetAsideAfterAFailedSynchronisationToo)
               Error::symlinkUnsupported(pathText(path("codex"))));
     EXPECT_TRUE(fs::exists(path("aside/demo/SKILL.md")));
     EXPECT_EQ(state(u"other"_s), SyncState::failed) << "as every skill, whose copy nobody can look at";
+    EXPECT_FALSE(tolerant.inspectTargets(demo).result().at(1).isUnreadable) << "none can be set aside";
+    for (const QList<TargetInspection> &failed : tolerant.failedCopies().result())
+        EXPECT_FALSE(failed.first().isUnreadable);
 }
 
 TEST_F(UnreadableCopy, IsAnotherMatterThanWhatIsWrongInTheLibrary)

@@ -119,6 +119,29 @@ ScreenTest {
         compare(fixture.bytes("claude/notes/SKILL.md"), fixture.bytesOfText("retouché"));
     }
 
+    function test_one_of_two_copies_is_set_aside() {
+        openShell(["notes"]);
+        for (const assistant of ["claude", "codex"]) {
+            fixture.remove(assistant + "/notes");
+            fixture.write(assistant + "/notes", "pas un dossier");
+        }
+        openAttention();
+        awaitLine("notes", " · Claude : échec · Codex : échec");
+        click("notes");
+        click("Claude, échec");
+        awaitText("Différences avec les copies");
+        all("Mettre de côté")[0].clicked();
+        awaitText("MISE DE CÔTÉ");
+        settle();
+        tryVerify(() => all("Mettre de côté").length === 1);
+        verify(!model.isWorking && model.errorMessage === "", "nothing else was asked for");
+        click("Fermer");
+        tryVerify(() => !shows("Fermer"));
+        model.closeSkill();
+        awaitLine("notes", " · Claude : à jour · Codex : échec");
+        verify(!control("notes").record.failure.includes("Claude"));
+    }
+
     function test_synchronising_all_past_a_failure() {
         openShell(["a", "b", "c"]);
         edit("a");
