@@ -8,10 +8,18 @@ Item {
 
     required property AppModel model
 
+    /** Of the button that begins the import. */
+    required property string acceptText
+
+    /** Whether the plan may be imported as it stands. */
+    required property bool isScanned
+
     /** What the import would replace, where the screen above shows it. */
     required property TargetOccupants occupants
 
-    readonly property var plan: model.importPlan
+    signal committed
+
+    readonly property var plan: isScanned ? model.importPlan : undefined
     readonly property bool isReady: plan !== undefined && plan.isReadyToCommit
     readonly property int undecided: plan?.unresolvedCollisionCount ?? 0
     property bool isCommitting: false
@@ -29,7 +37,11 @@ Item {
 
     Connections {
         function onIsWorkingChanged() {
-            footer.isCommitting = footer.isCommitting && footer.model.isWorking;
+            if (!footer.isCommitting || footer.model.isWorking)
+                return;
+            footer.isCommitting = false;
+            if (footer.model.errorMessage === "")
+                footer.committed();
         }
 
         target: footer.model
@@ -82,12 +94,12 @@ Item {
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        enabled: footer.model.canCommitImport
+        enabled: footer.isScanned && footer.model.canCommitImport
         height: 44
         isSymbolTrailing: true
         role: ActionButton.Primary
         symbol: "arrow-right"
-        text: "Ouvrir la bibliothèque"
+        text: footer.acceptText
         onClicked: if (!occupied.isAsking) occupied.askForImport(() => footer.commit())
     }
     OccupiedQuestion {

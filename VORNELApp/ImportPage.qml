@@ -3,33 +3,15 @@ import QtQuick.Layouts
 import VORNELApp
 import VORNELDesignSystem
 
-/** What the assistants hold, the decisions it needs, and the way into the library. */
+/** The last page of the onboarding: the way into the library. */
 FocusScope {
     id: page
 
     required property AppModel model
 
-    readonly property var plan: model.importPlan
-
-    /** Gives the keyboard to what comes next, unless a control has it. */
-    function settleFocus(): void {
-        const item = Window.activeFocusItem;
-        if (!activeFocus || (item.activeFocusOnTab && item.enabled && item.visible))
-            return;
-        const review = content.item as ImportReview;
-        if (!review?.focusFirstDecision())
-            footer.focusOpen();
-    }
-
     Component.onCompleted: {
-        if (plan === undefined && !model.isWorking)
-            model.beginImportScan();
-    }
-
-    Timer {
-        interval: 0 // after the screens have followed the model
-        running: !page.model.isWorking
-        onTriggered: page.settleFocus()
+        if (model.importPlan === undefined && !model.isWorking)
+            panel.scan();
     }
 
     ColumnLayout {
@@ -52,20 +34,15 @@ FocusScope {
                 wrapMode: Text.Wrap
             }
         }
-        ScreenLoader {
-            id: content
+        ImportPanel {
+            id: panel
 
             Layout.fillHeight: true
             Layout.fillWidth: true
+            acceptText: "Ouvrir la bibliothèque"
+            focus: true
+            isScanned: page.model.importPlan !== undefined
             model: page.model
-            screen: page.plan === undefined ? "ImportWaiting.qml" : "ImportReview.qml"
-        }
-        ImportFooter {
-            id: footer
-
-            Layout.fillWidth: true
-            model: page.model
-            occupants: (content.item as ImportReview)?.occupants ?? null
         }
     }
 }

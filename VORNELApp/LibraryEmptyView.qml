@@ -10,8 +10,9 @@ StateView {
     required property LibraryPage page
 
     signal creationAsked
+    signal importAsked
 
-    line: page.isLibraryEmpty ? "Créez la première\u00A0: vos assistants en recevront chacun une copie."
+    line: page.isLibraryEmpty ? "Créez la première, ou importez celles que vos assistants ont déjà."
         : "Aucune compétence ne correspond à ces critères."
     symbol: page.isLibraryEmpty ? "layout-grid" : "search"
     title: page.isLibraryEmpty ? "Aucune compétence" : "Aucun résultat"
@@ -23,6 +24,13 @@ StateView {
         text: "Créer une compétence"
         visible: view.page.isLibraryEmpty
         onClicked: view.creationAsked()
+    }
+    ActionButton {
+        enabled: !view.model.isWorking
+        symbol: "download"
+        text: "Importer…"
+        visible: view.page.isLibraryEmpty
+        onClicked: view.importAsked()
     }
     ActionButton {
         text: "Effacer la recherche"

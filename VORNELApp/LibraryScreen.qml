@@ -109,6 +109,10 @@ FocusScope {
         function onCreationAsked() {
             library.creationAsked();
         }
+        function onImportAsked() {
+            importing.make();
+            (importing.item as ImportSheet).open();
+        }
 
         target: emptiness.item as LibraryEmptyView
     }
@@ -128,6 +132,12 @@ FocusScope {
         id: categories
 
         file: "CategoriesView.qml"
+        properties: ({ model: library.model })
+    }
+    DeferredItem {
+        id: importing
+
+        file: "ImportSheet.qml"
         properties: ({ model: library.model })
     }
     DeferredItem {

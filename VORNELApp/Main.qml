@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -11,10 +12,14 @@ Window {
 
     property bool isClosing: false
 
+    // What the content needs; a tiling window manager or a small screen may give the window less.
+    readonly property int leastHeight: 620
+    readonly property int leastWidth: 960
+
     color: Colors.canvas
     height: 800
-    minimumHeight: 620
-    minimumWidth: 960
+    minimumHeight: leastHeight
+    minimumWidth: leastWidth
     title: "VORNEL"
     width: 1240
 
@@ -40,11 +45,28 @@ Window {
 
         target: window.model
     }
-    RootView {
+    Flickable {
+        id: room
+
         anchors.fill: parent
-        enabled: !window.isClosing
+        boundsBehavior: Flickable.StopAtBounds
+        contentHeight: root.height
+        contentWidth: root.width
         focus: true
-        model: window.model
+        interactive: contentWidth > width || contentHeight > height // in a window that had to be smaller
+
+        T.ScrollBar.horizontal: ScrollRail {}
+        T.ScrollBar.vertical: ScrollRail {}
+
+        RootView {
+            id: root
+
+            enabled: !window.isClosing
+            focus: true
+            height: Math.max(window.height, window.leastHeight)
+            model: window.model
+            width: Math.max(window.width, window.leastWidth)
+        }
     }
     DeferredItem {
         anchors.fill: parent

@@ -25,11 +25,6 @@ const QScreen *screenOf(const QRect &place)
     return found == screens.end() ? nullptr : *found;
 }
 
-bool fits(const QSize &size, const QScreen &screen)
-{
-    return size.boundedTo(screen.availableGeometry().size()) == size;
-}
-
 } // namespace
 
 WindowPlacement::WindowPlacement(QWindow &window, std::shared_ptr<QSettings> settings)
@@ -67,15 +62,15 @@ void WindowPlacement::restore()
 {
     m_isMaximized = m_settings->value(maximizedKey, false).toBool();
     m_normal = m_settings->value(placeKey).toRect();
-    if (m_normal.isEmpty())
-        return;
-    const QSize size = m_normal.size().expandedTo(m_window.minimumSize());
-    if (const QScreen *screen = screenOf(m_normal)) {
-        m_window.resize(size.boundedTo(screen->availableGeometry().size()));
+    const QScreen *screen = m_normal.isEmpty() ? nullptr : screenOf(m_normal);
+    const QSize available = (screen == nullptr ? m_window.screen() : screen)->availableGeometry().size();
+    m_window.setMinimumSize(m_window.minimumSize().boundedTo(available));
+    const bool fits = m_normal.size().boundedTo(available) == m_normal.size();
+    const bool isTaken = !m_normal.isEmpty() && (screen != nullptr || fits);
+    const QSize size = isTaken ? m_normal.size().expandedTo(m_window.minimumSize()) : m_window.size();
+    m_window.resize(size.boundedTo(available));
+    if (screen != nullptr)
         m_window.setFramePosition(m_normal.topLeft());
-    } else if (fits(size, *m_window.screen())) {
-        m_window.resize(size);
-    }
 }
 
 void WindowPlacement::note()

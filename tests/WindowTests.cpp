@@ -92,6 +92,12 @@ TEST_F(PlacementTest, aWindowLargerThanItsScreenIsCutDown)
     EXPECT_EQ(open().size(), available);
     open([](QWindow &window) { move(window, {40'000, 0, 5'000, 5'000}); });
     EXPECT_EQ(open().size(), QSize(700, 500));
+
+    QWindow first;
+    first.setMinimumSize(available * 2);
+    first.resize(available * 3);
+    WindowPlacement(first, std::make_shared<QSettings>()).show();
+    EXPECT_EQ(first.size(), available);
 }
 
 TEST_F(PlacementTest, aSizeThatComesBeforeItsStateIsNotTheWindowsOwn)

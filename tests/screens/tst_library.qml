@@ -93,6 +93,37 @@ ScreenTest {
         verify(control("Toutes, 0 compétences"));
     }
 
+    function test_an_empty_library_imports_what_the_assistants_hold() {
+        fixture.fillLibrary([]);
+        fixture.write("claude/audit/SKILL.md", "un");
+        fixture.write("codex/audit/SKILL.md", "deux");
+        fixture.write("codex/notes/SKILL.md", "name: Notes");
+        open();
+        click("Importer…");
+        tryVerify(() => control("Claude").activeFocus);
+        verify(!control("Importer").enabled);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !shows("Importer des compétences"));
+        tryVerify(() => control("Importer…").activeFocus);
+
+        fixture.write("codex/plan/SKILL.md", "quatre");
+        keyClick(Qt.Key_Return);
+        awaitText("2 COMPÉTENCES");
+        tryVerify(() => control("Claude").activeFocus);
+        keyClick(Qt.Key_Space);
+        tryVerify(() => control("Importer").enabled);
+        fixture.write("codex/plan/SKILL.md", "cinq");
+        click("Importer");
+        tryVerify(() => shows(/plan a changé depuis le scan/));
+        verify(shows("Importer des compétences"), "what is refused stays");
+        click("Relancer l’analyse");
+        tryVerify(() => control("Importer").enabled);
+        click("Importer");
+        tryVerify(() => !shows("Importer des compétences"));
+        awaitText("Notes");
+        awaitText("PRÊT");
+    }
+
     function test_pages() {
         openPages(25);
         awaitText("1 sur 2");

@@ -126,6 +126,24 @@ ScreenTest {
         verify(shows("La corbeille est vide"));
     }
 
+    function test_a_window_that_is_too_small_is_scrolled() {
+        const window = openWindow(["audit"]);
+        for (let change = 0; change < 2; ++change)
+            ignoreWarning("This plugin does not support propagateSizeHints()");
+        window.minimumHeight = window.minimumWidth = 0; // as a tiling window manager takes it
+        window.width = 500;
+        window.height = 400;
+        tryVerify(() => window.width === 500);
+        const reading = control("Actualiser");
+        const right = () => reading.mapToItem(null, reading.width, 0).x;
+        verify(right() > 700, "nothing is squeezed");
+        mouseDrag(window.contentItem, 480, 300, -400, 0, Qt.LeftButton, Qt.NoModifier, 50);
+        mouseDrag(window.contentItem, 480, 300, -400, 0, Qt.LeftButton, Qt.NoModifier, 50);
+        tryVerify(() => right() <= 500);
+        window.close();
+        awaitClosed(window);
+    }
+
     function test_closing_waits() {
         const window = openWindow(["audit", "notes"]);
         fixture.holdWorkspace();

@@ -1,0 +1,70 @@
+import QtQuick
+import QtQuick.Layouts
+import VORNELApp
+import VORNELDesignSystem
+
+/** What the assistants hold, the decisions it needs, and the import itself. */
+FocusScope {
+    id: panel
+
+    required property AppModel model
+
+    /** Of the button that begins the import. */
+    required property string acceptText
+
+    /** Whether the model's plan is of a scan that was begun here; another may be done already. */
+    property bool isScanned: false
+
+    signal committed
+
+    function scan(): void {
+        isScanned = false;
+        model.beginImportScan();
+    }
+
+    /** Gives the keyboard to what comes next, unless a control has it. */
+    function settleFocus(): void {
+        const item = Window.activeFocusItem;
+        if (!activeFocus || (item.activeFocusOnTab && item.enabled && item.visible))
+            return;
+        const review = content.item as ImportReview;
+        if (!review?.focusFirstDecision())
+            footer.focusOpen();
+    }
+
+    Connections {
+        function onImportPlanChanged() {
+            panel.isScanned = true;
+        }
+
+        target: panel.model
+    }
+    Timer {
+        interval: 0 // after the screens have followed the model
+        running: !panel.model.isWorking
+        onTriggered: panel.settleFocus()
+    }
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: Metrics.huge
+
+        ScreenLoader {
+            id: content
+
+            Layout.fillHeight: true
+            Layout.fillWidth: true
+            model: panel.model
+            screen: panel.isScanned ? "ImportReview.qml" : "ImportWaiting.qml"
+        }
+        ImportFooter {
+            id: footer
+
+            Layout.fillWidth: true
+            acceptText: panel.acceptText
+            isScanned: panel.isScanned
+            model: panel.model
+            occupants: (content.item as ImportReview)?.occupants ?? null
+            onCommitted: panel.committed()
+        }
+    }
+}
