@@ -12,9 +12,15 @@ StateView {
     signal creationAsked
     signal importAsked
 
-    line: page.isLibraryEmpty ? "Créez la première, ou importez celles que vos assistants ont déjà."
-        : "Aucune compétence ne correspond à ces critères."
-    symbol: page.isLibraryEmpty ? "layout-grid" : "search"
+    readonly property bool isCategoryEmpty: !page.isLibraryEmpty && model.searchText.trim() === "" && model.selectedMaturity === undefined
+
+    line: {
+        if (page.isLibraryEmpty)
+            return "Créez la première, ou importez celles que vos assistants ont déjà.";
+        return isCategoryEmpty ? "La catégorie «\u00A0" + page.categoryName + "\u00A0» est vide."
+            : "Aucune compétence ne correspond à ces critères.";
+    }
+    symbol: page.isLibraryEmpty || isCategoryEmpty ? "layout-grid" : "search"
     title: page.isLibraryEmpty ? "Aucune compétence" : "Aucun résultat"
 
     ActionButton {
@@ -22,7 +28,7 @@ StateView {
         role: ActionButton.Primary
         symbol: "plus"
         text: "Créer une compétence"
-        visible: view.page.isLibraryEmpty
+        visible: view.page.isLibraryEmpty || view.isCategoryEmpty
         onClicked: view.creationAsked()
     }
     ActionButton {
@@ -39,7 +45,7 @@ StateView {
     }
     ActionButton {
         symbol: "x"
-        text: "Effacer les filtres"
+        text: view.isCategoryEmpty ? "Toutes les compétences" : "Effacer les filtres"
         visible: !view.page.isLibraryEmpty && view.page.isFiltered
         onClicked: view.page.clearFilters()
     }

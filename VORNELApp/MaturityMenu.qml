@@ -11,6 +11,8 @@ ActionMenu {
     required property AppModel model
     required property var maturityTexts
 
+    title: "Maturité"
+
     ActionMenuItem {
         isChosen: menu.model.selectedMaturity === undefined
         text: "Tous les états"

@@ -34,10 +34,10 @@ void SkillSelection::follow()
         connect(m_model, changed, this, &SkillSelection::followShown);
 }
 
-QList<SkillSummary> SkillSelection::selected() const
+QList<SkillSummary> SkillSelection::among(const QSet<QUuid> &ids) const
 {
     QList<SkillSummary> skills = m_model->skills(m_destination);
-    skills.removeIf([this](const SkillSummary &skill) { return !m_shown.contains(skill.id); });
+    skills.removeIf([&ids](const SkillSummary &skill) { return !ids.contains(skill.id); });
     return skills;
 }
 
@@ -54,14 +54,14 @@ QString SkillSelection::countText() const
 QStringList SkillSelection::slugs() const
 {
     QStringList slugs;
-    for (const SkillSummary &skill : selected())
+    for (const SkillSummary &skill : among(m_shown))
         slugs.append(skill.slug);
     return slugs;
 }
 
 QVariant SkillSelection::only() const
 {
-    const QList<SkillSummary> skills = selected();
+    const QList<SkillSummary> skills = among(m_shown);
     return skills.size() == 1 ? QVariant::fromValue(skills.first()) : QVariant();
 }
 
@@ -100,14 +100,22 @@ void SkillSelection::assign(const QString &category)
     m_model->assignSkills(m_shown, category);
 }
 
+QString SkillSelection::heldNames() const
+{
+    constexpr qsizetype mostNames = 3;
+    QStringList names;
+    for (const SkillSummary &skill : among(m_held))
+        names.append(skill.displayName);
+    const qsizetype others = names.size() - mostNames;
+    if (others <= 0)
+        return names.join(u", "_s);
+    const QString rest = others == 1 ? u" et 1 autre"_s : u" et %1 autres"_s.arg(others);
+    return names.first(mostNames).join(u", "_s) + rest;
+}
+
 void SkillSelection::trash()
 {
     m_model->moveSkillsToTrash(m_held);
-}
-
-void SkillSelection::trashAlone(QUuid id)
-{
-    m_model->moveSkillsToTrash({id});
 }
 
 void SkillSelection::restore()

@@ -67,12 +67,16 @@ public:
     /// Puts the selected skills into a category; they stay selected.
     Q_INVOKABLE void assign(const QString &category);
 
-    Q_INVOKABLE void trash();
-    Q_INVOKABLE void trashAlone(QUuid id);
-
-    /// What becomes of skills of the trash: of those that were selected when `hold` was called, before the
-    /// user is asked, whatever is selected or hidden by now.
+    /// Takes the skills that the user is asked about: those selected, or one by itself. What the answer does
+    /// is done to these, whatever is selected or hidden by then.
     Q_INVOKABLE void hold() { m_held = m_shown; }
+    Q_INVOKABLE void holdAlone(QUuid id) { m_held = {id}; }
+    Q_INVOKABLE int heldCount() const { return static_cast<int>(m_held.size()); }
+
+    /// Their names, of many the first ones.
+    Q_INVOKABLE QString heldNames() const;
+
+    Q_INVOKABLE void trash();
     Q_INVOKABLE void restore();
     Q_INVOKABLE void deletePermanently();
 
@@ -87,7 +91,7 @@ private:
     void dropMissing();
     void compareWithShown();
     void followShown();
-    QList<SkillSummary> selected() const;
+    QList<SkillSummary> among(const QSet<QUuid> &ids) const;
     QSet<QUuid> carried(const QUuid &id) const;
 
     AppModel *m_model = nullptr;

@@ -9,19 +9,18 @@ ConfirmationDialog {
     required property SkillSelection selection
 
     property int count
-    property var aloneID
-    property bool isAlone
 
     function askForSelection(): void {
-        isAlone = false;
         selection.hold();
-        count = selection.count;
-        open();
+        ask();
     }
     function askFor(id: uuid): void {
-        isAlone = true;
-        aloneID = id;
-        count = 1;
+        selection.holdAlone(id);
+        ask();
+    }
+    function ask(): void {
+        count = selection.heldCount();
+        subject = selection.heldNames();
         open();
     }
 
@@ -29,10 +28,5 @@ ConfirmationDialog {
     isDestructive: true
     message: "Vous pourrez les restaurer depuis la corbeille."
     title: count === 1 ? "Placer cette compétence dans la corbeille ?" : "Placer " + count + " compétences dans la corbeille ?"
-    onAccepted: {
-        if (isAlone)
-            selection.trashAlone(aloneID);
-        else
-            selection.trash();
-    }
+    onAccepted: selection.trash()
 }

@@ -17,6 +17,7 @@ Item {
     /** What the questions are about: one skill or, without one, those that the selection holds. */
     property var skill
     property int count
+    property string names
     readonly property string name: skill?.displayName ?? ""
 
     readonly property bool canAsk: !model.isWorking && !occupied.isAsking
@@ -47,6 +48,7 @@ Item {
         selection.hold();
         questions.skill = isAlone ? skill : selection.only();
         questions.count = isAlone ? 1 : selection.count;
+        questions.names = questions.skill ? "" : selection.heldNames();
         return isAlone ? [skill.slug] : selection.slugs();
     }
 
@@ -54,6 +56,7 @@ Item {
         id: restoration
 
         acceptText: "Restaurer"
+        subject: questions.names
         message: questions.skill ? questions.name + " sera à nouveau disponible dans vos assistants."
             : "Elles seront à nouveau disponibles dans vos assistants."
         title: questions.skill ? "Restaurer « " + questions.name + " » ?" : "Restaurer " + questions.count + " compétences\u00A0?"
@@ -74,6 +77,7 @@ Item {
 
         acceptText: "Supprimer définitivement"
         isDestructive: true
+        subject: questions.names
         message: "Cette action est irréversible."
         title: questions.skill ? "Supprimer définitivement « " + questions.name + " » ?"
             : "Supprimer définitivement " + questions.count + " compétences\u00A0?"

@@ -5,6 +5,10 @@ Sheet {
     id: dialog
 
     required property string message
+
+    /** What it is about, where the title doesn't name it. */
+    property string subject
+
     required property string acceptText
     property string rejectText: "Annuler"
     property bool isDestructive: false
@@ -18,6 +22,12 @@ Sheet {
     implicitWidth: Math.min(440, parent.width - 2 * Metrics.page)
     onAboutToShow: isAccepted = false
 
+    Label {
+        text: dialog.subject
+        visible: text !== ""
+        width: parent.width
+        wrapMode: Text.Wrap
+    }
     Label {
         bottomPadding: Metrics.small
         color: Colors.secondary

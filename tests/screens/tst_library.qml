@@ -80,7 +80,12 @@ ScreenTest {
         click("Opérations, 0 compétences");
         click("Effacer la recherche");
         compare(model.searchText, "");
-        verify(shows("Aucun résultat"));
+        awaitText("La catégorie «\u00a0Opérations\u00a0» est vide.");
+        verify(control("Créer une compétence").enabled);
+        click("Filtrer par état");
+        awaitText("Maturité");
+        click("Brouillon");
+        awaitText("Aucune compétence ne correspond à ces critères.");
         click("Effacer les filtres");
         showsSkills(["audit", "notes", "plan", "revue"]);
     }
@@ -261,6 +266,7 @@ ScreenTest {
         control("revue").forceActiveFocus();
         press(Qt.Key_Space, Qt.Key_Down, Qt.Key_Delete);
         awaitText("Placer cette compétence dans la corbeille ?");
+        verify(all("plan").some(item => item.clicked === undefined), "the question names the skill");
         all("Placer dans la corbeille")[0].clicked();
         settle();
         tryVerify(() => shows("revue") && !shows("plan"));

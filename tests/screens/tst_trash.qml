@@ -172,6 +172,7 @@ ScreenTest {
         awaitText("2 sélectionnées");
         click("Supprimer définitivement");
         awaitText("Supprimer définitivement 2 compétences\u00A0?");
+        verify(shows("b, d"));
         accept();
         awaitText("2 SUPPRIMÉES");
         awaitText("La corbeille est vide");
