@@ -11,13 +11,15 @@ Item {
     /** Of the button that begins the import. */
     required property string acceptText
 
+    required property bool canClose
+
     /** Whether the plan may be imported as it stands. */
     required property bool isScanned
 
     /** What the import would replace, where the screen above shows it. */
     required property TargetOccupants occupants
 
-    signal committed
+    signal closed
 
     readonly property var plan: isScanned ? model.importPlan : undefined
     readonly property bool isReady: plan !== undefined && plan.isReadyToCommit
@@ -41,7 +43,7 @@ Item {
                 return;
             footer.isCommitting = false;
             if (footer.model.errorMessage === "")
-                footer.committed();
+                footer.closed();
         }
 
         target: footer.model
@@ -71,7 +73,7 @@ Item {
     }
     Column {
         anchors.left: parent.left
-        anchors.right: begin.left
+        anchors.right: close.left
         anchors.rightMargin: Metrics.huge
         anchors.verticalCenter: parent.verticalCenter
         spacing: Metrics.small
@@ -90,12 +92,23 @@ Item {
         }
     }
     ActionButton {
+        id: close
+
+        anchors.right: begin.left
+        anchors.rightMargin: Metrics.medium
+        anchors.verticalCenter: parent.verticalCenter
+        enabled: !footer.model.isWorking
+        text: "Fermer"
+        visible: footer.canClose
+        onClicked: footer.closed()
+    }
+    ActionButton {
         id: begin
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         enabled: footer.isScanned && footer.model.canCommitImport
-        height: 44
+        height: footer.canClose ? implicitHeight : 44
         isSymbolTrailing: true
         role: ActionButton.Primary
         symbol: "arrow-right"

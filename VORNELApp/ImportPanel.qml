@@ -12,13 +12,18 @@ FocusScope {
     /** Of the button that begins the import. */
     required property string acceptText
 
+    /** Whether there is something to go back to without an import. */
+    property bool canClose: false
+
     /** Whether the model's plan is of a scan that was begun here; another may be done already. */
     property bool isScanned: false
 
-    signal committed
+    /** The import is done, or not wanted. */
+    signal closed
 
     function scan(): void {
         isScanned = false;
+        content.focus = true; // and not the button by which a sheet was left
         model.beginImportScan();
     }
 
@@ -61,10 +66,11 @@ FocusScope {
 
             Layout.fillWidth: true
             acceptText: panel.acceptText
+            canClose: panel.canClose
             isScanned: panel.isScanned
             model: panel.model
             occupants: (content.item as ImportReview)?.occupants ?? null
-            onCommitted: panel.committed()
+            onClosed: panel.closed()
         }
     }
 }

@@ -20,10 +20,11 @@ Sheet {
         id: panel
 
         acceptText: "Importer"
+        canClose: true
         height: sheet.panelHeight
         model: sheet.model
         width: parent.width
-        onCommitted: sheet.close()
+        onClosed: sheet.close()
     }
     ErrorPanel {
         text: sheet.isUsed ? sheet.model.errorMessage : ""

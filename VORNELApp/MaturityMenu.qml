@@ -13,6 +13,14 @@ ActionMenu {
 
     title: "Maturité"
 
+    Label {
+        color: Colors.secondary
+        font: Typography.small
+        height: Metrics.controlHeight
+        leftPadding: Metrics.medium
+        text: menu.title
+        verticalAlignment: Text.AlignVCenter
+    }
     ActionMenuItem {
         isChosen: menu.model.selectedMaturity === undefined
         text: "Tous les états"
@@ -30,7 +38,7 @@ ActionMenu {
             onTriggered: menu.model.selectedMaturity = index
         }
 
-        onObjectAdded: (index, object) => menu.insertItem(index + 1, object)
+        onObjectAdded: (index, object) => menu.insertItem(index + 2, object)
         onObjectRemoved: (index, object) => menu.removeItem(object)
     }
 }

@@ -22,19 +22,9 @@ T.Menu {
         radius: Metrics.controlRadius
     }
     contentItem: ListView {
-        Accessible.name: menu.title
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         currentIndex: menu.currentIndex
-        header: Label {
-            color: Colors.secondary
-            font: Typography.small
-            leftPadding: Metrics.medium
-            height: visible ? Metrics.controlHeight : 0
-            text: menu.title
-            verticalAlignment: Text.AlignVCenter
-            visible: text !== ""
-        }
         implicitHeight: contentHeight
         interactive: contentHeight > height
         model: menu.contentModel

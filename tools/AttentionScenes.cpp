@@ -56,6 +56,11 @@ void photographAttention(Photographer &photographer, Studio &studio)
     Studio::rest();
     photographer.take(u"attention-differences"_s);
     photographer.click(u"Fermer"_s);
+    photographer.click(u"Synchroniser"_s, model.overview()->skills.at(5).displayName);
+    photographer.await(u"Fermer"_s);
+    Studio::rest();
+    photographer.take(u"attention-unreadable"_s);
+    photographer.click(u"Fermer"_s);
     model.setSearchText(u"introuvable"_s);
     photographer.take(u"attention-no-result"_s);
     model.setSearchText({});

@@ -1,5 +1,7 @@
 #include "Scenes.h"
 
+#include <fstream>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -61,6 +63,12 @@ void photographEmptyLibrary(Photographer &photographer, Studio &studio)
     studio.model().moveSkillsToTrash(ids);
     studio.quieten();
     photographer.take(u"library-empty"_s);
+    studio.occupy(studio.path("claude/trouvaille"));
+    std::ofstream(studio.path("claude/trouvaille/SKILL.md")) << "Une compétence d’un assistant.\n";
+    photographer.click(u"Importer…"_s);
+    studio.settle();
+    photographer.take(u"library-import"_s);
+    photographer.press(Qt::Key_Escape);
 }
 
 } // namespace vornel

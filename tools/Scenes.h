@@ -35,7 +35,10 @@ void photographContent(Photographer &photographer);
 /// What comes over any screen when an operation fails.
 void photographError(Photographer &photographer, Studio &studio);
 
-/// The library with nothing left in it.
+/// A library in which a skill's own folder can't be read: what was shown stays, and the next start fails.
+void photographUnreadable(Photographer &photographer, Studio &studio);
+
+/// The library with nothing left in it, and the import that it offers.
 void photographEmptyLibrary(Photographer &photographer, Studio &studio);
 
 /// The window while it waits for an operation, and closes.

@@ -1,6 +1,9 @@
 #include "Scenes.h"
 
+#include <fstream>
+
 using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
 
 namespace vornel {
 
@@ -22,6 +25,27 @@ void photographError(Photographer &photographer, Studio &studio)
     Studio::rest();
     photographer.take(u"error"_s);
     studio.model().clearError();
+}
+
+void photographUnreadable(Photographer &photographer, Studio &studio)
+{
+    AppModel &model = studio.model();
+    const QString slug = model.overview()->skills.at(0).slug;
+    const fs::path manifest = studio.path("VORNEL/skills") / slug.toStdString() / "vornel.json";
+    const fs::path kept = studio.path("kept.json");
+    fs::copy_file(manifest, kept);
+    std::ofstream(manifest) << "{";
+    model.reload();
+    studio.settle();
+    Studio::rest();
+    photographer.take(u"reading-failed"_s);
+    model.retryStart();
+    studio.settle();
+    photographer.take(u"failure-folder"_s);
+    fs::copy_file(kept, manifest, fs::copy_options::overwrite_existing);
+    model.retryStart();
+    studio.quieten();
+    Studio::rest();
 }
 
 void photographClosing(Photographer &photographer, Studio &studio)

@@ -67,6 +67,7 @@ void photographShell(Photographer &photographer, Studio &studio)
     photographTrash(photographer, studio);
     photographAttention(photographer, studio);
     photographError(photographer, studio);
+    photographUnreadable(photographer, studio);
     photographCreation(photographer, studio);
     photographEmptyLibrary(photographer, studio);
     photographClosing(photographer, studio);

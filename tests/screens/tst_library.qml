@@ -107,7 +107,7 @@ ScreenTest {
         click("Importer…");
         tryVerify(() => control("Claude").activeFocus);
         verify(!control("Importer").enabled);
-        keyClick(Qt.Key_Escape);
+        click("Fermer");
         tryVerify(() => !shows("Importer des compétences"));
         tryVerify(() => control("Importer…").activeFocus);
 
