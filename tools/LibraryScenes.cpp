@@ -67,6 +67,7 @@ void photographEmptyLibrary(Photographer &photographer, Studio &studio)
     std::ofstream(studio.path("claude/trouvaille/SKILL.md")) << "Une compétence d’un assistant.\n";
     photographer.click(u"Importer…"_s);
     studio.settle();
+    photographer.click(u"13 dossiers ignorés"_s);
     photographer.take(u"library-import"_s);
     photographer.press(Qt::Key_Escape);
 }
