@@ -232,6 +232,10 @@ public:
     /// Tells whether it succeeded.
     QCoro::Task<bool> refreshSelectedSkill();
 
+    /// Takes over the revision alone of the skill shown, as quietly: it is known even where the text can't be
+    /// read, which a save may then replace.
+    QCoro::Task<> refreshSelectedRevision();
+
     /// Reads the overview anew, as quietly.
     Q_INVOKABLE void refreshOverview();
 

@@ -230,6 +230,18 @@ QCoro::Task<bool> AppModel::refreshSelectedSkill()
     }
 }
 
+QCoro::Task<> AppModel::refreshSelectedRevision()
+{
+    co_await reloadQuietly();
+    std::optional<SkillDetail> skill = selectedSkill();
+    const QList<SkillSummary> known = skills(Destination::library);
+    const auto found = std::ranges::find(known, selectedSkillID(), &SkillSummary::id);
+    if (!skill || found == known.end() || found->id != skill->manifest.id)
+        co_return;
+    skill->manifest.revision = found->revision;
+    m_selectedSkill = skill;
+}
+
 QCoro::Task<Outcome> AppModel::reloadSelectedSkill()
 {
     return perform([this, id = selectedSkillID()]() -> QCoro::Task<> {

@@ -178,6 +178,8 @@ QCoro::Task<> SkillDraft::overruleText(QPointer<SkillDraft> draft, AppModel *mod
     if (!bytes)
         co_return;
     const bool isLoaded = co_await model->refreshSelectedSkill();
+    if (!isLoaded)
+        co_await model->refreshSelectedRevision();
     if (draft.isNull() || !draft->isOpen(id))
         co_return;
     draft->adopt(isLoaded ? model->selectedSkill()->skillMD : QString::fromUtf8(*bytes));

@@ -148,6 +148,14 @@ EditorTest {
         keepOwnText();
         verifyStored("yxtexte");
         verify(fixture.history("audit").includes("\ufffd"), "what is no text is kept, too");
+
+        typeAt(0, "z");
+        saveElsewhere("autre");
+        fixture.writeLatin1(file, "\u00e8"); // over a revision that isn't known here
+        saveInVain();
+        keepOwnText();
+        verifyStored("zyxtexte");
+        verify(fixture.history("audit").includes("autre"));
     }
 
     function test_changes_without_edits_are_shown() {
