@@ -226,6 +226,7 @@ void SkillDraft::begin(const SkillDetail &skill)
 {
     m_keeper->stop();
     m_skillID = skill.manifest.id;
+    m_sentText.reset();
     m_text->begin(skill.skillMD);
     adopt(skill.skillMD);
     takeUpFoundDraft();
@@ -270,7 +271,8 @@ void SkillDraft::adopt(const QString &text)
     m_savedText = text;
     m_knownBytes = text.toUtf8();
     m_otherBase.clear();
-    m_sentText.reset();
+    if (!m_isUnderWay || text == m_sentText) // else what is being saved is still to come
+        m_sentText.reset();
     setStanding(Current);
     measure();
 }

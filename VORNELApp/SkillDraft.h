@@ -143,7 +143,7 @@ private:
     QString m_savedText;     ///< what the skill holds, as far as is known here; the edits began with it
     QByteArray m_knownBytes; ///< that a save may replace; the saved text's, unless that isn't one
     QString m_otherBase;     ///< unless they were found, and began with the text of this digest
-    std::optional<QString> m_sentText; ///< what is being saved, until it is known to be
+    std::optional<QString> m_sentText; ///< what is being saved, until the skill is known to hold it
     QString m_foundMoment;
     QString m_lookFailure;
     std::optional<DraftKeeper> m_keeper;

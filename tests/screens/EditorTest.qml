@@ -10,6 +10,12 @@ ScreenTest {
     function textArea() {
         return control("Instructions de la compétence");
     }
+    function draft() {
+        let item = textArea();
+        while (item.draft === undefined)
+            item = item.parent;
+        return item.draft;
+    }
     function text() {
         return textArea().text;
     }
@@ -42,6 +48,14 @@ ScreenTest {
         textArea().forceActiveFocus();
         textArea().cursorPosition = position;
         type(text);
+    }
+    /** Types as soon as the next save has begun. */
+    function typeDuringSave(text) {
+        function typeOnce() {
+            fixture.model.isWorkingChanged.disconnect(typeOnce);
+            textArea().insert(0, text);
+        }
+        fixture.model.isWorkingChanged.connect(typeOnce);
     }
     function undo() {
         textArea().forceActiveFocus();

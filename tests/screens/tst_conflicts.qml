@@ -158,6 +158,23 @@ EditorTest {
         verify(fixture.history("audit").includes("autre"));
     }
 
+    function test_ones_own_save_is_not_anothers() {
+        openSkill("texte");
+        typeAt(0, "x");
+        fixture.saveElsewhere("notes", "autre"); // for which the library is read anew
+        writeEverywhere("notes.md", "à côté");
+        typeDuringSave("!");
+        fixture.holdWorkspace();
+        fixture.model.refreshOverview(); // after which the skill is read, as it is before the save
+        draft().save();
+        fixture.releaseWorkspace();
+        awaitText("ENREGISTRÉE");
+        settle();
+        verifyStored("xtexte");
+        verify(shows("MODIFIÉ") && shows("notes.md"));
+        verify(!shows("Recharger"), "the text on the disk is one’s own");
+    }
+
     function test_changes_without_edits_are_shown() {
         openSkill("texte");
         saveElsewhere("autre");
