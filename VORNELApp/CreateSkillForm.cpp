@@ -14,6 +14,8 @@ namespace vornel {
 
 namespace {
 
+const QString allowedInSlug = u"Utilisez uniquement des lettres, chiffres et tirets."_s;
+
 QStringList splitTags(const QString &text)
 {
     QStringList tags;
@@ -80,11 +82,20 @@ QStringList CreateSkillForm::maturityTexts()
     return Wording::maturities();
 }
 
+bool CreateSkillForm::hasName() const
+{
+    return !m_request.displayName.trimmed().isEmpty();
+}
+
 QString CreateSkillForm::slugProblem() const
 {
+    if (!hasName() && slug().isEmpty())
+        return {};
     constexpr qsizetype longest = WorkspaceValidation::longestSlug;
     if (slug().size() > longest)
         return u"L’identifiant dépasse %1 caractères."_s.arg(longest);
+    if (!hasValidSlug())
+        return allowedInSlug;
     if (!isSlugTaken())
         return {};
     return holdsSlug(Destination::trash) ? u"Une compétence de la corbeille porte déjà cet identifiant."_s
@@ -95,8 +106,7 @@ QString CreateSkillForm::validationHint() const
 {
     if (!hasName())
         return u"Le nom est requis."_s;
-    return hasValidSlug() ? u"Prête à être créée."_s
-                          : u"Utilisez uniquement des lettres, chiffres et tirets."_s;
+    return hasValidSlug() ? u"Prête à être créée."_s : allowedInSlug;
 }
 
 bool CreateSkillForm::isModified() const

@@ -16,6 +16,7 @@ class CreateSkillForm : public vornel::EntryForm // by its full name, under whic
     Q_PROPERTY(QString category READ category WRITE setCategory NOTIFY changed)
     Q_PROPERTY(vornel::Maturity maturity READ maturity WRITE setMaturity NOTIFY changed)
     Q_PROPERTY(QStringList maturityTexts READ maturityTexts CONSTANT)
+    Q_PROPERTY(bool hasName READ hasName NOTIFY changed)
     Q_PROPERTY(QString slugProblem READ slugProblem NOTIFY changed)
     Q_PROPERTY(QString validationHint READ validationHint NOTIFY changed)
     Q_PROPERTY(bool isValid READ isValid NOTIFY changed)
@@ -48,7 +49,10 @@ public:
     /// What the user reads for each maturity, in their order.
     static QStringList maturityTexts();
 
-    /// What the hint doesn't tell about the identifier: it is too long, or another skill's; empty otherwise.
+    bool hasName() const;
+
+    /// What is wrong with the identifier; empty where nothing is, and as long as neither it nor a name is
+    /// typed.
     QString slugProblem() const;
 
     /// What is missing, or that nothing is.
@@ -73,7 +77,6 @@ Q_SIGNALS:
     void changed();
 
 private:
-    bool hasName() const { return !m_request.displayName.trimmed().isEmpty(); }
     bool hasValidSlug() const;
     bool holdsSlug(Destination destination) const;
     void takeSlug(const QString &slug);

@@ -185,7 +185,7 @@ Sheet {
             font: Typography.small
             symbol: sheet.warning !== "" ? "triangle-alert" : form.isValid ? "circle-check" : "circle"
             text: sheet.warning !== "" ? sheet.warning : form.validationHint
-            visible: !form.isSlugTaken
+            visible: !form.hasName || form.slugProblem === "" // which is told at the field
 
             Accessible.name: text
             Accessible.role: Accessible.StaticText

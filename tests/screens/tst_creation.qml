@@ -44,7 +44,7 @@ ScreenTest {
 
     function test_identifier_follows_the_name_until_it_is_typed() {
         openSheet();
-        verify(!control("Créer").enabled);
+        verify(!control("Créer").enabled && !shows(/^Utilisez/));
         verify(all("Nouvelle compétence").every(item => item.Accessible.description !== "Formulaire valide"));
         type("Audit 2024 !!");
         tryCompare(control("Identifiant"), "text", "audit-2024");
@@ -52,6 +52,7 @@ ScreenTest {
         control("Identifiant").forceActiveFocus();
         type("x_");
         awaitText("Utilisez uniquement des lettres, chiffres et tirets.");
+        compare(control("Identifiant").Accessible.description, "Utilisez uniquement des lettres, chiffres et tirets.");
         verify(!control("Créer").enabled);
         keyClick(Qt.Key_Backspace);
         awaitText("Prête à être créée.");
