@@ -9,6 +9,8 @@ FocusScope {
     required property AppModel model
     required property string path
 
+    readonly property SkillFileContent content: content
+
     function find(): void {
         if (content.kind === SkillFileContent.Text)
             findBar.open();
@@ -33,12 +35,6 @@ FocusScope {
         anchors.right: parent.right
         anchors.top: parent.top
         text: pane.path
-
-        Label {
-            color: Colors.muted
-            font: Typography.small
-            text: content.size
-        }
     }
     Label {
         id: line

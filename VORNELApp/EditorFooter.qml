@@ -2,15 +2,34 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** How the draft stands: saved or not, how long, and whether something runs. */
+/** How the text above stands: the draft, saved or not, or a file that is only looked at; and whether something runs. */
 Item {
     id: footer
 
     required property AppModel model
     required property SkillDraft draft
+    required property SkillFileContent file
+
+    /** Of what is shown; empty where nothing is chosen. */
+    required property string path
+
+    readonly property bool isDraft: path === "SKILL.md"
 
     /** Whether nothing was edited, and the skill that held the text is gone. */
     readonly property bool isLeftBehind: draft.standing === SkillDraft.Gone && !draft.isModified
+
+    readonly property string standing: {
+        if (!isDraft)
+            return file.size === "" ? "" : "LECTURE SEULE";
+        return draft.isSaved ? "ENREGISTRÉ" : isLeftBehind ? "HORS BIBLIOTHÈQUE" : "MODIFIÉ";
+    }
+    readonly property string extent: {
+        if (isDraft)
+            return draft.characterCount + " caractères";
+        if (file.kind !== SkillFileContent.Text)
+            return file.size;
+        return file.lineCount + (file.lineCount < 2 ? " ligne, " : " lignes, ") + file.size;
+    }
 
     implicitHeight: 40
 
@@ -27,15 +46,16 @@ Item {
 
         StatusBadge {
             anchors.verticalCenter: parent.verticalCenter
-            text: footer.draft.isSaved ? "ENREGISTRÉ" : footer.isLeftBehind ? "HORS BIBLIOTHÈQUE" : "MODIFIÉ"
-            tone: footer.draft.isSaved ? StatusBadge.Success : StatusBadge.Warning
+            text: footer.standing
+            tone: !footer.isDraft ? StatusBadge.Neutral : footer.draft.isSaved ? StatusBadge.Success : StatusBadge.Warning
+            visible: text !== ""
         }
         Label {
             anchors.verticalCenter: parent.verticalCenter
             color: Colors.secondary
             font: Typography.small
             text: "Modifications non enregistrées"
-            visible: !footer.draft.isSaved && !footer.isLeftBehind
+            visible: footer.isDraft && !footer.draft.isSaved && !footer.isLeftBehind
         }
     }
     Row {
@@ -53,7 +73,7 @@ Item {
         Label {
             color: Colors.secondary
             font: Typography.small
-            text: footer.draft.characterCount + " caractères"
+            text: footer.extent
         }
     }
 }

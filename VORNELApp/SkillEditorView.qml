@@ -183,7 +183,9 @@ FocusScope {
             anchors.left: parent.left
             anchors.right: parent.right
             draft: editor.draft
+            file: file.content
             model: editor.model
+            path: editor.selectedFile
         }
     }
     DifferencesSheet {

@@ -33,6 +33,12 @@ QImage decodedPicture(QByteArray bytes)
     return reader.read();
 }
 
+int lineCountOf(const QString &text)
+{
+    const bool isLastOpen = !text.isEmpty() && !text.endsWith(u'\n');
+    return static_cast<int>(text.count(u'\n')) + (isLastOpen ? 1 : 0);
+}
+
 } // namespace
 
 void SkillFileContent::setPath(const QString &path)
@@ -61,7 +67,7 @@ void SkillFileContent::refresh()
 QCoro::Task<> SkillFileContent::read(QPointer<SkillFileContent> self, AppModel *model, QUuid id, QString path,
                                      int request)
 {
-    Content content{Unshown, {}, {}, {}, {}};
+    Content content{.kind = Unshown};
     try {
         const auto bytes = co_await model->inspector().readFile(id, std::nullopt, path);
         if (bytes)
@@ -77,7 +83,7 @@ QCoro::Task<> SkillFileContent::read(QPointer<SkillFileContent> self, AppModel *
 
 SkillFileContent::Content SkillFileContent::contentOf(const QString &path, const QByteArray &bytes)
 {
-    Content content{Unshown, {}, {}, Wording::fileSize(bytes.size()), {}};
+    Content content{.kind = Unshown, .size = Wording::fileSize(bytes.size())};
     if (icon({path, path, std::nullopt}) == u"image"_s) {
         content.picture = decodedPicture(bytes);
         content.kind = content.picture.isNull() ? Unshown : Picture;
@@ -90,6 +96,7 @@ SkillFileContent::Content SkillFileContent::contentOf(const QString &path, const
     }
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     content.text = decoder(bytes);
+    content.lineCount = lineCountOf(content.text);
     content.kind = decoder.hasError() || bytes.contains('\0') ? Unshown : Text;
     content.explanation = u"Ce fichier n’est pas un texte."_s;
     return content;

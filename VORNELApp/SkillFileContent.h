@@ -19,6 +19,7 @@ class SkillFileContent : public QObject, public QQmlParserStatus
     Q_PROPERTY(Kind kind READ kind NOTIFY changed)
     Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(QString size READ size NOTIFY changed)
+    Q_PROPERTY(int lineCount READ lineCount NOTIFY changed)
     Q_PROPERTY(QString explanation READ explanation NOTIFY changed)
 
 public:
@@ -41,6 +42,9 @@ public:
     /// In words; empty where the size isn't known.
     QString size() const { return m_content.size; }
 
+    /// How many lines the text has, of which the last need not be ended.
+    int lineCount() const { return m_content.lineCount; }
+
     /// Why a file isn't shown.
     QString explanation() const { return m_content.explanation; }
 
@@ -55,10 +59,11 @@ private:
     struct Content
     {
         Kind kind = Nothing;
-        QString text;
-        QImage picture;
-        QString size;
-        QString explanation;
+        QString text = {};
+        QImage picture = {};
+        QString size = {};
+        int lineCount = 0;
+        QString explanation = {};
     };
 
     static QCoro::Task<> read(QPointer<SkillFileContent> self, AppModel *model, QUuid id, QString path,

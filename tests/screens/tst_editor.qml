@@ -142,7 +142,8 @@ EditorTest {
         awaitText("guide.txt");
         click("guide.txt");
         awaitText("Fichier associé à cette compétence.");
-        awaitText("11\u00a0octets");
+        awaitText("1 ligne, 11\u00a0octets");
+        verify(shows("LECTURE SEULE") && !shows("ENREGISTRÉ") && !shows(/caractères$/));
         const content = control("Contenu de docs/guide.txt");
         verify(content.readOnly);
         content.forceActiveFocus();
@@ -151,6 +152,7 @@ EditorTest {
         compare(fixture.clipboard(), "Bonjour\u00a0!\n");
         click("vide.bin");
         awaitText("Ce fichier n’est pas un texte.");
+        awaitText("3\u00a0octets");
         click("image.png");
         awaitText("Image image.png");
         click("docs");
@@ -159,6 +161,7 @@ EditorTest {
         awaitText("guide.txt");
         click("SKILL.md");
         awaitText("Instructions de la compétence");
+        verify(shows("ENREGISTRÉ") && shows(/caractères$/) && !shows("LECTURE SEULE"));
     }
 
     function test_find() {
