@@ -27,29 +27,40 @@ QString sign(DiffLine::Kind kind)
 
 void CopyComparison::compare(TargetKind target, const QString &path)
 {
+    if (!path.endsWith(u'/')) {
+        begin(std::nullopt, target, path);
+        return;
+    }
     ++m_request;
-    const bool isFolder = path.endsWith(u'/'); // which is listed only if empty
-    show({{}, isFolder ? u"Dossier vide."_s : QString()});
-    if (!isFolder)
-        read(this, m_model, m_skillID, target, path, m_request);
+    show({{}, u"Dossier vide."_s}); // else it would not be listed
+}
+
+void CopyComparison::compareWithText(TargetKind target, const QString &path, const QString &text)
+{
+    begin(text, target, path);
 }
 
 void CopyComparison::compareText(const QString &path, const QString &text)
 {
-    show({});
-    read(this, m_model, m_skillID, text, path, ++m_request);
+    begin(std::nullopt, text, path);
 }
 
-QCoro::Task<> CopyComparison::read(QPointer<CopyComparison> self, AppModel *model, QUuid id, Other other,
-                                   QString path, int request)
+void CopyComparison::begin(const Side &before, const Side &after, const QString &path)
+{
+    show({});
+    read(this, m_model, m_skillID, before, after, path, ++m_request);
+}
+
+QCoro::Task<> CopyComparison::read(QPointer<CopyComparison> self, AppModel *model, QUuid id, Side before,
+                                   Side after, QString path, int request)
 {
     Result result;
     try {
-        const auto canonical = co_await model->inspector().readFile(id, std::nullopt, path);
+        const QByteArray former = co_await bytes(model, id, before, path);
         if (self.isNull())
             co_return;
-        const QByteArray compared = co_await bytes(model, id, other, path);
-        result = co_await QtConcurrent::run(difference, canonical.value_or(QByteArray()), compared);
+        const QByteArray latter = co_await bytes(model, id, after, path);
+        result = co_await QtConcurrent::run(difference, former, latter);
     } catch (const std::exception &error) {
         result.explanation = AppModel::message(error);
     }
@@ -57,25 +68,25 @@ QCoro::Task<> CopyComparison::read(QPointer<CopyComparison> self, AppModel *mode
         self->show(std::move(result));
 }
 
-QCoro::Task<QByteArray> CopyComparison::bytes(AppModel *model, QUuid id, Other other, QString path)
+QCoro::Task<QByteArray> CopyComparison::bytes(AppModel *model, QUuid id, Side side, QString path)
 {
-    if (const QString *text = std::get_if<QString>(&other))
+    if (const QString *text = std::get_if<QString>(&side))
         co_return text->toUtf8();
-    const auto copy = co_await model->inspector().readFile(id, std::get<TargetKind>(other), path);
-    co_return copy.value_or(QByteArray());
+    const auto file = co_await model->inspector().readFile(id, std::get<Folder>(side), path);
+    co_return file.value_or(QByteArray());
 }
 
-CopyComparison::Result CopyComparison::difference(const QByteArray &canonical, const QByteArray &copy)
+CopyComparison::Result CopyComparison::difference(const QByteArray &before, const QByteArray &after)
 {
     constexpr qsizetype largestText = 1'048'576;
-    if (std::max(canonical.size(), copy.size()) > largestText)
+    if (std::max(before.size(), after.size()) > largestText)
         return {{}, u"Ce fichier est trop grand pour être comparé ici."_s};
-    const auto lines = lineDiff(canonical, copy);
+    const auto lines = lineDiff(before, after);
     if (!lines)
         return {{}, u"Ce fichier n’est pas un texte."_s};
     if (!lines->isEmpty())
         return {*lines, {}};
-    return {{}, canonical.isEmpty() ? u"Ce fichier est vide."_s : u"Il n’y a pas de différence."_s};
+    return {{}, before.isEmpty() ? u"Ce fichier est vide."_s : u"Il n’y a pas de différence."_s};
 }
 
 void CopyComparison::show(Result result)

@@ -10,7 +10,7 @@
 
 namespace vornel {
 
-/// The lines in which a file of an assistant's copy, or a text, differs from that of the canonical folder.
+/// The lines in which a file of a skill's folder or of an assistant's copy, or a text, differs from another.
 class CopyComparison : public QAbstractListModel
 {
     Q_OBJECT
@@ -22,8 +22,11 @@ class CopyComparison : public QAbstractListModel
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    /// Begins to compare this file of the skill.
+    /// Begins to compare this file of a copy with that of the skill.
     Q_INVOKABLE void compare(vornel::TargetKind target, const QString &path);
+
+    /// Begins to compare this file of a copy with a text that is to replace it.
+    Q_INVOKABLE void compareWithText(vornel::TargetKind target, const QString &path, const QString &text);
 
     /// Begins to compare a text with this file of the skill.
     Q_INVOKABLE void compareText(const QString &path, const QString &text);
@@ -47,13 +50,17 @@ private:
         QString explanation;
     };
 
-    /// What the file is compared with: that of a copy, or a text.
-    using Other = std::variant<TargetKind, QString>;
+    /// A copy, or the canonical folder.
+    using Folder = std::optional<TargetKind>;
 
-    static QCoro::Task<> read(QPointer<CopyComparison> self, AppModel *model, QUuid id, Other other,
-                              QString path, int request);
-    static QCoro::Task<QByteArray> bytes(AppModel *model, QUuid id, Other other, QString path);
-    static Result difference(const QByteArray &canonical, const QByteArray &copy);
+    /// What is compared: the file of a folder, or a text.
+    using Side = std::variant<Folder, QString>;
+
+    void begin(const Side &before, const Side &after, const QString &path);
+    static QCoro::Task<> read(QPointer<CopyComparison> self, AppModel *model, QUuid id, Side before,
+                              Side after, QString path, int request);
+    static QCoro::Task<QByteArray> bytes(AppModel *model, QUuid id, Side side, QString path);
+    static Result difference(const QByteArray &before, const QByteArray &after);
     void show(Result result);
 
     AppModel *m_model = nullptr;

@@ -17,31 +17,44 @@ Sheet {
     /** What replaces the copies, while it waits for a look at them or for the user. */
     property var action
 
+    /** What "SKILL.md" will be once the copies are replaced, where that isn't what VORNEL's version holds. */
+    property var newText
+
     /** The copies are to stay as they are. */
     signal declined
 
     /** Whether a copy that can't be looked at is to be shown before `action` is run. */
     property bool asksAboutUnreadable
 
-    /** Runs `action` once the copies have been looked at, and the user has agreed where one has edits of its own. */
-    function replaceCopies(acceptText: string, action: var): void {
-        sheet.acceptText = acceptText;
-        sheet.action = action;
+    /** Saves this text once the copies have been looked at, and the user has agreed where one has edits of its own. */
+    function saveOverCopies(text: string, action: var): void {
+        prepare("Enregistrer", action, text);
         asksAboutUnreadable = false;
         copies.check();
     }
 
-    /** The same, for what can only fail with a copy that can't be looked at. */
+    /** Synchronises so, which can only fail with a copy that can't be looked at. */
     function synchronizeCopies(action: var): void {
-        replaceCopies("Synchroniser", action);
+        prepare("Synchroniser", action);
         asksAboutUnreadable = true;
+        copies.check();
     }
 
     /** Opens in any case. */
     function show(acceptText: string, action: var): void {
+        prepare(acceptText, action);
+        open();
+    }
+    function prepare(acceptText: string, action: var, newText: var): void {
         sheet.acceptText = acceptText;
         sheet.action = action;
-        open();
+        sheet.newText = newText;
+    }
+    function compare(target: int, path: string): void {
+        if (newText !== undefined && path === "SKILL.md")
+            comparison.compareWithText(target, path, newText);
+        else
+            comparison.compare(target, path);
     }
     /** Leaves what waits undone. */
     function forget(): void {
@@ -90,7 +103,7 @@ Sheet {
         color: Colors.secondary
         lineHeight: 1.35
         text: "Voici ce que les copies des assistants ont de différent. «\u00A0" + sheet.acceptText
-              + "\u00A0» les remplace par la version de VORNEL\u00A0: ce qui est marqué + disparaît, ce qui est marqué − revient. "
+              + "\u00A0» les remplace par " + (sheet.newText === undefined ? "la version de VORNEL" : "votre version") + "\u00A0: ce qui est marqué + disparaît, ce qui est marqué − revient. "
               + "Ce qui est remplacé reste dans l’historique."
         visible: files.count > 0
         width: parent.width
@@ -129,7 +142,7 @@ Sheet {
             height: parent.height
             model: sheet.copies.differences
             width: Math.min(300, parent.width / 3)
-            onChosen: (target, path) => comparison.compare(target, path)
+            onChosen: (target, path) => sheet.compare(target, path)
         }
         DifferentLines {
             comparison: comparison

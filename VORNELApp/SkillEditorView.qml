@@ -38,7 +38,7 @@ FocusScope {
         else if (model.isWorking)
             model.departure.stay();
         else
-            draft.check(() => differences.replaceCopies("Enregistrer", () => draft.save()));
+            draft.check(() => differences.saveOverCopies(draft.text(), () => draft.save()));
     }
 
     onSkillIDChanged: selectedFile = "SKILL.md"

@@ -120,6 +120,8 @@ EditorTest {
 
         typeAt(0, "x");
         keyClick(Qt.Key_S, Qt.ControlModifier);
+        awaitText("xun"); // which is to replace
+        verify(shows("un"));
         acceptDifferences();
         verifyStored("xun\ndeux\n");
 
