@@ -31,7 +31,11 @@ FocusScope {
     ScreenLoader {
         id: screens
 
-        anchors.fill: parent
+        anchors.bottom: failure.isWanted ? failure.top : parent.bottom
+        anchors.bottomMargin: failure.isWanted ? Metrics.small : 0
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
         model: root.model
         screen: {
             if (!root.isDrawn)
@@ -52,12 +56,12 @@ FocusScope {
         id: failure
 
         anchors.bottom: parent.bottom
-        anchors.margins: Metrics.huge
+        anchors.left: parent.left
+        anchors.margins: Metrics.small
         anchors.right: parent.right
         file: "LastFailure.qml"
         isWanted: root.model.errorMessage !== ""
         properties: ({ model: root.model })
-        width: Math.min(640, parent.width - 2 * Metrics.huge)
     }
     Connections {
         function onSettled() {

@@ -138,9 +138,22 @@ void SkillDraft::conclude(const Outcome &outcome)
         return;
     }
     followFailure(outcome);
-    if (!outcome.isSynchronizationIncomplete()) // otherwise the text itself is saved
+    if (!outcome.isSynchronizationIncomplete()) { // otherwise the text itself is saved
+        m_refusal = outcome.errorCase.isEmpty() ? QString() : outcome.message;
+        m_refusedText = m_sentText.value_or(QString());
         m_sentText.reset();
+    }
     Q_EMIT saveFailed();
+}
+
+/// With the refused text goes what is said of it, unless the model says something else by now.
+void SkillDraft::followRefusal()
+{
+    if (m_refusal.isEmpty() || !m_text->differsFrom(m_refusedText))
+        return;
+    if (m_model->errorMessage() == m_refusal)
+        m_model->clearError();
+    m_refusal.clear();
 }
 
 /// What a failure tells of the skill.
@@ -297,6 +310,7 @@ void SkillDraft::followLibrary()
 
 void SkillDraft::measure()
 {
+    followRefusal();
     setModified(m_text->differsFrom(m_savedText));
     m_isModified ? m_keeper->keepSoon() : settle();
     m_counting.start();

@@ -120,6 +120,7 @@ private:
     bool isOpen(const QUuid &id) const;
     void conclude(const Outcome &outcome);
     void followFailure(const Outcome &outcome);
+    void followRefusal();
     void followKeeping();
     UnsavedText unsavedText(const QString &text) const;
     void followSkill();
@@ -144,6 +145,8 @@ private:
     QByteArray m_knownBytes; ///< that a save may replace; the saved text's, unless that isn't one
     QString m_otherBase;     ///< unless they were found, and began with the text of this digest
     std::optional<QString> m_sentText; ///< what is being saved, until the skill is known to hold it
+    QString m_refusal;                 ///< what the model says of a text that the workspace refused
+    QString m_refusedText;             ///< that text
     QString m_foundMoment;
     QString m_lookFailure;
     std::optional<DraftKeeper> m_keeper;

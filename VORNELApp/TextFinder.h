@@ -1,30 +1,58 @@
 #pragma once
 
+#include <QList>
+#include <QQmlParserStatus>
 #include <QQuickTextDocument>
+#include <QTextBlock>
 
 namespace vornel {
 
-/// Finds a text in a document, without regard to case, going on at the other end.
-class TextFinder : public QObject
+/// Every place at which a document holds a text, line by line, without regard to case or to the kind of blank. An edit
+/// of the document costs what the changed lines cost.
+class TextFinder : public QObject, public QQmlParserStatus
 {
     Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
     Q_PROPERTY(QQuickTextDocument *document MEMBER m_document REQUIRED)
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed)
+    Q_PROPERTY(int count READ count NOTIFY changed)
 
 public:
     using QObject::QObject;
 
-    /// Where `text` begins, at or after `position`; -1 where it isn't found.
-    Q_INVOKABLE int next(const QString &text, int position) const;
+    /// What is looked for; an empty text is nowhere.
+    QString text() const { return m_text; }
+    void setText(const QString &text);
 
-    /// Where `text` begins, ending at or before `position`.
-    Q_INVOKABLE int previous(const QString &text, int position) const;
+    /// Where it begins, in the order of the document. No place overlaps another.
+    const QList<int> &places() const { return m_places; }
+    int count() const { return static_cast<int>(m_places.size()); }
 
-    /// How often the document holds `text`.
-    Q_INVOKABLE int count(const QString &text) const;
+    /// The first place at or after `position`, or the first of all; -1 without any.
+    Q_INVOKABLE int next(int position) const;
+
+    /// The last place that ends at or before `position`, or the last of all.
+    Q_INVOKABLE int previous(int position) const;
+
+    /// Which place it is that begins here and ends there, from 1; 0 where it is none.
+    Q_INVOKABLE int ordinal(int begin, int end) const;
+
+    QTextDocument *textDocument() const { return m_document->textDocument(); }
+
+    void classBegin() override {}
+    void componentComplete() override;
+
+Q_SIGNALS:
+    void changed();
 
 private:
+    void followEdit(int from, int removed, int added);
+    QList<int> placesBetween(QTextBlock first, const QTextBlock &last) const;
+
     QQuickTextDocument *m_document = nullptr;
+    QString m_text;
+    QList<int> m_places;
 };
 
 } // namespace vornel

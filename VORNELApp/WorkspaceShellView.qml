@@ -45,6 +45,10 @@ FocusScope {
                 shell.model.refreshOverview(); // what failed may be done in part, or another program's doing
         }
 
+        function onSelectedDestinationChanged() {
+            shell.model.clearError(); // which was about the screen that is left
+        }
+
         target: shell.model
     }
     DeferredItem {
@@ -122,6 +126,8 @@ FocusScope {
         onIsSkillOpenChanged: {
             if (isSkillOpen && toolbar.isSearching) // in a field that is hidden now
                 takeKeyboard();
+            if (!isSkillOpen)
+                shell.model.clearError();
         }
     }
     OpeningOverlay {

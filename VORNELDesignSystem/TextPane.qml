@@ -8,9 +8,16 @@ FocusScope {
     property alias area: area
 
     Flickable {
+        id: flickable
+
         anchors.fill: parent
         boundsBehavior: Flickable.StopAtBounds
         clip: true
+        onHeightChanged: {
+            const caretEnd = area.cursorRectangle.y + area.cursorRectangle.height + area.bottomPadding;
+            if (area.activeFocus)
+                contentY = Math.max(contentY, caretEnd - height);
+        }
 
         T.ScrollBar.vertical: ScrollRail {}
         T.TextArea.flickable: T.TextArea {

@@ -86,18 +86,47 @@ EditorTest {
     }
 
     function test_failed_copy_keeps_saving_possible() {
-        openSkill("texte");
+        const lines = "ligne\n".repeat(200);
+        openSkill(lines);
         fixture.remove("codex");
         fixture.write("codex", "un fichier à la place du dossier");
-        typeAt(0, "x");
+        typeAt(textArea().length, "x");
         keyClick(Qt.Key_S, Qt.ControlModifier);
-        tryVerify(() => fixture.model.errorMessage !== "");
+        awaitText("Fermer");
         awaitText("ENREGISTRÉ");
-        verifyOnDisk("xtexte");
+        settle();
+        const panel = all(model.errorMessage)[0];
+        const bottomOf = (item, y) => item.mapToItem(panel, 0, y).y;
+        for (const shown of [all(/caractères$/)[0], all("Attention requise")[0]])
+            verify(bottomOf(shown, shown.height) <= 0, "nothing is covered");
+        const caret = textArea().cursorRectangle;
+        tryVerify(() => bottomOf(textArea(), caret.y + caret.height) < bottomOf(all(/caractères$/)[0], 0), 1000, "the caret is in view");
+        verifyOnDisk(lines + "x");
         fixture.remove("codex");
         typeAt(0, "y");
         save();
-        verifyStored("yxtexte");
+        verifyStored("y" + lines + "x");
+    }
+
+    function test_a_failure_goes_with_its_cause() {
+        openSkill("texte");
+        textArea().selectAll();
+        press(Qt.Key_Delete);
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        tryVerify(() => model.errorMessage.endsWith("ne contient pas de fichier SKILL.md."));
+        settle();
+        textArea().forceActiveFocus();
+        type(" ");
+        compare(model.errorMessage, "", "the text is another");
+        while (textArea().canUndo)
+            undo();
+        for (const way of ["Retour à la bibliothèque", "Corbeille"]) {
+            model.restore(fixture.idOf("audit"));
+            tryVerify(() => model.errorMessage !== "");
+            settle();
+            click(way);
+            tryCompare(model, "errorMessage", "");
+        }
     }
 
     function test_drift_is_shown_before_it_is_replaced() {
