@@ -8,17 +8,20 @@ FocusScope {
 
     required property TextPane pane
 
-    readonly property int hits: {
-        void pane.area.length; // with the text, its places may change
-        return visible ? finder.count(field.text) : 0;
+    /** Which of the places is selected, from 1; 0 where none is. */
+    readonly property int current: {
+        void finder.count; // with the text, its places may change
+        return finder.ordinal(pane.area.selectionStart, pane.area.selectionEnd);
     }
 
     function open(): void {
-        visible = true;
+        const start = pane.area.selectionStart;
         if (pane.area.selectedText !== "")
             field.text = pane.area.selectedText;
+        visible = true;
         field.forceActiveFocus(Qt.ShortcutFocusReason);
         field.selectAll();
+        go(finder.next(start));
     }
     function close(): void {
         visible = false;
@@ -29,10 +32,10 @@ FocusScope {
             pane.area.select(position, position + field.text.length);
     }
     function goOn(): void {
-        go(finder.next(field.text, pane.area.selectionEnd));
+        go(finder.next(pane.area.selectionEnd));
     }
     function goBack(): void {
-        go(finder.previous(field.text, pane.area.selectionStart));
+        go(finder.previous(pane.area.selectionStart));
     }
 
     implicitHeight: Metrics.controlHeight + 2 * Metrics.small
@@ -44,6 +47,18 @@ FocusScope {
         id: finder
 
         document: bar.pane.area.textDocument
+        text: bar.visible ? field.text : ""
+        onTextChanged: bar.go(next(bar.pane.area.selectionStart))
+    }
+    FoundMarks {
+        anchors.fill: parent
+        clip: true
+        color: Qt.alpha(Colors.accent, 0.3)
+        finder: finder
+        origin: Qt.point(bar.pane.area.leftPadding, bar.pane.area.topPadding - bar.pane.contentY)
+        parent: bar.pane
+        visible: bar.visible
+        z: -1 // behind the text
     }
     Rectangle {
         anchors.fill: parent
@@ -59,18 +74,28 @@ FocusScope {
         focus: true
         placeholderText: "Rechercher dans le texte"
         width: Math.min(320, bar.width / 2)
-        onTextEdited: bar.go(finder.next(text, bar.pane.area.selectionStart))
 
+        Accessible.description: bar.current === 0 ? result.text : "Résultat " + bar.current + " sur " + finder.count
         Keys.onEscapePressed: bar.close()
         Keys.onReturnPressed: event => event.modifiers & Qt.ShiftModifier ? bar.goBack() : bar.goOn()
     }
     Label {
+        id: result
+
         anchors.left: field.right
         anchors.leftMargin: Metrics.medium
         anchors.verticalCenter: parent.verticalCenter
-        color: bar.hits === 0 && field.text !== "" ? Colors.warning : Colors.secondary
+        color: finder.count === 0 ? Colors.warning : Colors.secondary
         font: Typography.small
-        text: field.text === "" ? "" : bar.hits === 0 ? "Aucun résultat" : bar.hits === 1 ? "1 résultat" : bar.hits + " résultats"
+        text: {
+            if (finder.text === "")
+                return "";
+            if (finder.count === 0)
+                return "Aucun résultat";
+            if (bar.current > 0)
+                return bar.current + " / " + finder.count;
+            return finder.count === 1 ? "1 résultat" : finder.count + " résultats";
+        }
     }
     Row {
         anchors.right: parent.right

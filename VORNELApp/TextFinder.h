@@ -1,25 +1,29 @@
 #pragma once
 
 #include <QList>
-#include <QQmlParserStatus>
 #include <QQuickTextDocument>
 #include <QTextBlock>
 
 namespace vornel {
 
-/// Every place at which a document holds a text, line by line, without regard to case or to the kind of blank. An edit
-/// of the document costs what the changed lines cost.
-class TextFinder : public QObject, public QQmlParserStatus
+/// Every place at which a document holds a text, line by line, without regard to case or to the kind of
+/// blank. An edit of the document costs what the changed lines cost.
+class TextFinder : public QObject
 {
     Q_OBJECT
-    Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
-    Q_PROPERTY(QQuickTextDocument *document MEMBER m_document REQUIRED)
-    Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed)
+    Q_PROPERTY(QQuickTextDocument *document READ document WRITE setDocument REQUIRED)
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
     Q_PROPERTY(int count READ count NOTIFY changed)
 
 public:
     using QObject::QObject;
+
+    /// Where it looks.
+    QQuickTextDocument *document() const { return m_document; }
+    void setDocument(QQuickTextDocument *document);
+    QTextDocument *textDocument() const { return m_textDocument; }
+    void setTextDocument(QTextDocument *document);
 
     /// What is looked for; an empty text is nowhere.
     QString text() const { return m_text; }
@@ -38,19 +42,19 @@ public:
     /// Which place it is that begins here and ends there, from 1; 0 where it is none.
     Q_INVOKABLE int ordinal(int begin, int end) const;
 
-    QTextDocument *textDocument() const { return m_document->textDocument(); }
-
-    void classBegin() override {}
-    void componentComplete() override;
-
 Q_SIGNALS:
+    void textChanged();
+
+    /// The places may be others now.
     void changed();
 
 private:
+    void findAll();
     void followEdit(int from, int removed, int added);
     QList<int> placesBetween(QTextBlock first, const QTextBlock &last) const;
 
     QQuickTextDocument *m_document = nullptr;
+    QTextDocument *m_textDocument = nullptr;
     QString m_text;
     QList<int> m_places;
 };

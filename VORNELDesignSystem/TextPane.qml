@@ -6,6 +6,7 @@ FocusScope {
     id: pane
 
     property alias area: area
+    readonly property alias contentY: flickable.contentY
 
     Flickable {
         id: flickable

@@ -3,6 +3,7 @@
 #include <VORNELApp/FaithfulText.h>
 #include <VORNELApp/MarkdownHighlighter.h>
 #include <VORNELApp/SkillFileListModel.h>
+#include <VORNELApp/TextFinder.h>
 
 #include <QAbstractItemModelTester>
 #include <QTest>
@@ -78,6 +79,47 @@ TEST(FaithfulText, ChangesWhatIsEditedAndNothingElse)
         text.replace(u"autre\r\n"_s);
         ASSERT_EQ(text.text(), u"autre\r\n"_s);
     }
+}
+
+/// Every place of a text in another, found the long way.
+QList<int> placesIn(const QString &whole, const QString &text)
+{
+    QList<int> places;
+    for (qsizetype at = whole.indexOf(text, 0, Qt::CaseInsensitive); at >= 0;
+         at = whole.indexOf(text, at + text.size(), Qt::CaseInsensitive))
+        places.append(static_cast<int>(at));
+    return places;
+}
+
+TEST(TextFinder, FollowsEveryEdit)
+{
+    Editing editing;
+    QTextDocument document;
+    document.documentLayout(); // without one, a document doesn't tell what changes
+    TextFinder finder;
+    finder.setText(u"x "_s);
+    finder.setTextDocument(&document);
+    for (int edit = 0; edit < 3'000; ++edit) {
+        QTextCursor cursor(&document);
+        cursor.setPosition(static_cast<int>(editing.pick(document.characterCount())));
+        const qsizetype end = cursor.position() + editing.pick(6);
+        cursor.setPosition(static_cast<int>(std::min<qsizetype>(end, document.characterCount() - 1)),
+                           QTextCursor::KeepAnchor);
+        static const QStringList pieces{u"x"_s,      u"X\u00A0"_s,  u" "_s,   u"\n"_s,
+                                        u"x x x "_s, u"a\nx \nb"_s, QString()};
+        cursor.insertText(pieces.at(editing.pick(pieces.size())));
+        if (edit % 7 == 0)
+            document.undo();
+        ASSERT_EQ(finder.places(), placesIn(document.toPlainText(), u"x "_s)) << "edit " << edit;
+    }
+    ASSERT_GT(finder.count(), 2);
+    const QList<int> places = finder.places();
+    EXPECT_EQ(finder.next(places.at(1)), places.at(1));
+    EXPECT_EQ(finder.next(places.last() + 1), places.first());
+    EXPECT_EQ(finder.previous(places.at(1) + 2), places.at(1));
+    EXPECT_EQ(finder.previous(places.first()), places.last());
+    EXPECT_EQ(finder.ordinal(places.at(1), places.at(1) + 2), 2);
+    EXPECT_EQ(finder.ordinal(places.at(1), places.at(1) + 1), 0);
 }
 
 TEST(MarkdownHighlighter, KnowsWhereItIs)

@@ -200,20 +200,44 @@ EditorTest {
         typeAt(0, "");
         keyClick(Qt.Key_F, Qt.ControlModifier);
         verify(control("Rechercher dans le texte").activeFocus);
-        type("mot");
-        awaitText("3 résultats");
-        compare(textArea().selectionStart, 3);
-        for (const place of [17, 28, 3]) {
+        type("mot.");
+        awaitText("1 / 2");
+        compare(textArea().selectedText, "MOT.");
+        press(Qt.Key_Backspace);
+        awaitText("2 / 3");
+        press(Qt.Key_Return, Qt.Key_Return);
+        for (const [place, position] of [[17, "2 / 3"], [28, "3 / 3"], [3, "1 / 3"]]) {
             press(Qt.Key_Return);
             compare(textArea().selectionStart, place);
+            verify(shows(position));
         }
+        compare(control("Rechercher dans le texte").Accessible.description, "Résultat 1 sur 3");
         keyClick(Qt.Key_Return, Qt.ShiftModifier);
         compare(textArea().selectionStart, 28);
+        verifyMarks([3, 17], [0, 12]);
+        textArea().insert(0, "Un mot ");
+        awaitText("4 / 4");
+        verifyMarks([3, 10, 24], [0, 19]); // where the text has moved to
         type("x");
         awaitText("Aucun résultat");
+        press(Qt.Key_Backspace);
         press(Qt.Key_Escape);
-        verify(textArea().activeFocus && !shows("Aucun résultat"));
+        verify(textArea().activeFocus && !shows(/ \/ 4$/));
         verify(shows("INSTRUCTIONS"), "Esc closes one thing at a time");
+        verifyMarks([], [3, 10, 24]);
+    }
+    /** The letters at some places are marked, those at others aren't. */
+    function verifyMarks(marked, plain) {
+        const background = place => {
+            const letter = textArea().positionToRectangle(place);
+            const spot = textArea().mapToItem(root, letter.x + 1, letter.y + letter.height - 1);
+            return String(grabImage(root).pixel(spot.x, spot.y));
+        };
+        const surface = String(Qt.color("#12161B"));
+        for (const place of marked)
+            tryVerify(() => background(place) !== surface, 1000, "marked at " + place);
+        for (const place of plain)
+            tryVerify(() => background(place) === surface, 1000, "plain at " + place);
     }
 
     function test_trash() {
