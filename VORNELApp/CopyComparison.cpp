@@ -1,7 +1,11 @@
 #include "CopyComparison.h"
 
+#include <QClipboard>
 #include <QCoro/QCoroFuture>
+#include <QGuiApplication>
 #include <QtConcurrentRun>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -43,6 +47,18 @@ void CopyComparison::compareWithText(TargetKind target, const QString &path, con
 void CopyComparison::compareText(const QString &path, const QString &text)
 {
     begin(std::nullopt, text, path);
+}
+
+void CopyComparison::copy(int first, int last) const
+{
+    QStringList texts;
+    for (int row = std::max(0, first); row <= last; ++row) {
+        const DiffLine &line = m_result.lines.at(row);
+        if (line.oldNumber != 0 || line.newNumber != 0)
+            texts.append(line.text);
+    }
+    if (!texts.isEmpty())
+        QGuiApplication::clipboard()->setText(texts.join(u'\n'));
 }
 
 void CopyComparison::begin(const Side &before, const Side &after, const QString &path)

@@ -31,6 +31,10 @@ public:
     /// Begins to compare a text with this file of the skill.
     Q_INVOKABLE void compareText(const QString &path, const QString &text);
 
+    /// Puts lines on the clipboard, from the first to the last, as their file holds them: without signs,
+    /// numbers and remarks.
+    Q_INVOKABLE void copy(int first, int last) const;
+
     /// Why there are no lines.
     QString explanation() const { return m_result.explanation; }
 

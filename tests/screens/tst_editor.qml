@@ -140,6 +140,8 @@ EditorTest {
         awaitText("Différences avec les copies");
         awaitText("deux");
         verify(shows("DEUX") && shows("SKILL.md, modifié, Claude"));
+        verifyLinesAreCopied(["un", "deux", "DEUX"]);
+        keyClick(Qt.Key_Backtab);
         keyClick(Qt.Key_Down);
         awaitText("idée");
         verify(all("notes/idee.md, ajouté, Claude").length === 1);
@@ -159,6 +161,28 @@ EditorTest {
         awaitText(/^Les copies des assistants n’ont pas pu être comparées/);
         keyClick(Qt.Key_Escape);
         fixture.remove("workspace/skills/autre");
+    }
+
+    function verifyLinesAreCopied(texts) {
+        const lines = list("Lignes différentes");
+        const verifyCopied = (...expected) => {
+            keyClick(Qt.Key_C, Qt.ControlModifier);
+            compare(fixture.clipboard(), expected.join("\n"));
+        };
+        lines.forceActiveFocus();
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        verifyCopied(...texts);
+        press(Qt.Key_Home);
+        compare(focusedName(), texts[0]);
+        keyClick(Qt.Key_Down, Qt.ShiftModifier);
+        verifyCopied(texts[0], texts[1]);
+        const middle = text => lines.mapFromItem(all(text)[0], 100, 8);
+        mousePress(lines, 100, middle(texts[2]).y);
+        mouseMove(lines, 100, middle(texts[1]).y);
+        mouseRelease(lines, 100, middle(texts[1]).y);
+        verifyCopied(texts[1], texts[2]);
+        mouseClick(lines, 100, middle(texts[2]).y);
+        verifyCopied(texts[2]);
     }
 
     function test_files() {
