@@ -52,7 +52,6 @@ Window {
         boundsBehavior: Flickable.StopAtBounds
         contentHeight: root.height
         contentWidth: root.width
-        focus: true
         interactive: contentWidth > width || contentHeight > height // in a window that had to be smaller
 
         T.ScrollBar.horizontal: ScrollRail {}
