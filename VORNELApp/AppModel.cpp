@@ -154,6 +154,11 @@ SkillCategory AppModel::category(const QString &id) const
     return LibraryQuery::category(overview ? overview->categories : SkillCategory::defaults(), id);
 }
 
+QUrl AppModel::folder(const QString &slug) const
+{
+    return QUrl::fromLocalFile(pathText(m_workspaceURL / "skills" / slug.toStdString()));
+}
+
 void AppModel::setSelectedDestination(std::optional<Destination> destination)
 {
     if (destination != selectedDestination())

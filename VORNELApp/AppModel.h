@@ -17,6 +17,7 @@
 #include <QCoro/QCoroTask>
 #include <QObjectBindableProperty>
 #include <QSettings>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include <exception>
@@ -173,6 +174,9 @@ public:
 
     /// The category of this identifier, or the catch-all one.
     Q_INVOKABLE vornel::SkillCategory category(const QString &id) const;
+
+    /// Where the skill of this slug stands while it is active.
+    Q_INVOKABLE QUrl folder(const QString &slug) const;
 
     /// A destination begins without a search, which is about what it lists.
     void setSelectedDestination(std::optional<Destination> destination);

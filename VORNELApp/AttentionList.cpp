@@ -2,7 +2,6 @@
 
 #include <QCoro/QCoroFuture>
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -18,16 +17,6 @@ QString lineOf(const QList<TargetInspection> &inspections)
     for (const TargetInspection &inspection : inspections)
         states.append(inspection.assistant() + u"\u00A0: "_s + inspection.stateText());
     return (QStringList{u"Mise à jour nécessaire"_s} + states).join(u" · "_s);
-}
-
-bool isEdited(const TargetInspection &inspection)
-{
-    return !inspection.differences.isEmpty();
-}
-
-bool hasFailed(const TargetInspection &inspection)
-{
-    return inspection.state == SyncState::failed;
 }
 
 } // namespace
@@ -68,8 +57,6 @@ void AttentionList::lookAtNext()
         return;
     }
     m_isLooking = false;
-    if (m_isSurveying)
-        endSurvey();
 }
 
 QCoro::Task<> AttentionList::inspect(QPointer<AttentionList> self, AppModel *model, QUuid id)
@@ -88,52 +75,16 @@ void AttentionList::show(const QUuid &id, const QList<TargetInspection> &inspect
 {
     m_inspections.insert(id, inspections);
     m_current.insert(id);
-    if (!m_isSurveying) // which shows all it saw at its end
-        refresh();
+    refresh();
     lookAtNext();
 }
 
-void AttentionList::survey()
+QVariantList AttentionList::ids() const
 {
-    if (m_isSurveying || entries().isEmpty())
-        return;
-    setSurveying(true);
-    m_surveyed.clear();
-    for (const SkillEntry &entry : entries()) {
-        m_surveyed.insert(entry.id);
-        look(entry.id);
-    }
-}
-
-void AttentionList::forgetSurvey()
-{
-    setSurveying(false);
-}
-
-void AttentionList::endSurvey()
-{
-    m_editedCopies = 0;
-    m_sawEveryCopy = true;
-    for (const QUuid &id : std::as_const(m_surveyed)) {
-        const QList<TargetInspection> inspections = m_inspections.value(id);
-        m_editedCopies += static_cast<int>(std::ranges::count_if(inspections, isEdited));
-        if (inspections.isEmpty() || std::ranges::any_of(inspections, hasFailed))
-            m_sawEveryCopy = false;
-    }
-    refresh();
-    setSurveying(false);
-    Q_EMIT surveyed();
-}
-
-void AttentionList::synchronizeSurveyed()
-{
-    model()->synchronizeSkills(m_surveyed);
-}
-
-void AttentionList::setSurveying(bool isSurveying)
-{
-    m_isSurveying = isSurveying;
-    Q_EMIT isSurveyingChanged();
+    QVariantList ids;
+    for (const SkillEntry &entry : entries())
+        ids.append(QVariant::fromValue(entry.id));
+    return ids;
 }
 
 } // namespace vornel

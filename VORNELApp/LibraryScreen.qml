@@ -14,14 +14,12 @@ FocusScope {
 
     /** Asks for this skill; for a selected one, and without one, for all that are selected. */
     function askToTrash(id: var): void {
-        if (model.isWorking)
-            return;
-        confirmation.make();
-        const question = confirmation.item as TrashConfirmation;
-        if (id === undefined || selection.contains(id))
-            question.askForSelection();
+        if (id === undefined)
+            selection.hold();
         else
-            question.askFor(id);
+            selection.hold(id);
+        actions.make();
+        (actions.item as SkillActions).askToTrash();
     }
     function openCategories(isCreating: bool): void {
         categories.make();
@@ -94,6 +92,10 @@ FocusScope {
         page: page
         selection: selection
         visible: library.hasResults
+        onMenuAsked: (card, place) => {
+            actions.make();
+            (actions.item as SkillActions).menu.openFor(card.skill, card, place);
+        }
         onTrashAsked: id => library.askToTrash(id)
     }
     DeferredItem {
@@ -141,9 +143,10 @@ FocusScope {
         properties: ({ model: library.model })
     }
     DeferredItem {
-        id: confirmation
+        id: actions
 
-        file: "TrashConfirmation.qml"
-        properties: ({ selection: selection })
+        file: "SkillActions.qml"
+        properties: ({ canSelect: true, model: library.model, selection: selection })
+        visible: true
     }
 }

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -17,58 +16,23 @@ FocusScope {
         return total === 0 ? "" : entries.count === total ? counted : entries.count + " sur " + counted;
     }
 
-    /** Nothing opens over another screen, or over a skill on its way. */
-    readonly property bool isWatched: visible && !model.isDetailLoading
-
-    /** Whether a sheet or a menu has the keyboard. */
-    function isCovered(): bool {
-        for (let item = Window.activeFocusItem; item; item = item.parent) {
-            if (item === T.Overlay.overlay)
-                return true;
-        }
-        return false;
-    }
-    function synchronize(id: uuid): void {
-        if (model.isWorking)
-            return;
-        copies.skillID = id;
-        differences.synchronizeCopies(() => model.synchronizeSkill(id));
-    }
-
-    onIsWatchedChanged: {
-        if (isWatched)
-            return;
-        entries.forgetSurvey();
-        differences.forget();
-    }
-
     AttentionList {
         id: entries
 
         model: attention.model
-        onSurveyed: {
-            if (attention.model.isWorking)
-                survey(); // what is being done may change what was seen
-            else if (!attention.isCovered())
-                question.open();
-        }
     }
-    SkillCopies {
-        id: copies
+    SkillSelection {
+        id: held
 
+        destination: AppStates.Destination.needsAttention
         model: attention.model
     }
-    DifferencesSheet {
-        id: differences
+    SkillActions {
+        id: actions
 
-        copies: copies
+        anchors.fill: parent
         model: attention.model
-        onClosed: view.takeOver()
-    }
-    SynchronizationQuestion {
-        id: question
-
-        skills: entries
+        selection: held
         onClosed: view.takeOver()
     }
     SkillListHeader {
@@ -88,13 +52,13 @@ FocusScope {
 
         BusySignal {
             anchors.verticalCenter: parent.verticalCenter
-            isBusy: entries.isSurveying
+            isBusy: actions.synchronization.isSurveying
         }
         ActionButton {
-            enabled: entries.count > 0 && !entries.isSurveying && !attention.model.isWorking
+            enabled: entries.count > 0 && !actions.synchronization.isSurveying && !attention.model.isWorking
             symbol: "refresh-cw"
             text: "Tout synchroniser"
-            onClicked: entries.survey()
+            onClicked: actions.synchronization.synchronizeAll(entries.ids())
         }
     }
     SkillListView {
@@ -111,9 +75,10 @@ FocusScope {
             model: attention.model
             skills: entries
             onClicked: attention.model.selectSkill(record.id)
+            onMenuAsked: place => actions.menu.openFor(record.skill, this, place)
             onSynchronizationAsked: {
                 view.currentIndex = index;
-                attention.synchronize(record.id);
+                actions.synchronization.synchronize([record.id]);
             }
         }
     }

@@ -44,7 +44,10 @@ Row {
         isCompact: bar.isCompact
         symbol: "folder"
         text: "Déplacer"
-        onClicked: categories.open()
+        onClicked: {
+            bar.selection.hold();
+            categories.open();
+        }
 
         CategoryMenu {
             id: categories

@@ -14,6 +14,7 @@ T.ItemDelegate {
 
     signal selectionAsked
     signal rangeAsked
+    signal menuAsked(place: point)
 
     readonly property skillSummary skill: record.skill
     readonly property color hue: CategoryVisuals.hue(record.category.colorHex)
@@ -39,6 +40,14 @@ T.ItemDelegate {
         z: 1 // above the content, and for clicks with these keys alone
         onClicked: mouse => mouse.modifiers & Qt.ShiftModifier ? card.rangeAsked() : card.selectionAsked()
         onPressed: mouse => mouse.accepted = (mouse.modifiers & (Qt.ControlModifier | Qt.ShiftModifier)) !== 0
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => {
+            card.forceActiveFocus(Qt.MouseFocusReason);
+            card.menuAsked(eventPoint.position);
+        }
     }
 
     background: Rectangle {

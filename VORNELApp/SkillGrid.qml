@@ -7,8 +7,8 @@ import VORNELDesignSystem
 
 /**
  * The cards of a page. Arrows, Home and End move, and select with Shift; Page Up and Page Down turn the page, Enter
- * opens, Space or a Ctrl+click selects, a Shift+click all up to there. A card that is dragged takes its skills to where
- * it is dropped.
+ * opens, Space or a Ctrl+click selects, a Shift+click all up to there; a right click or the Menu key asks for its menu.
+ * A card that is dragged takes its skills to where it is dropped.
  */
 FocusScope {
     id: grid
@@ -18,6 +18,7 @@ FocusScope {
     required property SkillSelection selection
 
     signal trashAsked(id: uuid)
+    signal menuAsked(card: SkillCard, place: point)
 
     property int currentIndex: 0
     property SkillCard currentCard
@@ -114,6 +115,11 @@ FocusScope {
         event.accepted = false;
     }
 
+    Shortcut {
+        enabled: grid.activeFocus && grid.page.cardCount > 0
+        sequences: ["Menu", "Shift+F10"]
+        onActivated: grid.menuAsked(grid.currentCard, Qt.point(Metrics.huge, grid.currentCard.height / 2))
+    }
     Connections {
         function onChanged() {
             grid.setCurrent(grid.currentIndex);
@@ -170,6 +176,7 @@ FocusScope {
                     y: record.row * grid.rowHeight + record.headersAbove * grid.headerHeight + Metrics.tiny
                     onActiveFocusChanged: if (activeFocus) grid.setCurrent(index)
                     onClicked: grid.choose(skill)
+                    onMenuAsked: place => grid.menuAsked(this, place)
                     onRangeAsked: grid.selectTo(index)
                     onSelectionAsked: {
                         forceActiveFocus(Qt.MouseFocusReason);

@@ -13,6 +13,8 @@ T.ItemDelegate {
 
     readonly property bool isCurrent: ListView.isCurrentItem
 
+    signal menuAsked(place: point)
+
     implicitWidth: ListView.view?.width ?? 0
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     focusPolicy: Qt.ClickFocus
@@ -28,6 +30,14 @@ T.ItemDelegate {
     Accessible.name: text
     Accessible.role: Accessible.ListItem
     Accessible.onPressAction: if (enabled) clicked()
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => {
+            row.forceActiveFocus(Qt.MouseFocusReason);
+            row.menuAsked(eventPoint.position);
+        }
+    }
 
     background: Rectangle {
         border.color: row.record.isSelected ? Colors.accent : row.hovered && row.isChoosable ? Colors.muted : Colors.line

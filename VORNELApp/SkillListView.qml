@@ -34,6 +34,14 @@ RowList {
 
     Window.onActiveFocusItemChanged: if (activeFocus) recovery.start()
 
+    Shortcut {
+        enabled: view.activeFocus
+        sequences: ["Menu", "Shift+F10"]
+        onActivated: {
+            const row = view.currentItem as SkillListRow;
+            row?.menuAsked(Qt.point(row.leftPadding, row.height / 2));
+        }
+    }
     Timer {
         id: recovery
 

@@ -2,6 +2,9 @@
 
 #include "DragPayload.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -34,10 +37,10 @@ void SkillSelection::follow()
         connect(m_model, changed, this, &SkillSelection::followShown);
 }
 
-QList<SkillSummary> SkillSelection::among(const QSet<QUuid> &ids) const
+QList<SkillSummary> SkillSelection::held() const
 {
     QList<SkillSummary> skills = m_model->skills(m_destination);
-    skills.removeIf([&ids](const SkillSummary &skill) { return !ids.contains(skill.id); });
+    skills.removeIf([this](const SkillSummary &skill) { return !m_held.contains(skill.id); });
     return skills;
 }
 
@@ -51,17 +54,25 @@ QString SkillSelection::countText() const
     return hidden == 0 ? text : text + u" · "_s + counted(hidden, u" masquée"_s, u" masquées"_s);
 }
 
+QVariantList SkillSelection::ids() const
+{
+    QVariantList ids;
+    for (const SkillSummary &skill : held())
+        ids.append(QVariant::fromValue(skill.id));
+    return ids;
+}
+
 QStringList SkillSelection::slugs() const
 {
     QStringList slugs;
-    for (const SkillSummary &skill : among(m_shown))
+    for (const SkillSummary &skill : held())
         slugs.append(skill.slug);
     return slugs;
 }
 
 QVariant SkillSelection::only() const
 {
-    const QList<SkillSummary> skills = among(m_shown);
+    const QList<SkillSummary> skills = held();
     return skills.size() == 1 ? QVariant::fromValue(skills.first()) : QVariant();
 }
 
@@ -97,14 +108,14 @@ void SkillSelection::drop(const QString &text, const QString &category)
 
 void SkillSelection::assign(const QString &category)
 {
-    m_model->assignSkills(m_shown, category);
+    m_model->assignSkills(m_held, category);
 }
 
 QString SkillSelection::heldNames() const
 {
     constexpr qsizetype mostNames = 3;
     QStringList names;
-    for (const SkillSummary &skill : among(m_held))
+    for (const SkillSummary &skill : held())
         names.append(skill.displayName);
     const qsizetype others = names.size() - mostNames;
     if (others <= 0)
@@ -126,6 +137,14 @@ void SkillSelection::restore()
 void SkillSelection::deletePermanently()
 {
     m_model->deleteSkillsPermanently(m_held);
+}
+
+void SkillSelection::copyPaths() const
+{
+    QStringList paths;
+    for (const QString &slug : slugs())
+        paths.append(m_model->folder(slug).toLocalFile());
+    QGuiApplication::clipboard()->setText(paths.join(u'\n'));
 }
 
 void SkillSelection::change(bool isSelecting, const QSet<QUuid> &ids)

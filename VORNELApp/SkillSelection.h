@@ -9,6 +9,7 @@ namespace vornel {
 /// The skills chosen in the selection mode of the library or of another list, what a dragged card carries,
 /// and the actions on either. They concern those that the list shows: what a search or a filter hides stays
 /// selected, and as it is. Skills that are gone leave the selection; the mode ends with the last of them.
+/// An action is done to the skills that were held when the user began with it, by a menu or a question.
 class SkillSelection : public QObject
 {
     Q_OBJECT
@@ -31,12 +32,6 @@ public:
 
     /// The same for the user, with how many are hidden.
     QString countText() const;
-
-    /// The slugs of the selected skills that are shown, in the order of the list.
-    Q_INVOKABLE QStringList slugs() const;
-
-    /// The one selected skill that is shown; an invalid variant for none or several.
-    Q_INVOKABLE QVariant only() const;
 
     /// Whether every skill that passes the filters is selected, and there is one.
     bool holdsAll() const { return m_holdsAll; }
@@ -64,21 +59,31 @@ public:
     /// Puts the skills that a dropped text names into a category. A text that names none does nothing.
     Q_INVOKABLE void drop(const QString &text, const QString &category);
 
-    /// Puts the selected skills into a category; they stay selected.
-    Q_INVOKABLE void assign(const QString &category);
-
-    /// Takes the skills that the user is asked about: those selected, or one by itself. What the answer does
-    /// is done to these, whatever is selected or hidden by then.
+    /// Takes what the next action is about: the selected skills that are shown or, where only one skill was
+    /// pointed at, what a drag of it would carry.
     Q_INVOKABLE void hold() { m_held = m_shown; }
-    Q_INVOKABLE void holdAlone(QUuid id) { m_held = {id}; }
+    Q_INVOKABLE void hold(QUuid id) { m_held = carried(id); }
+
     Q_INVOKABLE int heldCount() const { return static_cast<int>(m_held.size()); }
+
+    /// The held skills in the order of the list: identifiers, slugs, and the only one, which is an invalid
+    /// variant for none or several.
+    Q_INVOKABLE QVariantList ids() const;
+    Q_INVOKABLE QStringList slugs() const;
+    Q_INVOKABLE QVariant only() const;
 
     /// Their names, of many the first ones.
     Q_INVOKABLE QString heldNames() const;
 
+    /// Puts the held skills into a category; they stay selected.
+    Q_INVOKABLE void assign(const QString &category);
+
     Q_INVOKABLE void trash();
     Q_INVOKABLE void restore();
     Q_INVOKABLE void deletePermanently();
+
+    /// Puts the places of the held skills on the clipboard, one on a line.
+    Q_INVOKABLE void copyPaths() const;
 
 Q_SIGNALS:
     void modelChanged();
@@ -91,7 +96,7 @@ private:
     void dropMissing();
     void compareWithShown();
     void followShown();
-    QList<SkillSummary> among(const QSet<QUuid> &ids) const;
+    QList<SkillSummary> held() const;
     QSet<QUuid> carried(const QUuid &id) const;
 
     AppModel *m_model = nullptr;

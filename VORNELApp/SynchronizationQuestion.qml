@@ -2,18 +2,18 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** Asks before the skills that were surveyed are all synchronised, and tells what that replaces. */
+/** Asks before the skills of a survey are all synchronised, and tells what that replaces. */
 ConfirmationDialog {
     id: question
 
-    required property AttentionList skills
+    required property CopySurvey survey
 
-    readonly property int edited: skills.editedCopies
+    readonly property int edited: survey.editedCopies
     readonly property string loss: {
-        if (edited === 0 && !skills.sawEveryCopy)
+        if (edited === 0 && !survey.sawEveryCopy)
             return "Vos assistants recevront la version de VORNEL. Certaines copies n’ont pas pu être comparées.";
         if (edited === 0)
-            return (skills.surveyedCount === 1 ? "Aucune de ses copies" : "Aucune de leurs copies")
+            return (survey.count === 1 ? "Aucune de ses copies" : "Aucune de leurs copies")
                 + " n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
         const what = edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée"
             : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées";
@@ -23,7 +23,7 @@ ConfirmationDialog {
     acceptText: "Tout synchroniser"
     isDestructive: edited > 0
     message: loss
-    title: skills.surveyedCount === 1 ? "Synchroniser 1 compétence\u00A0?"
-        : "Synchroniser " + skills.surveyedCount + " compétences\u00A0?"
-    onAccepted: skills.synchronizeSurveyed()
+    title: survey.count === 1 ? "Synchroniser 1 compétence\u00A0?"
+        : "Synchroniser " + survey.count + " compétences\u00A0?"
+    onAccepted: survey.synchronize()
 }

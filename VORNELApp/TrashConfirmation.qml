@@ -2,7 +2,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** Asks before the selected skills, or one by itself, go to the trash. */
+/** Asks before the skills that a selection holds go to the trash. */
 ConfirmationDialog {
     id: confirmation
 
@@ -10,14 +10,6 @@ ConfirmationDialog {
 
     property int count
 
-    function askForSelection(): void {
-        selection.hold();
-        ask();
-    }
-    function askFor(id: uuid): void {
-        selection.holdAlone(id);
-        ask();
-    }
     function ask(): void {
         count = selection.heldCount();
         subject = selection.heldNames();

@@ -44,12 +44,14 @@ Item {
      * Returns their slugs.
      */
     function choose(skill: var): var {
-        const isAlone = skill !== undefined && !selection.contains(skill.id);
-        selection.hold();
-        questions.skill = isAlone ? skill : selection.only();
-        questions.count = isAlone ? 1 : selection.count;
+        if (skill === undefined)
+            selection.hold();
+        else
+            selection.hold(skill.id);
+        questions.skill = selection.only();
+        questions.count = selection.heldCount();
         questions.names = questions.skill ? "" : selection.heldNames();
-        return isAlone ? [skill.slug] : selection.slugs();
+        return selection.slugs();
     }
 
     ConfirmationDialog {

@@ -46,6 +46,14 @@ FocusScope {
         total: entries.totalCount
         onClosed: view.takeOver()
     }
+    TrashMenu {
+        id: menu
+
+        model: trash.model
+        selection: selection
+        onDeletionAsked: skill => questions.askToDelete(skill)
+        onRestorationAsked: skill => questions.askToRestore(skill)
+    }
     SkillListHeader {
         id: header
 
@@ -88,6 +96,7 @@ FocusScope {
                 view.currentIndex = index;
                 questions.askToDelete(record.skill);
             }
+            onMenuAsked: place => menu.openFor(record.skill, this, place)
             onRestorationAsked: {
                 view.currentIndex = index;
                 questions.askToRestore(record.skill);

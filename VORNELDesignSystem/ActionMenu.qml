@@ -7,6 +7,24 @@ T.Menu {
 
     property Item formerFocus
 
+    /** What `follow` was given. */
+    property var next
+
+    readonly property Timer pause: Timer {
+        interval: 0
+        onTriggered: {
+            const action = menu.next;
+            menu.next = undefined;
+            action();
+        }
+    }
+
+    /** Does something once the menu has closed and given the keyboard back, such as what opens a sheet. */
+    function follow(action: var): void {
+        next = action;
+        pause.start();
+    }
+
     implicitWidth: 240
     implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, (parent?.Window.height ?? 0) - 2 * margins)
     margins: Metrics.small

@@ -1,0 +1,93 @@
+#include "CopySurvey.h"
+
+#include <QCoro/QCoroFuture>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace {
+
+bool isEdited(const TargetInspection &inspection)
+{
+    return !inspection.differences.isEmpty();
+}
+
+bool hasFailed(const TargetInspection &inspection)
+{
+    return inspection.state == SyncState::failed;
+}
+
+} // namespace
+
+void CopySurvey::begin(const QVariantList &ids)
+{
+    QSet<QUuid> wanted;
+    for (const QVariant &id : ids)
+        wanted.insert(id.toUuid());
+    if (!m_isRunning)
+        run(wanted);
+}
+
+void CopySurvey::repeat()
+{
+    run(m_ids);
+}
+
+void CopySurvey::run(const QSet<QUuid> &ids)
+{
+    m_ids.clear();
+    for (const SkillSummary &skill : m_model->skills(Destination::library)) {
+        if (ids.contains(skill.id))
+            m_ids.insert(skill.id);
+    }
+    if (m_ids.isEmpty())
+        return;
+    m_editedCopies = 0;
+    m_sawEveryCopy = true;
+    setRunning(true);
+    look(this, m_model, m_ids, ++m_request);
+}
+
+QCoro::Task<> CopySurvey::look(QPointer<CopySurvey> self, AppModel *model, QSet<QUuid> ids, int request)
+{
+    for (const QUuid &id : std::as_const(ids)) {
+        QList<TargetInspection> inspections;
+        try {
+            inspections = co_await model->inspector().inspectTargets(id);
+        } catch (const std::exception &) {
+            inspections.clear(); // a skill that can't be read has no copies to compare
+        }
+        if (self.isNull() || self->m_request != request)
+            co_return;
+        self->note(inspections);
+    }
+    self->setRunning(false);
+    Q_EMIT self->finished();
+}
+
+void CopySurvey::note(const QList<TargetInspection> &inspections)
+{
+    m_editedCopies += static_cast<int>(std::ranges::count_if(inspections, isEdited));
+    if (inspections.isEmpty() || std::ranges::any_of(inspections, hasFailed))
+        m_sawEveryCopy = false;
+}
+
+void CopySurvey::forget()
+{
+    ++m_request;
+    setRunning(false);
+}
+
+void CopySurvey::synchronize()
+{
+    m_model->synchronizeSkills(m_ids);
+}
+
+void CopySurvey::setRunning(bool isRunning)
+{
+    if (std::exchange(m_isRunning, isRunning) != isRunning)
+        Q_EMIT isRunningChanged();
+}
+
+} // namespace vornel

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "AppModel.h"
+
+#include <QPointer>
+
+namespace vornel {
+
+/// A look at the copies of several skills, one skill after another, before they are synchronised.
+class CopySurvey : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
+    Q_PROPERTY(bool isRunning READ isRunning NOTIFY isRunningChanged)
+    Q_PROPERTY(int count READ count NOTIFY finished)
+    Q_PROPERTY(int editedCopies READ editedCopies NOTIFY finished)
+    Q_PROPERTY(bool sawEveryCopy READ sawEveryCopy NOTIFY finished)
+
+public:
+    using QObject::QObject;
+
+    /// Looks at the copies of those of these skills that are active; `finished` follows, unless it is
+    /// forgotten before. Does nothing while it runs.
+    Q_INVOKABLE void begin(const QVariantList &ids);
+
+    /// Looks at those of the last time again.
+    Q_INVOKABLE void repeat();
+
+    Q_INVOKABLE void forget();
+
+    bool isRunning() const { return m_isRunning; }
+
+    /// How many skills it looked at, and how many of their copies hold something else than the canonical
+    /// folder.
+    int count() const { return static_cast<int>(m_ids.size()); }
+    int editedCopies() const { return m_editedCopies; }
+
+    /// Whether it could tell how each copy stands.
+    bool sawEveryCopy() const { return m_sawEveryCopy; }
+
+    /// Synchronises the skills that it looked at.
+    Q_INVOKABLE void synchronize();
+
+Q_SIGNALS:
+    void isRunningChanged();
+    void finished();
+
+private:
+    void run(const QSet<QUuid> &ids);
+    static QCoro::Task<> look(QPointer<CopySurvey> self, AppModel *model, QSet<QUuid> ids, int request);
+    void note(const QList<TargetInspection> &inspections);
+    void setRunning(bool isRunning);
+
+    AppModel *m_model = nullptr;
+    QSet<QUuid> m_ids;
+    int m_editedCopies = 0;
+    bool m_sawEveryCopy = true;
+    bool m_isRunning = false;
+    int m_request = 0; ///< counts what begins and what is forgotten: only the last one goes on
+};
+
+} // namespace vornel

@@ -1,0 +1,44 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** The menu of a list's active skills, and the questions and sheets that its commands lead to. */
+Item {
+    id: actions
+
+    required property AppModel model
+    required property SkillSelection selection
+    property alias canSelect: menu.canSelect
+    readonly property alias menu: menu
+    readonly property alias synchronization: synchronization
+
+    /** A sheet or a question has closed. */
+    signal closed
+
+    /** Asks about the held skills. */
+    function askToTrash(): void {
+        if (!model.isWorking)
+            confirmation.ask();
+    }
+
+    SkillMenu {
+        id: menu
+
+        model: actions.model
+        selection: actions.selection
+        onSynchronizationAsked: synchronization.synchronize(actions.selection.ids())
+        onTrashAsked: actions.askToTrash()
+    }
+    SkillSynchronization {
+        id: synchronization
+
+        model: actions.model
+        onClosed: actions.closed()
+    }
+    TrashConfirmation {
+        id: confirmation
+
+        selection: actions.selection
+        onClosed: actions.closed()
+    }
+}

@@ -1,0 +1,106 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** The commands for a skill of a list or, where it is one of several that are selected, for all of those. */
+Item {
+    id: chooser
+
+    required property AppModel model
+    required property SkillSelection selection
+
+    /** Whether skills can be selected in the list. */
+    property bool canSelect: false
+
+    property skillSummary skill
+    property int number: 1
+    property Item anchor
+    property point place
+    property bool isSelected: false
+
+    readonly property bool isAlone: number === 1
+    readonly property string all: isAlone ? "" : " les " + number
+
+    signal synchronizationAsked
+    signal trashAsked
+
+    /** Opens at a place of the skill's card or row. */
+    function openFor(skill: skillSummary, anchor: Item, place: point): void {
+        selection.hold(skill.id);
+        chooser.skill = skill;
+        chooser.anchor = anchor;
+        chooser.place = place;
+        number = selection.heldCount();
+        isSelected = selection.contains(skill.id);
+        commands.popup(anchor, place.x, place.y);
+    }
+    function chooseCategory(): void {
+        categories.popup(anchor, place.x, place.y);
+    }
+
+    ActionMenu {
+        id: commands
+
+        title: chooser.isAlone ? chooser.skill.displayName : chooser.number + " compétences"
+
+        ActionMenuItem {
+            enabled: chooser.isAlone
+            symbol: "file-text"
+            text: "Ouvrir"
+            onTriggered: chooser.model.selectSkill(chooser.skill.id)
+        }
+        ActionMenuItem {
+            enabled: !chooser.model.isWorking
+            symbol: "folder"
+            text: "Déplacer" + chooser.all + "…"
+            onTriggered: commands.follow(() => chooser.chooseCategory())
+        }
+        ActionMenuItem {
+            enabled: !chooser.model.isWorking
+            symbol: "refresh-cw"
+            text: "Synchroniser" + chooser.all
+            onTriggered: commands.follow(() => chooser.synchronizationAsked())
+        }
+        ActionMenuItem {
+            enabled: chooser.isAlone
+            symbol: "folder-open"
+            text: "Ouvrir le dossier"
+            onTriggered: Qt.openUrlExternally(chooser.model.folder(chooser.skill.slug))
+        }
+        ActionMenuItem {
+            symbol: "copy"
+            text: chooser.isAlone ? "Copier le chemin" : "Copier" + chooser.all + " chemins"
+            onTriggered: chooser.selection.copyPaths()
+        }
+        ActionMenuItem {
+            enabled: !chooser.model.isWorking
+            isDestructive: true
+            symbol: "trash-2"
+            text: "Placer" + chooser.all + " dans la corbeille"
+            onTriggered: commands.follow(() => chooser.trashAsked())
+        }
+        Instantiator {
+            active: chooser.canSelect
+
+            ActionMenuItem {
+                symbol: chooser.isSelected ? "circle" : "circle-check"
+                text: chooser.isSelected ? "Désélectionner" + chooser.all : "Sélectionner"
+                onTriggered: chooser.isSelected && !chooser.isAlone ? chooser.selection.selectNone() : chooser.selection.toggle(chooser.skill.id)
+            }
+
+            onObjectAdded: (index, object) => commands.insertItem(1, object)
+        }
+    }
+    CategoryMenu {
+        id: categories
+
+        currentID: chooser.isAlone ? chooser.skill.category : ""
+        model: chooser.model
+        onChosen: id => {
+            if (id !== currentID)
+                chooser.selection.assign(id);
+        }
+    }
+}

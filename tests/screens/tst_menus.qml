@@ -1,0 +1,166 @@
+import QtQuick
+import VORNELApp
+
+/** The menus of cards and rows, by the right button and by the keyboard. */
+ScreenTest {
+    id: test
+
+    name: "Menus"
+
+    function openLibrary() {
+        openShell(["audit", "notes", "plan", "revue"]);
+    }
+    /** Opens the menu of a card or row, and takes a command of it. */
+    function command(name, text) {
+        mouseClick(control(name), 30, 30, Qt.RightButton);
+        take(text);
+    }
+    function entry(text) {
+        return all(text).find(item => item.triggered !== undefined);
+    }
+    function take(text) {
+        tryVerify(() => entry(text)?.enabled);
+        mouseClick(entry(text));
+        tryVerify(() => !entry(text) || text.startsWith("Déplacer"));
+    }
+    function slugs(skills) {
+        settle();
+        return skills().map(skill => skill.slug).join();
+    }
+    function active() {
+        return slugs(() => model.overview.skills);
+    }
+    function category(slug) {
+        settle();
+        return model.overview.skills.find(skill => skill.slug === slug).category;
+    }
+
+    function test_a_card() {
+        openLibrary();
+        command("notes", "Copier le chemin");
+        compare(fixture.clipboard(), fixture.path("workspace/skills/notes"));
+        command("notes", "Ouvrir le dossier");
+        compare(fixture.openedFolder, fixture.path("workspace/skills/notes"));
+        command("notes", "Déplacer…");
+        tryVerify(() => entry("Autre")?.checked);
+        take("Qualité");
+        compare(category("notes") + category("audit"), "qualityother");
+
+        fixture.write("codex/notes/SKILL.md", "retouché");
+        model.reload();
+        settle();
+        command("notes", "Synchroniser");
+        awaitText("Différences avec les copies");
+        all("Synchroniser").find(item => item.role === 0).clicked(); // the one of the sheet
+        tryVerify(() => !shows("Différences avec les copies"));
+        settle();
+        compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytes("workspace/skills/notes/SKILL.md"));
+
+        command("plan", "Placer dans la corbeille");
+        awaitText("Placer cette compétence dans la corbeille ?");
+        accept();
+        compare(active(), "audit,notes,revue");
+        command("audit", "Ouvrir");
+        awaitText("Retour à la bibliothèque");
+        compare(model.selectedSkill.manifest.slug, "audit");
+    }
+
+    function test_a_selection() {
+        openLibrary();
+        command("audit", "Sélectionner");
+        awaitText("1 sélectionnée");
+        command("audit", "Désélectionner");
+        awaitText("0 sélectionnées");
+        for (const slug of ["audit", "notes", "plan"])
+            click(slug);
+        mouseClick(control("notes"), 30, 30, Qt.RightButton);
+        tryVerify(() => entry("Ouvrir") && !entry("Ouvrir").enabled);
+        take("Copier les 3 chemins");
+        compare(fixture.clipboard(), ["audit", "notes", "plan"].map(slug => fixture.path("workspace/skills/" + slug)).join("\n"));
+        command("revue", "Déplacer…");
+        take("Design");
+        compare(category("revue") + category("notes"), "designother", "a card that isn't selected is meant alone");
+        command("plan", "Déplacer les 3…");
+        take("Qualité");
+        compare(["audit", "notes", "plan", "revue"].map(category).join(), "quality,quality,quality,design");
+
+        for (const slug of ["audit", "notes"])
+            fixture.remove("codex/" + slug);
+        fixture.write("claude/notes/SKILL.md", "retouché");
+        model.reload();
+        settle();
+        command("plan", "Synchroniser les 3");
+        awaitText("Synchroniser 3 compétences\u00A0?");
+        awaitText(/^1 copie modifiée par un assistant sera remplacée/);
+        accept();
+        settle();
+        compare(model.needsAttentionCount, 0);
+
+        model.searchText = "notes";
+        awaitText("1 sélectionnée · 2 masquées");
+        command("notes", "Placer dans la corbeille");
+        awaitText("Placer cette compétence dans la corbeille ?");
+        accept();
+        compare(active(), "audit,plan,revue", "what is hidden stays");
+        model.searchText = "";
+        command("plan", "Désélectionner les 2");
+        awaitText("0 sélectionnées");
+    }
+
+    function test_keyboard() {
+        openLibrary();
+        control("notes").forceActiveFocus();
+        keyClick(Qt.Key_Menu);
+        awaitText("Copier le chemin");
+        press(Qt.Key_Escape);
+        tryVerify(() => !shows("Copier le chemin"));
+        compare(focusedName(), "notes");
+        keyClick(Qt.Key_F10, Qt.ShiftModifier);
+        awaitText("Copier le chemin");
+        press(Qt.Key_Down, Qt.Key_Down, Qt.Key_Return);
+        awaitText("1 sélectionnée");
+        compare(focusedName(), "notes");
+        keyClick(Qt.Key_Menu);
+        press(...Array(7).fill(Qt.Key_Down), Qt.Key_Return);
+        tryVerify(() => focusedName() === "Annuler", 5000, "the question has the keyboard");
+        press(Qt.Key_Escape);
+        tryVerify(() => focusedName() === "notes");
+    }
+
+    function test_rows() {
+        openLibrary();
+        for (const slug of ["audit", "notes"])
+            fixture.remove("codex/" + slug);
+        model.reload();
+        settle();
+        click("À réparer");
+        command("notes", "Déplacer…");
+        take("Qualité");
+        compare(category("notes"), "quality");
+        command("notes", "Placer dans la corbeille");
+        accept();
+        compare(active(), "audit,plan,revue");
+        list("À réparer").forceActiveFocus();
+        keyClick(Qt.Key_Menu);
+        take("Synchroniser");
+        settle();
+        awaitText("Tout est synchronisé");
+
+        fixture.trash(["audit", "plan"]);
+        settle();
+        click("Corbeille");
+        awaitText("notes");
+        command("notes", "Sélectionner");
+        click("audit");
+        command("plan", "Restaurer");
+        awaitText("Restaurer « plan » ?");
+        accept();
+        compare(active(), "plan,revue");
+        keyClick(Qt.Key_Menu);
+        press(Qt.Key_Escape);
+        command("audit", "Supprimer les 2 définitivement");
+        awaitText("Supprimer définitivement 2 compétences\u00A0?");
+        accept();
+        compare(slugs(() => model.overview.trashedSkills), "");
+    }
+}
