@@ -16,6 +16,9 @@ T.ItemDelegate {
     signal rangeAsked
     signal menuAsked(place: point)
 
+    /** Whether a button of the pointer is down on it, and no finger. */
+    readonly property alias isHeld: hold.active
+
     readonly property skillSummary skill: record.skill
     readonly property color hue: CategoryVisuals.hue(record.category.colorHex)
     readonly property color fill: down ? Colors.line : hovered ? Colors.hover : Colors.raised
@@ -42,6 +45,11 @@ T.ItemDelegate {
         onPressed: mouse => mouse.accepted = (mouse.modifiers & (Qt.ControlModifier | Qt.ShiftModifier)) !== 0
     }
 
+    PointHandler {
+        id: hold
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.Stylus
+    }
     TapHandler {
         acceptedButtons: Qt.RightButton
         onTapped: eventPoint => {

@@ -176,6 +176,7 @@ FocusScope {
                     y: record.row * grid.rowHeight + record.headersAbove * grid.headerHeight + Metrics.tiny
                     onActiveFocusChanged: if (activeFocus) grid.setCurrent(index)
                     onClicked: grid.choose(skill)
+                    onIsHeldChanged: scroller.interactive = !isHeld // which a fast drag would flick
                     onMenuAsked: place => grid.menuAsked(this, place)
                     onRangeAsked: grid.selectTo(index)
                     onSelectionAsked: {
@@ -191,7 +192,6 @@ FocusScope {
             }
             DragHandler {
                 acceptedDevices: PointerDevice.Mouse | PointerDevice.Stylus
-                dragThreshold: 6 // less than the scroller's own
                 target: null
                 onActiveChanged: {
                     const card = sheet.childAt(centroid.pressPosition.x, centroid.pressPosition.y) as SkillCard;
