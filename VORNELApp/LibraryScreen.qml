@@ -21,6 +21,9 @@ FocusScope {
         actions.make();
         (actions.item as SkillActions).askToTrash();
     }
+    function enterResults(): void {
+        grid.go(0, Qt.NoModifier);
+    }
     function openCategories(isCreating: bool): void {
         categories.make();
         const sheet = categories.item as CategoriesView;

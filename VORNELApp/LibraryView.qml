@@ -9,6 +9,10 @@ FocusScope {
 
     signal creationAsked
 
+    function enterResults(): void {
+        screen.item?.enterResults(); // whose type, if named, would be read before the first frame
+    }
+
     Connections {
         function onAfterAnimating() {
             start.start();
@@ -29,7 +33,7 @@ FocusScope {
         }
 
         ignoreUnknownSignals: true
-        target: screen.item // whose type, if named, would be read before the first frame
+        target: screen.item
     }
     DeferredItem {
         id: screen

@@ -16,6 +16,11 @@ FocusScope {
         return total === 0 ? "" : entries.count === total ? counted : entries.count + " sur " + counted;
     }
 
+    function enterResults(): void {
+        if (entries.count > 0)
+            view.moveTo(0);
+    }
+
     AttentionList {
         id: entries
 

@@ -13,10 +13,18 @@ FocusScope {
     /** The open skill's editor, or null. Its type isn't named, for its file is read when it is first wanted. */
     readonly property var editor: skill.item
 
+    /** The screen of the destination, likewise. */
+    readonly property var screen: screens.item
+
     signal creationAsked
 
     function takeKeyboard(): void {
         (isSkillOpen ? skill : screens).forceActiveFocus();
+    }
+
+    /** Brings the keyboard to the first of the skills listed, if there is one. */
+    function enterResults(): void {
+        screen.enterResults();
     }
 
     ScreenLoader {

@@ -14,6 +14,9 @@ Item {
     signal creationAsked
     signal synchronizationAsked
 
+    /** The keyboard is to go on from the search to what it found. */
+    signal resultsAsked
+
     /** Without room for every word, the search keeps its own. */
     readonly property bool isNarrow: width < Metrics.roomForTexts
 
@@ -58,6 +61,9 @@ Item {
                 }
             }
             visible: !toolbar.isSkillOpen // whose own search is in its text
+            Keys.onDownPressed: toolbar.resultsAsked()
+            Keys.onEnterPressed: toolbar.resultsAsked()
+            Keys.onReturnPressed: toolbar.resultsAsked()
             onTextChanged: toolbar.model.searchText = text
 
             Binding on text {

@@ -93,6 +93,7 @@ FocusScope {
         case Qt.Key_Right:
             return go(currentIndex + 1, event.modifiers);
         case Qt.Key_Up:
+            event.accepted = indexBeyond(-1) >= 0 || (event.modifiers & Qt.ShiftModifier) !== 0; // else for what lies above
             return go(indexBeyond(-1), event.modifiers);
         case Qt.Key_Down:
             return go(indexBeyond(1), event.modifiers);

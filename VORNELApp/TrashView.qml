@@ -16,6 +16,11 @@ FocusScope {
         return entries.count === total ? counted : entries.count + " sur " + counted;
     }
 
+    function enterResults(): void {
+        if (entries.count > 0)
+            view.moveTo(0);
+    }
+
     Keys.onEscapePressed: event => {
         event.accepted = selection.isSelecting;
         selection.end();

@@ -22,6 +22,12 @@ FocusScope {
             model.departure.leave(() => model.closeSkill());
     }
 
+    Keys.onUpPressed: event => {
+        event.accepted = content.activeFocus && !content.isSkillOpen; // and what it holds has no use for it
+        if (event.accepted)
+            toolbar.focusSearch();
+    }
+
     Shortcut {
         sequence: "Ctrl+F"
         onActivated: {
@@ -84,6 +90,7 @@ FocusScope {
         isSkillOpen: content.isSkillOpen
         model: shell.model
         onCreationAsked: shell.create()
+        onResultsAsked: content.enterResults()
         onSynchronizationAsked: content.editor?.synchronize()
     }
     StrayTexts {

@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 
 /**
  * Rows, one of which has the keyboard. Up, Down, Home, End, Page Up and Page Down bring it to another row, and that into
- * view. A click leaves the view where it is. A row that is clicked sets `currentIndex`.
+ * view; Up on the first row is left to what lies above. A click leaves the view where it is. A row that is clicked sets `currentIndex`.
  */
 ListView {
     id: list
@@ -34,7 +34,7 @@ ListView {
             [Qt.Key_Up]: -1, [Qt.Key_Down]: 1, [Qt.Key_Home]: -count, [Qt.Key_End]: count,
             [Qt.Key_PageUp]: -page, [Qt.Key_PageDown]: page
         };
-        event.accepted = count > 0 && event.key in steps;
+        event.accepted = count > 0 && event.key in steps && !(event.key === Qt.Key_Up && currentIndex === 0);
         if (event.accepted)
             moveTo(currentIndex + steps[event.key]);
     }

@@ -203,7 +203,7 @@ ScreenTest {
         compare(focusedName(), "notes");
         press(Qt.Key_Up);
         compare(focusedName(), "plan", "the last card of a shorter row");
-        press(Qt.Key_Up, Qt.Key_Up);
+        press(Qt.Key_Up);
         compare(focusedName(), "revue");
         press(Qt.Key_End, Qt.Key_Right);
         compare(focusedName(), "notes");

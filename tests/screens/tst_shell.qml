@@ -71,6 +71,43 @@ ScreenTest {
         awaitText("Rechercher dans «\u00a0À réparer\u00a0»");
     }
 
+    function test_the_keyboard_goes_from_the_search_to_its_results_and_back() {
+        openShell(["audit", "notes", "plan"]);
+        function enter(key, name) {
+            keyClick(Qt.Key_F, Qt.ControlModifier);
+            const field = root.Window.activeFocusItem;
+            press(key);
+            compare(focusedName(), name);
+            press(Qt.Key_Up);
+            verify(field.activeFocus);
+            press(key);
+        }
+        enter(Qt.Key_Down, "audit");
+        press(Qt.Key_End);
+        enter(Qt.Key_Return, "audit");
+        keyClick(Qt.Key_F, Qt.ControlModifier);
+        type("plan");
+        press(Qt.Key_Return);
+        compare(focusedName(), "plan");
+        keyClick(Qt.Key_F, Qt.ControlModifier);
+        type("introuvable");
+        press(Qt.Key_Down);
+        verify(control("Rechercher une compétence").activeFocus, "there is nothing to go to");
+
+        fixture.remove("codex/audit");
+        fixture.remove("codex/plan");
+        fixture.trash(["notes"]);
+        model.reload();
+        settle();
+        click("À réparer");
+        awaitText("plan");
+        list("À réparer").moveTo(1);
+        enter(Qt.Key_Down, "audit");
+        click("Corbeille");
+        awaitText("notes");
+        enter(Qt.Key_Enter, "notes");
+    }
+
     function test_skill() {
         openShell(["audit", "notes"]);
         verify(!control("Synchroniser").enabled);
