@@ -47,7 +47,7 @@ SkillListRow {
             enabled: !row.model.isWorking
             focusPolicy: row.isCurrent || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
             isCompact: row.width < Metrics.roomForTexts
-            symbol: "refresh-cw"
+            symbol: "folder-sync"
             text: "Synchroniser"
 
             Accessible.description: row.text

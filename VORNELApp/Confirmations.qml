@@ -4,7 +4,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** What has just succeeded, each confirmation for 1.8 seconds from when it came, the newest last. */
+/** What has just succeeded, each confirmation for 1.8 seconds from when it came, the newest last. There is room for two. */
 Item {
     id: confirmations
 
@@ -21,8 +21,7 @@ Item {
             model.clearTransientMessage();
     }
 
-    implicitHeight: stack.contentHeight
-    implicitWidth: 400
+    implicitHeight: 2 * Metrics.controlHeight + Metrics.small
     Component.onCompleted: {
         if (model.transientMessage !== "")
             show();
@@ -65,7 +64,6 @@ Item {
 
             required property string message
 
-            anchors.horizontalCenter: parent?.horizontalCenter
             text: message
 
             Timer {

@@ -169,7 +169,7 @@ Sheet {
         ActionButton {
             enabled: !sheet.model.isWorking
             role: sheet.copies.hasUnreadable ? ActionButton.Quiet : ActionButton.Primary // which can't replace all
-            symbol: "refresh-cw"
+            symbol: "folder-sync"
             text: sheet.acceptText
             onClicked: {
                 sheet.act();

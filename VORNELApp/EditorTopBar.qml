@@ -39,7 +39,7 @@ RowLayout {
     ActionButton {
         enabled: !bar.model.isWorking
         isCompact: bar.width < Metrics.roomForTexts
-        symbol: "refresh-cw"
+        symbol: "folder-sync"
         text: "Synchroniser"
         onClicked: bar.synchronizationAsked()
     }

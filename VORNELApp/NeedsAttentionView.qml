@@ -61,7 +61,7 @@ FocusScope {
         }
         ActionButton {
             enabled: entries.count > 0 && !actions.synchronization.isSurveying && !attention.model.isWorking
-            symbol: "refresh-cw"
+            symbol: "folder-sync"
             text: "Tout synchroniser"
             onClicked: actions.synchronization.synchronizeAll(entries.ids())
         }

@@ -80,7 +80,7 @@ Item {
         ActionButton {
             enabled: toolbar.isSkillOpen && !toolbar.model.isWorking
             isCompact: toolbar.isNarrow
-            symbol: "refresh-cw"
+            symbol: "folder-sync"
             text: "Synchroniser"
             onClicked: toolbar.synchronizationAsked()
         }

@@ -8,6 +8,9 @@ Rectangle {
 
     required property AppModel model
 
+    /** Where the lines at its bottom begin; nothing stands right above. */
+    readonly property alias statusTop: status.y
+
     readonly property bool isInOrder: model.isOverviewCurrent && model.needsAttentionCount === 0
 
     color: Colors.surface
@@ -70,6 +73,8 @@ Rectangle {
         }
     }
     Column {
+        id: status
+
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.margins: Metrics.huge

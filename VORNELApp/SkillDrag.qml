@@ -2,7 +2,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** Skills on their way to a category of this window or another's: a text, and a capsule at the pointer. */
+/** Skills on their way to a category of this window or another's: a text, and a label at the pointer. */
 Item {
     id: carrier
 
@@ -39,6 +39,7 @@ Item {
     CapsuleMessage {
         id: capsule
 
+        radius: 0 // for corners that are see-through need a compositor
         text: ""
         visible: false
     }

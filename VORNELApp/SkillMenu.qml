@@ -59,7 +59,7 @@ Item {
         }
         ActionMenuItem {
             enabled: !chooser.model.isWorking
-            symbol: "refresh-cw"
+            symbol: "folder-sync"
             text: "Synchroniser" + chooser.all
             onTriggered: commands.follow(() => chooser.synchronizationAsked())
         }

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
@@ -145,9 +146,10 @@ FocusScope {
         visible: shell.model.isDetailLoading
     }
     Confirmations {
-        anchors.horizontalCenter: toolbar.horizontalCenter
-        anchors.top: toolbar.bottom
-        anchors.topMargin: Metrics.large
+        parent: shell.Window.contentItem
+        x: Metrics.small
+        y: sidebar.statusTop - height - Metrics.large
+        z: (T.Overlay.overlay?.z ?? 0) + 1 // sheets don't hide it
         model: shell.model
     }
 }

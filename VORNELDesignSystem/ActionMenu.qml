@@ -28,6 +28,7 @@ T.Menu {
     implicitWidth: 240
     implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, (parent?.Window.height ?? 0) - 2 * margins)
     margins: Metrics.small
+    modal: true // so that nothing below is hovered, and shows its name over the menu
     overlap: 1
     padding: Metrics.tiny
     onAboutToShow: formerFocus = parent.Window.activeFocusItem

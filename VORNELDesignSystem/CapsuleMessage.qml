@@ -6,7 +6,7 @@ Rectangle {
 
     required property string text
 
-    implicitWidth: row.implicitWidth + 2 * Metrics.large
+    implicitWidth: Math.ceil(row.implicitWidth) + 2 * Metrics.medium
     implicitHeight: Metrics.controlHeight
     border.color: Colors.line
     border.width: Metrics.hairline

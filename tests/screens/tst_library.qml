@@ -1,5 +1,6 @@
 import QtQuick
 import VORNELApp
+import VORNELDesignSystem
 
 ScreenTest {
     id: test
@@ -334,6 +335,19 @@ ScreenTest {
         for (const slug of ["audit", "notes", "plan", "revue"])
             compare(categoryOf(slug), "quality");
         verify(shows("3 sélectionnées"));
+    }
+
+    function test_the_label_of_a_drag_has_corners_without_a_compositor() {
+        openLibrary();
+        draggedText("audit");
+        const drag = findChild(root, "library-drag");
+        tryVerify(() => String(drag.Drag.imageSource) !== "");
+        const label = createTemporaryQmlObject("import QtQuick; Image {}", root);
+        label.source = drag.Drag.imageSource;
+        verify(label.width > 0);
+        const picture = grabImage(label);
+        for (const [x, y] of [[0, 0], [label.width - 1, label.height - 1]])
+            compare(String(picture.pixel(x, y)), String(Colors.line));
     }
 
     function test_foreign_drops_change_nothing() {

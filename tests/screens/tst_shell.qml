@@ -1,5 +1,7 @@
 import QtQuick
+import QtQuick.Templates as T
 import VORNELApp
+import VORNELDesignSystem
 
 ScreenTest {
     name: "Shell"
@@ -138,6 +140,55 @@ ScreenTest {
         tryVerify(() => all("CORBEILLE VIDÉE").length === 0, 3000);
         fuzzyCompare(Date.now() - second, 1800 + 220, 300);
         compare(fixture.model.transientMessage, "");
+    }
+
+    /** The area of an item in the window. */
+    function area(item) {
+        return item.mapToItem(null, Qt.rect(0, 0, item.width, item.height));
+    }
+    function test_confirmations_stand_clear_and_above_sheets() {
+        openShell(["audit", "notes", "plan"]);
+        root.width = 960;
+        root.height = 620;
+        for (const name of ["Corbeille", "Bibliothèque", "audit", "Gérer les catégories"]) {
+            if (name === "Gérer les catégories")
+                model.closeSkill();
+            click(name);
+            settle();
+            model.emptyTrash();
+            awaitText("CORBEILLE VIDÉE");
+            wait(Motion.normal); // in which it comes
+            const capsule = area(all("CORBEILLE VIDÉE")[0]);
+            const covered = all(/./).filter(item => item.text !== undefined && item.text !== "CORBEILLE VIDÉE").filter(item => {
+                const other = area(item);
+                return other.left < capsule.right && capsule.left < other.right && other.top < capsule.bottom && capsule.top < other.bottom;
+            });
+            compare(covered.map(item => item.text).join(), "", name);
+            if (name === "Gérer les catégories") {
+                const dot = grabImage(root.Window.contentItem).pixel(capsule.x + Metrics.medium + 4, capsule.y + capsule.height / 2);
+                compare(String(dot), String(Colors.success));
+            }
+            tryVerify(() => !shows("CORBEILLE VIDÉE"));
+        }
+    }
+
+    function test_no_hint_comes_over_a_menu() {
+        openShell(["audit"]);
+        root.width = 960;
+        const filter = control("Filtrer par état");
+        const hints = () => Array.from(T.Overlay.overlay.children).filter(popup => popup.visible && Array.from(popup.children).some(item => item.text === filter.name));
+        waitForItemPolished(filter.parent);
+        mouseMove(filter, 10, 10);
+        mouseMove(filter, 12, 12);
+        tryVerify(() => hints().length === 1);
+        mouseMove(root, 480, 300);
+        tryVerify(() => hints().length === 0);
+        mouseMove(filter, 12, 12); // and a click before the hint comes
+        click("Filtrer par état");
+        awaitText("Tous les états");
+        wait(800);
+        compare(hints().length, 0);
+        press(Qt.Key_Escape);
     }
 
     function test_error() {
