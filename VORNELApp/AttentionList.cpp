@@ -34,6 +34,10 @@ void AttentionList::complete(SkillEntry &entry) const
     if (const QString reasons = FailedCopies::problem(inspections); !reasons.isEmpty())
         entry.failure = reasons; // which tell more than that a synchronisation failed
     entry.hasFailed = entry.skill.syncState == SyncState::failed || !entry.failure.isEmpty();
+    for (const TargetInspection &inspection : inspections) {
+        if (inspection.isUnreadable)
+            entry.unreadable.append(QVariant::fromValue(inspection));
+    }
     entry.isStale = !m_current.contains(entry.id);
 }
 

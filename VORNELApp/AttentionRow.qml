@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import VORNELApp
 import VORNELDesignSystem
@@ -41,6 +43,20 @@ SkillListRow {
         Item {
             height: 1
             width: Metrics.tiny
+        }
+        Repeater {
+            model: row.record.unreadable.length === 1 ? row.record.unreadable : [] // for several, the menu has them all
+
+            UnreadableCopyActions {
+                required property targetInspection modelData
+
+                canAct: !row.model.isWorking
+                inspection: modelData
+                isCompact: row.width < Metrics.roomForTexts
+                isCurrent: row.isCurrent
+                name: row.text
+                onSettingAsideAsked: row.model.setCopyAside(row.record.id, inspection.target)
+            }
         }
         ActionButton {
             anchors.verticalCenter: parent.verticalCenter

@@ -80,7 +80,10 @@ FocusScope {
             model: attention.model
             skills: entries
             onClicked: attention.model.selectSkill(record.id)
-            onMenuAsked: place => actions.menu.openFor(record.skill, this, place)
+            onMenuAsked: place => {
+                actions.menu.unreadable = record.unreadable;
+                actions.menu.openFor(record.skill, this, place);
+            }
             onSynchronizationAsked: {
                 view.currentIndex = index;
                 actions.synchronization.synchronize([record.id]);

@@ -3,6 +3,7 @@
 #include <VORNELCore/TargetInspection.h>
 #include <VORNELCore/WorkspaceModels.h>
 
+#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
 namespace vornel {
@@ -18,6 +19,7 @@ struct SkillEntry
     Q_PROPERTY(QString line MEMBER line)
     Q_PROPERTY(QString date MEMBER date)
     Q_PROPERTY(QString failure MEMBER failure)
+    Q_PROPERTY(QVariantList unreadable MEMBER unreadable)
     Q_PROPERTY(bool hasFailed MEMBER hasFailed)
     Q_PROPERTY(bool isSelected MEMBER isSelected)
     Q_PROPERTY(bool isStale MEMBER isStale)
@@ -27,10 +29,11 @@ public:
     QUuid id; ///< the skill's
     SkillSummary skill;
     SkillCategory category;
-    QString line;           ///< below the name
-    QString date;           ///< empty where it isn't known
-    QString failure;        ///< why the skill, or a copy of it, couldn't be changed or read
-    bool hasFailed = false; ///< whether a copy is worse than missing or modified
+    QString line;            ///< below the name
+    QString date;            ///< empty where it isn't known
+    QString failure;         ///< why the skill, or a copy of it, couldn't be changed or read
+    QVariantList unreadable; ///< the inspections of copies that no synchronisation replaces
+    bool hasFailed = false;  ///< whether a copy is worse than missing or modified
     bool isSelected = false;
     bool isStale = false; ///< whether the skill's copies are to be looked at before the row tells the truth
 

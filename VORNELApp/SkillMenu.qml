@@ -14,6 +14,9 @@ Item {
     /** Whether skills can be selected in the list. */
     property bool canSelect: false
 
+    /** The inspections of the skill's copies that no synchronisation replaces, where the list knows of them. */
+    property var unreadable: []
+
     property skillSummary skill
     property int number: 1
     property Item anchor
@@ -43,6 +46,7 @@ Item {
     ActionMenu {
         id: commands
 
+        implicitWidth: chooser.unreadable.length > 0 ? 320 : 240
         title: chooser.isAlone ? chooser.skill.displayName : chooser.number + " compétences"
 
         ActionMenuItem {
@@ -80,6 +84,35 @@ Item {
             symbol: "trash-2"
             text: "Placer" + chooser.all + " dans la corbeille"
             onTriggered: commands.follow(() => chooser.trashAsked())
+        }
+        Instantiator {
+            model: chooser.unreadable
+
+            ActionMenuItem {
+                required property targetInspection modelData
+
+                enabled: !chooser.model.isWorking
+                symbol: "archive"
+                text: "Mettre de côté la copie de " + modelData.assistant
+                onTriggered: chooser.model.setCopyAside(chooser.skill.id, modelData.target)
+            }
+
+            onObjectAdded: (index, object) => commands.insertItem(index + 1, object)
+            onObjectRemoved: (index, object) => commands.removeItem(object)
+        }
+        Instantiator {
+            model: chooser.unreadable
+
+            ActionMenuItem {
+                required property targetInspection modelData
+
+                symbol: "folder-open"
+                text: "Ouvrir le dossier de " + modelData.assistant
+                onTriggered: Qt.openUrlExternally(modelData.folderURL)
+            }
+
+            onObjectAdded: (index, object) => commands.insertItem(index + 1, object)
+            onObjectRemoved: (index, object) => commands.removeItem(object)
         }
         Instantiator {
             active: chooser.canSelect

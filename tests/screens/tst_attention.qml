@@ -106,15 +106,16 @@ ScreenTest {
         model.closeSkill();
         awaitText("À RÉPARER");
 
-        button("notes").clicked();
-        awaitText("Différences avec les copies");
+        awaitLine("notes", " · Claude : copie modifiée · Codex : échec");
         click("Ouvrir le dossier");
         compare(fixture.openedFolder, fixture.path("codex"));
+        compare(control("Mettre de côté").Accessible.description, "notes, Codex");
         control("Mettre de côté").forceActiveFocus();
         press(Qt.Key_Space);
         awaitText("MISE DE CÔTÉ");
-        tryVerify(() => !shows("Mettre de côté"));
-        verify(shows("Différences avec les copies"), "the other copy still differs");
+        awaitLine("notes", " · Claude : copie modifiée · Codex : à jour");
+        verify(!shows("Mettre de côté"));
+        tryVerify(() => focusedName() === "notes");
         compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytes("workspace/skills/notes/SKILL.md"));
         compare(fixture.bytes("claude/notes/SKILL.md"), fixture.bytesOfText("retouché"));
     }
@@ -127,6 +128,7 @@ ScreenTest {
         }
         openAttention();
         awaitLine("notes", " · Claude : échec · Codex : échec");
+        verify(!shows("Mettre de côté"), "which one isn't told");
         click("notes");
         click("Claude, échec");
         awaitText("Différences avec les copies");
@@ -140,6 +142,48 @@ ScreenTest {
         model.closeSkill();
         awaitLine("notes", " · Claude : à jour · Codex : échec");
         verify(!control("notes").record.failure.includes("Claude"));
+
+        fixture.remove("claude/notes");
+        fixture.write("claude/notes", "pas un dossier");
+        model.reload();
+        awaitLine("notes", " · Claude : échec · Codex : échec");
+        mouseClick(control("notes"), 100, 30, Qt.RightButton);
+        awaitText("Ouvrir le dossier de Claude");
+        click("Mettre de côté la copie de Codex");
+        awaitLine("notes", " · Claude : échec · Codex : à jour");
+    }
+
+    function test_counts_follow_every_operation() {
+        const slugs = ["a", "b", "c", "d", "e"];
+        openShell(slugs);
+        fixture.create("f", "quality", Vornel.Maturity.ready);
+        for (const slug of [...slugs, "f"])
+            fixture.remove("codex/" + slug);
+        fixture.write("codex/d", "pas un dossier");
+        openAttention();
+        for (const [count, what, action] of [
+            [5, "synchronised", () => model.synchronizeSkill(fixture.idOf("a"))],
+            [4, "thrown away", () => fixture.trash(["b"])],
+            [4, "restored", () => model.restore(fixture.trashedIdOf("b"))],
+            [3, "set aside", () => model.setCopyAside(fixture.idOf("d"), Vornel.TargetKind.codex)],
+            [3, "category deleted", () => fixture.deleteCategory("quality")],
+            [2, "saved", () => {
+                click("c");
+                awaitText("INSTRUCTIONS");
+                press(Qt.Key_X);
+                keyClick(Qt.Key_S, Qt.ControlModifier);
+                awaitText("ENREGISTRÉE");
+            }],
+        ]) {
+            action();
+            settle();
+            tryVerify(() => control("À réparer").count === count, 5000, what + ": " + control("À réparer").count);
+            model.closeSkill();
+            tryVerify(() => list("À réparer").count === count);
+            model.refreshOverview();
+            settle();
+            compare(model.needsAttentionCount, count, what + ", read anew");
+        }
     }
 
     function test_synchronising_all_past_a_failure() {
