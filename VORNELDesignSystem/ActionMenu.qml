@@ -7,6 +7,9 @@ T.Menu {
 
     property Item formerFocus
 
+    /** Whether it was opened by the keyboard, for which its first command is the current one. */
+    property bool isByKeyboard: false
+
     /** What `follow` was given. */
     property var next
 
@@ -17,6 +20,13 @@ T.Menu {
             menu.next = undefined;
             action();
         }
+    }
+
+    function firstCommand(): int {
+        let index = 0;
+        while (index < count && !(itemAt(index) as ActionMenuItem)?.enabled)
+            ++index;
+        return index;
     }
 
     /** Does something once the menu has closed and given the keyboard back, such as what opens a sheet. */
@@ -31,7 +41,12 @@ T.Menu {
     modal: true // so that nothing below is hovered, and shows its name over the menu
     overlap: 1
     padding: Metrics.tiny
-    onAboutToShow: formerFocus = parent.Window.activeFocusItem
+    onAboutToShow: {
+        formerFocus = parent.Window.activeFocusItem;
+        isByKeyboard = (formerFocus as T.Control)?.visualFocus ?? false;
+        contentItem.parent.Accessible.name = Qt.binding(() => title); // of the menu, which is an item of Qt's
+    }
+    onOpened: if (isByKeyboard) currentIndex = firstCommand()
     onClosed: formerFocus?.forceActiveFocus(Qt.PopupFocusReason)
 
     background: Rectangle {

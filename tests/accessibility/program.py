@@ -11,7 +11,7 @@ from window import Window
 PATIENCE = 30  # seconds that anything may take, on a machine with much else to do
 UNAVAILABLE = "indisponible"
 TAB, BACKTAB, RETURN, ESCAPE, SPACE, DELETE = 0xFF09, 0xFE20, 0xFF0D, 0xFF1B, 0x20, 0xFFFF
-HOME, LEFT, RIGHT, DOWN, END = 0xFF50, 0xFF51, 0xFF53, 0xFF54, 0xFF57
+HOME, LEFT, RIGHT, DOWN, END, MENU = 0xFF50, 0xFF51, 0xFF53, 0xFF54, 0xFF57, 0xFF67
 
 
 def focus(nodes):

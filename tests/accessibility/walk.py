@@ -7,7 +7,7 @@ import sys
 from changes import NAME, attention, category, creation, selection, trash
 from drafts import ends_with_edits, ends_with_edits_while_others_work, finds_edits, tells_what_it_loses
 from first_start import failure, onboarding, opens_at_once, preparation, settles
-from program import BACKTAB, DOWN, END, ESCAPE, HOME, LEFT, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
+from program import BACKTAB, DOWN, END, ESCAPE, HOME, LEFT, MENU, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
 from starts import speaks_without_window, starts_again
 from together import together, types
 
@@ -28,6 +28,11 @@ def shell(program, names):
                  lambda nodes: nodes and all(node.name in names for node in nodes if node.role == "list item"))
     program.sees_page()
     program.type(HOME)
+    program.sees("list item", names[0], states={"focused"})
+    program.type(MENU)
+    program.sees("popup menu", names[0])
+    program.sees("menu item", "Ouvrir", "Sélectionner", "Copier le chemin", "Placer dans la corbeille")
+    program.type(ESCAPE)
     program.sees("list item", names[0], states={"focused"})
 
 

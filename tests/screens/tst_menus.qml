@@ -115,9 +115,10 @@ ScreenTest {
         press(Qt.Key_Escape);
         tryVerify(() => !shows("Copier le chemin"));
         compare(focusedName(), "notes");
+        press(Qt.Key_Right, Qt.Key_Left);
         keyClick(Qt.Key_F10, Qt.ShiftModifier);
-        awaitText("Copier le chemin");
-        press(Qt.Key_Down, Qt.Key_Down, Qt.Key_Return);
+        tryVerify(() => focusedName() === "Ouvrir", 5000, "the first command");
+        press(Qt.Key_Down, Qt.Key_Return);
         awaitText("1 sélectionnée");
         compare(focusedName(), "notes");
         keyClick(Qt.Key_Menu);
