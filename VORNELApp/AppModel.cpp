@@ -50,8 +50,8 @@ AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<
     });
     enterEveryField();
     connect(this, &AppModel::overviewChanged, this, &AppModel::keepBatchFailures);
-    connect(this, &AppModel::overviewRead, &m_failedCopies,
-            [this] { m_failedCopies.follow(skills(Destination::library), m_inspector); });
+    connect(this, &AppModel::overviewRead, &m_wrongCopies,
+            [this] { m_wrongCopies.follow(skills(Destination::library), m_inspector); });
 }
 
 void AppModel::enterEveryField() const

@@ -2,10 +2,10 @@
 
 #include "AppStates.h"
 #include "Departure.h"
-#include "FailedCopies.h"
 #include "FoundDraft.h"
 #include "Outcome.h"
 #include "SkillBatch.h"
+#include "WrongCopies.h"
 
 #include <VORNELCore/CopyRepairing.h>
 #include <VORNELCore/ImportReviewing.h>
@@ -147,8 +147,8 @@ public:
     /// The changes made to several skills.
     SkillBatch *batch() { return &m_batch; }
 
-    /// Why copies of the overview's skills have failed.
-    const FailedCopies &failedCopies() const { return m_failedCopies; }
+    /// What is known of the copies of the overview's skills that aren't right.
+    const WrongCopies &wrongCopies() const { return m_wrongCopies; }
 
     /// What asks before unsaved edits are left.
     Departure *departure() { return &m_departure; }
@@ -348,7 +348,7 @@ private:
     const std::filesystem::path m_claudeRoot;
     const std::filesystem::path m_codexRoot;
     const std::shared_ptr<QSettings> m_defaults;
-    FailedCopies m_failedCopies;
+    WrongCopies m_wrongCopies;
     Departure m_departure;
     SkillBatch m_batch;
     bool m_isSynchronizationIncomplete = false;

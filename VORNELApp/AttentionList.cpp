@@ -31,7 +31,7 @@ void AttentionList::complete(SkillEntry &entry) const
 {
     const QList<TargetInspection> inspections = m_inspections.value(entry.id);
     entry.line = lineOf(inspections);
-    if (const QString reasons = FailedCopies::problem(inspections); !reasons.isEmpty())
+    if (const QString reasons = WrongCopies::problem(inspections); !reasons.isEmpty())
         entry.failure = reasons; // which tell more than that a synchronisation failed
     entry.hasFailed = entry.skill.syncState == SyncState::failed || !entry.failure.isEmpty();
     for (const TargetInspection &inspection : inspections) {

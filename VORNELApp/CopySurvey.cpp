@@ -8,9 +8,9 @@ namespace vornel {
 
 namespace {
 
-bool isEdited(const TargetInspection &inspection)
+int countOf(Drift drift, const QList<TargetInspection> &inspections)
 {
-    return !inspection.differences.isEmpty();
+    return static_cast<int>(std::ranges::count(inspections, drift, &TargetInspection::drift));
 }
 
 bool hasFailed(const TargetInspection &inspection)
@@ -44,6 +44,7 @@ void CopySurvey::run(const QSet<QUuid> &ids)
     if (m_ids.isEmpty())
         return;
     m_editedCopies = 0;
+    m_unexplainedCopies = 0;
     m_sawEveryCopy = true;
     setRunning(true);
     look(this, m_model, m_ids, ++m_request);
@@ -68,7 +69,8 @@ QCoro::Task<> CopySurvey::look(QPointer<CopySurvey> self, AppModel *model, QSet<
 
 void CopySurvey::note(const QList<TargetInspection> &inspections)
 {
-    m_editedCopies += static_cast<int>(std::ranges::count_if(inspections, isEdited));
+    m_editedCopies += countOf(Drift::edited, inspections);
+    m_unexplainedCopies += countOf(Drift::unknown, inspections);
     if (inspections.isEmpty() || std::ranges::any_of(inspections, hasFailed))
         m_sawEveryCopy = false;
 }

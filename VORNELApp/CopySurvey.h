@@ -15,6 +15,7 @@ class CopySurvey : public QObject
     Q_PROPERTY(bool isRunning READ isRunning NOTIFY isRunningChanged)
     Q_PROPERTY(int count READ count NOTIFY finished)
     Q_PROPERTY(int editedCopies READ editedCopies NOTIFY finished)
+    Q_PROPERTY(int unexplainedCopies READ unexplainedCopies NOTIFY finished)
     Q_PROPERTY(bool sawEveryCopy READ sawEveryCopy NOTIFY finished)
 
 public:
@@ -31,10 +32,11 @@ public:
 
     bool isRunning() const { return m_isRunning; }
 
-    /// How many skills it looked at, and how many of their copies hold something else than the canonical
-    /// folder.
+    /// How many skills it looked at, how many of their copies were edited, and of how many it is unknown why
+    /// they differ.
     int count() const { return static_cast<int>(m_ids.size()); }
     int editedCopies() const { return m_editedCopies; }
+    int unexplainedCopies() const { return m_unexplainedCopies; }
 
     /// Whether it could tell how each copy stands.
     bool sawEveryCopy() const { return m_sawEveryCopy; }
@@ -55,6 +57,7 @@ private:
     AppModel *m_model = nullptr;
     QSet<QUuid> m_ids;
     int m_editedCopies = 0;
+    int m_unexplainedCopies = 0;
     bool m_sawEveryCopy = true;
     bool m_isRunning = false;
     int m_request = 0; ///< counts what begins and what is forgotten: only the last one goes on

@@ -14,6 +14,7 @@ struct LibraryCard
     Q_PROPERTY(vornel::SkillSummary skill MEMBER skill)
     Q_PROPERTY(vornel::SkillCategory category MEMBER category)
     Q_PROPERTY(QString age MEMBER age)
+    Q_PROPERTY(QString stateText MEMBER stateText)
     Q_PROPERTY(QString problem MEMBER problem)
     Q_PROPERTY(int syncStateNumber READ syncStateNumber STORED false)
     Q_PROPERTY(bool isShown MEMBER isShown)
@@ -26,6 +27,7 @@ public:
     SkillSummary skill;
     SkillCategory category;
     QString age;          ///< how long ago the skill was changed
+    QString stateText;    ///< how the copies stand
     QString problem;      ///< why copies of the skill have failed; empty without such ones
     bool isShown = false; ///< whether there is a skill at this place of the page
     bool isSelected = false;

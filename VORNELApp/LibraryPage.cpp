@@ -83,7 +83,7 @@ void LibraryPage::follow()
         connect(m_model, changed, this, &LibraryPage::begin);
     connect(m_model, &AppModel::overviewChanged, this, &LibraryPage::refresh);
     connect(m_model, &AppModel::isOverviewCurrentChanged, this, &LibraryPage::refresh);
-    connect(&m_model->failedCopies(), &FailedCopies::changed, this, &LibraryPage::refresh);
+    connect(&m_model->wrongCopies(), &WrongCopies::changed, this, &LibraryPage::refresh);
     connect(m_selection, &SkillSelection::changed, this, &LibraryPage::refresh);
     refresh();
 }
@@ -146,7 +146,8 @@ LibraryCard LibraryPage::card(const SkillSummary &skill) const
         card.skill.syncState = SyncState::unknown;
     card.category = m_model->category(skill.category);
     card.age = Wording::age(skill.updatedAt, QDateTime::currentDateTimeUtc());
-    card.problem = m_model->failedCopies().problem(skill.id);
+    card.stateText = m_model->wrongCopies().stateText(card.skill);
+    card.problem = m_model->wrongCopies().problem(skill.id);
     card.isShown = true;
     card.isSelected = m_selection->contains(skill.id);
     return card;

@@ -31,7 +31,7 @@ T.ItemDelegate {
     text: skill.displayName
     visible: record.isShown
 
-    Accessible.description: `${skill.slug}, ${record.category.name}, ${skill.maturityText}, ${skill.syncStateText}`
+    Accessible.description: `${skill.slug}, ${record.category.name}, ${skill.maturityText}, ${record.stateText}`
         + (record.problem === "" ? "" : ", " + record.problem) + (record.isSelected ? ", sélectionnée" : "")
     Accessible.name: text
     Accessible.role: Accessible.ListItem

@@ -83,7 +83,7 @@ Item {
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.leftMargin: Metrics.large
-        text: content.skill.syncStateText
+        text: content.record.stateText
     }
     Line {
         anchors.baseline: state.baseline

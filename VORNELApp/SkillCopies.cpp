@@ -41,6 +41,11 @@ bool SkillCopies::hasDrifted() const
         m_inspections, [](const TargetInspection &inspection) { return !inspection.differences.isEmpty(); });
 }
 
+bool SkillCopies::hasEdits() const
+{
+    return worstDrift(m_inspections) > Drift::outdated;
+}
+
 bool SkillCopies::hasUnreadable() const
 {
     return std::ranges::any_of(m_inspections, &TargetInspection::isUnreadable);

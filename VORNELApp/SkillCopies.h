@@ -18,6 +18,7 @@ class SkillCopies : public QObject, public QQmlParserStatus
     Q_PROPERTY(QUuid skillID READ skillID WRITE setSkillID NOTIFY skillIDChanged)
     Q_PROPERTY(QVariantList targets READ targets NOTIFY changed)
     Q_PROPERTY(bool hasDrifted READ hasDrifted NOTIFY changed)
+    Q_PROPERTY(bool hasEdits READ hasEdits NOTIFY changed)
     Q_PROPERTY(bool hasUnreadable READ hasUnreadable NOTIFY changed)
     Q_PROPERTY(bool hasFailed READ hasFailed NOTIFY changed)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
@@ -33,8 +34,11 @@ public:
     /// One inspection for each assistant; none before the first look.
     QVariantList targets() const;
 
-    /// Whether a copy holds something else than the canonical folder, which replacing it would lose.
+    /// Whether a copy holds something else than the canonical folder.
     bool hasDrifted() const;
+
+    /// Whether a copy holds, as far as is known, what no revision of the skill does.
+    bool hasEdits() const;
 
     /// Whether a copy can't be looked at, so that no synchronisation replaces it.
     bool hasUnreadable() const;

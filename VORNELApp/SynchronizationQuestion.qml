@@ -8,20 +8,21 @@ ConfirmationDialog {
 
     required property CopySurvey survey
 
-    readonly property int edited: survey.editedCopies
+    readonly property bool areExplained: survey.unexplainedCopies === 0
+    readonly property int kept: survey.editedCopies + survey.unexplainedCopies
     readonly property string loss: {
-        if (edited === 0 && !survey.sawEveryCopy)
+        if (kept === 0 && !survey.sawEveryCopy)
             return "Vos assistants recevront la version de VORNEL. Certaines copies n’ont pas pu être comparées.";
-        if (edited === 0)
+        if (kept === 0)
             return (survey.count === 1 ? "Aucune de ses copies" : "Aucune de leurs copies")
                 + " n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
-        const what = edited === 1 ? "1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée"
-            : edited + " copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées";
-        return what + " dans l’historique.";
+        const what = kept === 1 ? "1 copie " + (areExplained ? "modifiée par un assistant" : "différente") + " sera remplacée"
+            : kept + " copies " + (areExplained ? "modifiées par un assistant" : "différentes") + " seront remplacées";
+        return what + " par la version de VORNEL, et " + (kept === 1 ? "gardée" : "gardées") + " dans l’historique.";
     }
 
     acceptText: "Tout synchroniser"
-    isDestructive: edited > 0
+    isDestructive: kept > 0
     message: loss
     title: survey.count === 1 ? "Synchroniser 1 compétence\u00A0?"
         : "Synchroniser " + survey.count + " compétences\u00A0?"

@@ -35,14 +35,19 @@ struct Session
     CopyRepairing &repairs;
     CreationReviewing &creations;
     const WorkspaceOverview &overview;
+    Drifts drifts;
 };
 
-/// Prints a record as JSON or, for people, as the text that `report` makes.
+/// Prints a record as JSON or, for people, as the text that `report` makes, which may ask why skills have
+/// drifted.
 template <typename Record, typename ReportText>
 void output(const Session &session, const Record &record, const ReportText &report)
 {
     if (session.invocation.has(u"json"_s))
-        Terminal::print(QString::fromUtf8(RecordJson::document(RecordJson::encode(record))));
+        Terminal::print(
+            QString::fromUtf8(RecordJson::document(session.drifts.addedTo(RecordJson::encode(record)))));
+    else if constexpr (std::is_invocable_v<const ReportText &, const Record &, const Drifts &>)
+        Terminal::print(report(record, session.drifts));
     else
         Terminal::print(report(record));
 }
@@ -148,7 +153,7 @@ int list(const Session &session)
            [&](const QList<SkillSummary> &skills) {
                return ofTrash ? Report::trashedSkills(skills, overview.categories,
                                                       session.trash.trashDates().result())
-                              : Report::skills(skills, overview.categories);
+                              : Report::skills(skills, overview.categories, session.drifts);
            });
     return ExitCode::success;
 }
@@ -226,8 +231,8 @@ int import(const Session &session)
         refuseOccupied(session, placesFilledBy(plan));
     const QFuture<WorkspaceOverview> commit = session.service.commitImport(plan.id);
     Terminal::followProgress(u"Import"_s, QFuture<void>(commit));
-    output(session, commit.result(), [&plan](const WorkspaceOverview &overview) {
-        return Report::imported(plan) + u'\n' + Report::overview(overview);
+    output(session, commit.result(), [&](const WorkspaceOverview &overview) {
+        return Report::imported(plan) + u'\n' + Report::overview(overview, session.drifts);
     });
     return ExitCode::success;
 }
@@ -246,8 +251,7 @@ int create(const Session &session)
         invocation.has(u"file"_s) ? textOfFile(invocation.value(u"file"_s)) : readableSkillText(request);
     session.creations.reviewCreation(request).result(); // before a question that might be needless
     refuseOccupied(session, placesOf({request.slug}));
-    output(session, session.service.createSkill(request).result(),
-           [](const SkillDetail &detail) { return Report::states({detail}); });
+    output(session, session.service.createSkill(request).result(), Report::state);
     return ExitCode::success;
 }
 
@@ -256,8 +260,7 @@ int save(const Session &session)
     const qint64 revision = session.invocation.value(u"expect"_s).toLongLong();
     const QString text = textOfFile(session.invocation.value(u"file"_s));
     const QUuid id = activeSkill(session, session.invocation.operands.first());
-    output(session, session.service.saveSkill(id, revision, text).result(),
-           [](const SkillDetail &detail) { return Report::states({detail}); });
+    output(session, session.service.saveSkill(id, revision, text).result(), Report::state);
     return ExitCode::success;
 }
 
@@ -292,7 +295,7 @@ int sync(const Session &session)
     if (session.invocation.has(u"json"_s))
         std::rethrow_exception(failures.first().failure);
     if (!details.isEmpty())
-        Terminal::print(Report::states(details));
+        Terminal::print(Report::states(details, session.drifts));
     for (const SyncOutcome &failure : failures)
         Terminal::printError(Terminal::printable(slugOf(failure.id, session.overview.skills) + u"\u00A0: "_s +
                                                  errorMessage(failure.failure)));
@@ -303,8 +306,7 @@ int setAside(const Session &session)
 {
     const QStringList &operands = session.invocation.operands;
     const QUuid id = activeSkill(session, operands.at(0));
-    output(session, session.repairs.setAside(id, caseOf<TargetKind>(operands.at(1))).result(),
-           [](const SkillDetail &detail) { return Report::states({detail}); });
+    output(session, session.repairs.setAside(id, caseOf<TargetKind>(operands.at(1))).result(), Report::state);
     return ExitCode::success;
 }
 
@@ -444,7 +446,7 @@ int runCommand(const Invocation &invocation, const Services &services, const Wor
         return candidate.syntax.name.join(u' ');
     });
     return command->run({invocation, services.workspace, services.copies, services.trash, services.imports,
-                         services.repairs, services.creations, overview});
+                         services.repairs, services.creations, overview, Drifts(services.copies)});
 }
 
 } // namespace vornel

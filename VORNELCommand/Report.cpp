@@ -19,9 +19,9 @@ using Terminal::Colour;
 
 namespace {
 
-Cell stateCell(SyncState state)
+Cell stateCell(SyncState state, Drift drift)
 {
-    const QString text = Wording::syncState(state);
+    const QString text = Wording::syncState(state, drift);
     switch (state) {
     case SyncState::inSync:
         return {text, Colour::Success};
@@ -34,6 +34,14 @@ Cell stateCell(SyncState state)
         break;
     }
     return {text, Colour::Muted};
+}
+
+/// Of a skill, by its summary or what is known of it.
+template <typename Record>
+Cell stateCell(const QUuid &id, const Record &record, const Drifts &drifts)
+{
+    const bool hasDrifted = record.syncState == SyncState::drifted;
+    return stateCell(record.syncState, hasDrifted ? drifts.of(id) : Drift::none);
 }
 
 Cell differenceCell(const FileDifference &difference)
@@ -102,7 +110,7 @@ QString blockedSection(const ImportPlan &plan)
 
 } // namespace
 
-QString overview(const WorkspaceOverview &overview)
+QString overview(const WorkspaceOverview &overview, const Drifts &drifts)
 {
     QString text = u"Workspace\u00A0: "_s + Terminal::printable(overview.workspaceText()) + u'\n' +
                    Wording::countedSkills(overview.skills.size());
@@ -115,14 +123,15 @@ QString overview(const WorkspaceOverview &overview)
         return text + Terminal::coloured(u"Tout est à jour"_s, Colour::Success) + u'\n';
     QList<QList<Cell>> rows;
     for (const SkillSummary &skill : attention)
-        rows.append({{skill.slug}, stateCell(skill.syncState)});
+        rows.append({{skill.slug}, stateCell(skill.id, skill, drifts)});
     return text + Terminal::coloured(u"Attention requise"_s, Colour::Warning) + u'\n' + Terminal::table(rows);
 }
 
-QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories)
+QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
+               const Drifts &drifts)
 {
     return skillTable(skills, categories,
-                      [](const SkillSummary &skill) { return stateCell(skill.syncState); });
+                      [&drifts](const SkillSummary &skill) { return stateCell(skill.id, skill, drifts); });
 }
 
 QString trashedSkills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
@@ -133,7 +142,7 @@ QString trashedSkills(const QList<SkillSummary> &skills, const QList<SkillCatego
     });
 }
 
-QString detail(const SkillDetail &detail)
+QString detail(const SkillDetail &detail, const Drifts &drifts)
 {
     const SkillManifest &manifest = detail.manifest;
     const QString head = Terminal::table({
@@ -147,7 +156,7 @@ QString detail(const SkillDetail &detail)
         {{u"Révision"_s, Colour::Muted}, {QString::number(manifest.revision)}},
         {{u"Création"_s, Colour::Muted}, {localDate(manifest.createdAt)}},
         {{u"Modification"_s, Colour::Muted}, {localDate(manifest.updatedAt)}},
-        {{u"Copies"_s, Colour::Muted}, stateCell(detail.syncState)},
+        {{u"Copies"_s, Colour::Muted}, stateCell(manifest.id, detail, drifts)},
     });
     QList<QList<Cell>> files;
     for (const QString &file : detail.relativeFiles)
@@ -160,7 +169,9 @@ QString copies(const QList<TargetInspection> &copies)
 {
     QList<QList<Cell>> rows;
     for (const TargetInspection &copy : copies) {
-        rows.append({{copy.assistant()}, stateCell(copy.state)});
+        rows.append({{copy.assistant()}, stateCell(copy.state, copy.drift)});
+        if (copy.drift == Drift::outdated)
+            rows.append({{}, {u"rien n’y a été modifié, c’est le dossier de VORNEL qui a changé"_s}});
         if (!copy.reason.isEmpty())
             rows.append({{}, {copy.reason + u" ("_s + copy.shownPath() + u')'}});
         for (const FileDifference &difference : copy.differences)
@@ -169,14 +180,19 @@ QString copies(const QList<TargetInspection> &copies)
     return Terminal::table(rows);
 }
 
-QString states(const QList<SkillDetail> &details)
+QString states(const QList<SkillDetail> &details, const Drifts &drifts)
 {
     QList<QList<Cell>> rows;
     for (const SkillDetail &skill : details)
         rows.append({{skill.manifest.slug},
                      {u"révision "_s + QString::number(skill.manifest.revision)},
-                     stateCell(skill.syncState)});
+                     stateCell(skill.manifest.id, skill, drifts)});
     return rows.isEmpty() ? u"Aucune compétence\n"_s : Terminal::table(rows);
+}
+
+QString state(const SkillDetail &detail, const Drifts &drifts)
+{
+    return states({detail}, drifts);
 }
 
 QString plan(const ImportPlan &plan)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Drifts.h"
+
 #include <VORNELCore/ImportModels.h>
 #include <VORNELCore/TargetInspection.h>
 #include <VORNELCore/WorkspaceModels.h>
@@ -10,23 +12,26 @@
 namespace vornel::Report {
 
 /// The workspace, how many skills it holds, and those of which a copy needs attention.
-QString overview(const WorkspaceOverview &overview);
+QString overview(const WorkspaceOverview &overview, const Drifts &drifts);
 
 /// One row a skill.
-QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories);
+QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
+               const Drifts &drifts);
 
 /// One row a skill of the trash, with the time at which it came there, where `dates` tells it.
 QString trashedSkills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
                       const QHash<QUuid, QDateTime> &dates);
 
 /// Everything about one skill, and its text.
-QString detail(const SkillDetail &detail);
+QString detail(const SkillDetail &detail, const Drifts &drifts);
 
-/// Where each copy stands, with the reason of a failure and the paths that differ.
+/// Where each copy stands, with the reason of a failure or what is behind a difference, and the paths that
+/// differ.
 QString copies(const QList<TargetInspection> &copies);
 
 /// One row a skill: where it stands after an operation.
-QString states(const QList<SkillDetail> &details);
+QString states(const QList<SkillDetail> &details, const Drifts &drifts);
+QString state(const SkillDetail &detail, const Drifts &drifts);
 
 /// What can be imported, what collides, what is blocked and why.
 QString plan(const ImportPlan &plan);

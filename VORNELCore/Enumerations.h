@@ -21,6 +21,13 @@ Q_ENUM_NS(Maturity)
 enum class SyncState { unknown, inSync, drifted, missing, failed };
 Q_ENUM_NS(SyncState)
 
+/// What has made an installed copy differ from the canonical folder. `outdated`: it holds a kept revision, so
+/// that the canonical folder has changed since; `edited`: it holds what no revision does, so that somebody
+/// has changed it where it stands; `unknown`: the history is of no help. In the order in which the worst is
+/// told.
+enum class Drift { none, outdated, unknown, edited };
+Q_ENUM_NS(Drift)
+
 /// An assistant whose skills folder receives a copy of every skill.
 enum class TargetKind { claude, codex };
 Q_ENUM_NS(TargetKind)

@@ -23,9 +23,9 @@ public:
     /// copy that can't be looked at is `failed` with the reason, and doesn't hide the other.
     virtual QFuture<QList<TargetInspection>> inspectTargets(QUuid id) = 0;
 
-    /// The copies that are `failed`, by skill, as the last overview found them; of these, nothing is
-    /// compared.
-    virtual QFuture<QHash<QUuid, QList<TargetInspection>>> failedCopies() = 0;
+    /// The copies that are `failed`, with the reason, and those by which skills are `drifted`, with what has
+    /// made them differ: by skill, as the last overview found them. Of these, nothing is compared.
+    virtual QFuture<QHash<QUuid, QList<TargetInspection>>> wrongCopies() = 0;
 
     /// The bytes of a file in the skill's canonical folder or, with `copy`, in that assistant's copy; nothing
     /// where no file is. Fails with `invalidPath` for a path out of the folder, and with `symlinkUnsupported`

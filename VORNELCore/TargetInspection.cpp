@@ -4,6 +4,8 @@
 #include "SerializedForms.h"
 #include "Wording.h"
 
+#include <algorithm>
+
 namespace vornel {
 
 QString TargetInspection::shownPath() const
@@ -23,7 +25,15 @@ QString TargetInspection::assistant() const
 
 QString TargetInspection::stateText() const
 {
-    return Wording::syncState(state);
+    return Wording::syncState(state, drift);
+}
+
+Drift worstDrift(const QList<TargetInspection> &copies)
+{
+    Drift worst = Drift::none;
+    for (const TargetInspection &copy : copies)
+        worst = std::max(worst, copy.drift);
+    return worst;
 }
 
 } // namespace vornel

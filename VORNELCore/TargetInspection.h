@@ -31,6 +31,7 @@ struct TargetInspection
     Q_GADGET
     Q_PROPERTY(vornel::TargetKind target MEMBER target)
     Q_PROPERTY(vornel::SyncState state MEMBER state)
+    Q_PROPERTY(vornel::Drift drift MEMBER drift)
     Q_PROPERTY(QList<vornel::FileDifference> differences MEMBER differences)
     Q_PROPERTY(QString reason MEMBER reason)
     Q_PROPERTY(QString path READ shownPath)
@@ -42,6 +43,7 @@ struct TargetInspection
 public:
     TargetKind target = TargetKind::claude;
     SyncState state = SyncState::unknown;
+    Drift drift = Drift::none;              ///< where the content differs
     QList<FileDifference> differences = {}; ///< by path; a folder only where nothing in it is listed
     QString reason = {};                    ///< of a failure, for the user; empty in any other state
     std::filesystem::path path = {};        ///< where the copy stands, or would
@@ -58,5 +60,8 @@ public:
 
     bool operator==(const TargetInspection &) const = default;
 };
+
+/// The drift that is told of a skill with these copies: the worst of theirs.
+Drift worstDrift(const QList<TargetInspection> &copies);
 
 } // namespace vornel

@@ -17,6 +17,20 @@ QString dayText(const QDate &day, const QString &format)
     return number + u' ' + QLocale(QLocale::French, QLocale::France).toString(day, format);
 }
 
+QString driftText(Drift drift)
+{
+    switch (drift) {
+    case Drift::outdated:
+        return u"copie périmée"_s;
+    case Drift::edited:
+        return u"copie modifiée"_s;
+    case Drift::none:
+    case Drift::unknown:
+        break;
+    }
+    return u"copie différente"_s;
+}
+
 } // namespace
 
 QString maturity(Maturity maturity)
@@ -42,13 +56,13 @@ QStringList maturities()
     return texts;
 }
 
-QString syncState(SyncState state)
+QString syncState(SyncState state, Drift drift)
 {
     switch (state) {
     case SyncState::inSync:
         return u"à jour"_s;
     case SyncState::drifted:
-        return u"copie modifiée"_s;
+        return driftText(drift);
     case SyncState::missing:
         return u"copie manquante"_s;
     case SyncState::failed:

@@ -14,8 +14,8 @@ QString maturity(Maturity maturity);
 /// What the user reads for each maturity, in their order.
 QStringList maturities();
 
-/// In lower case: "à jour", "copie modifiée".
-QString syncState(SyncState state);
+/// In lower case: "à jour", "copie manquante". What has drifted is told by its cause: "copie modifiée".
+QString syncState(SyncState state, Drift drift = Drift::unknown);
 
 /// "1 compétence", "2 compétences".
 QString countedSkills(qsizetype count);

@@ -40,11 +40,6 @@ QString SkillSummary::maturityText() const
     return Wording::maturity(maturity);
 }
 
-QString SkillSummary::syncStateText() const
-{
-    return Wording::syncState(syncState);
-}
-
 QString WorkspaceOverview::workspaceText() const
 {
     return pathText(workspaceURL);

@@ -90,7 +90,6 @@ struct SkillSummary
     Q_PROPERTY(qint64 revision MEMBER revision)
     Q_PROPERTY(QDateTime updatedAt MEMBER updatedAt)
     Q_PROPERTY(QString maturityText READ maturityText STORED false)
-    Q_PROPERTY(QString syncStateText READ syncStateText STORED false)
 
 public:
     SkillSummary() = default;
@@ -109,7 +108,6 @@ public:
 
     /// What the user reads.
     QString maturityText() const;
-    QString syncStateText() const;
 
     bool operator==(const SkillSummary &) const = default;
 };

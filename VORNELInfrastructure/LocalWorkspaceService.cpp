@@ -25,7 +25,7 @@ LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager
 
 Workspace LocalWorkspaceService::workspaceOf(const Configuration &config)
 {
-    return {*m_manager, config, m_failedSyncTargets, m_unreadableCopies, m_failureScope};
+    return {*m_manager, config, m_failedSyncTargets, m_foundCopies, m_failureScope};
 }
 
 template <typename Operation>
@@ -248,10 +248,10 @@ QFuture<QList<TargetInspection>> LocalWorkspaceService::inspectTargets(QUuid id)
                    [=](const Workspace &workspace) { return TargetInspector(workspace).inspect(id); });
 }
 
-QFuture<QHash<QUuid, QList<TargetInspection>>> LocalWorkspaceService::failedCopies()
+QFuture<QHash<QUuid, QList<TargetInspection>>> LocalWorkspaceService::wrongCopies()
 {
     return perform(LockMode::Shared,
-                   [](const Workspace &workspace) { return TargetInspector(workspace).failedCopies(); });
+                   [](const Workspace &workspace) { return TargetInspector(workspace).wrongCopies(); });
 }
 
 QFuture<SkillDetail> LocalWorkspaceService::setAside(QUuid id, TargetKind target)

@@ -49,7 +49,7 @@ public:
     QFuture<WorkspaceOverview> deletePermanently(QUuid id) override;
     QFuture<WorkspaceOverview> emptyTrash() override;
     QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override;
-    QFuture<QHash<QUuid, QList<TargetInspection>>> failedCopies() override;
+    QFuture<QHash<QUuid, QList<TargetInspection>>> wrongCopies() override;
     QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                 QString relativePath) override;
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
@@ -80,7 +80,7 @@ private:
     std::optional<Configuration> m_configuration;
     std::optional<ImportPlan> m_pendingPlan;
     FailedSyncTargets m_failedSyncTargets;
-    UnreadableCopies m_unreadableCopies;
+    FoundCopies m_foundCopies;
     SerialExecutor m_executor; // last, so that it ends before what its functions use
 };
 

@@ -33,12 +33,12 @@ QList<SkillSummary> sortedByName(const std::vector<SkillSummary> &summaries)
     return sorted;
 }
 
-void remember(const Workspace &workspace, const QUuid &id, const TargetReasons &unreadable)
+void remember(const Workspace &workspace, const QUuid &id, const CopyFindings &findings)
 {
-    if (unreadable.isEmpty())
-        workspace.unreadableCopies.remove(id);
+    if (findings.unreadable.isEmpty() && findings.drifted.isEmpty())
+        workspace.foundCopies.remove(id);
     else
-        workspace.unreadableCopies.insert(id, unreadable);
+        workspace.foundCopies.insert(id, findings);
 }
 
 } // namespace
@@ -50,11 +50,11 @@ WorkspaceOverview makeOverview(const Workspace &workspace)
     const std::vector<CopyStates> states = parallelMap(
         records, [&inspector](const SkillRecord &skill) { return inspector.states(skill.manifest); });
     std::vector<SkillSummary> active;
-    workspace.unreadableCopies.clear();
+    workspace.foundCopies.clear();
     for (std::size_t index = 0; index < states.size(); ++index) {
         const SkillManifest &manifest = records.at(static_cast<qsizetype>(index)).manifest;
         active.emplace_back(manifest, states[index].state);
-        remember(workspace, manifest.id, states[index].unreadable);
+        remember(workspace, manifest.id, states[index].findings);
     }
     std::vector<SkillSummary> trashed;
     for (const SkillRecord &skill : trashedManifests(workspace))
@@ -75,7 +75,7 @@ SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
     });
     const CopyStates copies = SyncInspector(workspace).states(skill.manifest);
     detail.syncState = copies.state;
-    remember(workspace, skill.manifest.id, copies.unreadable);
+    remember(workspace, skill.manifest.id, copies.findings);
     return detail;
 }
 

@@ -1,5 +1,6 @@
 #include "SkillAuthoring.h"
 
+#include "BestEffort.h"
 #include "CategoryCatalog.h"
 #include "CategoryRules.h"
 #include "FileOperations.h"
@@ -95,6 +96,7 @@ SkillDetail SkillAuthoring::synchronize(const QUuid &id) const
 
 SkillDetail SkillAuthoring::synchronize(const SkillRecord &skill) const
 {
+    keepRevision(skill);
     TargetSynchronizer(m_workspace).synchronize(skill);
     return makeDetail(m_workspace, skill);
 }
@@ -102,8 +104,15 @@ SkillDetail SkillAuthoring::synchronize(const SkillRecord &skill) const
 SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
 {
     const SkillRecord skill = activeRecord(m_workspace, id);
+    keepRevision(skill);
     TargetSynchronizer(m_workspace).setAside(skill, target);
     return makeDetail(m_workspace, skill);
+}
+
+/// What was edited by hand is known later to have been installed, and to be no assistant's work.
+void SkillAuthoring::keepRevision(const SkillRecord &skill) const
+{
+    bestEffort([&] { SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url); });
 }
 
 } // namespace vornel

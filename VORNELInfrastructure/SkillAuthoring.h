@@ -32,6 +32,8 @@ public:
     SkillDetail setAside(const QUuid &id, TargetKind target) const;
 
 private:
+    void keepRevision(const SkillRecord &skill) const;
+
     const Workspace &m_workspace;
     SkillFolderStore m_store;
 };

@@ -69,12 +69,16 @@ bool SkillHistory::anyHolds(const QUuid &id, std::string_view prefix, TreeFilter
 {
     const fs::path history = m_config.historyOf(id);
     return std::ranges::any_of(entriesOf(m_files, history), [&](const std::string &name) {
-        bool isHeld = false;
-        if (name.starts_with(prefix)) // an entry that can't be read holds nothing
-            bestEffort(
-                [&] { isHeld = SecureFileTree::snapshot(m_files, history / name, filter).digest == digest; });
-        return isHeld;
+        return name.starts_with(prefix) && digestOf(history / name, filter) == digest;
     });
+}
+
+/// An entry that can't be read holds nothing.
+std::optional<std::string> SkillHistory::digestOf(const fs::path &entry, TreeFilter filter) const
+{
+    std::optional<std::string> digest;
+    bestEffort([&] { digest = SecureFileTree::snapshot(m_files, entry, filter).digest; });
+    return digest;
 }
 
 bool SkillHistory::holdsRevision(const SkillManifest &manifest, const FileTreeSnapshot &content) const
@@ -85,6 +89,18 @@ bool SkillHistory::holdsRevision(const SkillManifest &manifest, const FileTreeSn
 bool SkillHistory::holds(const QUuid &id, const std::string &digest) const
 {
     return anyHolds(id, {}, TreeFilter::excludingManifest, digest);
+}
+
+std::vector<std::string> SkillHistory::revisions(const QUuid &id) const
+{
+    std::vector<std::string> names = entriesOf(m_files, m_config.historyOf(id));
+    std::erase_if(names, [](const std::string &name) { return name.starts_with(replacedPrefix); });
+    return names;
+}
+
+std::optional<std::string> SkillHistory::contentOf(const QUuid &id, const std::string &entry) const
+{
+    return digestOf(m_config.historyOf(id) / entry, TreeFilter::excludingManifest);
 }
 
 fs::path SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const

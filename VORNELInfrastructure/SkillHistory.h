@@ -6,6 +6,10 @@
 
 #include <VORNELCore/WorkspaceModels.h>
 
+#include <optional>
+#include <string>
+#include <vector>
+
 namespace vornel {
 
 /// What is kept of a skill: a copy of each revision, named by it, and of the folders that were
@@ -35,6 +39,12 @@ public:
     /// without anything hidden may be deleted then.
     bool holds(const QUuid &id, const std::string &digest) const;
 
+    /// The entries that are revisions of the skill, by their names, the latest first.
+    std::vector<std::string> revisions(const QUuid &id) const;
+
+    /// The digest of what counts of an entry; nothing where that can't be read.
+    std::optional<std::string> contentOf(const QUuid &id, const std::string &entry) const;
+
     /// Where a folder that is replaced is to be kept. `origin` is a target, or "library".
     std::filesystem::path placeForReplaced(const QUuid &id, const QString &origin) const;
 
@@ -46,6 +56,7 @@ public:
 private:
     bool anyHolds(const QUuid &id, std::string_view prefix, TreeFilter filter,
                   const std::string &digest) const;
+    std::optional<std::string> digestOf(const std::filesystem::path &entry, TreeFilter filter) const;
     std::filesystem::path placeFor(const QUuid &id, const QString &name) const;
 
     FileSystem &m_files;

@@ -30,29 +30,31 @@ CopyStates SyncInspector::states(const SkillManifest &manifest) const
     const std::string name = manifest.slug.toStdString();
     const std::string canonical = canonicalDigest(name);
     const bool isTolerant = m_workspace.failureScope == FailureScope::Skill;
-    TargetReasons unreadable;
+    CopyFindings found;
     bool isMissing = false;
-    bool hasDrifted = false;
     for (const TargetFolder &target : m_targets) {
-        if (hasDrifted && !isTolerant) {
+        if (!found.drifted.isEmpty() && !isTolerant) {
             isMissing = !target.kindOf(name) || isMissing;
             continue;
         }
         try {
             const std::optional<FileTreeSnapshot> copy = target.snapshot(name);
             isMissing = isMissing || !copy;
-            hasDrifted = hasDrifted || (copy && copy->digest != canonical);
+            if (copy && copy->digest != canonical)
+                found.drifted.insert(target.kind(), copy->digest);
         } catch (const std::exception &error) {
             if (!isTolerant)
                 throw;
-            unreadable.insert(target.kind(), errorMessage(error));
+            found.unreadable.insert(target.kind(), errorMessage(error));
         }
     }
-    if (!unreadable.isEmpty())
-        return {SyncState::failed, unreadable};
+    if (!found.unreadable.isEmpty())
+        return {SyncState::failed, {.unreadable = found.unreadable}};
     if (isMissing)
         return {SyncState::missing};
-    return {hasDrifted ? SyncState::drifted : SyncState::inSync};
+    if (!found.drifted.isEmpty())
+        return {SyncState::drifted, found};
+    return {SyncState::inSync};
 }
 
 } // namespace vornel

@@ -10,7 +10,7 @@ namespace vornel {
 struct CopyStates
 {
     SyncState state = SyncState::unknown;
-    TargetReasons unreadable = {}; ///< why which of them couldn't be looked at
+    CopyFindings findings = {};
 };
 
 /// Compares the installed copies of skills with the canonical ones. May be asked from several threads.

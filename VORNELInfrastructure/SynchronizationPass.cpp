@@ -101,7 +101,7 @@ void SynchronizationPass::takeTurn(const Workspace &workspace, const std::functi
             const QUuid &id = group.at(static_cast<qsizetype>(index));
             if (details[index]) {
                 workspace.failedSyncTargets.remove(id);
-                workspace.unreadableCopies.remove(id);
+                workspace.foundCopies.remove(id);
                 m_outcomes.append({id, details[index], nullptr});
             } else {
                 m_outcomes.append(outcomeOf(workspace, id, known.value(id)));

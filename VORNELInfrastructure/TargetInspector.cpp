@@ -1,7 +1,9 @@
 #include "TargetInspector.h"
 
 #include "BestEffort.h"
+#include "DriftCauses.h"
 #include "FileOperations.h"
+#include "ParallelMap.h"
 #include "SecureFileTree.h"
 #include "SkillFiles.h"
 #include "SkillRecords.h"
@@ -90,9 +92,10 @@ QList<TargetInspection> TargetInspector::inspect(const QUuid &id) const
 {
     const SkillRecord skill = activeRecord(m_workspace, id);
     const FileTreeSnapshot canonical = contentOf(skill.url);
+    DriftCauses causes(m_workspace, skill.manifest);
     QList<TargetInspection> inspections;
     for (const TargetKind target : allCases<TargetKind>())
-        inspections.append(inspect(skill.manifest, canonical, target));
+        inspections.append(inspect(skill.manifest, canonical, target, causes));
     return inspections;
 }
 
@@ -102,7 +105,7 @@ FileTreeSnapshot TargetInspector::contentOf(const fs::path &folder) const
 }
 
 TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
-                                          TargetKind target) const
+                                          TargetKind target, DriftCauses &causes) const
 {
     TargetInspection inspection{.target = target,
                                 .state = SyncState::missing,
@@ -113,6 +116,8 @@ TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const F
         if (const auto copy = folder->snapshot(manifest.slug.toStdString())) {
             inspection.differences = differences(canonical, *copy);
             inspection.state = inspection.differences.isEmpty() ? SyncState::inSync : SyncState::drifted;
+            if (inspection.state == SyncState::drifted)
+                inspection.drift = causes.of(copy->digest);
         }
     } catch (const std::exception &error) {
         inspection.state = SyncState::failed;
@@ -128,25 +133,42 @@ TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const F
     return inspection;
 }
 
-QHash<QUuid, QList<TargetInspection>> TargetInspector::failedCopies() const
+QHash<QUuid, QList<TargetInspection>> TargetInspector::wrongCopies() const
 {
-    QHash<QUuid, QList<TargetInspection>> failed;
-    if (m_workspace.unreadableCopies.isEmpty() && m_workspace.failedSyncTargets.isEmpty())
-        return failed;
-    for (const SkillRecord &skill : activeManifests(m_workspace)) {
-        const TargetReasons unreadable = m_workspace.unreadableCopies.value(skill.manifest.id);
-        TargetReasons reasons = m_workspace.failedSyncTargets.value(skill.manifest.id);
-        reasons.insert(unreadable);
-        for (auto reason = reasons.cbegin(); reason != reasons.cend(); ++reason)
-            failed[skill.manifest.id].append(
-                {.target = reason.key(),
-                 .state = SyncState::failed,
-                 .reason = reason.value(),
-                 .path = m_workspace.config.target(reason.key()) / pathFromText(skill.manifest.slug),
-                 .isUnreadable = unreadable.contains(reason.key()) &&
-                                 TargetFolder(m_workspace, reason.key()).isUsable()});
+    QHash<QUuid, QList<TargetInspection>> wrong;
+    if (m_workspace.foundCopies.isEmpty() && m_workspace.failedSyncTargets.isEmpty())
+        return wrong;
+    const QList<SkillRecord> active = activeManifests(m_workspace);
+    const auto copies =
+        parallelMap(active, [this](const SkillRecord &skill) { return wrongCopies(skill.manifest); });
+    for (qsizetype index = 0; index < active.size(); ++index) {
+        const QList<TargetInspection> &ofSkill = copies[static_cast<std::size_t>(index)];
+        if (!ofSkill.isEmpty())
+            wrong.insert(active.at(index).manifest.id, ofSkill);
     }
-    return failed;
+    return wrong;
+}
+
+QList<TargetInspection> TargetInspector::wrongCopies(const SkillManifest &manifest) const
+{
+    const CopyFindings found = m_workspace.foundCopies.value(manifest.id);
+    TargetReasons reasons = m_workspace.failedSyncTargets.value(manifest.id);
+    reasons.insert(found.unreadable);
+    DriftCauses causes(m_workspace, manifest);
+    QList<TargetInspection> wrong;
+    for (const TargetKind target : allCases<TargetKind>()) {
+        const bool hasFailed = reasons.contains(target);
+        if (!hasFailed && !found.drifted.contains(target))
+            continue;
+        wrong.append({.target = target,
+                      .state = hasFailed ? SyncState::failed : SyncState::drifted,
+                      .drift = hasFailed ? Drift::none : causes.of(found.drifted.value(target)),
+                      .reason = reasons.value(target),
+                      .path = m_workspace.config.target(target) / pathFromText(manifest.slug),
+                      .isUnreadable =
+                          found.unreadable.contains(target) && TargetFolder(m_workspace, target).isUsable()});
+    }
+    return wrong;
 }
 
 std::optional<QByteArray> TargetInspector::readFile(const QUuid &id, std::optional<TargetKind> target,

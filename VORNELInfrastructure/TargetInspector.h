@@ -14,6 +14,8 @@
 
 namespace vornel {
 
+class DriftCauses;
+
 /// Shows what the copies of an active skill hold, beside its canonical folder, and what else stands in the
 /// targets. Throws `skillNotFound`.
 class TargetInspector
@@ -24,8 +26,8 @@ public:
     /// How each copy stands, in the order of the targets. What goes wrong with a copy is told in its place.
     QList<TargetInspection> inspect(const QUuid &id) const;
 
-    /// The copies known to be `failed`, of active skills.
-    QHash<QUuid, QList<TargetInspection>> failedCopies() const;
+    /// The copies known to be `failed`, or that make their skill `drifted`, of active skills.
+    QHash<QUuid, QList<TargetInspection>> wrongCopies() const;
 
     /// The bytes of a file of the canonical folder or of the copy in `target`; nothing where no file is.
     std::optional<QByteArray> readFile(const QUuid &id, std::optional<TargetKind> target,
@@ -39,7 +41,8 @@ private:
     FileTreeSnapshot contentOf(const std::filesystem::path &folder) const;
     bool isCopyOfRestored(const TargetPlace &place, const FileTreeSnapshot &content) const;
     TargetInspection inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
-                             TargetKind target) const;
+                             TargetKind target, DriftCauses &causes) const;
+    QList<TargetInspection> wrongCopies(const SkillManifest &manifest) const;
 
     const Workspace &m_workspace;
 };

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QUuid>
 
+#include <string>
+
 namespace vornel {
 
 /// Why targets have failed, as the user reads it.
@@ -16,8 +18,16 @@ using TargetReasons = QMap<TargetKind, QString>;
 /// Per skill, the targets whose last synchronisation failed. A skill without failures has no entry.
 using FailedSyncTargets = QHash<QUuid, TargetReasons>;
 
-/// Per skill, the targets whose copy couldn't be looked at when the skill's state was last worked out.
-using UnreadableCopies = QHash<QUuid, TargetReasons>;
+/// What was found wrong with the copies of a skill when its state was last worked out.
+struct CopyFindings
+{
+    TargetReasons unreadable = {}; ///< why which of them couldn't be looked at
+    QMap<TargetKind, std::string> drifted =
+        {}; ///< by which it is `drifted`, with the digests of their content
+};
+
+/// Per skill. One of which nothing was found has no entry.
+using FoundCopies = QHash<QUuid, CopyFindings>;
 
 /// What the failure to read something of one skill means for the others.
 enum class FailureScope {
@@ -32,7 +42,7 @@ struct Workspace
     FileSystem &files;
     const Configuration &config;
     FailedSyncTargets &failedSyncTargets;
-    UnreadableCopies &unreadableCopies;
+    FoundCopies &foundCopies;
     FailureScope failureScope = FailureScope::Library;
 };
 

@@ -112,6 +112,29 @@ TEST_F(Vornelctl, ListsWhatDiffersInTheCopies)
     EXPECT_EQ(run("diff rien").code, 2);
 }
 
+TEST_F(Vornelctl, TellsWhoHasChangedWhat)
+{
+    ASSERT_EQ(run("create edited --name E --file -", "texte").code, 0);
+    ASSERT_EQ(run("create ours --name O --file -", "texte").code, 0);
+    write("codex/edited/SKILL.md", "autre");
+    write("ws/skills/ours/SKILL.md", "autre");
+    EXPECT_TRUE(run("status").output.endsWith("edited  copie modifiée\nours    copie périmée\n"));
+    EXPECT_TRUE(run("list").output.endsWith("copie périmée\n"));
+    EXPECT_TRUE(run("show ours").output.contains("copie périmée\n"));
+    EXPECT_EQ(run("diff ours").output,
+              QByteArray("Claude  copie périmée\n"
+                         "        rien n’y a été modifié, c’est le dossier de VORNEL qui a changé\n"
+                         "        ~ SKILL.md\n"
+                         "Codex   copie périmée\n"
+                         "        rien n’y a été modifié, c’est le dossier de VORNEL qui a changé\n"
+                         "        ~ SKILL.md\n"));
+    EXPECT_EQ(run("diff ours --json").json()[0][u"drift"], u"outdated"_s);
+    EXPECT_EQ(run("status --json").json()[u"skills"][0][u"drift"], u"edited"_s);
+    EXPECT_EQ(run("list --json").json()[1][u"drift"], u"outdated"_s);
+    EXPECT_EQ(run("show ours --json").json()[u"drift"], u"outdated"_s);
+    EXPECT_EQ(run("sync ours --json").json()[0][u"drift"], QJsonValue::Undefined);
+}
+
 TEST_F(Vornelctl, ReplacesFoldersOfOthersOnlyWhenTold)
 {
     write("codex/demo/notes.txt", "theirs");

@@ -1,3 +1,4 @@
+#include "FaultyFileSystem.h"
 #include "Scratch.h"
 
 #include <VORNELCore/ErrorMessage.h>
@@ -263,7 +264,7 @@ TEST_F(UnreadableCopy, HarmsItsOwnSkillAndIsSetAside)
         EXPECT_EQ(state(u"demo"_s), SyncState::failed) << name;
         EXPECT_EQ(state(u"other"_s), SyncState::inSync) << name;
         EXPECT_EQ(tolerant.loadSkill(demo).result().syncState, SyncState::failed) << name;
-        const QList<TargetInspection> failed = tolerant.failedCopies().result().value(demo);
+        const QList<TargetInspection> failed = tolerant.wrongCopies().result().value(demo);
         ASSERT_EQ(failed.size(), 1) << name;
         EXPECT_EQ(failed, QList{tolerant.inspectTargets(demo).result().at(1)}) << name;
         EXPECT_TRUE(failed.first().isUnreadable && !failed.first().reason.isEmpty()) << name;
@@ -273,7 +274,7 @@ TEST_F(UnreadableCopy, HarmsItsOwnSkillAndIsSetAside)
         EXPECT_EQ(state(u"demo"_s), SyncState::drifted) << name << ": the other copy isn't touched";
         EXPECT_EQ(fs::symlink_status(removed()).type(), stood.type()) << name;
         EXPECT_EQ(bytesOf(place / "SKILL.md"), "canonical") << name;
-        EXPECT_TRUE(tolerant.failedCopies().result().isEmpty()) << name;
+        EXPECT_EQ(tolerant.wrongCopies().result().value(demo).first().target, TargetKind::claude) << name;
         fs::remove_all(removed());
         write("claude/demo/SKILL.md", "canonical");
     }
@@ -295,7 +296,7 @@ TEST_F(UnreadableCopy, IsSetAsideAfterAFailedSynchronisationToo)
     EXPECT_TRUE(fs::exists(path("aside/demo/SKILL.md")));
     EXPECT_EQ(state(u"other"_s), SyncState::failed) << "as every skill, whose copy nobody can look at";
     EXPECT_FALSE(tolerant.inspectTargets(demo).result().at(1).isUnreadable) << "none can be set aside";
-    for (const QList<TargetInspection> &failed : tolerant.failedCopies().result())
+    for (const QList<TargetInspection> &failed : tolerant.wrongCopies().result())
         EXPECT_FALSE(failed.first().isUnreadable);
 }
 
@@ -332,6 +333,113 @@ TEST_F(UnreadableCopy, IsAnotherMatterThanWhatIsWrongInTheLibrary)
         mend();
     }
     EXPECT_EQ(state(u"demo"_s), SyncState::inSync);
+}
+
+class DriftedCopy : public UnreadableCopy
+{};
+
+TEST_F(DriftedCopy, TellsWhoHasChangedWhat)
+{
+    const auto edit = [this](const char *file) { write(file, "edited"); };
+    const auto saveNewRevision = [this] {
+        const qint64 revision = service->loadSkill(demo).result().manifest.revision;
+        service->saveSkill(demo, revision, u"text after %1"_s.arg(revision)).waitForFinished();
+    };
+    const std::string history = "workspace/.vornel/history/" + uuidText(demo).toStdString();
+    struct Case
+    {
+        const char *name;
+        std::function<void()> change;
+        Drift claude;
+        Drift codex;
+    };
+    const std::vector<Case> cases{
+        {"a copy", [&] { edit("codex/demo/SKILL.md"); }, Drift::none, Drift::edited},
+        {"the library", [&] { edit("workspace/skills/demo/SKILL.md"); }, Drift::outdated, Drift::outdated},
+        {"the library, with what was installed by hand before",
+         [&] {
+             edit("workspace/skills/demo/one");
+             service->synchronize(demo).waitForFinished();
+             edit("workspace/skills/demo/two");
+         },
+         Drift::outdated, Drift::outdated},
+        {"both",
+         [&] {
+             edit("workspace/skills/demo/three");
+             edit("codex/demo/four");
+         },
+         Drift::outdated, Drift::edited},
+        {"a copy, to an older revision",
+         [&] {
+             const fs::path former = path("former");
+             fs::copy(path("codex/demo"), former, fs::copy_options::recursive);
+             saveNewRevision();
+             fs::remove_all(path("codex/demo"));
+             fs::rename(former, path("codex/demo"));
+         },
+         Drift::none, Drift::outdated},
+        {"a copy, without the revision that was installed",
+         [&] {
+             edit("codex/demo/SKILL.md");
+             const auto revision = service->loadSkill(demo).result().manifest.revision;
+             for (const std::string &entry : names(history)) {
+                 if (entry.starts_with(std::to_string(revision) + '-'))
+                     fs::remove_all(path(history + '/' + entry));
+             }
+         },
+         Drift::none, Drift::unknown},
+        {"a copy, without a history",
+         [&] {
+             edit("codex/demo/SKILL.md");
+             fs::remove_all(path(history));
+         },
+         Drift::none, Drift::unknown},
+    };
+    for (const Case &next : cases) {
+        next.change();
+        const QList<TargetInspection> seen = tolerant.inspectTargets(demo).result();
+        EXPECT_EQ(seen.at(0).drift, next.claude) << next.name;
+        EXPECT_EQ(seen.at(1).drift, next.codex) << next.name;
+        EXPECT_EQ(state(u"demo"_s), SyncState::drifted) << next.name;
+        const QList<TargetInspection> wrong = tolerant.wrongCopies().result().value(demo);
+        EXPECT_EQ(worstDrift(wrong), std::max(next.claude, next.codex)) << next.name;
+        EXPECT_EQ(wrong.size(), next.claude == Drift::none ? 1 : 2) << next.name;
+        service->synchronize(demo).waitForFinished();
+        saveNewRevision();
+    }
+    EXPECT_EQ(state(u"demo"_s), SyncState::inSync);
+    EXPECT_TRUE(tolerant.wrongCopies().result().isEmpty());
+}
+
+TEST(DriftedCopies, AreExplainedWithNoMoreLooksThanNeeded)
+{
+    const auto files = std::make_shared<FaultyFileSystem>();
+    TestWorkspace workspace(files);
+    const QUuid id = workspace.create(u"demo"_s, u"first"_s).manifest.id;
+    for (const qint64 revision : {1, 2, 3})
+        workspace.service->saveSkill(id, revision, u"next %1"_s.arg(revision)).waitForFinished();
+    LocalWorkspaceService tolerant(files, FailureScope::Skill);
+    tolerant.bootstrap(workspace.path("workspace"), workspace.path("claude"), workspace.path("codex"))
+        .waitForFinished();
+    const auto looks = [&files](const auto &action) {
+        files->failAt(0, FaultyFileSystem::Call::Look);
+        action();
+        return files->calls();
+    };
+    const auto readAll = [&] { tolerant.reload().waitForFinished(); };
+    const auto askWhy = [&] { tolerant.wrongCopies().waitForFinished(); };
+    const int inSync = looks(readAll);
+    workspace.write("codex/demo/SKILL.md", "edited");
+    EXPECT_EQ(looks(readAll), inSync) << "an overview takes no longer";
+    const int wholeHistory = looks(askWhy);
+    for (const char *copy : {"claude", "codex"})
+        workspace.write(std::string(copy) + "/demo/SKILL.md", "next 2");
+    readAll();
+    const int half = looks(askWhy);
+    EXPECT_LT(half, wholeHistory) << "and both copies are looked for at once";
+    fs::remove_all(workspace.path("claude/demo"));
+    readAll();
+    EXPECT_LT(looks(askWhy), half) << "a skill that lacks a copy says so, whatever the other one is";
 }
 
 TEST_F(Inspection, NamesAnUnknownSkill)
@@ -371,7 +479,7 @@ TEST(TargetFolder, IsLookedIntoAsFarAsItMayBe)
     EXPECT_EQ(stateUnder(fs::perms::owner_exec), SyncState::inSync) << "can be searched, and not listed";
     EXPECT_EQ(stateUnder(fs::perms::owner_read), SyncState::missing) << "can be listed, and not searched";
     EXPECT_EQ(tolerant.reload().result().skills.first().syncState, SyncState::failed);
-    EXPECT_EQ(tolerant.failedCopies().result().begin()->first().reason,
+    EXPECT_EQ(tolerant.wrongCopies().result().begin()->first().reason,
               u"Accès refusé\u00A0: "_s + pathText(workspace.path("codex")));
     EXPECT_TRUE(tolerant.occupants(QList<TargetPlace>{{TargetKind::codex, u"other"_s}}).result().isEmpty());
     EXPECT_EQ(stateUnder(fs::perms::none), SyncState::missing);

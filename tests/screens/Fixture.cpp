@@ -35,10 +35,7 @@ public:
         return m_service->inspectTargets(id);
     }
 
-    QFuture<QHash<QUuid, QList<TargetInspection>>> failedCopies() override
-    {
-        return m_service->failedCopies();
-    }
+    QFuture<QHash<QUuid, QList<TargetInspection>>> wrongCopies() override { return m_service->wrongCopies(); }
 
     QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                 QString relativePath) override

@@ -88,6 +88,34 @@ ScreenTest {
         compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytes("workspace/skills/notes/SKILL.md"));
     }
 
+    function test_who_has_changed_what() {
+        openShell(["audit", "notes"]);
+        edit("audit");
+        fixture.write("workspace/skills/notes/SKILL.md", "retouché à la main");
+        model.reload();
+        settle();
+        tryVerify(() => control("audit").Accessible.description.endsWith("copie modifiée"), 5000, "on the card");
+        tryVerify(() => control("notes").Accessible.description.endsWith("copie périmée"));
+        openAttention();
+        awaitLine("audit", " · Claude : à jour · Codex : copie modifiée");
+        awaitLine("notes", " · Claude : copie périmée · Codex : copie périmée");
+        click("Tout synchroniser");
+        awaitText("1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée dans l’historique.");
+        click("Annuler");
+        tryVerify(() => !shows("Annuler"));
+
+        fixture.remove("workspace/.vornel/history/" + fixture.idOf("audit").toString().slice(1, -1).toUpperCase());
+        model.reload();
+        settle();
+        awaitLine("audit", " · Claude : à jour · Codex : copie différente");
+        click("Tout synchroniser");
+        awaitText("1 copie différente sera remplacée par la version de VORNEL, et gardée dans l’historique.");
+        click("Annuler");
+        tryVerify(() => !shows("Annuler"));
+        button("notes").clicked();
+        awaitText(/Rien n’a été modifié chez les assistants\u00A0: .* rien ne sera perdu\.$/);
+    }
+
     function test_a_copy_that_can_not_be_read() {
         openShell(["audit", "notes"]);
         spoil("notes");

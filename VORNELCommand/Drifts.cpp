@@ -1,0 +1,40 @@
+#include "Drifts.h"
+
+#include <VORNELCore/SerializedForms.h>
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+Drift Drifts::of(const QUuid &id) const
+{
+    if (!m_wrong)
+        m_wrong = m_copies.wrongCopies().result();
+    return worstDrift(m_wrong->value(id));
+}
+
+QJsonValue Drifts::addedTo(const QJsonValue &records) const
+{
+    if (records.isArray()) {
+        QJsonArray array = records.toArray();
+        for (QJsonValueRef record : array)
+            record = addedTo(record);
+        return array;
+    }
+    if (!records.isObject())
+        return records;
+    QJsonObject object = records.toObject();
+    for (QJsonValueRef field : object)
+        field = addedTo(field);
+    if (object.value(u"syncState"_s) == rawValue(SyncState::drifted)) {
+        const QJsonObject identified = object.value(u"manifest"_s).toObject(object); // that of a detail
+        const auto id = uuidFromText(identified.value(u"id"_s).toString());
+        object.insert(u"drift"_s, rawValue(of(id.value_or(QUuid()))));
+    }
+    return object;
+}
+
+} // namespace vornel

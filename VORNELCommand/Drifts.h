@@ -1,0 +1,28 @@
+#pragma once
+
+#include <VORNELCore/TargetInspecting.h>
+
+#include <QJsonValue>
+
+#include <optional>
+
+namespace vornel {
+
+/// What has made the copies of drifted skills differ. The service is asked once, when the first of them is to
+/// be told of.
+class Drifts
+{
+public:
+    explicit Drifts(TargetInspecting &copies) : m_copies(copies) {}
+
+    Drift of(const QUuid &id) const;
+
+    /// The JSON form of any records, in which "drift" stands beside each "syncState" that is "drifted".
+    QJsonValue addedTo(const QJsonValue &records) const;
+
+private:
+    TargetInspecting &m_copies;
+    mutable std::optional<QHash<QUuid, QList<TargetInspection>>> m_wrong;
+};
+
+} // namespace vornel
