@@ -88,7 +88,8 @@ try {
 
 fs::path failedFolder(const std::exception &error)
 {
-    if (const auto *place = dynamic_cast<const FailurePlace *>(&error))
+    if (const auto *place = dynamic_cast<const FailurePlace *>(&error);
+        place != nullptr && !place->folder().empty())
         return place->folder();
     if (const auto *file = dynamic_cast<const fs::filesystem_error *>(&error))
         return file->path1().parent_path();

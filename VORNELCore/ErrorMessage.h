@@ -8,8 +8,8 @@
 namespace vornel {
 
 /// What the user reads about any failure: a workspace error's own message, a French sentence with the path
-/// for what the file system refused, and otherwise the exception's text. Where the error is about one skill's
-/// folder, a second line names it.
+/// for what the file system refused, and otherwise the exception's text. Where the error is about one skill,
+/// a second line names it.
 QString errorMessage(const std::exception &error);
 QString errorMessage(const std::exception_ptr &error);
 

@@ -8,8 +8,11 @@ namespace vornel {
 
 QString FailurePlace::sentence() const
 {
-    return u"Compétence concernée\u00A0: «\u00A0%1\u00A0», dans %2."_s.arg(pathText(m_folder.filename()),
-                                                                           pathText(m_folder.parent_path()));
+    const QString name = u"Compétence concernée\u00A0: «\u00A0"_s + m_slug + u"\u00A0»"_s;
+    if (m_folder.empty())
+        return name + u'.';
+    const bool isNamedSo = pathText(m_folder.filename()) == m_slug;
+    return name + u", dans "_s + pathText(isNamedSo ? m_folder.parent_path() : m_folder) + u'.';
 }
 
 } // namespace vornel

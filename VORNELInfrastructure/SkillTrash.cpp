@@ -2,6 +2,7 @@
 
 #include "BestEffort.h"
 #include "CrashRecovery.h"
+#include "Locating.h"
 #include "SkillHistory.h"
 #include "TargetSynchronizer.h"
 #include "TrashMoments.h"
@@ -19,8 +20,10 @@ namespace fs = std::filesystem;
 void SkillTrash::moveToTrash(const QSet<QUuid> &ids) const
 {
     const QList<SkillRecord> active = activeManifests(m_workspace);
-    for (const QUuid &id : inTextOrder(ids))
-        moveToTrash(findRecord(active, id));
+    for (const QUuid &id : inTextOrder(ids)) {
+        const SkillRecord &skill = findRecord(active, id);
+        locating(m_workspace, skill.manifest.slug, [&] { moveToTrash(skill); });
+    }
 }
 
 void SkillTrash::moveToTrash(const SkillRecord &skill) const
@@ -90,7 +93,7 @@ void SkillTrash::deletePermanently(const QUuid &id) const
 void SkillTrash::empty() const
 {
     for (const SkillRecord &skill : trashedManifests(m_workspace))
-        remove(skill.manifest.id);
+        locating(m_workspace, skill.manifest.slug, [&] { remove(skill.manifest.id); });
 }
 
 QHash<QUuid, QDateTime> SkillTrash::dates() const

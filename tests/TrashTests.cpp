@@ -1,6 +1,7 @@
 #include "FaultyFileSystem.h"
 #include "Scratch.h"
 
+#include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/SerializedForms.h>
 
 #include <thread>
@@ -97,6 +98,42 @@ TEST_F(Trash, RefusesFoldersThatAreNotWhatTheyAreNamed)
         integrity(u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s);
     EXPECT_EQ(errorOf([&] { service->emptyTrash().result(); }), misnamed);
     EXPECT_TRUE(fs::exists(path(folder("trash", alias) + "/SKILL.md")));
+}
+
+TEST_F(Trash, NamesTheSkillThatFails)
+{
+    LocalWorkspaceService tolerant(manager, FailureScope::Skill);
+    tolerant.bootstrap(path("workspace"), path("claude"), path("codex")).waitForFinished();
+    const auto concerned = [](QFuture<WorkspaceOverview> operation) {
+        try {
+            operation.waitForFinished();
+        } catch (const std::exception &error) {
+            return errorMessage(error).section(u'\n', 1);
+        }
+        return u"nobody"_s;
+    };
+    const QString name = u"Compétence concernée\u00A0: «\u00A0demo\u00A0»"_s;
+    const QUuid demo = create(u"demo"_s).manifest.id;
+    const QSet<QUuid> both{demo, create(u"other"_s).manifest.id};
+    create(u"third"_s);
+    fs::remove_all(path("codex/demo"));
+    fs::create_symlink("/etc/passwd", path("codex/demo"));
+    EXPECT_EQ(concerned(tolerant.moveToTrash(both)), name + u'.');
+    fs::remove(path("codex/demo"));
+    tolerant.moveToTrash(demo).waitForFinished();
+
+    const fs::path trashed = path(folder("trash", demo));
+    files().refusesRename = [&](const fs::path &from, const fs::path &) { return from == trashed; };
+    EXPECT_EQ(concerned(tolerant.emptyTrash()), name + u'.');
+    files().refusesRename = nullptr;
+
+    const QString here = name + u", dans "_s + pathText(trashed) + u'.';
+    write(folder("trash", demo) + "/vornel.json", "spoiled");
+    EXPECT_EQ(concerned(tolerant.restore(demo)), QString());
+    EXPECT_EQ(concerned(tolerant.reload()), here) << "as its history tells";
+    fs::copy(path("workspace/skills/third/vornel.json"), trashed / "vornel.json",
+             fs::copy_options::overwrite_existing);
+    EXPECT_EQ(concerned(tolerant.reload()), QString(here).replace(u"demo"_s, u"third"_s)) << "as it says";
 }
 
 TEST_F(Trash, DeletesASkillWithItsHistoryAndNoOther)
