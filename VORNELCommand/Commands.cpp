@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "CommandFailure.h"
+#include "FailureReport.h"
 #include "InputFile.h"
 #include "OccupiedPlaces.h"
 #include "Report.h"
@@ -274,7 +275,31 @@ QList<QUuid> skillsToSynchronize(const Session &session)
     return ids;
 }
 
-/// One skill that fails doesn't stop the others; the first failure is thrown once all had their turn.
+/// The first failure as any other command tells it, and each with its skill.
+QJsonObject failuresObject(const Session &session, const QList<SyncOutcome> &failures)
+{
+    QJsonArray all;
+    for (const SyncOutcome &failure : failures) {
+        QJsonObject object = failureObject(failure.failure);
+        object.insert(u"id"_s, uuidText(failure.id));
+        object.insert(u"slug"_s, slugOf(failure.id, session.overview.skills));
+        all.append(object);
+    }
+    QJsonObject object = failureObject(failures.first().failure);
+    object.insert(u"failures"_s, all);
+    return object;
+}
+
+void reportFailures(const Session &session, const QList<SyncOutcome> &failures)
+{
+    if (session.invocation.has(u"json"_s))
+        return printFailure(failuresObject(session, failures));
+    for (const SyncOutcome &failure : failures)
+        Terminal::printError(Terminal::printable(slugOf(failure.id, session.overview.skills) + u"\u00A0: "_s +
+                                                 errorMessage(failure.failure)));
+}
+
+/// One skill that fails doesn't stop the others.
 int sync(const Session &session)
 {
     const QFuture<QList<SyncOutcome>> pass =
@@ -288,17 +313,11 @@ int sync(const Session &session)
         else
             failures.append(outcome);
     }
-    if (failures.isEmpty()) {
+    if (failures.isEmpty() || (!details.isEmpty() && !session.invocation.has(u"json"_s)))
         output(session, details, Report::states);
+    if (failures.isEmpty())
         return ExitCode::success;
-    }
-    if (session.invocation.has(u"json"_s))
-        std::rethrow_exception(failures.first().failure);
-    if (!details.isEmpty())
-        Terminal::print(Report::states(details, session.drifts));
-    for (const SyncOutcome &failure : failures)
-        Terminal::printError(Terminal::printable(slugOf(failure.id, session.overview.skills) + u"\u00A0: "_s +
-                                                 errorMessage(failure.failure)));
+    reportFailures(session, failures);
     return ExitCode::failure;
 }
 

@@ -1,20 +1,16 @@
-#include "CommandFailure.h"
 #include "CommandLine.h"
 #include "Commands.h"
+#include "FailureReport.h"
 #include "StandardStreams.h"
 #include "Terminal.h"
 
 #include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/SerializedForms.h>
 #include <VORNELCore/VORNELProduct.h>
-#include <VORNELCore/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
 #include <VORNELInfrastructure/LocalWorkspaceService.h>
 #include <VORNELInfrastructure/PosixFileSystem.h>
 #include <VORNELInfrastructure/WorkspaceRoots.h>
-
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <algorithm>
 #include <cstdlib>
@@ -74,30 +70,13 @@ bool isUsageError(const std::exception &error)
     return dynamic_cast<const UsageError *>(&error) != nullptr;
 }
 
-QString errorCase(const std::exception &error)
-{
-    if (const auto *workspace = dynamic_cast<const VORNELWorkspaceError *>(&error))
-        return workspace->caseName();
-    if (const auto *command = dynamic_cast<const CommandFailure *>(&error))
-        return command->caseName;
-    return isUsageError(error) ? u"usage"_s : u"fileSystem"_s;
-}
-
 void reportFailure(const std::exception &error, bool asJson)
 {
-    const QString message = errorMessage(error);
-    if (!asJson)
-        return Terminal::printError(
-            Terminal::printable(message) +
-            (isUsageError(error) ? u"\n\n"_s + usageText(commandSyntaxes()).trimmed() : QString()));
-    QJsonObject object{{u"error"_s, errorCase(error)}, {u"message"_s, message}};
-    if (const auto folder = failedFolder(error); !folder.empty())
-        object.insert(u"folder"_s, pathText(folder));
-    if (const auto *command = dynamic_cast<const CommandFailure *>(&error)) {
-        for (auto detail = command->details.begin(); detail != command->details.end(); ++detail)
-            object.insert(detail.key(), detail.value());
-    }
-    Terminal::printError(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+    if (asJson)
+        return printFailure(failureObject(error));
+    Terminal::printError(
+        Terminal::printable(errorMessage(error)) +
+        (isUsageError(error) ? u"\n\n"_s + usageText(commandSyntaxes()).trimmed() : QString()));
 }
 
 } // namespace

@@ -203,7 +203,13 @@ TEST_F(Vornelctl, NamesItsFailures)
     const Result partial = run("sync a b");
     EXPECT_EQ(partial.code, 2);
     EXPECT_EQ(partial.output, QByteArray());
-    EXPECT_EQ(partial.errors.count("Synchronisation incomplète : codex."), 2) << partial.errors.constData();
+    EXPECT_EQ(partial.errors, QByteArray("a\u00A0: Synchronisation incomplète : codex.\n"
+                                         "b\u00A0: Synchronisation incomplète : codex.\n"));
+    const QJsonObject failed = run("sync b a --json").error();
+    EXPECT_EQ(failed[u"error"], u"partialSync"_s);
+    EXPECT_EQ(failed[u"failures"].toArray().size(), 2);
+    EXPECT_EQ(failed[u"failures"][0][u"slug"], u"b"_s);
+    EXPECT_EQ(failed[u"failures"][1][u"message"], failed[u"message"]);
     fs::remove(path("codex"));
     ASSERT_EQ(run({u"create"_s, u"c"_s, u"--name"_s, u"C"_s, u"--summary"_s, u"Audit: utile"_s}).code, 0);
     EXPECT_EQ(run("show c --json").json()[u"skillMD"],
