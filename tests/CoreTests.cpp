@@ -42,8 +42,6 @@ SkillManifest sampleManifest()
 TEST(Errors, SayWhatTheyAreAbout)
 {
     const QUuid id(u"5a3f0e1c-8c7b-4e57-9b1f-0123456789ab"_s);
-    const std::filesystem::filesystem_error full("write", "/tmp/x",
-                                                 std::error_code(ENOSPC, std::system_category()));
     EXPECT_EQ(errorMessage(Error::invalidPath(PathViolation::parentTraversal)),
               u"Chemin invalide (parentTraversal)."_s);
     EXPECT_EQ(errorMessage(Error::skillNotFound(id)),
@@ -52,7 +50,6 @@ TEST(Errors, SayWhatTheyAreAbout)
               u"2 collision(s) doivent être résolues avant l’import."_s);
     EXPECT_EQ(errorMessage(Error::partialSync({TargetKind::claude, TargetKind::codex})),
               u"Synchronisation incomplète : claude, codex."_s);
-    EXPECT_EQ(errorMessage(full), u"Le volume est plein\u00A0: /tmp/x"_s);
     EXPECT_FALSE(Error::revisionConflict(3, 5) == Error::revisionConflict(5, 3));
     EXPECT_FALSE(Error::notBootstrapped() == Error::importPlanNotFound());
 }
@@ -153,22 +150,6 @@ TEST(Json, RefusesAManifestOfWhichAnyFieldIsMissingOrWrong)
               integrity(u"L’horloge de l’ordinateur est réglée au-delà de l’année 9999."_s));
 }
 
-TEST(ImportPlan, IsReadyWithoutAnOpenCollision)
-{
-    ImportPlan plan;
-    ImportCollision collision;
-    plan.collisions = {collision, collision, collision};
-    EXPECT_EQ(plan.unresolvedCollisionCount(), 3);
-    plan.collisions[1].choice = CollisionChoice::codex;
-    EXPECT_EQ(plan.unresolvedCollisionCount(), 2);
-    EXPECT_FALSE(plan.isReadyToCommit());
-    EXPECT_TRUE(ImportPlan().isReadyToCommit());
-
-    EXPECT_EQ(RecordJson::encode(plan).toObject()[u"collisions"][0][u"choice"], QJsonValue::Null);
-    EXPECT_EQ(RecordJson::encode(plan).toObject()[u"collisions"][1][u"choice"], u"codex"_s);
-    EXPECT_EQ(fromRawValue<CollisionChoice>(u"both"_s), std::nullopt);
-}
-
 TEST(Text, IsFoldedAndOrderedAsAReaderExpects)
 {
     EXPECT_EQ(LocaleText::folded(u"ÉTÉ Ça"_s), u"ete ca"_s);
@@ -203,11 +184,6 @@ TEST(Text, YieldsTheMetadataOfASkill)
     EXPECT_EQ(metadata(u"---\nname: \"A\" \r\ndescription: d\n---\n"), u"\"A\"|d"_s);
     EXPECT_EQ(metadata(u"name: a\nname: b\n name: c\nName: d"), u"b|"_s);
     EXPECT_EQ(metadata(u"name:   \ndescription:"), u"Pdf Tools|"_s);
-    SkillManifest manifest = sampleManifest();
-    manifest.summary.clear();
-    EXPECT_EQ(SkillText::defaultSkillMD(manifest),
-              u"---\nname: demo\ndescription: \n---\n\n# Démo / essai\n\n"_s
-              u"Décrivez ici le fonctionnement de cette compétence."_s);
 }
 
 TEST(Text, OfANewSkillIsReadBackAsItIsByYaml)
@@ -258,9 +234,6 @@ TEST(Wording, TellsAgesMomentsSizesAndNumbers)
 TEST(CategoryRules, MakeIdentifiersNamesAndColours)
 {
     using namespace CategoryRules;
-    const QString name = u"Équipe & Outils"_s;
-    EXPECT_EQ(categoryIdentifier(name, {}), u"equipe-outils"_s);
-    EXPECT_EQ(categoryIdentifier(name, {u"equipe-outils"_s}), u"equipe-outils-2"_s);
     EXPECT_EQ(categoryIdentifier(u"!?"_s, {u"categorie"_s}), u"categorie-2"_s);
     EXPECT_EQ(categoryIdentifier(QString(39, u'a') + u" bc"_s, {}), QString(39, u'a') + u'-');
     EXPECT_EQ(normalizedCategory(u" Design "_s), u"design"_s);
@@ -268,7 +241,6 @@ TEST(CategoryRules, MakeIdentifiersNamesAndColours)
 
     EXPECT_EQ(validatedCategoryName(u' ' + QString(40, u'é') + u'\n'), QString(40, u'é'));
     EXPECT_THROW(validatedCategoryName(QString(41, u'é')), Error);
-    EXPECT_EQ(validatedColorHex(u" #a1b2c3"_s), u"A1B2C3"_s);
     for (const char *color : {"", "a1b2c", "a1b2c3d", "a1b2cg", "a1#b2c3"})
         EXPECT_EQ(errorOf([&] { validatedColorHex(QString::fromUtf8(color)); }),
                   integrity(u"La couleur est invalide."_s))
@@ -369,7 +341,6 @@ TEST(LibraryQuery, CutsTheOrderedSkillsIntoGroupedPages)
     const SkillPage last = index.skillPage({}, 2);
     EXPECT_EQ(groupsOf(first), QStringList({u"quality 5/5"_s, u"design 19/20"_s}));
     EXPECT_EQ(slugs(first.skills), u"21 22 23 24 25 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19"_s);
-    EXPECT_EQ(slugs(first.groups[0].skills), u"21 22 23 24 25"_s);
     EXPECT_EQ(first.groups[0].category, SkillCategory::defaults()[1]);
     EXPECT_EQ(groupsOf(last), QStringList(u"design 1/20"_s));
     EXPECT_EQ(slugs(last.skills), u"20"_s);
@@ -396,16 +367,6 @@ TEST(LibraryQuery, NamesACategoryForEveryIdentifier)
               (SkillCategory{u"other"_s, u"Autre"_s, u"FFB347"_s, true}));
 }
 
-TEST(LibraryQuery, ListsTheSkillsThatNeedAttention)
-{
-    QList<SkillSummary> skills(5, summary("s", "s", "design"));
-    skills[0].syncState = SyncState::failed;
-    skills[2].syncState = SyncState::drifted;
-    skills[3].syncState = SyncState::unknown;
-    skills[4].syncState = SyncState::missing;
-    EXPECT_EQ(LibraryQuery::needsAttention({{}, skills, {}, {}}), (QList{skills[0], skills[2], skills[4]}));
-}
-
 TEST(Pagination, ShowsAnExistingPage)
 {
     const auto shown = [](qint64 itemCount, qint64 pageSize, qint64 requestedPage) {
@@ -424,11 +385,7 @@ TEST(Pagination, ShowsAnExistingPage)
     EXPECT_EQ(shown(49, 24, 2), u"2/3: 25-48 of 49 < >"_s);
     EXPECT_EQ(shown(-5, 0, 1), u"1/1: 0-0 of 0"_s);
     EXPECT_EQ(shown(3, -1, 2), u"2/3: 2-2 of 3 < >"_s);
-    EXPECT_EQ(Pagination(25, 24, 2).itemRange(), (ItemRange{24, 25}));
     EXPECT_TRUE(Pagination(-5, 24, 9).itemRange().isEmpty());
-    EXPECT_TRUE(Pagination(-5, 24, 9) == Pagination());
-    EXPECT_FALSE(Pagination(25, 24, 1) == Pagination(25, 24, 2));
-
     constexpr qint64 largest = std::numeric_limits<qint64>::max();
     EXPECT_EQ(Pagination(largest - 24, 24, largest).lastItemNumber(), largest - 24);
     EXPECT_EQ(Pagination(0, largest, 1).pageCount(), 1);
