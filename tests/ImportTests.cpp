@@ -170,18 +170,9 @@ TEST_F(Import, GoesOnPastABrokenTargetAndNeverLocksTheUserOut)
     write("codex", "a file stands where the folder should");
     EXPECT_EQ(failure(plan), Error::partialSync({TargetKind::codex}));
     EXPECT_EQ(names("workspace/skills"), (std::vector<std::string>{"a", "b"}));
+    write("claude/a/SKILL.md", "edited since");
     EXPECT_EQ(commit(plan).skills.first().syncState, SyncState::failed);
-}
-
-TEST_F(Import, LeavesASourceAloneThatChangedSinceItWasAdopted)
-{
-    write("claude/demo/SKILL.md", "scanned");
-    const ImportPlan plan = scan();
-    write("codex", "a file stands where the folder should");
-    EXPECT_EQ(failure(plan), Error::partialSync({TargetKind::codex}));
-    write("claude/demo/SKILL.md", "edited since");
-    commit(plan);
-    EXPECT_EQ(bytesOf(path("claude/demo/SKILL.md")), "edited since");
+    EXPECT_EQ(bytesOf(path("claude/a/SKILL.md")), "edited since");
 }
 
 } // namespace
