@@ -225,33 +225,19 @@ TEST_F(Vornelctl, NamesItsFailures)
 
 TEST_F(Vornelctl, AnswersWrongUsageWithoutTouchingAnything)
 {
-    for (const char *line : {"frobnicate",
-                             "category",
-                             "category rename",
-                             "show",
-                             "show a b",
-                             "diff",
-                             "status extra",
-                             "create x",
-                             "save x --file f",
-                             "save x --expect one --file f",
-                             "list --maturity Draft",
-                             "import --prefer both",
-                             "import --choose a",
-                             "set-aside a both",
-                             "sync",
-                             "sync --all x",
-                             "status --verbose",
-                             "status --all",
-                             "list --search",
-                             "--claude"}) {
+    const QByteArray lines =
+        "frobnicate;category;category rename;show;show a b;diff;status extra;create x;save x --file f;save x "
+        "--expect one --file f;list --maturity Draft;import --prefer both;import --choose a;set-aside a "
+        "both;sync;sync --all x;status --verbose;status --all;list --search;--claude";
+    for (const QByteArray &line : lines.split(';')) {
+        SCOPED_TRACE(line.constData());
         const Result result = run(line);
-        EXPECT_EQ(result.code, 64) << line;
-        EXPECT_TRUE(result.errors.contains("Usage : vornelctl")) << line;
-        EXPECT_TRUE(result.output.isEmpty()) << line;
-        const Result asJson = run((QByteArray("--json ") + line).constData());
-        EXPECT_EQ(asJson.code, 64) << line;
-        EXPECT_EQ(asJson.error()[u"error"], u"usage"_s) << line;
+        EXPECT_EQ(result.code, 64);
+        EXPECT_TRUE(result.errors.contains("Usage : vornelctl"));
+        EXPECT_TRUE(result.output.isEmpty());
+        const Result asJson = run("--json " + line);
+        EXPECT_EQ(asJson.code, 64);
+        EXPECT_EQ(asJson.error()[u"error"], u"usage"_s);
     }
     EXPECT_FALSE(fs::exists(path("ws")));
     EXPECT_EQ(run("--help").code, 0);

@@ -335,8 +335,7 @@ TEST_F(UnreadableCopy, IsAnotherMatterThanWhatIsWrongInTheLibrary)
     EXPECT_EQ(state(u"demo"_s), SyncState::inSync);
 }
 
-class DriftedCopy : public UnreadableCopy
-{};
+using DriftedCopy = UnreadableCopy;
 
 TEST_F(DriftedCopy, TellsWhoHasChangedWhat)
 {
@@ -440,15 +439,6 @@ TEST(DriftedCopies, AreExplainedWithNoMoreLooksThanNeeded)
     fs::remove_all(workspace.path("claude/demo"));
     readAll();
     EXPECT_LT(looks(askWhy), half) << "a skill that lacks a copy says so, whatever the other one is";
-}
-
-TEST_F(Inspection, NamesAnUnknownSkill)
-{
-    const QUuid nobody = QUuid::createUuid();
-    EXPECT_EQ(errorOf([&] { service->inspectTargets(nobody).waitForFinished(); }),
-              Error::skillNotFound(nobody));
-    EXPECT_EQ(errorOf([&] { service->readFile(nobody, std::nullopt, u"SKILL.md"_s).waitForFinished(); }),
-              Error::skillNotFound(nobody));
 }
 
 /// Gives up the rights of root, for whom no permission counts.

@@ -20,18 +20,13 @@ bool isOneTrimmedLine(const QString &value)
 /// What an import makes of a text: a manifest that must live through being written and read.
 SkillManifest imported(const SkillText::Metadata &metadata)
 {
-    const QDateTime epoch = QDateTime::fromSecsSinceEpoch(0, Qt::UTC);
-    return {.schemaVersion = 1,
-            .id = {},
-            .slug = slug,
-            .displayName = metadata.name,
-            .summary = metadata.summary,
-            .category = {},
-            .tags = SkillText::normalizedTags({metadata.name, metadata.summary}),
-            .maturity = Maturity::active,
-            .revision = 1,
-            .createdAt = epoch,
-            .updatedAt = epoch};
+    SkillManifest manifest;
+    manifest.slug = slug;
+    manifest.displayName = metadata.name;
+    manifest.summary = metadata.summary;
+    manifest.tags = SkillText::normalizedTags({metadata.name, metadata.summary});
+    manifest.createdAt = manifest.updatedAt = QDateTime::fromSecsSinceEpoch(0, Qt::UTC);
+    return manifest;
 }
 
 } // namespace
