@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-
 TEST_F(Vornelctl, ImportsRealFolders)
 {
     write("home/.claude/skills/left/SKILL.md", "name: Gauche");

@@ -15,9 +15,7 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-using Error = VORNELWorkspaceError;
 using Clock = std::chrono::steady_clock;
 
 const QString busy = u"Le workspace est occupé par un autre programme."_s;

@@ -22,8 +22,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-using Error = VORNELWorkspaceError;
-
 SkillManifest sampleManifest()
 {
     return {.schemaVersion = 1,

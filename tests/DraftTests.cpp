@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-
 /// A disk on which everything may have been changed some time ago.
 class AgedFileSystem : public FaultyFileSystem
 {

@@ -19,9 +19,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-using Error = VORNELWorkspaceError;
-
 constexpr std::int64_t limit = 26'214'400;
 
 class FileTree : public testing::Test, protected Scratch

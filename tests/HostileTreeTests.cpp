@@ -28,8 +28,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-
 /// Where a tree is put.
 enum class Place { Source, Copy, Library, Trash };
 

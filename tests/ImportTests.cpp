@@ -10,9 +10,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-using Error = VORNELWorkspaceError;
-
 class Import : public testing::Test, protected TestWorkspace
 {
 protected:

@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-
 /// Lets nothing run beside a program's working thread, so that it makes the same calls in every run.
 void stayOnThisProcessor()
 {

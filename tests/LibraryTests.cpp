@@ -11,9 +11,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-using Error = VORNELWorkspaceError;
-
 class Library : public testing::Test, protected TestWorkspace
 {
 protected:

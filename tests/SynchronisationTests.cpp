@@ -12,9 +12,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-using Error = VORNELWorkspaceError;
-
 class Synchronisation : public testing::Test, protected TestWorkspace
 {
 protected:

@@ -1,5 +1,6 @@
 #include "FaultyFileSystem.h"
 #include "Scratch.h"
+#include "StartingState.h"
 
 #include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/SerializedForms.h>
@@ -20,8 +21,6 @@ void PrintTo(const FileDifference &difference, std::ostream *stream)
 
 namespace {
 
-namespace fs = std::filesystem;
-using Error = VORNELWorkspaceError;
 using enum FileChange;
 
 class Inspection : public testing::Test, protected TestWorkspace
@@ -417,16 +416,14 @@ TEST(DriftedCopies, AreExplainedWithNoMoreLooksThanNeeded)
     const QUuid id = workspace.create(u"demo"_s, u"first"_s).manifest.id;
     for (const qint64 revision : {1, 2, 3})
         workspace.service->saveSkill(id, revision, u"next %1"_s.arg(revision)).waitForFinished();
-    LocalWorkspaceService tolerant(files, FailureScope::Skill);
-    tolerant.bootstrap(workspace.path("workspace"), workspace.path("claude"), workspace.path("codex"))
-        .waitForFinished();
+    const auto tolerant = startService(workspace.path(), files, FailureScope::Skill);
     const auto looks = [&files](const auto &action) {
         files->failAt(0, FaultyFileSystem::Call::Look);
         action();
         return files->calls();
     };
-    const auto readAll = [&] { tolerant.reload().waitForFinished(); };
-    const auto askWhy = [&] { tolerant.wrongCopies().waitForFinished(); };
+    const auto readAll = [&] { tolerant->reload().waitForFinished(); };
+    const auto askWhy = [&] { tolerant->wrongCopies().waitForFinished(); };
     const int inSync = looks(readAll);
     workspace.write("codex/demo/SKILL.md", "edited");
     EXPECT_EQ(looks(readAll), inSync) << "an overview takes no longer";
@@ -463,15 +460,13 @@ TEST(TargetFolder, IsLookedIntoAsFarAsItMayBe)
         fs::permissions(workspace.path("codex"), permissions);
         return workspace.stateOf(u"demo"_s);
     };
-    LocalWorkspaceService tolerant(workspace.manager, FailureScope::Skill);
-    tolerant.bootstrap(workspace.path("workspace"), workspace.path("claude"), workspace.path("codex"))
-        .waitForFinished();
+    const auto tolerant = startService(workspace.path(), workspace.manager, FailureScope::Skill);
     EXPECT_EQ(stateUnder(fs::perms::owner_exec), SyncState::inSync) << "can be searched, and not listed";
     EXPECT_EQ(stateUnder(fs::perms::owner_read), SyncState::missing) << "can be listed, and not searched";
-    EXPECT_EQ(tolerant.reload().result().skills.first().syncState, SyncState::failed);
-    EXPECT_EQ(tolerant.wrongCopies().result().begin()->first().reason,
+    EXPECT_EQ(tolerant->reload().result().skills.first().syncState, SyncState::failed);
+    EXPECT_EQ(tolerant->wrongCopies().result().begin()->first().reason,
               u"Accès refusé\u00A0: "_s + pathText(workspace.path("codex")));
-    EXPECT_TRUE(tolerant.occupants(QList<TargetPlace>{{TargetKind::codex, u"other"_s}}).result().isEmpty());
+    EXPECT_TRUE(tolerant->occupants(QList<TargetPlace>{{TargetKind::codex, u"other"_s}}).result().isEmpty());
     EXPECT_EQ(stateUnder(fs::perms::none), SyncState::missing);
     EXPECT_EQ(stateUnder(fs::perms::owner_all), SyncState::inSync);
 }

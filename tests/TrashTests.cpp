@@ -1,5 +1,6 @@
 #include "FaultyFileSystem.h"
 #include "Scratch.h"
+#include "StartingState.h"
 
 #include <VORNELCore/ErrorMessage.h>
 #include <VORNELCore/SerializedForms.h>
@@ -10,9 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 namespace {
-
-namespace fs = std::filesystem;
-using Error = VORNELWorkspaceError;
 
 class Trash : public testing::Test, protected TestWorkspace
 {
@@ -93,8 +91,7 @@ TEST_F(Trash, RefusesFoldersThatAreNotWhatTheyAreNamed)
 
 TEST_F(Trash, NamesTheSkillThatFails)
 {
-    LocalWorkspaceService tolerant(manager, FailureScope::Skill);
-    tolerant.bootstrap(path("workspace"), path("claude"), path("codex")).waitForFinished();
+    const auto tolerant = startService(path(), manager, FailureScope::Skill);
     const auto concerned = [](QFuture<WorkspaceOverview> operation) {
         try {
             operation.waitForFinished();
@@ -109,23 +106,23 @@ TEST_F(Trash, NamesTheSkillThatFails)
     create(u"third"_s);
     fs::remove_all(path("codex/demo"));
     fs::create_symlink("/etc/passwd", path("codex/demo"));
-    EXPECT_EQ(concerned(tolerant.moveToTrash(both)), name + u'.');
-    EXPECT_EQ(tolerant.loadSkill(demo).result().syncState, SyncState::failed);
+    EXPECT_EQ(concerned(tolerant->moveToTrash(both)), name + u'.');
+    EXPECT_EQ(tolerant->loadSkill(demo).result().syncState, SyncState::failed);
     fs::remove(path("codex/demo"));
-    tolerant.moveToTrash(demo).waitForFinished();
+    tolerant->moveToTrash(demo).waitForFinished();
 
     const fs::path trashed = path(folder("trash", demo));
     files().refusesRename = [&](const fs::path &from, const fs::path &) { return from == trashed; };
-    EXPECT_EQ(concerned(tolerant.emptyTrash()), name + u'.');
+    EXPECT_EQ(concerned(tolerant->emptyTrash()), name + u'.');
     files().refusesRename = nullptr;
 
     const QString here = name + u", dans "_s + pathText(trashed) + u'.';
     write(folder("trash", demo) + "/vornel.json", "spoiled");
-    EXPECT_EQ(concerned(tolerant.restore(demo)), QString());
-    EXPECT_EQ(concerned(tolerant.reload()), here) << "as its history tells";
+    EXPECT_EQ(concerned(tolerant->restore(demo)), QString());
+    EXPECT_EQ(concerned(tolerant->reload()), here) << "as its history tells";
     fs::copy(path("workspace/skills/third/vornel.json"), trashed / "vornel.json",
              fs::copy_options::overwrite_existing);
-    EXPECT_EQ(concerned(tolerant.reload()), QString(here).replace(u"demo"_s, u"third"_s)) << "as it says";
+    EXPECT_EQ(concerned(tolerant->reload()), QString(here).replace(u"demo"_s, u"third"_s)) << "as it says";
 }
 
 TEST_F(Trash, DeletesASkillWithItsHistoryAndNoOther)

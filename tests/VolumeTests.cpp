@@ -19,8 +19,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-
 bool hasOwnMounts = false;
 
 constexpr std::array places{"workspace", "claude", "codex"};

@@ -11,9 +11,6 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-namespace fs = std::filesystem;
-using Error = VORNELWorkspaceError;
-
 class Bootstrap : public testing::Test, protected Scratch
 {
 protected:

@@ -12,8 +12,6 @@
 
 namespace vornel {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 std::string textOf(std::uint32_t mask)

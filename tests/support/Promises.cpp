@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 const char *const manifestName = "vornel.json";

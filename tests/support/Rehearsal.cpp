@@ -4,8 +4,6 @@
 
 namespace vornel {
 
-namespace fs = std::filesystem;
-
 Rehearsal::Rehearsal(const Scenario &scenario) : m_scenario(scenario)
 {
     scenario.build(path("pristine"));

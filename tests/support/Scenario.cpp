@@ -15,8 +15,6 @@ namespace vornel {
 namespace {
 
 using Service = LocalWorkspaceService;
-using Error = VORNELWorkspaceError;
-
 /// The skills of these slugs; `skillNotFound` when there is none of them.
 QSet<QUuid> idsOf(const QStringList &slugs, const QList<SkillSummary> &skills)
 {

@@ -18,8 +18,6 @@ void PrintTo(const QString &text, std::ostream *stream)
 
 namespace vornel {
 
-namespace fs = std::filesystem;
-
 Tree treeOf(const fs::path &folder)
 {
     Tree tree;
@@ -48,8 +46,7 @@ fs::path Scratch::path(const std::string &below) const
 fs::path Scratch::write(const std::string &below, const std::string &bytes) const
 {
     const fs::path file = path(below);
-    fs::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << bytes;
+    writeFile(file, bytes);
     return file;
 }
 
@@ -88,6 +85,12 @@ CreateSkillRequest requestFor(const QString &slug, const QString &category,
                               const std::optional<QString> &text)
 {
     return {slug, slug, {}, category, {}, Maturity::draft, text};
+}
+
+void writeFile(const fs::path &file, const std::string &bytes)
+{
+    fs::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << bytes;
 }
 
 std::string bytesOf(const fs::path &file)

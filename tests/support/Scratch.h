@@ -16,10 +16,13 @@ void PrintTo(const QString &text, std::ostream *stream);
 
 namespace vornel {
 
+namespace fs = std::filesystem;
+using Error = VORNELWorkspaceError;
+
 /// Everything below a folder: every file with its bytes, by path; folders end in "/".
 using Tree = std::map<std::string, std::string>;
 
-Tree treeOf(const std::filesystem::path &folder);
+Tree treeOf(const fs::path &folder);
 
 /// A temporary folder, removed at the end.
 class Scratch
@@ -27,10 +30,10 @@ class Scratch
 public:
     Scratch();
 
-    std::filesystem::path path(const std::string &below = {}) const;
+    fs::path path(const std::string &below = {}) const;
 
     /// Writes a file with the folders above it, and returns its place.
-    std::filesystem::path write(const std::string &below, const std::string &bytes) const;
+    fs::path write(const std::string &below, const std::string &bytes) const;
 
     /// The names in a folder, sorted.
     std::vector<std::string> names(const std::string &below) const;
@@ -49,7 +52,7 @@ private:
 class WorkspaceHold
 {
 public:
-    explicit WorkspaceHold(const std::filesystem::path &workspace, LockMode mode = LockMode::Exclusive);
+    explicit WorkspaceHold(const fs::path &workspace, LockMode mode = LockMode::Exclusive);
     ~WorkspaceHold();
     WorkspaceHold(const WorkspaceHold &) = delete;
     WorkspaceHold &operator=(const WorkspaceHold &) = delete;
@@ -62,8 +65,11 @@ private:
 CreateSkillRequest requestFor(const QString &slug, const QString &category = SkillCategory::otherID,
                               const std::optional<QString> &text = std::nullopt);
 
-std::string bytesOf(const std::filesystem::path &file);
-int permissionsOf(const std::filesystem::path &path);
+/// Writes a file with the folders above it.
+void writeFile(const fs::path &file, const std::string &bytes);
+
+std::string bytesOf(const fs::path &file);
+int permissionsOf(const fs::path &path);
 
 /// The three roots in a scratch folder, and a bootstrapped service on them.
 struct TestWorkspace : Scratch

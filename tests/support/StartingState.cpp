@@ -4,23 +4,13 @@
 
 #include <VORNELCore/SerializedForms.h>
 
-#include <fstream>
-
 using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-namespace fs = std::filesystem;
-
 const QString savedText = u"# Démo\n\nLe texte enregistré.\n"_s;
 
 namespace {
-
-void write(const fs::path &file, const std::string &bytes)
-{
-    fs::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << bytes;
-}
 
 /// Creates a skill and saves it until it has reached `revision`.
 QUuid grow(LocalWorkspaceService &service, const QString &slug, const QString &category, int revision)
@@ -34,17 +24,17 @@ QUuid grow(LocalWorkspaceService &service, const QString &slug, const QString &c
 
 void addByHand(const fs::path &folder)
 {
-    write(folder / "reference/deep/notes.md", "added by hand");
-    write(folder / "reference/table.csv", "a,b\n1,2\n");
-    write(folder / "run.sh", "#!/bin/sh\n");
+    writeFile(folder / "reference/deep/notes.md", "added by hand");
+    writeFile(folder / "reference/table.csv", "a,b\n1,2\n");
+    writeFile(folder / "run.sh", "#!/bin/sh\n");
     fs::create_directories(folder / "empty");
 }
 
 /// What is no skill, and no part of VORNEL's.
 void writeStrangersFolder(const fs::path &folder)
 {
-    write(folder / "notes.txt", "a stranger's");
-    write(folder / ".hidden/draft", "a stranger's too");
+    writeFile(folder / "notes.txt", "a stranger's");
+    writeFile(folder / ".hidden/draft", "a stranger's too");
 }
 
 std::string freshName()
@@ -68,24 +58,25 @@ void forgetRevision(const fs::path &history, const std::string &prefix)
 
 } // namespace
 
-std::unique_ptr<LocalWorkspaceService> startService(const fs::path &folder, std::shared_ptr<FileSystem> files)
+std::unique_ptr<LocalWorkspaceService> startService(const fs::path &folder, std::shared_ptr<FileSystem> files,
+                                                    FailureScope scope)
 {
-    auto service = std::make_unique<LocalWorkspaceService>(std::move(files));
+    auto service = std::make_unique<LocalWorkspaceService>(std::move(files), scope);
     service->bootstrap(folder / "workspace", folder / "claude", folder / "codex").result();
     return service;
 }
 
 void writeAssistantsFolders(const fs::path &folder)
 {
-    write(folder / "claude/left/SKILL.md", "name: Gauche\ndescription: à gauche");
-    write(folder / "claude/left/scripts/deep/left.py", "print('left')");
-    write(folder / "codex/right/SKILL.md", "name: Droite");
+    writeFile(folder / "claude/left/SKILL.md", "name: Gauche\ndescription: à gauche");
+    writeFile(folder / "claude/left/scripts/deep/left.py", "print('left')");
+    writeFile(folder / "codex/right/SKILL.md", "name: Droite");
     writeStrangersFolder(folder / "codex/left");
     for (const char *target : {"claude", "codex"}) {
-        write(folder / target / "both/SKILL.md", "the same in both");
-        write(folder / target / "clash/SKILL.md", target);
-        write(folder / target / "clash/only" / target, target);
-        write(folder / target / "Not_A_Slug/SKILL.md", "stays where it is");
+        writeFile(folder / target / "both/SKILL.md", "the same in both");
+        writeFile(folder / target / "clash/SKILL.md", target);
+        writeFile(folder / target / "clash/only" / target, target);
+        writeFile(folder / target / "Not_A_Slug/SKILL.md", "stays where it is");
     }
 }
 
@@ -105,15 +96,15 @@ void buildLibrary(const fs::path &folder)
         service->synchronize(skill.id).result();
     service->moveToTrash(QSet<QUuid>{gone, kept}).result();
 
-    write(folder / "codex/demo/SKILL.md", "edited by an assistant");
-    write(folder / "codex/demo/reference/own.md", "added by an assistant");
+    writeFile(folder / "codex/demo/SKILL.md", "edited by an assistant");
+    writeFile(folder / "codex/demo/reference/own.md", "added by an assistant");
     fs::remove_all(folder / "claude/second");
     const fs::path history = folder / "workspace/.vornel/history";
     forgetRevision(history / uuidText(demo).toStdString(), "3-");
     forgetRevision(history / uuidText(second).toStdString(), "2-");
     writeStrangersFolder(folder / "claude/fresh");
     writeStrangersFolder(folder / "codex/gone");
-    write(folder / "text", savedText.toStdString());
+    writeFile(folder / "text", savedText.toStdString());
 }
 
 void buildInterruptedLibrary(const fs::path &folder)
@@ -129,14 +120,14 @@ void buildInterruptedLibrary(const fs::path &folder)
         if (slug == "gone")
             fs::rename(bookkeeping / "trash" / id, bookkeeping / "staging" / id);
         else if (slug == "kept")
-            write(bookkeeping / "trash" / id / temporaryName(), "half");
+            writeFile(bookkeeping / "trash" / id / temporaryName(), "half");
     }
-    write(bookkeeping / "staging" / freshName() / "SKILL.md", "half");
-    write(bookkeeping / "events" / ("trashed-" + freshName() + ".json"), "{}");
-    write(bookkeeping / temporaryName(), "half");
-    write(bookkeeping / "recovery" / temporaryName() / "SKILL.md", "half");
-    write(skills / "second" / temporaryName(), "half");
-    write(folder / "claude" / temporaryName() / "SKILL.md", "half");
+    writeFile(bookkeeping / "staging" / freshName() / "SKILL.md", "half");
+    writeFile(bookkeeping / "events" / ("trashed-" + freshName() + ".json"), "{}");
+    writeFile(bookkeeping / temporaryName(), "half");
+    writeFile(bookkeeping / "recovery" / temporaryName() / "SKILL.md", "half");
+    writeFile(skills / "second" / temporaryName(), "half");
+    writeFile(folder / "claude" / temporaryName() / "SKILL.md", "half");
 }
 
 } // namespace vornel

@@ -13,7 +13,8 @@ extern const QString savedText;
 /// Starts a service on the roots below `folder`: "workspace", "claude" and "codex".
 std::unique_ptr<LocalWorkspaceService>
 startService(const std::filesystem::path &folder,
-             std::shared_ptr<FileSystem> files = std::make_shared<PosixFileSystem>());
+             std::shared_ptr<FileSystem> files = std::make_shared<PosixFileSystem>(),
+             FailureScope scope = FailureScope::Library);
 
 /// Writes what the assistants hold before anything is imported: skills in one folder or both, alike and
 /// unlike, and what can't be imported.

@@ -7,8 +7,6 @@
 
 namespace vornel {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 bool isVisible(const fs::path &name)
