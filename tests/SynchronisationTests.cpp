@@ -210,51 +210,31 @@ TEST(SynchronizationPass, LetsOthersInMeanwhile)
     EXPECT_EQ(workspace.stateOf(u"skill-19"_s), SyncState::inSync);
 }
 
-TEST(Install, KeepsAStrangersFolderInTheHistory)
+TEST(Install, KeepsAStrangersFolderEvenWhenTheSkillIsDeleted)
 {
-    for (const bool hasVolumes : {false, true}) {
-        const auto files = std::make_shared<FaultyFileSystem>();
-        files->hasVolumes = hasVolumes;
-        TestWorkspace workspace(files);
-        const auto writeStrangersFolder = [&] {
-            workspace.write("codex/demo/SKILL.md", "theirs");
-            workspace.write("codex/demo/.hidden/more", "theirs");
-            return workspace.tree("codex/demo");
-        };
-        const auto stranger = writeStrangersFolder();
-        const QUuid id = workspace.create(u"demo"_s).manifest.id;
-        const std::string history = "workspace/.vornel/history/" + uuidText(id).toStdString();
-        const auto kept = [&](const std::string &folder) {
-            return workspace.trees(folder, "replaced-codex-");
-        };
-        EXPECT_EQ(kept(history), std::vector{stranger});
-        EXPECT_EQ(workspace.names("codex/demo"), std::vector<std::string>{"SKILL.md"});
-        EXPECT_TRUE(workspace.names("workspace/.vornel/recovery").empty());
+    const auto files = std::make_shared<FaultyFileSystem>();
+    TestWorkspace workspace(files);
+    workspace.write("codex/demo/SKILL.md", "theirs");
+    workspace.write("codex/demo/.hidden/more", "theirs");
+    const Tree stranger = workspace.tree("codex/demo");
+    bool isRefused = false;
+    files->refusesRename = [&](const fs::path & /*from*/, const fs::path &to) {
+        return to == workspace.path("codex/demo") && !std::exchange(isRefused, true);
+    };
+    EXPECT_EQ(errorOf([&] { workspace.create(u"demo"_s); }), Error::partialSync({TargetKind::codex}));
+    EXPECT_EQ(workspace.tree("codex/demo"), stranger) << "is put back";
+    EXPECT_EQ(workspace.names("codex"), std::vector<std::string>{"demo"});
 
-        workspace.service->moveToTrash(id).waitForFinished();
-        writeStrangersFolder();
-        bool isRefused = false;
-        files->refusesRename = [&](const fs::path & /*from*/, const fs::path &to) {
-            return to == workspace.path("codex/demo") && !std::exchange(isRefused, true);
-        };
-        EXPECT_EQ(errorOf([&] { workspace.service->restore(id).result(); }),
-                  Error::partialSync({TargetKind::codex}));
-        EXPECT_EQ(workspace.tree("codex/demo"), stranger) << "is put back";
-        EXPECT_EQ(workspace.names("codex"), std::vector<std::string>{"demo"});
-
-        files->refusesRename = nullptr;
-        workspace.service->moveToTrash(id).waitForFinished();
-        writeStrangersFolder();
-        workspace.service->restore(id).waitForFinished();
-        const std::vector<Tree> all = kept(history);
-        EXPECT_GE(all.size(), 2U);
-        EXPECT_TRUE(std::ranges::all_of(all, [&](const Tree &tree) { return tree == stranger; }));
-        workspace.service->moveToTrash(id).waitForFinished();
-        workspace.service->deletePermanently(id).waitForFinished();
-        EXPECT_FALSE(fs::exists(workspace.path(history)));
-        EXPECT_EQ(kept("workspace/.vornel/recovery"), all)
-            << "they aren't the user's to delete with the skill";
-    }
+    const QUuid id = workspace.service->reload().result().skills.first().id;
+    workspace.service->synchronize(id).waitForFinished();
+    EXPECT_EQ(workspace.names("codex/demo"), std::vector<std::string>{"SKILL.md"});
+    const std::string history = "workspace/.vornel/history/" + uuidText(id).toStdString();
+    EXPECT_EQ(workspace.trees(history, "replaced-codex-"), std::vector{stranger});
+    workspace.service->moveToTrash(id).waitForFinished();
+    workspace.service->deletePermanently(id).waitForFinished();
+    EXPECT_FALSE(fs::exists(workspace.path(history)));
+    EXPECT_EQ(workspace.trees("workspace/.vornel/recovery", "replaced-codex-"), std::vector{stranger})
+        << "it isn't the user's to delete with the skill";
 }
 
 TEST(Swap, WorksWhereAFolderCannotEvenBeRenamed)
