@@ -73,7 +73,7 @@ TEST_P(EveryFault, LeavesEverythingWhole)
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, EveryFault, testing::ValuesIn(scenarios()),
-                         [](const auto &scenario) { return scenario.param.name; });
+                         testing::PrintToStringParamName());
 
 } // namespace
 } // namespace vornel

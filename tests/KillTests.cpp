@@ -112,8 +112,7 @@ TEST_P(Killed, AtAnyChangeWithoutExchange)
     killEverywhere({u"-e"_s, u"inject=renameat2:error=EINVAL"_s});
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, Killed, testing::ValuesIn(scenarios()),
-                         [](const auto &scenario) { return scenario.param.name; });
+INSTANTIATE_TEST_SUITE_P(Every, Killed, testing::ValuesIn(scenarios()), testing::PrintToStringParamName());
 
 } // namespace
 } // namespace vornel

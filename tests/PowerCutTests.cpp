@@ -49,8 +49,7 @@ TEST_P(PowerCut, AtAnyStepLeavesEverythingWhole)
     sample.print("power cuts");
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, PowerCut, testing::ValuesIn(scenarios()),
-                         [](const auto &scenario) { return scenario.param.name; });
+INSTANTIATE_TEST_SUITE_P(Every, PowerCut, testing::ValuesIn(scenarios()), testing::PrintToStringParamName());
 
 } // namespace
 } // namespace vornel
