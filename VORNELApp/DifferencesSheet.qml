@@ -11,7 +11,9 @@ Sheet {
     required property AppModel model
     required property SkillCopies copies
 
-    readonly property real bodyHeight: Math.max(200, parent.height - 340)
+    /** What the title, the notes and the buttons leave. */
+    readonly property real bodyHeight: Math.max(120, parent.height - notes.height - 290)
+
     property string acceptText
 
     /** What replaces the copies, while it waits for a look at them or for the user. */
@@ -99,36 +101,43 @@ Sheet {
         target: sheet.copies
     }
 
-    Label {
-        color: Colors.secondary
-        lineHeight: 1.35
-        text: "Voici ce que les copies des assistants ont de différent. «\u00A0" + sheet.acceptText
-              + "\u00A0» les remplace par " + (sheet.newText === undefined ? "la version de VORNEL" : "votre version") + "\u00A0: ce qui est marqué + disparaît, ce qui est marqué − revient. "
-              + (sheet.copies.hasEdits ? "Ce qui est remplacé reste dans l’historique."
-                                       : "Rien n’a été modifié chez les assistants\u00A0: c’est le dossier de VORNEL qui a changé depuis, et rien ne sera perdu.")
-        visible: files.count > 0
-        width: parent.width
-        wrapMode: Text.Wrap
-    }
-    Label {
-        color: Colors.danger
-        text: "Les copies des assistants n’ont pas pu être comparées. «\u00A0" + sheet.acceptText
-              + "\u00A0» les remplace\u00A0; ce qu’elles contiennent reste dans l’historique. " + sheet.copies.problem
-        visible: sheet.copies.problem !== ""
-        width: parent.width
-        wrapMode: Text.Wrap
-    }
-    Repeater {
-        model: sheet.copies.targets
+    Column {
+        id: notes
 
-        FailedCopy {
-            required property targetInspection modelData
+        spacing: Metrics.large
+        width: parent.width
 
-            canAct: !sheet.model.isWorking
-            inspection: modelData
-            visible: modelData.reason !== ""
-            width: parent?.width ?? 0
-            onSettingAsideAsked: sheet.model.setCopyAside(sheet.copies.skillID, modelData.target)
+        Label {
+            color: Colors.secondary
+            lineHeight: 1.35
+            text: "Voici ce que les copies des assistants ont de différent. «\u00A0" + sheet.acceptText
+                  + "\u00A0» les remplace par " + (sheet.newText === undefined ? "la version de VORNEL" : "votre version") + "\u00A0: ce qui est marqué + disparaît, ce qui est marqué − revient. "
+                  + (sheet.copies.hasEdits ? "Ce qui est remplacé reste dans l’historique."
+                                           : "Rien n’a été modifié chez les assistants\u00A0: c’est le dossier de VORNEL qui a changé depuis, et rien ne sera perdu.")
+            visible: files.count > 0
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+        Label {
+            color: Colors.danger
+            text: "Les copies des assistants n’ont pas pu être comparées. «\u00A0" + sheet.acceptText
+                  + "\u00A0» les remplace\u00A0; ce qu’elles contiennent reste dans l’historique. " + sheet.copies.problem
+            visible: sheet.copies.problem !== ""
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+        Repeater {
+            model: sheet.copies.targets
+
+            FailedCopy {
+                required property targetInspection modelData
+
+                canAct: !sheet.model.isWorking
+                inspection: modelData
+                visible: modelData.reason !== ""
+                width: parent?.width ?? 0
+                onSettingAsideAsked: sheet.model.setCopyAside(sheet.copies.skillID, modelData.target)
+            }
         }
     }
     Row {

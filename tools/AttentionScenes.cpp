@@ -10,12 +10,12 @@ namespace fs = std::filesystem;
 namespace vornel {
 namespace {
 
-/// Lets copies be missing, edited and unreadable.
+/// Lets copies be missing, edited, outdated and unreadable.
 void harmCopies(Studio &studio)
 {
     const QList<SkillSummary> skills = studio.model().overview()->skills;
-    const auto copy = [&](const char *assistant, qsizetype number) {
-        return studio.path(assistant) / skills.at(number).slug.toStdString();
+    const auto copy = [&](const char *root, qsizetype number) {
+        return studio.path(root) / skills.at(number).slug.toStdString();
     };
     fs::remove_all(copy("codex", 0));
     fs::remove_all(copy("claude", 3));
@@ -23,6 +23,7 @@ void harmCopies(Studio &studio)
         std::ofstream(copy("claude", number) / "SKILL.md", std::ios::app) << "\nUne ligne de plus.\n";
     fs::remove_all(copy("codex", 5));
     std::ofstream(copy("codex", 5)) << "pas un dossier";
+    std::ofstream(copy("VORNEL/skills", 6) / "SKILL.md", std::ios::app) << "\nUne ligne de plus.\n";
 }
 
 void photographBatch(const Photographer &photographer, Studio &studio)

@@ -45,6 +45,9 @@ void photographFilters(const Photographer &photographer, AppModel &model)
 void photographLibrary(Photographer &photographer, Studio &studio)
 {
     photographer.take(u"library"_s);
+    photographer.press(Qt::Key_Menu);
+    photographer.take(u"library-menu"_s);
+    photographer.press(Qt::Key_Escape);
     photographSelection(photographer, studio.model());
     photographFilters(photographer, studio.model());
     const QString dragged =
