@@ -179,7 +179,7 @@ Sheet {
         ActionButton {
             enabled: !sheet.model.isWorking
             role: sheet.copies.hasUnreadable ? ActionButton.Quiet : ActionButton.Primary // which can't replace all
-            symbol: "folder-sync"
+            symbol: sheet.newText === undefined ? "folder-sync" : "save"
             text: sheet.acceptText
             onClicked: {
                 sheet.act();

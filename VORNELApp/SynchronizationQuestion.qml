@@ -12,7 +12,7 @@ ConfirmationDialog {
     readonly property int kept: survey.editedCopies + survey.unexplainedCopies
     readonly property string loss: {
         if (kept === 0 && !survey.sawEveryCopy)
-            return "Vos assistants recevront la version de VORNEL. Certaines copies n’ont pas pu être comparées.";
+            return "Vos assistants recevront la version de VORNEL.";
         if (kept === 0)
             return (survey.count === 1 ? "Aucune de ses copies" : "Aucune de leurs copies")
                 + " n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
@@ -23,7 +23,7 @@ ConfirmationDialog {
 
     acceptText: "Tout synchroniser"
     isDestructive: kept > 0
-    message: loss
+    message: survey.sawEveryCopy ? loss : loss + " Certaines copies n’ont pas pu être comparées."
     title: survey.count === 1 ? "Synchroniser 1 compétence\u00A0?"
         : "Synchroniser " + survey.count + " compétences\u00A0?"
     onAccepted: survey.synchronize()
