@@ -275,7 +275,15 @@ QList<QUuid> skillsToSynchronize(const Session &session)
     return ids;
 }
 
-/// The first failure as any other command tells it, and each with its skill.
+/// The copies of a skill that have failed.
+QList<TargetInspection> failedCopies(const Session &session, const QUuid &id)
+{
+    QList<TargetInspection> copies = session.copies.wrongCopies().result().value(id);
+    copies.removeIf([](const TargetInspection &copy) { return copy.reason.isEmpty(); });
+    return copies;
+}
+
+/// The first failure as any other command tells it, and each with its skill and the copies that have failed.
 QJsonObject failuresObject(const Session &session, const QList<SyncOutcome> &failures)
 {
     QJsonArray all;
@@ -283,6 +291,7 @@ QJsonObject failuresObject(const Session &session, const QList<SyncOutcome> &fai
         QJsonObject object = failureObject(failure.failure);
         object.insert(u"id"_s, uuidText(failure.id));
         object.insert(u"slug"_s, slugOf(failure.id, session.overview.skills));
+        object.insert(u"copies"_s, RecordJson::encode(failedCopies(session, failure.id)));
         all.append(object);
     }
     QJsonObject object = failureObject(failures.first().failure);
@@ -294,9 +303,13 @@ void reportFailures(const Session &session, const QList<SyncOutcome> &failures)
 {
     if (session.invocation.has(u"json"_s))
         return printFailure(failuresObject(session, failures));
-    for (const SyncOutcome &failure : failures)
+    for (const SyncOutcome &failure : failures) {
         Terminal::printError(Terminal::printable(slugOf(failure.id, session.overview.skills) + u"\u00A0: "_s +
                                                  errorMessage(failure.failure)));
+        for (const TargetInspection &copy : failedCopies(session, failure.id))
+            Terminal::printError(Terminal::printable(u"  "_s + copy.assistant() + u"\u00A0: "_s +
+                                                     copy.reason + u" ("_s + copy.shownPath() + u')'));
+    }
 }
 
 /// One skill that fails doesn't stop the others.

@@ -11,9 +11,16 @@ namespace vornel {
 
 Drift Drifts::of(const QUuid &id) const
 {
-    if (!m_wrong)
-        m_wrong = m_copies.wrongCopies().result();
-    return worstDrift(m_wrong->value(id));
+    if (!m_wrong) {
+        try {
+            m_wrong = m_copies.wrongCopies().result();
+        } catch (const std::exception &) {
+            m_wrong
+                .emplace(); // such as while another program writes: the report is worth more than the causes
+        }
+    }
+    const QList<TargetInspection> copies = m_wrong->value(id);
+    return copies.isEmpty() ? Drift::unknown : worstDrift(copies);
 }
 
 QJsonValue Drifts::addedTo(const QJsonValue &records) const

@@ -7,26 +7,30 @@
 
 namespace vornel {
 
-/// What an error that is about one skill knows besides its message.
+/// What an error knows besides its message: the skill or the file that it is about.
 class FailurePlace
 {
 public:
     /// Without a folder, the error isn't about the skill's own.
-    explicit FailurePlace(QString slug, std::filesystem::path folder = {})
-        : m_slug(std::move(slug)), m_folder(std::move(folder))
-    {}
+    static FailurePlace ofSkill(const QString &slug, const std::filesystem::path &folder = {});
+    static FailurePlace ofFile(const std::filesystem::path &file);
 
+    /// Where to look; empty where that isn't known.
     const std::filesystem::path &folder() const { return m_folder; }
 
-    /// Names the skill and the place, for the user.
-    QString sentence() const;
+    /// Names what it is about, for the user.
+    const QString &sentence() const { return m_sentence; }
 
 private:
-    QString m_slug;
+    FailurePlace(QString sentence, std::filesystem::path folder)
+        : m_sentence(std::move(sentence)), m_folder(std::move(folder))
+    {}
+
+    QString m_sentence;
     std::filesystem::path m_folder;
 };
 
-/// An error of type `Error` that is about one skill. It is caught as either of both.
+/// An error of type `Error` that knows its place. It is caught as either of both.
 template <typename Error>
 class Located : public Error, public FailurePlace
 {

@@ -2,6 +2,7 @@
 
 #include "CategoryRules.h"
 #include "FileOperations.h"
+#include "Locating.h"
 #include "SchemaVersion.h"
 #include "SkillFiles.h"
 #include "SkillRecords.h"
@@ -94,7 +95,9 @@ void CategoryCatalog::refuseIfNewer() const
     refuseNewer(schemaVersion, u"le catalogue de catégories"_s);
 }
 
-CategoryCatalog readCategoryCatalog(const Workspace &workspace)
+namespace {
+
+CategoryCatalog decodedCatalog(const Workspace &workspace)
 {
     QByteArray document;
     try {
@@ -107,6 +110,14 @@ CategoryCatalog readCategoryCatalog(const Workspace &workspace)
         throw VORNELWorkspaceError::integrityFailure(u"Le catalogue de catégories est invalide."_s);
     catalog->check();
     return *catalog;
+}
+
+} // namespace
+
+CategoryCatalog readCategoryCatalog(const Workspace &workspace)
+{
+    return locating(workspace, OwnFile{workspace.config.categories()},
+                    [&workspace] { return decodedCatalog(workspace); });
 }
 
 void writeCategoryCatalog(const CategoryCatalog &catalog, const Workspace &workspace)

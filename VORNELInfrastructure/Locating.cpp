@@ -39,12 +39,17 @@ FailurePlace placeOf(const Workspace &workspace, const fs::path &folder)
 {
     const QString slug =
         folder.parent_path() == workspace.config.trash() ? trashedSlug(workspace, folder) : QString();
-    return FailurePlace(slug.isEmpty() ? pathText(folder.filename()) : slug, folder);
+    return FailurePlace::ofSkill(slug.isEmpty() ? pathText(folder.filename()) : slug, folder);
 }
 
 FailurePlace placeOf(const Workspace & /*workspace*/, const QString &slug)
 {
-    return FailurePlace(slug);
+    return FailurePlace::ofSkill(slug);
+}
+
+FailurePlace placeOf(const Workspace & /*workspace*/, const OwnFile &file)
+{
+    return FailurePlace::ofFile(file.path);
 }
 
 } // namespace vornel

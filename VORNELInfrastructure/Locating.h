@@ -14,28 +14,34 @@ FailurePlace placeOf(const Workspace &workspace, const std::filesystem::path &fo
 /// The skill of this slug, without a folder.
 FailurePlace placeOf(const Workspace &workspace, const QString &slug);
 
-/// Throws `error`, which is about a skill, named by its folder or slug, and says so where failures concern
-/// one skill.
-template <typename Skill, typename Error>
-[[noreturn]] void failAt(const Workspace &workspace, const Skill &skill, const Error &error)
+/// A file that the workspace keeps for itself.
+struct OwnFile
+{
+    std::filesystem::path path;
+};
+FailurePlace placeOf(const Workspace &workspace, const OwnFile &file);
+
+/// Throws `error`, which is about `subject`: a skill, by its folder or slug, or a file of the workspace. It
+/// says so where failures concern one skill.
+template <typename Subject, typename Error>
+[[noreturn]] void failAt(const Workspace &workspace, const Subject &subject, const Error &error)
 {
     if (workspace.failureScope == FailureScope::Skill)
-        throw Located<Error>(error, placeOf(workspace, skill));
+        throw Located<Error>(error, placeOf(workspace, subject));
     throw error;
 }
 
-/// Runs `action`, which works on a skill, named by its folder or slug; what it throws says so where failures
-/// concern one skill.
-template <typename Skill, typename Action>
-auto locating(const Workspace &workspace, const Skill &skill, const Action &action)
+/// Runs `action`, which works on `subject`; what it throws is told by `failAt`.
+template <typename Subject, typename Action>
+auto locating(const Workspace &workspace, const Subject &subject, const Action &action)
 try {
     return action();
 } catch (const FailurePlace &) {
     throw;
 } catch (const VORNELWorkspaceError &error) {
-    failAt(workspace, skill, error);
+    failAt(workspace, subject, error);
 } catch (const std::filesystem::filesystem_error &error) {
-    failAt(workspace, skill, error);
+    failAt(workspace, subject, error);
 }
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include "CategoryCatalog.h"
 #include "CrashRecovery.h"
 #include "FileOperations.h"
+#include "Locating.h"
 #include "SchemaVersion.h"
 #include "SkillFiles.h"
 
@@ -51,11 +52,13 @@ void createLayout(const Workspace &workspace)
 
 WorkspaceMetadata readMetadata(const Workspace &workspace)
 {
-    const auto metadata = RecordJson::decodeDocument<WorkspaceMetadata>(
-        readFile(workspace.files, workspace.config.metadata(), SkillFiles::sizeLimit));
-    if (!metadata)
-        throw VORNELWorkspaceError::integrityFailure(u"Les métadonnées du workspace sont invalides."_s);
-    return *metadata;
+    return locating(workspace, OwnFile{workspace.config.metadata()}, [&workspace] {
+        const auto metadata = RecordJson::decodeDocument<WorkspaceMetadata>(
+            readFile(workspace.files, workspace.config.metadata(), SkillFiles::sizeLimit));
+        if (!metadata)
+            throw VORNELWorkspaceError::integrityFailure(u"Les métadonnées du workspace sont invalides."_s);
+        return *metadata;
+    });
 }
 
 void refuseNewerWorkspace(const Workspace &workspace)

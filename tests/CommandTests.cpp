@@ -199,13 +199,18 @@ TEST_F(Vornelctl, NamesItsFailures)
     const Result partial = run("sync a b");
     EXPECT_EQ(partial.code, 2);
     EXPECT_EQ(partial.output, QByteArray());
-    EXPECT_EQ(partial.errors, QByteArray("a\u00A0: Synchronisation incomplète : codex.\n"
-                                         "b\u00A0: Synchronisation incomplète : codex.\n"));
+    const auto said = [this](const char *slug) {
+        return QByteArray(slug) + "\u00A0: Synchronisation incomplète : codex.\n  Codex\u00A0: " +
+               "Ce n’est pas un dossier\u00A0: " + path("codex").c_str() + " (" + path("codex").c_str() +
+               '/' + slug + ")\n";
+    };
+    EXPECT_EQ(partial.errors, said("a") + said("b"));
     const QJsonObject failed = run("sync b a --json").error();
     EXPECT_EQ(failed[u"error"], u"partialSync"_s);
     EXPECT_EQ(failed[u"failures"].toArray().size(), 2);
     EXPECT_EQ(failed[u"failures"][0][u"slug"], u"b"_s);
     EXPECT_EQ(failed[u"failures"][1][u"message"], failed[u"message"]);
+    EXPECT_EQ(failed[u"failures"][1][u"copies"][0][u"target"], u"codex"_s);
     fs::remove(path("codex"));
     ASSERT_EQ(run({u"create"_s, u"c"_s, u"--name"_s, u"C"_s, u"--summary"_s, u"Audit: utile"_s}).code, 0);
     EXPECT_EQ(run("show c --json").json()[u"skillMD"],
@@ -217,6 +222,8 @@ TEST_F(Vornelctl, NamesItsFailures)
 
     write("ws/.vornel/workspace.json", "broken");
     EXPECT_EQ(run("--json status").error()[u"error"], u"integrityFailure"_s);
+    EXPECT_TRUE(run("status").errors.endsWith(
+        "\nFichier concerné\u00A0: " + path("ws/.vornel/workspace.json").string() + ".\n"));
 }
 
 TEST_F(Vornelctl, AnswersWrongUsageWithoutTouchingAnything)

@@ -177,7 +177,7 @@ ScreenTest {
         type("x");
         fixture.write("workspace/.vornel/categories.json", "{");
         keyClick(Qt.Key_Return);
-        awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
+        awaitText(/Le catalogue de catégories est invalide/);
         compare(model.errorMessage, "", "it is told on the sheet alone");
         compare(control("Nom").text, "Designx", "what was typed stays");
         compare(control("Nom").Accessible.description, "De 1 à 40 caractères.", "it isn't the name's fault");
@@ -226,7 +226,7 @@ ScreenTest {
         verify(!control("Fermer").enabled);
         fixture.write("workspace/.vornel/categories.json", "{");
         fixture.releaseWorkspace();
-        awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
+        awaitText(/Le catalogue de catégories est invalide/);
         compare(model.errorMessage, "");
         verify(category("Designx"));
     }

@@ -224,7 +224,7 @@ ScreenTest {
         verify(!control("Annuler").enabled);
         fixture.write("workspace/.vornel/categories.json", "{");
         fixture.releaseWorkspace();
-        awaitText("Échec d’intégrité : Le catalogue de catégories est invalide.");
+        awaitText(/Le catalogue de catégories est invalide/);
         verify(!shows("Une compétence porte déjà cet identifiant."));
         click("Fermer");
         tryVerify(() => !shows("Fermer"));
