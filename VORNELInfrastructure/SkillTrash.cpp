@@ -3,6 +3,7 @@
 #include "BestEffort.h"
 #include "CrashRecovery.h"
 #include "Locating.h"
+#include "SchemaVersion.h"
 #include "SkillHistory.h"
 #include "TargetSynchronizer.h"
 #include "TrashMoments.h"
@@ -28,6 +29,7 @@ void SkillTrash::moveToTrash(const QSet<QUuid> &ids) const
 
 void SkillTrash::moveToTrash(const SkillRecord &skill) const
 {
+    refuseNewer(skill.manifest);
     refuseDoubledSlug(skill.manifest);
     TargetSynchronizer(m_workspace).removeCopies(skill);
     const fs::path destination = m_workspace.config.trashed(skill.manifest.id);
@@ -72,15 +74,20 @@ void SkillTrash::restore(const QUuid &id) const
     manifest.updatedAt = currentInstant();
     m_store.writeManifest(manifest, source, Durability::Now);
     const SkillRecord skill{manifest, m_workspace.config.canonical(manifest.slug)};
-    moveTree(files, source, skill.url);
-    try {
-        SkillHistory(m_workspace).add(manifest, skill.url);
-    } catch (...) {
-        bestEffort([&] { moveTree(files, skill.url, source); });
-        throw;
-    }
+    locating(m_workspace, source, [&] { bringBack(source, skill); });
     TrashMoments(m_workspace).forget(id);
     TargetSynchronizer(m_workspace).synchronize(skill);
+}
+
+void SkillTrash::bringBack(const fs::path &source, const SkillRecord &skill) const
+{
+    moveTree(m_workspace.files, source, skill.url);
+    try {
+        SkillHistory(m_workspace).add(skill.manifest, skill.url);
+    } catch (...) {
+        bestEffort([&] { moveTree(m_workspace.files, skill.url, source); });
+        throw;
+    }
 }
 
 void SkillTrash::deletePermanently(const QUuid &id) const

@@ -25,6 +25,7 @@ public:
 private:
     void moveToTrash(const SkillRecord &skill) const;
     void refuseDoubledSlug(const SkillManifest &manifest) const;
+    void bringBack(const std::filesystem::path &source, const SkillRecord &skill) const;
     void remove(const QUuid &id) const;
 
     /// The skills in the trash, without the one of this identifier.

@@ -39,6 +39,18 @@ QList<TargetKind> kindsOf(const std::map<TargetKind, std::exception_ptr> &failur
     return {kinds.begin(), kinds.end()};
 }
 
+/// Runs `action`, which moves a copy away. A folder that its owner may not write to can't be moved: the
+/// failure names it, and not the place where it was to go.
+template <typename Action>
+void blaming(const fs::path &copy, const Action &action)
+try {
+    action();
+} catch (const fs::filesystem_error &error) {
+    if (error.code() != std::errc::permission_denied)
+        throw;
+    throw fs::filesystem_error("move", copy, error.code());
+}
+
 } // namespace
 
 std::vector<Publication *> Install::publications()
@@ -78,7 +90,7 @@ void TargetSynchronizer::setAside(const SkillRecord &skill, TargetKind kind) con
     if (files.kindAt(copy.destination))
         copy.parking = copy.keptAs = recoveryPlace(u"-removed-"_s, kind, slug);
     SecureFileTree::copyTree(files, skill.url, copy.stage.path(), TreeFilter::excludingManifest);
-    publish(files, copy);
+    blaming(copy.destination, [&] { publish(files, copy); });
     discardFormer(copy);
 
     TargetReasons reasons = m_workspace.failedSyncTargets.take(skill.manifest.id);
@@ -204,7 +216,7 @@ void TargetSynchronizer::removeTargetCopy(const QString &slug, TargetKind kind) 
         return;
     if (*kindThere == FileKind::SymbolicLink)
         throw VORNELWorkspaceError::symlinkUnsupported(pathText(destination));
-    moveTree(files, destination, recoveryPlace(u"-removed-"_s, kind, slug));
+    blaming(destination, [&] { moveTree(files, destination, recoveryPlace(u"-removed-"_s, kind, slug)); });
 }
 
 } // namespace vornel

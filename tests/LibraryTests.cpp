@@ -243,11 +243,12 @@ TEST_F(Library, ShowsWhatANewerVersionWroteAndChangesNoneOfIt)
     const auto save = [&] { return service->saveSkill(a, 1, u"new"_s); };
     const auto assign = [&] { return service->assignSkills({a, b}, u"quality"_s); };
     const auto restore = [&] { return service->restore(trashed); };
+    const auto trash = [&] { return service->moveToTrash(a); };
     const auto deleteCategory = [&] { return service->deleteCategory(u"design"_s); };
     const auto createCategory = [&] { return service->createCategory(u"x"_s, u"000000"_s); };
     const auto updateCategory = [&] { return service->updateCategory(u"design"_s, u"x"_s, u"000000"_s); };
     const auto synchronize = [&] { return service->synchronize(b); };
-    expectRefusals("skills/a/vornel.json", u"le manifeste de a"_s, save, assign, deleteCategory);
+    expectRefusals("skills/a/vornel.json", u"le manifeste de a"_s, save, assign, trash, deleteCategory);
     expectRefusals(".vornel/trash/" + uuidText(trashed).toStdString() + "/vornel.json",
                    u"le manifeste de c"_s, restore, deleteCategory);
     expectRefusals(".vornel/categories.json", u"le catalogue de catégories"_s, createCategory, updateCategory,

@@ -438,7 +438,7 @@ TEST(TargetFolder, IsLookedIntoAsFarAsItMayBe)
 {
     const Unprivileged rights;
     TestWorkspace workspace;
-    workspace.create(u"demo"_s);
+    const QUuid id = workspace.create(u"demo"_s).manifest.id;
     const auto stateUnder = [&](fs::perms permissions) {
         fs::permissions(workspace.path("codex"), permissions);
         return workspace.stateOf(u"demo"_s);
@@ -452,6 +452,19 @@ TEST(TargetFolder, IsLookedIntoAsFarAsItMayBe)
     EXPECT_TRUE(tolerant->occupants(QList<TargetPlace>{{TargetKind::codex, u"other"_s}}).result().isEmpty());
     EXPECT_EQ(stateUnder(fs::perms::none), SyncState::missing);
     EXPECT_EQ(stateUnder(fs::perms::owner_all), SyncState::inSync);
+
+    const fs::path copy = workspace.path("codex/demo");
+    fs::permissions(copy, fs::perms::owner_read);
+    const auto blamed = [](const auto &operation) {
+        try {
+            operation();
+        } catch (const fs::filesystem_error &error) {
+            return error.path1();
+        }
+        return fs::path();
+    };
+    EXPECT_EQ(blamed([&] { tolerant->setAside(id, TargetKind::codex).waitForFinished(); }), copy);
+    fs::permissions(copy, fs::perms::owner_all);
 }
 
 } // namespace
