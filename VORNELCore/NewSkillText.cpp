@@ -21,8 +21,8 @@ bool isReadPlainly(const QString &value)
     static const QRegularExpression notAText( // but nothing, a truth value, a number or a time
         uR"(\A(?:~|null|true|false|yes|no|on|off|y|n|=|<<|[-+]?\.(?:inf|nan)|[-+]?[.\d][-+.:\w]*|\d[-\d]+[ tz\d:.+-]*)\z)"_s,
         QRegularExpression::CaseInsensitiveOption);
-    return value == value.trimmed() && !value.contains(unprintable()) && !value.contains(syntax) &&
-           !value.contains(notAText);
+    return !value.isEmpty() && value == value.trimmed() && !value.contains(unprintable()) &&
+           !value.contains(syntax) && !value.contains(notAText);
 }
 
 QString yamlValue(const QString &value)

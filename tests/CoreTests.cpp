@@ -192,11 +192,11 @@ TEST(Text, OfANewSkillIsReadBackAsItIsByYaml)
         request.summary = summary;
         return readableSkillText(request).section(u'\n', 2, 2).mid(QStringLiteral("description: ").size());
     };
-    for (const QString &plain : {u""_s, u"3 outils d’audit"_s, u"a:b#c \"d\" -e"_s, u"-x"_s, u"nothing"_s})
+    for (const QString &plain : {u"3 outils d’audit"_s, u"a:b#c \"d\" -e"_s, u"-x"_s, u"nothing"_s})
         EXPECT_EQ(headFor(plain), plain);
-    for (const QString &quoted :
-         {u"Audit: utile"_s, u"fin:"_s, u"a #b"_s, u"- a"_s, u"[a]"_s, u"’a’ "_s, u"2026"_s, u"-1.5e3"_s,
-          u"0x1F"_s, u"2026-01-02 12:30:00 -5"_s, u"12:30"_s, u".inf"_s, u"Null"_s, u"no"_s, u"~"_s})
+    for (const QString &quoted : {u""_s, u"Audit: utile"_s, u"fin:"_s, u"a #b"_s, u"- a"_s, u"[a]"_s,
+                                  u"’a’ "_s, u"2026"_s, u"-1.5e3"_s, u"0x1F"_s, u"2026-01-02 12:30:00 -5"_s,
+                                  u"12:30"_s, u".inf"_s, u"Null"_s, u"no"_s, u"~"_s})
         EXPECT_EQ(headFor(quoted), u'"' + quoted + u'"');
     EXPECT_EQ(headFor(u"\"a\"\\\n\u2028"_s), uR"("\"a\"\\\u000a\u2028")"_s);
 }
