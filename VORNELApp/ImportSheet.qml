@@ -8,7 +8,7 @@ Sheet {
 
     required property AppModel model
 
-    readonly property real panelHeight: Math.max(320, Math.min(520, parent.height - 280))
+    readonly property real panelHeight: Math.max(200, Math.min(520, parent.height - 280 - problem.height))
 
     firstFocus: panel
     implicitWidth: Math.min(900, parent.width - 2 * Metrics.page)
@@ -27,6 +27,8 @@ Sheet {
         onClosed: sheet.close()
     }
     ErrorPanel {
+        id: problem
+
         text: sheet.isUsed ? sheet.model.errorMessage : ""
         width: parent.width
         onDismissed: {

@@ -43,16 +43,33 @@ Window {
                 window.close();
         }
 
+        function onErrorMessageChanged() {
+            room.contentY = Math.max(0, room.contentHeight - room.height); // where it is told
+        }
+
         target: window.model
     }
     Flickable {
         id: room
+
+        /** Scrolls to what has the keyboard, as far as the window isn't large enough for all. */
+        function reveal(item: Item): void {
+            const place = root.mapFromItem(item, 0, 0, item.width, item.height);
+            contentX = Math.max(place.right - width, Math.min(contentX, place.left));
+            contentY = Math.max(place.bottom - height, Math.min(contentY, place.top));
+        }
 
         anchors.fill: parent
         boundsBehavior: Flickable.StopAtBounds
         contentHeight: root.height
         contentWidth: root.width
         interactive: contentWidth > width || contentHeight > height // in a window that had to be smaller
+
+        Window.onActiveFocusItemChanged: {
+            const item = Window.activeFocusItem;
+            if (interactive && root.activeFocus && item !== root)
+                reveal(item);
+        }
 
         T.ScrollBar.horizontal: ScrollRail {}
         T.ScrollBar.vertical: ScrollRail {}

@@ -92,10 +92,13 @@ FocusScope {
     }
     SkillListEmptiness {
         anchors.centerIn: view
-        emptyHue: Colors.success
-        emptyLine: "Vos assistants ont chacun une copie à jour de toutes vos compétences."
-        emptySymbol: "check"
-        emptyTitle: "Tout est synchronisé"
+        readonly property bool isKnown: attention.model.isOverviewCurrent
+
+        emptyHue: isKnown ? Colors.success : Colors.danger
+        emptyLine: isKnown ? "Vos assistants ont chacun une copie à jour de toutes vos compétences."
+            : "L’état des copies n’est pas connu. «\u00A0Actualiser\u00A0» (F5) relit les dossiers."
+        emptySymbol: isKnown ? "check" : "triangle-alert"
+        emptyTitle: isKnown ? "Tout est synchronisé" : "Lecture impossible"
         skills: entries
         width: Math.min(480, view.width - 2 * Metrics.huge)
     }

@@ -148,7 +148,7 @@ FocusScope {
     Confirmations {
         parent: shell.Window.contentItem
         x: Metrics.small
-        y: sidebar.statusTop - height - Metrics.large
+        y: Math.min(sidebar.statusTop, shell.Window.height) - height - Metrics.large
         z: (T.Overlay.overlay?.z ?? 0) + 1 // sheets don't hide it
         model: shell.model
     }

@@ -13,6 +13,10 @@ ScreenTest {
         awaitText("Lecture impossible");
         verify(model.errorMessage.includes("Compétence concernée\u00A0: «\u00A0notes\u00A0»"));
         tryVerify(() => control("audit").Accessible.description.includes("inconnu"));
+        click("À réparer");
+        awaitText("L’état des copies n’est pas connu. «\u00a0Actualiser\u00a0» (F5) relit les dossiers.");
+        verify(!shows("Tout est synchronisé"));
+        click("Bibliothèque");
         fixture.remove("workspace/skills/notes");
         click("Actualiser");
         awaitText("Tout est à jour");
@@ -228,6 +232,9 @@ ScreenTest {
         mouseDrag(window.contentItem, 480, 300, -400, 0, Qt.LeftButton, Qt.NoModifier, 50);
         mouseDrag(window.contentItem, 480, 300, -400, 0, Qt.LeftButton, Qt.NoModifier, 50);
         tryVerify(() => right() <= 500);
+        control("Gérer les catégories").forceActiveFocus(Qt.TabFocusReason);
+        const bottom = () => control("Gérer les catégories").mapToItem(null, 0, 36).y;
+        verify(bottom() <= 400, "what has the keyboard is in view");
         window.close();
         awaitClosed(window);
     }
