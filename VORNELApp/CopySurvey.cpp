@@ -25,8 +25,7 @@ void CopySurvey::begin(const QVariantList &ids)
     QSet<QUuid> wanted;
     for (const QVariant &id : ids)
         wanted.insert(id.toUuid());
-    if (!m_isRunning)
-        run(wanted);
+    run(wanted);
 }
 
 void CopySurvey::repeat()

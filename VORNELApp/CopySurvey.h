@@ -22,7 +22,7 @@ public:
     using QObject::QObject;
 
     /// Looks at the copies of those of these skills that are active; `finished` follows, unless it is
-    /// forgotten before. Does nothing while it runs.
+    /// forgotten before. A look that isn't finished is.
     Q_INVOKABLE void begin(const QVariantList &ids);
 
     /// Looks at those of the last time again.

@@ -12,7 +12,7 @@ Sheet {
     required property SkillCopies copies
 
     /** What the title, the notes and the buttons leave. */
-    readonly property real bodyHeight: Math.max(120, parent.height - notes.height - 290)
+    readonly property real bodyHeight: Math.max(120, Math.round(parent.height - notes.height) - 290)
 
     property string acceptText
 
@@ -112,7 +112,7 @@ Sheet {
             lineHeight: 1.35
             text: "Voici ce que les copies des assistants ont de différent. «\u00A0" + sheet.acceptText
                   + "\u00A0» les remplace par " + (sheet.newText === undefined ? "la version de VORNEL" : "votre version") + "\u00A0: ce qui est marqué + disparaît, ce qui est marqué − revient. "
-                  + (sheet.copies.hasEdits ? "Ce qui est remplacé reste dans l’historique."
+                  + (sheet.copies.hasEdits || sheet.copies.hasFailed ? "Ce qui est remplacé reste dans l’historique."
                                            : "Rien n’a été modifié chez les assistants\u00A0: c’est le dossier de VORNEL qui a changé depuis, et rien ne sera perdu.")
             visible: files.count > 0
             width: parent.width

@@ -77,6 +77,7 @@ FocusScope {
 
         Accessible.description: bar.current === 0 ? result.text : "Résultat " + bar.current + " sur " + finder.count
         Keys.onEscapePressed: bar.close()
+        Keys.onEnterPressed: event => event.modifiers & Qt.ShiftModifier ? bar.goBack() : bar.goOn()
         Keys.onReturnPressed: event => event.modifiers & Qt.ShiftModifier ? bar.goBack() : bar.goOn()
     }
     Label {

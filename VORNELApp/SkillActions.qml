@@ -12,7 +12,7 @@ Item {
     readonly property alias menu: menu
     readonly property alias synchronization: synchronization
 
-    /** A sheet or a question has closed. */
+    /** A sheet, a question or a menu has closed. */
     signal closed
 
     /** Asks about the held skills. */
@@ -26,6 +26,7 @@ Item {
 
         model: actions.model
         selection: actions.selection
+        onClosed: actions.closed()
         onSynchronizationAsked: synchronization.synchronize(actions.selection.ids())
         onTrashAsked: actions.askToTrash()
     }

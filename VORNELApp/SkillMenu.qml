@@ -26,6 +26,7 @@ Item {
     readonly property bool isAlone: number === 1
     readonly property string all: isAlone ? "" : " les " + number
 
+    signal closed
     signal synchronizationAsked
     signal trashAsked
 
@@ -48,6 +49,7 @@ Item {
 
         implicitWidth: chooser.unreadable.length > 0 ? 320 : 240
         title: chooser.isAlone ? chooser.skill.displayName : chooser.number + " compétences"
+        onClosed: chooser.closed()
 
         ActionMenuItem {
             enabled: chooser.isAlone
@@ -131,6 +133,7 @@ Item {
 
         currentID: chooser.isAlone ? chooser.skill.category : ""
         model: chooser.model
+        onClosed: chooser.closed()
         onChosen: id => {
             if (id !== currentID)
                 chooser.selection.assign(id);

@@ -13,7 +13,8 @@ ConfirmationDialog {
     function ask(): void {
         count = selection.heldCount();
         subject = selection.heldNames();
-        open();
+        if (count > 0) // else they are gone meanwhile
+            open();
     }
 
     acceptText: "Placer dans la corbeille"

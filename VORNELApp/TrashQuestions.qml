@@ -20,7 +20,10 @@ Item {
     property string names
     readonly property string name: skill?.displayName ?? ""
 
-    readonly property bool canAsk: !model.isWorking && !occupied.isAsking
+    /** Whether a question is on its way. */
+    readonly property alias isLooking: occupied.isAsking
+
+    readonly property bool canAsk: !model.isWorking && !isLooking
 
     function askToRestore(skill: var): void {
         if (canAsk)

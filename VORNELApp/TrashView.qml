@@ -56,6 +56,7 @@ FocusScope {
 
         model: trash.model
         selection: selection
+        onClosed: view.takeOver()
         onDeletionAsked: skill => questions.askToDelete(skill)
         onRestorationAsked: skill => questions.askToRestore(skill)
     }
@@ -101,7 +102,10 @@ FocusScope {
                 view.currentIndex = index;
                 questions.askToDelete(record.skill);
             }
-            onMenuAsked: place => menu.openFor(record.skill, this, place)
+            onMenuAsked: place => {
+                if (!questions.isLooking) // which asks about what was chosen before
+                    menu.openFor(record.skill, this, place);
+            }
             onRestorationAsked: {
                 view.currentIndex = index;
                 questions.askToRestore(record.skill);

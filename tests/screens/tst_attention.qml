@@ -222,7 +222,7 @@ ScreenTest {
         openAttention();
         click("Tout synchroniser");
         awaitText("Synchroniser 3 compétences\u00A0?");
-        tryVerify(() => all("3 copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées dans l’historique.").length === 1);
+        tryVerify(() => all("3 copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées dans l’historique. Certaines copies n’ont pas pu être comparées.").length === 1);
         click("Annuler");
         tryVerify(() => !shows("Annuler"));
         compare(model.needsAttentionCount, 3);

@@ -87,6 +87,8 @@ ScreenTest {
         click("Restaurer");
         click("c");
         awaitText("3 sélectionnées");
+        keyClick(Qt.Key_Menu);
+        verify(!shows("Désélectionner les 3"));
         fixture.releaseWorkspace();
         awaitText("Restaurer 2 compétences\u00A0?");
         accept();
