@@ -20,6 +20,11 @@ SkillListRow {
             skills.look(record.id);
     }
 
+    /** `copy` is an inspection; compiled for its type, the handler below couldn't read its target in Qt 6.4. */
+    function setAside(copy: var): void {
+        model.setCopyAside(record.id, copy.target);
+    }
+
     Component.onCompleted: look()
     onIsStaleChanged: look()
 
@@ -55,7 +60,7 @@ SkillListRow {
                 isCompact: row.width < Metrics.roomForTexts
                 isCurrent: row.isCurrent
                 name: row.text
-                onSettingAsideAsked: row.model.setCopyAside(row.record.id, inspection.target)
+                onSettingAsideAsked: row.setAside(modelData)
             }
         }
         ActionButton {
