@@ -4,6 +4,8 @@
 
 #include <VORNELApp/AppModel.h>
 
+#include <QColor>
+#include <QImage>
 #include <QObject>
 #include <QQuickItem>
 
@@ -51,6 +53,9 @@ public:
 
     /// The texts of a skill that its history holds.
     Q_INVOKABLE QStringList history(const QString &slug) const;
+
+    /// The colour of a picture there.
+    Q_INVOKABLE static QColor pixel(const QImage &picture, int x, int y) { return picture.pixelColor(x, y); }
 
     /// What is on the clipboard.
     Q_INVOKABLE static QString clipboard();

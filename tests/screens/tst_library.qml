@@ -342,12 +342,13 @@ ScreenTest {
         draggedText("audit");
         const drag = findChild(root, "library-drag");
         tryVerify(() => String(drag.Drag.imageSource) !== "");
-        const label = createTemporaryQmlObject("import QtQuick; Image {}", root);
-        label.source = drag.Drag.imageSource;
-        verify(label.width > 0);
-        const picture = grabImage(label);
-        for (const [x, y] of [[0, 0], [label.width - 1, label.height - 1]])
-            compare(String(picture.pixel(x, y)), String(Colors.line));
+        const capsule = Array.from(drag.children).find(item => item.grabToImage !== undefined && item.text !== undefined);
+        let corners;
+        capsule.grabToImage(({ image }) => corners = [
+            fixture.pixel(image, 0, 0), fixture.pixel(image, capsule.width - 1, capsule.height - 1)
+        ]);
+        tryVerify(() => corners !== undefined);
+        compare(corners, [Colors.line, Colors.line]);
     }
 
     function test_foreign_drops_change_nothing() {
