@@ -117,7 +117,8 @@ std::vector<Scenario> allScenarios()
 {
     const Error done = Error::skillNotFound({});
     return {
-        operation("create", create, "create fresh --name Frais --summary Nouveau --replace", Error::duplicateSlug(u"fresh"_s)),
+        operation("create", create, "create fresh --name Frais --summary Nouveau --replace",
+                  Error::duplicateSlug(u"fresh"_s)),
         operation("save", save, "save demo --expect 3 --file text", Error::revisionConflict(3, 4)),
         operation("assign", assign, "assign design demo second"),
         operation("deleteCategory", deleteCategory, "category delete equipe",
