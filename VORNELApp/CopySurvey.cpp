@@ -35,21 +35,23 @@ void CopySurvey::repeat()
 
 void CopySurvey::run(const QSet<QUuid> &ids)
 {
-    m_ids.clear();
+    QSet<QUuid> active;
     for (const SkillSummary &skill : m_model->skills(Destination::library)) {
         if (ids.contains(skill.id))
-            m_ids.insert(skill.id);
+            active.insert(skill.id);
     }
+    m_ids = active; // which `ids` may be
     if (m_ids.isEmpty())
         return;
     m_editedCopies = 0;
     m_unexplainedCopies = 0;
     m_sawEveryCopy = true;
     setRunning(true);
-    look(this, m_model, m_ids, ++m_request);
+    look(this, m_life, m_model, m_ids, ++m_request);
 }
 
-QCoro::Task<> CopySurvey::look(QPointer<CopySurvey> self, AppModel *model, QSet<QUuid> ids, int request)
+QCoro::Task<> CopySurvey::look(CopySurvey *self, std::weak_ptr<const bool> life, AppModel *model,
+                               QSet<QUuid> ids, int request)
 {
     for (const QUuid &id : std::as_const(ids)) {
         QList<TargetInspection> inspections;
@@ -58,7 +60,7 @@ QCoro::Task<> CopySurvey::look(QPointer<CopySurvey> self, AppModel *model, QSet<
         } catch (const std::exception &) {
             inspections.clear(); // a skill that can't be read has no copies to compare
         }
-        if (self.isNull() || self->m_request != request)
+        if (life.expired() || self->m_request != request)
             co_return;
         self->note(inspections);
     }

@@ -2,7 +2,7 @@
 
 #include "AppModel.h"
 
-#include <QPointer>
+#include <memory>
 
 namespace vornel {
 
@@ -50,10 +50,12 @@ Q_SIGNALS:
 
 private:
     void run(const QSet<QUuid> &ids);
-    static QCoro::Task<> look(QPointer<CopySurvey> self, AppModel *model, QSet<QUuid> ids, int request);
+    static QCoro::Task<> look(CopySurvey *self, std::weak_ptr<const bool> life, AppModel *model,
+                              QSet<QUuid> ids, int request);
     void note(const QList<TargetInspection> &inspections);
     void setRunning(bool isRunning);
 
+    const std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true); ///< goes with this
     AppModel *m_model = nullptr;
     QSet<QUuid> m_ids;
     int m_editedCopies = 0;
