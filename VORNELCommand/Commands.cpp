@@ -7,12 +7,12 @@
 #include "Report.h"
 #include "Terminal.h"
 
-#include <VORNELCore/ErrorMessage.h>
-#include <VORNELCore/LibraryQuery.h>
-#include <VORNELCore/NewSkillText.h>
-#include <VORNELCore/RecordJson.h>
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELCore/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/ErrorMessage.h>
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Library/LibraryQuery.h>
+#include <VORNELCore/Library/NewSkillText.h>
+#include <VORNELCore/Records/RecordJson.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QJsonArray>
 

@@ -2,12 +2,12 @@
 
 #include "CommandLine.h"
 
-#include <VORNELCore/CopyRepairing.h>
-#include <VORNELCore/CreationReviewing.h>
-#include <VORNELCore/ImportReviewing.h>
-#include <VORNELCore/TargetInspecting.h>
-#include <VORNELCore/TrashInspecting.h>
-#include <VORNELCore/WorkspaceServicing.h>
+#include <VORNELCore/Services/CopyRepairing.h>
+#include <VORNELCore/Services/CreationReviewing.h>
+#include <VORNELCore/Services/ImportReviewing.h>
+#include <VORNELCore/Services/TargetInspecting.h>
+#include <VORNELCore/Services/TrashInspecting.h>
+#include <VORNELCore/Services/WorkspaceServicing.h>
 
 namespace vornel {
 

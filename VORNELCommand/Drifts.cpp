@@ -1,6 +1,6 @@
 #include "Drifts.h"
 
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QJsonArray>
 #include <QJsonObject>

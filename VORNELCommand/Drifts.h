@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELCore/TargetInspecting.h>
+#include <VORNELCore/Services/TargetInspecting.h>
 
 #include <QJsonValue>
 

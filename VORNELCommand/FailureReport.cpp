@@ -4,9 +4,9 @@
 #include "CommandLine.h"
 #include "Terminal.h"
 
-#include <VORNELCore/ErrorMessage.h>
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELCore/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/ErrorMessage.h>
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QJsonDocument>
 

@@ -2,9 +2,9 @@
 
 #include "CommandFailure.h"
 
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELInfrastructure/FileSystem.h>
-#include <VORNELInfrastructure/SkillFiles.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/FileSystem.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <fcntl.h>
 #include <unistd.h>

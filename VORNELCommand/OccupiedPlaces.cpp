@@ -2,7 +2,7 @@
 
 #include "CommandFailure.h"
 
-#include <VORNELCore/RecordJson.h>
+#include <VORNELCore/Records/RecordJson.h>
 
 #include <algorithm>
 

@@ -2,9 +2,9 @@
 
 #include "Terminal.h"
 
-#include <VORNELCore/LibraryQuery.h>
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELCore/Wording.h>
+#include <VORNELCore/Library/LibraryQuery.h>
+#include <VORNELCore/Library/Wording.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QLocale>
 

@@ -2,9 +2,9 @@
 
 #include "Drifts.h"
 
-#include <VORNELCore/ImportModels.h>
-#include <VORNELCore/TargetInspection.h>
-#include <VORNELCore/WorkspaceModels.h>
+#include <VORNELCore/Records/ImportModels.h>
+#include <VORNELCore/Records/TargetInspection.h>
+#include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QHash>
 

@@ -1,6 +1,6 @@
 #include "Terminal.h"
 
-#include <VORNELCore/LocaleText.h>
+#include <VORNELCore/Library/LocaleText.h>
 
 #include <unistd.h>
 

@@ -4,13 +4,13 @@
 #include "StandardStreams.h"
 #include "Terminal.h"
 
-#include <VORNELCore/ErrorMessage.h>
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELCore/VORNELProduct.h>
-#include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
-#include <VORNELInfrastructure/LocalWorkspaceService.h>
-#include <VORNELInfrastructure/PosixFileSystem.h>
-#include <VORNELInfrastructure/WorkspaceRoots.h>
+#include <VORNELCore/Errors/ErrorMessage.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/VORNELProduct.h>
+#include <VORNELInfrastructure/Disk/PosixFileSystem.h>
+#include <VORNELInfrastructure/Workspace/DefaultWorkspaceLocator.h>
+#include <VORNELInfrastructure/Workspace/LocalWorkspaceService.h>
+#include <VORNELInfrastructure/Workspace/WorkspaceRoots.h>
 
 #include <algorithm>
 #include <cstdlib>

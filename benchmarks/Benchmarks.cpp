@@ -1,12 +1,12 @@
 /// What the service costs beside the least work that could do the same. The library is the workspace of the
 /// environment variables; large files are made by the benchmark itself.
 
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
-#include <VORNELInfrastructure/LocalWorkspaceService.h>
-#include <VORNELInfrastructure/PosixFileSystem.h>
-#include <VORNELInfrastructure/SecureFileTree.h>
-#include <VORNELInfrastructure/WorkspaceRoots.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/PosixFileSystem.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
+#include <VORNELInfrastructure/Workspace/DefaultWorkspaceLocator.h>
+#include <VORNELInfrastructure/Workspace/LocalWorkspaceService.h>
+#include <VORNELInfrastructure/Workspace/WorkspaceRoots.h>
 
 #include <QTemporaryDir>
 

@@ -3,11 +3,11 @@
 /// than one frame of the screen, 16 ms. A letter is typed at the beginning, in the middle and at the end of
 /// the text.
 
-#include <VORNELApp/AppModel.h>
-#include <VORNELApp/VORNELApp.h>
-#include <VORNELInfrastructure/LocalDrafts.h>
-#include <VORNELInfrastructure/LocalWorkspaceService.h>
-#include <VORNELInfrastructure/PosixFileSystem.h>
+#include <VORNELApp/App/VORNELApp.h>
+#include <VORNELApp/Model/AppModel.h>
+#include <VORNELInfrastructure/Disk/PosixFileSystem.h>
+#include <VORNELInfrastructure/Drafts/LocalDrafts.h>
+#include <VORNELInfrastructure/Workspace/LocalWorkspaceService.h>
 
 #include <QCoro/QCoroTask>
 #include <QGuiApplication>

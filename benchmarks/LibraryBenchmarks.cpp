@@ -6,7 +6,7 @@
 
 #include "SampleSkills.h"
 
-#include <VORNELApp/LibraryPage.h>
+#include <VORNELApp/Library/LibraryPage.h>
 
 #include <QCoreApplication>
 #include <QCoro/QCoroTask>

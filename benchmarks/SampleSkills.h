@@ -1,8 +1,8 @@
 #pragma once
 
-#include <VORNELInfrastructure/LocalDrafts.h>
-#include <VORNELInfrastructure/LocalWorkspaceService.h>
-#include <VORNELInfrastructure/PosixFileSystem.h>
+#include <VORNELInfrastructure/Disk/PosixFileSystem.h>
+#include <VORNELInfrastructure/Drafts/LocalDrafts.h>
+#include <VORNELInfrastructure/Workspace/LocalWorkspaceService.h>
 
 #include <random>
 

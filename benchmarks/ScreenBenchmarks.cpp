@@ -5,8 +5,8 @@
 
 #include "SampleSkills.h"
 
-#include <VORNELApp/LibraryPage.h>
-#include <VORNELApp/VORNELApp.h>
+#include <VORNELApp/App/VORNELApp.h>
+#include <VORNELApp/Library/LibraryPage.h>
 
 #include <QCoro/QCoroTask>
 #include <QGuiApplication>

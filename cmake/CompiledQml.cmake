@@ -5,6 +5,14 @@ if(NOT VORNEL_COMPILE_QML)
     set(vornel_qml_options NO_CACHEGEN)
 endif()
 
+# The QML files of a module lie in several folders, and in one for the program.
+function(vornel_name_qml_files)
+    foreach(file IN LISTS ARGN)
+        cmake_path(GET file FILENAME name)
+        set_source_files_properties(${file} PROPERTIES QT_RESOURCE_ALIAS ${name})
+    endforeach()
+endfunction()
+
 # Compiles what Qt generates from a module's QML files in a few large pieces: each by itself would read the same headers
 # again. Its warnings don't count, the code isn't ours. What runs once, to make the module's types known, need not be fast.
 function(vornel_compile_qml target)

@@ -1,15 +1,15 @@
 #include "Scratch.h"
 
-#include <VORNELCore/ErrorMessage.h>
-#include <VORNELCore/LibraryQuery.h>
-#include <VORNELCore/LocaleText.h>
-#include <VORNELCore/NewSkillText.h>
-#include <VORNELCore/RecordJson.h>
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELCore/Wording.h>
-#include <VORNELCore/WorkspaceValidation.h>
-#include <VORNELInfrastructure/CategoryRules.h>
-#include <VORNELInfrastructure/SkillText.h>
+#include <VORNELCore/Errors/ErrorMessage.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Library/LibraryQuery.h>
+#include <VORNELCore/Library/LocaleText.h>
+#include <VORNELCore/Library/NewSkillText.h>
+#include <VORNELCore/Library/Wording.h>
+#include <VORNELCore/Records/RecordJson.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Categories/CategoryRules.h>
+#include <VORNELInfrastructure/Skills/SkillText.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -2,8 +2,8 @@
 
 #include "Scratch.h"
 
-#include <VORNELApp/DraftKeeper.h>
-#include <VORNELApp/TerminationSignals.h>
+#include <VORNELApp/App/TerminationSignals.h>
+#include <VORNELApp/Drafts/DraftKeeper.h>
 
 #include <QSignalSpy>
 #include <QTest>

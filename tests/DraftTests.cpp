@@ -3,8 +3,8 @@
 #include "FaultyFileSystem.h"
 #include "Scratch.h"
 
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELInfrastructure/LocalDrafts.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Drafts/LocalDrafts.h>
 
 #include <QElapsedTimer>
 

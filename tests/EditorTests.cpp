@@ -1,9 +1,9 @@
 /// What stands behind the editor: the text that is edited, its colours, and the tree of files.
 
-#include <VORNELApp/FaithfulText.h>
-#include <VORNELApp/MarkdownHighlighter.h>
-#include <VORNELApp/SkillFileListModel.h>
-#include <VORNELApp/TextFinder.h>
+#include <VORNELApp/Editor/SkillFileListModel.h>
+#include <VORNELApp/Text/FaithfulText.h>
+#include <VORNELApp/Text/MarkdownHighlighter.h>
+#include <VORNELApp/Text/TextFinder.h>
 
 #include <QAbstractItemModelTester>
 #include <QTest>

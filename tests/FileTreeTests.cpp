@@ -1,10 +1,10 @@
 #include "FaultyFileSystem.h"
 #include "Scratch.h"
 
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELInfrastructure/NaturalOrder.h>
-#include <VORNELInfrastructure/SecureFileTree.h>
-#include <VORNELInfrastructure/TreeOperations.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/TreeOperations.h>
+#include <VORNELInfrastructure/Tree/NaturalOrder.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 #include <fcntl.h>
 #include <sys/socket.h>

@@ -7,8 +7,8 @@
 #include "RandomTree.h"
 #include "Scratch.h"
 
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELInfrastructure/SkillFiles.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <sys/prctl.h>
 #include <sys/resource.h>

@@ -1,7 +1,7 @@
 #include "FaultyFileSystem.h"
 #include "Scratch.h"
 
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <sys/stat.h>
 

@@ -2,7 +2,7 @@
 #include "Sample.h"
 #include "SystemCalls.h"
 
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QProcess>
 

@@ -2,9 +2,9 @@
 
 #include "Scratch.h"
 
-#include <VORNELApp/CategoryListModel.h>
-#include <VORNELApp/DragPayload.h>
-#include <VORNELApp/LibraryPage.h>
+#include <VORNELApp/Actions/DragPayload.h>
+#include <VORNELApp/Categories/CategoryListModel.h>
+#include <VORNELApp/Library/LibraryPage.h>
 
 #include <QAbstractItemModelTester>
 #include <QCoro/QCoroTask>

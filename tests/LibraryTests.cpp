@@ -1,6 +1,6 @@
 #include "Scratch.h"
 
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QSet>
 

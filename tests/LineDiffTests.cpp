@@ -1,6 +1,6 @@
 /// What the user is shown of two versions of a file.
 
-#include <VORNELApp/LineDiff.h>
+#include <VORNELApp/Text/LineDiff.h>
 
 #include <gtest/gtest.h>
 

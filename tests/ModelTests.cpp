@@ -2,10 +2,10 @@
 
 #include "Scratch.h"
 
-#include <VORNELApp/AppEnvironment.h>
-#include <VORNELApp/AppModel.h>
-#include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
-#include <VORNELInfrastructure/LocalDrafts.h>
+#include <VORNELApp/App/AppEnvironment.h>
+#include <VORNELApp/Model/AppModel.h>
+#include <VORNELInfrastructure/Drafts/LocalDrafts.h>
+#include <VORNELInfrastructure/Workspace/DefaultWorkspaceLocator.h>
 
 #include <QCoro/QCoroTask>
 #include <QGuiApplication>

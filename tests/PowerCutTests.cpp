@@ -2,7 +2,7 @@
 #include "Promises.h"
 #include "Sample.h"
 
-#include <VORNELCore/ErrorMessage.h>
+#include <VORNELCore/Errors/ErrorMessage.h>
 
 namespace vornel {
 namespace {

@@ -1,7 +1,7 @@
 /// The list that tells its views only what changed, checked against Qt's own tester of models.
 
-#include <VORNELApp/RecordListModel.h>
-#include <VORNELCore/WorkspaceModels.h>
+#include <VORNELApp/Model/RecordListModel.h>
+#include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QAbstractItemModelTester>
 

@@ -2,8 +2,8 @@
 #include "Scratch.h"
 #include "StartingState.h"
 
-#include <VORNELCore/ErrorMessage.h>
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Errors/ErrorMessage.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <thread>
 

@@ -5,7 +5,7 @@
 #include "SteppedFileSystem.h"
 #include "Volume.h"
 
-#include <VORNELCore/ErrorMessage.h>
+#include <VORNELCore/Errors/ErrorMessage.h>
 
 #include <algorithm>
 #include <array>

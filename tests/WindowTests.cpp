@@ -2,9 +2,9 @@
 
 #include "Scratch.h"
 
-#include <VORNELApp/SingleInstance.h>
-#include <VORNELApp/WindowPlacement.h>
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELApp/App/SingleInstance.h>
+#include <VORNELApp/App/WindowPlacement.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QElapsedTimer>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #include "Scratch.h"
 
-#include <VORNELCore/RecordJson.h>
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/RecordJson.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

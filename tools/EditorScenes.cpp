@@ -1,7 +1,7 @@
 #include "Scenes.h"
 
-#include <VORNELCore/RecordJson.h>
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/RecordJson.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 #include "Studio.h"
 
-#include <VORNELInfrastructure/DefaultWorkspaceLocator.h>
+#include <VORNELInfrastructure/Workspace/DefaultWorkspaceLocator.h>
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <VORNELApp/AppModel.h>
-#include <VORNELApp/VORNELApp.h>
+#include <VORNELApp/App/VORNELApp.h>
+#include <VORNELApp/Model/AppModel.h>
 
 #include <QTemporaryDir>
 

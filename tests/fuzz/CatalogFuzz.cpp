@@ -1,8 +1,8 @@
 #include "Promise.h"
 
-#include <VORNELCore/VORNELWorkspaceError.h>
-#include <VORNELInfrastructure/CategoryCatalog.h>
-#include <VORNELInfrastructure/CategoryRules.h>
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Categories/CategoryCatalog.h>
+#include <VORNELInfrastructure/Categories/CategoryRules.h>
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "Promise.h"
 
-#include <VORNELApp/DragPayload.h>
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELApp/Actions/DragPayload.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 using namespace vornel;
 using Fuzz::promise;

@@ -1,8 +1,8 @@
 #include "Promise.h"
 
-#include <VORNELCore/LocaleText.h>
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELInfrastructure/SkillText.h>
+#include <VORNELCore/Library/LocaleText.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Skills/SkillText.h>
 
 using namespace Qt::StringLiterals;
 using namespace vornel;

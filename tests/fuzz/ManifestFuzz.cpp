@@ -1,10 +1,10 @@
 #include "Promise.h"
 
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELCore/VORNELWorkspaceError.h>
-#include <VORNELCore/WorkspaceModels.h>
-#include <VORNELCore/WorkspaceValidation.h>
-#include <VORNELInfrastructure/Configuration.h>
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/WorkspaceModels.h>
+#include <VORNELInfrastructure/Workspace/Configuration.h>
 
 using namespace vornel;
 using Fuzz::promise;

@@ -1,6 +1,6 @@
 #include "Promise.h"
 
-#include <VORNELInfrastructure/WorkspaceBootstrap.h>
+#include <VORNELInfrastructure/Workspace/WorkspaceBootstrap.h>
 
 using namespace vornel;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELCore/RecordJson.h>
+#include <VORNELCore/Records/RecordJson.h>
 
 #include <QJsonDocument>
 

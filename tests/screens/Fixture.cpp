@@ -2,9 +2,9 @@
 
 #include "StartingState.h"
 
-#include <VORNELCore/RecordJson.h>
-#include <VORNELCore/SerializedForms.h>
-#include <VORNELInfrastructure/LocalDrafts.h>
+#include <VORNELCore/Records/RecordJson.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Drafts/LocalDrafts.h>
 
 #include <QClipboard>
 #include <QCoro/QCoroTask>

@@ -2,7 +2,7 @@
 
 #include "Scratch.h"
 
-#include <VORNELApp/AppModel.h>
+#include <VORNELApp/Model/AppModel.h>
 
 #include <QColor>
 #include <QImage>

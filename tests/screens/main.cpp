@@ -1,6 +1,6 @@
 #include "Fixture.h"
 
-#include <VORNELApp/VORNELApp.h>
+#include <VORNELApp/App/VORNELApp.h>
 
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>

@@ -1,6 +1,6 @@
 #include "Mischief.h"
 
-#include <VORNELInfrastructure/FileSystem.h>
+#include <VORNELInfrastructure/Disk/FileSystem.h>
 
 #include <fcntl.h>
 #include <poll.h>

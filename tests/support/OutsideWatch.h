@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELInfrastructure/FileSystem.h>
+#include <VORNELInfrastructure/Disk/FileSystem.h>
 
 #include <filesystem>
 #include <map>

@@ -1,6 +1,6 @@
 #include "PowerCutFileSystem.h"
 
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <fcntl.h>
 #include <sys/stat.h>

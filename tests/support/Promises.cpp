@@ -1,7 +1,7 @@
 #include "Promises.h"
 
-#include <VORNELCore/ErrorMessage.h>
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Errors/ErrorMessage.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QRegularExpression>
 

@@ -1,6 +1,6 @@
 #include "RandomTree.h"
 
-#include <VORNELInfrastructure/SkillFiles.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <fcntl.h>
 #include <sys/stat.h>

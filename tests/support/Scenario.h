@@ -1,7 +1,7 @@
 #pragma once
 
-#include <VORNELCore/VORNELWorkspaceError.h>
-#include <VORNELInfrastructure/LocalWorkspaceService.h>
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Workspace/LocalWorkspaceService.h>
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #include "Scratch.h"
 
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <fcntl.h>
 #include <sys/file.h>

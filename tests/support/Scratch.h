@@ -1,8 +1,8 @@
 #pragma once
 
-#include <VORNELCore/VORNELWorkspaceError.h>
-#include <VORNELInfrastructure/LocalWorkspaceService.h>
-#include <VORNELInfrastructure/PosixFileSystem.h>
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Disk/PosixFileSystem.h>
+#include <VORNELInfrastructure/Workspace/LocalWorkspaceService.h>
 
 #include <QTemporaryDir>
 

@@ -2,7 +2,7 @@
 
 #include "WorkspaceState.h"
 
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 using namespace Qt::StringLiterals;
 

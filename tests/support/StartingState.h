@@ -1,7 +1,7 @@
 #pragma once
 
-#include <VORNELInfrastructure/LocalWorkspaceService.h>
-#include <VORNELInfrastructure/PosixFileSystem.h>
+#include <VORNELInfrastructure/Disk/PosixFileSystem.h>
+#include <VORNELInfrastructure/Workspace/LocalWorkspaceService.h>
 
 #include <filesystem>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELInfrastructure/PosixFileSystem.h>
+#include <VORNELInfrastructure/Disk/PosixFileSystem.h>
 
 #include <functional>
 

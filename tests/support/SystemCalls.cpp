@@ -1,6 +1,6 @@
 #include "SystemCalls.h"
 
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QRegularExpression>
 

@@ -1,6 +1,6 @@
 #include "Vornelctl.h"
 
-#include <VORNELCore/SerializedForms.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <unistd.h>
 

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <VORNELApp/Model/AppModel.h>
+#include <VORNELApp/Model/RecordListModel.h>
+
+namespace vornel {
+
+/// The collisions of the pending import, kept in step with the application model.
+class CollisionListModel : public RecordListModel<ImportCollision>
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(vornel::AppModel *model MEMBER m_model NOTIFY modelChanged REQUIRED)
+
+public:
+    explicit CollisionListModel(QObject *parent = nullptr);
+
+Q_SIGNALS:
+    void modelChanged();
+
+private:
+    void follow();
+    void refresh();
+
+    AppModel *m_model = nullptr;
+};
+
+} // namespace vornel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <VORNELApp/Model/SkillList.h>
+
+#include <QPointer>
+#include <QTimer>
+
+namespace vornel {
+
+/// The skills that need attention, with how each of their copies stands. Copies are looked at one skill after
+/// another, and those of the rows that ask for it alone: never for a whole long list at once.
+class AttentionList : public vornel::SkillList // in full, for the tools that read the types of QML
+{
+    Q_OBJECT
+    QML_ELEMENT
+
+public:
+    explicit AttentionList(QObject *parent = nullptr);
+
+    /// Asks how the copies of a skill stand; its row follows.
+    Q_INVOKABLE void look(QUuid id);
+
+    /// The skills shown.
+    Q_INVOKABLE QVariantList ids() const;
+
+protected:
+    void complete(SkillEntry &entry) const override;
+    void renew() override;
+
+private:
+    void lookAtNext();
+    static QCoro::Task<> inspect(QPointer<AttentionList> self, AppModel *model, QUuid id);
+    void show(const QUuid &id, const QList<TargetInspection> &inspections);
+
+    QHash<QUuid, QList<TargetInspection>> m_inspections;
+    QSet<QUuid> m_current; ///< whose inspection is as young as the overview
+    QList<QUuid> m_wanted; ///< the last one is looked at first
+    QTimer m_start;
+    bool m_isLooking = false;
+};
+
+} // namespace vornel

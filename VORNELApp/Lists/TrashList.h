@@ -1,0 +1,39 @@
+#pragma once
+
+#include <VORNELApp/Actions/SkillSelection.h>
+#include <VORNELApp/Model/SkillList.h>
+
+#include <QPointer>
+
+namespace vornel {
+
+/// The trashed skills, with the time at which each came there.
+class TrashList : public vornel::SkillList // in full, for the tools that read the types of QML
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(
+        vornel::SkillSelection *selection READ selection WRITE setSelection NOTIFY selectionChanged REQUIRED)
+
+public:
+    explicit TrashList(QObject *parent = nullptr);
+
+    SkillSelection *selection() const { return m_selection; }
+    void setSelection(SkillSelection *selection);
+
+Q_SIGNALS:
+    void selectionChanged();
+
+protected:
+    void complete(SkillEntry &entry) const override;
+    void renew() override;
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    static QCoro::Task<> readDates(QPointer<TrashList> self);
+
+    SkillSelection *m_selection = nullptr;
+    QHash<QUuid, QDateTime> m_dates;
+};
+
+} // namespace vornel

@@ -1,0 +1,66 @@
+#include "WrongCopies.h"
+
+#include <VORNELCore/Library/Wording.h>
+
+#include <QCoro/QCoroFuture>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+void WrongCopies::follow(const QList<SkillSummary> &skills,
+                         const std::shared_ptr<TargetInspecting> &inspector)
+{
+    const auto isWrong = [](const SkillSummary &skill) {
+        return skill.syncState == SyncState::failed || skill.syncState == SyncState::drifted;
+    };
+    if (inspector != nullptr && std::ranges::any_of(skills, isWrong))
+        ask(this, inspector->wrongCopies());
+    else
+        show({});
+}
+
+QCoro::Task<> WrongCopies::ask(QPointer<WrongCopies> self, QFuture<Copies> wrong)
+{
+    Copies copies;
+    try {
+        copies = co_await wrong;
+    } catch (const std::exception &) {
+        copies.clear(); // the skills' state says it, without the reason or the cause
+    }
+    if (!self.isNull())
+        self->show(copies);
+}
+
+void WrongCopies::show(const Copies &copies)
+{
+    if (m_copies == copies)
+        return;
+    m_copies = copies;
+    Q_EMIT changed();
+}
+
+QString WrongCopies::problem(const QUuid &id) const
+{
+    return problem(m_copies.value(id));
+}
+
+QString WrongCopies::problem(const QList<TargetInspection> &copies)
+{
+    QStringList reasons;
+    for (const TargetInspection &copy : copies) {
+        if (!copy.reason.isEmpty())
+            reasons.append(copy.assistant() + u"\u00A0: "_s + copy.reason + u" ("_s + copy.shownPath() +
+                           u')');
+    }
+    return reasons.join(u'\n');
+}
+
+QString WrongCopies::stateText(const SkillSummary &skill) const
+{
+    return Wording::syncState(skill.syncState, worstDrift(m_copies.value(skill.id)));
+}
+
+} // namespace vornel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <VORNELCore/Records/Enumerations.h>
+
+#include <QDateTime>
+#include <QStringList>
+
+/// What the user reads about the domain's values, in French.
+namespace vornel::Wording {
+
+/// "Brouillon", "Prêt", "Actif", "Obsolète".
+QString maturity(Maturity maturity);
+
+/// What the user reads for each maturity, in their order.
+QStringList maturities();
+
+/// In lower case: "à jour", "copie manquante". What has drifted is told by its cause: "copie modifiée".
+QString syncState(SyncState state, Drift drift = Drift::unknown);
+
+/// "1 compétence", "2 compétences".
+QString countedSkills(qsizetype count);
+
+/// How long ago `instant` was at `now`, in its largest whole unit: "à l’instant", "il y a 3 jours".
+QString age(const QDateTime &instant, const QDateTime &now);
+
+/// The age of an instant of the last seven days, the day of an earlier one: "il y a 3 jours",
+/// "le 1er mars 2026".
+QString moment(const QDateTime &instant, const QDateTime &now);
+
+/// The day and the time where the user is, with the year where it isn't that of `now`: "22 novembre à 14:32",
+/// "1er mars 2025 à 09:05".
+QString dayAndTime(const QDateTime &instant, const QDateTime &now);
+
+/// "812 octets", "1,4 ko".
+QString fileSize(qint64 bytes);
+
+} // namespace vornel::Wording

@@ -1,0 +1,114 @@
+#include "CategoryEditing.h"
+
+#include "CategoryCatalog.h"
+#include "CategoryRules.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Skills/SchemaVersion.h>
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
+#include <VORNELInfrastructure/Skills/SkillHistory.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+void refuseDoubledName(const CategoryCatalog &catalog, const QString &name, const QString &exceptID = {})
+{
+    if (catalog.hasName(name, exceptID))
+        throw VORNELWorkspaceError::integrityFailure(u"Une catégorie porte déjà ce nom."_s);
+}
+
+QList<SkillRecord> recordsIn(const QString &category, QList<SkillRecord> records)
+{
+    records.removeIf([&category](const SkillRecord &record) { return record.manifest.category != category; });
+    return records;
+}
+
+/// Before any of them is changed.
+void refuseNewerOnes(const QList<SkillRecord> &records)
+{
+    for (const SkillRecord &record : records)
+        refuseNewer(record.manifest);
+}
+
+} // namespace
+
+void CategoryEditing::create(const QString &name, const QString &colorHex) const
+{
+    const QString validName = CategoryRules::validatedCategoryName(name);
+    const QString color = CategoryRules::validatedColorHex(colorHex);
+    CategoryCatalog catalog = readCategoryCatalog(m_workspace);
+    refuseDoubledName(catalog, validName);
+
+    QSet<QString> ids;
+    for (const SkillCategory &category : catalog.categories)
+        ids.insert(category.id);
+    catalog.categories.append({CategoryRules::categoryIdentifier(validName, ids), validName, color, false});
+    writeCategoryCatalog(catalog, m_workspace);
+}
+
+void CategoryEditing::update(const QString &id, const QString &name, const QString &colorHex) const
+{
+    const QString validName = CategoryRules::validatedCategoryName(name);
+    const QString color = CategoryRules::validatedColorHex(colorHex);
+    CategoryCatalog catalog = readCategoryCatalog(m_workspace);
+    SkillCategory &category = catalog.find(id);
+    refuseDoubledName(catalog, validName, id);
+
+    category.name = validName;
+    category.colorHex = color;
+    writeCategoryCatalog(catalog, m_workspace);
+}
+
+void CategoryEditing::remove(const QString &id) const
+{
+    CategoryCatalog catalog = readCategoryCatalog(m_workspace);
+    if (catalog.find(id).isProtected)
+        throw VORNELWorkspaceError::integrityFailure(u"La catégorie Autre est nécessaire au classement."_s);
+    catalog.refuseIfNewer();
+    const QList<SkillRecord> active = recordsIn(id, activeManifests(m_workspace));
+    QList<SkillRecord> trashed = recordsIn(id, trashedManifests(m_workspace));
+    refuseNewerOnes(active + trashed);
+
+    for (const SkillRecord &skill : active)
+        moveActiveSkill(skill, SkillCategory::otherID);
+    for (SkillRecord &skill : trashed)
+        rewrite(skill, SkillCategory::otherID);
+    catalog.categories.removeIf([&id](const SkillCategory &category) { return category.id == id; });
+    writeCategoryCatalog(catalog, m_workspace);
+}
+
+void CategoryEditing::assign(const QSet<QUuid> &ids, const QString &category) const
+{
+    readCategoryCatalog(m_workspace).find(category);
+    const QList<SkillRecord> active = activeManifests(m_workspace);
+    QList<SkillRecord> changing = active;
+    changing.removeIf([&](const SkillRecord &skill) {
+        return !ids.contains(skill.manifest.id) || skill.manifest.category == category;
+    });
+    refuseNewerOnes(changing);
+    for (const QUuid &id : inTextOrder(ids)) {
+        const SkillRecord &skill = findRecord(active, id);
+        if (skill.manifest.category != category)
+            moveActiveSkill(skill, category);
+    }
+}
+
+void CategoryEditing::rewrite(SkillRecord &skill, const QString &category) const
+{
+    skill.manifest.category = category;
+    advanceRevision(skill.manifest);
+    SkillFolderStore(m_workspace).writeManifest(skill.manifest, skill.url, Durability::Now);
+}
+
+void CategoryEditing::moveActiveSkill(SkillRecord skill, const QString &category) const
+{
+    const SkillFolderStore store(m_workspace);
+    SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
+    rewrite(skill, category);
+    SkillHistory(m_workspace).add(skill.manifest, skill.url);
+}
+
+} // namespace vornel

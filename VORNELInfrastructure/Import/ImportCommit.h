@@ -1,0 +1,61 @@
+#pragma once
+
+#include <VORNELCore/Records/ImportModels.h>
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
+#include <VORNELInfrastructure/Skills/SkillRecords.h>
+#include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
+
+#include <functional>
+#include <span>
+
+namespace vornel {
+
+/// Told how many of how many steps are done.
+using Progress = std::function<void(int done, int total)>;
+
+/// Brings the folders of a plan into the library.
+class ImportCommit
+{
+public:
+    explicit ImportCommit(const Workspace &workspace)
+        : m_workspace(workspace), m_store(workspace), m_targets(workspace)
+    {}
+
+    /// Imports every candidate and the chosen side of every collision, by slug. Throws `unresolvedCollisions`
+    /// before anything is written. A skill that is already active with the same content is adopted as it is,
+    /// so that an interrupted commit can be repeated. Targets that could not be written are thrown as one
+    /// `partialSync` at the end, when all skills are in the library.
+    void run(const ImportPlan &plan, const Progress &progress);
+
+private:
+    struct Entrant;
+
+    void importBatch(const QList<ImportCandidate> &batch, const std::function<void()> &staged);
+
+    /// Stages all that the library and the targets need of a candidate.
+    Entrant prepare(const ImportCandidate &candidate) const;
+
+    /// Copies the candidate's folder to a stage, with a manifest.
+    SkillManifest stage(const ImportCandidate &candidate, const std::filesystem::path &stage) const;
+
+    /// Puts what is staged in its places.
+    void admit(std::span<Entrant> entrants);
+
+    /// Ends what concerns one candidate; throws why it isn't in the library or its history.
+    void conclude(Entrant &entrant);
+
+    void adopt(const ImportCandidate &candidate, const SkillRecord &skill) const;
+    const SkillRecord *activeSkill(const QString &slug) const;
+
+    /// Whether the folder still holds what the scan has found.
+    bool holdsContent(const ImportCandidate &candidate, const std::filesystem::path &folder) const;
+
+    const Workspace &m_workspace;
+    SkillFolderStore m_store;
+    TargetSynchronizer m_targets;
+    TargetSynchronizer::Failures m_unusableTargets;
+    QList<SkillRecord> m_active;
+    QSet<TargetKind> m_failedTargets;
+};
+
+} // namespace vornel

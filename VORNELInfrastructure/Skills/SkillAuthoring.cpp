@@ -1,0 +1,118 @@
+#include "SkillAuthoring.h"
+
+#include "SchemaVersion.h"
+#include "SkillHistory.h"
+#include "SkillText.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Categories/CategoryCatalog.h>
+#include <VORNELInfrastructure/Categories/CategoryRules.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/Disk/FileOperations.h>
+#include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
+#include <VORNELInfrastructure/Workspace/Overview.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+SkillManifest SkillAuthoring::newManifest(const CreateSkillRequest &request) const
+{
+    WorkspaceValidation::validateSlug(request.slug);
+    ensureUnique(request.slug, activeManifests(m_workspace));
+    ensureUnique(request.slug, trashedManifests(m_workspace));
+    const QString displayName = request.displayName.trimmed();
+    if (displayName.isEmpty())
+        throw VORNELWorkspaceError::integrityFailure(u"Le nom du skill est vide."_s);
+    const QString category = CategoryRules::normalizedCategory(request.category);
+    readCategoryCatalog(m_workspace).find(category);
+
+    const QDateTime now = currentInstant();
+    return {.schemaVersion = 1,
+            .id = QUuid::createUuid(),
+            .slug = request.slug,
+            .displayName = displayName,
+            .summary = request.summary,
+            .category = category,
+            .tags = SkillText::normalizedTags(request.tags),
+            .maturity = request.maturity,
+            .revision = 1,
+            .createdAt = now,
+            .updatedAt = now};
+}
+
+SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
+{
+    const SkillRecord skill{newManifest(request), m_workspace.config.canonical(request.slug)};
+
+    Publication skillFolder{m_store.makeStage(), skill.url};
+    const fs::path &stage = skillFolder.stage.path();
+    createFolders(m_workspace.files, stage, Durability::Later);
+    m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
+    m_store.writeManifest(skill.manifest, stage, Durability::Later);
+    publish(m_workspace.files, skillFolder);
+
+    SkillHistory(m_workspace).add(skill.manifest, skill.url);
+    TargetSynchronizer(m_workspace).synchronize(skill);
+    return makeDetail(m_workspace, skill);
+}
+
+SkillDetail SkillAuthoring::load(const QUuid &id) const
+{
+    return makeDetail(m_workspace, activeRecord(m_workspace, id));
+}
+
+SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const
+{
+    SkillRecord skill = activeRecord(m_workspace, id);
+    if (skill.manifest.revision != expectedRevision)
+        throw VORNELWorkspaceError::revisionConflict(expectedRevision, skill.manifest.revision);
+    if (skillMD.trimmed().isEmpty())
+        throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
+    refuseNewer(skill.manifest);
+    const fs::path keptAs = SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
+    advanceRevision(skill.manifest);
+
+    Stage stage = m_store.makeStage();
+    SecureFileTree::copyTree(m_workspace.files, skill.url, stage.path(), TreeFilter::all);
+    m_store.writeSkillMD(skillMD, stage.path());
+    m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
+    m_store.replaceCanonical(skill.url, std::move(stage), keptAs);
+
+    SkillHistory(m_workspace).add(skill.manifest, skill.url);
+    TargetSynchronizer(m_workspace).synchronize(skill);
+    return makeDetail(m_workspace, skill);
+}
+
+SkillDetail SkillAuthoring::synchronize(const QUuid &id) const
+{
+    return synchronize(activeRecord(m_workspace, id));
+}
+
+SkillDetail SkillAuthoring::synchronize(const SkillRecord &skill) const
+{
+    keepRevision(skill);
+    TargetSynchronizer(m_workspace).synchronize(skill);
+    return makeDetail(m_workspace, skill);
+}
+
+SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
+{
+    const SkillRecord skill = activeRecord(m_workspace, id);
+    keepRevision(skill);
+    TargetSynchronizer(m_workspace).setAside(skill, target);
+    return makeDetail(m_workspace, skill);
+}
+
+/// What was edited by hand is known later to have been installed, and to be no assistant's work.
+void SkillAuthoring::keepRevision(const SkillRecord &skill) const
+{
+    bestEffort([&] { SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url); });
+}
+
+} // namespace vornel

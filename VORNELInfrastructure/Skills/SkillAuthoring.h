@@ -1,0 +1,41 @@
+#pragma once
+
+#include "SkillFolderStore.h"
+#include "SkillRecords.h"
+
+#include <VORNELCore/Records/WorkspaceModels.h>
+
+namespace vornel {
+
+/// Creates, loads and edits skills.
+class SkillAuthoring
+{
+public:
+    explicit SkillAuthoring(const Workspace &workspace) : m_workspace(workspace), m_store(workspace) {}
+
+    /// The manifest of a new skill. Throws where the request is refused: `invalidPath`, `duplicateSlug`, or
+    /// `integrityFailure` for a blank name or an unknown category.
+    SkillManifest newManifest(const CreateSkillRequest &request) const;
+
+    SkillDetail create(const CreateSkillRequest &request) const;
+    SkillDetail load(const QUuid &id) const;
+
+    /// Throws `revisionConflict` when the skill isn't at `expectedRevision`, and `missingSkillFile` when the
+    /// text is blank.
+    SkillDetail save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const;
+
+    /// Brings both targets in line with the canonical folder.
+    SkillDetail synchronize(const QUuid &id) const;
+    SkillDetail synchronize(const SkillRecord &skill) const;
+
+    /// Replaces the copy in one target, whatever stands there.
+    SkillDetail setAside(const QUuid &id, TargetKind target) const;
+
+private:
+    void keepRevision(const SkillRecord &skill) const;
+
+    const Workspace &m_workspace;
+    SkillFolderStore m_store;
+};
+
+} // namespace vornel

@@ -1,0 +1,47 @@
+#include "SkillText.h"
+
+#include <VORNELCore/Library/LocaleText.h>
+#include <VORNELCore/Library/NewSkillText.h>
+
+#include <QStringTokenizer>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel::SkillText {
+
+QStringList normalizedTags(const QStringList &tags)
+{
+    QStringList kept;
+    for (const QString &tag : tags) {
+        const QString normalized = tag.trimmed().toLower();
+        if (!normalized.isEmpty() && !kept.contains(normalized))
+            kept.append(normalized);
+    }
+    std::ranges::stable_sort(kept, LocaleText::comesBefore);
+    return kept;
+}
+
+Metadata frontmatterMetadata(const QString &text, const QString &slug)
+{
+    constexpr QLatin1String nameKey("name:");
+    constexpr QLatin1String descriptionKey("description:");
+    Metadata found;
+    for (const QStringView line : qTokenize(text, u'\n')) {
+        if (line.startsWith(nameKey))
+            found.name = line.sliced(nameKey.size()).trimmed().toString();
+        else if (line.startsWith(descriptionKey))
+            found.summary = line.sliced(descriptionKey.size()).trimmed().toString();
+    }
+    if (found.name.isEmpty())
+        found.name = LocaleText::titleFromIdentifier(slug);
+    return found;
+}
+
+QString defaultSkillMD(const SkillManifest &manifest)
+{
+    return newSkillText(manifest.slug, manifest.summary, manifest.displayName);
+}
+
+} // namespace vornel::SkillText

@@ -1,0 +1,135 @@
+#include "SkillTrash.h"
+
+#include "SchemaVersion.h"
+#include "SkillHistory.h"
+#include "TrashMoments.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/Disk/TreeOperations.h>
+#include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
+#include <VORNELInfrastructure/Workspace/CrashRecovery.h>
+#include <VORNELInfrastructure/Workspace/Locating.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+void SkillTrash::moveToTrash(const QSet<QUuid> &ids) const
+{
+    const QList<SkillRecord> active = activeManifests(m_workspace);
+    for (const QUuid &id : inTextOrder(ids)) {
+        const SkillRecord &skill = findRecord(active, id);
+        locating(m_workspace, skill.manifest.slug, [&] { moveToTrash(skill); });
+    }
+}
+
+void SkillTrash::moveToTrash(const SkillRecord &skill) const
+{
+    refuseNewer(skill.manifest);
+    refuseDoubledSlug(skill.manifest);
+    TargetSynchronizer(m_workspace).removeCopies(skill);
+    const fs::path destination = m_workspace.config.trashed(skill.manifest.id);
+    if (m_workspace.files.kindAt(destination))
+        throw VORNELWorkspaceError::integrityFailure(u"Le skill existe déjà dans la corbeille."_s);
+    TrashMoments(m_workspace).note(skill.manifest.id);
+    moveTree(m_workspace.files, skill.url, destination);
+    m_workspace.failedSyncTargets.remove(skill.manifest.id);
+}
+
+/// The trash, like the library, holds a slug once: a second one would make every overview fail.
+void SkillTrash::refuseDoubledSlug(const SkillManifest &manifest) const
+{
+    for (const SkillRecord &other : trashedBut(manifest.id)) {
+        if (other.manifest.slug == manifest.slug)
+            throw VORNELWorkspaceError::integrityFailure(
+                u"La corbeille contient déjà une autre compétence %1, «\u00A0%2\u00A0»\u00A0: "
+                "supprimez-la d’abord définitivement."_s.arg(manifest.slug, other.manifest.displayName));
+    }
+}
+
+QList<SkillRecord> SkillTrash::trashedBut(const QUuid &id) const
+{
+    QList<SkillRecord> others = trashedManifests(m_workspace);
+    others.removeIf([&id](const SkillRecord &record) { return record.manifest.id == id; });
+    return others;
+}
+
+void SkillTrash::restore(const QUuid &id) const
+{
+    FileSystem &files = m_workspace.files;
+    const fs::path source = m_workspace.config.trashed(id);
+    if (!files.kindAt(source))
+        throw VORNELWorkspaceError::skillNotFound(id);
+    SkillManifest manifest = m_store.readManifest(source);
+    if (manifest.id != id)
+        throw VORNELWorkspaceError::integrityFailure(
+            u"L’identifiant de la corbeille ne correspond pas au manifeste."_s);
+    ensureUnique(manifest.slug, activeManifests(m_workspace));
+    ensureUnique(manifest.slug, trashedBut(id));
+
+    manifest.updatedAt = currentInstant();
+    m_store.writeManifest(manifest, source, Durability::Now);
+    const SkillRecord skill{manifest, m_workspace.config.canonical(manifest.slug)};
+    locating(m_workspace, source, [&] { bringBack(source, skill); });
+    TrashMoments(m_workspace).forget(id);
+    TargetSynchronizer(m_workspace).synchronize(skill);
+}
+
+void SkillTrash::bringBack(const fs::path &source, const SkillRecord &skill) const
+{
+    moveTree(m_workspace.files, source, skill.url);
+    try {
+        SkillHistory(m_workspace).add(skill.manifest, skill.url);
+    } catch (...) {
+        bestEffort([&] { moveTree(m_workspace.files, skill.url, source); });
+        throw;
+    }
+}
+
+void SkillTrash::deletePermanently(const QUuid &id) const
+{
+    if (!m_workspace.files.kindAt(m_workspace.config.trashed(id)))
+        throw VORNELWorkspaceError::skillNotFound(id);
+    remove(id);
+}
+
+void SkillTrash::empty() const
+{
+    for (const SkillRecord &skill : trashedManifests(m_workspace))
+        locating(m_workspace, skill.manifest.slug, [&] { remove(skill.manifest.id); });
+}
+
+QHash<QUuid, QDateTime> SkillTrash::dates() const
+{
+    QHash<QUuid, QDateTime> dates;
+    const TrashMoments moments(m_workspace);
+    const Folder trash = m_workspace.files.openFolder(m_workspace.config.trash());
+    for (const FolderEntry &entry : m_workspace.files.list(trash)) {
+        const auto id = uuidFromText(QString::fromStdString(entry.name));
+        auto date = id ? moments.of(*id) : std::nullopt;
+        if (id && !date) // as of skills that an older version has moved
+            date = m_workspace.files.changedAt(trash, entry.name);
+        if (date)
+            dates.insert(*id, *date);
+    }
+    return dates;
+}
+
+void SkillTrash::remove(const QUuid &id) const
+{
+    m_workspace.failedSyncTargets.remove(id);
+    discardParkedFolders(m_workspace, id);
+    const Configuration &config = m_workspace.config;
+    // Should this be cut short, its name in staging tells the next start whose history goes too.
+    const fs::path condemned = config.staging() / pathFromText(uuidText(id));
+    moveTree(m_workspace.files, config.trashed(id), condemned);
+    TrashMoments(m_workspace).forget(id);
+    SkillHistory(m_workspace).remove(id);
+    removeTree(m_workspace.files, condemned);
+}
+
+} // namespace vornel

@@ -1,0 +1,116 @@
+#include "SynchronizationPass.h"
+
+#include "TargetFolder.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Skills/SkillAuthoring.h>
+#include <VORNELInfrastructure/Tree/ParallelMap.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
+
+#include <QDeadlineTimer>
+
+#include <algorithm>
+#include <chrono>
+
+namespace vornel {
+
+namespace {
+
+/// Enough for a large library in which nothing has to be written, and not too much for those who wait.
+constexpr std::chrono::milliseconds turn{500};
+
+/// So many skills are looked at before the first of them is dealt with.
+constexpr qsizetype groupSize = 128;
+
+/// Looks for skills that need nothing. May be asked from several threads.
+class Survey
+{
+public:
+    explicit Survey(const Workspace &workspace)
+        : m_workspace(workspace), m_skills(workspace.files.openFolder(workspace.config.skills()))
+    {
+        for (const TargetKind kind : allCases<TargetKind>())
+            m_targets.emplace_back(workspace, kind);
+    }
+
+    /// The skill, where both copies are right; nothing where there is something to be done or told.
+    std::optional<SkillDetail> detailIfInSync(const SkillRecord &skill) const
+    try {
+        const QString &slug = skill.manifest.slug;
+        const std::string name = slug.toStdString();
+        const FileTreeSnapshot canonical =
+            SecureFileTree::snapshot(m_workspace.files, m_skills, name, TreeFilter::all);
+        const std::string content = canonical.contentDigest();
+        const auto holdsContent = [&](const TargetFolder &target) {
+            const std::optional<FileTreeSnapshot> copy = target.snapshot(name);
+            return copy && copy->digest == content;
+        };
+        if (!std::ranges::all_of(m_targets, holdsContent))
+            return std::nullopt;
+        return SkillDetail{skill.manifest, SkillFolderStore(m_workspace).readSkillMD(skill.url, slug),
+                           canonical.relativeFiles(), QString::fromStdString(canonical.digest),
+                           SyncState::inSync};
+    } catch (const std::exception &) {
+        return std::nullopt;
+    }
+
+private:
+    const Workspace &m_workspace;
+    Folder m_skills;
+    std::vector<TargetFolder> m_targets;
+};
+
+SyncOutcome outcomeOf(const Workspace &workspace, const QUuid &id, const SkillRecord *skill)
+try {
+    if (skill == nullptr)
+        throw VORNELWorkspaceError::skillNotFound(id);
+    return {id, SkillAuthoring(workspace).synchronize(*skill), nullptr};
+} catch (...) {
+    return {id, std::nullopt, std::current_exception()};
+}
+
+} // namespace
+
+bool SynchronizationPass::isDone() const
+{
+    return m_outcomes.size() == m_ids.size() || (m_stop.stop_requested() && !m_outcomes.isEmpty());
+}
+
+void SynchronizationPass::giveUp(const std::exception_ptr &failure)
+{
+    for (const QUuid &id : m_ids.mid(m_outcomes.size()))
+        m_outcomes.append({id, std::nullopt, failure});
+}
+
+void SynchronizationPass::takeTurn(const Workspace &workspace, const std::function<void(int done)> &progress)
+{
+    const QDeadlineTimer end(turn);
+    const QList<SkillRecord> active = activeManifests(workspace);
+    QHash<QUuid, const SkillRecord *> known;
+    for (const SkillRecord &skill : active)
+        known.insert(skill.manifest.id, &skill);
+
+    const Survey survey(workspace);
+    while (!isDone() && !end.hasExpired()) {
+        const QList<QUuid> group = m_ids.mid(m_outcomes.size(), groupSize);
+        const auto details = parallelMap(group, [&](const QUuid &id) {
+            const SkillRecord *skill = known.value(id);
+            return skill != nullptr ? survey.detailIfInSync(*skill) : std::nullopt;
+        });
+        for (std::size_t index = 0; index < details.size() && !isDone(); ++index) {
+            const QUuid &id = group.at(static_cast<qsizetype>(index));
+            if (details[index]) {
+                workspace.failedSyncTargets.remove(id);
+                workspace.foundCopies.remove(id);
+                m_outcomes.append({id, details[index], nullptr});
+            } else {
+                m_outcomes.append(outcomeOf(workspace, id, known.value(id)));
+            }
+            progress(static_cast<int>(m_outcomes.size()));
+            if (!details[index] && end.hasExpired())
+                break;
+        }
+    }
+}
+
+} // namespace vornel

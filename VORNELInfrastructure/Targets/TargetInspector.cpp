@@ -1,0 +1,239 @@
+#include "TargetInspector.h"
+
+#include "DriftCauses.h"
+#include "TargetFolder.h"
+
+#include <VORNELCore/Errors/ErrorMessage.h>
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/Disk/FileOperations.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELInfrastructure/Skills/SkillRecords.h>
+#include <VORNELInfrastructure/Tree/ParallelMap.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
+
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+using Entry = FileTreeSnapshot::Entry;
+
+namespace {
+
+/// The entries that share a path; a file and a folder never do.
+struct Counterparts
+{
+    const Entry *canonical = nullptr;
+    const Entry *installed = nullptr;
+};
+
+std::string shownPath(const Entry &entry)
+{
+    return entry.kind == Entry::Kind::directory ? entry.relativePath + '/' : entry.relativePath;
+}
+
+std::optional<FileChange> changeOf(const Counterparts &entry)
+{
+    if (entry.canonical == nullptr)
+        return FileChange::added;
+    if (entry.installed == nullptr)
+        return FileChange::removed;
+    return entry.canonical->fileDigest == entry.installed->fileDigest ? std::nullopt
+                                                                      : std::optional(FileChange::changed);
+}
+
+QList<FileDifference> differences(const FileTreeSnapshot &canonical, const FileTreeSnapshot &installed)
+{
+    std::map<std::string, Counterparts> entries;
+    for (const Entry &entry : canonical.entries)
+        entries[shownPath(entry)].canonical = &entry;
+    for (const Entry &entry : installed.entries)
+        entries[shownPath(entry)].installed = &entry;
+
+    QList<FileDifference> found;
+    for (const auto &[path, entry] : entries) {
+        const std::optional<FileChange> change = changeOf(entry);
+        if (!change)
+            continue;
+        const QString shown = QString::fromStdString(path);
+        // What lies in a folder tells of the folder too.
+        if (!found.isEmpty() && found.last().relativePath.endsWith(u'/') &&
+            shown.startsWith(found.last().relativePath))
+            found.removeLast();
+        found.append({shown, *change});
+    }
+    return found;
+}
+
+/// Why nothing of this kind is ever replaced; empty for a folder.
+QString refusalOf(FileKind kind)
+{
+    switch (kind) {
+    case FileKind::Directory:
+        return {};
+    case FileKind::SymbolicLink:
+        return u"C’est un lien."_s;
+    case FileKind::Regular:
+        return u"C’est un fichier."_s;
+    case FileKind::Other:
+        break;
+    }
+    return u"Ce n’est pas un dossier."_s;
+}
+
+} // namespace
+
+QList<TargetInspection> TargetInspector::inspect(const QUuid &id) const
+{
+    const SkillRecord skill = activeRecord(m_workspace, id);
+    const FileTreeSnapshot canonical = contentOf(skill.url);
+    DriftCauses causes(m_workspace, skill.manifest);
+    QList<TargetInspection> inspections;
+    for (const TargetKind target : allCases<TargetKind>())
+        inspections.append(inspect(skill.manifest, canonical, target, causes));
+    return inspections;
+}
+
+FileTreeSnapshot TargetInspector::contentOf(const fs::path &folder) const
+{
+    return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
+}
+
+TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
+                                          TargetKind target, DriftCauses &causes) const
+{
+    TargetInspection inspection{.target = target,
+                                .state = SyncState::missing,
+                                .path = m_workspace.config.target(target) / pathFromText(manifest.slug)};
+    std::optional<TargetFolder> folder;
+    try {
+        folder.emplace(m_workspace, target);
+        if (const auto copy = folder->snapshot(manifest.slug.toStdString())) {
+            inspection.differences = differences(canonical, *copy);
+            inspection.state = inspection.differences.isEmpty() ? SyncState::inSync : SyncState::drifted;
+            if (inspection.state == SyncState::drifted)
+                inspection.drift = causes.of(copy->digest);
+        }
+    } catch (const std::exception &error) {
+        inspection.state = SyncState::failed;
+        inspection.reason = errorMessage(error);
+        inspection.isUnreadable = folder && folder->isUsable();
+        return inspection;
+    }
+    const TargetReasons failed = m_workspace.failedSyncTargets.value(manifest.id);
+    if (failed.contains(target)) {
+        inspection.state = SyncState::failed;
+        inspection.reason = failed.value(target);
+    }
+    return inspection;
+}
+
+QHash<QUuid, QList<TargetInspection>> TargetInspector::wrongCopies() const
+{
+    QHash<QUuid, QList<TargetInspection>> wrong;
+    if (m_workspace.foundCopies.isEmpty() && m_workspace.failedSyncTargets.isEmpty())
+        return wrong;
+    const QList<SkillRecord> active = activeManifests(m_workspace);
+    const auto copies =
+        parallelMap(active, [this](const SkillRecord &skill) { return wrongCopies(skill.manifest); });
+    for (qsizetype index = 0; index < active.size(); ++index) {
+        const QList<TargetInspection> &ofSkill = copies[static_cast<std::size_t>(index)];
+        if (!ofSkill.isEmpty())
+            wrong.insert(active.at(index).manifest.id, ofSkill);
+    }
+    return wrong;
+}
+
+QList<TargetInspection> TargetInspector::wrongCopies(const SkillManifest &manifest) const
+{
+    const CopyFindings found = m_workspace.foundCopies.value(manifest.id);
+    TargetReasons reasons = m_workspace.failedSyncTargets.value(manifest.id);
+    reasons.insert(found.unreadable);
+    DriftCauses causes(m_workspace, manifest);
+    QList<TargetInspection> wrong;
+    for (const TargetKind target : allCases<TargetKind>()) {
+        const bool hasFailed = reasons.contains(target);
+        if (!hasFailed && !found.drifted.contains(target))
+            continue;
+        wrong.append({.target = target,
+                      .state = hasFailed ? SyncState::failed : SyncState::drifted,
+                      .drift = hasFailed ? Drift::none : causes.of(found.drifted.value(target)),
+                      .reason = reasons.value(target),
+                      .path = m_workspace.config.target(target) / pathFromText(manifest.slug),
+                      .isUnreadable =
+                          found.unreadable.contains(target) && TargetFolder(m_workspace, target).isUsable()});
+    }
+    return wrong;
+}
+
+std::optional<QByteArray> TargetInspector::readFile(const QUuid &id, std::optional<TargetKind> target,
+                                                    const QString &relativePath) const
+{
+    WorkspaceValidation::validateRelativePath(relativePath.toUtf8());
+    const SkillRecord skill = activeRecord(m_workspace, id);
+    const fs::path folder =
+        target ? m_workspace.config.target(*target) / pathFromText(skill.manifest.slug) : skill.url;
+    const fs::path path = folder / pathFromText(relativePath);
+    const std::optional<FileKind> kind = m_workspace.files.kindAt(path);
+    if (!kind || *kind == FileKind::Directory)
+        return std::nullopt;
+    return vornel::readFile(m_workspace.files, path, SkillFiles::sizeLimit);
+}
+
+std::optional<TargetOccupant> TargetInspector::occupant(const TargetPlace &place) const
+{
+    const TargetFolder folder(m_workspace, place.target);
+    const std::string name = place.slug.toStdString();
+    std::optional<FileKind> kind;
+    try {
+        WorkspaceValidation::validateSlug(place.slug);
+        kind = folder.kindOf(name);
+    } catch (const std::exception &) { // no copy is installed in such a place
+        return std::nullopt;
+    }
+    if (!kind || m_workspace.files.kindAt(m_workspace.config.canonical(place.slug)))
+        return std::nullopt;
+    TargetOccupant occupant{place.target, place.slug,
+                            m_workspace.config.target(place.target) / pathFromText(place.slug)};
+    occupant.refusal = refusalOf(*kind);
+    if (occupant.refusal.isEmpty()) {
+        try {
+            const auto content = folder.snapshot(name);
+            if (!content || isCopyOfRestored(place, *content))
+                return std::nullopt;
+        } catch (const std::exception &error) {
+            occupant.refusal = errorMessage(error);
+        }
+    }
+    return occupant;
+}
+
+/// A restoration leaves a folder alone that holds all that it would install.
+bool TargetInspector::isCopyOfRestored(const TargetPlace &place, const FileTreeSnapshot &content) const
+{
+    bool isSame = false;
+    if (!place.restored.isNull()) {
+        bestEffort([&] {
+            const fs::path trashed = m_workspace.config.trashed(place.restored);
+            isSame = contentOf(trashed).digest == content.digest;
+        });
+    }
+    return isSame;
+}
+
+QList<TargetOccupant> TargetInspector::occupants(const QList<TargetPlace> &places) const
+{
+    QList<TargetOccupant> found;
+    for (const TargetPlace &place : places) {
+        if (const auto there = occupant(place))
+            found.append(*there);
+    }
+    return found;
+}
+
+} // namespace vornel

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
+#include <VORNELInfrastructure/Skills/SkillHistory.h>
+#include <VORNELInfrastructure/Skills/SkillRecords.h>
+
+#include <exception>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vornel {
+
+/// One skill on its way into the targets.
+struct Install
+{
+    QUuid id;
+    std::map<TargetKind, Publication> copies = {}; ///< for the targets where the copy isn't right
+    std::map<TargetKind, std::exception_ptr> failures = {};
+
+    std::vector<Publication *> publications();
+};
+
+/// Installs skills into the assistants' folders, and takes them out.
+class TargetSynchronizer
+{
+public:
+    explicit TargetSynchronizer(const Workspace &workspace)
+        : m_workspace(workspace), m_store(workspace), m_history(workspace)
+    {}
+
+    /// Makes both copies equal to the canonical folder. What stood there goes into the skill's history,
+    /// unless that holds it already. A failed target doesn't stop the other: failures are remembered, then
+    /// thrown as `partialSync`.
+    void synchronize(const SkillRecord &skill) const;
+
+    /// Puts a fresh copy in the place of one, whatever stands there; that goes into the recovery folder as it
+    /// is.
+    void setAside(const SkillRecord &skill, TargetKind kind) const;
+
+    /// Moves both copies into the recovery folder. A failed target doesn't stop the other: failures are
+    /// remembered, then thrown as `partialSync`.
+    void removeCopies(const SkillRecord &skill) const;
+
+    using Failures = std::map<TargetKind, std::exception_ptr>;
+
+    /// Sees to it that the targets' roots are there, and no links. Returns those of no use.
+    Failures prepareRoots() const;
+
+    /// Stages what the targets need for their copies to be those of `source`, which has this digest. What
+    /// these replace goes into the history, which has to be there when they are placed.
+    Install stage(const SkillManifest &manifest, const std::filesystem::path &source,
+                  const std::string &digest, const Failures &unusable) const;
+
+    /// Ends an install that has been placed: keeps what failed, in memory and with the install, and removes
+    /// the former copies.
+    void finish(Install &install) const;
+
+private:
+    /// What the history was found to hold all of, or not, by its digest.
+    using Looks = std::map<std::string, bool>;
+
+    std::optional<Publication> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
+                                          const std::string &digest, TargetKind kind, Looks &looks) const;
+    bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
+    void prepareRoot(TargetKind kind) const;
+
+    /// Removes the folder that a copy has replaced, unless it is kept.
+    void discardFormer(const Publication &copy) const;
+    void removeTargetCopy(const QString &slug, TargetKind kind) const;
+
+    /// Keeps which targets of a skill failed, if any, each with its reason.
+    void remember(const QUuid &id, const Failures &failures) const;
+
+    FileTreeSnapshot contentOf(const std::filesystem::path &folder) const;
+    std::filesystem::path recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const;
+
+    const Workspace &m_workspace;
+    SkillFolderStore m_store;
+    SkillHistory m_history;
+};
+
+} // namespace vornel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "FileTreeSnapshot.h"
+
+#include <VORNELInfrastructure/Disk/FileSystem.h>
+
+/// The one walk over a skill folder: it fingerprints and copies, and refuses whatever is unsafe. Throws
+/// `symlinkUnsupported` for a link anywhere in the tree, also where the filter would pass over it;
+/// `unsafeImport` for a file above 25 MiB, for what is neither file nor folder, for a name that is not UTF-8
+/// and for folders nested too deep; `invalidPath` for a reserved name; `filesystem_error` for the rest. What
+/// is told is what comes first, each folder being gone through by name, with all that it holds.
+namespace vornel::SecureFileTree {
+
+/// Reads the whole tree. Throws `integrityFailure` when `root` is not a folder.
+FileTreeSnapshot snapshot(const FileSystem &files, const std::filesystem::path &root, TreeFilter filter);
+
+FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
+                          TreeFilter filter);
+
+/// Copies the filtered tree of `source` into the new folder `destination` (folders 700, files 600). Throws
+/// `integrityFailure` when something stands there already. A failed copy leaves nothing behind.
+void copyTree(FileSystem &files, const std::filesystem::path &source,
+              const std::filesystem::path &destination, TreeFilter filter);
+
+/// The same, and a snapshot of the very bytes that were copied.
+FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const std::filesystem::path &source,
+                                     const std::filesystem::path &destination, TreeFilter filter);
+
+} // namespace vornel::SecureFileTree

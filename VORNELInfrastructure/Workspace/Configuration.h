@@ -1,0 +1,50 @@
+#pragma once
+
+#include <VORNELCore/Records/Enumerations.h>
+#include <VORNELInfrastructure/Disk/FileSystem.h>
+
+#include <QUuid>
+
+#include <filesystem>
+#include <vector>
+
+namespace vornel {
+
+/// The roots of an open workspace, and the layout below them.
+struct Configuration
+{
+    std::filesystem::path workspace;
+    std::filesystem::path claude;
+    std::filesystem::path codex;
+
+    /// Standardises the three paths and refuses roots of which one lies in another, links resolved:
+    /// `invalidPath(overlappingRoots)`.
+    static Configuration forRoots(const FileSystem &files, const std::filesystem::path &workspace,
+                                  const std::filesystem::path &claude, const std::filesystem::path &codex);
+
+    std::filesystem::path skills() const { return workspace / "skills"; }
+    std::filesystem::path bookkeeping() const { return workspace / ".vornel"; }
+    std::filesystem::path history() const { return bookkeeping() / "history"; }
+    std::filesystem::path trash() const { return bookkeeping() / "trash"; }
+    std::filesystem::path staging() const { return bookkeeping() / "staging"; }
+    std::filesystem::path recovery() const { return bookkeeping() / "recovery"; }
+    std::filesystem::path events() const { return bookkeeping() / "events"; }
+    std::filesystem::path metadata() const { return bookkeeping() / "workspace.json"; }
+    std::filesystem::path categories() const { return bookkeeping() / "categories.json"; }
+
+    /// Where the skill of this slug stands while it is active.
+    std::filesystem::path canonical(const QString &slug) const;
+
+    /// Where the skill of this identifier stands while it is in the trash.
+    std::filesystem::path trashed(const QUuid &id) const;
+
+    /// Where the earlier versions of a skill stand.
+    std::filesystem::path historyOf(const QUuid &id) const;
+
+    /// An assistant's skills folder.
+    const std::filesystem::path &target(TargetKind kind) const;
+
+    std::vector<std::filesystem::path> roots() const { return {workspace, claude, codex}; }
+};
+
+} // namespace vornel

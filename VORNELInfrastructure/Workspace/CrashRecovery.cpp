@@ -1,0 +1,130 @@
+#include "CrashRecovery.h"
+
+#include "UnfinishedParts.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/Disk/TreeOperations.h>
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
+#include <VORNELInfrastructure/Skills/SkillHistory.h>
+#include <VORNELInfrastructure/Skills/SkillRecords.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The canonical folders in recovery whose manifest agrees with their name, the latest revision first.
+QList<SkillRecord> parkedCanonicalFolders(const Workspace &workspace)
+{
+    static const QRegularExpression shape(uR"(\A[0-9A-F-]{36}-canonical-(.+)\z)"_s);
+    const SkillFolderStore store(workspace);
+    const fs::path recovery = workspace.config.recovery();
+    QList<SkillRecord> parked;
+    for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(recovery))) {
+        const auto match = shape.match(QString::fromStdString(entry.name));
+        if (!match.hasMatch() || entry.kind != FileKind::Directory)
+            continue;
+        bestEffort([&] {
+            const SkillManifest manifest = store.readManifest(recovery / entry.name);
+            WorkspaceValidation::validateSlug(manifest.slug);
+            if (manifest.slug == match.captured(1))
+                parked.append({manifest, recovery / entry.name});
+        });
+    }
+    std::ranges::sort(parked, std::ranges::greater{},
+                      [](const SkillRecord &record) { return record.manifest.revision; });
+    return parked;
+}
+
+/// Once a swap has succeeded and the history holds the former revision, the former folder is of no use. One
+/// that another skill has taken the place of is all that is left of its own.
+void discardIfReplaced(const Workspace &workspace, const SkillRecord &parked, const fs::path &canonical)
+{
+    const SkillFolderStore store(workspace);
+    const auto content = SecureFileTree::snapshot(workspace.files, parked.url, TreeFilter::all);
+    const SkillHistory history(workspace);
+    if (store.readManifest(canonical).id != parked.manifest.id ||
+        !history.holdsRevision(parked.manifest, content))
+        return;
+    if (content.isWhole)
+        store.discard(parked.url);
+    else
+        moveTree(workspace.files, parked.url, history.placeForReplaced(parked.manifest.id, u"library"_s));
+}
+
+bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)
+{
+    const auto hasID = [&id](const SkillRecord &record) { return record.manifest.id == id; };
+    return workspace.files.kindAt(workspace.config.trashed(id)) ||
+           std::ranges::any_of(activeManifests(workspace), hasID);
+}
+
+/// A skill that is being deleted for good is staged under its identifier until its history is gone.
+void finishDeletion(const Workspace &workspace, const std::string &stage)
+{
+    const auto id = uuidFromText(QString::fromStdString(stage));
+    if (!id)
+        return;
+    if (workspace.files.kindAt(workspace.config.historyOf(*id)) && !isInLibraryOrTrash(workspace, *id))
+        SkillHistory(workspace).remove(*id);
+}
+
+void removeAbandonedStages(const Workspace &workspace)
+{
+    const fs::path staging = workspace.config.staging();
+    for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(staging))) {
+        bestEffort([&] {
+            finishDeletion(workspace, entry.name);
+            removeTree(workspace.files, staging / entry.name);
+        });
+    }
+}
+
+} // namespace
+
+void discardParkedFolders(const Workspace &workspace, const QUuid &id)
+{
+    for (const SkillRecord &parked : parkedCanonicalFolders(workspace)) {
+        if (parked.manifest.id == id)
+            SkillFolderStore(workspace).discard(parked.url);
+    }
+}
+
+void bringBackSwappedFolders(const Workspace &workspace)
+{
+    for (const SkillRecord &parked : parkedCanonicalFolders(workspace)) {
+        const fs::path canonical = workspace.config.canonical(parked.manifest.slug);
+        if (workspace.files.kindAt(canonical))
+            bestEffort([&] { discardIfReplaced(workspace, parked, canonical); });
+        else if (!workspace.files.kindAt(workspace.config.trashed(parked.manifest.id)))
+            moveTree(workspace.files, parked.url, canonical);
+    }
+}
+
+bool needsRecovery(const Workspace &workspace)
+{
+    const fs::path staging = workspace.config.staging();
+    return !workspace.files.list(workspace.files.openFolder(staging)).empty() ||
+           !parkedCanonicalFolders(workspace).isEmpty() || !unfinishedParts(workspace).empty();
+}
+
+void recoverFromCrash(const Workspace &workspace)
+{
+    bringBackSwappedFolders(workspace);
+    removeAbandonedStages(workspace);
+    for (const fs::path &part : unfinishedParts(workspace))
+        bestEffort([&] { removeTree(workspace.files, part); });
+}
+
+} // namespace vornel

@@ -1,0 +1,284 @@
+#include "LocalWorkspaceService.h"
+
+#include "CrashRecovery.h"
+#include "Overview.h"
+#include "WorkspaceBootstrap.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Categories/CategoryEditing.h>
+#include <VORNELInfrastructure/Import/ImportCommit.h>
+#include <VORNELInfrastructure/Import/ImportScan.h>
+#include <VORNELInfrastructure/Skills/SkillAuthoring.h>
+#include <VORNELInfrastructure/Skills/SkillTrash.h>
+#include <VORNELInfrastructure/Targets/SynchronizationPass.h>
+#include <VORNELInfrastructure/Targets/TargetInspector.h>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager, FailureScope failureScope)
+    : m_manager(std::move(manager)), m_failureScope(failureScope)
+{}
+
+Workspace LocalWorkspaceService::workspaceOf(const Configuration &config)
+{
+    return {*m_manager, config, m_failedSyncTargets, m_foundCopies, m_failureScope};
+}
+
+template <typename Operation>
+auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
+{
+    if (!m_configuration)
+        throw VORNELWorkspaceError::notBootstrapped();
+    m_manager->confine(m_configuration->roots());
+    const Folder lock = m_manager->lock(m_configuration->bookkeeping(), mode);
+    const Workspace workspace = workspaceOf(*m_configuration);
+    if (mode == LockMode::Exclusive) {
+        refuseNewerWorkspace(workspace);
+        bringBackSwappedFolders(workspace);
+    }
+    return operation(workspace);
+}
+
+template <typename Operation>
+auto LocalWorkspaceService::perform(LockMode mode, Operation operation)
+{
+    using Result = std::invoke_result_t<Operation, const Workspace &>;
+    return m_executor.submit<Result>([this, mode, operation = std::move(operation)](QPromise<Result> &) {
+        return runLocked(mode, operation);
+    });
+}
+
+template <typename Operation>
+QFuture<WorkspaceOverview> LocalWorkspaceService::change(Operation operation)
+{
+    return perform(LockMode::Exclusive, [operation = std::move(operation)](const Workspace &workspace) {
+        operation(workspace);
+        return makeOverview(workspace);
+    });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceURL, fs::path claudeRoot,
+                                                            fs::path codexRoot)
+{
+    return m_executor.submit<WorkspaceOverview>([=, this](QPromise<WorkspaceOverview> &) {
+        const Configuration config = Configuration::forRoots(*m_manager, workspaceURL, claudeRoot, codexRoot);
+        const Workspace workspace = workspaceOf(config);
+        m_manager->confine(config.roots());
+        createLayout(workspace);
+        const auto locked = [&](LockMode mode) { return m_manager->lock(config.bookkeeping(), mode); };
+        auto lock = std::make_optional(locked(LockMode::Shared));
+        if (!isReady(workspace)) { // which is rare: a start hardly ever has to wait for others who read
+            lock.reset();
+            prepareWorkspace(workspace, locked(LockMode::Exclusive));
+            lock.emplace(locked(LockMode::Shared));
+        }
+        readMetadata(workspace); // whose errors are told, too
+        m_configuration = config;
+        return makeOverview(workspace);
+    });
+}
+
+QFuture<ImportPlan> LocalWorkspaceService::scanImports()
+{
+    return perform(LockMode::Shared, [this](const Workspace &workspace) {
+        return m_pendingPlan.emplace(vornel::scanImports(workspace));
+    });
+}
+
+ImportPlan &LocalWorkspaceService::pendingPlan()
+{
+    if (!m_pendingPlan)
+        throw VORNELWorkspaceError::importPlanNotFound();
+    return *m_pendingPlan;
+}
+
+QFuture<ImportPlan> LocalWorkspaceService::resolveCollision(QUuid id, CollisionChoice choice)
+{
+    return perform(LockMode::Shared, [this, id, choice](const Workspace &) {
+        ImportPlan &plan = pendingPlan();
+        const auto collision = std::ranges::find(plan.collisions, id, &ImportCollision::id);
+        if (collision == plan.collisions.end())
+            throw VORNELWorkspaceError::collisionNotFound(id);
+        collision->choice = choice;
+        plan.revision += 1;
+        return plan;
+    });
+}
+
+QFuture<ImportPlan> LocalWorkspaceService::excludeFromImport(QString slug)
+{
+    return perform(LockMode::Shared, [this, slug](const Workspace &) {
+        ImportPlan &plan = pendingPlan();
+        const auto isExcluded = [&slug](const auto &entry) { return entry.slug == slug; };
+        plan.candidates.removeIf(isExcluded);
+        plan.collisions.removeIf(isExcluded);
+        plan.revision += 1;
+        return plan;
+    });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::commitImport(QUuid planID)
+{
+    return m_executor.submit<WorkspaceOverview>([this, planID](QPromise<WorkspaceOverview> &promise) {
+        const auto report = [&promise](int done, int total) {
+            if (done == 0)
+                promise.setProgressRange(0, total);
+            promise.setProgressValue(done);
+        };
+        return runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {
+            if (pendingPlan().id != planID)
+                throw VORNELWorkspaceError::importPlanNotFound();
+            ImportCommit(workspace).run(pendingPlan(), report);
+            m_pendingPlan.reset();
+            return makeOverview(workspace);
+        });
+    });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::reload()
+{
+    return perform(LockMode::Shared, makeOverview);
+}
+
+QFuture<SkillManifest> LocalWorkspaceService::reviewCreation(CreateSkillRequest request)
+{
+    return perform(LockMode::Shared, [=](const Workspace &workspace) {
+        return SkillAuthoring(workspace).newManifest(request);
+    });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::createSkill(CreateSkillRequest request)
+{
+    return perform(LockMode::Exclusive,
+                   [=](const Workspace &workspace) { return SkillAuthoring(workspace).create(request); });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::loadSkill(QUuid id)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return SkillAuthoring(workspace).load(id); });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::saveSkill(QUuid id, qint64 expectedRevision, QString skillMD)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return SkillAuthoring(workspace).save(id, expectedRevision, skillMD);
+    });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::createCategory(QString name, QString colorHex)
+{
+    return change([=](const Workspace &workspace) { CategoryEditing(workspace).create(name, colorHex); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::updateCategory(QString id, QString name, QString colorHex)
+{
+    return change([=](const Workspace &workspace) { CategoryEditing(workspace).update(id, name, colorHex); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::deleteCategory(QString id)
+{
+    return change([=](const Workspace &workspace) { CategoryEditing(workspace).remove(id); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::assignSkills(QSet<QUuid> ids, QString to)
+{
+    return change([=](const Workspace &workspace) { CategoryEditing(workspace).assign(ids, to); });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::synchronize(QUuid id)
+{
+    return perform(LockMode::Exclusive,
+                   [=](const Workspace &workspace) { return SkillAuthoring(workspace).synchronize(id); });
+}
+
+QFuture<QList<SyncOutcome>> LocalWorkspaceService::synchronizeSkills(QList<QUuid> ids, std::stop_token stop)
+{
+    using Outcomes = QList<SyncOutcome>;
+    const auto total = static_cast<int>(ids.size());
+    const auto pass = std::make_shared<SynchronizationPass>(std::move(ids), std::move(stop));
+    return m_executor.submitInTurns<Outcomes>([this, total, pass](QPromise<Outcomes> &promise) {
+        if (pass->outcomes().isEmpty())
+            promise.setProgressRange(0, total);
+        try {
+            runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {
+                pass->takeTurn(workspace, [&promise](int done) { promise.setProgressValue(done); });
+            });
+        } catch (...) {
+            if (pass->outcomes().isEmpty())
+                throw;
+            pass->giveUp(std::current_exception());
+        }
+        return pass->isDone() ? std::optional(pass->outcomes()) : std::nullopt;
+    });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::moveToTrash(QUuid id)
+{
+    return moveToTrash(QSet<QUuid>{id});
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::moveToTrash(QSet<QUuid> ids)
+{
+    return change([=](const Workspace &workspace) { SkillTrash(workspace).moveToTrash(ids); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::restore(QUuid id)
+{
+    return change([=](const Workspace &workspace) { SkillTrash(workspace).restore(id); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::deletePermanently(QUuid id)
+{
+    return change([=](const Workspace &workspace) { SkillTrash(workspace).deletePermanently(id); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::emptyTrash()
+{
+    return change([](const Workspace &workspace) { SkillTrash(workspace).empty(); });
+}
+
+QFuture<QList<TargetInspection>> LocalWorkspaceService::inspectTargets(QUuid id)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return TargetInspector(workspace).inspect(id); });
+}
+
+QFuture<QHash<QUuid, QList<TargetInspection>>> LocalWorkspaceService::wrongCopies()
+{
+    return perform(LockMode::Shared,
+                   [](const Workspace &workspace) { return TargetInspector(workspace).wrongCopies(); });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::setAside(QUuid id, TargetKind target)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return SkillAuthoring(workspace).setAside(id, target);
+    });
+}
+
+QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std::optional<TargetKind> copy,
+                                                                   QString relativePath)
+{
+    return perform(LockMode::Shared, [=](const Workspace &workspace) {
+        return TargetInspector(workspace).readFile(id, copy, relativePath);
+    });
+}
+
+QFuture<QList<TargetOccupant>> LocalWorkspaceService::occupants(QList<TargetPlace> places)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return TargetInspector(workspace).occupants(places); });
+}
+
+QFuture<QHash<QUuid, QDateTime>> LocalWorkspaceService::trashDates()
+{
+    return perform(LockMode::Shared,
+                   [](const Workspace &workspace) { return SkillTrash(workspace).dates(); });
+}
+
+} // namespace vornel

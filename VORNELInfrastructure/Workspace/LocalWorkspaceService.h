@@ -1,0 +1,87 @@
+#pragma once
+
+#include "SerialExecutor.h"
+#include "Workspace.h"
+
+#include <VORNELCore/Services/CopyRepairing.h>
+#include <VORNELCore/Services/CreationReviewing.h>
+#include <VORNELCore/Services/ImportReviewing.h>
+#include <VORNELCore/Services/TargetInspecting.h>
+#include <VORNELCore/Services/TrashInspecting.h>
+#include <VORNELCore/Services/WorkspaceServicing.h>
+
+#include <memory>
+#include <optional>
+
+namespace vornel {
+
+/// The workspace on this machine's disk. Operations run one at a time in the order of the calls; several
+/// programs may work on one workspace, each operation holds it locked while it runs.
+class LocalWorkspaceService : public WorkspaceServicing,
+                              public TargetInspecting,
+                              public TrashInspecting,
+                              public ImportReviewing,
+                              public CopyRepairing,
+                              public CreationReviewing
+{
+public:
+    /// All file operations go through `manager`.
+    explicit LocalWorkspaceService(std::shared_ptr<FileSystem> manager,
+                                   FailureScope failureScope = FailureScope::Library);
+
+    QFuture<WorkspaceOverview> bootstrap(std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
+                                         std::filesystem::path codexRoot) override;
+    QFuture<ImportPlan> scanImports() override;
+    QFuture<ImportPlan> resolveCollision(QUuid id, CollisionChoice choice) override;
+    QFuture<WorkspaceOverview> commitImport(QUuid planID) override;
+    QFuture<WorkspaceOverview> reload() override;
+    QFuture<SkillDetail> createSkill(CreateSkillRequest request) override;
+    QFuture<SkillDetail> loadSkill(QUuid id) override;
+    QFuture<SkillDetail> saveSkill(QUuid id, qint64 expectedRevision, QString skillMD) override;
+    QFuture<WorkspaceOverview> createCategory(QString name, QString colorHex) override;
+    QFuture<WorkspaceOverview> updateCategory(QString id, QString name, QString colorHex) override;
+    QFuture<WorkspaceOverview> deleteCategory(QString id) override;
+    QFuture<WorkspaceOverview> assignSkills(QSet<QUuid> ids, QString to) override;
+    QFuture<SkillDetail> synchronize(QUuid id) override;
+    QFuture<WorkspaceOverview> moveToTrash(QUuid id) override;
+    QFuture<WorkspaceOverview> moveToTrash(QSet<QUuid> ids) override;
+    QFuture<WorkspaceOverview> restore(QUuid id) override;
+    QFuture<WorkspaceOverview> deletePermanently(QUuid id) override;
+    QFuture<WorkspaceOverview> emptyTrash() override;
+    QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override;
+    QFuture<QHash<QUuid, QList<TargetInspection>>> wrongCopies() override;
+    QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
+                                                QString relativePath) override;
+    QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
+    QFuture<QHash<QUuid, QDateTime>> trashDates() override;
+    QFuture<ImportPlan> excludeFromImport(QString slug) override;
+    QFuture<QList<SyncOutcome>> synchronizeSkills(QList<QUuid> ids, std::stop_token stop) override;
+    QFuture<SkillDetail> setAside(QUuid id, TargetKind target) override;
+    QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
+
+private:
+    /// Runs `operation` on the open workspace, locked; throws `notBootstrapped` when none is open.
+    template <typename Operation>
+    auto runLocked(LockMode mode, const Operation &operation);
+
+    /// The same in its turn, on the service's own thread.
+    template <typename Operation>
+    auto perform(LockMode mode, Operation operation);
+
+    /// `perform` for an operation that changes the set of skills or categories, and returns the overview.
+    template <typename Operation>
+    QFuture<WorkspaceOverview> change(Operation operation);
+
+    ImportPlan &pendingPlan();
+    Workspace workspaceOf(const Configuration &config);
+
+    std::shared_ptr<FileSystem> m_manager;
+    FailureScope m_failureScope;
+    std::optional<Configuration> m_configuration;
+    std::optional<ImportPlan> m_pendingPlan;
+    FailedSyncTargets m_failedSyncTargets;
+    FoundCopies m_foundCopies;
+    SerialExecutor m_executor; // last, so that it ends before what its functions use
+};
+
+} // namespace vornel

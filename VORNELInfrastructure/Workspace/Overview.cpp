@@ -1,0 +1,82 @@
+#include "Overview.h"
+
+#include "Locating.h"
+
+#include <VORNELCore/Library/LocaleText.h>
+#include <VORNELInfrastructure/Categories/CategoryCatalog.h>
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
+#include <VORNELInfrastructure/Targets/SyncInspector.h>
+#include <VORNELInfrastructure/Tree/ParallelMap.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace {
+
+QList<SkillSummary> sortedByName(const std::vector<SkillSummary> &summaries)
+{
+    struct Keyed
+    {
+        QCollatorSortKey key;
+        const SkillSummary *summary;
+    };
+    std::vector<Keyed> order = parallelMap(summaries, [](const SkillSummary &summary) {
+        return Keyed{LocaleText::sortKey(summary.displayName), &summary};
+    });
+    std::ranges::stable_sort(order, [](const Keyed &a, const Keyed &b) { return a.key < b.key; });
+    QList<SkillSummary> sorted;
+    sorted.reserve(static_cast<qsizetype>(order.size()));
+    for (const Keyed &next : order)
+        sorted.append(*next.summary);
+    return sorted;
+}
+
+void remember(const Workspace &workspace, const QUuid &id, const CopyFindings &findings)
+{
+    if (findings.unreadable.isEmpty() && findings.drifted.isEmpty())
+        workspace.foundCopies.remove(id);
+    else
+        workspace.foundCopies.insert(id, findings);
+}
+
+} // namespace
+
+WorkspaceOverview makeOverview(const Workspace &workspace)
+{
+    const SyncInspector inspector(workspace);
+    const QList<SkillRecord> records = activeManifests(workspace);
+    const std::vector<CopyStates> states = parallelMap(
+        records, [&inspector](const SkillRecord &skill) { return inspector.states(skill.manifest); });
+    std::vector<SkillSummary> active;
+    workspace.foundCopies.clear();
+    for (std::size_t index = 0; index < states.size(); ++index) {
+        const SkillManifest &manifest = records.at(static_cast<qsizetype>(index)).manifest;
+        active.emplace_back(manifest, states[index].state);
+        remember(workspace, manifest.id, states[index].findings);
+    }
+    std::vector<SkillSummary> trashed;
+    for (const SkillRecord &skill : trashedManifests(workspace))
+        trashed.emplace_back(skill.manifest, SyncState::unknown);
+    return {workspace.config.workspace, sortedByName(active), sortedByName(trashed),
+            readCategoryCatalog(workspace).categories};
+}
+
+SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
+{
+    SkillDetail detail;
+    detail.manifest = skill.manifest;
+    locating(workspace, skill.url, [&] {
+        detail.skillMD = SkillFolderStore(workspace).readSkillMD(skill.url, skill.manifest.slug);
+        const FileTreeSnapshot tree = SecureFileTree::snapshot(workspace.files, skill.url, TreeFilter::all);
+        detail.relativeFiles = tree.relativeFiles();
+        detail.contentRevision = QString::fromStdString(tree.digest);
+    });
+    const CopyStates copies = SyncInspector(workspace).states(skill.manifest);
+    detail.syncState = copies.state;
+    remember(workspace, skill.manifest.id, copies.findings);
+    return detail;
+}
+
+} // namespace vornel
