@@ -52,10 +52,9 @@ public:
         const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>());
         const std::filesystem::path root = m_folder.path().toStdString();
         m_model = std::make_unique<AppModel>(
-            service, service, service, service, service,
-            std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), root / "workspace"),
-            root / "workspace", root / "claude", root / "codex",
-            std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat));
+            service, root / "workspace", root / "claude", root / "codex",
+            std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat),
+            std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), root / "workspace"));
         QCoro::waitFor(m_model->start());
         CreateSkillRequest request;
         request.slug = request.displayName = u"longue"_s;

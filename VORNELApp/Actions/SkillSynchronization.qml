@@ -24,8 +24,7 @@ Item {
             return;
         if (ids.length !== 1)
             return survey.begin(ids);
-        copies.skillID = ids[0];
-        differences.synchronizeCopies(() => model.synchronizeSkill(copies.skillID));
+        model.replacement.synchronize(ids[0]);
     }
     /** Asks in any case. */
     function synchronizeAll(ids: var): void {
@@ -44,19 +43,12 @@ Item {
         if (isWatched)
             return;
         survey.forget();
-        differences.forget();
+        model.replacement.decline();
     }
 
-    SkillCopies {
-        id: copies
-
-        model: synchronization.model
-    }
     DifferencesSheet {
-        id: differences
-
-        copies: copies
         model: synchronization.model
+        replacement: synchronization.model.replacement
         onClosed: synchronization.closed()
     }
     CopySurvey {

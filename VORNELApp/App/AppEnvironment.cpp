@@ -38,18 +38,14 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
             .claudeRoot = roots.claude,
             .codexRoot = roots.codex,
             .workspaceService = service,
-            .targetInspector = service,
-            .trashInspector = service,
-            .importReviewer = service,
-            .copyRepairer = service,
-            .drafts = drafts,
-            .defaults = settings(environment)};
+            .defaults = settings(environment),
+            .drafts = drafts};
 }
 
 std::unique_ptr<AppModel> AppEnvironment::makeAppModel() const
 {
-    return std::make_unique<AppModel>(workspaceService, targetInspector, trashInspector, importReviewer,
-                                      copyRepairer, drafts, workspaceURL, claudeRoot, codexRoot, defaults);
+    return std::make_unique<AppModel>(workspaceService, workspaceURL, claudeRoot, codexRoot, defaults,
+                                      drafts);
 }
 
 } // namespace vornel

@@ -1,12 +1,8 @@
 #pragma once
 
-#include <VORNELCore/Services/CopyRepairing.h>
 #include <VORNELCore/Services/DraftKeeping.h>
-#include <VORNELCore/Services/ImportReviewing.h>
-#include <VORNELCore/Services/TargetInspecting.h>
-#include <VORNELCore/Services/TrashInspecting.h>
+#include <VORNELCore/Services/WindowServicing.h>
 #include <VORNELCore/Services/WorkspaceLocating.h>
-#include <VORNELCore/Services/WorkspaceServicing.h>
 #include <VORNELInfrastructure/Workspace/WorkspaceRoots.h>
 
 #include <QSettings>
@@ -23,13 +19,9 @@ struct AppEnvironment
     std::filesystem::path workspaceURL;
     std::filesystem::path claudeRoot;
     std::filesystem::path codexRoot;
-    std::shared_ptr<WorkspaceServicing> workspaceService;
-    std::shared_ptr<TargetInspecting> targetInspector;
-    std::shared_ptr<TrashInspecting> trashInspector;
-    std::shared_ptr<ImportReviewing> importReviewer;
-    std::shared_ptr<CopyRepairing> copyRepairer;
-    std::shared_ptr<DraftKeeping> drafts;
+    std::shared_ptr<WindowServicing> workspaceService;
     std::shared_ptr<QSettings> defaults;
+    std::shared_ptr<DraftKeeping> drafts;
 
     /// From the environment's variables, with the defaults below `home`. Touches no folder. With
     /// VORNEL_TEST_MODE at exactly "1", the settings are private to this process.

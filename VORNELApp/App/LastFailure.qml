@@ -6,6 +6,9 @@ ErrorPanel {
 
     required property AppModel model
 
+    /** Whether the user is on the way to where it can be mended. */
+    property bool isRemedying: false
+
     /** The user is done with it: the keyboard is free. */
     signal settled
 
@@ -15,10 +18,18 @@ ErrorPanel {
         model.clearError();
         settled();
     }
-    onRemedied: model.departure.leave(() => {
-        model.clearError();
-        model.closeSkill();
-        model.selectedDestination = AppStates.Destination.needsAttention;
-        settled();
-    })
+    onRemedied: {
+        isRemedying = true;
+        model.departure.leaveFor(AppStates.Destination.needsAttention);
+    }
+
+    Connections {
+        function onSelectedDestinationChanged() {
+            if (failure.isRemedying)
+                failure.settled();
+            failure.isRemedying = false;
+        }
+
+        target: failure.model
+    }
 }

@@ -26,7 +26,7 @@ Window {
     onClosing: event => {
         if (model.departure.isGuarded) {
             event.accepted = false;
-            model.departure.leave(() => window.close());
+            model.departure.leave(Departure.FromWindow);
             return;
         }
         model.batch.stop();
@@ -48,6 +48,14 @@ Window {
         }
 
         target: window.model
+    }
+    Connections {
+        function onLeft(exit: int) {
+            if (exit === Departure.FromWindow)
+                window.close();
+        }
+
+        target: window.model.departure
     }
     Flickable {
         id: room

@@ -34,7 +34,7 @@ Sheet {
     }
     function leave(): void {
         if (!form.isWaiting)
-            model.departure.leave(() => showList());
+            model.departure.leave(Departure.FromForm);
     }
     function askToDelete(category: skillCategory): void {
         if (category.isProtected || model.isWorking)
@@ -61,6 +61,14 @@ Sheet {
             else
                 sheet.showList();
         }
+    }
+    Connections {
+        function onLeft(exit: int) {
+            if (exit === Departure.FromForm && sheet.isUsed)
+                sheet.showList();
+        }
+
+        target: sheet.model.departure
     }
     DepartureGuard {
         departure: sheet.model.departure

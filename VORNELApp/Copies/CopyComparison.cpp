@@ -1,7 +1,8 @@
 #include "CopyComparison.h"
 
+#include <VORNELApp/Model/Answer.h>
+
 #include <QClipboard>
-#include <QCoro/QCoroFuture>
 #include <QGuiApplication>
 #include <QtConcurrentRun>
 
@@ -64,32 +65,31 @@ void CopyComparison::copy(int first, int last) const
 void CopyComparison::begin(const Side &before, const Side &after, const QString &path)
 {
     show({});
-    read(this, m_model, m_skillID, before, after, path, ++m_request);
+    QCoro::connect(compare(bytes(before, path), bytes(after, path)), this,
+                   [this, request = ++m_request](const Result &result) {
+                       if (m_request == request)
+                           show(result);
+                   });
 }
 
-QCoro::Task<> CopyComparison::read(QPointer<CopyComparison> self, AppModel *model, QUuid id, Side before,
-                                   Side after, QString path, int request)
-{
-    Result result;
-    try {
-        const QByteArray former = co_await bytes(model, id, before, path);
-        if (self.isNull())
-            co_return;
-        const QByteArray latter = co_await bytes(model, id, after, path);
-        result = co_await QtConcurrent::run(difference, former, latter);
-    } catch (const std::exception &error) {
-        result.explanation = AppModel::message(error);
-    }
-    if (!self.isNull() && self->m_request == request)
-        self->show(std::move(result));
-}
-
-QCoro::Task<QByteArray> CopyComparison::bytes(AppModel *model, QUuid id, Side side, QString path)
+QFuture<std::optional<QByteArray>> CopyComparison::bytes(const Side &side, const QString &path) const
 {
     if (const QString *text = std::get_if<QString>(&side))
-        co_return text->toUtf8();
-    const auto file = co_await model->inspector().readFile(id, std::get<Folder>(side), path);
-    co_return file.value_or(QByteArray());
+        return QtFuture::makeReadyFuture(std::optional(text->toUtf8()));
+    return m_model->inspector().readFile(m_skillID, std::get<Folder>(side), path);
+}
+
+QCoro::Task<CopyComparison::Result> CopyComparison::compare(QFuture<std::optional<QByteArray>> before,
+                                                            QFuture<std::optional<QByteArray>> after)
+{
+    const auto former = co_await answerOf(std::move(before));
+    const auto latter = co_await answerOf(std::move(after));
+    for (const auto &side : {former, latter}) {
+        if (!side.value)
+            co_return {{}, side.outcome.message};
+    }
+    co_return co_await QtConcurrent::run(difference, former.value->value_or(QByteArray()),
+                                         latter.value->value_or(QByteArray()));
 }
 
 CopyComparison::Result CopyComparison::difference(const QByteArray &before, const QByteArray &after)

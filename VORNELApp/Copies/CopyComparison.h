@@ -4,7 +4,6 @@
 #include <VORNELApp/Text/LineDiff.h>
 
 #include <QAbstractListModel>
-#include <QPointer>
 
 #include <variant>
 
@@ -61,9 +60,9 @@ private:
     using Side = std::variant<Folder, QString>;
 
     void begin(const Side &before, const Side &after, const QString &path);
-    static QCoro::Task<> read(QPointer<CopyComparison> self, AppModel *model, QUuid id, Side before,
-                              Side after, QString path, int request);
-    static QCoro::Task<QByteArray> bytes(AppModel *model, QUuid id, Side side, QString path);
+    QFuture<std::optional<QByteArray>> bytes(const Side &side, const QString &path) const;
+    static QCoro::Task<Result> compare(QFuture<std::optional<QByteArray>> before,
+                                       QFuture<std::optional<QByteArray>> after);
     static Result difference(const QByteArray &before, const QByteArray &after);
     void show(Result result);
 

@@ -1,30 +1,21 @@
 #include "SkillCopies.h"
 
-#include <VORNELCore/Errors/VORNELWorkspaceError.h>
-
-#include <QCoro/QCoroFuture>
+#include <VORNELApp/Model/Answer.h>
 
 #include <algorithm>
 #include <utility>
 
 namespace vornel {
 
-namespace {
-
-bool isSkillNotFound(const std::exception &error)
-{
-    const auto *known = dynamic_cast<const VORNELWorkspaceError *>(&error);
-    return known != nullptr && known->as<WorkspaceErrorCase::SkillNotFound>() != nullptr;
-}
-
-} // namespace
-
-void SkillCopies::setSkillID(QUuid id)
+void SkillCopies::setSkillID(const QUuid &id)
 {
     if (std::exchange(m_skillID, id) == id)
         return;
-    Q_EMIT skillIDChanged();
-    follow();
+    ++m_request; // what is asked of the former skill is no matter any more
+    m_inspections.clear();
+    m_problem.clear();
+    m_differences.setInspections({});
+    Q_EMIT changed();
 }
 
 QVariantList SkillCopies::targets() const
@@ -57,38 +48,20 @@ bool SkillCopies::hasFailed() const
            m_inspections.end();
 }
 
-void SkillCopies::check()
+void SkillCopies::look()
 {
-    inspect(this, m_model, m_skillID, ++m_request);
-}
-
-void SkillCopies::componentComplete()
-{
-    connect(m_model, &AppModel::selectedSkillChanged, this, &SkillCopies::follow); // it was read anew
-    connect(m_model, &AppModel::isWorkingChanged, this, &SkillCopies::follow);
-    follow();
-}
-
-void SkillCopies::follow()
-{
-    if (m_model != nullptr && !m_skillID.isNull() && !m_model->isWorking())
-        check();
-}
-
-QCoro::Task<> SkillCopies::inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id, int request)
-{
-    QList<TargetInspection> inspections;
-    QString problem;
-    try {
-        inspections = co_await model->inspector().inspectTargets(id);
-    } catch (const std::exception &error) {
-        if (!isSkillNotFound(error)) // which has no copies to compare
-            problem = AppModel::message(error);
-    }
-    if (self.isNull() || self->m_request != request)
-        co_return;
-    self->show(inspections, problem);
-    Q_EMIT self->checked();
+    if (m_skillID.isNull())
+        return;
+    const auto show = [this, request = ++m_request](const Answer<QList<TargetInspection>> &answer) {
+        if (m_request != request)
+            return;
+        // A skill that is gone has no copies to compare.
+        const bool isGone = answer.outcome.isCase(WorkspaceErrorCase::SkillNotFound::name);
+        this->show(answer.value.value_or(QList<TargetInspection>()),
+                   isGone ? QString() : answer.outcome.message);
+        Q_EMIT looked();
+    };
+    QCoro::connect(answerOf(m_inspector.inspectTargets(m_skillID)), this, show);
 }
 
 void SkillCopies::show(const QList<TargetInspection> &inspections, const QString &problem)

@@ -2,23 +2,18 @@
 
 #include "CopyDifferences.h"
 
-#include <VORNELApp/Model/AppModel.h>
-
-#include <QPointer>
-#include <QQmlParserStatus>
+#include <VORNELCore/Services/TargetInspecting.h>
 
 namespace vornel {
 
-/// How the installed copies of a skill stand, looked at anew after each operation.
-class SkillCopies : public QObject, public QQmlParserStatus
+/// How the installed copies of a skill stand.
+class SkillCopies : public QObject
 {
     Q_OBJECT
-    Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
-    Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
-    Q_PROPERTY(QUuid skillID READ skillID WRITE setSkillID NOTIFY skillIDChanged)
+    QML_UNCREATABLE("belongs to what is asked before copies are replaced")
+    Q_PROPERTY(QUuid skillID READ skillID NOTIFY changed)
     Q_PROPERTY(QVariantList targets READ targets NOTIFY changed)
-    Q_PROPERTY(bool hasDrifted READ hasDrifted NOTIFY changed)
     Q_PROPERTY(bool hasEdits READ hasEdits NOTIFY changed)
     Q_PROPERTY(bool hasUnreadable READ hasUnreadable NOTIFY changed)
     Q_PROPERTY(bool hasFailed READ hasFailed NOTIFY changed)
@@ -26,11 +21,11 @@ class SkillCopies : public QObject, public QQmlParserStatus
     Q_PROPERTY(vornel::CopyDifferences *differences READ differences CONSTANT)
 
 public:
-    using QObject::QObject;
+    explicit SkillCopies(TargetInspecting &inspector) : m_inspector(inspector) {}
 
     /// The skill whose copies are looked at; null for none.
-    QUuid skillID() const { return m_skillID; }
-    void setSkillID(QUuid id);
+    const QUuid &skillID() const { return m_skillID; }
+    void setSkillID(const QUuid &id);
 
     /// One inspection for each assistant; none before the first look.
     QVariantList targets() const;
@@ -53,23 +48,17 @@ public:
     /// What differs, copy by copy.
     CopyDifferences *differences() { return &m_differences; }
 
-    /// Looks again; `checked` follows the last look.
-    Q_INVOKABLE void check();
-
-    void classBegin() override {}
-    void componentComplete() override;
+    /// Looks at the copies, if there is a skill; `looked` follows the last look.
+    void look();
 
 Q_SIGNALS:
-    void skillIDChanged();
     void changed();
-    void checked();
+    void looked();
 
 private:
-    static QCoro::Task<> inspect(QPointer<SkillCopies> self, AppModel *model, QUuid id, int request);
-    void follow();
     void show(const QList<TargetInspection> &inspections, const QString &problem);
 
-    AppModel *m_model = nullptr;
+    TargetInspecting &m_inspector;
     QUuid m_skillID;
     QList<TargetInspection> m_inspections;
     QString m_problem;

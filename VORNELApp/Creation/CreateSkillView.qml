@@ -34,7 +34,7 @@ Sheet {
 
     function leave(): void {
         if (!form.isWaiting)
-            model.departure.leave(() => close());
+            model.departure.leave(Departure.FromForm);
     }
 
     firstFocus: name
@@ -71,6 +71,14 @@ Sheet {
             return canAccept ? "Le dossier «\u00A0" + form.slug + "\u00A0» existe déjà" : "Le nom «\u00A0" + form.slug + "\u00A0» est déjà pris";
         }
         onRejected: formerFocus = slug
+    }
+    Connections {
+        function onLeft(exit: int) {
+            if (exit === Departure.FromForm && sheet.isUsed)
+                sheet.close();
+        }
+
+        target: sheet.model.departure
     }
     DepartureGuard {
         departure: sheet.model.departure

@@ -1,37 +1,35 @@
 #pragma once
 
 #include "DraftKeeper.h"
+#include "FoundDraft.h"
 
-#include <VORNELApp/Model/AppModel.h>
 #include <VORNELApp/Text/FaithfulText.h>
+#include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QPointer>
-#include <QQmlParserStatus>
-#include <QQuickTextDocument>
+#include <QTextDocument>
 #include <QTimer>
+#include <QtQml/qqmlregistration.h>
 
 #include <optional>
 
 namespace vornel {
 
-/// The text of the selected skill while it is edited in `document`. It begins anew with each other skill;
-/// when the same skill is read again, unsaved edits stay. While there are any, the model's departure is
-/// guarded, and a draft of them is kept, which is taken up when the skill is opened the next time.
-class SkillDraft : public QObject, public QQmlParserStatus
+/// The text of a skill while it is edited in a document. When the skill is read again, unsaved edits stay; a
+/// draft of them is kept, which is taken up when the skill is opened the next time.
+class SkillDraft : public QObject
 {
     Q_OBJECT
-    Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
-    Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
-    Q_PROPERTY(QQuickTextDocument *document MEMBER m_document REQUIRED)
-    Q_PROPERTY(bool isModified READ isModified NOTIFY isModifiedChanged)
-    Q_PROPERTY(bool isSaved READ isSaved NOTIFY isSavedChanged)
+    QML_UNCREATABLE("belongs to the open skill")
+    Q_PROPERTY(QString text READ text STORED false NOTIFY edited)
+    Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
+    Q_PROPERTY(bool isSaved READ isSaved NOTIFY changed)
+    Q_PROPERTY(Standing standing READ standing NOTIFY changed)
+    Q_PROPERTY(QString foundMoment READ foundMoment NOTIFY changed)
+    Q_PROPERTY(QString lookFailure READ lookFailure NOTIFY changed)
     Q_PROPERTY(int characterCount READ characterCount NOTIFY characterCountChanged)
-    Q_PROPERTY(Standing standing READ standing NOTIFY standingChanged)
-    Q_PROPERTY(QString foundMoment READ foundMoment NOTIFY foundMomentChanged)
     Q_PROPERTY(QString keepingFailure READ keepingFailure NOTIFY keepingFailureChanged)
-    Q_PROPERTY(QString lookFailure READ lookFailure NOTIFY begun)
-    Q_PROPERTY(bool isUnderWay READ isUnderWay NOTIFY isUnderWayChanged)
 
 public:
     /// Whether the skill is still what was opened: `Stale` when it has moved on, `Gone` when it is no longer
@@ -39,9 +37,39 @@ public:
     enum Standing { Current, Stale, Gone };
     Q_ENUM(Standing)
 
-    explicit SkillDraft(QObject *parent = nullptr);
-    ~SkillDraft() override;
-    Q_DISABLE_COPY_MOVE(SkillDraft)
+    explicit SkillDraft(DraftKeeping &drafts);
+
+    /// Edits in this document from now on, until it is gone.
+    void attach(QTextDocument *document);
+    bool isAttached() const { return m_text.has_value(); }
+
+    /// Shows a skill that was opened, with what was found of its unsaved text.
+    void begin(const SkillDetail &skill, const FoundDraft &found);
+
+    /// Takes over the skill as it was read again. Where its text has changed elsewhere, edits stay, and can't
+    /// be saved over it.
+    void follow(const SkillDetail &skill);
+
+    /// Whether the skill, as it was last read, is still in the library.
+    void followPresence(bool isPresent, const SkillDetail &skill);
+
+    /// What is on the disk is not the text that was opened, whatever it is.
+    void setStale() { setStanding(Stale); }
+    void setGone() { setStanding(Gone); }
+
+    /// Keeps nothing more, as the skill is no longer shown.
+    void stopKeeping();
+
+    /// This text is being saved; and how that ended.
+    void beginSaving(const QString &text);
+    void endSaving(bool isSaved);
+
+    /// Shows the text that the skill holds, as an edit.
+    void take(const QString &text);
+
+    /// From now on, this is what the skill holds, and those the bytes that a save may replace.
+    void adopt(const QString &text) { adopt(text, text.toUtf8()); }
+    void adopt(const QString &text, const QByteArray &bytes);
 
     /// Whether there are edits.
     bool isModified() const { return m_isModified; }
@@ -49,6 +77,13 @@ public:
     /// Whether the text is what the skill holds: neither edited nor left behind by a skill that has moved on
     /// or gone.
     bool isSaved() const { return !m_isModified && m_standing == Current; }
+
+    /// The text as it would be saved; and whether it is another than this one.
+    QString text() const { return m_text ? m_text->text() : QString(); }
+    bool differsFrom(const QString &text) const { return m_text && m_text->differsFrom(text); }
+
+    /// What "SKILL.md" held when it was last looked at.
+    const QByteArray &knownBytes() const { return m_knownBytes; }
 
     /// As a reader counts them.
     int characterCount() const { return m_characterCount; }
@@ -66,27 +101,11 @@ public:
     /// otherwise.
     QString lookFailure() const { return m_lookFailure; }
 
-    /// Whether the text is just compared with the disk or saved.
-    bool isUnderWay() const { return m_isUnderWay; }
-
-    /// The text as it would be saved.
-    Q_INVOKABLE QString text() const { return m_text->text(); }
+    /// Keeps the edits before it returns, for up to five seconds.
+    void keepNow();
 
     /// Goes on with the text that was found.
     Q_INVOKABLE void keepFound() { setFoundMoment({}); }
-
-    /// Runs `action` if the skill is still what was opened; otherwise `saveFailed` follows.
-    Q_INVOKABLE void check(const QJSValue &action);
-
-    /// Saves the text, unless the skill isn't what was opened; `saved` or `saveFailed` follows.
-    Q_INVOKABLE void save();
-
-    /// Takes the skill as it is on the disk. The edits can be brought back by undoing.
-    Q_INVOKABLE void reload();
-
-    /// Lets the edits stand over the skill as it is on the disk; `overruled` follows, after which a save
-    /// replaces that text.
-    Q_INVOKABLE void overrule();
 
     /// Goes back to the saved text. The edits can be brought back by undoing.
     Q_INVOKABLE void discard();
@@ -94,64 +113,41 @@ public:
     /// Puts the whole text on the clipboard.
     Q_INVOKABLE void copy() const;
 
-    void classBegin() override {}
-    void componentComplete() override;
-
 Q_SIGNALS:
     /// The text of another skill is shown.
     void begun();
 
-    void isModifiedChanged();
-    void isSavedChanged();
+    /// The text was edited, or is what it was once more.
+    void edited();
+
+    void changed();
     void characterCountChanged();
-    void standingChanged();
-    void foundMomentChanged();
     void keepingFailureChanged();
-    void isUnderWayChanged();
-    void overruled();
-    void saved();
-    void saveFailed();
 
 private:
-    static QCoro::Task<> saveText(QPointer<SkillDraft> draft, AppModel *model, QString text);
-    static QCoro::Task<> checkText(QPointer<SkillDraft> draft, AppModel *model, QJSValue action);
-    static QCoro::Task<bool> isUnchanged(QPointer<SkillDraft> draft, AppModel *model);
-    static QCoro::Task<> reloadText(QPointer<SkillDraft> draft, AppModel *model);
-    static QCoro::Task<> overruleText(QPointer<SkillDraft> draft, AppModel *model);
-    bool isOpen(const QUuid &id) const;
-    void conclude(const Outcome &outcome);
-    void followFailure(const Outcome &outcome);
-    void followRefusal();
-    void followKeeping();
+    void detach();
     UnsavedText unsavedText(const QString &text) const;
-    void followSkill();
-    void begin(const SkillDetail &skill);
-    void takeUpFoundDraft();
-    void take(const QString &text);
-    void adopt(const QString &text);
-    void followLibrary();
+    void takeUp(const FoundDraft &found);
     void measure();
     void count();
     void setModified(bool isModified);
     void settle();
     void setStanding(Standing standing);
     void setFoundMoment(const QString &moment);
-    void setUnderWay(bool isUnderWay);
 
-    AppModel *m_model = nullptr;
-    QQuickTextDocument *m_document = nullptr;
-    std::optional<FaithfulText> m_text;
+    DraftKeeping &m_drafts;
+    QPointer<QTextDocument> m_document;
+    std::optional<FaithfulText> m_text; ///< none without a document
+    std::optional<DraftKeeper> m_keeper;
     QUuid m_skillID;
+    QString m_diskText;      ///< of the skill as it was last read
     QString m_savedText;     ///< what the skill holds, as far as is known here; the edits began with it
     QByteArray m_knownBytes; ///< that a save may replace; the saved text's, unless that isn't one
     QString m_otherBase;     ///< unless they were found, and began with the text of this digest
     std::optional<QString> m_sentText; ///< what is being saved, until the skill is known to hold it
-    QString m_refusal;                 ///< what the model says of a text that the workspace refused
-    QString m_refusedText;             ///< that text
+    bool m_isSaving = false;
     QString m_foundMoment;
     QString m_lookFailure;
-    std::optional<DraftKeeper> m_keeper;
-    bool m_isUnderWay = false;
     bool m_isModified = false;
     int m_characterCount = 0;
     QTimer m_counting; ///< as soon as nothing else is to be done: the whole text is counted

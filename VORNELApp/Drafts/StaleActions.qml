@@ -6,7 +6,8 @@ import VORNELDesignSystem
 Row {
     id: actions
 
-    required property SkillDraft draft
+    required property OpenSkill skill
+    readonly property SkillDraft draft: skill.draft
 
     readonly property bool isGone: draft.standing === SkillDraft.Gone
     readonly property string reason: {

@@ -5,13 +5,12 @@ import VORNELApp
 Notice {
     id: notice
 
-    required property SkillDraft draft
+    required property OpenSkill skill
 
     signal comparisonAsked
-    signal reloadAsked
     signal replacementAsked
 
-    /** The user turns from the notice to what lies below. */
+    /** The user turns from the notice, which may go, to what lies below. */
     signal escaped
 
     text: actions.reason
@@ -20,9 +19,12 @@ Notice {
     StaleActions {
         id: actions
 
-        draft: notice.draft
+        skill: notice.skill
         onComparisonAsked: notice.comparisonAsked()
-        onReloadAsked: notice.reloadAsked()
+        onReloadAsked: {
+            notice.skill.reload();
+            notice.escaped();
+        }
         onReplacementAsked: notice.replacementAsked()
     }
 }

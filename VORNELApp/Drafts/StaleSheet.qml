@@ -6,16 +6,22 @@ import VORNELDesignSystem
 Sheet {
     id: sheet
 
-    required property SkillDraft draft
+    enum Choice {
+        Nothing,
+        Comparison,
+        Reloading,
+        Replacement
+    }
+
+    required property OpenSkill skill
 
     /** What the user has chosen, which happens once the sheet is closed. */
-    property var choice
+    property int choice: StaleSheet.Nothing
 
     signal comparisonAsked
-    signal reloadAsked
     signal replacementAsked
 
-    function choose(choice: var): void {
+    function choose(choice: int): void {
         sheet.choice = choice;
         close();
     }
@@ -23,20 +29,25 @@ Sheet {
     firstFocus: closing
     implicitWidth: Math.min(800, parent.width - 2 * Metrics.page)
     title: "Le texte n’est pas enregistré"
-    onAboutToShow: choice = undefined
+    onAboutToShow: choice = StaleSheet.Nothing
     onClosed: {
-        const chosen = choice;
-        if (chosen !== undefined)
-            chosen();
+        switch (choice) {
+        case StaleSheet.Comparison:
+            return comparisonAsked();
+        case StaleSheet.Reloading:
+            return skill.reload();
+        case StaleSheet.Replacement:
+            return replacementAsked();
+        }
     }
 
     Connections {
-        function onStandingChanged() {
-            if (sheet.draft.standing === SkillDraft.Current)
+        function onChanged() {
+            if (sheet.skill.draft.standing === SkillDraft.Current)
                 sheet.close();
         }
 
-        target: sheet.draft
+        target: sheet.skill.draft
     }
     Label {
         bottomPadding: Metrics.small
@@ -59,10 +70,10 @@ Sheet {
         StaleActions {
             id: actions
 
-            draft: sheet.draft
-            onComparisonAsked: sheet.choose(() => sheet.comparisonAsked())
-            onReloadAsked: sheet.choose(() => sheet.reloadAsked())
-            onReplacementAsked: sheet.choose(() => sheet.replacementAsked())
+            skill: sheet.skill
+            onComparisonAsked: sheet.choose(StaleSheet.Comparison)
+            onReloadAsked: sheet.choose(StaleSheet.Reloading)
+            onReplacementAsked: sheet.choose(StaleSheet.Replacement)
         }
     }
 }

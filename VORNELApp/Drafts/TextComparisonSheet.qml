@@ -7,10 +7,9 @@ Sheet {
     id: sheet
 
     required property AppModel model
-    required property SkillDraft draft
 
     function compare(): void {
-        comparison.compareText("SKILL.md", draft.text());
+        comparison.compareText("SKILL.md", model.openSkill.draft.text);
         open();
     }
 

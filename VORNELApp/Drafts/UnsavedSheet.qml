@@ -2,47 +2,43 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** Asks what becomes of unsaved edits before they are left. */
+/** Asks what becomes of unsaved edits before they are left; to close it is to stay. */
 Sheet {
     id: sheet
 
     required property AppModel model
-    required property string name
 
-    signal saveAsked
-    signal discardAsked
-
-    /** Whether the user goes; otherwise closing the sheet is staying. */
-    property bool isDecided: false
+    readonly property OpenSkill skill: model.openSkill
 
     /** Whether the user saves, once the sheet is closed. */
     property bool isSaving: false
 
     firstFocus: save
-    /** Does what waited for the decision. */
-    function go(): void {
-        isDecided = true;
-        close();
-        model.departure.resume();
-    }
-
     implicitWidth: Math.min(520, parent.width - 2 * Metrics.page)
     title: "Enregistrer les modifications\u00A0?"
     onAboutToHide: {
-        if (!isDecided)
-            model.departure.stay();
+        if (skill.state === OpenSkill.Leaving && !isSaving)
+            skill.stay();
     }
-    onAboutToShow: {
-        isDecided = false;
-        isSaving = false;
-    }
-    onClosed: if (isSaving) saveAsked()
+    onAboutToShow: isSaving = false
+    onClosed: if (isSaving) skill.save()
 
+    Connections {
+        function onStateChanged() {
+            if (sheet.skill.state === OpenSkill.Leaving)
+                sheet.open();
+            else
+                sheet.close();
+        }
+
+        target: sheet.skill
+    }
     Label {
         bottomPadding: Metrics.small
         color: Colors.secondary
         lineHeight: 1.35
-        text: "«\u00A0" + sheet.name + "\u00A0» contient des modifications qui ne sont pas enregistrées."
+        text: "«\u00A0" + (sheet.model.selectedSkill?.manifest.displayName ?? "")
+              + "\u00A0» contient des modifications qui ne sont pas enregistrées."
         width: parent.width
         wrapMode: Text.Wrap
     }
@@ -57,7 +53,7 @@ Sheet {
         ActionButton {
             role: ActionButton.Destructive
             text: "Ne pas enregistrer"
-            onClicked: sheet.discardAsked()
+            onClicked: sheet.skill.discardAndLeave()
         }
         ActionButton {
             id: save
@@ -66,7 +62,6 @@ Sheet {
             role: ActionButton.Primary
             text: "Enregistrer"
             onClicked: {
-                sheet.isDecided = true;
                 sheet.isSaving = true;
                 sheet.close();
             }

@@ -9,9 +9,8 @@ Item {
     id: facts
 
     required property AppModel model
-    required property SkillCopies copies
 
-    signal detailsAsked
+    readonly property CopyReplacement replacement: model.openSkill.replacement
 
     implicitHeight: Metrics.controlHeight
 
@@ -26,13 +25,13 @@ Item {
         spacing: Metrics.small
 
         Repeater {
-            model: facts.copies.targets
+            model: facts.replacement.copies.targets
 
             TargetChip {
                 required property targetInspection modelData
 
                 inspection: modelData
-                onClicked: facts.detailsAsked()
+                onClicked: facts.replacement.show()
             }
         }
     }

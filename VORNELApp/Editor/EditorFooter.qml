@@ -7,12 +7,13 @@ Item {
     id: footer
 
     required property AppModel model
-    required property SkillDraft draft
     required property SkillFileContent file
 
     /** Of what is shown; empty where nothing is chosen. */
     required property string path
 
+    readonly property OpenSkill skill: model.openSkill
+    readonly property SkillDraft draft: skill.draft
     readonly property bool isDraft: path === "SKILL.md"
 
     /** Whether nothing was edited, and the skill that held the text is gone. */
@@ -68,7 +69,7 @@ Item {
             color: Colors.accent
             font: Typography.small
             text: "Opération en cours"
-            visible: footer.model.isWorking || footer.draft.isUnderWay
+            visible: footer.model.isWorking || footer.skill.state === OpenSkill.Saving
         }
         Label {
             color: Colors.secondary

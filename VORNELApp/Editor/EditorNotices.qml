@@ -6,10 +6,10 @@ import VORNELDesignSystem
 Column {
     id: notices
 
-    required property SkillDraft draft
+    required property OpenSkill skill
+    readonly property SkillDraft draft: skill.draft
 
     signal comparisonAsked
-    signal reloadAsked
     signal replacementAsked
 
     /** A notice goes, and what has the keyboard in it; or the user turns from it. */
@@ -18,15 +18,11 @@ Column {
     spacing: Metrics.small
 
     StaleNotice {
-        draft: notices.draft
-        visible: draft.standing !== SkillDraft.Current
+        skill: notices.skill
+        visible: notices.draft.standing !== SkillDraft.Current
         width: parent.width
         onComparisonAsked: notices.comparisonAsked()
         onEscaped: notices.decided()
-        onReloadAsked: {
-            notices.reloadAsked();
-            notices.decided();
-        }
         onReplacementAsked: notices.replacementAsked()
     }
     FoundNotice {

@@ -8,10 +8,9 @@ RowLayout {
     id: bar
 
     required property AppModel model
-    required property SkillDraft draft
 
-    signal closeAsked
-    signal synchronizationAsked
+    readonly property OpenSkill skill: model.openSkill
+
     signal saveAsked
     signal trashAsked
 
@@ -28,7 +27,7 @@ RowLayout {
         text: "Bibliothèque"
 
         Accessible.name: "Retour à la bibliothèque"
-        onClicked: bar.closeAsked()
+        onClicked: bar.model.departure.leave(Departure.ToList)
     }
     Label {
         Layout.fillWidth: true
@@ -41,10 +40,10 @@ RowLayout {
         isCompact: bar.width < Metrics.roomForTexts
         symbol: "folder-sync"
         text: "Synchroniser"
-        onClicked: bar.synchronizationAsked()
+        onClicked: bar.skill.synchronize()
     }
     ActionButton {
-        enabled: !bar.draft.isSaved && !bar.draft.isUnderWay && !bar.model.isWorking
+        enabled: !bar.skill.draft.isSaved && bar.skill.state !== OpenSkill.Saving && !bar.model.isWorking
         role: ActionButton.Primary
         symbol: "save"
         text: "Enregistrer"

@@ -6,27 +6,29 @@ import VORNELDesignSystem
 FocusScope {
     id: pane
 
-    required property AppModel model
+    required property OpenSkill skill
     property bool isLocked: false
-
-    readonly property SkillDraft draft: draft
 
     function find(): void {
         findBar.open();
     }
 
+    Component.onCompleted: {
+        skill.edit(text.area.textDocument);
+        text.area.cursorPosition = 0;
+    }
     Keys.onEscapePressed: event => {
         event.accepted = findBar.visible;
         if (findBar.visible)
             findBar.close();
     }
 
-    SkillDraft {
-        id: draft
+    Connections {
+        function onBegun() {
+            text.area.cursorPosition = 0;
+        }
 
-        document: text.area.textDocument
-        model: pane.model
-        onBegun: text.area.cursorPosition = 0
+        target: pane.skill.draft
     }
     MarkdownHighlighter {
         codeColor: Colors.code

@@ -10,10 +10,9 @@ FocusScope {
 
     required property AppModel model
 
+    readonly property OpenSkill skill: model.openSkill
     readonly property var detail: model.selectedSkill
-    readonly property string name: detail?.manifest.displayName ?? ""
     readonly property string skillID: String(model.selectedSkillID)
-    readonly property SkillDraft draft: instructions.draft
     property string selectedFile: "SKILL.md"
 
     /** Whether the skill is on its way to the trash: nothing may be typed that would go with it. */
@@ -25,55 +24,19 @@ FocusScope {
         else
             file.find();
     }
-    function synchronize(): void {
-        differences.synchronizeCopies(() => model.synchronizeSelectedSkill());
-    }
     function compareTexts(): void {
         comparison.make();
         (comparison.item as TextComparisonSheet).compare();
     }
-    function save(): void {
-        if (draft.isSaved)
-            model.departure.resume();
-        else if (model.isWorking)
-            model.departure.stay();
-        else
-            draft.check(() => differences.saveOverCopies(draft.text(), () => draft.save()));
-    }
 
     onSkillIDChanged: selectedFile = "SKILL.md"
 
-    SkillCopies {
-        id: copies
-
-        model: editor.model
-        skillID: editor.model.selectedSkillID
-    }
     Connections {
-        function onOverruled() {
-            editor.save();
-        }
-        function onSaveFailed() {
-            editor.model.departure.stay();
-            if (editor.draft.standing !== SkillDraft.Current)
-                refusal.open();
-        }
-        function onSaved() {
-            if (!editor.draft.isModified)
-                unsaved.go();
-            else if (!unsaved.visible)
-                editor.model.departure.stay(); // something was typed meanwhile
+        function onRefused() {
+            refusal.open();
         }
 
-        target: editor.draft
-    }
-    Connections {
-        function onIsPendingChanged() {
-            if (editor.model.departure.isPending && editor.draft.isModified)
-                unsaved.open();
-        }
-
-        target: editor.model.departure
+        target: editor.skill
     }
     Connections {
         function onIsWorkingChanged() {
@@ -84,7 +47,7 @@ FocusScope {
     }
     Shortcut {
         sequence: "Ctrl+S"
-        onActivated: editor.save()
+        onActivated: editor.skill.save()
     }
     EditorTopBar {
         id: bar
@@ -93,14 +56,11 @@ FocusScope {
         anchors.margins: Metrics.huge
         anchors.right: parent.right
         anchors.top: parent.top
-        draft: editor.draft
         model: editor.model
-        onCloseAsked: editor.model.departure.leave(() => editor.model.closeSkill())
         onSaveAsked: {
             instructions.forceActiveFocus(); // as the button goes grey
-            editor.save();
+            editor.skill.save();
         }
-        onSynchronizationAsked: editor.synchronize()
         onTrashAsked: confirmation.open()
     }
     EditorFacts {
@@ -112,9 +72,7 @@ FocusScope {
         anchors.rightMargin: Metrics.huge
         anchors.top: bar.bottom
         anchors.topMargin: Metrics.medium
-        copies: copies
         model: editor.model
-        onDetailsAsked: differences.show("Synchroniser", () => editor.model.synchronizeSelectedSkill())
     }
     EditorNotices {
         id: notices
@@ -123,10 +81,9 @@ FocusScope {
         anchors.right: facts.right
         anchors.top: facts.bottom
         anchors.topMargin: height > 0 ? Metrics.medium : 0
-        draft: editor.draft
+        skill: editor.skill
         onComparisonAsked: editor.compareTexts()
         onDecided: instructions.forceActiveFocus()
-        onReloadAsked: editor.draft.reload()
         onReplacementAsked: replacement.open()
     }
     FileTree {
@@ -158,7 +115,7 @@ FocusScope {
             anchors.top: parent.top
             focus: true
             isLocked: editor.isGoing
-            model: editor.model
+            skill: editor.skill
             visible: editor.selectedFile === "SKILL.md"
         }
         AssociatedFilePane {
@@ -182,7 +139,6 @@ FocusScope {
             anchors.bottom: parent.bottom
             anchors.left: parent.left
             anchors.right: parent.right
-            draft: editor.draft
             file: file.content
             model: editor.model
             path: editor.selectedFile
@@ -191,38 +147,28 @@ FocusScope {
     DifferencesSheet {
         id: differences
 
-        copies: copies
         model: editor.model
+        replacement: editor.skill.replacement
         onClosed: {
             if (Window.activeFocusItem === Window.contentItem) // as a notice has gone that had the keyboard
                 instructions.forceActiveFocus();
         }
-        onDeclined: editor.model.departure.stay()
     }
     StaleSheet {
         id: refusal
 
-        draft: editor.draft
+        skill: editor.skill
         onComparisonAsked: editor.compareTexts()
-        onReloadAsked: editor.draft.reload()
         onReplacementAsked: replacement.open()
     }
     DeferredItem {
         id: comparison
 
         file: "TextComparisonSheet.qml"
-        properties: ({ draft: editor.draft, model: editor.model })
+        properties: ({ model: editor.model })
     }
     UnsavedSheet {
-        id: unsaved
-
         model: editor.model
-        name: editor.name
-        onDiscardAsked: {
-            editor.draft.discard();
-            go();
-        }
-        onSaveAsked: editor.save()
     }
     ConfirmationDialog {
         id: replacement
@@ -230,7 +176,7 @@ FocusScope {
         acceptText: "Garder mon texte"
         message: "Votre texte remplace celui du disque, qui reste dans l’historique de la compétence."
         title: "Remplacer le texte du disque\u00A0?"
-        onAccepted: editor.draft.overrule()
+        onAccepted: editor.skill.overrule()
         onClosed: if (isAccepted && !differences.isUsed) instructions.forceActiveFocus() // as the notice goes
     }
     ConfirmationDialog {
@@ -239,8 +185,8 @@ FocusScope {
         acceptText: "Placer dans la corbeille"
         isDestructive: true
         message: "Vous pourrez restaurer cette compétence depuis la corbeille."
-            + (editor.draft.isModified ? "\n\nLes modifications non enregistrées seront perdues." : "")
-        title: "Placer « " + editor.name + " » dans la corbeille ?"
+            + (editor.skill.draft.isModified ? "\n\nLes modifications non enregistrées seront perdues." : "")
+        title: "Placer « " + (editor.detail?.manifest.displayName ?? "") + " » dans la corbeille ?"
         onAccepted: {
             editor.isGoing = true;
             editor.model.moveSelectedSkillToTrash();

@@ -2,10 +2,10 @@
 
 #include "SkillFileNode.h"
 
+#include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Library/Wording.h>
 
 #include <QBuffer>
-#include <QCoro/QCoroFuture>
 #include <QImageReader>
 #include <QStringDecoder>
 #include <QtConcurrentRun>
@@ -58,27 +58,28 @@ void SkillFileContent::componentComplete()
 
 void SkillFileContent::refresh()
 {
+    const int request = ++m_request;
     if (m_model == nullptr || m_path.isEmpty() || !m_model->selectedSkill())
-        show({});
-    else
-        read(this, m_model, m_model->selectedSkillID(), m_path, ++m_request);
+        return show({});
+    auto file = m_model->inspector().readFile(m_model->selectedSkillID(), std::nullopt, m_path);
+    QCoro::connect(read(std::move(file), m_path), this, [this, request](const Content &content) {
+        if (m_request == request)
+            show(content);
+    });
 }
 
-QCoro::Task<> SkillFileContent::read(QPointer<SkillFileContent> self, AppModel *model, QUuid id, QString path,
-                                     int request)
+QCoro::Task<SkillFileContent::Content> SkillFileContent::read(QFuture<std::optional<QByteArray>> file,
+                                                              QString path)
 {
     Content content{.kind = Unshown};
-    try {
-        const auto bytes = co_await model->inspector().readFile(id, std::nullopt, path);
-        if (bytes)
-            content = co_await QtConcurrent::run(contentOf, path, *bytes);
-        else
-            content.explanation = u"Ce fichier n’existe plus."_s;
-    } catch (const std::exception &error) {
-        content.explanation = AppModel::message(error);
-    }
-    if (!self.isNull() && self->m_request == request)
-        self->show(std::move(content));
+    const auto answer = co_await answerOf(std::move(file));
+    if (!answer.value)
+        content.explanation = answer.outcome.message;
+    else if (const auto &bytes = *answer.value)
+        content = co_await QtConcurrent::run(contentOf, path, *bytes);
+    else
+        content.explanation = u"Ce fichier n’existe plus."_s;
+    co_return content;
 }
 
 SkillFileContent::Content SkillFileContent::contentOf(const QString &path, const QByteArray &bytes)

@@ -3,7 +3,6 @@
 #include <VORNELApp/Model/AppModel.h>
 
 #include <QImage>
-#include <QPointer>
 #include <QQmlParserStatus>
 
 namespace vornel {
@@ -66,8 +65,7 @@ private:
         QString explanation = {};
     };
 
-    static QCoro::Task<> read(QPointer<SkillFileContent> self, AppModel *model, QUuid id, QString path,
-                              int request);
+    static QCoro::Task<Content> read(QFuture<std::optional<QByteArray>> file, QString path);
     static Content contentOf(const QString &path, const QByteArray &bytes);
     void refresh();
     void show(Content content);

@@ -2,7 +2,7 @@
 
 #include <VORNELCore/Errors/ErrorMessage.h>
 
-#include <QEventLoop>
+#include <utility>
 
 namespace vornel {
 
@@ -22,81 +22,71 @@ std::optional<E> optionalCase(const QVariant &value)
 
 } // namespace
 
-AppModel::AppModel(std::shared_ptr<WorkspaceServicing> service, std::shared_ptr<TargetInspecting> inspector,
-                   std::shared_ptr<TrashInspecting> trashInspector,
-                   std::shared_ptr<ImportReviewing> importReviewer,
-                   std::shared_ptr<CopyRepairing> copyRepairer, std::shared_ptr<DraftKeeping> drafts,
-                   std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
-                   std::filesystem::path codexRoot, std::shared_ptr<QSettings> defaults)
+AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::path workspaceURL,
+                   std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
+                   std::shared_ptr<QSettings> defaults, std::shared_ptr<DraftKeeping> drafts)
     : m_service(std::move(service)),
-      m_inspector(std::move(inspector)),
-      m_trashInspector(std::move(trashInspector)),
-      m_importReviewer(std::move(importReviewer)),
-      m_copyRepairer(std::move(copyRepairer)),
       m_drafts(std::move(drafts)),
       m_workspaceURL(std::move(workspaceURL)),
       m_claudeRoot(std::move(claudeRoot)),
       m_codexRoot(std::move(codexRoot)),
-      m_defaults(std::move(defaults))
+      m_library(m_service, m_operations),
+      m_startUp(m_service, m_operations, m_library, std::move(defaults)),
+      m_import(m_service),
+      m_selectedSkill(m_service, m_drafts, m_operations),
+      m_openSkill(m_service, *m_drafts, m_operations, m_library, m_selectedSkill, m_departure),
+      m_replacement(*m_service, m_operations)
 {
-    m_canCommitImport.setBinding([this] {
-        const auto &plan = m_importPlan.value();
-        return plan && plan->isReadyToCommit() && !m_isWorking;
+    forwardChanges();
+    connect(&m_departure, &Departure::left, this, &AppModel::go);
+    connect(&m_library, &Library::overviewChanged, this, &AppModel::keepBatchFailures);
+    connect(&m_operations, &Operations::isWorkingChanged, &m_replacement, [this] {
+        if (!isWorking())
+            m_replacement.copies()->look();
     });
-    m_isBusy.setBinding([this] { return m_operationCount > 0; });
-    m_libraryIndex.setBinding([this] {
-        const auto &overview = m_overview.value();
-        return overview ? LibraryIndex(overview->skills, overview->categories) : LibraryIndex();
-    });
-    enterEveryField();
-    connect(this, &AppModel::overviewChanged, this, &AppModel::keepBatchFailures);
-    connect(this, &AppModel::overviewRead, &m_wrongCopies,
-            [this] { m_wrongCopies.follow(skills(Destination::library), m_inspector); });
-}
-
-void AppModel::enterEveryField() const
-{
-    QProperty<bool> reader;
-    reader.setBinding([this] {
-        const auto read = [](const auto &...fields) { (static_cast<void>(fields.value()), ...); };
-        read(m_phase, m_onboardingStep, m_overview, m_isOverviewCurrent, m_importPlan, m_selectedDestination,
-             m_selectedSkillID, m_selectedSkill, m_searchText, m_selectedCategory, m_selectedMaturity,
-             m_isWorking, m_isDetailLoading, m_errorMessage, m_transientMessage, m_canCommitImport,
-             m_commitProgress, m_operationCount, m_isBusy, m_libraryIndex);
-        return true;
-    });
+    connect(&m_replacement, &CopyReplacement::agreed, this,
+            [this] { synchronizeSkill(m_replacement.copies()->skillID()); });
 }
 
 AppModel::~AppModel()
 {
     m_batch.stop();
-    QEventLoop loop;
-    connect(this, &AppModel::isBusyChanged, &loop, &QEventLoop::quit);
-    if (m_isBusy)
-        loop.exec();
+    m_operations.wait();
 }
 
-void AppModel::advanceOnboarding()
+void AppModel::forwardChanges()
 {
-    m_onboardingStep =
-        vornel::onboardingStep(static_cast<int>(onboardingStep()) + 1).value_or(onboardingStep());
+    connect(&m_startUp, &StartUp::phaseChanged, this, &AppModel::phaseChanged);
+    connect(&m_startUp, &StartUp::stepChanged, this, &AppModel::onboardingStepChanged);
+    connect(&m_library, &Library::overviewChanged, this, &AppModel::overviewChanged);
+    connect(&m_library, &Library::isCurrentChanged, this, &AppModel::isOverviewCurrentChanged);
+    connect(&m_library, &Library::wasRead, this, &AppModel::overviewRead);
+    connect(&m_import, &ImportSession::planChanged, this, &AppModel::importPlanChanged);
+    connect(&m_import, &ImportSession::planChanged, this, &AppModel::canCommitImportChanged);
+    connect(&m_import, &ImportSession::progressChanged, this, &AppModel::commitProgressChanged);
+    connect(&m_selectedSkill, &SelectedSkill::idChanged, this, &AppModel::selectedSkillIDChanged);
+    connect(&m_selectedSkill, &SelectedSkill::detailChanged, this, &AppModel::selectedSkillChanged);
+    connect(&m_selectedSkill, &SelectedSkill::isLoadingChanged, this, &AppModel::isDetailLoadingChanged);
+    connect(&m_operations, &Operations::isWorkingChanged, this, &AppModel::isWorkingChanged);
+    connect(&m_operations, &Operations::isWorkingChanged, this, &AppModel::canCommitImportChanged);
+    connect(&m_operations, &Operations::isBusyChanged, this, &AppModel::isBusyChanged);
+    connect(&m_operations, &Operations::errorMessageChanged, this, &AppModel::errorMessageChanged);
+    connect(&m_operations, &Operations::confirmationChanged, this, &AppModel::transientMessageChanged);
+    connect(&m_operations, &Operations::confirmed, this, &AppModel::confirmed);
 }
 
-void AppModel::retreatOnboarding()
+/// The forms, the shell and the window follow the other exits.
+void AppModel::go(Departure::Exit exit)
 {
-    m_onboardingStep =
-        vornel::onboardingStep(static_cast<int>(onboardingStep()) - 1).value_or(onboardingStep());
+    if (exit == Departure::ToDestination)
+        setSelectedDestination(m_departure.destination());
+    if (exit == Departure::ToDestination || exit == Departure::ToList)
+        closeSkill();
 }
 
-void AppModel::clearError()
+bool AppModel::canCommitImport() const
 {
-    m_isSynchronizationIncomplete = false;
-    m_errorMessage = QString();
-}
-
-void AppModel::clearTransientMessage()
-{
-    m_transientMessage = QString();
+    return importPlan() && importPlan()->isReadyToCommit() && !isWorking();
 }
 
 QString AppModel::message(const std::exception &error)
@@ -106,8 +96,8 @@ QString AppModel::message(const std::exception &error)
 
 LibraryQuery::Filter AppModel::filter() const
 {
-    const QString &category = m_selectedCategory.value();
-    return {m_searchText, category.isEmpty() ? std::nullopt : std::optional(category), m_selectedMaturity};
+    const auto category = m_selectedCategory.isEmpty() ? std::nullopt : std::optional(m_selectedCategory);
+    return {m_searchText, category, m_selectedMaturity};
 }
 
 QList<SkillSummary> AppModel::filteredSkills() const
@@ -115,43 +105,10 @@ QList<SkillSummary> AppModel::filteredSkills() const
     return libraryIndex().filteredSkills(filter());
 }
 
-QList<SkillSummary> AppModel::needsAttention() const
-{
-    const auto &overview = m_overview.value();
-    return overview ? LibraryQuery::needsAttention(*overview) : QList<SkillSummary>();
-}
-
-FoundDraft AppModel::foundDraft(const QUuid &id) const
-{
-    return m_foundDraft.first == id ? m_foundDraft.second : FoundDraft();
-}
-
-QList<SkillSummary> AppModel::skills(Destination destination) const
-{
-    const auto &overview = m_overview.value();
-    if (!overview)
-        return {};
-    switch (destination) {
-    case Destination::needsAttention:
-        return LibraryQuery::needsAttention(*overview);
-    case Destination::trash:
-        return overview->trashedSkills;
-    case Destination::library:
-        break;
-    }
-    return overview->skills;
-}
-
 QList<SkillSummary> AppModel::shownSkills(Destination destination) const
 {
     return destination == Destination::library ? filteredSkills()
                                                : LibraryQuery::found(skills(destination), searchText());
-}
-
-SkillCategory AppModel::category(const QString &id) const
-{
-    const auto &overview = m_overview.value();
-    return LibraryQuery::category(overview ? overview->categories : SkillCategory::defaults(), id);
 }
 
 QUrl AppModel::folder(const QString &slug) const
@@ -161,24 +118,29 @@ QUrl AppModel::folder(const QString &slug) const
 
 void AppModel::setSelectedDestination(std::optional<Destination> destination)
 {
-    if (destination != selectedDestination())
-        setSearchText({});
+    if (destination == m_selectedDestination)
+        return;
+    setSearchText({});
     m_selectedDestination = destination;
+    Q_EMIT selectedDestinationChanged();
 }
 
 void AppModel::setSearchText(const QString &text)
 {
-    m_searchText = text;
+    if (std::exchange(m_searchText, text) != text)
+        Q_EMIT searchTextChanged();
 }
 
 void AppModel::setSelectedCategory(const QString &id)
 {
-    m_selectedCategory = id;
+    if (std::exchange(m_selectedCategory, id) != id)
+        Q_EMIT selectedCategoryChanged();
 }
 
 void AppModel::setSelectedMaturity(std::optional<Maturity> maturity)
 {
-    m_selectedMaturity = maturity;
+    if (std::exchange(m_selectedMaturity, maturity) != maturity)
+        Q_EMIT selectedMaturityChanged();
 }
 
 QVariant AppModel::overviewValue() const

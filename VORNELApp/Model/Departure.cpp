@@ -13,24 +13,31 @@ void Departure::setGuarded(const QObject *guard, bool isGuarded)
         Q_EMIT isGuardedChanged();
 }
 
-void Departure::leave(const QJSValue &action)
+void Departure::leave(Exit exit)
 {
     if (isGuarded())
-        setAction(action);
+        setExit(exit);
     else
-        action.call();
+        Q_EMIT left(exit);
+}
+
+void Departure::leaveFor(Destination destination)
+{
+    m_destination = destination;
+    leave(ToDestination);
 }
 
 void Departure::resume()
 {
-    const QJSValue action = m_action;
-    setAction({});
-    action.call();
+    const Exit exit = m_exit;
+    stay();
+    if (exit != Stay)
+        Q_EMIT left(exit);
 }
 
 void Departure::stay()
 {
-    setAction({});
+    setExit(Stay);
 }
 
 void Departure::force()
@@ -39,9 +46,9 @@ void Departure::force()
     Q_EMIT forced();
 }
 
-void Departure::setAction(const QJSValue &action)
+void Departure::setExit(Exit exit)
 {
-    m_action = action;
+    m_exit = exit;
     Q_EMIT isPendingChanged();
 }
 

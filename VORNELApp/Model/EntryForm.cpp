@@ -13,7 +13,10 @@ void EntryForm::await(QCoro::Task<Outcome> request)
 {
     forgetRefusal();
     setWaiting(true);
-    follow(this, m_entry, std::move(request));
+    QCoro::connect(std::move(request), this, [this, entry = m_entry](const Outcome &outcome) {
+        if (m_entry == entry)
+            conclude(outcome);
+    });
 }
 
 void EntryForm::beginAnew()
@@ -21,14 +24,6 @@ void EntryForm::beginAnew()
     ++m_entry;
     forgetRefusal();
     setWaiting(false);
-}
-
-/// Outlives the form, should its sheet go before the model is done.
-QCoro::Task<> EntryForm::follow(QPointer<EntryForm> form, int entry, QCoro::Task<Outcome> request)
-{
-    const Outcome outcome = co_await request;
-    if (!form.isNull() && form->m_entry == entry)
-        form->conclude(outcome);
 }
 
 void EntryForm::conclude(const Outcome &outcome)
@@ -40,8 +35,7 @@ void EntryForm::conclude(const Outcome &outcome)
         return;
     }
     refuse(outcome.message, outcome.errorCase);
-    if (m_model->errorMessage() == outcome.message) // and not another's
-        m_model->clearError();
+    m_model->dismiss(outcome); // which the form tells itself
 }
 
 void EntryForm::refuse(const QString &reason, const QString &errorCase)

@@ -2,8 +2,6 @@
 
 #include "AppModel.h"
 
-#include <QPointer>
-
 namespace vornel {
 
 /// What the user fills in on a sheet, and the model is asked to keep. The reason of a refusal stays here, at
@@ -48,7 +46,6 @@ protected:
     void beginAnew();
 
 private:
-    static QCoro::Task<> follow(QPointer<EntryForm> form, int entry, QCoro::Task<Outcome> request);
     void conclude(const Outcome &outcome);
     void refuse(const QString &reason, const QString &errorCase);
     void setWaiting(bool isWaiting);

@@ -4,15 +4,20 @@
 
 #include <QString>
 
+#include <exception>
+
 namespace vornel {
 
-/// How an action of the application model ended: whatever the model's fields say by the time it is read, this
-/// is of that action alone.
+/// How an action or an answer of the service ended: whatever the model's fields say by the time it is read,
+/// this is of that one alone.
 struct Outcome
 {
     bool succeeded = true;
     QString errorCase = {}; ///< of the workspace error, "revisionConflict" for example; empty for any other
     QString message = {};   ///< what the user reads about a failure; empty where there was nothing to act on
+
+    static Outcome nothingDone() { return {.succeeded = false}; }
+    static Outcome failedWith(const std::exception &error);
 
     explicit operator bool() const { return succeeded; }
 

@@ -1,8 +1,8 @@
 #include "WrongCopies.h"
 
-#include <VORNELCore/Library/Wording.h>
+#include "Answer.h"
 
-#include <QCoro/QCoroFuture>
+#include <VORNELCore/Library/Wording.h>
 
 #include <algorithm>
 
@@ -10,28 +10,16 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-void WrongCopies::follow(const QList<SkillSummary> &skills,
-                         const std::shared_ptr<TargetInspecting> &inspector)
+void WrongCopies::follow(const QList<SkillSummary> &skills, TargetInspecting &inspector)
 {
     const auto isWrong = [](const SkillSummary &skill) {
         return skill.syncState == SyncState::failed || skill.syncState == SyncState::drifted;
     };
-    if (inspector != nullptr && std::ranges::any_of(skills, isWrong))
-        ask(this, inspector->wrongCopies());
-    else
-        show({});
-}
-
-QCoro::Task<> WrongCopies::ask(QPointer<WrongCopies> self, QFuture<Copies> wrong)
-{
-    Copies copies;
-    try {
-        copies = co_await wrong;
-    } catch (const std::exception &) {
-        copies.clear(); // the skills' state says it, without the reason or the cause
-    }
-    if (!self.isNull())
-        self->show(copies);
+    if (!std::ranges::any_of(skills, isWrong))
+        return show({});
+    // Without an answer, the skills' state says it, without the reason or the cause.
+    QCoro::connect(answerOf(inspector.wrongCopies()), this,
+                   [this](const Answer<Copies> &answer) { show(answer.value.value_or(Copies())); });
 }
 
 void WrongCopies::show(const Copies &copies)

@@ -3,11 +3,7 @@
 #include <VORNELCore/Records/WorkspaceModels.h>
 #include <VORNELCore/Services/TargetInspecting.h>
 
-#include <QCoro/QCoroTask>
 #include <QObject>
-#include <QPointer>
-
-#include <memory>
 
 namespace vornel {
 
@@ -20,7 +16,7 @@ public:
     using QObject::QObject;
 
     /// Asks anew, if any of these skills of an overview has a failed or drifted copy; `changed` follows.
-    void follow(const QList<SkillSummary> &skills, const std::shared_ptr<TargetInspecting> &inspector);
+    void follow(const QList<SkillSummary> &skills, TargetInspecting &inspector);
 
     /// Names the assistants, the reasons and the places of a skill's failed copies; empty without any.
     QString problem(const QUuid &id) const;
@@ -37,7 +33,6 @@ Q_SIGNALS:
 private:
     using Copies = QHash<QUuid, QList<TargetInspection>>;
 
-    static QCoro::Task<> ask(QPointer<WrongCopies> self, QFuture<Copies> wrong);
     void show(const Copies &copies);
 
     Copies m_copies;

@@ -30,10 +30,7 @@ T.RadioButton {
     Keys.onReturnPressed: clicked()
     onClicked: {
         checked = Qt.binding(() => isCurrent); // a click checks by itself
-        model.departure.leave(() => {
-            model.selectedDestination = destination;
-            model.closeSkill();
-        });
+        model.departure.leaveFor(destination);
     }
 
     background: Rectangle {

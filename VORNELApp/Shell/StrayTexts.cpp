@@ -112,7 +112,7 @@ QCoro::Task<> StrayTexts::deleteFile(QPointer<StrayTexts> self, AppModel *model,
 bool StrayTexts::isStray(const DraftFile &file) const
 {
     const bool isTakenUp =
-        !m_model->hasFailedToOpen(file.id) &&
+        !m_model->selection().hasFailedToOpen(file.id) &&
         (file.id == m_model->selectedSkillID() || contains(m_model->overview()->skills, file.id));
     return (file.isSetAside || !isTakenUp) && !m_postponed.contains(file);
 }

@@ -10,17 +10,14 @@ FocusScope {
     required property AppModel model
 
     function create(): void {
-        model.departure.leave(() => {
-            creation.make();
-            (creation.item as CreateSkillView).open();
-        });
+        model.departure.leave(Departure.ToCreation);
     }
 
     Keys.onEscapePressed: {
         if (model.errorMessage !== "")
             model.clearError();
         else
-            model.departure.leave(() => model.closeSkill());
+            model.departure.leave(Departure.ToList);
     }
 
     Keys.onUpPressed: event => {
@@ -58,6 +55,16 @@ FocusScope {
 
         target: shell.model
     }
+    Connections {
+        function onLeft(exit: int) {
+            if (exit !== Departure.ToCreation)
+                return;
+            creation.make();
+            (creation.item as CreateSkillView).open();
+        }
+
+        target: shell.model.departure
+    }
     DeferredItem {
         id: creation
 
@@ -92,7 +99,7 @@ FocusScope {
         model: shell.model
         onCreationAsked: shell.create()
         onResultsAsked: content.enterResults()
-        onSynchronizationAsked: content.editor?.synchronize()
+        onSynchronizationAsked: shell.model.openSkill.synchronize()
     }
     StrayTexts {
         id: strays

@@ -3,12 +3,8 @@
 #include "SerialExecutor.h"
 #include "Workspace.h"
 
-#include <VORNELCore/Services/CopyRepairing.h>
 #include <VORNELCore/Services/CreationReviewing.h>
-#include <VORNELCore/Services/ImportReviewing.h>
-#include <VORNELCore/Services/TargetInspecting.h>
-#include <VORNELCore/Services/TrashInspecting.h>
-#include <VORNELCore/Services/WorkspaceServicing.h>
+#include <VORNELCore/Services/WindowServicing.h>
 
 #include <memory>
 #include <optional>
@@ -17,12 +13,7 @@ namespace vornel {
 
 /// The workspace on this machine's disk. Operations run one at a time in the order of the calls; several
 /// programs may work on one workspace, each operation holds it locked while it runs.
-class LocalWorkspaceService : public WorkspaceServicing,
-                              public TargetInspecting,
-                              public TrashInspecting,
-                              public ImportReviewing,
-                              public CopyRepairing,
-                              public CreationReviewing
+class LocalWorkspaceService : public WindowServicing, public CreationReviewing
 {
 public:
     /// All file operations go through `manager`.

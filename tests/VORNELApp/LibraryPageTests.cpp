@@ -5,6 +5,7 @@
 #include <VORNELApp/Actions/DragPayload.h>
 #include <VORNELApp/Categories/CategoryListModel.h>
 #include <VORNELApp/Library/LibraryPage.h>
+#include <VORNELInfrastructure/Drafts/LocalDrafts.h>
 
 #include <QAbstractItemModelTester>
 #include <QCoro/QCoroTask>
@@ -75,11 +76,12 @@ struct LibraryPageTest : testing::Test
     }
 
     std::shared_ptr<GivenSkills> service = std::make_shared<GivenSkills>();
-    AppModel model{service, service,
-                   service, service,
-                   service, nullptr,
-                   {},      {},
-                   {},      std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat)};
+    AppModel model{service,
+                   {},
+                   {},
+                   {},
+                   std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat),
+                   std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), "/nowhere")};
     SkillSelection selection;
     LibraryPage page;
 };

@@ -78,9 +78,8 @@ struct ModelTest : testing::Test
         model.reset();
         service = std::make_shared<RealService>();
         drafts = std::make_shared<HeldDrafts>(std::make_shared<PosixFileSystem>(), scratch.path("workspace"));
-        model = std::make_unique<AppModel>(service, service, service, service, service, drafts,
-                                           scratch.path("workspace"), scratch.path("claude"),
-                                           scratch.path("codex"), settings());
+        model = std::make_unique<AppModel>(service, scratch.path("workspace"), scratch.path("claude"),
+                                           scratch.path("codex"), settings(), drafts);
         QObject::connect(model.get(), &AppModel::confirmed, model.get(),
                          [this, sender = model.get()] { confirmations.append(sender->transientMessage()); });
     }
@@ -379,7 +378,7 @@ TEST_F(ModelTest, ALateLoadLeavesTheSkillThatWasOpenedAfterIt)
     drafts->answer.finish();
     settle();
     EXPECT_EQ(model->selectedSkill()->manifest.id, notes);
-    EXPECT_FALSE(model->foundDraft(audit).draft);
+    EXPECT_FALSE(model->selection().foundDraft(audit).draft);
 }
 
 TEST_F(ModelTest, EndsOnlyWhenItsOperationsHave)

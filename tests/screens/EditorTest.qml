@@ -10,12 +10,6 @@ ScreenTest {
     function textArea() {
         return control("Instructions de la compétence");
     }
-    function draft() {
-        let item = textArea();
-        while (item.draft === undefined)
-            item = item.parent;
-        return item.draft;
-    }
     function text() {
         return textArea().text;
     }

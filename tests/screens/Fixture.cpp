@@ -21,21 +21,16 @@ namespace vornel {
 
 namespace {
 
-/// The service's looks at skills, of which those into files fail while `isUnreadable` holds, and those at
-/// what stands in the way are counted.
-class Looks : public TargetInspecting
+/// The real service, of which looks into skills' files fail while `isUnreadable` holds, and those at what
+/// stands in the way are counted.
+class ObservedService : public LocalWorkspaceService
 {
 public:
-    Looks(std::shared_ptr<TargetInspecting> service, const bool &isUnreadable, int &count)
-        : m_service(std::move(service)), m_isUnreadable(isUnreadable), m_count(count)
+    ObservedService(const bool &isUnreadable, int &count)
+        : LocalWorkspaceService(std::make_shared<PosixFileSystem>(), FailureScope::Skill),
+          m_isUnreadable(isUnreadable),
+          m_count(count)
     {}
-
-    QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override
-    {
-        return m_service->inspectTargets(id);
-    }
-
-    QFuture<QHash<QUuid, QList<TargetInspection>>> wrongCopies() override { return m_service->wrongCopies(); }
 
     QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                 QString relativePath) override
@@ -43,17 +38,16 @@ public:
         if (m_isUnreadable)
             return QtFuture::makeExceptionalFuture<std::optional<QByteArray>>(
                 std::make_exception_ptr(std::system_error(std::make_error_code(std::errc::io_error))));
-        return m_service->readFile(id, copy, std::move(relativePath));
+        return LocalWorkspaceService::readFile(id, copy, std::move(relativePath));
     }
 
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override
     {
         ++m_count;
-        return m_service->occupants(std::move(places));
+        return LocalWorkspaceService::occupants(std::move(places));
     }
 
 private:
-    const std::shared_ptr<TargetInspecting> m_service;
     const bool &m_isUnreadable;
     int &m_count;
 };
@@ -80,13 +74,11 @@ Fixture::~Fixture()
 void Fixture::restart()
 {
     m_model.reset();
-    const auto service =
-        std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>(), FailureScope::Skill);
     m_model = std::make_unique<AppModel>(
-        service, std::make_shared<Looks>(service, m_isUnreadable, m_lookCount), service, service, service,
-        std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), m_scratch.path("workspace")),
-        m_scratch.path("workspace"), m_scratch.path("claude"), m_scratch.path("codex"),
-        std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat));
+        std::make_shared<ObservedService>(m_isUnreadable, m_lookCount), m_scratch.path("workspace"),
+        m_scratch.path("claude"), m_scratch.path("codex"),
+        std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat),
+        std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), m_scratch.path("workspace")));
     Q_EMIT modelChanged();
 }
 

@@ -166,7 +166,7 @@ EditorTest {
         typeDuringSave("!");
         fixture.holdWorkspace();
         fixture.model.refreshOverview(); // after which the skill is read, as it is before the save
-        draft().save();
+        fixture.model.openSkill.save();
         fixture.releaseWorkspace();
         awaitText("ENREGISTRÉE");
         settle();

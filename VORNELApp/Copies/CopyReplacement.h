@@ -1,0 +1,77 @@
+#pragma once
+
+#include "SkillCopies.h"
+
+#include <VORNELApp/Model/Operations.h>
+
+#include <optional>
+
+namespace vornel {
+
+/// Stands before an operation that replaces the copies of a skill: looks at them, and asks where one holds
+/// what would be lost from its place.
+class CopyReplacement : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("belongs to the model")
+    Q_PROPERTY(vornel::SkillCopies *copies READ copies CONSTANT)
+    Q_PROPERTY(Purpose purpose READ purpose NOTIFY changed)
+    Q_PROPERTY(bool isAsking READ isAsking NOTIFY changed)
+    Q_PROPERTY(QString newText READ newText NOTIFY changed)
+
+public:
+    /// What replaces the copies, last or next: the skill as it is saved, or as it is.
+    enum Purpose { Saving, Synchronising };
+    Q_ENUM(Purpose)
+
+    CopyReplacement(TargetInspecting &inspector, const Operations &operations);
+
+    SkillCopies *copies() { return &m_copies; }
+    Purpose purpose() const { return m_purpose; }
+
+    /// Whether the copies are looked at first.
+    bool isLooking() const { return m_step == Step::Looking; }
+
+    /// Whether the user is asked.
+    bool isAsking() const { return m_step == Step::Asking; }
+
+    /// What "SKILL.md" will be where it is saved.
+    QString newText() const { return m_newText; }
+
+    /// Looks at the copies, and asks if need be; `agreed` or `declined` follows. A save leaves a copy alone
+    /// that can't be looked at; a synchronisation would only fail with it, so that it is shown first.
+    void save(const QString &text);
+    void synchronize();
+
+    /// The same for a skill of a list.
+    Q_INVOKABLE void synchronize(const QUuid &id);
+
+    /// Shows the copies in any case, and offers to synchronise them.
+    Q_INVOKABLE void show();
+
+    /// The user lets them be replaced; or not; or is gone elsewhere, before or after he was asked.
+    Q_INVOKABLE void agree();
+    Q_INVOKABLE void decline();
+
+Q_SIGNALS:
+    void changed();
+    void agreed(vornel::CopyReplacement::Purpose purpose);
+    void declined();
+
+private:
+    enum class Step { Idle, Looking, Asking };
+
+    void begin(Purpose purpose, const QString &newText, Step step);
+    void judge();
+    void closeSettled();
+    void setStep(Step step);
+
+    const Operations &m_operations;
+    SkillCopies m_copies;
+    Step m_step = Step::Idle;
+    Purpose m_purpose = Synchronising;
+    QString m_newText;
+};
+
+} // namespace vornel

@@ -1,0 +1,80 @@
+#include "Library.h"
+
+#include <QCoro/QCoroFuture>
+
+#include <algorithm>
+#include <utility>
+
+namespace vornel {
+
+Library::Library(std::shared_ptr<WindowServicing> service, Operations &operations)
+    : m_service(std::move(service)), m_operations(operations)
+{}
+
+QList<SkillSummary> Library::skills(Destination destination) const
+{
+    if (!m_overview)
+        return {};
+    switch (destination) {
+    case Destination::needsAttention:
+        return LibraryQuery::needsAttention(*m_overview);
+    case Destination::trash:
+        return m_overview->trashedSkills;
+    case Destination::library:
+        break;
+    }
+    return m_overview->skills;
+}
+
+std::optional<SkillSummary> Library::skill(const QUuid &id) const
+{
+    if (!m_overview)
+        return std::nullopt;
+    const auto found = std::ranges::find(m_overview->skills, id, &SkillSummary::id);
+    return found == m_overview->skills.end() ? std::nullopt : std::optional(*found);
+}
+
+SkillCategory Library::category(const QString &id) const
+{
+    return LibraryQuery::category(m_overview ? m_overview->categories : SkillCategory::defaults(), id);
+}
+
+void Library::show(const WorkspaceOverview &overview)
+{
+    setCurrent(true);
+    if (m_overview != overview) {
+        m_overview = overview;
+        m_index = LibraryIndex(overview.skills, overview.categories);
+        Q_EMIT overviewChanged();
+    }
+    m_wrongCopies.follow(overview.skills, *m_service);
+    Q_EMIT wasRead();
+}
+
+QCoro::Task<> Library::read()
+{
+    try {
+        show(co_await m_service->reload());
+    } catch (const std::exception &) {
+        setCurrent(false);
+        throw;
+    }
+}
+
+QCoro::Task<> Library::readQuietly()
+{
+    const Operations::Running running(m_operations);
+    try {
+        co_await read();
+    } catch (const std::exception &) {
+        co_return;
+    }
+}
+
+void Library::setCurrent(bool isCurrent)
+{
+    if (std::exchange(m_isCurrent, isCurrent) != isCurrent)
+        Q_EMIT isCurrentChanged();
+}
+
+} // namespace vornel
