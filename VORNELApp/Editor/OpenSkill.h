@@ -44,7 +44,8 @@ public:
     CopyReplacement *replacement() { return &m_replacement; }
 
     /// Edits the text in this document until it is gone.
-    Q_INVOKABLE void edit(QQuickTextDocument *document);
+    Q_INVOKABLE void edit(QQuickTextDocument *document) { edit(document->textDocument()); }
+    void edit(QTextDocument *document);
 
     /// Saves the text, once it is known that it replaces no text and no copy that the user hasn't seen, and
     /// then leaves where that was asked for.

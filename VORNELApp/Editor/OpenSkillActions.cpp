@@ -1,0 +1,205 @@
+#include "OpenSkill.h"
+
+#include <VORNELApp/Model/Answer.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+void OpenSkill::save()
+{
+    setAskingToLeave(false);
+    if (m_draft.isSaved())
+        m_departure.resume();
+    else if (m_operations.isWorking())
+        m_departure.stay();
+    else if (!m_isUnderWay)
+        checkAndSave();
+}
+
+QCoro::Task<> OpenSkill::checkAndSave()
+{
+    const Operations::Running running(m_operations);
+    setUnderWay(true);
+    const bool mayGoOn = co_await isUnchanged();
+    setUnderWay(false);
+    if (mayGoOn)
+        m_replacement.save(m_draft.text());
+    else
+        refuse();
+}
+
+void OpenSkill::followReplacement(CopyReplacement::Purpose purpose)
+{
+    if (purpose == CopyReplacement::Saving)
+        checkAndWrite();
+    else
+        installCopies();
+}
+
+/// The user may have taken his time to agree, so that the text on the disk is looked at again.
+QCoro::Task<> OpenSkill::checkAndWrite()
+{
+    const Operations::Running running(m_operations);
+    const QString text = m_draft.text();
+    Outcome outcome = Outcome::nothingDone();
+    setUnderWay(true);
+    if (co_await isUnchanged()) {
+        m_draft.beginSaving(text);
+        outcome = co_await write(text);
+    }
+    setUnderWay(false);
+    conclude(text, outcome);
+}
+
+/// Sees whether "SKILL.md" still holds what is known of it: a save would replace what isn't known here. The
+/// service compares revisions, and whoever edits the file in place leaves the revision as it is.
+QCoro::Task<bool> OpenSkill::isUnchanged()
+{
+    const QUuid id = m_id;
+    const QByteArray known = m_draft.knownBytes();
+    const std::optional<QByteArray> bytes = co_await readText();
+    const bool isSame = bytes == known;
+    const bool isReadAgain = bytes && (!isSame || m_draft.standing() != SkillDraft::Current);
+    const bool isRefreshed = isReadAgain && co_await m_selected.readQuietly();
+    if (!isEditing(id))
+        co_return false;
+    if (isSame && isRefreshed)
+        m_draft.follow(*m_selected.detail()); // which may hold again what the edits began with
+    else if (bytes && !isSame && !isRefreshed)
+        m_draft.setStale(); // whatever it is, it is not the text that was saved
+    co_return bytes &&m_draft.standing() == SkillDraft::Current;
+}
+
+/// The bytes of "SKILL.md", whatever they are, and none where it is missing; nothing when they can't be read.
+QCoro::Task<std::optional<QByteArray>> OpenSkill::readText()
+{
+    m_operations.clearError();
+    const auto answer = co_await answerOf(m_service->readFile(m_id, std::nullopt, u"SKILL.md"_s));
+    if (answer.value)
+        co_return answer.value->value_or(QByteArray());
+    m_operations.showFailure(answer.outcome);
+    followFailure(answer.outcome);
+    co_return std::nullopt;
+}
+
+QCoro::Task<Outcome> OpenSkill::write(QString skillMD)
+{
+    if (!m_selected.detail())
+        co_return Outcome::nothingDone();
+    const SkillManifest shown = m_selected.detail()->manifest;
+    co_return co_await m_operations.perform([this, &shown, &skillMD]() -> QCoro::Task<> {
+        m_selected.show(co_await m_service->saveSkill(shown.id, shown.revision, skillMD));
+        co_await m_library.read();
+        m_operations.confirm(u"ENREGISTRÉE"_s);
+    });
+}
+
+QCoro::Task<Outcome> OpenSkill::installCopies()
+{
+    if (!m_selected.detail())
+        co_return Outcome::nothingDone();
+    const QUuid id = m_selected.detail()->manifest.id;
+    co_return co_await m_operations.perform([this, &id]() -> QCoro::Task<> {
+        m_selected.show(co_await m_service->synchronize(id));
+        co_await m_library.read();
+        m_operations.confirm(u"À JOUR"_s);
+    });
+}
+
+void OpenSkill::conclude(const QString &text, const Outcome &outcome)
+{
+    const bool isSaved = outcome || outcome.isSynchronizationIncomplete();
+    m_draft.endSaving(isSaved);
+    if (!outcome) {
+        followFailure(outcome);
+        if (!isSaved && !outcome.errorCase.isEmpty()) {
+            m_refusal = outcome;
+            m_refusedText = text;
+        }
+        refuse();
+    } else if (!m_draft.isModified()) {
+        setAskingToLeave(false);
+        m_departure.resume();
+    } else if (!m_isAskingToLeave) { // something was typed meanwhile
+        m_departure.stay();
+    }
+}
+
+void OpenSkill::refuse()
+{
+    m_departure.stay();
+    if (m_draft.standing() != SkillDraft::Current)
+        Q_EMIT refused();
+}
+
+void OpenSkill::synchronize()
+{
+    if (m_draft.isAttached())
+        m_replacement.synchronize();
+}
+
+void OpenSkill::reload()
+{
+    reloadText();
+}
+
+QCoro::Task<> OpenSkill::reloadText()
+{
+    const Operations::Running running(m_operations);
+    const QUuid id = m_id;
+    const Outcome outcome = co_await m_operations.perform([this, id] { return m_selected.read(id); });
+    if (outcome && isEditing(id))
+        m_draft.take(m_selected.detail()->skillMD);
+}
+
+void OpenSkill::overrule()
+{
+    overruleText();
+}
+
+/// What is on the disk need not be a text, nor be there at all, to be replaced knowingly.
+QCoro::Task<> OpenSkill::overruleText()
+{
+    const Operations::Running running(m_operations);
+    const QUuid id = m_id;
+    const std::optional<QByteArray> bytes = co_await readText();
+    if (!bytes)
+        co_return;
+    const bool isLoaded = co_await m_selected.readQuietly();
+    if (!isLoaded)
+        co_await takeOverRevision();
+    if (!isEditing(id))
+        co_return;
+    if (isLoaded)
+        m_draft.adopt(m_selected.detail()->skillMD);
+    else
+        m_draft.adopt(QString::fromUtf8(*bytes), *bytes);
+    save();
+}
+
+/// The library knows the revision even where the text can't be read, which a save may then replace.
+QCoro::Task<> OpenSkill::takeOverRevision()
+{
+    co_await m_library.readQuietly();
+    std::optional<SkillDetail> skill = m_selected.detail();
+    const std::optional<SkillSummary> known = m_library.skill(m_id);
+    if (!skill || !known)
+        co_return;
+    skill->manifest.revision = known->revision;
+    m_selected.show(*skill);
+}
+
+void OpenSkill::discardAndLeave()
+{
+    setAskingToLeave(false);
+    m_draft.discard();
+    m_departure.resume();
+}
+
+void OpenSkill::stay()
+{
+    m_departure.stay();
+}
+
+} // namespace vornel
