@@ -129,8 +129,10 @@ void OpenSkill::conclude(const QString &text, const Outcome &outcome)
 void OpenSkill::refuse()
 {
     m_departure.stay();
-    if (m_draft.standing() != SkillDraft::Current)
-        Q_EMIT refused();
+    if (m_draft.standing() == SkillDraft::Current)
+        return;
+    m_replacement.copies()->look(); // which differ from what the skill has become
+    Q_EMIT refused();
 }
 
 void OpenSkill::synchronize()
