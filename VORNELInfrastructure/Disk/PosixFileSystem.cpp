@@ -407,10 +407,10 @@ Folder PosixFileSystem::lock(const fs::path &folder, LockMode mode) const
 {
     constexpr std::chrono::seconds longestWait{10};
     const auto deadline = Clock::now() + longestWait;
-    // The folder above is the door, locked while waiting: a writer who waits there keeps out the readers who
-    // come later. Otherwise readers who take turns could keep the writer out.
-    const Folder door = FileSystem::openFolder(folder.parent_path());
-    awaitLock(door, mode, deadline);
+    // Whoever waits holds a lock on the folder above: a waiting writer so keeps out the readers who come
+    // later. Otherwise readers whose locks overlap could keep the writer out for ever.
+    const Folder above = FileSystem::openFolder(folder.parent_path());
+    awaitLock(above, mode, deadline);
     Folder locked = FileSystem::openFolder(folder);
     awaitLock(locked, mode, deadline);
     return locked;

@@ -4,8 +4,8 @@
 
 namespace vornel {
 
-/// A place of its own in the staging folder, where a folder is made before it is shown. What stands there at
-/// the end is removed: left behind, it would take up room until the next start.
+/// A path of its own in the staging folder, where a folder is made before it takes its place. What is left
+/// there at the end is removed: otherwise it would take up room until the next start.
 class Stage
 {
 public:
@@ -21,7 +21,7 @@ public:
 
     const std::filesystem::path &path() const { return m_path; }
 
-    /// Leaves what stands there to itself.
+    /// To be called once the folder has left: then there is nothing to remove.
     void release() { m_files = nullptr; }
 
 private:

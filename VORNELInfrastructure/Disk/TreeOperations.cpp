@@ -90,11 +90,11 @@ void flushEntry(FileSystem &files, const Place &place)
         forEachBelow(files, files.openFolder(place.folder, place.name), WriteWait{files});
 }
 
-/// Takes an entry out of sight in one step. Returns false where not even its name can be changed, as that of
-/// a folder in the lower layer of an overlay.
-bool hidden(FileSystem &files, const Place &entry, const Place &hideout)
+/// Gives an entry a temporary name. Returns false where not even its name can be changed, as that of a folder
+/// in the lower layer of an overlay.
+bool renamedAside(FileSystem &files, const Place &entry, const Place &temporary)
 try {
-    files.rename(entry, hideout, RenameMode::ToFreePlace);
+    files.rename(entry, temporary, RenameMode::ToFreePlace);
     return true;
 } catch (const fs::filesystem_error &error) {
     if (error.code() != std::errc::cross_device_link)
@@ -107,13 +107,13 @@ void moveAcross(FileSystem &files, const Place &before, const Place &after, cons
 {
     const Place copy{staging, copyToVolume(files, before, staging)};
     bool isInPlace = false;
-    const Place hideout{before.folder, temporaryName()};
-    bool isHidden = false;
+    const Place aside{before.folder, temporaryName()};
+    bool isAside = false;
     try {
         files.rename(copy, after, RenameMode::ToFreePlace);
         isInPlace = true;
         flushNames(files, after.folder);
-        isHidden = hidden(files, before, hideout);
+        isAside = renamedAside(files, before, aside);
     } catch (...) {
         // What a disk reports as failed, it may have done: then the copy is all that is left.
         bestEffort([&] {
@@ -122,10 +122,10 @@ void moveAcross(FileSystem &files, const Place &before, const Place &after, cons
         });
         throw;
     }
-    if (!isHidden)
+    if (!isAside)
         return removeTree(files, before);
     flushNames(files, before.folder);
-    bestEffort([&] { removeTree(files, hideout); });
+    bestEffort([&] { removeTree(files, aside); });
 }
 
 } // namespace

@@ -23,8 +23,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// As many skills wait for the disk together: the more, the shorter; and the more are to be done again when
-/// the import is cut short.
+/// So many skills are flushed to the disk at once. Larger batches wait less often, but when the import is cut
+/// short, more skills are left to import again.
 constexpr qsizetype batchSize = 512;
 
 QList<ImportCandidate> workList(const ImportPlan &plan)
@@ -45,25 +45,35 @@ QList<ImportCandidate> workList(const ImportPlan &plan)
 
 } // namespace
 
-/// A candidate on its way into the library.
-struct ImportCommit::Entrant
+/// What is staged of a candidate.
+struct ImportCommit::StagedSkill
 {
     const ImportCandidate *candidate;
     const SkillRecord *known = nullptr; ///< the skill that is in the library already; then nothing is staged
-    std::optional<Publication> canonical = {};
-    std::optional<Publication> history = {};
+    std::optional<StagedFolder> canonical = {};
+    std::optional<StagedFolder> history = {};
     Install install = {};
-    std::exception_ptr failure = nullptr;
+    std::exception_ptr failure = nullptr; ///< why it could not be staged
 
-    /// All that is staged.
-    std::vector<Publication *> publications()
+    std::vector<fs::path> stages() const
     {
         if (!canonical)
             return {};
-        std::vector<Publication *> all{&*canonical, &*history};
-        std::ranges::copy(install.publications(), std::back_inserter(all));
+        std::vector<fs::path> all = install.stages();
+        all.insert(all.end(), {canonical->stage.path(), history->stage.path()});
         return all;
     }
+};
+
+/// What became of it.
+struct ImportCommit::CommittedSkill
+{
+    StagedSkill &staged;
+    CommitResult canonical = {};
+    CommitResult history = {};
+    CopyResults copies = {};
+
+    bool isAdded() const { return staged.canonical && !canonical.failure; }
 };
 
 void ImportCommit::run(const ImportPlan &plan, const Progress &progress)
@@ -91,38 +101,38 @@ void ImportCommit::run(const ImportPlan &plan, const Progress &progress)
 
 void ImportCommit::importBatch(const QList<ImportCandidate> &batch, const std::function<void()> &staged)
 {
-    std::vector<Entrant> entrants = parallelMap(batch, [&](const ImportCandidate &candidate) {
-        Entrant entrant = prepare(candidate);
+    std::vector<StagedSkill> skills = parallelMap(batch, [&](const ImportCandidate &candidate) {
+        StagedSkill skill = stage(candidate);
         staged();
-        return entrant;
+        return skill;
     });
     const auto failed =
-        std::ranges::find_if(entrants, [](const Entrant &entrant) { return entrant.failure != nullptr; });
-    admit({entrants.begin(), failed});
-    if (failed != entrants.end())
+        std::ranges::find_if(skills, [](const StagedSkill &skill) { return skill.failure != nullptr; });
+    commit({skills.begin(), failed});
+    if (failed != skills.end())
         std::rethrow_exception(failed->failure);
 }
 
-ImportCommit::Entrant ImportCommit::prepare(const ImportCandidate &candidate) const
+ImportCommit::StagedSkill ImportCommit::stage(const ImportCandidate &candidate) const
 try {
     WorkspaceValidation::validateSlug(candidate.slug);
-    Entrant entrant{.candidate = &candidate, .known = activeSkill(candidate.slug)};
-    if (entrant.known != nullptr) {
-        if (!holdsContent(candidate, entrant.known->url))
+    StagedSkill skill{.candidate = &candidate, .known = activeSkill(candidate.slug)};
+    if (skill.known != nullptr) {
+        if (!holdsContent(candidate, skill.known->url))
             throw VORNELWorkspaceError::duplicateSlug(candidate.slug);
-        return entrant;
+        return skill;
     }
-    entrant.canonical.emplace(m_store.makeStage(), m_workspace.config.canonical(candidate.slug));
-    const fs::path &folder = entrant.canonical->stage.path();
-    const SkillManifest manifest = stage(candidate, folder);
-    entrant.history.emplace(SkillHistory(m_workspace).stage(manifest, folder));
-    entrant.install = m_targets.stage(manifest, folder, candidate.digest.toStdString(), m_unusableTargets);
-    return entrant;
+    skill.canonical.emplace(m_store.makeStage(), Destination{m_workspace.config.canonical(candidate.slug)});
+    const fs::path &folder = skill.canonical->stage.path();
+    const SkillManifest manifest = stageFolder(candidate, folder);
+    skill.history.emplace(SkillHistory(m_workspace).stage(manifest, folder));
+    skill.install = m_targets.stage(manifest, folder, candidate.digest.toStdString(), m_unusableTargets);
+    return skill;
 } catch (...) {
     return {.candidate = &candidate, .failure = std::current_exception()};
 }
 
-SkillManifest ImportCommit::stage(const ImportCandidate &candidate, const fs::path &stage) const
+SkillManifest ImportCommit::stageFolder(const ImportCandidate &candidate, const fs::path &stage) const
 {
     const auto copied = SecureFileTree::copyTreeAndSnapshot(m_workspace.files, candidate.sourceURL, stage,
                                                             TreeFilter::excludingManifest);
@@ -147,50 +157,45 @@ SkillManifest ImportCommit::stage(const ImportCandidate &candidate, const fs::pa
     return manifest;
 }
 
-void ImportCommit::admit(std::span<Entrant> entrants)
+void ImportCommit::commit(std::span<StagedSkill> skills)
 {
-    std::vector<Publication *> all;
-    std::vector<Publication *> canonical;
-    for (Entrant &entrant : entrants) {
-        if (entrant.canonical)
-            canonical.push_back(&*entrant.canonical);
-        std::ranges::copy(entrant.publications(), std::back_inserter(all));
-    }
-    settle(m_workspace.files, all);
-    place(m_workspace.files, canonical);
+    std::vector<fs::path> stages;
+    for (const StagedSkill &skill : skills)
+        std::ranges::copy(skill.stages(), std::back_inserter(stages));
+    Commit commit(m_workspace.files);
+    commit.flush(stages);
 
-    std::vector<Publication *> histories;
-    std::vector<Publication *> copies;
-    for (Entrant &entrant : entrants) {
-        if (!entrant.canonical || entrant.canonical->failure)
-            continue;
-        histories.push_back(&*entrant.history);
-        std::ranges::copy(entrant.install.publications(), std::back_inserter(copies));
-    }
-    // What a copy replaces goes into the history, which has to be on the disk by then.
-    place(m_workspace.files, histories);
-    place(m_workspace.files, copies);
+    std::vector<CommittedSkill> all;
+    for (StagedSkill &skill : skills)
+        all.push_back({skill, skill.canonical ? commit.rename(*skill.canonical) : CommitResult()});
+    commit.flushNames();
+    auto added = all | std::views::filter(&CommittedSkill::isAdded);
+    for (CommittedSkill &skill : added)
+        skill.history = commit.rename(*skill.staged.history);
+    commit.flushNames(); // what a copy replaces goes into the history, which has to be on the disk by then
+    for (CommittedSkill &skill : added)
+        skill.copies = TargetSynchronizer::rename(skill.staged.install, commit);
+    commit.flushNames();
 
     std::exception_ptr failure;
-    for (Entrant &entrant : entrants) {
-        const std::exception_ptr own = failureOf([&] { conclude(entrant); });
+    for (const CommittedSkill &skill : all) {
+        const std::exception_ptr own = failureOf([&] { finish(skill); });
         failure = failure ? failure : own;
     }
     if (failure)
         std::rethrow_exception(failure);
 }
 
-void ImportCommit::conclude(Entrant &entrant)
+void ImportCommit::finish(const CommittedSkill &skill)
 {
-    if (entrant.known != nullptr)
-        return adopt(*entrant.candidate, *entrant.known);
-    if (entrant.canonical->failure)
-        std::rethrow_exception(entrant.canonical->failure);
-    m_targets.finish(entrant.install);
-    for (const TargetKind kind : entrant.install.failures | std::views::keys)
+    if (skill.staged.known != nullptr)
+        return adopt(*skill.staged.candidate, *skill.staged.known);
+    if (skill.canonical.failure)
+        std::rethrow_exception(skill.canonical.failure);
+    for (const TargetKind kind : m_targets.finish(skill.staged.install, skill.copies) | std::views::keys)
         m_failedTargets.insert(kind);
-    if (entrant.history->failure)
-        std::rethrow_exception(entrant.history->failure);
+    if (skill.history.failure)
+        std::rethrow_exception(skill.history.failure);
 }
 
 void ImportCommit::adopt(const ImportCandidate &candidate, const SkillRecord &skill) const

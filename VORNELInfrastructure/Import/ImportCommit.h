@@ -28,21 +28,22 @@ public:
     void run(const ImportPlan &plan, const Progress &progress);
 
 private:
-    struct Entrant;
+    struct StagedSkill;
+    struct CommittedSkill;
 
     void importBatch(const QList<ImportCandidate> &batch, const std::function<void()> &staged);
 
-    /// Stages all that the library and the targets need of a candidate.
-    Entrant prepare(const ImportCandidate &candidate) const;
+    /// Stages all that the library and the targets need of a candidate; what went wrong is in the result.
+    StagedSkill stage(const ImportCandidate &candidate) const;
 
     /// Copies the candidate's folder to a stage, with a manifest.
-    SkillManifest stage(const ImportCandidate &candidate, const std::filesystem::path &stage) const;
+    SkillManifest stageFolder(const ImportCandidate &candidate, const std::filesystem::path &stage) const;
 
-    /// Puts what is staged in its places.
-    void admit(std::span<Entrant> entrants);
+    /// Puts the staged skills in their places.
+    void commit(std::span<StagedSkill> skills);
 
-    /// Ends what concerns one candidate; throws why it isn't in the library or its history.
-    void conclude(Entrant &entrant);
+    /// Throws why a skill isn't in the library or its history.
+    void finish(const CommittedSkill &skill);
 
     void adopt(const ImportCandidate &candidate, const SkillRecord &skill) const;
     const SkillRecord *activeSkill(const QString &slug) const;

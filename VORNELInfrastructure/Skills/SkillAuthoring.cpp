@@ -50,12 +50,12 @@ SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
 {
     const SkillRecord skill{newManifest(request), m_workspace.config.canonical(request.slug)};
 
-    Publication skillFolder{m_store.makeStage(), skill.url};
-    const fs::path &stage = skillFolder.stage.path();
+    StagedFolder folder{m_store.makeStage(), {.path = skill.url}};
+    const fs::path &stage = folder.stage.path();
     createFolders(m_workspace.files, stage, Durability::Later);
     m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
     m_store.writeManifest(skill.manifest, stage, Durability::Later);
-    publish(m_workspace.files, skillFolder);
+    commit(m_workspace.files, folder);
 
     SkillHistory(m_workspace).add(skill.manifest, skill.url);
     TargetSynchronizer(m_workspace).synchronize(skill);

@@ -80,17 +80,14 @@ QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slu
     return *text;
 }
 
-void SkillFolderStore::replaceCanonical(const fs::path &destination, Stage staged,
-                                        const fs::path &keptAs) const
+void SkillFolderStore::replaceCanonical(const fs::path &skill, Stage stage, const fs::path &keptAs) const
 {
-    const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + pathText(destination.filename());
-    Publication swap{.stage = std::move(staged),
-                     .destination = destination,
-                     .parking = m_config.recovery() / pathFromText(name),
-                     .keptAs = keptAs};
-    publish(m_files, swap);
-    if (!swap.former.empty())
-        discard(swap.former);
+    const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + pathText(skill.filename());
+    const fs::path backup = m_config.recovery() / pathFromText(name);
+    StagedFolder staged{std::move(stage), {.path = skill, .backup = backup, .keptAs = keptAs}};
+    const fs::path former = commit(m_files, staged);
+    if (!former.empty())
+        discard(former);
 }
 
 void SkillFolderStore::discard(const fs::path &folder) const

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <VORNELCore/Records/WorkspaceModels.h>
+#include <VORNELInfrastructure/Disk/Commit.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
-#include <VORNELInfrastructure/Disk/Publication.h>
 #include <VORNELInfrastructure/Workspace/Workspace.h>
 
 namespace vornel {
@@ -39,10 +39,10 @@ public:
     /// a `filesystem_error` when it is not UTF-8.
     QString readSkillMD(const std::filesystem::path &folder, const QString &slug) const;
 
-    /// Swaps the staged folder into `destination`, safely on the disk. Whatever fails, the skill stands
-    /// whole at `destination` or, on a volume that can't exchange two folders, in the recovery folder.
-    /// The former folder is removed unless `keptAs` names a place for it.
-    void replaceCanonical(const std::filesystem::path &destination, Stage staged,
+    /// Replaces the skill's folder by the staged one, flushed to the disk. Whatever fails, the skill stands
+    /// whole in its place or, on a volume that can't exchange two folders, in the recovery folder. The former
+    /// folder is removed unless `keptAs` says where it is kept.
+    void replaceCanonical(const std::filesystem::path &skill, Stage stage,
                           const std::filesystem::path &keptAs) const;
 
     /// Deletes a folder. It leaves its place first, in one step, so that an interrupted deletion never leaves

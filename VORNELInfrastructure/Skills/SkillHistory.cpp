@@ -44,11 +44,11 @@ fs::path SkillHistory::placeFor(const QUuid &id, const QString &name) const
 
 void SkillHistory::add(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    Publication copy = stage(manifest, skillURL);
-    publish(m_files, copy);
+    StagedFolder copy = stage(manifest, skillURL);
+    commit(m_files, copy);
 }
 
-Publication SkillHistory::stage(const SkillManifest &manifest, const fs::path &skillURL) const
+StagedFolder SkillHistory::stage(const SkillManifest &manifest, const fs::path &skillURL) const
 {
     const fs::path place =
         placeFor(manifest.id, QString::number(manifest.revision) + u'-' + uuidText(QUuid::createUuid()));
@@ -56,7 +56,7 @@ Publication SkillHistory::stage(const SkillManifest &manifest, const fs::path &s
     Stage stage(m_files, m_config.staging());
     SecureFileTree::copyTree(m_files, skillURL, isFirst ? stage.path() / place.filename() : stage.path(),
                              TreeFilter::all);
-    return {.stage = std::move(stage), .destination = isFirst ? place.parent_path() : place, .parking = {}};
+    return {std::move(stage), {.path = isFirst ? place.parent_path() : place}};
 }
 
 fs::path SkillHistory::placeForReplaced(const QUuid &id, const QString &origin) const

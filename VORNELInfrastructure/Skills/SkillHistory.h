@@ -1,7 +1,7 @@
 #pragma once
 
 #include <VORNELCore/Records/WorkspaceModels.h>
-#include <VORNELInfrastructure/Disk/Publication.h>
+#include <VORNELInfrastructure/Disk/Commit.h>
 #include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
 #include <VORNELInfrastructure/Workspace/Workspace.h>
 
@@ -22,8 +22,8 @@ public:
     /// Adds a copy of the skill's folder.
     void add(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
-    /// Stages such a copy, to be published by the caller.
-    Publication stage(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+    /// Stages such a copy, to be committed by the caller.
+    StagedFolder stage(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
     /// Whether an entry of the manifest's revision holds this content of the skill's folder.
     bool holdsRevision(const SkillManifest &manifest, const FileTreeSnapshot &content) const;

@@ -52,11 +52,11 @@ try {
 
 } // namespace
 
-std::vector<Publication *> Install::publications()
+std::vector<fs::path> Install::stages() const
 {
-    std::vector<Publication *> all;
-    for (Publication &copy : copies | std::views::values)
-        all.push_back(&copy);
+    std::vector<fs::path> all;
+    for (const StagedFolder &copy : copies | std::views::values)
+        all.push_back(copy.stage.path());
     return all;
 }
 
@@ -69,14 +69,16 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill) const
             unusable.emplace(kind, unreadable);
     }
     Install install = stage(skill.manifest, skill.url, digest, unusable);
-    const auto isKept = [](const Publication *copy) { return !copy->keptAs.empty(); };
-    if (std::ranges::any_of(install.publications(), isKept))
+    const auto isKept = [](const StagedFolder &copy) { return !copy.destination.keptAs.empty(); };
+    if (std::ranges::any_of(install.copies | std::views::values, isKept))
         createFolders(m_workspace.files, m_workspace.config.historyOf(skill.manifest.id), Durability::Now);
-    settle(m_workspace.files, install.publications());
-    place(m_workspace.files, install.publications());
-    finish(install);
-    if (!install.failures.empty())
-        throw VORNELWorkspaceError::partialSync(kindsOf(install.failures));
+    Commit commit(m_workspace.files);
+    commit.flush(install.stages());
+    const CopyResults results = rename(install, commit);
+    commit.flushNames();
+    const Failures failures = finish(install, results);
+    if (!failures.empty())
+        throw VORNELWorkspaceError::partialSync(kindsOf(failures));
 }
 
 void TargetSynchronizer::setAside(const SkillRecord &skill, TargetKind kind) const
@@ -84,13 +86,12 @@ void TargetSynchronizer::setAside(const SkillRecord &skill, TargetKind kind) con
     FileSystem &files = m_workspace.files;
     const QString &slug = skill.manifest.slug;
     prepareRoot(kind);
-    Publication copy{.stage = m_store.makeStage(),
-                     .destination = m_workspace.config.target(kind) / pathFromText(slug)};
-    if (files.kindAt(copy.destination))
-        copy.parking = copy.keptAs = recoveryPlace(u"-removed-"_s, kind, slug);
+    Destination destination{.path = m_workspace.config.target(kind) / pathFromText(slug)};
+    if (files.kindAt(destination.path))
+        destination.backup = destination.keptAs = recoveryPlace(u"-removed-"_s, kind, slug);
+    StagedFolder copy{m_store.makeStage(), destination};
     SecureFileTree::copyTree(files, skill.url, copy.stage.path(), TreeFilter::excludingManifest);
-    blaming(copy.destination, [&] { publish(files, copy); });
-    discardFormer(copy);
+    blaming(destination.path, [&] { discardFormer(commit(files, copy)); });
 
     TargetReasons reasons = m_workspace.failedSyncTargets.take(skill.manifest.id);
     if (reasons.remove(kind); !reasons.isEmpty())
@@ -154,20 +155,21 @@ FileTreeSnapshot TargetSynchronizer::contentOf(const fs::path &folder) const
     return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
 }
 
-std::optional<Publication> TargetSynchronizer::stagedCopy(const SkillManifest &manifest,
-                                                          const fs::path &source, const std::string &digest,
-                                                          TargetKind kind, Looks &looks) const
+std::optional<StagedFolder> TargetSynchronizer::stagedCopy(const SkillManifest &manifest,
+                                                           const fs::path &source, const std::string &digest,
+                                                           TargetKind kind, Looks &looks) const
 {
-    Publication copy{.stage = m_store.makeStage(),
-                     .destination = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
-    if (m_workspace.files.kindAt(copy.destination)) {
-        const FileTreeSnapshot former = contentOf(copy.destination);
+    Destination destination{.path = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
+    if (m_workspace.files.kindAt(destination.path)) {
+        const FileTreeSnapshot former = contentOf(destination.path);
         if (former.digest == digest)
             return std::nullopt;
         if (!isHeld(manifest.id, former, looks))
-            copy.keptAs = m_history.placeForReplaced(manifest.id, rawValue(kind));
-        copy.parking = copy.keptAs.empty() ? recoveryPlace(u"-"_s, kind, manifest.slug) : copy.keptAs;
+            destination.keptAs = m_history.placeForReplaced(manifest.id, rawValue(kind));
+        destination.backup =
+            destination.keptAs.empty() ? recoveryPlace(u"-"_s, kind, manifest.slug) : destination.keptAs;
     }
+    StagedFolder copy{m_store.makeStage(), destination};
     SecureFileTree::copyTree(m_workspace.files, source, copy.stage.path(), TreeFilter::excludingManifest);
     return copy;
 }
@@ -183,21 +185,32 @@ bool TargetSynchronizer::isHeld(const QUuid &id, const FileTreeSnapshot &copy, L
     return found->second;
 }
 
-void TargetSynchronizer::finish(Install &install) const
+CopyResults TargetSynchronizer::rename(Install &install, Commit &commit)
 {
-    for (const auto &[kind, copy] : install.copies) {
-        if (copy.failure)
-            install.failures.emplace(kind, copy.failure);
-        else
-            discardFormer(copy);
-    }
-    remember(install.id, install.failures);
+    CopyResults results;
+    for (auto &[kind, copy] : install.copies)
+        results.emplace(kind, commit.rename(copy));
+    return results;
 }
 
-void TargetSynchronizer::discardFormer(const Publication &copy) const
+TargetSynchronizer::Failures TargetSynchronizer::finish(const Install &install,
+                                                        const CopyResults &results) const
 {
-    if (!copy.former.empty())
-        bestEffort([&] { m_store.discard(copy.former); });
+    Failures failures = install.failures;
+    for (const auto &[kind, result] : results) {
+        if (result.failure)
+            failures.emplace(kind, result.failure);
+        else
+            discardFormer(result.former);
+    }
+    remember(install.id, failures);
+    return failures;
+}
+
+void TargetSynchronizer::discardFormer(const fs::path &former) const
+{
+    if (!former.empty())
+        bestEffort([&] { m_store.discard(former); });
 }
 
 void TargetSynchronizer::removeTargetCopy(const QString &slug, TargetKind kind) const

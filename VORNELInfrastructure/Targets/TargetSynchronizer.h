@@ -12,15 +12,18 @@
 
 namespace vornel {
 
-/// One skill on its way into the targets.
+/// What is staged of one skill for the targets.
 struct Install
 {
     QUuid id;
-    std::map<TargetKind, Publication> copies = {}; ///< for the targets where the copy isn't right
-    std::map<TargetKind, std::exception_ptr> failures = {};
+    std::map<TargetKind, StagedFolder> copies = {};         ///< for the targets where the copy isn't right
+    std::map<TargetKind, std::exception_ptr> failures = {}; ///< of the targets for which none could be staged
 
-    std::vector<Publication *> publications();
+    std::vector<std::filesystem::path> stages() const;
 };
+
+/// What became of the staged copies of a skill.
+using CopyResults = std::map<TargetKind, CommitResult>;
 
 /// Installs skills into the assistants' folders, and takes them out.
 class TargetSynchronizer
@@ -49,25 +52,27 @@ public:
     Failures prepareRoots() const;
 
     /// Stages what the targets need for their copies to be those of `source`, which has this digest. What
-    /// these replace goes into the history, which has to be there when they are placed.
+    /// these replace goes into the history, which has to be there when they are committed.
     Install stage(const SkillManifest &manifest, const std::filesystem::path &source,
                   const std::string &digest, const Failures &unusable) const;
 
-    /// Ends an install that has been placed: keeps what failed, in memory and with the install, and removes
-    /// the former copies.
-    void finish(Install &install) const;
+    /// Puts the staged copies, which are flushed, in their places.
+    static CopyResults rename(Install &install, Commit &commit);
+
+    /// Ends an install: removes the former copies, and remembers all that failed, which it returns.
+    Failures finish(const Install &install, const CopyResults &results) const;
 
 private:
     /// What the history was found to hold all of, or not, by its digest.
     using Looks = std::map<std::string, bool>;
 
-    std::optional<Publication> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
-                                          const std::string &digest, TargetKind kind, Looks &looks) const;
+    std::optional<StagedFolder> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
+                                           const std::string &digest, TargetKind kind, Looks &looks) const;
     bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
     void prepareRoot(TargetKind kind) const;
 
     /// Removes the folder that a copy has replaced, unless it is kept.
-    void discardFormer(const Publication &copy) const;
+    void discardFormer(const std::filesystem::path &former) const;
     void removeTargetCopy(const QString &slug, TargetKind kind) const;
 
     /// Keeps which targets of a skill failed, if any, each with its reason.
