@@ -1,0 +1,168 @@
+#pragma once
+
+#include "FileTreeSnapshot.h"
+#include "NaturalOrder.h"
+#include "ParallelMap.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/Disk/FileSystem.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
+
+#include <algorithm>
+
+namespace vornel {
+
+/// Goes through a tree, refuses what is unsafe, and hands the rest to a sink:
+/// - `Sink::Folder` is what the sink makes of a folder of the tree;
+/// - `addFolder(parent, name)` returns that of a folder below `parent`;
+/// - `addFile(parent, name, file, entry)` reads a file, and fills in its entry's size and digest. It is
+/// called
+///   for several files at once, but only for large ones.
+template <typename Sink>
+class TreeWalk
+{
+public:
+    TreeWalk(const FileSystem &files, TreeFilter filter, Sink sink)
+        : m_files(files), m_filter(filter), m_sink(sink)
+    {}
+
+    /// Goes through `root`, of which the sink has made `counterpart`.
+    void run(const Folder &root, const typename Sink::Folder &counterpart) { visit({root, counterpart}); }
+
+    FileTreeSnapshot finish(const std::filesystem::path &root)
+    {
+        std::ranges::sort(m_entries, {}, &Entry::relativePath);
+        std::string digest = FileTreeSnapshot::digestOf(m_entries);
+        return {root, std::move(m_entries), std::move(digest), m_isWhole};
+    }
+
+private:
+    using Entry = FileTreeSnapshot::Entry;
+
+    /// Every open level costs a descriptor, of which a process has about a thousand.
+    static constexpr int deepestLevel = 100;
+
+    /// From this size on, the files of a folder are read side by side.
+    static constexpr std::int64_t largeFile = 1'048'576;
+
+    /// A folder that the walk has come to.
+    struct Level
+    {
+        const Folder &folder;
+        const typename Sink::Folder &counterpart;
+        std::string prefix = {};
+        int depth = 1;
+    };
+
+    /// Appends all that is below a folder, each of its entries with what it holds before the next. Large
+    /// files are read together at the end, but what goes wrong is told in the order of the entries.
+    void visit(const Level &level)
+    {
+        if (level.depth > deepestLevel)
+            throw unsafe(level.prefix.substr(0, level.prefix.size() - 1));
+
+        std::vector<FolderEntry> children = m_files.list(level.folder);
+        std::ranges::sort(children, naturallyBefore, &FolderEntry::name);
+        std::vector<std::string> large;
+        const std::exception_ptr failure = failureOf([&] {
+            for (const FolderEntry &child : children)
+                add(level, child, large);
+        });
+        addLargeFiles(level, large);
+        if (failure)
+            std::rethrow_exception(failure);
+    }
+
+    /// Whether the walk takes this child; throws when the tree can't be taken with it in it. The folders
+    /// above have passed the same checks, so the name alone decides.
+    bool accepts(const FolderEntry &child, const std::string &prefix) const
+    {
+        WorkspaceValidation::validateRelativePath(child.name);
+        if (child.kind == FileKind::SymbolicLink)
+            throw link(prefix + child.name);
+        if (!includes(m_filter, child.name))
+            return false;
+        if (child.kind == FileKind::Other || !QByteArrayView(child.name).isValidUtf8())
+            throw unsafe(prefix + child.name);
+        return true;
+    }
+
+    /// Appends an entry, or notes it among the large files, which come later.
+    void add(const Level &level, const FolderEntry &child, std::vector<std::string> &large)
+    {
+        if (!accepts(child, level.prefix)) {
+            m_isWhole = false;
+        } else if (child.kind == FileKind::Directory) {
+            addFolder(level, child.name);
+        } else {
+            const File file = openFile(level, child.name);
+            if (file.size >= largeFile)
+                large.push_back(child.name);
+            else
+                m_entries.push_back(fileEntry(level, child.name, file));
+        }
+    }
+
+    void addFolder(const Level &level, const std::string &name)
+    {
+        const std::string path = level.prefix + name;
+        m_entries.push_back({path, Entry::Kind::directory, 0, std::nullopt});
+        const Folder folder = openedInTree(path, [&] { return m_files.openFolder(level.folder, name); });
+        const typename Sink::Folder counterpart = m_sink.addFolder(level.counterpart, name);
+        visit({folder, counterpart, path + '/', level.depth + 1});
+    }
+
+    void addLargeFiles(const Level &level, const std::vector<std::string> &large)
+    {
+        const auto entries = parallelMap(
+            large, [&](const std::string &name) { return fileEntry(level, name, openFile(level, name)); });
+        m_entries.insert(m_entries.end(), entries.begin(), entries.end());
+    }
+
+    Entry fileEntry(const Level &level, const std::string &name, const File &file)
+    {
+        Entry entry{level.prefix + name, Entry::Kind::file, 0, std::nullopt};
+        m_sink.addFile(level.counterpart, name, file, entry);
+        return entry;
+    }
+
+    File openFile(const Level &level, const std::string &name) const
+    {
+        const std::string path = level.prefix + name;
+        File file = openedInTree(path, [&] { return m_files.openFile(level.folder, name); });
+        if (file.size > SkillFiles::sizeLimit)
+            throw unsafe(path);
+        return file;
+    }
+
+    /// Runs `open`; an entry that became a link since it was listed is reported by its path in the tree.
+    template <typename Open>
+    static auto openedInTree(const std::string &relativePath, const Open &open)
+    try {
+        return open();
+    } catch (const VORNELWorkspaceError &error) {
+        if (error.as<WorkspaceErrorCase::SymlinkUnsupported>() != nullptr)
+            throw link(relativePath);
+        throw;
+    }
+
+    static VORNELWorkspaceError unsafe(const std::string &relativePath)
+    {
+        return VORNELWorkspaceError::unsafeImport(QString::fromStdString(relativePath));
+    }
+
+    static VORNELWorkspaceError link(const std::string &relativePath)
+    {
+        return VORNELWorkspaceError::symlinkUnsupported(QString::fromStdString(relativePath));
+    }
+
+    const FileSystem &m_files;
+    TreeFilter m_filter;
+    Sink m_sink;
+    std::vector<Entry> m_entries;
+    bool m_isWhole = true;
+};
+
+} // namespace vornel
