@@ -4,7 +4,7 @@
 
 namespace vornel {
 
-/// Runs a clean-up whose own failure changes nothing: what was thrown before is what is reported.
+/// Runs an action whose failure is passed over, such as a clean-up after an error that is reported already.
 template <typename Cleanup>
 void bestEffort(const Cleanup &cleanup) noexcept
 {
@@ -14,7 +14,7 @@ void bestEffort(const Cleanup &cleanup) noexcept
     }
 }
 
-/// Runs `step`; returns what it threw, to be told later.
+/// Runs `step`; returns what it threw, to be reported later.
 template <typename Step>
 std::exception_ptr failureOf(const Step &step) noexcept
 {

@@ -50,7 +50,7 @@ private:
         return std::nullopt;
     }
 
-    /// Another program may create the folder at the same moment.
+    /// Creates the folder, or opens the one that another program has created at the same moment.
     Folder ensure(const Folder &parent, const std::string &name)
     try {
         Folder created = m_files.createFolder(parent, name);

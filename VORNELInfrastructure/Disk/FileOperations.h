@@ -15,11 +15,11 @@ QByteArray readFile(const FileSystem &files, const Folder &folder, const std::st
                     std::int64_t limit);
 QByteArray readFile(const FileSystem &files, const std::filesystem::path &path, std::int64_t limit);
 
-/// When what was written has to be on the disk: at once, or when the caller flushes it.
+/// Who flushes what is written: the call that writes it, or its caller, later.
 enum class Durability { Now, Later };
 
-/// Creates or replaces a file (permissions 600): whoever reads it sees the old bytes or the new, whole; also
-/// after a loss of power, where the durability is `Now`.
+/// Creates or replaces a file (permissions 600) in one step: whoever reads it sees all the old bytes or all
+/// the new ones; after a loss of power, too, where the durability is `Now`.
 void replaceFile(FileSystem &files, const std::filesystem::path &path, QByteArrayView bytes,
                  Durability durability);
 
@@ -29,8 +29,8 @@ Folder createFolders(FileSystem &files, const std::filesystem::path &path, Durab
 /// A name that no other entry has, and that listings of skills pass over.
 std::string temporaryName();
 
-/// Puts the names in a folder on the disk, after entries were moved. What was moved is whole wherever a loss
-/// of power would leave it, so a disk that fails here is no reason to fail.
+/// Flushes the names in a folder after entries were moved. A failure is passed over: what was moved is whole
+/// at either place, wherever a loss of power would leave it.
 void flushNames(FileSystem &files, const Folder &folder) noexcept;
 
 } // namespace vornel

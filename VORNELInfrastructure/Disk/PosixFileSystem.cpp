@@ -50,7 +50,7 @@ Descriptor open(const Folder &folder, const std::string &name, int flags)
     const int error = errno;
     const std::optional<FileKind> kind =
         error == ELOOP || error == ENOTDIR ? kindOf(folder, name) : std::nullopt;
-    // What was no folder a moment ago and is one now was a link, swapped back in between.
+    // A folder here was a link when it was opened, and has been replaced since.
     if (kind == FileKind::SymbolicLink || kind == FileKind::Directory)
         throw VORNELWorkspaceError::symlinkUnsupported(pathText(pathOf(folder, name)));
     errno = error;
@@ -67,7 +67,7 @@ fs::path PosixFileSystem::resolved(const fs::path &path) const
 Folder PosixFileSystem::openAbove(const fs::path &path) const
 {
     int fd = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0 && errno == EACCES) // one may pass through a folder that one may not list
+    if (fd < 0 && errno == EACCES) // a folder that may not be listed may still be passed through
         fd = ::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0)
         fail("open", path);
@@ -85,7 +85,7 @@ try {
 
 Folder PosixFileSystem::openBelow(const Folder &top, const fs::path &path) const
 {
-    // Where the kernel knows how to follow no link, one call does; what goes wrong is told step by step.
+    // One call where the kernel can be told to follow no link. When it fails, the steps below tell why.
     open_how how{};
     how.flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;

@@ -38,7 +38,7 @@ Folder PosixFileSystem::lock(const fs::path &folder, LockMode mode) const
 {
     constexpr std::chrono::seconds longestWait{10};
     const auto deadline = Clock::now() + longestWait;
-    // Whoever waits holds a lock on the folder above: a waiting writer so keeps out the readers who come
+    // The folder above is locked while waiting, so that a waiting writer keeps out the readers who come
     // later. Otherwise readers whose locks overlap could keep the writer out for ever.
     const Folder above = FileSystem::openFolder(folder.parent_path());
     awaitLock(above, mode, deadline);

@@ -9,7 +9,7 @@ namespace vornel {
 class Stage
 {
 public:
-    /// Creates nothing.
+    /// Only chooses the path; nothing is created.
     Stage(FileSystem &files, const std::filesystem::path &staging);
     Stage(Stage &&other) noexcept
         : m_files(std::exchange(other.m_files, nullptr)), m_path(std::move(other.m_path))
@@ -21,7 +21,7 @@ public:
 
     const std::filesystem::path &path() const { return m_path; }
 
-    /// To be called once the folder has left: then there is nothing to remove.
+    /// To be called once the folder has left the stage: nothing is removed then.
     void release() { m_files = nullptr; }
 
 private:

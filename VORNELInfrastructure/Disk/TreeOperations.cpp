@@ -11,8 +11,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Empties a folder some levels deep. Folders below that are lifted to `top`, so that however deep a tree is,
-/// few descriptors remove it. Returns whether any was lifted.
+/// Empties a folder, but only so many levels down: every open level costs a descriptor. Deeper folders are
+/// moved up to `top`, for another call. Returns whether there were any.
 bool emptyFolder(FileSystem &files, const Folder &top, const Folder &folder, int level = 1)
 {
     constexpr int deepestLevel = 100;
@@ -115,7 +115,7 @@ void moveAcross(FileSystem &files, const Place &before, const Place &after, cons
         flushNames(files, after.folder);
         isAside = renamedAside(files, before, aside);
     } catch (...) {
-        // What a disk reports as failed, it may have done: then the copy is all that is left.
+        // A disk may have done what it reports as failed: then only the copy is left.
         bestEffort([&] {
             if (files.kindAt(before.folder, before.name))
                 removeTree(files, isInPlace ? after : copy);

@@ -48,7 +48,7 @@ private:
     void adopt(const ImportCandidate &candidate, const SkillRecord &skill) const;
     const SkillRecord *activeSkill(const QString &slug) const;
 
-    /// Whether the folder still holds what the scan has found.
+    /// Whether the folder holds what the scan found in the candidate's.
     bool holdsContent(const ImportCandidate &candidate, const std::filesystem::path &folder) const;
 
     const Workspace &m_workspace;

@@ -56,7 +56,7 @@ public:
     }
 
 private:
-    /// What an entry is to the import: nothing, something that it may take, or something that it can't.
+    /// What an entry means for the import: nothing, a skill to import, or one that can't be imported.
     using Finding = std::variant<std::monostate, ImportCandidate, BlockedImport>;
 
     Finding look(const FolderEntry &entry, const QSet<QString> &excluding) const
@@ -98,7 +98,7 @@ private:
         }
     }
 
-    /// Whether the import can take the metadata from the text; throws when that isn't UTF-8.
+    /// Whether the text's name and summary are short enough for a manifest; throws when it isn't UTF-8.
     bool hasUsableText(const fs::path &folder, const QString &slug) const
     {
         const QString text = SkillFolderStore(m_workspace).readSkillMD(folder, slug);

@@ -5,8 +5,8 @@
 
 namespace vornel {
 
-/// Classifies what both assistants' folders hold and the library lacks. What can't be imported is listed as
-/// blocked; only a root that is a link, or can't be listed, makes the scan fail.
+/// Classifies the skills of both assistants' folders that the library lacks. What can't be imported is listed
+/// as blocked; the scan fails only when a root is a link or can't be listed.
 ImportPlan scanImports(const Workspace &workspace);
 
 } // namespace vornel

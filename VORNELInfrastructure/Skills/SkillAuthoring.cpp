@@ -109,7 +109,8 @@ SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
     return makeDetail(m_workspace, skill);
 }
 
-/// What was edited by hand is known later to have been installed, and to be no assistant's work.
+/// Keeps what was edited by hand in the history before it is installed. Otherwise the copies would later seem
+/// to have been edited by an assistant.
 void SkillAuthoring::keepRevision(const SkillRecord &skill) const
 {
     bestEffort([&] { SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url); });

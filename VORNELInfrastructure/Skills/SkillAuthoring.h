@@ -24,11 +24,11 @@ public:
     /// text is blank.
     SkillDetail save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const;
 
-    /// Brings both targets in line with the canonical folder.
+    /// Installs the canonical folder in both targets, where their copies differ.
     SkillDetail synchronize(const QUuid &id) const;
     SkillDetail synchronize(const SkillRecord &skill) const;
 
-    /// Replaces the copy in one target, whatever stands there.
+    /// Puts a fresh copy into one target, and what stands there into the recovery folder.
     SkillDetail setAside(const QUuid &id, TargetKind target) const;
 
 private:

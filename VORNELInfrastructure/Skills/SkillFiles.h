@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// The files that every skill folder holds, and the bound on all of them.
+/// The files that every skill folder holds, and the limit on the size of any file.
 namespace vornel::SkillFiles {
 
 inline constexpr const char *text = "SKILL.md";

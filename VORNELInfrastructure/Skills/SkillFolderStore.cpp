@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Refuses bytes that the tree's walk would refuse later, when they are already in place.
+/// Refuses a file that would be too large for a walk over the folder, before it is written.
 void replaceSkillFile(FileSystem &files, const fs::path &path, const QByteArray &bytes, Durability durability)
 {
     if (bytes.size() > SkillFiles::sizeLimit)
@@ -60,7 +60,7 @@ SkillManifest SkillFolderStore::readManifest(const Folder &parent, const std::st
     try {
         manifest = RecordJson::decodeDocument<SkillManifest>(
             readFile(m_files, m_files.openFolder(parent, name), SkillFiles::manifest, SkillFiles::sizeLimit));
-    } catch (const std::exception &) { // whatever is wrong with the file, the manifest is what is missing
+    } catch (const std::exception &) { // whatever is wrong with the file, it is reported as below
     }
     if (!manifest)
         throw VORNELWorkspaceError::malformedManifest(

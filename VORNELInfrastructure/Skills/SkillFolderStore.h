@@ -7,11 +7,11 @@
 
 namespace vornel {
 
-/// Makes the manifest that of the skill's next revision, changed now. Throws `integrityFailure` at the last
-/// revision that can be counted.
+/// Turns the manifest into that of the skill's next revision, changed now. Throws `integrityFailure` when the
+/// revision can't be counted further.
 void advanceRevision(SkillManifest &manifest);
 
-/// Reads and writes the folder of one skill: the staged copy, its files, its swap into place.
+/// Reads and writes the folder of one skill: its files, its staged copy, its replacement.
 class SkillFolderStore
 {
 public:
@@ -20,14 +20,11 @@ public:
     {}
     SkillFolderStore(FileSystem &files, const Configuration &config) : m_files(files), m_config(config) {}
 
-    /// A fresh place in the staging folder.
     Stage makeStage() const { return {m_files, m_config.staging()}; }
 
-    /// Writes the text into a staged folder.
     void writeSkillMD(const QString &text, const std::filesystem::path &folder) const;
 
-    /// Writes the manifest into a folder: `Later` where it is staged. Throws `integrityFailure` for one that
-    /// a newer version wrote.
+    /// Throws `integrityFailure` for a manifest that a newer version wrote.
     void writeManifest(const SkillManifest &manifest, const std::filesystem::path &folder,
                        Durability durability) const;
 
@@ -45,8 +42,8 @@ public:
     void replaceCanonical(const std::filesystem::path &skill, Stage stage,
                           const std::filesystem::path &keptAs) const;
 
-    /// Deletes a folder. It leaves its place first, in one step, so that an interrupted deletion never leaves
-    /// half a folder there.
+    /// Deletes a folder. It is moved to the staging folder first, so that an interrupted deletion never
+    /// leaves half a folder in its place.
     void discard(const std::filesystem::path &folder) const;
 
 private:

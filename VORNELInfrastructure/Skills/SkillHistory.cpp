@@ -20,8 +20,7 @@ namespace {
 
 constexpr std::string_view replacedPrefix = "replaced-";
 
-/// The entries of a history that may hold something, the latest revision first; none where there is no
-/// history.
+/// The names in a history, the latest revision first; none where there is no history.
 std::vector<std::string> entriesOf(const FileSystem &files, const fs::path &history)
 {
     std::vector<std::string> names;
@@ -73,7 +72,7 @@ bool SkillHistory::anyHolds(const QUuid &id, std::string_view prefix, TreeFilter
     });
 }
 
-/// An entry that can't be read holds nothing.
+/// Nothing for an entry that can't be read, which then counts as holding nothing.
 std::optional<std::string> SkillHistory::digestOf(const fs::path &entry, TreeFilter filter) const
 {
     std::optional<std::string> digest;

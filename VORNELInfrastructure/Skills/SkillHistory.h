@@ -11,8 +11,8 @@
 
 namespace vornel {
 
-/// What is kept of a skill: a copy of each revision, named by it, and of the folders that were
-/// replaced, named "replaced-" with their origin.
+/// What is kept of a skill: a copy of each revision, under its number, and the folders that were replaced and
+/// are in no revision, under "replaced-" and their origin.
 class SkillHistory
 {
 public:
@@ -28,28 +28,27 @@ public:
     /// Whether an entry of the manifest's revision holds this content of the skill's folder.
     bool holdsRevision(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
 
-    /// Adds what `skillURL` holds unless an entry does: somebody may have edited the folder by hand, without
-    /// a new revision. Comes before whatever replaces that folder. Returns where the folder itself is to be
-    /// kept then, because it has hidden entries, which no revision has; without a name when it hasn't.
+    /// Adds the content of `skillURL` unless an entry holds it: the folder may have been edited by hand,
+    /// without a new revision. To be called before the folder is replaced. Returns where the folder itself
+    /// must be kept then, if it has hidden entries, which revisions leave out; otherwise an empty path.
     std::filesystem::path keepRevision(const SkillManifest &manifest,
                                        const std::filesystem::path &skillURL) const;
 
-    /// Whether an entry, of whatever revision, holds what counts of a folder, which has this digest: a folder
-    /// without anything hidden may be deleted then.
+    /// Whether any entry has this digest of its visible content without the manifest. A folder with that
+    /// digest may be deleted then, if it has no hidden entries.
     bool holds(const QUuid &id, const std::string &digest) const;
 
     /// The entries that are revisions of the skill, by their names, the latest first.
     std::vector<std::string> revisions(const QUuid &id) const;
 
-    /// The digest of what counts of an entry; nothing where that can't be read.
+    /// The digest of an entry's visible content without the manifest; nothing where that can't be read.
     std::optional<std::string> contentOf(const QUuid &id, const std::string &entry) const;
 
     /// Where a folder that is replaced is to be kept. `origin` is a target, or "library".
     std::filesystem::path placeForReplaced(const QUuid &id, const QString &origin) const;
 
-    /// Deletes the history of a skill that is deleted for good, if there is one. What was replaced goes to
-    /// the recovery folder: who deletes a skill means its text, not others' folders, nor the hidden files in
-    /// its own.
+    /// Deletes the history, if any, of a skill that is deleted for good. The folders that were replaced go to
+    /// the recovery folder: they may hold others' work, or hidden files, which nobody has asked to delete.
     void remove(const QUuid &id) const;
 
 private:

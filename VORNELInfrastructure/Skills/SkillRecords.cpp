@@ -37,7 +37,7 @@ std::vector<std::string> skillFolders(const Workspace &workspace, const Folder &
     return names;
 }
 
-/// Refuses two records of which `part` is the same.
+/// Refuses two records with the same `part`.
 template <typename Part>
 void refuseDoubled(const Workspace &workspace, const std::vector<SkillRecord> &records,
                    Part SkillManifest::*part, const QString &reason)

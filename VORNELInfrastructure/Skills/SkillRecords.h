@@ -17,7 +17,7 @@ struct SkillRecord
 /// The active skills, in no order. One bad folder makes the whole reading fail: `symlinkUnsupported` for a
 /// link, `malformedManifest` or `invalidPath` for its manifest, `integrityFailure` for a doubled identifier
 /// or slug and for a folder not named after its slug. Hidden entries and plain files are passed over. The
-/// category is named as the catalog names it, whatever blanks and capitals the manifest has.
+/// category is written as in the catalog, whatever blanks and capitals the manifest has.
 QList<SkillRecord> activeManifests(const Workspace &workspace);
 
 /// The skills in the trash, under the same rules; a folder there is named after the skill's identifier.
@@ -29,7 +29,7 @@ const SkillRecord &findRecord(const QList<SkillRecord> &records, const QUuid &id
 /// The active record of this identifier; throws `skillNotFound`.
 SkillRecord activeRecord(const Workspace &workspace, const QUuid &id);
 
-/// Identifiers in the order of their texts, in which several skills are worked through.
+/// Identifiers in the order of their texts. Operations on several skills go through them in this order.
 QList<QUuid> inTextOrder(const QSet<QUuid> &ids);
 
 /// Throws `duplicateSlug` when one of `taken` has this slug, whatever the case.

@@ -17,8 +17,8 @@ struct Metadata
     QString summary;
 };
 
-/// The most characters that a name or summary may have to be taken from a text: the manifest must stay small
-/// enough to be read.
+/// The most characters that a name or summary of a text may have: longer ones could make the manifest too
+/// large to be read.
 inline constexpr qsizetype longestMetadata = 1'000'000;
 
 /// The values of the last lines that begin with "name:" and "description:", anywhere in the text. Without a

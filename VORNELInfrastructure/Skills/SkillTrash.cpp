@@ -111,7 +111,7 @@ QHash<QUuid, QDateTime> SkillTrash::dates() const
     for (const FolderEntry &entry : m_workspace.files.list(trash)) {
         const auto id = uuidFromText(QString::fromStdString(entry.name));
         auto date = id ? moments.of(*id) : std::nullopt;
-        if (id && !date) // as of skills that an older version has moved
+        if (id && !date) // an older version noted none
             date = m_workspace.files.changedAt(trash, entry.name);
         if (date)
             dates.insert(*id, *date);
@@ -122,9 +122,10 @@ QHash<QUuid, QDateTime> SkillTrash::dates() const
 void SkillTrash::remove(const QUuid &id) const
 {
     m_workspace.failedSyncTargets.remove(id);
-    discardParkedFolders(m_workspace, id);
+    discardBackups(m_workspace, id);
     const Configuration &config = m_workspace.config;
-    // Should this be cut short, its name in staging tells the next start whose history goes too.
+    // When this is cut short, the next start deletes the history too, of the skill after which the folder is
+    // named.
     const fs::path condemned = config.staging() / pathFromText(uuidText(id));
     moveTree(m_workspace.files, config.trashed(id), condemned);
     TrashMoments(m_workspace).forget(id);

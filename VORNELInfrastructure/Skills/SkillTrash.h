@@ -5,7 +5,7 @@
 
 namespace vornel {
 
-/// Moves skills to the trash, back from it, and out of existence.
+/// Moves skills to the trash and back, and deletes them for good.
 class SkillTrash
 {
 public:

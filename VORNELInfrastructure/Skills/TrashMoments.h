@@ -20,23 +20,25 @@ public:
     QDateTime trashedAt;
 };
 
-/// Since when skills are in the trash: a file of each, apart from its folder, which may change there.
+/// Since when skills are in the trash: a file for each. The time of its folder won't do, as the folder may
+/// change while it is there.
 class TrashMoments
 {
 public:
     explicit TrashMoments(const Workspace &workspace) : m_files(workspace.files), m_config(workspace.config)
     {}
 
-    /// Notes that the skill goes to the trash now. What can't be noted doesn't keep it from going there.
+    /// Notes that the skill goes to the trash now. A failure is passed over: the skill goes there all the
+    /// same.
     void note(const QUuid &id) const;
 
-    /// Forgets it once it has left the trash.
+    /// Deletes the note of a skill that has left the trash.
     void forget(const QUuid &id) const;
 
-    /// Nothing where nothing was noted.
+    /// When the skill was moved there; nothing where that wasn't noted.
     std::optional<QDateTime> of(const QUuid &id) const;
 
-    /// The files of skills that are not in the trash, as interruptions leave them.
+    /// The files of skills that are not in the trash, left by interruptions.
     std::vector<std::filesystem::path> strays() const;
 
 private:

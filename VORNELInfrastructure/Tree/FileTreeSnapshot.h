@@ -12,7 +12,7 @@
 
 namespace vornel {
 
-/// Which entries of a tree count. Hidden ones, and what lies below a hidden folder, never do.
+/// Which entries of a tree a walk takes; never a hidden one, nor what lies below a hidden folder.
 enum class TreeFilter { all, excludingManifest };
 
 /// Whether `filter` keeps the entry at `relativePath` (UTF-8). `excludingManifest` also drops every
@@ -37,12 +37,12 @@ struct FileTreeSnapshot
     std::filesystem::path root;
     std::vector<Entry> entries; ///< by the code points of their paths
     std::string digest;         ///< lower-case hexadecimal SHA-256 of the listing of `entries`
-    bool isWhole = true;        ///< whether the filter has passed over nothing
+    bool isWhole = true;        ///< whether the filter has left nothing out
 
     /// The paths of the files, in the order of the entries.
     QStringList relativeFiles() const;
 
-    /// The digest that it has without the manifests, as `excludingManifest` would read it.
+    /// The digest that a snapshot with `excludingManifest` would have.
     std::string contentDigest() const;
 
     /// The digest of the listing of these entries.

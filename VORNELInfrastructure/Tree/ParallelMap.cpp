@@ -41,8 +41,8 @@ public:
 private:
     static std::size_t threadCount()
     {
-        // Every thread may hold a whole depth of folders open, twice while it copies them, and descriptors
-        // are few.
+        // Each thread may hold a descriptor for every level of a tree, two while it copies, and a process has
+        // few.
         constexpr int mostThreads = 8;
         constexpr rlim_t descriptorsPerThread = 220;
         rlimit limit{};

@@ -44,7 +44,7 @@ private:
     const FileSystem &m_files;
 };
 
-/// Stands for `Sha256` in a copy that needs no fingerprint.
+/// Takes the place of `Sha256` in a copy that needs no fingerprint.
 struct NoHash
 {
     void update(QByteArrayView /*bytes*/) const {}
@@ -100,14 +100,14 @@ FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFil
     return walk.finish(root.path);
 }
 
-/// Walks over `source` and copies it.
+/// Walks over `source` and copies it; `Hash` is `Sha256`, or `NoHash` for a copy without a fingerprint.
 template <typename Hash>
 auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)
 {
     const fs::path path = standardizedPath(source);
     const Folder from = openedRoot(path.filename(), [&] { return files.openFolder(path); });
     if (files.kindAt(destination)) {
-        snapshotOf(files, from, filter); // what is wrong with the source is told first
+        snapshotOf(files, from, filter); // an error in the source comes first
         throw VORNELWorkspaceError::integrityFailure(u"La destination existe déjà : "_s +
                                                      pathText(destination.filename()));
     }

@@ -4,11 +4,11 @@
 
 #include <VORNELInfrastructure/Disk/FileSystem.h>
 
-/// The one walk over a skill folder: it fingerprints and copies, and refuses whatever is unsafe. Throws
-/// `symlinkUnsupported` for a link anywhere in the tree, also where the filter would pass over it;
-/// `unsafeImport` for a file above 25 MiB, for what is neither file nor folder, for a name that is not UTF-8
-/// and for folders nested too deep; `invalidPath` for a reserved name; `filesystem_error` for the rest. What
-/// is told is what comes first, each folder being gone through by name, with all that it holds.
+/// Fingerprints and copies skill folders, and refuses whatever is unsafe. Throws `symlinkUnsupported` for a
+/// link anywhere in the tree, also where the filter would leave it out; `unsafeImport` for a file above 25
+/// MiB, for what is neither file nor folder, for a name that is not UTF-8 and for folders nested too deep;
+/// `invalidPath` for a reserved name; `filesystem_error` for the rest. Of several errors, the first is
+/// thrown: entries are visited by name, a folder's content before the entry after it.
 namespace vornel::SecureFileTree {
 
 /// Reads the whole tree. Throws `integrityFailure` when `root` is not a folder.

@@ -17,7 +17,7 @@ namespace {
 const EVP_MD *sha256()
 {
     static const EVP_MD *const algorithm = [] {
-        // Threads may end after the library's own clean-up at exit, which would then leave their part behind.
+        // Threads may end after the library's own clean-up at exit, and would then leak their contexts.
         OPENSSL_init_crypto(OPENSSL_INIT_NO_ATEXIT, nullptr);
         return EVP_MD_fetch(nullptr, "SHA256", nullptr);
     }();

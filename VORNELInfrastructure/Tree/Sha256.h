@@ -8,8 +8,8 @@ struct evp_md_ctx_st;
 
 namespace vornel {
 
-/// A running SHA-256. All digests of a thread share one context, which is costly to make, so a thread runs
-/// one digest at a time: a new one ends the last.
+/// A SHA-256 in the making, one at a time for each thread: they share the thread's context, which is costly
+/// to create, so a new digest gives up an unfinished one.
 class Sha256
 {
 public:

@@ -15,11 +15,10 @@
 namespace vornel {
 
 /// Goes through a tree, refuses what is unsafe, and hands the rest to a sink:
-/// - `Sink::Folder` is what the sink makes of a folder of the tree;
-/// - `addFolder(parent, name)` returns that of a folder below `parent`;
-/// - `addFile(parent, name, file, entry)` reads a file, and fills in its entry's size and digest. It is
-/// called
-///   for several files at once, but only for large ones.
+/// - `Sink::Folder` is what the sink makes of a folder of the tree, its counterpart;
+/// - `addFolder(parent, name)` returns the counterpart of a folder, given that of its parent;
+/// - `addFile(parent, name, file, entry)` reads a file, and fills in the size and digest of its entry. Large
+///   files of one folder are added by several threads at once.
 template <typename Sink>
 class TreeWalk
 {
@@ -56,8 +55,9 @@ private:
         int depth = 1;
     };
 
-    /// Appends all that is below a folder, each of its entries with what it holds before the next. Large
-    /// files are read together at the end, but what goes wrong is told in the order of the entries.
+    /// Appends all that is below a folder: its entries by name, each with what it holds before the next.
+    /// Large files come last, side by side; of several errors, that of the first entry is thrown all the
+    /// same.
     void visit(const Level &level)
     {
         if (level.depth > deepestLevel)
@@ -75,8 +75,8 @@ private:
             std::rethrow_exception(failure);
     }
 
-    /// Whether the walk takes this child; throws when the tree can't be taken with it in it. The folders
-    /// above have passed the same checks, so the name alone decides.
+    /// Whether the walk takes this child; throws when the child makes the whole tree unsafe. Only the name is
+    /// looked at, as the folders above have passed the same checks.
     bool accepts(const FolderEntry &child, const std::string &prefix) const
     {
         WorkspaceValidation::validateRelativePath(child.name);

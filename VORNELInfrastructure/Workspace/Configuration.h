@@ -17,8 +17,8 @@ struct Configuration
     std::filesystem::path claude;
     std::filesystem::path codex;
 
-    /// Standardises the three paths and refuses roots of which one lies in another, links resolved:
-    /// `invalidPath(overlappingRoots)`.
+    /// Standardises the three paths. Throws `invalidPath(overlappingRoots)` when one root lies in another,
+    /// with their links resolved.
     static Configuration forRoots(const FileSystem &files, const std::filesystem::path &workspace,
                                   const std::filesystem::path &claude, const std::filesystem::path &codex);
 
@@ -32,13 +32,12 @@ struct Configuration
     std::filesystem::path metadata() const { return bookkeeping() / "workspace.json"; }
     std::filesystem::path categories() const { return bookkeeping() / "categories.json"; }
 
-    /// Where the skill of this slug stands while it is active.
+    /// The folder of an active skill.
     std::filesystem::path canonical(const QString &slug) const;
 
-    /// Where the skill of this identifier stands while it is in the trash.
+    /// The folder of a skill in the trash.
     std::filesystem::path trashed(const QUuid &id) const;
 
-    /// Where the earlier versions of a skill stand.
     std::filesystem::path historyOf(const QUuid &id) const;
 
     /// An assistant's skills folder.

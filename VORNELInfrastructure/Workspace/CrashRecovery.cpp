@@ -24,13 +24,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The canonical folders in recovery whose manifest agrees with their name, the latest revision first.
-QList<SkillRecord> parkedCanonicalFolders(const Workspace &workspace)
+/// The canonical folders that were backed up while they were replaced, the latest revision first.
+QList<SkillRecord> canonicalBackups(const Workspace &workspace)
 {
     static const QRegularExpression shape(uR"(\A[0-9A-F-]{36}-canonical-(.+)\z)"_s);
     const SkillFolderStore store(workspace);
     const fs::path recovery = workspace.config.recovery();
-    QList<SkillRecord> parked;
+    QList<SkillRecord> backups;
     for (const FolderEntry &entry : workspace.files.list(workspace.files.openFolder(recovery))) {
         const auto match = shape.match(QString::fromStdString(entry.name));
         if (!match.hasMatch() || entry.kind != FileKind::Directory)
@@ -39,28 +39,28 @@ QList<SkillRecord> parkedCanonicalFolders(const Workspace &workspace)
             const SkillManifest manifest = store.readManifest(recovery / entry.name);
             WorkspaceValidation::validateSlug(manifest.slug);
             if (manifest.slug == match.captured(1))
-                parked.append({manifest, recovery / entry.name});
+                backups.append({manifest, recovery / entry.name});
         });
     }
-    std::ranges::sort(parked, std::ranges::greater{},
+    std::ranges::sort(backups, std::ranges::greater{},
                       [](const SkillRecord &record) { return record.manifest.revision; });
-    return parked;
+    return backups;
 }
 
-/// Once a swap has succeeded and the history holds the former revision, the former folder is of no use. One
-/// that another skill has taken the place of is all that is left of its own.
-void discardIfReplaced(const Workspace &workspace, const SkillRecord &parked, const fs::path &canonical)
+/// Once the folder has been replaced and the history holds the former revision, its backup is of no use. It
+/// stays where another skill stands in its place: then it may be the only copy of its own skill.
+void discardIfReplaced(const Workspace &workspace, const SkillRecord &backup, const fs::path &canonical)
 {
     const SkillFolderStore store(workspace);
-    const auto content = SecureFileTree::snapshot(workspace.files, parked.url, TreeFilter::all);
+    const auto content = SecureFileTree::snapshot(workspace.files, backup.url, TreeFilter::all);
     const SkillHistory history(workspace);
-    if (store.readManifest(canonical).id != parked.manifest.id ||
-        !history.holdsRevision(parked.manifest, content))
+    if (store.readManifest(canonical).id != backup.manifest.id ||
+        !history.holdsRevision(backup.manifest, content))
         return;
     if (content.isWhole)
-        store.discard(parked.url);
+        store.discard(backup.url);
     else
-        moveTree(workspace.files, parked.url, history.placeForReplaced(parked.manifest.id, u"library"_s));
+        moveTree(workspace.files, backup.url, history.placeForReplaced(backup.manifest.id, u"library"_s));
 }
 
 bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)
@@ -93,22 +93,22 @@ void removeAbandonedStages(const Workspace &workspace)
 
 } // namespace
 
-void discardParkedFolders(const Workspace &workspace, const QUuid &id)
+void discardBackups(const Workspace &workspace, const QUuid &id)
 {
-    for (const SkillRecord &parked : parkedCanonicalFolders(workspace)) {
-        if (parked.manifest.id == id)
-            SkillFolderStore(workspace).discard(parked.url);
+    for (const SkillRecord &backup : canonicalBackups(workspace)) {
+        if (backup.manifest.id == id)
+            SkillFolderStore(workspace).discard(backup.url);
     }
 }
 
-void bringBackSwappedFolders(const Workspace &workspace)
+void restoreBackups(const Workspace &workspace)
 {
-    for (const SkillRecord &parked : parkedCanonicalFolders(workspace)) {
-        const fs::path canonical = workspace.config.canonical(parked.manifest.slug);
+    for (const SkillRecord &backup : canonicalBackups(workspace)) {
+        const fs::path canonical = workspace.config.canonical(backup.manifest.slug);
         if (workspace.files.kindAt(canonical))
-            bestEffort([&] { discardIfReplaced(workspace, parked, canonical); });
-        else if (!workspace.files.kindAt(workspace.config.trashed(parked.manifest.id)))
-            moveTree(workspace.files, parked.url, canonical);
+            bestEffort([&] { discardIfReplaced(workspace, backup, canonical); });
+        else if (!workspace.files.kindAt(workspace.config.trashed(backup.manifest.id)))
+            moveTree(workspace.files, backup.url, canonical);
     }
 }
 
@@ -116,12 +116,12 @@ bool needsRecovery(const Workspace &workspace)
 {
     const fs::path staging = workspace.config.staging();
     return !workspace.files.list(workspace.files.openFolder(staging)).empty() ||
-           !parkedCanonicalFolders(workspace).isEmpty() || !unfinishedParts(workspace).empty();
+           !canonicalBackups(workspace).isEmpty() || !unfinishedParts(workspace).empty();
 }
 
 void recoverFromCrash(const Workspace &workspace)
 {
-    bringBackSwappedFolders(workspace);
+    restoreBackups(workspace);
     removeAbandonedStages(workspace);
     for (const fs::path &part : unfinishedParts(workspace))
         bestEffort([&] { removeTree(workspace.files, part); });

@@ -4,18 +4,19 @@
 
 namespace vornel {
 
-/// Puts right what an interrupted operation left: a skill whose swap was cut short comes back from the
+/// Puts right what an interrupted operation left: a skill whose replacement was cut short comes back from the
 /// recovery folder, a deletion for good is finished, and abandoned staging folders and unfinished files are
-/// removed. Copies that only the user can judge stay.
+/// removed. What only the user can judge stays in the recovery folder.
 void recoverFromCrash(const Workspace &workspace);
 
-/// The first part of that alone: an operation of another program may have been cut short since the start.
-void bringBackSwappedFolders(const Workspace &workspace);
+/// Only brings back skills whose replacement was cut short. This is repeated before every change, as another
+/// program may have been interrupted since the start.
+void restoreBackups(const Workspace &workspace);
 
 /// Whether there is anything to put right.
 bool needsRecovery(const Workspace &workspace);
 
-/// Deletes what interrupted swaps left of a skill, so that it can't come back once it is deleted for good.
-void discardParkedFolders(const Workspace &workspace, const QUuid &id);
+/// Deletes the backups of a skill that is deleted for good: otherwise the next start would bring it back.
+void discardBackups(const Workspace &workspace, const QUuid &id);
 
 } // namespace vornel

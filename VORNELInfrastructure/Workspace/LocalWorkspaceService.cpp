@@ -38,7 +38,7 @@ auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
     const Workspace workspace = workspaceOf(*m_configuration);
     if (mode == LockMode::Exclusive) {
         refuseNewerWorkspace(workspace);
-        bringBackSwappedFolders(workspace);
+        restoreBackups(workspace);
     }
     return operation(workspace);
 }
@@ -71,12 +71,12 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
         createLayout(workspace);
         const auto locked = [&](LockMode mode) { return m_manager->lock(config.bookkeeping(), mode); };
         auto lock = std::make_optional(locked(LockMode::Shared));
-        if (!isReady(workspace)) { // which is rare: a start hardly ever has to wait for others who read
+        if (!isReady(workspace)) { // only then must a start wait for readers
             lock.reset();
             prepareWorkspace(workspace, locked(LockMode::Exclusive));
             lock.emplace(locked(LockMode::Shared));
         }
-        readMetadata(workspace); // whose errors are told, too
+        readMetadata(workspace); // for its errors
         m_configuration = config;
         return makeOverview(workspace);
     });

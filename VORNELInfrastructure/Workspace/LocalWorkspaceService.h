@@ -11,12 +11,11 @@
 
 namespace vornel {
 
-/// The workspace on this machine's disk. Operations run one at a time in the order of the calls; several
-/// programs may work on one workspace, each operation holds it locked while it runs.
+/// The workspace on this machine's disk. Operations run one at a time, in the order of the calls. Each locks
+/// the workspace while it runs, so that several programs can share one.
 class LocalWorkspaceService : public WindowServicing, public CreationReviewing
 {
 public:
-    /// All file operations go through `manager`.
     explicit LocalWorkspaceService(std::shared_ptr<FileSystem> manager,
                                    FailureScope failureScope = FailureScope::Library);
 
@@ -55,7 +54,7 @@ private:
     template <typename Operation>
     auto runLocked(LockMode mode, const Operation &operation);
 
-    /// The same in its turn, on the service's own thread.
+    /// Runs `operation` so in its turn, on the service's own thread.
     template <typename Operation>
     auto perform(LockMode mode, Operation operation);
 

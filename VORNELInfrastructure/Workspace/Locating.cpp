@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The slug of a skill in the trash; empty where nothing tells it.
+/// The slug of a skill in the trash; empty where it can be read nowhere.
 QString trashedSlug(const Workspace &workspace, const fs::path &folder)
 {
     const SkillFolderStore store(workspace);

@@ -8,21 +8,21 @@
 namespace vornel {
 
 /// The skill of this folder. In the trash, where folders are named by identifiers, its slug is read from its
-/// manifest or, where that is spoiled, from its history.
+/// manifest or, where that can't be read, from its history.
 FailurePlace placeOf(const Workspace &workspace, const std::filesystem::path &folder);
 
 /// The skill of this slug, without a folder.
 FailurePlace placeOf(const Workspace &workspace, const QString &slug);
 
-/// A file that the workspace keeps for itself.
+/// A file of the workspace that belongs to no skill.
 struct OwnFile
 {
     std::filesystem::path path;
 };
 FailurePlace placeOf(const Workspace &workspace, const OwnFile &file);
 
-/// Throws `error`, which is about `subject`: a skill, by its folder or slug, or a file of the workspace. It
-/// says so where failures concern one skill.
+/// Throws `error`, which is about `subject`: a skill, by its folder or slug, or a file of the workspace. The
+/// error carries that place where the failure scope is one skill.
 template <typename Subject, typename Error>
 [[noreturn]] void failAt(const Workspace &workspace, const Subject &subject, const Error &error)
 {
@@ -31,7 +31,7 @@ template <typename Subject, typename Error>
     throw error;
 }
 
-/// Runs `action`, which works on `subject`; what it throws is told by `failAt`.
+/// Runs `action`, which works on `subject`; what it throws is thrown again by `failAt`.
 template <typename Subject, typename Action>
 auto locating(const Workspace &workspace, const Subject &subject, const Action &action)
 try {

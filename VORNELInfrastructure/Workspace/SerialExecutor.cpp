@@ -22,7 +22,7 @@ void SerialExecutor::run(const std::stop_token &end)
         m_functions.pop_front();
         lock.unlock();
         function();
-        function = nullptr; // what it holds goes before anybody else gets the lock
+        function = nullptr; // destroys what it holds while the lock is free
         lock.lock();
     }
 }

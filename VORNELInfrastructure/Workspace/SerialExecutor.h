@@ -20,8 +20,8 @@ namespace vornel {
 class SerialExecutor
 {
 public:
-    /// The function's result, or exactly what it threw. The function is given the promise, to report
-    /// progress.
+    /// Returns the function's result, or the very exception that it threw. The function is given the promise,
+    /// to report progress.
     template <typename Result, typename Function>
     QFuture<Result> submit(Function function)
     {

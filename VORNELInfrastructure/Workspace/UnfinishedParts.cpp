@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// How far below a folder something is looked for.
+/// How many levels of a folder are searched.
 enum class Reach { Entries, EntriesOfEntries };
 
 void collect(const FileSystem &files, const Folder &folder, Reach reach, std::vector<fs::path> &found)
@@ -47,7 +47,7 @@ std::vector<fs::path> unfinishedParts(const Workspace &workspace)
     for (const fs::path &folder :
          {config.bookkeeping(), config.recovery(), config.events(), config.claude, config.codex})
         look(folder, Reach::Entries);
-    // A skill's manifest is also rewritten where it stands.
+    // A manifest can be rewritten in its place, and its temporary file is then in the skill's folder.
     for (const fs::path &folder : {config.skills(), config.trash()})
         look(folder, Reach::EntriesOfEntries);
     bestEffort([&] {

@@ -6,11 +6,11 @@
 
 namespace vornel {
 
-/// Whether this is a name that is given to what isn't finished.
+/// Whether this is a temporary name, of a file or folder that wasn't finished.
 bool isUnfinished(const std::string &name);
 
-/// What moves to another volume and writes that were cut short have left in the roots, and what is noted of
-/// skills in the trash that aren't there. The drafts are the window's own, which may be writing one.
+/// What interrupted writes, and moves between volumes, have left in the roots, and the notes on skills in the
+/// trash that aren't there. Not among the drafts: a window may be writing one just now.
 std::vector<std::filesystem::path> unfinishedParts(const Workspace &workspace);
 
 } // namespace vornel

@@ -22,18 +22,17 @@ using FailedSyncTargets = QHash<QUuid, TargetReasons>;
 /// What was found wrong with the copies of a skill when its state was last worked out.
 struct CopyFindings
 {
-    TargetReasons unreadable = {}; ///< why which of them couldn't be looked at
-    QMap<TargetKind, std::string> drifted =
-        {}; ///< by which it is `drifted`, with the digests of their content
+    TargetReasons unreadable = {};              ///< those that can't be read, with the reason
+    QMap<TargetKind, std::string> drifted = {}; ///< those that differ, with the digests of their content
 };
 
-/// Per skill. One of which nothing was found has no entry.
+/// Per skill. A skill without findings has no entry.
 using FoundCopies = QHash<QUuid, CopyFindings>;
 
-/// What the failure to read something of one skill means for the others.
+/// How far a failure to read one skill reaches.
 enum class FailureScope {
-    Library, ///< an overview fails with it
-    Skill    ///< a copy that can't be looked at makes its own skill `failed`; errors name the folder they are
+    Library, ///< an overview fails
+    Skill    ///< a copy that can't be read makes its own skill `failed`; errors name the folder that they are
              ///< about
 };
 

@@ -29,7 +29,7 @@ void writeMetadata(const Workspace &workspace)
                 RecordJson::document(RecordJson::encode(metadata)), Durability::Now);
 }
 
-/// Whether a newer version has made the workspace what it is.
+/// Whether a newer version wrote "workspace.json".
 bool isNewer(const Workspace &workspace)
 {
     return readMetadata(workspace).schemaVersion > currentSchema;

@@ -22,24 +22,24 @@ public:
     QUuid workspaceID;
     QString displayName;
     QDateTime createdAt;
-    qint64 resourceCopyThresholdBytes = 0; ///< kept for readers of the file; the tree's limit is built in
+    qint64 resourceCopyThresholdBytes = 0; ///< written for other readers; this program's limit is built in
 };
 
-/// Refuses roots that are links, and creates the folders that the layout lacks, unless it is that of a newer
-/// version.
+/// Refuses roots that are links, and creates the missing folders of the workspace, unless it is that of a
+/// newer version.
 void createLayout(const Workspace &workspace);
 
 /// Reads "workspace.json". Throws `integrityFailure` when it isn't what it should be.
 WorkspaceMetadata readMetadata(const Workspace &workspace);
 
-/// Throws `integrityFailure` in the workspace of a newer version, which is only to be looked at.
+/// Throws `integrityFailure` in the workspace of a newer version, which may only be read.
 void refuseNewerWorkspace(const Workspace &workspace);
 
 /// Whether the workspace can be opened without a change.
 bool isReady(const Workspace &workspace);
 
-/// Puts right what a crash left, and writes the files that the workspace lacks, while `lock` keeps others
-/// out. An existing "workspace.json" or catalog is only read and checked.
+/// Puts right what a crash left, and writes the missing files of the workspace. `lock` is the exclusive lock
+/// that the caller holds meanwhile. An existing "workspace.json" or catalog is only read and checked.
 void prepareWorkspace(const Workspace &workspace, const Folder &lock);
 
 } // namespace vornel

@@ -7,7 +7,7 @@
 
 namespace vornel {
 
-/// The value of an environment variable, null without one.
+/// The value of an environment variable; null when it isn't set.
 using Environment = std::function<const char *(const char *variable)>;
 
 /// The three folders that the program works on.
@@ -23,8 +23,8 @@ struct WorkspaceRoots
                                           const WorkspaceLocating &locator);
 };
 
-/// The user's home folder: HOME, or what the system's accounts say. Throws `std::system_error` without
-/// either.
+/// The user's home folder: HOME, or else that of the user's account. Throws `std::system_error` when there is
+/// neither.
 std::filesystem::path homeFolder(const Environment &environment);
 
 } // namespace vornel
