@@ -6,14 +6,10 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Categories/CategoryEditing.h>
-#include <VORNELInfrastructure/Import/ImportCommit.h>
-#include <VORNELInfrastructure/Import/ImportScan.h>
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
 #include <VORNELInfrastructure/Targets/SynchronizationPass.h>
 #include <VORNELInfrastructure/Targets/TargetInspector.h>
-
-#include <algorithm>
 
 namespace vornel {
 
@@ -84,41 +80,18 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
 
 QFuture<ImportPlan> LocalWorkspaceService::scanImports()
 {
-    return perform(LockMode::Shared, [this](const Workspace &workspace) {
-        return m_pendingPlan.emplace(vornel::scanImports(workspace));
-    });
-}
-
-ImportPlan &LocalWorkspaceService::pendingPlan()
-{
-    if (!m_pendingPlan)
-        throw VORNELWorkspaceError::importPlanNotFound();
-    return *m_pendingPlan;
+    return perform(LockMode::Shared, [this](const Workspace &workspace) { return m_import.scan(workspace); });
 }
 
 QFuture<ImportPlan> LocalWorkspaceService::resolveCollision(QUuid id, CollisionChoice choice)
 {
-    return perform(LockMode::Shared, [this, id, choice](const Workspace &) {
-        ImportPlan &plan = pendingPlan();
-        const auto collision = std::ranges::find(plan.collisions, id, &ImportCollision::id);
-        if (collision == plan.collisions.end())
-            throw VORNELWorkspaceError::collisionNotFound(id);
-        collision->choice = choice;
-        plan.revision += 1;
-        return plan;
-    });
+    return perform(LockMode::Shared,
+                   [this, id, choice](const Workspace &) { return m_import.resolve(id, choice); });
 }
 
 QFuture<ImportPlan> LocalWorkspaceService::excludeFromImport(QString slug)
 {
-    return perform(LockMode::Shared, [this, slug](const Workspace &) {
-        ImportPlan &plan = pendingPlan();
-        const auto isExcluded = [&slug](const auto &entry) { return entry.slug == slug; };
-        plan.candidates.removeIf(isExcluded);
-        plan.collisions.removeIf(isExcluded);
-        plan.revision += 1;
-        return plan;
-    });
+    return perform(LockMode::Shared, [this, slug](const Workspace &) { return m_import.exclude(slug); });
 }
 
 QFuture<WorkspaceOverview> LocalWorkspaceService::commitImport(QUuid planID)
@@ -130,10 +103,7 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::commitImport(QUuid planID)
             promise.setProgressValue(done);
         };
         return runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {
-            if (pendingPlan().id != planID)
-                throw VORNELWorkspaceError::importPlanNotFound();
-            ImportCommit(workspace).run(pendingPlan(), report);
-            m_pendingPlan.reset();
+            m_import.commit(workspace, planID, report);
             return makeOverview(workspace);
         });
     });

@@ -5,6 +5,7 @@
 
 #include <VORNELCore/Services/CreationReviewing.h>
 #include <VORNELCore/Services/WindowServicing.h>
+#include <VORNELInfrastructure/Import/PendingImport.h>
 
 #include <memory>
 #include <optional>
@@ -62,13 +63,12 @@ private:
     template <typename Operation>
     QFuture<WorkspaceOverview> change(Operation operation);
 
-    ImportPlan &pendingPlan();
     Workspace workspaceOf(const Configuration &config);
 
     std::shared_ptr<FileSystem> m_manager;
     FailureScope m_failureScope;
     std::optional<Configuration> m_configuration;
-    std::optional<ImportPlan> m_pendingPlan;
+    PendingImport m_import;
     FailedSyncTargets m_failedSyncTargets;
     FoundCopies m_foundCopies;
     SerialExecutor m_executor; // last, so that it ends before what its functions use
