@@ -26,8 +26,8 @@ QList<SkillRecord> recordsIn(const QString &category, QList<SkillRecord> records
     return records;
 }
 
-/// Before any of them is changed.
-void refuseNewerOnes(const QList<SkillRecord> &records)
+/// Called before the first skill is changed, so that a refusal leaves them all as they are.
+void refuseNewerManifests(const QList<SkillRecord> &records)
 {
     for (const SkillRecord &record : records)
         refuseNewer(record.manifest);
@@ -70,10 +70,10 @@ void CategoryEditing::remove(const QString &id) const
     catalog.refuseIfNewer();
     const QList<SkillRecord> active = recordsIn(id, activeManifests(m_workspace));
     QList<SkillRecord> trashed = recordsIn(id, trashedManifests(m_workspace));
-    refuseNewerOnes(active + trashed);
+    refuseNewerManifests(active + trashed);
 
     for (const SkillRecord &skill : active)
-        moveActiveSkill(skill, SkillCategory::otherID);
+        setCategory(skill, SkillCategory::otherID);
     for (SkillRecord &skill : trashed)
         rewrite(skill, SkillCategory::otherID);
     catalog.categories.removeIf([&id](const SkillCategory &category) { return category.id == id; });
@@ -88,11 +88,11 @@ void CategoryEditing::assign(const QSet<QUuid> &ids, const QString &category) co
     changing.removeIf([&](const SkillRecord &skill) {
         return !ids.contains(skill.manifest.id) || skill.manifest.category == category;
     });
-    refuseNewerOnes(changing);
+    refuseNewerManifests(changing);
     for (const QUuid &id : inTextOrder(ids)) {
         const SkillRecord &skill = findRecord(active, id);
         if (skill.manifest.category != category)
-            moveActiveSkill(skill, category);
+            setCategory(skill, category);
     }
 }
 
@@ -100,15 +100,15 @@ void CategoryEditing::rewrite(SkillRecord &skill, const QString &category) const
 {
     skill.manifest.category = category;
     advanceRevision(skill.manifest);
-    SkillFolderStore(m_workspace).writeManifest(skill.manifest, skill.url, Durability::Now);
+    SkillFolderStore(m_workspace).writeManifest(skill.manifest, skill.folder, Durability::Now);
 }
 
-void CategoryEditing::moveActiveSkill(SkillRecord skill, const QString &category) const
+void CategoryEditing::setCategory(SkillRecord skill, const QString &category) const
 {
-    const SkillFolderStore store(m_workspace);
-    SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
+    const SkillHistory history(m_workspace);
+    history.keepRevision(skill.manifest, skill.folder);
     rewrite(skill, category);
-    SkillHistory(m_workspace).add(skill.manifest, skill.url);
+    history.add(skill.manifest, skill.folder);
 }
 
 } // namespace vornel

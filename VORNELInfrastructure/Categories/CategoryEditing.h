@@ -22,9 +22,11 @@ public:
     void assign(const QSet<QUuid> &ids, const QString &category) const;
 
 private:
-    /// Writes a skill's new category as its next revision.
+    /// Writes the category into the manifest, as the skill's next revision.
     void rewrite(SkillRecord &skill, const QString &category) const;
-    void moveActiveSkill(SkillRecord skill, const QString &category) const;
+
+    /// The same for an active skill, whose history keeps the revisions before and after.
+    void setCategory(SkillRecord skill, const QString &category) const;
 
     const Workspace &m_workspace;
 };

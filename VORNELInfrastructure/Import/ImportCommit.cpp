@@ -118,7 +118,7 @@ try {
     WorkspaceValidation::validateSlug(candidate.slug);
     StagedSkill skill{.candidate = &candidate, .known = activeSkill(candidate.slug)};
     if (skill.known != nullptr) {
-        if (!holdsContent(candidate, skill.known->url))
+        if (!holdsContent(candidate, skill.known->folder))
             throw VORNELWorkspaceError::duplicateSlug(candidate.slug);
         return skill;
     }
@@ -200,7 +200,7 @@ void ImportCommit::finish(const CommittedSkill &skill)
 
 void ImportCommit::adopt(const ImportCandidate &candidate, const SkillRecord &skill) const
 {
-    SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
+    SkillHistory(m_workspace).keepRevision(skill.manifest, skill.folder);
     // A target that still fails is remembered with the skill, and doesn't hold back the import again. One
     // whose content has changed since the scan is left for the user to look at.
     bestEffort([&] {

@@ -50,14 +50,14 @@ SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
 {
     const SkillRecord skill{newManifest(request), m_workspace.config.canonical(request.slug)};
 
-    StagedFolder folder{m_store.makeStage(), {.path = skill.url}};
+    StagedFolder folder{m_store.makeStage(), {.path = skill.folder}};
     const fs::path &stage = folder.stage.path();
     createFolders(m_workspace.files, stage, Durability::Later);
     m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
     m_store.writeManifest(skill.manifest, stage, Durability::Later);
     commit(m_workspace.files, folder);
 
-    SkillHistory(m_workspace).add(skill.manifest, skill.url);
+    SkillHistory(m_workspace).add(skill.manifest, skill.folder);
     TargetSynchronizer(m_workspace).synchronize(skill);
     return makeDetail(m_workspace, skill);
 }
@@ -75,16 +75,16 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
     if (skillMD.trimmed().isEmpty())
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
     refuseNewer(skill.manifest);
-    const fs::path keptAs = SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url);
+    const fs::path keptAs = SkillHistory(m_workspace).keepRevision(skill.manifest, skill.folder);
     advanceRevision(skill.manifest);
 
     Stage stage = m_store.makeStage();
-    SecureFileTree::copyTree(m_workspace.files, skill.url, stage.path(), TreeFilter::all);
+    SecureFileTree::copyTree(m_workspace.files, skill.folder, stage.path(), TreeFilter::all);
     m_store.writeSkillMD(skillMD, stage.path());
     m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
-    m_store.replaceCanonical(skill.url, std::move(stage), keptAs);
+    m_store.replaceCanonical(skill.folder, std::move(stage), keptAs);
 
-    SkillHistory(m_workspace).add(skill.manifest, skill.url);
+    SkillHistory(m_workspace).add(skill.manifest, skill.folder);
     TargetSynchronizer(m_workspace).synchronize(skill);
     return makeDetail(m_workspace, skill);
 }
@@ -113,7 +113,7 @@ SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
 /// to have been edited by an assistant.
 void SkillAuthoring::keepRevision(const SkillRecord &skill) const
 {
-    bestEffort([&] { SkillHistory(m_workspace).keepRevision(skill.manifest, skill.url); });
+    bestEffort([&] { SkillHistory(m_workspace).keepRevision(skill.manifest, skill.folder); });
 }
 
 } // namespace vornel

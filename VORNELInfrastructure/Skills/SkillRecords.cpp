@@ -45,7 +45,7 @@ void refuseDoubled(const Workspace &workspace, const std::vector<SkillRecord> &r
     QSet<Part> seen;
     for (const SkillRecord &record : records) {
         if (seen.contains(record.manifest.*part))
-            failAt(workspace, record.url, VORNELWorkspaceError::integrityFailure(reason));
+            failAt(workspace, record.folder, VORNELWorkspaceError::integrityFailure(reason));
         seen.insert(record.manifest.*part);
     }
 }
@@ -69,8 +69,8 @@ QList<SkillRecord> records(const Workspace &workspace, const fs::path &place)
 
 std::string_view folderName(const SkillRecord &record)
 {
-    const std::string_view url = record.url.native();
-    return url.substr(url.rfind('/') + 1);
+    const std::string_view folder = record.folder.native();
+    return folder.substr(folder.rfind('/') + 1);
 }
 
 } // namespace
@@ -80,7 +80,7 @@ QList<SkillRecord> activeManifests(const Workspace &workspace)
     QList<SkillRecord> active = records(workspace, workspace.config.skills());
     for (const SkillRecord &record : std::as_const(active)) {
         if (folderName(record) != record.manifest.slug.toStdString())
-            failAt(workspace, record.url,
+            failAt(workspace, record.folder,
                    VORNELWorkspaceError::integrityFailure(
                        u"Le dossier canonique ne correspond pas au slug du manifeste."_s));
     }
@@ -92,7 +92,7 @@ QList<SkillRecord> trashedManifests(const Workspace &workspace)
     QList<SkillRecord> trashed = records(workspace, workspace.config.trash());
     for (const SkillRecord &record : std::as_const(trashed)) {
         if (folderName(record) != uuidText(record.manifest.id).toStdString())
-            failAt(workspace, record.url,
+            failAt(workspace, record.folder,
                    VORNELWorkspaceError::integrityFailure(
                        u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s));
     }

@@ -11,7 +11,7 @@ namespace vornel {
 struct SkillRecord
 {
     SkillManifest manifest;
-    std::filesystem::path url;
+    std::filesystem::path folder;
 };
 
 /// The active skills, in no order. One bad folder makes the whole reading fail: `symlinkUnsupported` for a

@@ -36,7 +36,7 @@ void SkillTrash::moveToTrash(const SkillRecord &skill) const
     if (m_workspace.files.kindAt(destination))
         throw VORNELWorkspaceError::integrityFailure(u"Le skill existe déjà dans la corbeille."_s);
     TrashMoments(m_workspace).note(skill.manifest.id);
-    moveTree(m_workspace.files, skill.url, destination);
+    moveTree(m_workspace.files, skill.folder, destination);
     m_workspace.failedSyncTargets.remove(skill.manifest.id);
 }
 
@@ -81,11 +81,11 @@ void SkillTrash::restore(const QUuid &id) const
 
 void SkillTrash::bringBack(const fs::path &source, const SkillRecord &skill) const
 {
-    moveTree(m_workspace.files, source, skill.url);
+    moveTree(m_workspace.files, source, skill.folder);
     try {
-        SkillHistory(m_workspace).add(skill.manifest, skill.url);
+        SkillHistory(m_workspace).add(skill.manifest, skill.folder);
     } catch (...) {
-        bestEffort([&] { moveTree(m_workspace.files, skill.url, source); });
+        bestEffort([&] { moveTree(m_workspace.files, skill.folder, source); });
         throw;
     }
 }

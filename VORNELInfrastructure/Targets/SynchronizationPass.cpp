@@ -47,7 +47,7 @@ public:
         };
         if (!std::ranges::all_of(m_targets, holdsContent))
             return std::nullopt;
-        return SkillDetail{skill.manifest, SkillFolderStore(m_workspace).readSkillMD(skill.url, slug),
+        return SkillDetail{skill.manifest, SkillFolderStore(m_workspace).readSkillMD(skill.folder, slug),
                            canonical.relativeFiles(), QString::fromStdString(canonical.digest),
                            SyncState::inSync};
     } catch (const std::exception &) {

@@ -91,7 +91,7 @@ QString refusalOf(FileKind kind)
 QList<TargetInspection> TargetInspector::inspect(const QUuid &id) const
 {
     const SkillRecord skill = activeRecord(m_workspace, id);
-    const FileTreeSnapshot canonical = contentOf(skill.url);
+    const FileTreeSnapshot canonical = contentOf(skill.folder);
     DriftCauses causes(m_workspace, skill.manifest);
     QList<TargetInspection> inspections;
     for (const TargetKind target : allCases<TargetKind>())
@@ -177,7 +177,7 @@ std::optional<QByteArray> TargetInspector::readFile(const QUuid &id, std::option
     WorkspaceValidation::validateRelativePath(relativePath.toUtf8());
     const SkillRecord skill = activeRecord(m_workspace, id);
     const fs::path folder =
-        target ? m_workspace.config.target(*target) / pathFromText(skill.manifest.slug) : skill.url;
+        target ? m_workspace.config.target(*target) / pathFromText(skill.manifest.slug) : skill.folder;
     const fs::path path = folder / pathFromText(relativePath);
     const std::optional<FileKind> kind = m_workspace.files.kindAt(path);
     if (!kind || *kind == FileKind::Directory)

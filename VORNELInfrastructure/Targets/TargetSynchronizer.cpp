@@ -64,11 +64,11 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill) const
 {
     Failures unusable = prepareRoots();
     std::string digest;
-    if (const auto unreadable = failureOf([&] { digest = contentOf(skill.url).digest; })) {
+    if (const auto unreadable = failureOf([&] { digest = contentOf(skill.folder).digest; })) {
         for (const TargetKind kind : allCases<TargetKind>())
             unusable.emplace(kind, unreadable);
     }
-    Install install = stage(skill.manifest, skill.url, digest, unusable);
+    Install install = stage(skill.manifest, skill.folder, digest, unusable);
     const auto isKept = [](const StagedFolder &copy) { return !copy.destination.keptAs.empty(); };
     if (std::ranges::any_of(install.copies | std::views::values, isKept))
         createFolders(m_workspace.files, m_workspace.config.historyOf(skill.manifest.id), Durability::Now);
@@ -90,7 +90,7 @@ void TargetSynchronizer::setAside(const SkillRecord &skill, TargetKind kind) con
     if (files.kindAt(destination.path))
         destination.backup = destination.keptAs = recoveryPlace(u"-removed-"_s, kind, slug);
     StagedFolder copy{m_store.makeStage(), destination};
-    SecureFileTree::copyTree(files, skill.url, copy.stage.path(), TreeFilter::excludingManifest);
+    SecureFileTree::copyTree(files, skill.folder, copy.stage.path(), TreeFilter::excludingManifest);
     blaming(destination.path, [&] { discardFormer(commit(files, copy)); });
 
     TargetReasons reasons = m_workspace.failedSyncTargets.take(skill.manifest.id);

@@ -52,15 +52,15 @@ QList<SkillRecord> canonicalBackups(const Workspace &workspace)
 void discardIfReplaced(const Workspace &workspace, const SkillRecord &backup, const fs::path &canonical)
 {
     const SkillFolderStore store(workspace);
-    const auto content = SecureFileTree::snapshot(workspace.files, backup.url, TreeFilter::all);
+    const auto content = SecureFileTree::snapshot(workspace.files, backup.folder, TreeFilter::all);
     const SkillHistory history(workspace);
     if (store.readManifest(canonical).id != backup.manifest.id ||
         !history.holdsRevision(backup.manifest, content))
         return;
     if (content.isWhole)
-        store.discard(backup.url);
+        store.discard(backup.folder);
     else
-        moveTree(workspace.files, backup.url, history.placeForReplaced(backup.manifest.id, u"library"_s));
+        moveTree(workspace.files, backup.folder, history.placeForReplaced(backup.manifest.id, u"library"_s));
 }
 
 bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)
@@ -97,7 +97,7 @@ void discardBackups(const Workspace &workspace, const QUuid &id)
 {
     for (const SkillRecord &backup : canonicalBackups(workspace)) {
         if (backup.manifest.id == id)
-            SkillFolderStore(workspace).discard(backup.url);
+            SkillFolderStore(workspace).discard(backup.folder);
     }
 }
 
@@ -108,7 +108,7 @@ void restoreBackups(const Workspace &workspace)
         if (workspace.files.kindAt(canonical))
             bestEffort([&] { discardIfReplaced(workspace, backup, canonical); });
         else if (!workspace.files.kindAt(workspace.config.trashed(backup.manifest.id)))
-            moveTree(workspace.files, backup.url, canonical);
+            moveTree(workspace.files, backup.folder, canonical);
     }
 }
 

@@ -67,9 +67,9 @@ SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
 {
     SkillDetail detail;
     detail.manifest = skill.manifest;
-    locating(workspace, skill.url, [&] {
-        detail.skillMD = SkillFolderStore(workspace).readSkillMD(skill.url, skill.manifest.slug);
-        const FileTreeSnapshot tree = SecureFileTree::snapshot(workspace.files, skill.url, TreeFilter::all);
+    locating(workspace, skill.folder, [&] {
+        detail.skillMD = SkillFolderStore(workspace).readSkillMD(skill.folder, skill.manifest.slug);
+        const FileTreeSnapshot tree = SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all);
         detail.relativeFiles = tree.relativeFiles();
         detail.contentRevision = QString::fromStdString(tree.digest);
     });
