@@ -30,7 +30,7 @@ struct Session
 {
     const Invocation &invocation;
     WorkspaceServicing &service;
-    TargetInspecting &copies;
+    CopyInspecting &copies;
     TrashInspecting &trash;
     ImportReviewing &imports;
     CopyRepairing &repairs;
@@ -169,9 +169,9 @@ int show(const Session &session)
 int diff(const Session &session)
 {
     const QUuid id = activeSkill(session, session.invocation.operands.first());
-    const QList<TargetInspection> copies = session.copies.inspectTargets(id).result();
+    const QList<CopyInspection> copies = session.copies.inspectCopies(id).result();
     output(session, copies, Report::copies);
-    const auto isInSync = [](const TargetInspection &copy) { return copy.state == SyncState::inSync; };
+    const auto isInSync = [](const CopyInspection &copy) { return copy.state == SyncState::inSync; };
     return std::ranges::all_of(copies, isInSync) ? ExitCode::success : ExitCode::needsAttention;
 }
 
@@ -276,10 +276,10 @@ QList<QUuid> skillsToSynchronize(const Session &session)
 }
 
 /// The copies of a skill that have failed.
-QList<TargetInspection> failedCopies(const Session &session, const QUuid &id)
+QList<CopyInspection> failedCopies(const Session &session, const QUuid &id)
 {
-    QList<TargetInspection> copies = session.copies.wrongCopies().result().value(id);
-    copies.removeIf([](const TargetInspection &copy) { return copy.reason.isEmpty(); });
+    QList<CopyInspection> copies = session.copies.wrongCopies().result().value(id);
+    copies.removeIf([](const CopyInspection &copy) { return copy.reason.isEmpty(); });
     return copies;
 }
 
@@ -306,7 +306,7 @@ void reportFailures(const Session &session, const QList<SyncOutcome> &failures)
     for (const SyncOutcome &failure : failures) {
         Terminal::printError(Terminal::printable(slugOf(failure.id, session.overview.skills) + u"\u00A0: "_s +
                                                  errorMessage(failure.failure)));
-        for (const TargetInspection &copy : failedCopies(session, failure.id))
+        for (const CopyInspection &copy : failedCopies(session, failure.id))
             Terminal::printError(Terminal::printable(u"  "_s + copy.assistant() + u"\u00A0: "_s +
                                                      copy.reason + u" ("_s + copy.shownPath() + u')'));
     }

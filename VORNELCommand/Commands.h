@@ -2,10 +2,10 @@
 
 #include "CommandLine.h"
 
+#include <VORNELCore/Services/CopyInspecting.h>
 #include <VORNELCore/Services/CopyRepairing.h>
 #include <VORNELCore/Services/CreationReviewing.h>
 #include <VORNELCore/Services/ImportReviewing.h>
-#include <VORNELCore/Services/TargetInspecting.h>
 #include <VORNELCore/Services/TrashInspecting.h>
 #include <VORNELCore/Services/WorkspaceServicing.h>
 
@@ -26,7 +26,7 @@ QList<CommandSyntax> commandSyntaxes();
 struct Services
 {
     WorkspaceServicing &workspace;
-    TargetInspecting &copies;
+    CopyInspecting &copies;
     TrashInspecting &trash;
     ImportReviewing &imports;
     CopyRepairing &repairs;

@@ -19,7 +19,7 @@ Drift Drifts::of(const QUuid &id) const
                 .emplace(); // such as while another program writes: the report is worth more than the causes
         }
     }
-    const QList<TargetInspection> copies = m_wrong->value(id);
+    const QList<CopyInspection> copies = m_wrong->value(id);
     return copies.isEmpty() ? Drift::unknown : worstDrift(copies);
 }
 

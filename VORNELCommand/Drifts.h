@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELCore/Services/TargetInspecting.h>
+#include <VORNELCore/Services/CopyInspecting.h>
 
 #include <QJsonValue>
 
@@ -13,7 +13,7 @@ namespace vornel {
 class Drifts
 {
 public:
-    explicit Drifts(TargetInspecting &copies) : m_copies(copies) {}
+    explicit Drifts(CopyInspecting &copies) : m_copies(copies) {}
 
     Drift of(const QUuid &id) const;
 
@@ -21,8 +21,8 @@ public:
     QJsonValue addedTo(const QJsonValue &records) const;
 
 private:
-    TargetInspecting &m_copies;
-    mutable std::optional<QHash<QUuid, QList<TargetInspection>>> m_wrong;
+    CopyInspecting &m_copies;
+    mutable std::optional<QHash<QUuid, QList<CopyInspection>>> m_wrong;
 };
 
 } // namespace vornel

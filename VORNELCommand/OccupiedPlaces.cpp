@@ -40,7 +40,7 @@ QString messageFor(const QList<TargetOccupant> &occupants)
 
 } // namespace
 
-void refuseOccupied(TargetInspecting &copies, const QList<TargetPlace> &places, bool mayReplace)
+void refuseOccupied(CopyInspecting &copies, const QList<TargetPlace> &places, bool mayReplace)
 {
     QList<TargetOccupant> occupants = copies.occupants(places).result();
     const bool isReplaceable = std::ranges::all_of(occupants, &QString::isEmpty, &TargetOccupant::refusal);

@@ -165,10 +165,10 @@ QString detail(const SkillDetail &detail, const Drifts &drifts)
            (detail.skillMD.endsWith(u'\n') ? u""_s : u"\n"_s);
 }
 
-QString copies(const QList<TargetInspection> &copies)
+QString copies(const QList<CopyInspection> &copies)
 {
     QList<QList<Cell>> rows;
-    for (const TargetInspection &copy : copies) {
+    for (const CopyInspection &copy : copies) {
         rows.append({{copy.assistant()}, stateCell(copy.state, copy.drift)});
         if (copy.drift == Drift::outdated)
             rows.append({{}, {u"rien n’y a été modifié, c’est le dossier de VORNEL qui a changé"_s}});

@@ -2,8 +2,8 @@
 
 #include "Drifts.h"
 
+#include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/ImportModels.h>
-#include <VORNELCore/Records/TargetInspection.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QHash>
@@ -27,7 +27,7 @@ QString detail(const SkillDetail &detail, const Drifts &drifts);
 
 /// Where each copy stands, with the reason of a failure or what is behind a difference, and the paths that
 /// differ.
-QString copies(const QList<TargetInspection> &copies);
+QString copies(const QList<CopyInspection> &copies);
 
 /// One row a skill: where it stands after an operation.
 QString states(const QList<SkillDetail> &details, const Drifts &drifts);

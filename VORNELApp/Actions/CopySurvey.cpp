@@ -8,12 +8,12 @@ namespace vornel {
 
 namespace {
 
-int countOf(Drift drift, const QList<TargetInspection> &inspections)
+int countOf(Drift drift, const QList<CopyInspection> &inspections)
 {
-    return static_cast<int>(std::ranges::count(inspections, drift, &TargetInspection::drift));
+    return static_cast<int>(std::ranges::count(inspections, drift, &CopyInspection::drift));
 }
 
-bool hasFailed(const TargetInspection &inspection)
+bool hasFailed(const CopyInspection &inspection)
 {
     return inspection.state == SyncState::failed;
 }
@@ -54,9 +54,9 @@ QCoro::Task<> CopySurvey::look(CopySurvey *self, std::weak_ptr<const bool> life,
                                QSet<QUuid> ids, int request)
 {
     for (const QUuid &id : std::as_const(ids)) {
-        QList<TargetInspection> inspections;
+        QList<CopyInspection> inspections;
         try {
-            inspections = co_await model->inspector().inspectTargets(id);
+            inspections = co_await model->inspector().inspectCopies(id);
         } catch (const std::exception &) {
             inspections.clear(); // a skill that can't be read has no copies to compare
         }
@@ -68,7 +68,7 @@ QCoro::Task<> CopySurvey::look(CopySurvey *self, std::weak_ptr<const bool> life,
     Q_EMIT self->finished();
 }
 
-void CopySurvey::note(const QList<TargetInspection> &inspections)
+void CopySurvey::note(const QList<CopyInspection> &inspections)
 {
     m_editedCopies += countOf(Drift::edited, inspections);
     m_unexplainedCopies += countOf(Drift::unknown, inspections);

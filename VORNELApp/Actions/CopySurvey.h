@@ -52,7 +52,7 @@ private:
     void run(const QSet<QUuid> &ids);
     static QCoro::Task<> look(CopySurvey *self, std::weak_ptr<const bool> life, AppModel *model,
                               QSet<QUuid> ids, int request);
-    void note(const QList<TargetInspection> &inspections);
+    void note(const QList<CopyInspection> &inspections);
     void setRunning(bool isRunning);
 
     const std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true); ///< goes with this

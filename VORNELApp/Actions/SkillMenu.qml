@@ -91,7 +91,7 @@ Item {
             model: chooser.unreadable
 
             ActionMenuItem {
-                required property targetInspection modelData
+                required property copyInspection modelData
 
                 enabled: !chooser.model.isWorking
                 symbol: "archive"
@@ -106,7 +106,7 @@ Item {
             model: chooser.unreadable
 
             ActionMenuItem {
-                required property targetInspection modelData
+                required property copyInspection modelData
 
                 symbol: "folder-open"
                 text: "Ouvrir le dossier de " + modelData.assistant

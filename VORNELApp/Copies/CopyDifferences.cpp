@@ -36,11 +36,11 @@ QString wording(FileChange change)
 
 } // namespace
 
-void CopyDifferences::setInspections(const QList<TargetInspection> &inspections)
+void CopyDifferences::setInspections(const QList<CopyInspection> &inspections)
 {
     beginResetModel();
     m_rows.clear();
-    for (const TargetInspection &inspection : inspections) {
+    for (const CopyInspection &inspection : inspections) {
         for (const FileDifference &difference : inspection.differences)
             m_rows.append({inspection.target, difference});
     }

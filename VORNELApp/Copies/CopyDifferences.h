@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELCore/Records/TargetInspection.h>
+#include <VORNELCore/Records/CopyInspection.h>
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
@@ -17,7 +17,7 @@ class CopyDifferences : public QAbstractListModel
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    void setInspections(const QList<TargetInspection> &inspections);
+    void setInspections(const QList<CopyInspection> &inspections);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;

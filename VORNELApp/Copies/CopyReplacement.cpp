@@ -2,7 +2,7 @@
 
 namespace vornel {
 
-CopyReplacement::CopyReplacement(TargetInspecting &inspector, const Operations &operations)
+CopyReplacement::CopyReplacement(CopyInspecting &inspector, const Operations &operations)
     : m_operations(operations), m_copies(inspector)
 {
     connect(&m_copies, &SkillCopies::looked, this, &CopyReplacement::judge);

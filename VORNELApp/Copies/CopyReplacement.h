@@ -25,7 +25,7 @@ public:
     enum Purpose { Saving, Synchronising };
     Q_ENUM(Purpose)
 
-    CopyReplacement(TargetInspecting &inspector, const Operations &operations);
+    CopyReplacement(CopyInspecting &inspector, const Operations &operations);
 
     SkillCopies *copies() { return &m_copies; }
     Purpose purpose() const { return m_purpose; }

@@ -74,7 +74,7 @@ Sheet {
             model: sheet.copies.targets
 
             FailedCopy {
-                required property targetInspection modelData
+                required property copyInspection modelData
 
                 canAct: !sheet.model.isWorking
                 inspection: modelData

@@ -6,7 +6,7 @@ import VORNELDesignSystem
 Column {
     id: copy
 
-    required property targetInspection inspection
+    required property copyInspection inspection
     required property bool canAct
 
     signal settingAsideAsked

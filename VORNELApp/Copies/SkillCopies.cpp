@@ -21,7 +21,7 @@ void SkillCopies::setSkillID(const QUuid &id)
 QVariantList SkillCopies::targets() const
 {
     QVariantList targets;
-    for (const TargetInspection &inspection : m_inspections)
+    for (const CopyInspection &inspection : m_inspections)
         targets.append(QVariant::fromValue(inspection));
     return targets;
 }
@@ -29,7 +29,7 @@ QVariantList SkillCopies::targets() const
 bool SkillCopies::hasDrifted() const
 {
     return std::ranges::any_of(
-        m_inspections, [](const TargetInspection &inspection) { return !inspection.differences.isEmpty(); });
+        m_inspections, [](const CopyInspection &inspection) { return !inspection.differences.isEmpty(); });
 }
 
 bool SkillCopies::hasEdits() const
@@ -39,32 +39,31 @@ bool SkillCopies::hasEdits() const
 
 bool SkillCopies::hasUnreadable() const
 {
-    return std::ranges::any_of(m_inspections, &TargetInspection::isUnreadable);
+    return std::ranges::any_of(m_inspections, &CopyInspection::isUnreadable);
 }
 
 bool SkillCopies::hasFailed() const
 {
-    return std::ranges::find(m_inspections, SyncState::failed, &TargetInspection::state) !=
-           m_inspections.end();
+    return std::ranges::find(m_inspections, SyncState::failed, &CopyInspection::state) != m_inspections.end();
 }
 
 void SkillCopies::look()
 {
     if (m_skillID.isNull())
         return;
-    const auto show = [this, request = ++m_request](const Answer<QList<TargetInspection>> &answer) {
+    const auto show = [this, request = ++m_request](const Answer<QList<CopyInspection>> &answer) {
         if (m_request != request)
             return;
         // A skill that is gone has no copies to compare.
         const bool isGone = answer.outcome.isCase(WorkspaceErrorCase::SkillNotFound::name);
-        this->show(answer.value.value_or(QList<TargetInspection>()),
+        this->show(answer.value.value_or(QList<CopyInspection>()),
                    isGone ? QString() : answer.outcome.message);
         Q_EMIT looked();
     };
-    QCoro::connect(answerOf(m_inspector.inspectTargets(m_skillID)), this, show);
+    QCoro::connect(answerOf(m_inspector.inspectCopies(m_skillID)), this, show);
 }
 
-void SkillCopies::show(const QList<TargetInspection> &inspections, const QString &problem)
+void SkillCopies::show(const QList<CopyInspection> &inspections, const QString &problem)
 {
     if (m_inspections == inspections && m_problem == problem)
         return;

@@ -2,7 +2,7 @@
 
 #include "CopyDifferences.h"
 
-#include <VORNELCore/Services/TargetInspecting.h>
+#include <VORNELCore/Services/CopyInspecting.h>
 
 namespace vornel {
 
@@ -21,7 +21,7 @@ class SkillCopies : public QObject
     Q_PROPERTY(vornel::CopyDifferences *differences READ differences CONSTANT)
 
 public:
-    explicit SkillCopies(TargetInspecting &inspector) : m_inspector(inspector) {}
+    explicit SkillCopies(CopyInspecting &inspector) : m_inspector(inspector) {}
 
     /// The skill whose copies are looked at; null for none.
     const QUuid &skillID() const { return m_skillID; }
@@ -56,11 +56,11 @@ Q_SIGNALS:
     void looked();
 
 private:
-    void show(const QList<TargetInspection> &inspections, const QString &problem);
+    void show(const QList<CopyInspection> &inspections, const QString &problem);
 
-    TargetInspecting &m_inspector;
+    CopyInspecting &m_inspector;
     QUuid m_skillID;
-    QList<TargetInspection> m_inspections;
+    QList<CopyInspection> m_inspections;
     QString m_problem;
     CopyDifferences m_differences;
     int m_request = 0; ///< counts the looks: only the last one is shown

@@ -7,7 +7,7 @@ import VORNELDesignSystem
 T.Button {
     id: chip
 
-    required property targetInspection inspection
+    required property copyInspection inspection
 
     readonly property bool hasDetails: inspection.differences.length > 0 || inspection.reason !== ""
     readonly property color hue: {

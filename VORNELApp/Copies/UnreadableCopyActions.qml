@@ -6,7 +6,7 @@ import VORNELDesignSystem
 Row {
     id: actions
 
-    required property targetInspection inspection
+    required property copyInspection inspection
     required property string name
     required property bool canAct
     required property bool isCurrent

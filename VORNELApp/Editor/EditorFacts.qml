@@ -28,7 +28,7 @@ Item {
             model: facts.replacement.copies.targets
 
             TargetChip {
-                required property targetInspection modelData
+                required property copyInspection modelData
 
                 inspection: modelData
                 onClicked: facts.replacement.show()

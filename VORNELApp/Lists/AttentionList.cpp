@@ -11,10 +11,10 @@ namespace vornel {
 namespace {
 
 /// "Claude : copie manquante · Codex : copie modifiée", after what is to be done.
-QString lineOf(const QList<TargetInspection> &inspections)
+QString lineOf(const QList<CopyInspection> &inspections)
 {
     QStringList states;
-    for (const TargetInspection &inspection : inspections)
+    for (const CopyInspection &inspection : inspections)
         states.append(inspection.assistant() + u"\u00A0: "_s + inspection.stateText());
     return (QStringList{u"Mise à jour nécessaire"_s} + states).join(u" · "_s);
 }
@@ -29,12 +29,12 @@ AttentionList::AttentionList(QObject *parent) : SkillList(Destination::needsAtte
 
 void AttentionList::complete(SkillEntry &entry) const
 {
-    const QList<TargetInspection> inspections = m_inspections.value(entry.id);
+    const QList<CopyInspection> inspections = m_inspections.value(entry.id);
     entry.line = lineOf(inspections);
     if (const QString reasons = WrongCopies::problem(inspections); !reasons.isEmpty())
         entry.failure = reasons; // which tell more than that a synchronisation failed
     entry.hasFailed = entry.skill.syncState == SyncState::failed || !entry.failure.isEmpty();
-    for (const TargetInspection &inspection : inspections) {
+    for (const CopyInspection &inspection : inspections) {
         if (inspection.isUnreadable)
             entry.unreadable.append(QVariant::fromValue(inspection));
     }
@@ -65,9 +65,9 @@ void AttentionList::lookAtNext()
 
 QCoro::Task<> AttentionList::inspect(QPointer<AttentionList> self, AppModel *model, QUuid id)
 {
-    QList<TargetInspection> inspections;
+    QList<CopyInspection> inspections;
     try {
-        inspections = co_await model->inspector().inspectTargets(id);
+        inspections = co_await model->inspector().inspectCopies(id);
     } catch (const std::exception &) {
         inspections.clear(); // a skill that can't be read has no copies to compare
     }
@@ -75,7 +75,7 @@ QCoro::Task<> AttentionList::inspect(QPointer<AttentionList> self, AppModel *mod
         self->show(id, inspections);
 }
 
-void AttentionList::show(const QUuid &id, const QList<TargetInspection> &inspections)
+void AttentionList::show(const QUuid &id, const QList<CopyInspection> &inspections)
 {
     m_inspections.insert(id, inspections);
     m_current.insert(id);

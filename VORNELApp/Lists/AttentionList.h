@@ -30,9 +30,9 @@ protected:
 private:
     void lookAtNext();
     static QCoro::Task<> inspect(QPointer<AttentionList> self, AppModel *model, QUuid id);
-    void show(const QUuid &id, const QList<TargetInspection> &inspections);
+    void show(const QUuid &id, const QList<CopyInspection> &inspections);
 
-    QHash<QUuid, QList<TargetInspection>> m_inspections;
+    QHash<QUuid, QList<CopyInspection>> m_inspections;
     QSet<QUuid> m_current; ///< whose inspection is as young as the overview
     QList<QUuid> m_wanted; ///< the last one is looked at first
     QTimer m_start;

@@ -53,7 +53,7 @@ SkillListRow {
             model: row.record.unreadable.length === 1 ? row.record.unreadable : [] // for several, the menu has them all
 
             UnreadableCopyActions {
-                required property targetInspection modelData
+                required property copyInspection modelData
 
                 canAct: !row.model.isWorking
                 inspection: modelData

@@ -142,7 +142,7 @@ public:
     const SelectedSkill &selection() const { return m_selectedSkill; }
 
     /// For the screens that show skills' files, the trash and unsaved texts.
-    TargetInspecting &inspector() const { return *m_service; }
+    CopyInspecting &inspector() const { return *m_service; }
     TrashInspecting &trashInspector() const { return *m_service; }
     DraftKeeping &drafts() const { return *m_drafts; }
 

@@ -3,8 +3,8 @@
 #include "AppStates.h"
 
 #include <VORNELCore/Library/LibraryQuery.h>
+#include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/ImportModels.h>
-#include <VORNELCore/Records/TargetInspection.h>
 #include <VORNELCore/Records/TargetOccupant.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
@@ -105,8 +105,8 @@ struct DifferenceType
 struct InspectionType
 {
     Q_GADGET
-    QML_FOREIGN(vornel::TargetInspection)
-    QML_VALUE_TYPE(targetInspection)
+    QML_FOREIGN(vornel::CopyInspection)
+    QML_VALUE_TYPE(copyInspection)
 };
 
 struct OccupantType

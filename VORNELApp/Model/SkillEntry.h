@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELCore/Records/TargetInspection.h>
+#include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QVariant>

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-void WrongCopies::follow(const QList<SkillSummary> &skills, TargetInspecting &inspector)
+void WrongCopies::follow(const QList<SkillSummary> &skills, CopyInspecting &inspector)
 {
     const auto isWrong = [](const SkillSummary &skill) {
         return skill.syncState == SyncState::failed || skill.syncState == SyncState::drifted;
@@ -35,10 +35,10 @@ QString WrongCopies::problem(const QUuid &id) const
     return problem(m_copies.value(id));
 }
 
-QString WrongCopies::problem(const QList<TargetInspection> &copies)
+QString WrongCopies::problem(const QList<CopyInspection> &copies)
 {
     QStringList reasons;
-    for (const TargetInspection &copy : copies) {
+    for (const CopyInspection &copy : copies) {
         if (!copy.reason.isEmpty())
             reasons.append(copy.assistant() + u"\u00A0: "_s + copy.reason + u" ("_s + copy.shownPath() +
                            u')');

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <VORNELCore/Records/WorkspaceModels.h>
-#include <VORNELCore/Services/TargetInspecting.h>
+#include <VORNELCore/Services/CopyInspecting.h>
 
 #include <QObject>
 
@@ -16,13 +16,13 @@ public:
     using QObject::QObject;
 
     /// Asks anew, if any of these skills of an overview has a failed or drifted copy; `changed` follows.
-    void follow(const QList<SkillSummary> &skills, TargetInspecting &inspector);
+    void follow(const QList<SkillSummary> &skills, CopyInspecting &inspector);
 
     /// Names the assistants, the reasons and the places of a skill's failed copies; empty without any.
     QString problem(const QUuid &id) const;
 
     /// The same for copies that were looked at, of one skill.
-    static QString problem(const QList<TargetInspection> &copies);
+    static QString problem(const QList<CopyInspection> &copies);
 
     /// How the copies of a skill stand, as the user reads it.
     QString stateText(const SkillSummary &skill) const;
@@ -31,7 +31,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    using Copies = QHash<QUuid, QList<TargetInspection>>;
+    using Copies = QHash<QUuid, QList<CopyInspection>>;
 
     void show(const Copies &copies);
 

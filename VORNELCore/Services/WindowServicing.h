@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CopyInspecting.h"
 #include "CopyRepairing.h"
 #include "ImportReviewing.h"
-#include "TargetInspecting.h"
 #include "TrashInspecting.h"
 #include "WorkspaceServicing.h"
 
@@ -10,7 +10,7 @@ namespace vornel {
 
 /// All that a window asks of the workspace: its operations, and the looks, reviews and repairs beside them.
 class WindowServicing : public WorkspaceServicing,
-                        public TargetInspecting,
+                        public CopyInspecting,
                         public TrashInspecting,
                         public ImportReviewing,
                         public CopyRepairing

@@ -8,8 +8,8 @@
 #include <VORNELInfrastructure/Categories/CategoryEditing.h>
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
+#include <VORNELInfrastructure/Targets/CopyInspector.h>
 #include <VORNELInfrastructure/Targets/SynchronizationPass.h>
-#include <VORNELInfrastructure/Targets/TargetInspector.h>
 
 namespace vornel {
 
@@ -212,16 +212,16 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::emptyTrash()
     return change([](const Workspace &workspace) { SkillTrash(workspace).empty(); });
 }
 
-QFuture<QList<TargetInspection>> LocalWorkspaceService::inspectTargets(QUuid id)
+QFuture<QList<CopyInspection>> LocalWorkspaceService::inspectCopies(QUuid id)
 {
     return perform(LockMode::Shared,
-                   [=](const Workspace &workspace) { return TargetInspector(workspace).inspect(id); });
+                   [=](const Workspace &workspace) { return CopyInspector(workspace).inspect(id); });
 }
 
-QFuture<QHash<QUuid, QList<TargetInspection>>> LocalWorkspaceService::wrongCopies()
+QFuture<QHash<QUuid, QList<CopyInspection>>> LocalWorkspaceService::wrongCopies()
 {
     return perform(LockMode::Shared,
-                   [](const Workspace &workspace) { return TargetInspector(workspace).wrongCopies(); });
+                   [](const Workspace &workspace) { return CopyInspector(workspace).wrongCopies(); });
 }
 
 QFuture<SkillDetail> LocalWorkspaceService::setAside(QUuid id, TargetKind target)
@@ -235,14 +235,14 @@ QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std
                                                                    QString relativePath)
 {
     return perform(LockMode::Shared, [=](const Workspace &workspace) {
-        return TargetInspector(workspace).readFile(id, copy, relativePath);
+        return CopyInspector(workspace).readFile(id, copy, relativePath);
     });
 }
 
 QFuture<QList<TargetOccupant>> LocalWorkspaceService::occupants(QList<TargetPlace> places)
 {
     return perform(LockMode::Shared,
-                   [=](const Workspace &workspace) { return TargetInspector(workspace).occupants(places); });
+                   [=](const Workspace &workspace) { return CopyInspector(workspace).occupants(places); });
 }
 
 QFuture<QHash<QUuid, QDateTime>> LocalWorkspaceService::trashDates()

@@ -39,8 +39,8 @@ public:
     QFuture<WorkspaceOverview> restore(QUuid id) override;
     QFuture<WorkspaceOverview> deletePermanently(QUuid id) override;
     QFuture<WorkspaceOverview> emptyTrash() override;
-    QFuture<QList<TargetInspection>> inspectTargets(QUuid id) override;
-    QFuture<QHash<QUuid, QList<TargetInspection>>> wrongCopies() override;
+    QFuture<QList<CopyInspection>> inspectCopies(QUuid id) override;
+    QFuture<QHash<QUuid, QList<CopyInspection>>> wrongCopies() override;
     QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                 QString relativePath) override;
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;

@@ -191,7 +191,7 @@ TEST(HeldWorkspace, ReadersWaitForWritersOnly)
         const auto expectAnswer = [](const auto &answer) { EXPECT_NO_THROW(answer.result()); };
         expectAnswer(workspace.service->loadSkill(id));
         expectAnswer(workspace.service->scanImports());
-        expectAnswer(workspace.service->inspectTargets(id));
+        expectAnswer(workspace.service->inspectCopies(id));
         expectAnswer(workspace.service->trashDates());
         writing = workspace.service->saveSkill(id, 1, u"neuf"_s);
         EXPECT_FALSE(endsWithin(200ms, writing));

@@ -133,7 +133,7 @@ private:
             [this] { answer("reload", service->reload()); },
             [this] { import(); },
             [this] { save(); },
-            [this] { answer("inspect", service->inspectTargets(m_demo)); },
+            [this] { answer("inspect", service->inspectCopies(m_demo)); },
             [this] { answer("read", service->readFile(m_demo, TargetKind::claude, u"sub/a"_s)); },
             [this] { answer("synchronize", service->synchronize(m_demo)); },
             [this] {

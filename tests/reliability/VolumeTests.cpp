@@ -112,7 +112,7 @@ private:
             << message.toStdString();
         QStringList reasons;
         for (const SkillSummary &skill : m_service->reload().result().skills) {
-            for (const TargetInspection &copy : m_service->inspectTargets(skill.id).result())
+            for (const CopyInspection &copy : m_service->inspectCopies(skill.id).result())
                 reasons.append(copy.reason);
         }
         EXPECT_TRUE(std::ranges::any_of(reasons, [&](const QString &reason) {
@@ -210,7 +210,7 @@ TEST_P(ReadOnlyVolume, CanBeRead)
     ASSERT_EQ(overview.skills.size(), 3);
     for (const SkillSummary &skill : overview.skills) {
         EXPECT_FALSE(m_service->loadSkill(skill.id).result().skillMD.isEmpty());
-        EXPECT_EQ(m_service->inspectTargets(skill.id).result().size(), 2);
+        EXPECT_EQ(m_service->inspectCopies(skill.id).result().size(), 2);
     }
     EXPECT_EQ(m_service->scanImports().result().candidates.size(), 3);
     EXPECT_EQ(m_service->trashDates().result().size(), 2);

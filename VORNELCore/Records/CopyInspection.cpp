@@ -1,4 +1,4 @@
-#include "TargetInspection.h"
+#include "CopyInspection.h"
 
 #include "ImportModels.h"
 #include "SerializedForms.h"
@@ -9,30 +9,30 @@
 
 namespace vornel {
 
-QString TargetInspection::shownPath() const
+QString CopyInspection::shownPath() const
 {
     return pathText(path);
 }
 
-QUrl TargetInspection::folderURL() const
+QUrl CopyInspection::folderURL() const
 {
     return QUrl::fromLocalFile(pathText(path.parent_path()));
 }
 
-QString TargetInspection::assistant() const
+QString CopyInspection::assistant() const
 {
     return assistantName(target);
 }
 
-QString TargetInspection::stateText() const
+QString CopyInspection::stateText() const
 {
     return Wording::syncState(state, drift);
 }
 
-Drift worstDrift(const QList<TargetInspection> &copies)
+Drift worstDrift(const QList<CopyInspection> &copies)
 {
     Drift worst = Drift::none;
-    for (const TargetInspection &copy : copies)
+    for (const CopyInspection &copy : copies)
         worst = std::max(worst, copy.drift);
     return worst;
 }

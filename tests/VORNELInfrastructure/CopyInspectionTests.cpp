@@ -33,9 +33,9 @@ protected:
         service->synchronize(demo).waitForFinished();
     }
 
-    TargetInspection inspect(TargetKind target)
+    CopyInspection inspect(TargetKind target)
     {
-        const QList<TargetInspection> all = service->inspectTargets(demo).result();
+        const QList<CopyInspection> all = service->inspectCopies(demo).result();
         EXPECT_EQ(all.size(), 2);
         EXPECT_EQ(all.at(static_cast<int>(target)).target, target);
         return all.at(static_cast<int>(target));
@@ -47,7 +47,7 @@ protected:
     }
 
     /// A copy of this state, of which there is nothing more to say.
-    TargetInspection copy(TargetKind target, SyncState state) const
+    CopyInspection copy(TargetKind target, SyncState state) const
     {
         return {.target = target, .state = state, .path = path(rawValue(target).toStdString() + "/demo")};
     }
@@ -96,7 +96,7 @@ TEST_F(Inspection, ListsWhatDiffersInACopy)
     };
     for (const Case &next : cases) {
         next.edit();
-        const TargetInspection codex = inspect(TargetKind::codex);
+        const CopyInspection codex = inspect(TargetKind::codex);
         EXPECT_EQ(codex.differences, next.differences) << next.name;
         EXPECT_EQ(codex.state, next.differences.isEmpty() ? SyncState::inSync : SyncState::drifted)
             << next.name;
@@ -109,7 +109,7 @@ TEST_F(Inspection, ListsWhatDiffersInACopy)
 
 TEST_F(Inspection, TellsEveryCopyApart)
 {
-    const TargetInspection missing = copy(TargetKind::codex, SyncState::missing);
+    const CopyInspection missing = copy(TargetKind::codex, SyncState::missing);
     fs::remove_all(path("codex/demo"));
     EXPECT_EQ(inspect(TargetKind::codex), missing);
     fs::remove_all(path("codex"));
@@ -126,7 +126,7 @@ TEST_F(Inspection, RemembersAFailedSynchronisation)
               Error::partialSync({TargetKind::codex}));
     fs::remove(path("codex/demo/link"));
     write("codex/demo/SKILL.md", "edited");
-    const TargetInspection failed = inspect(TargetKind::codex);
+    const CopyInspection failed = inspect(TargetKind::codex);
     EXPECT_EQ(failed.state, SyncState::failed);
     EXPECT_EQ(failed.reason, Error::symlinkUnsupported(u"link"_s).errorDescription());
     EXPECT_EQ(failed.differences, (QList<FileDifference>{{u"SKILL.md"_s, changed}}));
@@ -246,9 +246,9 @@ TEST_F(UnreadableCopy, HarmsItsOwnSkillAndIsSetAside)
         EXPECT_EQ(state(u"demo"_s), SyncState::failed) << name;
         EXPECT_EQ(state(u"other"_s), SyncState::inSync) << name;
         EXPECT_EQ(tolerant.loadSkill(demo).result().syncState, SyncState::failed) << name;
-        const QList<TargetInspection> failed = tolerant.wrongCopies().result().value(demo);
+        const QList<CopyInspection> failed = tolerant.wrongCopies().result().value(demo);
         ASSERT_EQ(failed.size(), 1) << name;
-        EXPECT_EQ(failed, QList{tolerant.inspectTargets(demo).result().at(1)}) << name;
+        EXPECT_EQ(failed, QList{tolerant.inspectCopies(demo).result().at(1)}) << name;
         EXPECT_TRUE(failed.first().isUnreadable && !failed.first().reason.isEmpty()) << name;
 
         const fs::file_status stood = fs::symlink_status(place);
@@ -277,8 +277,8 @@ TEST_F(UnreadableCopy, IsSetAsideAfterAFailedSynchronisationToo)
               Error::symlinkUnsupported(pathText(path("codex"))));
     EXPECT_TRUE(fs::exists(path("aside/demo/SKILL.md")));
     EXPECT_EQ(state(u"other"_s), SyncState::failed) << "as every skill, whose copy nobody can look at";
-    EXPECT_FALSE(tolerant.inspectTargets(demo).result().at(1).isUnreadable) << "none can be set aside";
-    for (const QList<TargetInspection> &failed : tolerant.wrongCopies().result())
+    EXPECT_FALSE(tolerant.inspectCopies(demo).result().at(1).isUnreadable) << "none can be set aside";
+    for (const QList<CopyInspection> &failed : tolerant.wrongCopies().result())
         EXPECT_FALSE(failed.first().isUnreadable);
 }
 
@@ -378,11 +378,11 @@ TEST_F(DriftedCopy, TellsWhoHasChangedWhat)
     };
     for (const Case &next : cases) {
         next.change();
-        const QList<TargetInspection> seen = tolerant.inspectTargets(demo).result();
+        const QList<CopyInspection> seen = tolerant.inspectCopies(demo).result();
         EXPECT_EQ(seen.at(0).drift, next.claude) << next.name;
         EXPECT_EQ(seen.at(1).drift, next.codex) << next.name;
         EXPECT_EQ(state(u"demo"_s), SyncState::drifted) << next.name;
-        const QList<TargetInspection> wrong = tolerant.wrongCopies().result().value(demo);
+        const QList<CopyInspection> wrong = tolerant.wrongCopies().result().value(demo);
         EXPECT_EQ(worstDrift(wrong), std::max(next.claude, next.codex)) << next.name;
         EXPECT_EQ(wrong.size(), next.claude == Drift::none ? 1 : 2) << next.name;
         service->synchronize(demo).waitForFinished();

@@ -26,7 +26,7 @@ public:
 };
 
 /// How the copy in one assistant's folder stands against the canonical folder.
-struct TargetInspection
+struct CopyInspection
 {
     Q_GADGET
     Q_PROPERTY(vornel::TargetKind target MEMBER target)
@@ -58,10 +58,10 @@ public:
     QString assistant() const;
     QString stateText() const;
 
-    bool operator==(const TargetInspection &) const = default;
+    bool operator==(const CopyInspection &) const = default;
 };
 
 /// The drift that is told of a skill with these copies: the worst of theirs.
-Drift worstDrift(const QList<TargetInspection> &copies);
+Drift worstDrift(const QList<CopyInspection> &copies);
 
 } // namespace vornel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELCore/Records/TargetInspection.h>
+#include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/TargetOccupant.h>
 
 #include <QByteArray>
@@ -14,18 +14,18 @@ namespace vornel {
 
 /// Looks into the assistants' folders, and changes nothing. Each operation may fail with `notBootstrapped` or
 /// a file-system error, those on an active skill with `skillNotFound`.
-class TargetInspecting
+class CopyInspecting
 {
 public:
-    virtual ~TargetInspecting() = default;
+    virtual ~CopyInspecting() = default;
 
     /// How the copy of each assistant stands against the canonical folder, in the order of `TargetKind`. A
     /// copy that can't be looked at is `failed` with the reason, and doesn't hide the other.
-    virtual QFuture<QList<TargetInspection>> inspectTargets(QUuid id) = 0;
+    virtual QFuture<QList<CopyInspection>> inspectCopies(QUuid id) = 0;
 
     /// The copies that are `failed`, with the reason, and those by which skills are `drifted`, with what has
     /// made them differ: by skill, as the last overview found them. Of these, nothing is compared.
-    virtual QFuture<QHash<QUuid, QList<TargetInspection>>> wrongCopies() = 0;
+    virtual QFuture<QHash<QUuid, QList<CopyInspection>>> wrongCopies() = 0;
 
     /// The bytes of a file in the skill's canonical folder or, with `copy`, in that assistant's copy; nothing
     /// where no file is. Fails with `invalidPath` for a path out of the folder, and with `symlinkUnsupported`

@@ -1,4 +1,4 @@
-#include "TargetInspector.h"
+#include "CopyInspector.h"
 
 #include "DriftCauses.h"
 #include "TargetFolder.h"
@@ -88,28 +88,28 @@ QString refusalOf(FileKind kind)
 
 } // namespace
 
-QList<TargetInspection> TargetInspector::inspect(const QUuid &id) const
+QList<CopyInspection> CopyInspector::inspect(const QUuid &id) const
 {
     const SkillRecord skill = activeRecord(m_workspace, id);
     const FileTreeSnapshot canonical = contentOf(skill.folder);
     DriftCauses causes(m_workspace, skill.manifest);
-    QList<TargetInspection> inspections;
+    QList<CopyInspection> inspections;
     for (const TargetKind target : allCases<TargetKind>())
         inspections.append(inspect(skill.manifest, canonical, target, causes));
     return inspections;
 }
 
-FileTreeSnapshot TargetInspector::contentOf(const fs::path &folder) const
+FileTreeSnapshot CopyInspector::contentOf(const fs::path &folder) const
 {
     return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
 }
 
-TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
-                                          TargetKind target, DriftCauses &causes) const
+CopyInspection CopyInspector::inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
+                                      TargetKind target, DriftCauses &causes) const
 {
-    TargetInspection inspection{.target = target,
-                                .state = SyncState::missing,
-                                .path = m_workspace.config.target(target) / pathFromText(manifest.slug)};
+    CopyInspection inspection{.target = target,
+                              .state = SyncState::missing,
+                              .path = m_workspace.config.target(target) / pathFromText(manifest.slug)};
     std::optional<TargetFolder> folder;
     try {
         folder.emplace(m_workspace, target);
@@ -133,29 +133,29 @@ TargetInspection TargetInspector::inspect(const SkillManifest &manifest, const F
     return inspection;
 }
 
-QHash<QUuid, QList<TargetInspection>> TargetInspector::wrongCopies() const
+QHash<QUuid, QList<CopyInspection>> CopyInspector::wrongCopies() const
 {
-    QHash<QUuid, QList<TargetInspection>> wrong;
+    QHash<QUuid, QList<CopyInspection>> wrong;
     if (m_workspace.foundCopies.isEmpty() && m_workspace.failedSyncTargets.isEmpty())
         return wrong;
     const QList<SkillRecord> active = activeManifests(m_workspace);
     const auto copies =
         parallelMap(active, [this](const SkillRecord &skill) { return wrongCopies(skill.manifest); });
     for (qsizetype index = 0; index < active.size(); ++index) {
-        const QList<TargetInspection> &ofSkill = copies[static_cast<std::size_t>(index)];
+        const QList<CopyInspection> &ofSkill = copies[static_cast<std::size_t>(index)];
         if (!ofSkill.isEmpty())
             wrong.insert(active.at(index).manifest.id, ofSkill);
     }
     return wrong;
 }
 
-QList<TargetInspection> TargetInspector::wrongCopies(const SkillManifest &manifest) const
+QList<CopyInspection> CopyInspector::wrongCopies(const SkillManifest &manifest) const
 {
     const CopyFindings found = m_workspace.foundCopies.value(manifest.id);
     TargetReasons reasons = m_workspace.failedSyncTargets.value(manifest.id);
     reasons.insert(found.unreadable);
     DriftCauses causes(m_workspace, manifest);
-    QList<TargetInspection> wrong;
+    QList<CopyInspection> wrong;
     for (const TargetKind target : allCases<TargetKind>()) {
         const bool hasFailed = reasons.contains(target);
         if (!hasFailed && !found.drifted.contains(target))
@@ -171,8 +171,8 @@ QList<TargetInspection> TargetInspector::wrongCopies(const SkillManifest &manife
     return wrong;
 }
 
-std::optional<QByteArray> TargetInspector::readFile(const QUuid &id, std::optional<TargetKind> target,
-                                                    const QString &relativePath) const
+std::optional<QByteArray> CopyInspector::readFile(const QUuid &id, std::optional<TargetKind> target,
+                                                  const QString &relativePath) const
 {
     WorkspaceValidation::validateRelativePath(relativePath.toUtf8());
     const SkillRecord skill = activeRecord(m_workspace, id);
@@ -185,7 +185,7 @@ std::optional<QByteArray> TargetInspector::readFile(const QUuid &id, std::option
     return vornel::readFile(m_workspace.files, path, SkillFiles::sizeLimit);
 }
 
-std::optional<TargetOccupant> TargetInspector::occupant(const TargetPlace &place) const
+std::optional<TargetOccupant> CopyInspector::occupant(const TargetPlace &place) const
 {
     const TargetFolder folder(m_workspace, place.target);
     const std::string name = place.slug.toStdString();
@@ -214,7 +214,7 @@ std::optional<TargetOccupant> TargetInspector::occupant(const TargetPlace &place
 }
 
 /// A restoration leaves a folder alone that holds all that it would install.
-bool TargetInspector::isCopyOfRestored(const TargetPlace &place, const FileTreeSnapshot &content) const
+bool CopyInspector::isCopyOfRestored(const TargetPlace &place, const FileTreeSnapshot &content) const
 {
     bool isSame = false;
     if (!place.restored.isNull()) {
@@ -226,7 +226,7 @@ bool TargetInspector::isCopyOfRestored(const TargetPlace &place, const FileTreeS
     return isSame;
 }
 
-QList<TargetOccupant> TargetInspector::occupants(const QList<TargetPlace> &places) const
+QList<TargetOccupant> CopyInspector::occupants(const QList<TargetPlace> &places) const
 {
     QList<TargetOccupant> found;
     for (const TargetPlace &place : places) {
