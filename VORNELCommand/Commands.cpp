@@ -36,7 +36,7 @@ struct Session
     CopyRepairing &repairs;
     CreationReviewing &creations;
     const WorkspaceOverview &overview;
-    Drifts drifts;
+    SkillDrift drift;
 };
 
 /// Prints a record as JSON or, for people, as the text that `report` makes, which may ask why skills have
@@ -46,9 +46,9 @@ void output(const Session &session, const Record &record, const ReportText &repo
 {
     if (session.invocation.has(u"json"_s))
         Terminal::print(
-            QString::fromUtf8(RecordJson::document(session.drifts.addedTo(RecordJson::encode(record)))));
-    else if constexpr (std::is_invocable_v<const ReportText &, const Record &, const Drifts &>)
-        Terminal::print(report(record, session.drifts));
+            QString::fromUtf8(RecordJson::document(session.drift.addedTo(RecordJson::encode(record)))));
+    else if constexpr (std::is_invocable_v<const ReportText &, const Record &, const SkillDrift &>)
+        Terminal::print(report(record, session.drift));
     else
         Terminal::print(report(record));
 }
@@ -154,7 +154,7 @@ int list(const Session &session)
            [&](const QList<SkillSummary> &skills) {
                return ofTrash ? Report::trashedSkills(skills, overview.categories,
                                                       session.trash.trashDates().result())
-                              : Report::skills(skills, overview.categories, session.drifts);
+                              : Report::skills(skills, overview.categories, session.drift);
            });
     return ExitCode::success;
 }
@@ -233,7 +233,7 @@ int import(const Session &session)
     const QFuture<WorkspaceOverview> commit = session.service.commitImport(plan.id);
     Terminal::followProgress(u"Import"_s, QFuture<void>(commit));
     output(session, commit.result(), [&](const WorkspaceOverview &overview) {
-        return Report::imported(plan) + u'\n' + Report::overview(overview, session.drifts);
+        return Report::imported(plan) + u'\n' + Report::overview(overview, session.drift);
     });
     return ExitCode::success;
 }
@@ -478,7 +478,7 @@ int runCommand(const Invocation &invocation, const Services &services, const Wor
         return candidate.syntax.name.join(u' ');
     });
     return command->run({invocation, services.workspace, services.copies, services.trash, services.imports,
-                         services.repairs, services.creations, overview, Drifts(services.copies)});
+                         services.repairs, services.creations, overview, SkillDrift(services.copies)});
 }
 
 } // namespace vornel

@@ -38,10 +38,10 @@ Cell stateCell(SyncState state, Drift drift)
 
 /// Of a skill, by its summary or what is known of it.
 template <typename Record>
-Cell stateCell(const QUuid &id, const Record &record, const Drifts &drifts)
+Cell stateCell(const QUuid &id, const Record &record, const SkillDrift &drift)
 {
     const bool hasDrifted = record.syncState == SyncState::drifted;
-    return stateCell(record.syncState, hasDrifted ? drifts.of(id) : Drift::none);
+    return stateCell(record.syncState, hasDrifted ? drift.of(id) : Drift::none);
 }
 
 Cell differenceCell(const FileDifference &difference)
@@ -110,7 +110,7 @@ QString blockedSection(const ImportPlan &plan)
 
 } // namespace
 
-QString overview(const WorkspaceOverview &overview, const Drifts &drifts)
+QString overview(const WorkspaceOverview &overview, const SkillDrift &drift)
 {
     QString text = u"Workspace\u00A0: "_s + Terminal::printable(overview.workspaceText()) + u'\n' +
                    Wording::countedSkills(overview.skills.size());
@@ -123,15 +123,15 @@ QString overview(const WorkspaceOverview &overview, const Drifts &drifts)
         return text + Terminal::coloured(u"Tout est à jour"_s, Colour::Success) + u'\n';
     QList<QList<Cell>> rows;
     for (const SkillSummary &skill : attention)
-        rows.append({{skill.slug}, stateCell(skill.id, skill, drifts)});
+        rows.append({{skill.slug}, stateCell(skill.id, skill, drift)});
     return text + Terminal::coloured(u"Attention requise"_s, Colour::Warning) + u'\n' + Terminal::table(rows);
 }
 
 QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
-               const Drifts &drifts)
+               const SkillDrift &drift)
 {
     return skillTable(skills, categories,
-                      [&drifts](const SkillSummary &skill) { return stateCell(skill.id, skill, drifts); });
+                      [&drift](const SkillSummary &skill) { return stateCell(skill.id, skill, drift); });
 }
 
 QString trashedSkills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
@@ -142,7 +142,7 @@ QString trashedSkills(const QList<SkillSummary> &skills, const QList<SkillCatego
     });
 }
 
-QString detail(const SkillDetail &detail, const Drifts &drifts)
+QString detail(const SkillDetail &detail, const SkillDrift &drift)
 {
     const SkillManifest &manifest = detail.manifest;
     const QString head = Terminal::table({
@@ -156,7 +156,7 @@ QString detail(const SkillDetail &detail, const Drifts &drifts)
         {{u"Révision"_s, Colour::Muted}, {QString::number(manifest.revision)}},
         {{u"Création"_s, Colour::Muted}, {localDate(manifest.createdAt)}},
         {{u"Modification"_s, Colour::Muted}, {localDate(manifest.updatedAt)}},
-        {{u"Copies"_s, Colour::Muted}, stateCell(manifest.id, detail, drifts)},
+        {{u"Copies"_s, Colour::Muted}, stateCell(manifest.id, detail, drift)},
     });
     QList<QList<Cell>> files;
     for (const QString &file : detail.relativeFiles)
@@ -180,19 +180,19 @@ QString copies(const QList<CopyInspection> &copies)
     return Terminal::table(rows);
 }
 
-QString states(const QList<SkillDetail> &details, const Drifts &drifts)
+QString states(const QList<SkillDetail> &details, const SkillDrift &drift)
 {
     QList<QList<Cell>> rows;
     for (const SkillDetail &skill : details)
         rows.append({{skill.manifest.slug},
                      {u"révision "_s + QString::number(skill.manifest.revision)},
-                     stateCell(skill.manifest.id, skill, drifts)});
+                     stateCell(skill.manifest.id, skill, drift)});
     return rows.isEmpty() ? u"Aucune compétence\n"_s : Terminal::table(rows);
 }
 
-QString state(const SkillDetail &detail, const Drifts &drifts)
+QString state(const SkillDetail &detail, const SkillDrift &drift)
 {
-    return states({detail}, drifts);
+    return states({detail}, drift);
 }
 
 QString plan(const ImportPlan &plan)

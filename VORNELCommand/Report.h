@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Drifts.h"
+#include "SkillDrift.h"
 
 #include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/ImportModels.h>
@@ -12,26 +12,26 @@
 namespace vornel::Report {
 
 /// The workspace, how many skills it holds, and those of which a copy needs attention.
-QString overview(const WorkspaceOverview &overview, const Drifts &drifts);
+QString overview(const WorkspaceOverview &overview, const SkillDrift &drift);
 
 /// One row a skill.
 QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
-               const Drifts &drifts);
+               const SkillDrift &drift);
 
 /// One row a skill of the trash, with the time at which it came there, where `dates` tells it.
 QString trashedSkills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
                       const QHash<QUuid, QDateTime> &dates);
 
 /// Everything about one skill, and its text.
-QString detail(const SkillDetail &detail, const Drifts &drifts);
+QString detail(const SkillDetail &detail, const SkillDrift &drift);
 
 /// Where each copy stands, with the reason of a failure or what is behind a difference, and the paths that
 /// differ.
 QString copies(const QList<CopyInspection> &copies);
 
 /// One row a skill: where it stands after an operation.
-QString states(const QList<SkillDetail> &details, const Drifts &drifts);
-QString state(const SkillDetail &detail, const Drifts &drifts);
+QString states(const QList<SkillDetail> &details, const SkillDrift &drift);
+QString state(const SkillDetail &detail, const SkillDrift &drift);
 
 /// What can be imported, what collides, what is blocked and why.
 QString plan(const ImportPlan &plan);

@@ -1,13 +1,11 @@
 #include "CopyInspector.h"
 
-#include "DriftCauses.h"
+#include "CopyDrift.h"
 #include "TargetFolder.h"
 
 #include <VORNELCore/Errors/ErrorMessage.h>
-#include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
@@ -15,8 +13,6 @@
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 #include <map>
-
-using namespace Qt::StringLiterals;
 
 namespace vornel {
 
@@ -70,32 +66,16 @@ QList<FileDifference> differences(const FileTreeSnapshot &canonical, const FileT
     return found;
 }
 
-/// Why nothing of this kind is ever replaced; empty for a folder.
-QString refusalOf(FileKind kind)
-{
-    switch (kind) {
-    case FileKind::Directory:
-        return {};
-    case FileKind::SymbolicLink:
-        return u"C’est un lien."_s;
-    case FileKind::Regular:
-        return u"C’est un fichier."_s;
-    case FileKind::Other:
-        break;
-    }
-    return u"Ce n’est pas un dossier."_s;
-}
-
 } // namespace
 
 QList<CopyInspection> CopyInspector::inspect(const QUuid &id) const
 {
     const SkillRecord skill = activeRecord(m_workspace, id);
     const FileTreeSnapshot canonical = contentOf(skill.folder);
-    DriftCauses causes(m_workspace, skill.manifest);
+    CopyDrift drift(m_workspace, skill.manifest);
     QList<CopyInspection> inspections;
     for (const TargetKind target : allCases<TargetKind>())
-        inspections.append(inspect(skill.manifest, canonical, target, causes));
+        inspections.append(inspect(skill.manifest, canonical, target, drift));
     return inspections;
 }
 
@@ -105,7 +85,7 @@ FileTreeSnapshot CopyInspector::contentOf(const fs::path &folder) const
 }
 
 CopyInspection CopyInspector::inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
-                                      TargetKind target, DriftCauses &causes) const
+                                      TargetKind target, CopyDrift &drift) const
 {
     CopyInspection inspection{.target = target,
                               .state = SyncState::missing,
@@ -117,7 +97,7 @@ CopyInspection CopyInspector::inspect(const SkillManifest &manifest, const FileT
             inspection.differences = differences(canonical, *copy);
             inspection.state = inspection.differences.isEmpty() ? SyncState::inSync : SyncState::drifted;
             if (inspection.state == SyncState::drifted)
-                inspection.drift = causes.of(copy->digest);
+                inspection.drift = drift.of(copy->digest);
         }
     } catch (const std::exception &error) {
         inspection.state = SyncState::failed;
@@ -154,7 +134,7 @@ QList<CopyInspection> CopyInspector::wrongCopies(const SkillManifest &manifest) 
     const CopyFindings found = m_workspace.foundCopies.value(manifest.id);
     TargetReasons reasons = m_workspace.failedSyncTargets.value(manifest.id);
     reasons.insert(found.unreadable);
-    DriftCauses causes(m_workspace, manifest);
+    CopyDrift drift(m_workspace, manifest);
     QList<CopyInspection> wrong;
     for (const TargetKind target : allCases<TargetKind>()) {
         const bool hasFailed = reasons.contains(target);
@@ -162,7 +142,7 @@ QList<CopyInspection> CopyInspector::wrongCopies(const SkillManifest &manifest) 
             continue;
         wrong.append({.target = target,
                       .state = hasFailed ? SyncState::failed : SyncState::drifted,
-                      .drift = hasFailed ? Drift::none : causes.of(found.drifted.value(target)),
+                      .drift = hasFailed ? Drift::none : drift.of(found.drifted.value(target)),
                       .reason = reasons.value(target),
                       .path = m_workspace.config.target(target) / pathFromText(manifest.slug),
                       .isUnreadable =
@@ -183,57 +163,6 @@ std::optional<QByteArray> CopyInspector::readFile(const QUuid &id, std::optional
     if (!kind || *kind == FileKind::Directory)
         return std::nullopt;
     return vornel::readFile(m_workspace.files, path, SkillFiles::sizeLimit);
-}
-
-std::optional<TargetOccupant> CopyInspector::occupant(const TargetPlace &place) const
-{
-    const TargetFolder folder(m_workspace, place.target);
-    const std::string name = place.slug.toStdString();
-    std::optional<FileKind> kind;
-    try {
-        WorkspaceValidation::validateSlug(place.slug);
-        kind = folder.kindOf(name);
-    } catch (const std::exception &) { // no copy is installed in such a place
-        return std::nullopt;
-    }
-    if (!kind || m_workspace.files.kindAt(m_workspace.config.canonical(place.slug)))
-        return std::nullopt;
-    TargetOccupant occupant{place.target, place.slug,
-                            m_workspace.config.target(place.target) / pathFromText(place.slug)};
-    occupant.refusal = refusalOf(*kind);
-    if (occupant.refusal.isEmpty()) {
-        try {
-            const auto content = folder.snapshot(name);
-            if (!content || isCopyOfRestored(place, *content))
-                return std::nullopt;
-        } catch (const std::exception &error) {
-            occupant.refusal = errorMessage(error);
-        }
-    }
-    return occupant;
-}
-
-/// A restoration leaves a folder alone that holds all that it would install.
-bool CopyInspector::isCopyOfRestored(const TargetPlace &place, const FileTreeSnapshot &content) const
-{
-    bool isSame = false;
-    if (!place.restored.isNull()) {
-        bestEffort([&] {
-            const fs::path trashed = m_workspace.config.trashed(place.restored);
-            isSame = contentOf(trashed).digest == content.digest;
-        });
-    }
-    return isSame;
-}
-
-QList<TargetOccupant> CopyInspector::occupants(const QList<TargetPlace> &places) const
-{
-    QList<TargetOccupant> found;
-    for (const TargetPlace &place : places) {
-        if (const auto there = occupant(place))
-            found.append(*there);
-    }
-    return found;
 }
 
 } // namespace vornel

@@ -10,6 +10,7 @@
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
 #include <VORNELInfrastructure/Targets/CopyInspector.h>
 #include <VORNELInfrastructure/Targets/SynchronizationPass.h>
+#include <VORNELInfrastructure/Targets/TargetOccupancy.h>
 
 namespace vornel {
 
@@ -242,7 +243,7 @@ QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std
 QFuture<QList<TargetOccupant>> LocalWorkspaceService::occupants(QList<TargetPlace> places)
 {
     return perform(LockMode::Shared,
-                   [=](const Workspace &workspace) { return CopyInspector(workspace).occupants(places); });
+                   [=](const Workspace &workspace) { return occupantsOf(workspace, places); });
 }
 
 QFuture<QHash<QUuid, QDateTime>> LocalWorkspaceService::trashDates()

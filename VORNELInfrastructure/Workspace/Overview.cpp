@@ -5,7 +5,7 @@
 #include <VORNELCore/Library/LocaleText.h>
 #include <VORNELInfrastructure/Categories/CategoryCatalog.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
-#include <VORNELInfrastructure/Targets/SyncInspector.h>
+#include <VORNELInfrastructure/Targets/SyncCheck.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
@@ -45,16 +45,16 @@ void remember(const Workspace &workspace, const QUuid &id, const CopyFindings &f
 
 WorkspaceOverview makeOverview(const Workspace &workspace)
 {
-    const SyncInspector inspector(workspace);
+    const SyncCheck check(workspace);
     const QList<SkillRecord> records = activeManifests(workspace);
-    const std::vector<CopyStates> states = parallelMap(
-        records, [&inspector](const SkillRecord &skill) { return inspector.states(skill.manifest); });
+    const std::vector<SyncCheck::Result> results =
+        parallelMap(records, [&check](const SkillRecord &skill) { return check.of(skill.manifest); });
     std::vector<SkillSummary> active;
     workspace.foundCopies.clear();
-    for (std::size_t index = 0; index < states.size(); ++index) {
+    for (std::size_t index = 0; index < results.size(); ++index) {
         const SkillManifest &manifest = records.at(static_cast<qsizetype>(index)).manifest;
-        active.emplace_back(manifest, states[index].state);
-        remember(workspace, manifest.id, states[index].findings);
+        active.emplace_back(manifest, results[index].state);
+        remember(workspace, manifest.id, results[index].findings);
     }
     std::vector<SkillSummary> trashed;
     for (const SkillRecord &skill : trashedManifests(workspace))
@@ -69,13 +69,14 @@ SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
     detail.manifest = skill.manifest;
     locating(workspace, skill.folder, [&] {
         detail.skillMD = SkillFolderStore(workspace).readSkillMD(skill.folder, skill.manifest.slug);
-        const FileTreeSnapshot tree = SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all);
+        const FileTreeSnapshot tree =
+            SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all);
         detail.relativeFiles = tree.relativeFiles();
         detail.contentRevision = QString::fromStdString(tree.digest);
     });
-    const CopyStates copies = SyncInspector(workspace).states(skill.manifest);
-    detail.syncState = copies.state;
-    remember(workspace, skill.manifest.id, copies.findings);
+    const SyncCheck::Result check = SyncCheck(workspace).of(skill.manifest);
+    detail.syncState = check.state;
+    remember(workspace, skill.manifest.id, check.findings);
     return detail;
 }
 

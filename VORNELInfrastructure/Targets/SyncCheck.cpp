@@ -1,4 +1,4 @@
-#include "SyncInspector.h"
+#include "SyncCheck.h"
 
 #include <VORNELCore/Errors/ErrorMessage.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
@@ -6,14 +6,14 @@
 
 namespace vornel {
 
-SyncInspector::SyncInspector(const Workspace &workspace)
+SyncCheck::SyncCheck(const Workspace &workspace)
     : m_workspace(workspace), m_skills(workspace.files.openFolder(workspace.config.skills()))
 {
     for (const TargetKind kind : allCases<TargetKind>())
         m_targets.emplace_back(workspace, kind);
 }
 
-std::string SyncInspector::canonicalDigest(const std::string &name) const
+std::string SyncCheck::canonicalDigest(const std::string &name) const
 {
     return locating(m_workspace, m_workspace.config.skills() / name, [&] {
         return SecureFileTree::snapshot(m_workspace.files, m_skills, name, TreeFilter::excludingManifest)
@@ -21,7 +21,7 @@ std::string SyncInspector::canonicalDigest(const std::string &name) const
     });
 }
 
-CopyStates SyncInspector::states(const SkillManifest &manifest) const
+SyncCheck::Result SyncCheck::of(const SkillManifest &manifest) const
 {
     if (m_workspace.failedSyncTargets.contains(manifest.id))
         return {SyncState::failed};

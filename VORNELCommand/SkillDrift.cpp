@@ -1,4 +1,4 @@
-#include "Drifts.h"
+#include "SkillDrift.h"
 
 #include <VORNELCore/Records/SerializedForms.h>
 
@@ -9,21 +9,21 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-Drift Drifts::of(const QUuid &id) const
+Drift SkillDrift::of(const QUuid &id) const
 {
     if (!m_wrong) {
         try {
             m_wrong = m_copies.wrongCopies().result();
         } catch (const std::exception &) {
-            m_wrong
-                .emplace(); // such as while another program writes: the report is worth more than the causes
+            // Another program may be writing, for example. A report without the causes is better than none.
+            m_wrong.emplace();
         }
     }
     const QList<CopyInspection> copies = m_wrong->value(id);
     return copies.isEmpty() ? Drift::unknown : worstDrift(copies);
 }
 
-QJsonValue Drifts::addedTo(const QJsonValue &records) const
+QJsonValue SkillDrift::addedTo(const QJsonValue &records) const
 {
     if (records.isArray()) {
         QJsonArray array = records.toArray();

@@ -1,4 +1,4 @@
-#include "DriftCauses.h"
+#include "CopyDrift.h"
 
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 
@@ -6,7 +6,7 @@
 
 namespace vornel {
 
-Drift DriftCauses::of(const std::string &digest)
+Drift CopyDrift::of(const std::string &digest)
 {
     if (!m_unread) {
         m_unread.emplace();
@@ -21,7 +21,7 @@ Drift DriftCauses::of(const std::string &digest)
     return Drift::outdated;
 }
 
-void DriftCauses::readNext()
+void CopyDrift::readNext()
 {
     const std::string entry = std::move(m_unread->back());
     m_unread->pop_back();

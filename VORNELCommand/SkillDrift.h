@@ -8,12 +8,12 @@
 
 namespace vornel {
 
-/// What has made the copies of drifted skills differ. The service is asked once, when the first of them is to
-/// be told of.
-class Drifts
+/// Tells what has made the copies of drifted skills differ. The service is asked for all of them at once,
+/// when the first one is needed.
+class SkillDrift
 {
 public:
-    explicit Drifts(CopyInspecting &copies) : m_copies(copies) {}
+    explicit SkillDrift(CopyInspecting &copies) : m_copies(copies) {}
 
     Drift of(const QUuid &id) const;
 

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <VORNELInfrastructure/Skills/SkillHistory.h>
+
+#include <set>
+#include <string>
+
+namespace vornel {
+
+/// Tells what has made a copy of one skill differ from the canonical folder: a copy that holds a kept
+/// revision is `outdated`, any other was `edited`. The history is read from its latest revision on, each
+/// entry once, and only until a copy's content is found in it.
+class CopyDrift
+{
+public:
+    CopyDrift(const Workspace &workspace, const SkillManifest &manifest)
+        : m_history(workspace), m_manifest(manifest)
+    {}
+
+    /// The drift of a copy that differs and whose content has this digest.
+    Drift of(const std::string &digest);
+
+private:
+    void readNext();
+
+    SkillHistory m_history;
+    const SkillManifest &m_manifest;
+    std::optional<std::vector<std::string>> m_unread; ///< the entries, the next one last
+    std::set<std::string> m_digests;                  ///< of the entries read so far
+    bool m_holdsRevision = false;                     ///< whether one of them holds the manifest's revision
+};
+
+} // namespace vornel
