@@ -1,8 +1,6 @@
 #include "CategoryForm.h"
 
-#include <VORNELCore/Library/LocaleText.h>
-
-#include <algorithm>
+#include <VORNELCore/Library/CategoryRules.h>
 
 using namespace Qt::StringLiterals;
 
@@ -32,9 +30,9 @@ void CategoryForm::setColorHex(const QString &colorHex)
 
 QString CategoryForm::nameProblem() const
 {
-    if (LocaleText::characterCount(m_category.name.trimmed()) > longestName())
+    if (CategoryRules::isTooLong(m_category.name))
         return u"Le nom dépasse %1 caractères."_s.arg(longestName());
-    return isNameTaken() ? u"Une catégorie porte déjà ce nom."_s : QString();
+    return isNameTaken() ? CategoryRules::takenMessage() : QString();
 }
 
 int CategoryForm::skillCount() const
@@ -78,11 +76,7 @@ bool CategoryForm::isNameTaken() const
     if (isWaiting()) // then it may be this very category's
         return false;
     const auto overview = model() == nullptr ? std::nullopt : model()->overview();
-    const QList<SkillCategory> categories = overview ? overview->categories : QList<SkillCategory>();
-    const QString name = LocaleText::caseless(m_category.name.trimmed());
-    return std::ranges::any_of(categories, [&](const SkillCategory &category) {
-        return category.id != m_original.id && LocaleText::caseless(category.name) == name;
-    });
+    return overview && CategoryRules::isTaken(m_category.name, overview->categories, m_original.id);
 }
 
 } // namespace vornel

@@ -1,8 +1,7 @@
 #include "CategoryCatalog.h"
 
-#include "CategoryRules.h"
-
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Library/CategoryRules.h>
 #include <VORNELCore/Library/LocaleText.h>
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
@@ -26,7 +25,7 @@ QString nameForUnknownCategory(const QString &id, const CategoryCatalog &catalog
         LocaleText::truncated(CategoryRules::legacyCategoryName(id), SkillCategory::longestName).trimmed();
     const QString base = title.isEmpty() ? u"Catégorie"_s : title;
     QString name = base;
-    for (int number = 2; catalog.hasName(name); ++number) {
+    for (int number = 2; CategoryRules::isTaken(name, catalog.categories); ++number) {
         const QString suffix = u' ' + QString::number(number);
         name = LocaleText::truncated(base, SkillCategory::longestName - static_cast<int>(suffix.size())) +
                suffix;
@@ -63,13 +62,6 @@ SkillCategory &CategoryCatalog::find(const QString &id)
     if (found == categories.end())
         throw VORNELWorkspaceError::integrityFailure(u"Catégorie introuvable."_s);
     return *found;
-}
-
-bool CategoryCatalog::hasName(const QString &name, const QString &exceptID) const
-{
-    return std::ranges::any_of(categories, [&](const SkillCategory &category) {
-        return category.id != exceptID && LocaleText::caseless(category.name) == LocaleText::caseless(name);
-    });
 }
 
 void CategoryCatalog::check() const

@@ -21,9 +21,6 @@ public:
     /// The category of this identifier; throws `integrityFailure` when there is none.
     SkillCategory &find(const QString &id);
 
-    /// Whether a category other than `exceptID` has this name, without regard to case.
-    bool hasName(const QString &name, const QString &exceptID = {}) const;
-
     /// Throws `integrityFailure` unless identifiers and names are unique, "other" is there and protected, and
     /// every name and colour is valid.
     void check() const;

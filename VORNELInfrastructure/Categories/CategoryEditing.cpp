@@ -1,9 +1,9 @@
 #include "CategoryEditing.h"
 
 #include "CategoryCatalog.h"
-#include "CategoryRules.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Library/CategoryRules.h>
 #include <VORNELInfrastructure/Skills/SchemaVersion.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Skills/SkillHistory.h>
@@ -14,10 +14,10 @@ namespace vornel {
 
 namespace {
 
-void refuseDoubledName(const CategoryCatalog &catalog, const QString &name, const QString &exceptID = {})
+void refuseTakenName(const CategoryCatalog &catalog, const QString &name, const QString &exceptID = {})
 {
-    if (catalog.hasName(name, exceptID))
-        throw VORNELWorkspaceError::integrityFailure(u"Une catégorie porte déjà ce nom."_s);
+    if (CategoryRules::isTaken(name, catalog.categories, exceptID))
+        throw VORNELWorkspaceError::integrityFailure(CategoryRules::takenMessage());
 }
 
 QList<SkillRecord> recordsIn(const QString &category, QList<SkillRecord> records)
@@ -40,7 +40,7 @@ void CategoryEditing::create(const QString &name, const QString &colorHex) const
     const QString validName = CategoryRules::validatedCategoryName(name);
     const QString color = CategoryRules::validatedColorHex(colorHex);
     CategoryCatalog catalog = readCategoryCatalog(m_workspace);
-    refuseDoubledName(catalog, validName);
+    refuseTakenName(catalog, validName);
 
     QSet<QString> ids;
     for (const SkillCategory &category : catalog.categories)
@@ -55,7 +55,7 @@ void CategoryEditing::update(const QString &id, const QString &name, const QStri
     const QString color = CategoryRules::validatedColorHex(colorHex);
     CategoryCatalog catalog = readCategoryCatalog(m_workspace);
     SkillCategory &category = catalog.find(id);
-    refuseDoubledName(catalog, validName, id);
+    refuseTakenName(catalog, validName, id);
 
     category.name = validName;
     category.colorHex = color;

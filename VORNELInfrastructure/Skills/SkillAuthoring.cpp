@@ -6,9 +6,9 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Library/CategoryRules.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Categories/CategoryCatalog.h>
-#include <VORNELInfrastructure/Categories/CategoryRules.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>

@@ -4,8 +4,8 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Library/CategoryRules.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Categories/CategoryRules.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Workspace/Locating.h>
 

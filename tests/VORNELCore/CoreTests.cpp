@@ -2,13 +2,13 @@
 
 #include <VORNELCore/Errors/ErrorMessage.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Library/CategoryRules.h>
 #include <VORNELCore/Library/LibraryQuery.h>
 #include <VORNELCore/Library/LocaleText.h>
 #include <VORNELCore/Library/NewSkillText.h>
 #include <VORNELCore/Library/Wording.h>
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Categories/CategoryRules.h>
 #include <VORNELInfrastructure/Skills/SkillText.h>
 
 #include <QJsonArray>

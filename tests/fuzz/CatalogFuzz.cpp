@@ -1,8 +1,8 @@
 #include "Promise.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Library/CategoryRules.h>
 #include <VORNELInfrastructure/Categories/CategoryCatalog.h>
-#include <VORNELInfrastructure/Categories/CategoryRules.h>
 
 #include <algorithm>
 

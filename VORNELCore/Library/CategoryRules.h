@@ -1,10 +1,21 @@
 #pragma once
 
+#include <VORNELCore/Records/WorkspaceModels.h>
+
 #include <QSet>
 #include <QString>
 
 /// What a category's name, colour and identifier may be.
 namespace vornel::CategoryRules {
+
+/// Whether a name, trimmed, has more characters than a category's may have.
+bool isTooLong(const QString &name);
+
+/// Whether a category other than `exceptID` has this name, trimmed and without regard to case.
+bool isTaken(const QString &name, const QList<SkillCategory> &categories, const QString &exceptID = {});
+
+/// What the user reads about a name that is taken.
+QString takenMessage();
 
 /// The name, trimmed; throws `integrityFailure` unless it has 1 to 40 characters.
 QString validatedCategoryName(const QString &name);

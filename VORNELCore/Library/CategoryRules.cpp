@@ -1,19 +1,39 @@
 #include "CategoryRules.h"
 
+#include "LocaleText.h"
+
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
-#include <VORNELCore/Library/LocaleText.h>
-#include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QRegularExpression>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace vornel::CategoryRules {
 
+bool isTooLong(const QString &name)
+{
+    return LocaleText::characterCount(name.trimmed()) > SkillCategory::longestName;
+}
+
+bool isTaken(const QString &name, const QList<SkillCategory> &categories, const QString &exceptID)
+{
+    const QString wanted = LocaleText::caseless(name.trimmed());
+    return std::ranges::any_of(categories, [&](const SkillCategory &category) {
+        return category.id != exceptID && LocaleText::caseless(category.name) == wanted;
+    });
+}
+
+QString takenMessage()
+{
+    return u"Une catégorie porte déjà ce nom."_s;
+}
+
 QString validatedCategoryName(const QString &name)
 {
     QString trimmed = name.trimmed();
-    if (trimmed.isEmpty() || LocaleText::characterCount(trimmed) > SkillCategory::longestName)
+    if (trimmed.isEmpty() || isTooLong(trimmed))
         throw VORNELWorkspaceError::integrityFailure(
             u"Le nom de la catégorie doit contenir entre 1 et 40 caractères."_s);
     return trimmed;
