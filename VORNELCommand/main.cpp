@@ -1,9 +1,8 @@
-#include "CommandLine.h"
-#include "Commands.h"
-#include "FailureReport.h"
-#include "StandardStreams.h"
-#include "Terminal.h"
-
+#include <VORNELCommand/Commands/Commands.h>
+#include <VORNELCommand/Output/FailureReport.h>
+#include <VORNELCommand/Output/StandardStreams.h>
+#include <VORNELCommand/Output/Terminal.h>
+#include <VORNELCommand/Syntax/CommandLine.h>
 #include <VORNELCore/Errors/ErrorMessage.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELCore/Records/VORNELProduct.h>

@@ -1,7 +1,6 @@
 #include "InputFile.h"
 
-#include "CommandFailure.h"
-
+#include <VORNELCommand/Output/CommandFailure.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/FileSystem.h>
 #include <VORNELInfrastructure/Skills/SkillFiles.h>

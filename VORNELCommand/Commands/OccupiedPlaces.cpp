@@ -1,7 +1,6 @@
 #include "OccupiedPlaces.h"
 
-#include "CommandFailure.h"
-
+#include <VORNELCommand/Output/CommandFailure.h>
 #include <VORNELCore/Records/RecordJson.h>
 
 #include <algorithm>
@@ -40,11 +39,11 @@ QString messageFor(const QList<TargetOccupant> &occupants)
 
 } // namespace
 
-void refuseOccupied(CopyInspecting &copies, const QList<TargetPlace> &places, bool mayReplace)
+void refuseOccupied(const Session &session, const QList<TargetPlace> &places)
 {
-    QList<TargetOccupant> occupants = copies.occupants(places).result();
+    QList<TargetOccupant> occupants = session.services.copies.occupants(places).result();
     const bool isReplaceable = std::ranges::all_of(occupants, &QString::isEmpty, &TargetOccupant::refusal);
-    if (occupants.isEmpty() || (mayReplace && isReplaceable))
+    if (occupants.isEmpty() || (isReplaceable && session.invocation.has(u"replace"_s)))
         return;
     if (!isReplaceable)
         occupants.removeIf([](const TargetOccupant &occupant) { return occupant.refusal.isEmpty(); });

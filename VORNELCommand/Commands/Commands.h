@@ -1,7 +1,6 @@
 #pragma once
 
-#include "CommandLine.h"
-
+#include <VORNELCommand/Syntax/CommandLine.h>
 #include <VORNELCore/Services/CopyInspecting.h>
 #include <VORNELCore/Services/CopyRepairing.h>
 #include <VORNELCore/Services/CreationReviewing.h>

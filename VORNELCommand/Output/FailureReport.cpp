@@ -1,9 +1,9 @@
 #include "FailureReport.h"
 
 #include "CommandFailure.h"
-#include "CommandLine.h"
 #include "Terminal.h"
 
+#include <VORNELCommand/Syntax/CommandLine.h>
 #include <VORNELCore/Errors/ErrorMessage.h>
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Records/SerializedForms.h>

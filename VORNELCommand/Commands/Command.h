@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Session.h"
+
+namespace vornel {
+
+/// What a command is called, and what runs it and returns the exit code.
+struct Command
+{
+    CommandSyntax syntax;
+    int (*run)(const Session &);
+};
+
+/// The commands, by what they are about. Each group is a section of the help or a part of one.
+QList<Command> lookingCommands();
+QList<Command> importCommands();
+QList<Command> editingCommands();
+QList<Command> syncCommands();
+QList<Command> categoryCommands();
+QList<Command> trashCommands();
+
+/// The cases of an enumeration, as a usage offers them: "claude|codex".
+template <typename E>
+QString alternatives()
+{
+    QStringList names;
+    for (const E each : allCases<E>())
+        names.append(rawValue(each));
+    return names.join(u'|');
+}
+
+} // namespace vornel

@@ -1,0 +1,59 @@
+#include "Command.h"
+#include "InputFile.h"
+#include "OccupiedPlaces.h"
+
+#include <VORNELCommand/Output/Report.h>
+#include <VORNELCore/Library/NewSkillText.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+int create(const Session &session)
+{
+    const Invocation &invocation = session.invocation;
+    CreateSkillRequest request{invocation.operands.first(),
+                               invocation.value(u"name"_s),
+                               invocation.value(u"summary"_s),
+                               invocation.value(u"category"_s, SkillCategory::otherID),
+                               invocation.value(u"tags"_s).split(u','),
+                               caseOf<Maturity>(invocation.value(u"maturity"_s, rawValue(Maturity::draft))),
+                               std::nullopt};
+    request.skillMD =
+        invocation.has(u"file"_s) ? textOfFile(invocation.value(u"file"_s)) : readableSkillText(request);
+    session.services.creations.reviewCreation(request).result(); // before a question that might be needless
+    refuseOccupied(session, placesOf({request.slug}));
+    output(session, session.services.workspace.createSkill(request).result(), Report::state);
+    return ExitCode::success;
+}
+
+int save(const Session &session)
+{
+    const qint64 revision = session.invocation.value(u"expect"_s).toLongLong();
+    const QString text = textOfFile(session.invocation.value(u"file"_s));
+    const QUuid id = activeSkill(session, session.invocation.operands.first());
+    output(session, session.services.workspace.saveSkill(id, revision, text).result(), Report::state);
+    return ExitCode::success;
+}
+
+} // namespace
+
+QList<Command> editingCommands()
+{
+    const QString section = u"Écrire"_s;
+    return {
+        {{section,
+          u"create IDENTIFIANT --name NOM [--summary TEXTE] [--category CATÉGORIE] [--tags A,B] "
+          "[--maturity "_s +
+              alternatives<Maturity>() + u"] [--file FICHIER] [--replace]"_s,
+          u"Crée une compétence."_s},
+         create},
+        {{section, u"save SKILL --expect RÉVISION --file FICHIER"_s,
+          u"Remplace le SKILL.md, si la compétence en est encore à cette révision."_s},
+         save},
+    };
+}
+
+} // namespace vornel

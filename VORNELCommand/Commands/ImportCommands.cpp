@@ -1,0 +1,107 @@
+#include "Command.h"
+#include "OccupiedPlaces.h"
+
+#include <VORNELCommand/Output/Report.h>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+int scan(const Session &session)
+{
+    output(session, session.services.workspace.scanImports().result(), Report::plan);
+    return ExitCode::success;
+}
+
+/// Leaves out of `plan` the skills that the user has named, and returns the plan as it is then.
+ImportPlan exclude(const Session &session, ImportPlan plan)
+{
+    for (const QString &slug : session.invocation.values.value(u"except"_s)) {
+        const auto has = [&slug](const auto &entries) {
+            return std::ranges::any_of(entries, [&slug](const auto &entry) { return entry.slug == slug; });
+        };
+        if (!has(plan.candidates) && !has(plan.collisions))
+            throw unknownSkill(slug);
+        plan = session.services.imports.excludeFromImport(slug).result();
+    }
+    return plan;
+}
+
+/// The choices typed as "SLUG=claude" or "SLUG=codex".
+QHash<QString, CollisionChoice> typedChoices(const Session &session)
+{
+    QHash<QString, CollisionChoice> choices;
+    for (const QString &typed : session.invocation.values.value(u"choose"_s))
+        choices.insert(typed.section(u'=', 0, 0), caseOf<CollisionChoice>(typed.section(u'=', 1)));
+    return choices;
+}
+
+/// Resolves the collisions of `plan` as the user asked, and returns the plan as it is then.
+ImportPlan resolveCollisions(const Session &session, ImportPlan plan)
+{
+    const QString prefer = u"prefer"_s;
+    std::optional<CollisionChoice> preferred;
+    if (session.invocation.has(prefer))
+        preferred = caseOf<CollisionChoice>(session.invocation.value(prefer));
+    QHash<QString, CollisionChoice> choices = typedChoices(session);
+
+    QStringList undecided;
+    QList<std::pair<QUuid, CollisionChoice>> decided;
+    for (const ImportCollision &collision : plan.collisions) {
+        const auto typed = choices.find(collision.slug);
+        if (typed != choices.end())
+            decided.append({collision.id, choices.take(collision.slug)});
+        else if (preferred)
+            decided.append({collision.id, *preferred});
+        else
+            undecided.append(collision.slug);
+    }
+    // A command that is repeated names collisions that are settled and in the library by now.
+    for (const SkillSummary &skill : session.overview.skills)
+        choices.remove(skill.slug);
+    if (!choices.isEmpty())
+        throw CommandFailure(u"collisionNotFound"_s,
+                             u"Collision d’import introuvable : "_s + choices.begin().key());
+    for (const auto &[id, choice] : decided)
+        plan = session.services.workspace.resolveCollision(id, choice).result();
+    if (!undecided.isEmpty() && !session.invocation.has(u"json"_s))
+        Terminal::printError(u"À choisir avec --choose IDENTIFIANT="_s + alternatives<CollisionChoice>() +
+                             u" ou --prefer\u00A0: "_s + undecided.join(u", "_s));
+    return plan;
+}
+
+int import(const Session &session)
+{
+    const ImportPlan plan =
+        resolveCollisions(session, exclude(session, session.services.workspace.scanImports().result()));
+    if (plan.isReadyToCommit())
+        refuseOccupied(session, placesFilledBy(plan));
+    const QFuture<WorkspaceOverview> commit = session.services.workspace.commitImport(plan.id);
+    Terminal::followProgress(u"Import"_s, QFuture<void>(commit));
+    output(session, commit.result(), [&](const WorkspaceOverview &overview) {
+        return Report::imported(plan) + u'\n' + Report::overview(overview, session.drift);
+    });
+    return ExitCode::success;
+}
+
+} // namespace
+
+QList<Command> importCommands()
+{
+    const QString section = u"Importer"_s;
+    const QString choices = alternatives<CollisionChoice>();
+    return {
+        {{section, u"scan"_s, u"Ce que contiennent les deux dossiers."_s}, scan},
+        {{section,
+          u"import [--choose IDENTIFIANT="_s + choices + u"]… [--prefer "_s + choices +
+              u"] [--except IDENTIFIANT]… [--replace]"_s,
+          u"Importe les deux dossiers."_s},
+         import},
+    };
+}
+
+} // namespace vornel

@@ -1,0 +1,82 @@
+#include "Command.h"
+
+#include <VORNELCommand/Output/Report.h>
+#include <VORNELCore/Library/LibraryQuery.h>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+int status(const Session &session)
+{
+    output(session, session.overview, Report::overview);
+    return LibraryQuery::needsAttention(session.overview).isEmpty() ? ExitCode::success
+                                                                    : ExitCode::needsAttention;
+}
+
+LibraryQuery::Filter typedFilter(const Invocation &invocation)
+{
+    const QString category = u"category"_s;
+    const QString maturity = u"maturity"_s;
+    LibraryQuery::Filter filter{invocation.value(u"search"_s), std::nullopt, std::nullopt};
+    if (invocation.has(category))
+        filter.category = invocation.value(category);
+    if (invocation.has(maturity))
+        filter.maturity = caseOf<Maturity>(invocation.value(maturity));
+    return filter;
+}
+
+int list(const Session &session)
+{
+    const WorkspaceOverview &overview = session.overview;
+    const bool ofTrash = session.invocation.has(u"trash"_s);
+    const LibraryIndex index(ofTrash ? overview.trashedSkills : overview.skills, overview.categories);
+    output(session, index.orderedFilteredSkills(typedFilter(session.invocation)),
+           [&](const QList<SkillSummary> &skills) {
+               return ofTrash ? Report::trashedSkills(skills, overview.categories,
+                                                      session.services.trash.trashDates().result())
+                              : Report::skills(skills, overview.categories, session.drift);
+           });
+    return ExitCode::success;
+}
+
+int show(const Session &session)
+{
+    const QUuid id = activeSkill(session, session.invocation.operands.first());
+    output(session, session.services.workspace.loadSkill(id).result(), Report::detail);
+    return ExitCode::success;
+}
+
+int diff(const Session &session)
+{
+    const QUuid id = activeSkill(session, session.invocation.operands.first());
+    const QList<CopyInspection> copies = session.services.copies.inspectCopies(id).result();
+    output(session, copies, Report::copies);
+    const auto isInSync = [](const CopyInspection &copy) { return copy.state == SyncState::inSync; };
+    return std::ranges::all_of(copies, isInSync) ? ExitCode::success : ExitCode::needsAttention;
+}
+
+} // namespace
+
+QList<Command> lookingCommands()
+{
+    const QString section = u"Consulter"_s;
+    return {
+        {{section, u"status"_s, u"L’état du workspace\u00A0; code 1 si une copie est à réparer."_s}, status},
+        {{section,
+          u"list [--search TEXTE] [--category CATÉGORIE] [--maturity "_s + alternatives<Maturity>() +
+              u"] [--trash]"_s,
+          u"Les compétences actives, ou celles de la corbeille."_s},
+         list},
+        {{section, u"show SKILL"_s, u"Tout ce qui est connu d’une compétence."_s}, show},
+        {{section, u"diff SKILL"_s,
+          u"Ce que chaque copie a en plus (+), en moins (-) ou de modifié (~)\u00A0; code 1 si l’une diffère."_s},
+         diff},
+    };
+}
+
+} // namespace vornel
