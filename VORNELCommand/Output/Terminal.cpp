@@ -4,10 +4,13 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <cwchar>
 #include <system_error>
 #include <thread>
 
@@ -46,6 +49,31 @@ const char *escapeCode(Colour colour)
     return "0";
 }
 
+/// Whether a character takes one column, as nearly all characters of western texts do.
+bool isNarrow(QChar c)
+{
+    return c < u'\u0300' || (c >= u'\u2010' && c <= u'\u2027');
+}
+
+/// The columns that a terminal gives to a text: two for a letter of Chinese, none for a combining accent. The
+/// system tells it of every character, whatever the user's locale, but needs some time to load what it knows.
+qsizetype width(const QString &text)
+{
+    if (std::ranges::all_of(text, isNarrow))
+        return text.size();
+    static const locale_t allCharacters = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    if (allCharacters == nullptr)
+        return LocaleText::characterCount(text);
+    const locale_t former = ::uselocale(allCharacters);
+    qsizetype columns = 0;
+    for (const wchar_t c : text.toStdWString()) {
+        const int known = ::wcwidth(c);
+        columns += known < 0 ? 1 : known;
+    }
+    ::uselocale(former);
+    return columns;
+}
+
 } // namespace
 
 QString coloured(const QString &text, Colour colour)
@@ -75,19 +103,19 @@ QString oneLine(const QString &text)
 QString table(const QList<QList<Cell>> &rows)
 {
     constexpr int gap = 2;
-    QList<int> widths;
+    QList<qsizetype> widths;
     for (const QList<Cell> &row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
         for (qsizetype column = 0; column < row.size(); ++column)
-            widths[column] = std::max(widths[column], LocaleText::characterCount(oneLine(row[column].text)));
+            widths[column] = std::max(widths[column], width(oneLine(row[column].text)));
     }
     QString text;
     for (const QList<Cell> &row : rows) {
         for (qsizetype column = 0; column < row.size(); ++column) {
-            const Cell &cell = row[column];
-            text += coloured(oneLine(cell.text), cell.colour);
+            const QString shown = oneLine(row[column].text);
+            text += coloured(shown, row[column].colour);
             if (column + 1 < row.size())
-                text += QString(widths[column] + gap - LocaleText::characterCount(oneLine(cell.text)), u' ');
+                text += QString(widths[column] + gap - width(shown), u' ');
         }
         text += u'\n';
     }

@@ -26,7 +26,7 @@ struct Cell
     Colour colour = Colour::Plain;
 };
 
-/// The rows in columns, two blanks apart.
+/// The rows in columns, two blanks apart, aligned whatever the width of their characters.
 QString table(const QList<QList<Cell>> &rows);
 
 /// Writes to standard output; throws `std::system_error` when that can't be written.

@@ -84,7 +84,15 @@ TEST_F(Vornelctl, CarriesASkillThroughItsLife)
     EXPECT_EQ(run("list --trash --search rien --json").json().array().size(), 0);
     EXPECT_TRUE(run("list --trash").output.startsWith("demo  Démo  Design  Brouillon  20"));
     EXPECT_EQ(run("restore demo").code, 0);
-    EXPECT_EQ(run("trash demo --json").json()[u"trashedSkills"].toArray().size(), 1);
+
+    // Columns are aligned by what a terminal shows: two columns for a wide letter, none for an accent.
+    EXPECT_EQ(run("create wide --name 漢字 --file text").code, 0);
+    EXPECT_EQ(run("create mark --name re\u0301vue --file text").code, 0);
+    const QByteArray listed = run("list").output;
+    for (const char *row : {"demo  Démo   Design  ", "wide  漢字   Autre   ", "mark  re\u0301vue  Autre   "})
+        EXPECT_TRUE(listed.contains(row)) << row << listed.constData();
+    EXPECT_EQ(run("trash wide mark").code, 0);
+    EXPECT_EQ(run("trash demo --json").json()[u"trashedSkills"].toArray().size(), 3);
     EXPECT_EQ(run("delete demo").code, 0);
     EXPECT_EQ(run("empty-trash --json").json()[u"trashedSkills"].toArray().size(), 0);
 }
