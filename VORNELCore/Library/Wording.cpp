@@ -121,10 +121,9 @@ QString fileSize(qint64 bytes)
 {
     if (bytes < 1'000)
         return u"%1\u00A0octet%2"_s.arg(bytes).arg(bytes < 2 ? QString() : u"s"_s);
-    const bool isLarge = bytes >= 1'000'000;
-    const QLocale french(QLocale::French, QLocale::France);
-    return french.toString(static_cast<double>(bytes) / (isLarge ? 1e6 : 1e3), 'f', 1) +
-           (isLarge ? u"\u00A0Mo"_s : u"\u00A0ko"_s);
+    return QLocale(QLocale::French, QLocale::France)
+        .formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat)
+        .replace(u' ', u'\u00A0');
 }
 
 } // namespace vornel::Wording
