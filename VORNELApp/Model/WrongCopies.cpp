@@ -40,8 +40,7 @@ QString WrongCopies::problem(const QList<CopyInspection> &copies)
     QStringList reasons;
     for (const CopyInspection &copy : copies) {
         if (!copy.reason.isEmpty())
-            reasons.append(copy.assistant() + u"\u00A0: "_s + copy.reason + u" ("_s + copy.shownPath() +
-                           u')');
+            reasons.append(copy.failureText());
     }
     return reasons.join(u'\n');
 }

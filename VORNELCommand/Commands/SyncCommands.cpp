@@ -55,8 +55,7 @@ void reportFailures(const Session &session, const QList<SyncOutcome> &failures)
         Terminal::printError(Terminal::printable(slugOf(failure.id, session.overview.skills) + u"\u00A0: "_s +
                                                  errorMessage(failure.failure)));
         for (const CopyInspection &copy : failedCopies(session, failure.id))
-            Terminal::printError(Terminal::printable(u"  "_s + copy.assistant() + u"\u00A0: "_s +
-                                                     copy.reason + u" ("_s + copy.shownPath() + u')'));
+            Terminal::printError(Terminal::printable(u"  "_s + copy.failureText()));
     }
 }
 

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 QString CopyInspection::shownPath() const
@@ -27,6 +29,11 @@ QString CopyInspection::assistant() const
 QString CopyInspection::stateText() const
 {
     return Wording::syncState(state, drift);
+}
+
+QString CopyInspection::failureText() const
+{
+    return reason.isEmpty() ? QString() : assistant() + u"\u00A0: "_s + reason + u" ("_s + shownPath() + u')';
 }
 
 Drift worstDrift(const QList<CopyInspection> &copies)

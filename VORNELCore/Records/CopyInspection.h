@@ -7,11 +7,10 @@
 
 #include <filesystem>
 
-/// What a look into the installed copies of a skill found: plain values. A property's name is also its key in
-/// JSON.
+/// What was found out about the copies of a skill: plain values. A property's name is also its key in JSON.
 namespace vornel {
 
-/// One entry in which a copy differs from the canonical folder.
+/// A file or folder in which a copy differs from the canonical folder.
 struct FileDifference
 {
     Q_GADGET
@@ -43,25 +42,28 @@ struct CopyInspection
 public:
     TargetKind target = TargetKind::claude;
     SyncState state = SyncState::unknown;
-    Drift drift = Drift::none;              ///< where the content differs
+    Drift drift = Drift::none;              ///< why the content differs, if it does
     QList<FileDifference> differences = {}; ///< by path; a folder only where nothing in it is listed
     QString reason = {};                    ///< of a failure, for the user; empty in any other state
     std::filesystem::path path = {};        ///< where the copy stands, or would
-    bool isUnreadable = false; ///< whether the copy itself can't be looked at: no synchronisation replaces it
+    bool isUnreadable = false; ///< whether the copy itself can't be read: then no synchronisation replaces it
 
     QString shownPath() const;
 
-    /// By which the desktop opens the assistant's folder, in which the copy is.
+    /// The address of the target, with which the desktop opens it.
     QUrl folderURL() const;
 
-    /// What the user reads.
+    /// The assistant and the state, as the user reads them.
     QString assistant() const;
     QString stateText() const;
+
+    /// Names the assistant, the reason of a failure and the place; empty without a reason.
+    QString failureText() const;
 
     bool operator==(const CopyInspection &) const = default;
 };
 
-/// The drift that is told of a skill with these copies: the worst of theirs.
+/// The worst drift among the copies of a skill, which is the one shown for the skill.
 Drift worstDrift(const QList<CopyInspection> &copies);
 
 } // namespace vornel
