@@ -1,6 +1,6 @@
 #include "CopySurvey.h"
 
-#include <QCoro/QCoroFuture>
+#include <VORNELApp/Copies/FoundCopies.h>
 
 #include <algorithm>
 
@@ -54,12 +54,7 @@ QCoro::Task<> CopySurvey::look(CopySurvey *self, std::weak_ptr<const bool> life,
                                QSet<QUuid> ids, int request)
 {
     for (const QUuid &id : std::as_const(ids)) {
-        QList<CopyInspection> inspections;
-        try {
-            inspections = co_await model->inspector().inspectCopies(id);
-        } catch (const std::exception &) {
-            inspections.clear(); // a skill that can't be read has no copies to compare
-        }
+        const QList<CopyInspection> inspections = co_await foundCopies(model->inspector().inspectCopies(id));
         if (life.expired() || self->m_request != request)
             co_return;
         self->note(inspections);

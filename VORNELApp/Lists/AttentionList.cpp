@@ -1,6 +1,6 @@
 #include "AttentionList.h"
 
-#include <QCoro/QCoroFuture>
+#include <VORNELApp/Copies/FoundCopies.h>
 
 #include <utility>
 
@@ -65,12 +65,7 @@ void AttentionList::lookAtNext()
 
 QCoro::Task<> AttentionList::inspect(QPointer<AttentionList> self, AppModel *model, QUuid id)
 {
-    QList<CopyInspection> inspections;
-    try {
-        inspections = co_await model->inspector().inspectCopies(id);
-    } catch (const std::exception &) {
-        inspections.clear(); // a skill that can't be read has no copies to compare
-    }
+    const QList<CopyInspection> inspections = co_await foundCopies(model->inspector().inspectCopies(id));
     if (!self.isNull())
         self->show(id, inspections);
 }
