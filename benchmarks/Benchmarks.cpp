@@ -28,7 +28,8 @@ namespace {
 namespace fs = std::filesystem;
 using namespace vornel;
 
-/// The roots that the environment names; without them, nobody's own folders are touched.
+/// The roots that the environment names. Without them there are none, so that the user's own folders are
+/// safe.
 WorkspaceRoots roots()
 {
     const Environment environment = [](const char *variable) {

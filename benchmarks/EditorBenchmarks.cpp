@@ -107,7 +107,7 @@ private:
     std::unique_ptr<QQuickItem> m_view;
 };
 
-/// Made by the first benchmark; goes before the application.
+/// Made by the first benchmark, and destroyed before the application.
 std::unique_ptr<Editor> &stage()
 {
     static std::unique_ptr<Editor> editor;

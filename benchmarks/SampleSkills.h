@@ -6,7 +6,7 @@
 
 #include <random>
 
-/// A library that lies in memory alone, the same at every run.
+/// A library in memory, the same at every run.
 namespace vornel {
 
 /// Texts as people write them.

@@ -4,7 +4,7 @@
 
 namespace vornel {
 
-/// What a command is called, and what runs it and returns the exit code.
+/// A command's syntax, and the function that runs it and returns the exit code.
 struct Command
 {
     CommandSyntax syntax;

@@ -21,7 +21,7 @@ inline constexpr int usage = 64;
 /// The syntax of every command.
 QList<CommandSyntax> commandSyntaxes();
 
-/// What commands work with: one service, which does all of this.
+/// What commands work with: one service under each of its interfaces.
 struct Services
 {
     WorkspaceServicing &workspace;

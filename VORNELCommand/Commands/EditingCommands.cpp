@@ -23,7 +23,8 @@ int create(const Session &session)
                                std::nullopt};
     request.skillMD =
         invocation.has(u"file"_s) ? textOfFile(invocation.value(u"file"_s)) : readableSkillText(request);
-    session.services.creations.reviewCreation(request).result(); // before a question that might be needless
+    // What the service would refuse anyway is told before what stands in the way.
+    session.services.creations.reviewCreation(request).result();
     refuseOccupied(session, placesOf({request.slug}));
     output(session, session.services.workspace.createSkill(request).result(), Report::state);
     return ExitCode::success;

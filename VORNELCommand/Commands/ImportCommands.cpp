@@ -60,7 +60,8 @@ ImportPlan resolveCollisions(const Session &session, ImportPlan plan)
         else
             undecided.append(collision.slug);
     }
-    // A command that is repeated names collisions that are settled and in the library by now.
+    // The same command may be given again: then the skills that it chooses between are in the library
+    // already.
     for (const SkillSummary &skill : session.overview.skills)
         choices.remove(skill.slug);
     if (!choices.isEmpty())

@@ -4,8 +4,8 @@
 
 namespace vornel {
 
-/// Throws `CommandFailure` "targetOccupied" where a skill that goes to these places would replace folders of
-/// others and the user hasn't asked for that by "--replace", or meets what can't be replaced.
+/// Throws `CommandFailure` "targetOccupied" when these places hold something that can't be replaced, or
+/// folders that VORNEL didn't install and the command line lacks "--replace".
 void refuseOccupied(const Session &session, const QList<TargetPlace> &places);
 
 } // namespace vornel

@@ -23,7 +23,6 @@ QList<QUuid> skillsToSynchronize(const Session &session)
     return ids;
 }
 
-/// The copies of a skill that have failed.
 QList<CopyInspection> failedCopies(const Session &session, const QUuid &id)
 {
     QList<CopyInspection> copies = session.services.copies.wrongCopies().result().value(id);
@@ -31,7 +30,8 @@ QList<CopyInspection> failedCopies(const Session &session, const QUuid &id)
     return copies;
 }
 
-/// The first failure as any other command tells it, and each with its skill and the copies that have failed.
+/// The first failure in the form that every command uses, and in "failures" each of them with its skill and
+/// the copies that failed.
 QJsonObject failuresObject(const Session &session, const QList<SyncOutcome> &failures)
 {
     QJsonArray all;

@@ -16,7 +16,7 @@ public:
     {}
 
     QString caseName;
-    QJsonObject details; ///< what it says besides its message, as JSON
+    QJsonObject details; ///< added to its JSON form
 };
 
 } // namespace vornel

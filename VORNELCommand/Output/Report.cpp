@@ -36,7 +36,7 @@ Cell stateCell(SyncState state, Drift drift)
     return {text, Colour::Muted};
 }
 
-/// Of a skill, by its summary or what is known of it.
+/// The state of a skill. `record` is its summary or its detail.
 template <typename Record>
 Cell stateCell(const QUuid &id, const Record &record, const SkillDrift &drift)
 {
@@ -73,7 +73,7 @@ QString section(const QString &title, const QList<QList<Cell>> &rows)
     return rows.isEmpty() ? QString() : heading(title, rows.size()) + Terminal::table(rows);
 }
 
-/// One row a skill, with what `lastCell` tells of it at its end.
+/// One row for each skill; `lastCell` makes the last cell of each row.
 template <typename LastCell>
 QString skillTable(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
                    const LastCell &lastCell)

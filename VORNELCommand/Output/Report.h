@@ -14,22 +14,22 @@ namespace vornel::Report {
 /// The workspace, how many skills it holds, and those of which a copy needs attention.
 QString overview(const WorkspaceOverview &overview, const SkillDrift &drift);
 
-/// One row a skill.
+/// One row for each skill.
 QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
                const SkillDrift &drift);
 
-/// One row a skill of the trash, with the time at which it came there, where `dates` tells it.
+/// One row for each skill of the trash, with the time at which it came there, if `dates` has it.
 QString trashedSkills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
                       const QHash<QUuid, QDateTime> &dates);
 
 /// Everything about one skill, and its text.
 QString detail(const SkillDetail &detail, const SkillDrift &drift);
 
-/// Where each copy stands, with the reason of a failure or what is behind a difference, and the paths that
+/// The state of each copy, with the reason of a failure or the cause of a difference, and the paths that
 /// differ.
 QString copies(const QList<CopyInspection> &copies);
 
-/// One row a skill: where it stands after an operation.
+/// One row for each skill: its revision and its state after an operation.
 QString states(const QList<SkillDetail> &details, const SkillDrift &drift);
 QString state(const SkillDetail &detail, const SkillDrift &drift);
 
@@ -42,7 +42,7 @@ QString imported(const ImportPlan &plan);
 /// The categories, with the number of skills in each.
 QString categories(const WorkspaceOverview &overview);
 
-/// The skills in the trash, with the time at which each came there, where `dates` tells it.
+/// The skills in the trash, with the time at which each came there, if `dates` has it.
 QString trash(const WorkspaceOverview &overview, const QHash<QUuid, QDateTime> &dates);
 
 } // namespace vornel::Report

@@ -37,7 +37,8 @@ QJsonValue SkillDrift::addedTo(const QJsonValue &records) const
     for (QJsonValueRef field : object)
         field = addedTo(field);
     if (object.value(u"syncState"_s) == rawValue(SyncState::drifted)) {
-        const QJsonObject identified = object.value(u"manifest"_s).toObject(object); // that of a detail
+        const QJsonObject identified =
+            object.value(u"manifest"_s).toObject(object); // a detail has its identifier in there
         const auto id = uuidFromText(identified.value(u"id"_s).toString());
         object.insert(u"drift"_s, rawValue(of(id.value_or(QUuid()))));
     }

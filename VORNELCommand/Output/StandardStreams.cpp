@@ -11,7 +11,7 @@ namespace vornel::StandardStreams {
 
 void replaceClosed()
 {
-    // A new descriptor has the lowest free number: here, that of the closed stream.
+    // A new descriptor has the lowest free number, which here is that of the closed stream.
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(stream, F_GETFD) < 0)
             ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);

@@ -3,8 +3,8 @@
 /// The standard streams, any of which may have been closed before the program began.
 namespace vornel::StandardStreams {
 
-/// Gives each closed stream a stand-in that refuses to be used. Without it, the next file to be opened would
-/// take the stream's place, and what is written for people would go into that file.
+/// Opens each closed stream on something that refuses to be read from or written to. Without that, the next
+/// file to be opened would get the stream's number, and messages would be written into that file.
 void replaceClosed();
 
 /// Throws `CommandFailure` "closedOutput" where nothing can be written to the standard output.

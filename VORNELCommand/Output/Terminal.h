@@ -13,7 +13,7 @@ enum class Colour { Plain, Success, Warning, Danger, Muted };
 /// `text` in `colour` when standard output is a terminal that shows colours.
 QString coloured(const QString &text, Colour colour);
 
-/// The text without control characters, which could command the terminal.
+/// The text without characters that could command the terminal or change the order of a line.
 QString printable(const QString &text);
 
 /// `printable` text on one line, its white space reduced to single blanks.

@@ -22,7 +22,8 @@ QList<OptionSyntax> sharedOptions()
     return options;
 }
 
-/// Makes every option of every command known: the words of a command's name may follow any of them.
+/// Makes the options of all commands known to the parser: which command is meant isn't known yet, since
+/// options may come before its name.
 void addOptions(QCommandLineParser &parser, const QList<CommandSyntax> &commands)
 {
     QList<OptionSyntax> options = sharedOptions();
@@ -95,7 +96,7 @@ void checkOptions(const Invocation &invocation, const QList<OptionSyntax> &optio
     }
 }
 
-/// The lines that state a syntax and its meaning.
+/// The lines of the help for one command or option.
 QString entry(const QString &usage, const QString &meaning)
 {
     constexpr qsizetype width = 90;

@@ -33,8 +33,8 @@ public:
 /// command's name, until "--" ends them.
 Invocation parseCommandLine(const QStringList &arguments, const QList<CommandSyntax> &commands);
 
-/// The whole usage, in French. The completions of the shells read it: a line of two blanks begins a syntax,
-/// one of six tells what it means, one of ten goes on from the line above.
+/// The help, in French. The completions of the shells read it: a line that begins with two blanks states a
+/// syntax, one with ten blanks continues it, one with six tells its meaning.
 QString usageText(const QList<CommandSyntax> &commands);
 
 } // namespace vornel

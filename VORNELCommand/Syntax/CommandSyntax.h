@@ -10,12 +10,12 @@ namespace vornel {
 struct OptionSyntax
 {
     QString name;
-    QString form; ///< what stands for its value, as "TEXTE" or "claude|codex"; empty for a flag
+    QString form; ///< the placeholder of its value, "TEXTE" or "claude|codex"; empty for a flag
     bool isRequired = false;
 };
 
-/// Whether a form of a usage may stand for `value`: one of the words that it names, a number for "RÉVISION",
-/// some text for "DOSSIER", and any text for other forms.
+/// Whether `value` may be given where a usage has the placeholder `form`: one of the words that it lists, a
+/// number for "RÉVISION", a text that isn't empty for "DOSSIER", any text for the others.
 bool fits(const QString &value, const QString &form);
 
 /// The options that a usage names. Those with a value are required where they stand outside brackets.
@@ -42,7 +42,7 @@ struct CommandSyntax
 
     QStringList name; ///< one word, or two: "category", "create"
     QList<OptionSyntax> options;
-    QStringList operands; ///< what stands for each; before "…" the last one may be repeated
+    QStringList operands; ///< their placeholders; the last one may be repeated if it ends in "…"
 };
 
 } // namespace vornel

@@ -11,14 +11,14 @@ namespace vornel {
 class FailurePlace
 {
 public:
-    /// Without a folder, the error isn't about the skill's own.
+    /// `folder` is the skill's own, if that is what the error is about.
     static FailurePlace ofSkill(const QString &slug, const std::filesystem::path &folder = {});
     static FailurePlace ofFile(const std::filesystem::path &file);
 
     /// Where to look; empty where that isn't known.
     const std::filesystem::path &folder() const { return m_folder; }
 
-    /// Names what it is about, for the user.
+    /// Names the skill or the file, for the user.
     const QString &sentence() const { return m_sentence; }
 
 private:
@@ -30,7 +30,7 @@ private:
     std::filesystem::path m_folder;
 };
 
-/// An error of type `Error` that knows its place. It is caught as either of both.
+/// An error of type `Error` that knows its place. It can be caught as either base.
 template <typename Error>
 class Located : public Error, public FailurePlace
 {

@@ -3,7 +3,7 @@
 #include <QStringView>
 #include <QUtf8StringView>
 
-/// The checks that stand before every text that becomes a path. They touch no file.
+/// Checks of texts that are about to become paths. They touch no file.
 namespace vornel::WorkspaceValidation {
 
 /// The most characters of a slug.

@@ -16,8 +16,8 @@ namespace vornel {
 
 namespace {
 
-/// Stands between the texts of a skill, so that all are searched at once. As a folded text has no combining
-/// marks, neither has the search: nothing that is typed can match across two texts.
+/// Separates the texts of a skill, which are searched as one. It is a combining mark, of which folded texts
+/// have none: a search, which is folded too, can't match across two texts.
 constexpr QChar textSeparator(u'\u0300');
 
 QString searchedText(const SkillSummary &skill)
@@ -151,7 +151,7 @@ LibraryIndex::Positions LibraryIndex::matching(const LibraryQuery::Filter &filte
                (!filter.maturity || skill.maturity == *filter.maturity) &&
                hasEach(m_searchedTexts.at(position), words);
     };
-    // What is left of an ordered list is ordered: no key stroke sorts.
+    // A part of an ordered list is ordered, so nothing has to be sorted at each key stroke.
     Positions kept;
     std::ranges::copy_if(filter.category ? m_byName : m_byCategory, std::back_inserter(kept), passes);
     return kept;
@@ -168,7 +168,7 @@ QList<SkillSummary> LibraryIndex::skillsAt(const Positions &positions) const
 
 QList<SkillGroup> LibraryIndex::groups(const Positions &shown, const Positions &ordered) const
 {
-    QList<SkillGroup> groups(m_categories.size() + 1); // the last one for unknown categories
+    QList<SkillGroup> groups(m_categories.size() + 1); // the last one takes the unknown categories
     for (const qsizetype position : ordered)
         ++groups[m_ranks.at(position)].totalCount;
     for (const qsizetype position : shown)

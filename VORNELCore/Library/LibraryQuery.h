@@ -27,8 +27,7 @@ QList<SkillSummary> found(const QList<SkillSummary> &skills, const QString &sear
 /// The skills of which a copy is drifted, missing or failed, in the overview's order.
 QList<SkillSummary> needsAttention(const WorkspaceOverview &overview);
 
-/// The category that `id` names, or the catch-all category where none has this identifier; there is one even
-/// if the catalog lacks it.
+/// The category that `id` names, or else the catch-all category, even if the catalog lacks that.
 SkillCategory category(const QList<SkillCategory> &categories, const QString &id);
 
 } // namespace LibraryQuery
@@ -68,7 +67,7 @@ public:
 };
 
 /// The skills and categories of an overview, prepared to be queried at every key stroke: what doesn't depend
-/// on the filter is worked out once. A value that never changes and whose copies share their contents.
+/// on the filter is worked out once. Immutable, and cheap to copy.
 class LibraryIndex
 {
 public:

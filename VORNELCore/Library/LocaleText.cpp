@@ -12,7 +12,7 @@ namespace vornel::LocaleText {
 
 namespace {
 
-/// A collator is expensive to make, and not made to be shared between threads.
+/// Expensive to make, and not safe to share between threads: each thread keeps its own.
 QCollator userCollator(bool countsDigits)
 {
     const QLocale user;
@@ -22,7 +22,8 @@ QCollator userCollator(bool countsDigits)
     return made;
 }
 
-/// Whether a character never joins with a neighbour of its kind: the letters and signs of western texts.
+/// Whether a character never joins with another of which this is true too: the letters and signs of western
+/// texts.
 bool isLone(QChar c)
 {
     return (c < u'\u0300' && c != u'\r') || (c >= u'\u2010' && c <= u'\u2027');
@@ -65,8 +66,8 @@ QString caseless(const QString &text)
 
 int characterCount(const QString &text)
 {
-    // Between two lone characters there is always a boundary: only the stretches between such places, rare in
-    // most texts, need a closer look.
+    // Two lone characters in a row never form one. Only the stretches in between, rare in most texts, have to
+    // be given to the slow search for boundaries.
     qsizetype count = 0;
     for (qsizetype begin = 0, end = 0; begin < text.size(); begin = end) {
         end = begin + 1;

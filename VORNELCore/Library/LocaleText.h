@@ -9,8 +9,7 @@ namespace vornel::LocaleText {
 /// Whether `a` comes before `b` as in a dictionary: by language, without regard to case, digits one by one.
 bool comesBefore(const QString &a, const QString &b);
 
-/// A text made ready to be ordered as a file browser does: by language, without regard to case, digits by
-/// value.
+/// A key that orders texts as a file browser does: by language, without regard to case, digits by value.
 QCollatorSortKey sortKey(const QString &text);
 
 /// The form in which texts are searched: without case and without diacritics ("Éte" becomes "ete").

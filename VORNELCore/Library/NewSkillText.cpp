@@ -8,7 +8,7 @@ namespace vornel {
 
 namespace {
 
-/// What YAML doesn't take as it stands, even between quotes.
+/// Characters that have to be escaped in YAML, even between quotes.
 const QRegularExpression &unprintable()
 {
     static const QRegularExpression pattern(uR"([\p{Cc}\x{2028}\x{2029}\x{FEFF}\x{FFFE}\x{FFFF}])"_s);
@@ -18,7 +18,7 @@ const QRegularExpression &unprintable()
 bool isReadPlainly(const QString &value)
 {
     static const QRegularExpression syntax(uR"(\A[,\[\]{}#&*!|>'"%@`]|\A[-?:](?:\s|\z)|:(?:\s|\z)|\s#)"_s);
-    static const QRegularExpression notAText( // but nothing, a truth value, a number or a time
+    static const QRegularExpression notAText( // but null, a truth value, a number or a time
         uR"(\A(?:~|null|true|false|yes|no|on|off|y|n|=|<<|[-+]?\.(?:inf|nan)|[-+]?[.\d][-+.:\w]*|\d[-\d]+[ tz\d:.+-]*)\z)"_s,
         QRegularExpression::CaseInsensitiveOption);
     return !value.isEmpty() && value == value.trimmed() && !value.contains(unprintable()) &&

@@ -14,7 +14,7 @@ Pagination::Pagination(qint64 itemCount, qint64 pageSize, qint64 requestedPage)
 
 qint64 Pagination::pageCount() const
 {
-    // No other calculation exceeds this sum, and the constructor makes it: checked here, all are.
+    // The constructor makes this sum first, and no later calculation exceeds it: one check is enough for all.
     qint64 sum = 0;
     if (qAddOverflow(m_itemCount, m_pageSize, &sum))
         qFatal("the pages of a list are too large to be counted");

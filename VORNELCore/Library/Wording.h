@@ -11,10 +11,10 @@ namespace vornel::Wording {
 /// "Brouillon", "Prêt", "Actif", "Obsolète".
 QString maturity(Maturity maturity);
 
-/// What the user reads for each maturity, in their order.
+/// The names of all maturities, in their order.
 QStringList maturities();
 
-/// In lower case: "à jour", "copie manquante". What has drifted is told by its cause: "copie modifiée".
+/// In lower case: "à jour", "copie manquante". A drifted state is named after its cause: "copie modifiée".
 QString syncState(SyncState state, Drift drift = Drift::unknown);
 
 /// "1 compétence", "2 compétences".

@@ -17,14 +17,13 @@ Q_CLASSINFO("RegisterEnumClassesUnscoped", "false") // cases of one name stay ap
 enum class Maturity { draft, ready, active, obsolete };
 Q_ENUM_NS(Maturity)
 
-/// How the installed copies of a skill stand against its canonical copy.
+/// How the copies of a skill stand against its canonical folder.
 enum class SyncState { unknown, inSync, drifted, missing, failed };
 Q_ENUM_NS(SyncState)
 
-/// What has made an installed copy differ from the canonical folder. `outdated`: it holds a kept revision, so
-/// that the canonical folder has changed since; `edited`: it holds what no revision does, so that somebody
-/// has changed it where it stands; `unknown`: the history is of no help. In the order in which the worst is
-/// told.
+/// Why a copy differs from the canonical folder, from the mildest cause to the worst. `outdated`: it holds a
+/// kept revision, so the canonical folder has changed since. `unknown`: the history can't tell. `edited`: it
+/// holds what no kept revision does, so somebody has changed the copy itself.
 enum class Drift { none, outdated, unknown, edited };
 Q_ENUM_NS(Drift)
 
@@ -32,8 +31,8 @@ Q_ENUM_NS(Drift)
 enum class TargetKind { claude, codex };
 Q_ENUM_NS(TargetKind)
 
-/// What became of an entry of the canonical folder in an installed copy: `added` is in the copy alone,
-/// `removed` in the canonical folder alone.
+/// How a copy differs in one file or folder: `added` is only in the copy, `removed` only in the canonical
+/// folder.
 enum class FileChange { added, removed, changed };
 Q_ENUM_NS(FileChange)
 

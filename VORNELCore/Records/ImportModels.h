@@ -14,7 +14,7 @@
 /// all their fields. A property's name is also its key in JSON.
 namespace vornel {
 
-/// How people call an assistant.
+/// The name of an assistant, as the user reads it.
 QString assistantName(TargetKind kind);
 
 /// A folder that can be imported.
@@ -85,7 +85,7 @@ public:
     /// The name of the assistant in whose folder the entry is.
     QString assistant() const { return assistantName(source); }
 
-    /// The reason for people: the end of a sentence that begins with the folder's name.
+    /// The reason as the user reads it: the end of a sentence that begins with the folder's name.
     QString reasonText() const;
 
     bool operator==(const BlockedImport &) const = default;

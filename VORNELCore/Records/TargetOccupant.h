@@ -7,17 +7,17 @@
 
 namespace vornel {
 
-/// Where an assistant has its copy of a skill.
+/// The place of a skill's copy in a target, whether a copy is there or not.
 struct TargetPlace
 {
     TargetKind target;
     QString slug;
-    QUuid restored = {}; ///< the skill that comes there from the trash; null for any other
+    QUuid restored = {}; ///< the trashed skill that is to be restored there, if one is; otherwise null
 
     bool operator==(const TargetPlace &) const = default;
 };
 
-/// What stands where an install would put a copy, and isn't one.
+/// Something that stands where a copy is to be installed, and is no copy itself.
 struct TargetOccupant
 {
     Q_GADGET
@@ -36,7 +36,8 @@ public:
 
     QString shownPath() const;
 
-    /// By which the desktop opens it or, where no copy can take its place, the folder that it is in.
+    /// The address with which the desktop opens it; where no copy can take its place, that of the folder that
+    /// it is in.
     QUrl url() const;
 
     /// The name of the assistant in whose folder it is.
@@ -45,14 +46,14 @@ public:
     bool operator==(const TargetOccupant &) const = default;
 };
 
-/// The places that skills of these slugs take.
+/// The places of the copies of skills with these slugs, in each target.
 QList<TargetPlace> placesOf(const QStringList &slugs);
 
-/// The places that a skill takes when it is restored.
+/// The places of the copies of a skill that is to be restored.
 QList<TargetPlace> placesOfRestored(const QUuid &id, const QString &slug);
 
-/// The places that an import fills besides those where the skills are found. Where both assistants have the
-/// skill, what is replaced is the user's choice.
+/// The places where an import puts copies of skills that only the other assistant has. Where both have the
+/// skill, the user has already chosen what is replaced.
 QList<TargetPlace> placesFilledBy(const ImportPlan &plan);
 
 } // namespace vornel

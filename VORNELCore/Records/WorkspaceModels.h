@@ -67,7 +67,7 @@ public:
     QString category; ///< identifier of a SkillCategory
     QStringList tags;
     Maturity maturity = Maturity::draft;
-    qint64 revision = 1; ///< counts the changes of the canonical copy
+    qint64 revision = 1; ///< counts the changes of the canonical folder
     QDateTime createdAt; ///< UTC, whole seconds
     QDateTime updatedAt; ///< UTC, whole seconds
 
@@ -106,7 +106,7 @@ public:
     qint64 revision = 1;
     QDateTime updatedAt;
 
-    /// What the user reads.
+    /// The maturity as the user reads it.
     QString maturityText() const;
 
     bool operator==(const SkillSummary &) const = default;

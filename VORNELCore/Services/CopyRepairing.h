@@ -10,7 +10,7 @@
 
 namespace vornel {
 
-/// What became of one of several skills: the skill as it is now or, where it has none, what went wrong.
+/// What the synchronisation of one skill among several came to: the skill as it is now, or else the failure.
 struct SyncOutcome
 {
     QUuid id;
@@ -18,16 +18,17 @@ struct SyncOutcome
     std::exception_ptr failure;
 };
 
-/// Makes copies right where the synchronisation of one skill doesn't do.
+/// Repairs copies: those of several skills at once, and one that can't be read.
 class CopyRepairing
 {
 public:
     virtual ~CopyRepairing() = default;
 
-    /// Synchronises the skills in their order and past failures; those that are in sync are only read.
-    /// Progress runs from 0 to their number, and other operations may come between two skills. Once `stop` is
-    /// requested, the skill under way is the last one. The outcomes are in the same order. Where the library
-    /// can't be read, fails as a whole at the beginning; later, the skills that are left share the failure.
+    /// Synchronises the skills one after another; a failure doesn't stop the others. Skills that are in sync
+    /// are only read. Progress runs from 0 to the number of skills, and other operations may run between two
+    /// of them. Once `stop` is requested, the skill under way is the last one. The outcomes are in the order
+    /// of `ids`. If the library can't be read at the beginning, the whole operation fails; if that happens
+    /// later, each skill that is left gets the failure as its outcome.
     virtual QFuture<QList<SyncOutcome>> synchronizeSkills(QList<QUuid> ids, std::stop_token stop) = 0;
 
     /// Moves what stands in the place of this copy into the recovery folder, as it is, and installs the

@@ -16,7 +16,7 @@ struct UnsavedText
 {
     QString text;
     QString baseText;   ///< the saved text with which the edits began
-    QString baseDigest; ///< names it where the text itself isn't known any more; otherwise empty
+    QString baseDigest; ///< its digest, where the text itself is no longer known; otherwise empty
 
     bool operator==(const UnsavedText &) const = default;
 };
@@ -33,8 +33,8 @@ struct KeptDraft
 public:
     static constexpr qint64 currentVersion = 1;
 
-    /// Names the saved text that a draft was made from: SHA-256, in lower-case hexadecimal digits. Takes its
-    /// time for a long text.
+    /// Identifies the saved text that a draft was made from: SHA-256, in lower-case hexadecimal digits. Slow
+    /// for a long text.
     static QString digestOf(const QString &savedText);
 
     qint64 schemaVersion = currentVersion;
@@ -49,14 +49,14 @@ public:
 struct DraftFile
 {
     QUuid id;          ///< of the skill
-    bool isSetAside{}; ///< whether it could not be read as a draft, and nothing takes it up any more
+    bool isSetAside{}; ///< whether it could not be read as a draft, so that no editor opens it
     std::filesystem::path place;
 
     bool operator==(const DraftFile &) const = default;
 };
 
-/// Keeps unsaved texts, one for each skill, beside the workspace's bookkeeping, and waits for nobody who
-/// works there. Each operation may fail with `symlinkUnsupported` or a file-system error.
+/// Keeps unsaved texts, one for each skill, in the workspace, without waiting for operations on the library.
+/// Each operation may fail with `symlinkUnsupported` or a file-system error.
 class DraftKeeping
 {
 public:
@@ -66,7 +66,7 @@ public:
     /// above the file limit fails with `file_too_large`.
     virtual QFuture<void> keepDraft(QUuid id, UnsavedText text) = 0;
 
-    /// What is kept for the skill; nothing without a draft. What is read and is none is set aside.
+    /// What is kept for the skill; nothing without a draft. A file that isn't a draft is set aside.
     virtual QFuture<std::optional<KeptDraft>> draft(QUuid id) = 0;
 
     /// Deletes the skill's draft, if there is one; one that could not be read stays.

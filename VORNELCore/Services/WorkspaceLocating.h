@@ -4,7 +4,7 @@
 
 namespace vornel {
 
-/// Knows where the workspace stands when nobody says otherwise.
+/// Tells where the workspace is by default.
 class WorkspaceLocating
 {
 public:

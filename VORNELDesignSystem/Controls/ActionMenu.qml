@@ -10,7 +10,7 @@ T.Menu {
     /** Whether it was opened by the keyboard, for which its first command is the current one. */
     property bool isByKeyboard: false
 
-    /** What `follow` was given. */
+    /** The function that `follow` was given. */
     property var next
 
     readonly property Timer pause: Timer {
@@ -29,7 +29,7 @@ T.Menu {
         return index;
     }
 
-    /** Does something once the menu has closed and given the keyboard back, such as what opens a sheet. */
+    /** Calls a function once the menu has closed and given the keyboard back: one that opens a sheet, for example. */
     function follow(action: var): void {
         next = action;
         pause.start();
@@ -38,13 +38,13 @@ T.Menu {
     implicitWidth: 240
     implicitHeight: Math.min(contentHeight + topPadding + bottomPadding, (parent?.Window.height ?? 0) - 2 * margins)
     margins: Metrics.small
-    modal: true // so that nothing below is hovered, and shows its name over the menu
+    modal: true // or a control below could show its hint over the menu
     overlap: 1
     padding: Metrics.tiny
     onAboutToShow: {
         formerFocus = parent.Window.activeFocusItem;
         isByKeyboard = (formerFocus as T.Control)?.visualFocus ?? false;
-        contentItem.parent.Accessible.name = Qt.binding(() => title); // of the menu, which is an item of Qt's
+        contentItem.parent.Accessible.name = Qt.binding(() => title); // for assistive tools, this item of Qt's is the menu
     }
     onOpened: if (isByKeyboard) currentIndex = firstCommand()
     onClosed: formerFocus?.forceActiveFocus(Qt.PopupFocusReason)

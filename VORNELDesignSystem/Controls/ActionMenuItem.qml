@@ -22,7 +22,7 @@ T.MenuItem {
 
     Accessible.name: text
     Accessible.onPressAction: if (enabled) triggered()
-    onTriggered: checked = Qt.binding(() => isChosen) // which choosing it again would untick
+    onTriggered: checked = Qt.binding(() => isChosen) // choosing it again would untick it
 
     background: Rectangle {
         color: item.highlighted ? Colors.hover : "transparent"

@@ -21,7 +21,7 @@ T.RadioButton {
     Accessible.onToggleAction: if (enabled) clicked()
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
-    onClicked: checked = Qt.binding(() => isChosen) // a click checks by itself
+    onClicked: checked = Qt.binding(() => isChosen) // the click has replaced the binding
 
     background: Rectangle {
         border.color: choice.isChosen ? Colors.accent : Colors.line

@@ -19,7 +19,7 @@ T.RadioButton {
     Accessible.name: text
     Accessible.onPressAction: if (enabled) clicked()
     Accessible.onToggleAction: if (enabled) clicked()
-    onClicked: checked = Qt.binding(() => isChosen) // a click checks by itself
+    onClicked: checked = Qt.binding(() => isChosen) // the click has replaced the binding
 
     contentItem: Item {}
     indicator: Rectangle {

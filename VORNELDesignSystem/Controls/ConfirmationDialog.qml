@@ -1,6 +1,6 @@
 import QtQuick
 
-/** Asks before something happens. The way back has the keyboard when the dialog opens. */
+/** Asks before something happens. When it opens, the button that cancels has the keyboard. */
 Sheet {
     id: dialog
 
@@ -13,7 +13,7 @@ Sheet {
     property string rejectText: "Annuler"
     property bool isDestructive: false
 
-    /** Whether the dialog goes because it was accepted. */
+    /** Whether the dialog is closing because it was accepted. */
     property bool isAccepted: false
 
     signal accepted

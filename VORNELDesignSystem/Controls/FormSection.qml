@@ -1,6 +1,6 @@
 import QtQuick
 
-/** Fields that belong together, below what they are about. */
+/** Fields that belong together, below a title. */
 Column {
     id: section
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/** A line to type in, with its name above and, where there is one, a note below. A problem stands in its place. */
+/** A line to type in, with its name above and, where there is one, a note below. A problem takes the place of the note. */
 FocusScope {
     id: field
 

@@ -2,8 +2,9 @@ import QtQuick
 import QtQuick.Templates as T
 
 /**
- * Rows, one of which has the keyboard. Up, Down, Home, End, Page Up and Page Down bring it to another row, and that into
- * view; Up on the first row is left to what lies above. A click leaves the view where it is. A row that is clicked sets `currentIndex`.
+ * Rows, one of which has the keyboard. Up, Down, Home, End, Page Up and Page Down move it to another row, and scroll
+ * that into view; Up on the first row is left to the item above. A row that is clicked sets `currentIndex`, and nothing
+ * scrolls.
  */
 ListView {
     id: list
@@ -20,7 +21,7 @@ ListView {
     activeFocusOnTab: true
     boundsBehavior: Flickable.StopAtBounds
     clip: true
-    highlightFollowsCurrentItem: false // which would follow a click
+    highlightFollowsCurrentItem: false // otherwise a click would scroll
     keyNavigationEnabled: false
 
     Accessible.name: name
@@ -40,7 +41,7 @@ ListView {
     }
     Window.onActiveFocusItemChanged: {
         const control = Window.activeFocusItem as T.Control;
-        if (activeFocus && control?.visualFocus) // by the tab key
+        if (activeFocus && control?.visualFocus) // it was reached by the tab key
             positionViewAtIndex(currentIndex, ListView.Contain);
     }
 }

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/** Shows where a scrolled view is, and moves it. Without anything to scroll, it isn't there. */
+/** Shows where a scrolled view is, and moves it. Hidden where there is nothing to scroll. */
 T.ScrollBar {
     id: rail
 

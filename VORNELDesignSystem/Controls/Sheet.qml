@@ -2,20 +2,20 @@ import QtQuick
 import QtQuick.Templates as T
 
 /**
- * A panel over the window that keeps the keyboard until it is closed. Esc closes it, unless it is guarded. What it
- * holds stands below its title. The keyboard goes back to where it was, unless another panel has opened meanwhile.
+ * A panel over the window that keeps the keyboard until it is closed. Esc closes it, unless it is guarded. Its
+ * content is below its title. The keyboard goes back to where it was, unless another panel has opened meanwhile.
  */
 T.Popup {
     id: sheet
 
     required property string title
 
-    /** What has the keyboard whenever the sheet opens. */
+    /** The item that gets the keyboard whenever the sheet opens. */
     property Item firstFocus
 
     property Item formerFocus
 
-    /** Whether the sheet is used: neither closed nor on its way out. */
+    /** Whether the sheet is open, and not closing already. */
     property bool isUsed: false
 
     /** Whether Esc only asks to leave. */
@@ -23,7 +23,7 @@ T.Popup {
 
     signal departureAsked
 
-    /** Enter, where nothing in the sheet has a use for it. */
+    /** Enter was pressed, and no control in the sheet has used it. */
     signal submitted
 
     function isWithin(item: Item, ancestor: Item): bool {
@@ -47,8 +47,8 @@ T.Popup {
         isUsed = true;
         formerFocus = parent.Window.activeFocusItem;
         if (firstFocus !== null)
-            firstFocus.focus = true; // and not what had it when the sheet was closed
-        contentItem.parent.Accessible.name = Qt.binding(() => title); // of the dialog, which is an item of Qt's
+            firstFocus.focus = true; // not the item that had it when the sheet was closed
+        contentItem.parent.Accessible.name = Qt.binding(() => title); // for assistive tools, this item of Qt's is the dialog
     }
     onClosed: {
         const current = parent.Window.activeFocusItem;

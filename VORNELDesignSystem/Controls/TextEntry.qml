@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/** A line to type in. Without the keyboard, it shows where its text begins. */
+/** A line to type in. Unless it has the keyboard, the beginning of its text is shown. */
 T.TextField {
     id: field
 

@@ -24,21 +24,21 @@ QtObject {
     readonly property color warning: "#FFB347"
     readonly property color danger: "#FF5A4F"
 
-    // Of code only.
+    // Only for code.
     readonly property color code: "#9FD8B4"
     readonly property color link: "#8FB8FF"
 
-    // Of categories only.
+    // Only for categories.
     readonly property color violet: "#8A61E6"
     readonly property color magenta: "#D152F0"
     readonly property color orange: "#FF571A"
 
-    /** A colour thinned to a tint that lies well behind text of that colour. */
+    /** A tint of a colour, faint enough to be the ground of text in that colour. */
     function tint(color: color): color {
         return Qt.rgba(color.r, color.g, color.b, 0.14);
     }
 
-    /** A colour with just as much white as text of it needs to be read on every surface. */
+    /** A colour with just enough white for text in it to be legible on every surface. */
     function legible(color: color): color {
         const darkest = 0.28; // 4.5 times as light as the lightest surface
         const luminance = 0.2126 * linear(color.r) + 0.7152 * linear(color.g) + 0.0722 * linear(color.b);

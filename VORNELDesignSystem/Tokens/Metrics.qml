@@ -25,6 +25,6 @@ QtObject {
     readonly property int cardWidth: 264
     readonly property int cardHeight: 164
 
-    /** The least width of a row or a bar whose buttons say what they do; in a narrower one, their symbols do. */
+    /** The least width of a row or a bar for its buttons to have words; in a narrower one, they only have symbols. */
     readonly property int roomForTexts: 860
 }

@@ -2,7 +2,7 @@ pragma Singleton
 
 import QtQuick
 
-/** Durations in milliseconds. Without `isEnabled`, everything is at its place at once. */
+/** Durations in milliseconds. Unless `isEnabled`, nothing moves: everything is at its place at once. */
 QtObject {
     property bool isEnabled: true
 

@@ -45,7 +45,7 @@ QImage drawn(const QString &name, const QColor &color, const QSize &pixels)
     return image;
 }
 
-/// The icon as a picture; the ones in use are drawn once. Called from the thread that renders.
+/// The icon as a picture; each of those in use is drawn only once. Called on the rendering thread.
 QImage picture(const QString &name, const QColor &color, const QSize &pixels)
 {
     constexpr int keptPictures = 512;

@@ -18,7 +18,7 @@ class Symbol : public QQuickItem
 public:
     explicit Symbol(QQuickItem *parent = nullptr);
 
-    /// Where the icons of all symbols are, one "<name>.svg" each.
+    /// The folder of the icons, which has one "<name>.svg" for each.
     static void setFolder(const QString &folder);
 
     QString name() const { return m_name; }

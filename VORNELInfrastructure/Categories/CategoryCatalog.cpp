@@ -18,7 +18,7 @@ namespace vornel {
 
 namespace {
 
-/// A name for a category that only manifests know, acceptable in this catalog.
+/// A name that this catalog accepts for a category that is only named by manifests.
 QString nameForUnknownCategory(const QString &id, const CategoryCatalog &catalog)
 {
     const QString title =
@@ -33,7 +33,7 @@ QString nameForUnknownCategory(const QString &id, const CategoryCatalog &catalog
     return name;
 }
 
-/// Beyond this, no program has made an identifier, and the catalog would grow too large to be read.
+/// No program makes a longer one; with any text of a manifest, the catalog could grow too large to be read.
 constexpr qsizetype longestIdentifier = 1000;
 
 CategoryCatalog initialCatalog(const Workspace &workspace)

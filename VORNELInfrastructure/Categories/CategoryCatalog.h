@@ -25,14 +25,14 @@ public:
     /// every name and colour is valid.
     void check() const;
 
-    /// Throws `integrityFailure` where a newer version wrote it.
+    /// Throws `integrityFailure` when a newer version of the program wrote the catalog.
     void refuseIfNewer() const;
 };
 
 /// Reads and checks the catalog. Throws `integrityFailure` when it can't be read, decoded or accepted.
 CategoryCatalog readCategoryCatalog(const Workspace &workspace);
 
-/// Throws what `refuseIfNewer` does.
+/// Replaces the catalog, unless a newer version of the program wrote it. Throws `integrityFailure`.
 void writeCategoryCatalog(const CategoryCatalog &catalog, const Workspace &workspace);
 
 /// Writes the first catalog of a workspace: the built-in categories, and one for every further identifier

@@ -23,7 +23,7 @@ public:
     QFuture<void> discardFile(DraftFile file) override;
 
 private:
-    /// Runs `operation` in its turn.
+    /// Runs `operation` after those that were called before it.
     template <typename Operation>
     auto perform(Operation operation);
 

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The file of this name in the folder; nothing for what is none of the drafts.
+/// The draft in the file of this name; nothing for any other file.
 std::optional<DraftFile> draftFile(const fs::path &folder, const std::string &name)
 {
     static const QRegularExpression shape(uR"(\A([0-9A-F-]{36})(-unreadable-[0-9A-F-]{36})?\.json\z)"_s);
@@ -49,7 +49,7 @@ void SkillDrafts::keep(const QUuid &id, const UnsavedText &text)
     const QByteArray document = RecordJson::document(RecordJson::encode(draftOf(text)));
     if (document.size() > SkillFiles::sizeLimit)
         throw fs::filesystem_error("write", file, std::make_error_code(std::errc::file_too_large));
-    m_files.openFolder(m_bookkeeping); // without which there is no workspace
+    m_files.openFolder(m_bookkeeping); // throws where there is no workspace, which isn't created here
     createFolders(m_files, m_folder, Durability::Now);
     if (m_unread.contains(id) && exists(file))
         setAside(id);
@@ -93,7 +93,7 @@ QList<DraftFile> SkillDrafts::list() const
     return found;
 }
 
-/// A write takes no minute: what is younger, another window may be writing.
+/// Another window may still be writing a file that is younger than a minute.
 void SkillDrafts::removeIfLeft(const Place &unfinished) const
 {
     const auto changed = m_files.changedAt(unfinished.folder, unfinished.name);

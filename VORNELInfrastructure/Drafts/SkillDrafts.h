@@ -14,18 +14,18 @@ class SkillDrafts
 public:
     SkillDrafts(FileSystem &files, const std::filesystem::path &bookkeeping);
 
-    /// Replaces the skill's draft in one step. Throws `file_too_large` when it couldn't be read again.
+    /// Replaces the skill's draft in one step. Throws `file_too_large` for one that is too large to be read.
     void keep(const QUuid &id, const UnsavedText &text);
 
-    /// The skill's draft; nothing without one. What can't be decoded as a draft is renamed, so that a later
-    /// one doesn't replace it. What can't be read stays, is neither replaced nor discarded from then on, and
-    /// the reason is thrown.
+    /// The skill's draft; nothing without one. A file that can't be decoded is renamed, so that a later draft
+    /// doesn't replace it. When a file can't be read, the reason is thrown, and the file is neither replaced
+    /// nor discarded from then on.
     std::optional<KeptDraft> read(const QUuid &id);
 
     /// Deletes the skill's draft, if there is one.
     void discard(const QUuid &id);
 
-    /// All drafts and what was set aside, by name. What writes that were cut short have left is removed once
+    /// All drafts and the files that were set aside, by name. Removes what interrupted writes have left, once
     /// it is a minute old.
     QList<DraftFile> list() const;
 

@@ -7,9 +7,10 @@
 
 namespace vornel {
 
-/// Tells what has made a copy of one skill differ from the canonical folder: a copy that holds a kept
-/// revision is `outdated`, any other was `edited`. The history is read from its latest revision on, each
-/// entry once, and only until a copy's content is found in it.
+/// Tells what has made copies of one skill differ from the canonical folder: a copy that holds a kept
+/// revision is `outdated`, any other was `edited`, or is `unknown` where the history lacks the present
+/// revision. The history is read from its latest entry on, each entry once, and only until a copy's content
+/// is found.
 class CopyDrift
 {
 public:

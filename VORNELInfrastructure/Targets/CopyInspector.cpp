@@ -21,7 +21,7 @@ using Entry = FileTreeSnapshot::Entry;
 
 namespace {
 
-/// The entries that share a path; a file and a folder never do.
+/// The entries of both sides that have one path. A file and a folder of one name are two paths.
 struct Counterparts
 {
     const Entry *canonical = nullptr;
@@ -57,7 +57,7 @@ QList<FileDifference> differences(const FileTreeSnapshot &canonical, const FileT
         if (!change)
             continue;
         const QString shown = QString::fromStdString(path);
-        // What lies in a folder tells of the folder too.
+        // A folder isn't listed itself where something in it is.
         if (!found.isEmpty() && found.last().relativePath.endsWith(u'/') &&
             shown.startsWith(found.last().relativePath))
             found.removeLast();

@@ -16,25 +16,25 @@ namespace vornel {
 
 namespace {
 
-/// Enough for a large library in which nothing has to be written, and not too much for those who wait.
+/// Long enough for a large library in which nothing has to be written, short enough for others who wait.
 constexpr std::chrono::milliseconds turn{500};
 
-/// So many skills are looked at before the first of them is dealt with.
+/// The number of skills that are checked side by side, before the first of them is synchronised.
 constexpr qsizetype groupSize = 128;
 
-/// Looks for skills that need nothing. May be asked from several threads.
-class Survey
+/// Finds the skills that are in sync already. May be asked from several threads.
+class InSyncCheck
 {
 public:
-    explicit Survey(const Workspace &workspace)
+    explicit InSyncCheck(const Workspace &workspace)
         : m_workspace(workspace), m_skills(workspace.files.openFolder(workspace.config.skills()))
     {
         for (const TargetKind kind : allCases<TargetKind>())
             m_targets.emplace_back(workspace, kind);
     }
 
-    /// The skill, where both copies are right; nothing where there is something to be done or told.
-    std::optional<SkillDetail> detailIfInSync(const SkillRecord &skill) const
+    /// The skill, if it is in sync; nothing where there is something to do, or a failure to tell.
+    std::optional<SkillDetail> detailOf(const SkillRecord &skill) const
     try {
         const QString &slug = skill.manifest.slug;
         const std::string name = slug.toStdString();
@@ -90,12 +90,12 @@ void SynchronizationPass::takeTurn(const Workspace &workspace, const std::functi
     for (const SkillRecord &skill : active)
         known.insert(skill.manifest.id, &skill);
 
-    const Survey survey(workspace);
+    const InSyncCheck check(workspace);
     while (!isDone() && !end.hasExpired()) {
         const QList<QUuid> group = m_ids.mid(m_outcomes.size(), groupSize);
         const auto details = parallelMap(group, [&](const QUuid &id) {
             const SkillRecord *skill = known.value(id);
-            return skill != nullptr ? survey.detailIfInSync(*skill) : std::nullopt;
+            return skill != nullptr ? check.detailOf(*skill) : std::nullopt;
         });
         for (std::size_t index = 0; index < details.size() && !isDone(); ++index) {
             const QUuid &id = group.at(static_cast<qsizetype>(index));

@@ -15,16 +15,16 @@ public:
         : m_ids(std::move(ids)), m_stop(std::move(stop))
     {}
 
-    /// Goes on for about half a second, and tells after each skill how many are done. Every manifest is read
-    /// once, and skills that are in sync side by side.
+    /// Goes on for about half a second, and reports after each skill how many are done. Every manifest is
+    /// read once; skills are checked side by side, and only those that aren't in sync are synchronised.
     void takeTurn(const Workspace &workspace, const std::function<void(int done)> &progress);
 
-    /// Lets the skills that are left share a failure.
+    /// Ends the pass with this failure as the outcome of each skill that is left.
     void giveUp(const std::exception_ptr &failure);
 
     bool isDone() const;
 
-    /// Those of the skills it has come to.
+    /// The outcomes so far, in the order of the skills.
     const QList<SyncOutcome> &outcomes() const { return m_outcomes; }
 
 private:

@@ -15,7 +15,7 @@ std::optional<Folder> openTarget(const FileSystem &files, const fs::path &root)
     if (files.kindAt(root) != FileKind::Directory)
         return std::nullopt;
     Folder folder = files.openFolder(root);
-    files.kindAt(folder, "."); // throws where nothing in it may be looked at
+    files.kindAt(folder, "."); // throws when its entries may not be looked at
     return folder;
 }
 

@@ -8,8 +8,9 @@
 
 namespace vornel {
 
-/// An assistant's folder, open for a look at the copies in it. It holds none where no folder is, or none that
-/// may be seen; that is a failure where failures concern one skill. May be asked from several threads.
+/// A target, open for a look at the copies in it. Where there is no folder, it holds no copies. Nor does it
+/// where the folder may not be read; with `FailureScope::Skill`, that makes each question about a copy fail.
+/// May be asked from several threads.
 class TargetFolder
 {
 public:
@@ -17,22 +18,21 @@ public:
 
     TargetKind kind() const { return m_kind; }
 
-    /// Whether copies in it may be looked at, as far as the folder itself is concerned.
+    /// Whether the folder itself can be read, or is missing.
     bool isUsable() const { return m_failure == nullptr; }
 
-    /// What stands under this name, if anything. Throws `symlinkUnsupported` when the assistant's folder is a
-    /// link.
+    /// What stands under this name, if anything. Throws `symlinkUnsupported` when the target is a link.
     std::optional<FileKind> kindOf(const std::string &name) const;
 
-    /// The content that counts of the copy of this name; nothing where no copy is. Throws what `kindOf` and
-    /// the walk over the copy throw.
+    /// The content of the copy of this name, as it is compared; nothing where there is no copy. Throws what
+    /// `kindOf` and the walk over the copy throw.
     std::optional<FileTreeSnapshot> snapshot(const std::string &name) const;
 
 private:
     const FileSystem &m_files;
     TargetKind m_kind;
     std::optional<Folder> m_folder;
-    std::exception_ptr m_failure; ///< why the folder may not be looked at, thrown when it has to be
+    std::exception_ptr m_failure; ///< why the folder can't be read; thrown when a copy is asked for
 };
 
 } // namespace vornel

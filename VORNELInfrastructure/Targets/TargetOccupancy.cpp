@@ -14,7 +14,7 @@ namespace vornel {
 
 namespace {
 
-/// Why nothing of this kind is ever replaced; empty for a folder.
+/// Why something of this kind is never replaced; empty for a folder, which may be.
 QString refusalOf(FileKind kind)
 {
     switch (kind) {
@@ -52,7 +52,7 @@ std::optional<TargetOccupant> occupantOf(const Workspace &workspace, const Targe
     try {
         WorkspaceValidation::validateSlug(place.slug);
         kind = folder.kindOf(name);
-    } catch (const std::exception &) { // no copy is installed in such a place
+    } catch (const std::exception &) { // the installation will fail for this reason
         return std::nullopt;
     }
     if (!kind || workspace.files.kindAt(workspace.config.canonical(place.slug)))

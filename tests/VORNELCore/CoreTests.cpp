@@ -151,7 +151,7 @@ TEST(Json, RefusesAManifestOfWhichAnyFieldIsMissingOrWrong)
 TEST(Text, IsFoldedAndOrderedAsAReaderExpects)
 {
     EXPECT_EQ(LocaleText::folded(u"ÉTÉ Ça"_s), u"ete ca"_s);
-    for (char16_t c = 0; c < 0xFFFF; ++c) { // a library's texts are kept apart by a mark
+    for (char16_t c = 0; c < 0xFFFF; ++c) { // a combining mark separates the texts that are searched
         for (const QChar letter : LocaleText::folded(QString(1, QChar(c))))
             ASSERT_NE(letter.category(), QChar::Mark_NonSpacing) << int(c);
     }

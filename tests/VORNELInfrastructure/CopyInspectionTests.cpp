@@ -46,7 +46,7 @@ protected:
         return service->readFile(demo, copy, file).result();
     }
 
-    /// A copy of this state, of which there is nothing more to say.
+    /// The inspection of a copy in this state, without differences or reason.
     CopyInspection copy(TargetKind target, SyncState state) const
     {
         return {.target = target, .state = state, .path = path(rawValue(target).toStdString() + "/demo")};
@@ -193,7 +193,7 @@ TEST_F(Inspection, LeavesOutWhatARestorationWouldInstall)
     EXPECT_EQ(service->occupants(places).result().size(), 1);
 }
 
-/// A service for which a copy that can't be looked at is its own skill's matter.
+/// A service for which a copy that can't be read makes only its own skill fail.
 class UnreadableCopy : public Inspection
 {
 protected:
@@ -242,7 +242,7 @@ TEST_F(UnreadableCopy, HarmsItsOwnSkillAndIsSetAside)
         write("claude/demo/SKILL.md", "canonical");
         spoil();
         EXPECT_ANY_THROW(service->reload().result()) << name;
-        write("claude/demo/SKILL.md", "edited"); // which doesn't hide the other copy
+        write("claude/demo/SKILL.md", "edited"); // a failed copy doesn't hide this one
         EXPECT_EQ(state(u"demo"_s), SyncState::failed) << name;
         EXPECT_EQ(state(u"other"_s), SyncState::inSync) << name;
         EXPECT_EQ(tolerant.loadSkill(demo).result().syncState, SyncState::failed) << name;
@@ -421,7 +421,7 @@ TEST(DriftedCopies, AreExplainedWithNoMoreLooksThanNeeded)
     EXPECT_LT(looks(askWhy), half) << "a skill that lacks a copy says so, whatever the other one is";
 }
 
-/// Gives up the rights of root, for whom no permission counts.
+/// Gives up root's rights, with which every file could be read.
 class Unprivileged
 {
 public:

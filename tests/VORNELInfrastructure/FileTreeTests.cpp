@@ -131,13 +131,13 @@ TEST_F(FileTree, TellsWhatComesFirstByName)
     fs::create_symlink("nowhere", path("tree/1/link"));
     EXPECT_EQ(errorOf([&] { snapshot(); }), Error::symlinkUnsupported(u"1/link"_s));
 
-    fs::resize_file(write("tree/0", ""), 1'048'576); // which is read later, with others of its size
+    fs::resize_file(write("tree/0", ""), 1'048'576); // large files are read after the others
     bool hasFailed = true;
     for (int number = 1; hasFailed; ++number) {
         files.failAt(number, FaultyFileSystem::Call::Look);
         try {
             snapshot();
-        } catch (const fs::filesystem_error &) { // the fault
+        } catch (const fs::filesystem_error &) { // the injected fault
         } catch (const Error &) {
             EXPECT_FALSE(files.hasFailed()) << "look " << number << " came before the link";
         }

@@ -174,7 +174,7 @@ TEST_F(Library, CreatesAndChangesCategories)
     EXPECT_EQ(bootstrap().categories, updated);
 }
 
-// What one place accepts as a new name, the other must accept when it reads the catalog.
+// A name that is accepted when a category is created must be accepted when the catalog is read again.
 TEST_F(Library, AcceptsNoCategoryNameThatWouldBreakTheCatalog)
 {
     const QString red = u"FF0000"_s;

@@ -264,7 +264,7 @@ TEST(Swap, NeverTakesTheOnlyCopyForALeftover)
     const fs::path canonical = workspace.path("workspace/skills/demo");
     const fs::path parked = workspace.path("workspace/.vornel/recovery") /
                             (uuidText(QUuid::createUuid()) + u"-canonical-demo"_s).toStdString();
-    // As another program leaves it that is killed between the two steps of a swap.
+    // What a program leaves that was killed between the two steps of a swap.
     fs::rename(canonical, parked);
     EXPECT_EQ(errorOf([&] { workspace.create(u"demo"_s, u"second"_s); }), Error::duplicateSlug(u"demo"_s));
     EXPECT_EQ(workspace.service->loadSkill(id).result().skillMD, u"first"_s);

@@ -17,7 +17,7 @@ bool isOneTrimmedLine(const QString &value)
     return value == value.trimmed() && !value.contains(u'\n');
 }
 
-/// What an import makes of a text: a manifest that must live through being written and read.
+/// The manifest that an import makes from a text. It must stay the same when it is written and read.
 SkillManifest imported(const SkillText::Metadata &metadata)
 {
     SkillManifest manifest;

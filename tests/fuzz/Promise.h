@@ -12,7 +12,7 @@
 /// What the fuzz targets have in common.
 namespace vornel::Fuzz {
 
-/// Ends the run, with its input kept, where a promise isn't held.
+/// Ends the run, which keeps the input, when a promise is broken.
 inline void promise(bool isHeld, const char *text)
 {
     if (isHeld)
@@ -26,8 +26,8 @@ inline QByteArray bytes(const std::uint8_t *data, std::size_t size)
     return {reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)};
 }
 
-/// The record that a document holds, once it has shown that it can be written and read again, and that none
-/// of its keys can be left out.
+/// The record that a document holds. Checks that it can be written and read again, and that none of its keys
+/// can be left out.
 template <typename Record>
 std::optional<Record> checkedRecord(const QByteArray &document)
 {

@@ -37,7 +37,7 @@ protected:
             EXPECT_EQ(result.code, 0) << result.errors.constData();
     }
 
-    /// No lock file, no stage and no unfinished part stays behind, in the workspace or in a copy.
+    /// Checks that no lock file, no stage and no unfinished file stays behind, in the workspace or in a copy.
     void expectNothingLeft() const
     {
         EXPECT_EQ(names("ws"), (std::vector<std::string>{".vornel", "skills"}));
@@ -117,7 +117,7 @@ TEST_F(Concurrency, ReadersSeeNoHalfChange)
 {
     constexpr int saves = 20;
     ASSERT_EQ(run("create demo --name Démo --file -", "1").code, 0);
-    write("ws/skills/demo/data", std::string(2'000'000, 'x')); // so that a change takes its time
+    write("ws/skills/demo/data", std::string(2'000'000, 'x')); // so that a change takes some time
     ASSERT_EQ(run("sync demo").code, 0);
     LocalWorkspaceService writer(std::make_shared<PosixFileSystem>());
     const QUuid id =
@@ -199,7 +199,7 @@ TEST(HeldWorkspace, ReadersWaitForWritersOnly)
     EXPECT_EQ(writing.result().manifest.revision, 2);
 }
 
-/// Readers that read one after the other for as long as it lives, side by side.
+/// Threads that read the workspace again and again for as long as it lives.
 class ReaderStream
 {
 public:

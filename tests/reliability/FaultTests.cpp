@@ -7,18 +7,18 @@ namespace {
 
 using Call = FaultyFileSystem::Call;
 
-/// How an operation meets a broken disk.
+/// A kind of broken disk.
 struct Disk
 {
     Call failing;
-    bool afterwards;  ///< a change is made before it is reported as failed
-    bool canExchange; ///< two folders, in one step
-    bool hasVolumes;  ///< one for each root
+    bool afterwards;  ///< whether a change is made before it is reported as failed
+    bool canExchange; ///< whether two folders can change places in one step
+    bool hasVolumes;  ///< whether each root is a volume of its own
     std::errc fault;
     int spacing = 1; ///< how many calls there are from one fault to the next
 };
 
-// Looks are many and much alike: of those, every seventh fails.
+// Calls that only look are many and much alike, so only every seventh of them fails.
 constexpr std::array disks{
     Disk{Call::Look, false, true, false, std::errc::io_error, 7},
     Disk{Call::Change, false, true, false, std::errc::no_space_on_device},
@@ -32,8 +32,8 @@ class EveryFault : public testing::TestWithParam<Scenario>
 protected:
     EveryFault() : m_rehearsal(GetParam()) {}
 
-    /// Runs the operation on a disk of which one call fails, none for 0, and starts again. Returns how many
-    /// calls there were.
+    /// Runs the operation on a disk of which the call of this number fails, or none for 0, and starts the
+    /// service again. Returns how many calls there were.
     int failAt(int number, const Disk &disk)
     {
         m_rehearsal.reset();

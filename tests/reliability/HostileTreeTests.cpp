@@ -1,6 +1,5 @@
-/// What stands in the folders of the assistants, and in a library that came from elsewhere, is anybody's.
-/// Each seed makes one tree; `VORNEL_TREE_SEED` is the first of them, and `VORNEL_TREES` their number for
-/// each place.
+/// Anything may stand in the assistants' folders, and in a library that came from elsewhere. Each seed makes
+/// one tree; `VORNEL_TREE_SEED` is the first of them, and `VORNEL_TREES` their number for each place.
 
 #include "Mischief.h"
 #include "OutsideWatch.h"
@@ -103,7 +102,7 @@ private:
         throw std::logic_error("no such place");
     }
 
-    /// Nothing, half the time.
+    /// An interference with the tree from another thread; half the time none.
     std::jthread startMischief()
     {
         const fs::path aside = path("aside");
@@ -168,8 +167,8 @@ private:
         answer("save", service->saveSkill(m_demo, detail ? detail->manifest.revision : 1, u"texte"_s));
     }
 
-    /// What the operation gives, or nothing where it refuses. One that hangs can't be ended but with the
-    /// process.
+    /// The operation's result, or nothing where it refuses. An operation that hangs ends the whole process:
+    /// there is no other way to stop it.
     template <typename Result>
     std::optional<Result> answer(const char *name, const QFuture<Result> &future)
     {
@@ -212,19 +211,19 @@ unsigned fromEnvironment(const char *variable, unsigned otherwise)
 class HostileTree : public testing::Test
 {
 protected:
-    /// As many descriptors as a process usually has, and no right to read what is unreadable.
+    /// Limits the process to the usual number of descriptors, and gives up root's right to read everything.
     static void SetUpTestSuite()
     {
         constexpr uid_t nobody = 65534;
         if (::geteuid() == 0 && ::seteuid(nobody) == 0)
-            ::prctl(PR_SET_DUMPABLE, 1); // or /proc is closed to this process
+            ::prctl(PR_SET_DUMPABLE, 1); // without which /proc is closed to this process
         rlimit descriptors{};
         ::getrlimit(RLIMIT_NOFILE, &descriptors);
         descriptors.rlim_cur = std::min<rlim_t>(descriptors.rlim_max, 1024);
         ::setrlimit(RLIMIT_NOFILE, &descriptors);
     }
 
-    /// What looks for leaks at the end needs the rights that the process began with.
+    /// Restores the rights that the process began with, which the search for leaks at the end needs.
     static void TearDownTestSuite() { ASSERT_EQ(::seteuid(::getuid()), 0); }
 
     static void besiege(Place place)
@@ -240,7 +239,7 @@ protected:
             siege.end();
             all.operations += count.operations;
             all.refused += count.refused;
-            // The first service opens what threads share and keep.
+            // The first service opens descriptors that all threads share and keep; they don't count.
             descriptors = seed == first ? openDescriptors() : descriptors;
         }
         std::cout << "trees: " << trees << ", operations: " << all.operations << ", refused: " << all.refused

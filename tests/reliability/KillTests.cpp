@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 namespace {
 
-/// Lets nothing run beside a program's working thread, so that it makes the same calls in every run.
+/// Lets a program work on one thread only, so that it makes the same calls in every run.
 void stayOnThisProcessor()
 {
     cpu_set_t processor;
@@ -36,7 +36,7 @@ protected:
             GTEST_SKIP() << "strace is missing, or may not trace here";
     }
 
-    /// `conditions` are further arguments of strace, that hold for every run.
+    /// `conditions` are further arguments of strace for every run.
     void killEverywhere(const QStringList &conditions)
     {
         ASSERT_TRUE(runTraced(conditions)) << m_errors.constData();
@@ -57,7 +57,7 @@ protected:
     }
 
 private:
-    /// Lets vornelctl do the operation from the start on, traced. Returns whether it has ended well.
+    /// Runs the operation with vornelctl, traced, on the starting state. Returns whether it has succeeded.
     bool runTraced(const QStringList &injections)
     {
         m_rehearsal.reset();

@@ -14,8 +14,8 @@ protected:
 
     PowerCut() : m_rehearsal(GetParam()) {}
 
-    /// Runs the operation until the power goes before a step, to its end for 0, and starts again. Returns how
-    /// many steps there were.
+    /// Runs the operation until the power fails before the step of this number, or to its end for 0, and
+    /// starts the service again. Returns how many steps there were.
     int cutAt(int step, Survival survival)
     {
         m_rehearsal.reset();
@@ -26,7 +26,7 @@ protected:
         } catch (const std::exception &error) {
             EXPECT_TRUE(files->isOff()) << errorMessage(error).toStdString();
         }
-        // Whoever has no power can't report a success either.
+        // Without power, no success is reported either.
         const bool hasSucceeded = !files->isOff();
         const int steps = files->steps();
         files->forget(survival, static_cast<unsigned>(step));

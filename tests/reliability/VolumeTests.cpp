@@ -26,7 +26,7 @@ constexpr std::array places{"workspace", "claude", "codex"};
 const QString isFull = u"Le volume est plein"_s;
 const QString isReadOnly = u"Le volume est en lecture seule"_s;
 
-/// Makes a volume hold so much more and no more, in pages or in files.
+/// Limits the free room of a volume, in pages or in files.
 struct Shortage
 {
     const char *name;
@@ -36,7 +36,7 @@ struct Shortage
 constexpr std::array shortages{Shortage{"full", &Volume::leavePages},
                                Shortage{"out of files", &Volume::leaveFiles}};
 
-/// A scenario, one of whose roots is a volume.
+/// A scenario of which one root is a volume of its own.
 class VolumeTest : public testing::Test
 {
 protected:
@@ -52,7 +52,7 @@ protected:
 
     void TearDown() override { m_service.reset(); }
 
-    /// Puts back the starting state, on a roomy volume that holds something else too.
+    /// Puts back the starting state, on a volume that has plenty of room and holds another file too.
     void reset()
     {
         m_service.reset();
@@ -63,7 +63,8 @@ protected:
 
     void start() { m_service = m_rehearsal.start(m_files); }
 
-    /// Starts, and runs the operation. Returns whether it succeeded; a failure must name its cause.
+    /// Starts the service, and runs the operation. Returns whether it succeeded; a failure must name its
+    /// cause.
     bool endsWell(const QString &cause)
     {
         try {
@@ -76,7 +77,8 @@ protected:
         }
     }
 
-    /// Once the cause is gone the same program does the operation, and all is as promised.
+    /// Checks that the same process does the operation once the cause is gone, and that all promises hold
+    /// then.
     void mend()
     {
         m_volume->mend();
@@ -88,7 +90,7 @@ protected:
         EXPECT_EQ(bytesOf(m_rehearsal.path("now/" + m_place + "/.autre")), "d’un autre programme");
     }
 
-    /// What an unfinished change may leave: whatever is on the stage, and ".tmp" anywhere.
+    /// Whether an unfinished change may leave this: what is in the staging folder, and ".tmp" files anywhere.
     std::set<fs::path> unfinishedBelow(const char *folder) const
     {
         std::set<fs::path> found;
@@ -101,7 +103,7 @@ protected:
     }
 
 private:
-    /// By the error itself or by what the copies of a skill say.
+    /// Whether the error itself, or the reason of a failed copy, names the cause.
     void expectClearError(const std::exception &error, const QString &cause) const
     {
         const QString message = errorMessage(error);
@@ -134,8 +136,8 @@ class Volumes : public VolumeTest, public testing::WithParamInterface<std::tuple
 protected:
     Volumes() : VolumeTest(std::get<0>(GetParam()), std::get<1>(GetParam())) {}
 
-    /// Lets the volume become read-only before a change, or as soon after that as no file is being written.
-    /// Returns how many changes the operation makes.
+    /// Makes the volume read-only before the change of this number, or as soon as no file is being written
+    /// after it. Returns how many changes the operation makes.
     int makeReadOnlyAt(int change)
     {
         reset();

@@ -16,7 +16,7 @@ Function *original(const char *name)
     return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
 }
 
-/// When it ends, also by an exception, what others have released comes before.
+/// At its end, also by an exception, tells the sanitizer that everything released by others came before.
 struct Arrival
 {
     explicit Arrival(void *future) : future(future) {}

@@ -41,7 +41,7 @@ bool areInOnePlaceAndAlike(const SkillOnDisk &found, const SkillOnDisk &expected
     return found.isTrashed == expected.isTrashed && areAlike(found, expected, isCreated);
 }
 
-/// One look at what stands on the disk after a start.
+/// The checks of what is on the disk after a start.
 class Inspection
 {
 public:
@@ -78,7 +78,7 @@ public:
         checkCopies(m_before.codex, m_now.codex);
     }
 
-    /// Where no program has ended in the middle of a swap, a skill that stays keeps its copies.
+    /// Unless a program was killed in the middle of a swap, a skill that stays keeps its copies.
     void checkNoCopyIsMissing() const
     {
         for (const auto &[slug, skill] : m_after.skills) {
@@ -103,7 +103,7 @@ private:
             EXPECT_TRUE(isOld(slug) || isNew(slug)) << slug << " is neither what it was nor what it becomes";
     }
 
-    /// A skill that the operation is about may have been touched already, without any change to it.
+    /// A skill that the operation is about may have been written already without any change of its content.
     bool isOld(const std::string &slug) const
     {
         const SkillOnDisk *old = m_before.find(slug);
@@ -126,7 +126,7 @@ private:
         return areInOnePlaceAndAlike(*now, *done, m_before.find(slug) == nullptr);
     }
 
-    /// As long as a skill is there, so are the entries of its history, every byte of them.
+    /// As long as a skill exists, its history keeps every entry, byte for byte.
     void checkKeptHistory() const
     {
         for (const auto &[id, entries] : m_before.history) {
@@ -151,8 +151,8 @@ private:
         }
     }
 
-    /// What was replaced is kept as it stood in the assistant's folder. An interruption may leave the copy
-    /// that was about to change places with it.
+    /// What was replaced is kept as it stood in the target. An interruption may leave the new copy in its
+    /// place of the history, where the two were about to change places.
     void checkReplaced(const SkillOnDisk &skill, const std::string &name, const Tree &tree) const
     {
         const auto &before = name.starts_with("replaced-claude-") ? m_before.claude : m_before.codex;
@@ -188,8 +188,8 @@ private:
                 << slug << " is of a category that is gone";
     }
 
-    /// Skills in the assistants' folders are theirs until they are in the library; what had been taken out of
-    /// those folders before is the user's.
+    /// Skills in the targets stay as they are until they are in the library, and so does what had been moved
+    /// out of the targets before.
     void checkOthersFolders() const
     {
         checkTarget(m_before.claude, m_now.claude);
@@ -201,7 +201,7 @@ private:
         }
     }
 
-    /// What an assistant has edited in a copy isn't lost when the copy is taken out.
+    /// A copy that was edited isn't lost when it is removed from the target.
     void checkCopiesTakenOut() const
     {
         for (const auto &[slug, copy] : m_before.codex) {
@@ -221,7 +221,7 @@ private:
         }
     }
 
-    /// What stands in a target and isn't VORNEL's is there still, or whole in the history of the skill that
+    /// What stood in a target and wasn't VORNEL's is still there, or whole in the history of the skill that
     /// has taken its place.
     void checkStrangersFolders() const
     {
@@ -263,7 +263,7 @@ private:
         }
     }
 
-    /// A copy is the one from before, or of a skill as it was or becomes; never half of one.
+    /// A copy is whole: as it was before, or that of a skill as it was or as it becomes.
     void checkCopies(const std::map<std::string, Tree> &before, const std::map<std::string, Tree> &now) const
     {
         for (const auto &[slug, copy] : now) {
@@ -299,7 +299,7 @@ private:
         checkTrashMoments();
     }
 
-    /// Each is of a skill in the trash, and of one that has been there all along it is still known.
+    /// Each belongs to a skill in the trash, and a skill that has stayed there keeps its own.
     void checkTrashMoments() const
     {
         const fs::path events = m_folder / "workspace/.vornel/events";

@@ -4,7 +4,7 @@
 
 namespace vornel {
 
-/// What the interrupted operation had said of itself.
+/// What the operation had reported before it was interrupted.
 enum class Reported { Nothing, Success };
 
 /// Checks, by a new start on what an interruption has left, what the program promises: every skill and every

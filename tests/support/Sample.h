@@ -15,8 +15,8 @@ public:
     /// `stride` is how many points there are from one of a sample to the next.
     Sample(const Scenario &scenario, int stride);
 
-    /// The next run's, which has `count` points: their numbers, ascending from 1. `spacing` takes only so
-    /// many of all.
+    /// The points for the next run, which has `count` of them: their numbers, ascending from 1. With a
+    /// `spacing`, only one in so many points is considered.
     std::vector<int> of(int count, int spacing = 1);
 
     /// Prints how many points of how many were tried, on a line of its own: "power cuts: 9 of 80 (save)".

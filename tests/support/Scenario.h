@@ -21,11 +21,11 @@ struct Scenario
     std::function<void(const std::filesystem::path &folder)> build; ///< makes the roots in an empty folder
     std::function<void(LocalWorkspaceService &)> run;               ///< on a service that has started
     QStringList arguments; ///< of vornelctl, in the folder that holds the roots and "text"
-    /// How it answers when it has been done before, if it then refuses.
+    /// The error with which it refuses to be done a second time, if it does.
     std::optional<VORNELWorkspaceError> refusal;
 };
 
-/// Every operation of which the promises are kept.
+/// Every operation for which the promises of docs/reliability.md are tested.
 const std::vector<Scenario> &scenarios();
 
 void PrintTo(const Scenario &scenario, std::ostream *stream);

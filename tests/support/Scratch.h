@@ -40,7 +40,7 @@ public:
 
     Tree tree(const std::string &below) const { return treeOf(path(below)); }
 
-    /// What the folders of `below` hold whose names begin with `prefix`.
+    /// The trees of those folders in `below` whose names begin with `prefix`.
     std::vector<Tree> trees(const std::string &below, const std::string &prefix) const;
 
 private:
@@ -61,7 +61,7 @@ private:
     int m_lock;
 };
 
-/// What asks for a skill of this slug, named like it; without a text it gets the usual one.
+/// A request for a skill of this slug, which is its name too; without a text it gets the default one.
 CreateSkillRequest requestFor(const QString &slug, const QString &category = SkillCategory::otherID,
                               const std::optional<QString> &text = std::nullopt);
 

@@ -30,7 +30,7 @@ void addByHand(const fs::path &folder)
     fs::create_directories(folder / "empty");
 }
 
-/// What is no skill, and no part of VORNEL's.
+/// Fills a folder that is no skill and isn't VORNEL's.
 void writeStrangersFolder(const fs::path &folder)
 {
     writeFile(folder / "notes.txt", "a stranger's");
@@ -42,7 +42,7 @@ std::string freshName()
     return uuidText(QUuid::createUuid()).toStdString();
 }
 
-/// What writes and moves call what is not finished yet.
+/// The name of a file or folder that is still being written or moved.
 std::string temporaryName()
 {
     return '.' + freshName() + ".tmp";

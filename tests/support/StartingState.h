@@ -16,8 +16,8 @@ startService(const std::filesystem::path &folder,
              std::shared_ptr<FileSystem> files = std::make_shared<PosixFileSystem>(),
              FailureScope scope = FailureScope::Library);
 
-/// Writes what the assistants hold before anything is imported: skills in one folder or both, alike and
-/// unlike, and what can't be imported.
+/// Writes what the assistants hold before anything is imported: skills in one folder or in both, with equal
+/// or different content, and folders that can't be imported.
 void writeAssistantsFolders(const std::filesystem::path &folder);
 
 /// Builds a library that makes it hard for an operation to leave everything whole: "demo" and "second" are
@@ -26,8 +26,8 @@ void writeAssistantsFolders(const std::filesystem::path &folder);
 /// assistants' own folders are there too.
 void buildLibrary(const std::filesystem::path &folder);
 
-/// The same library as several programs left it that were killed: in the middle of a swap and at its end, in
-/// a deletion for good, and while they were writing.
+/// The same library as several killed programs left it: in the middle of a swap, at its end, in a permanent
+/// deletion, and while writing a file.
 void buildInterruptedLibrary(const std::filesystem::path &folder);
 
 } // namespace vornel

@@ -38,7 +38,7 @@ protected:
 
     Result run(const QStringList &arguments, const QByteArray &input = {}, int closedStream = -1) const;
 
-    /// The words of a command line without quoting.
+    /// The same, of a command line whose words are separated by blanks.
     Result run(const char *line, const QByteArray &input = {}, int closedStream = -1) const;
 };
 

@@ -12,7 +12,7 @@ struct SkillOnDisk
 {
     bool isTrashed = false;
     SkillManifest manifest;
-    Tree files; ///< what is visible, the manifest among it
+    Tree files; ///< the visible files, the manifest included
 
     bool operator==(const SkillOnDisk &) const = default;
 };

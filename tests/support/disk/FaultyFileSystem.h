@@ -21,16 +21,16 @@ public:
     /// Lets changes be made before they are reported as failed.
     void failAfterwards(bool afterwards) { m_afterwards = afterwards; }
 
-    /// Whether the call that was to fail has come.
+    /// Whether the call that was to fail has been made.
     bool hasFailed() const { return m_failing > 0 && m_calls >= m_failing; }
 
     /// Calls of the kind since `failAt`.
     int calls() const { return m_calls; }
 
-    /// Fails every rename that it is given, instead of one call by number.
+    /// Decides for each rename whether it fails, instead of one call by its number.
     std::function<bool(const std::filesystem::path &from, const std::filesystem::path &to)> refusesRename;
 
-    /// What the system says of a fault.
+    /// The error with which a call fails.
     std::errc fault = std::errc::io_error;
 
     /// Whether two entries can change places, as they can't on every volume.

@@ -15,8 +15,7 @@ class OutsideWatch
 public:
     explicit OutsideWatch(std::filesystem::path folder);
 
-    /// What was done there since the last call, an event a text: "opened SKILL.md". Empty when nobody was
-    /// there.
+    /// What was done there since the last call, a text for each event: "opened SKILL.md".
     std::set<std::string> events();
 
     /// Whether everything is what it was at the beginning: names, bytes, permissions, times. Looking is an

@@ -14,8 +14,8 @@ namespace vornel {
 class PowerCutFileSystem : public SteppedFileSystem
 {
 public:
-    /// What survives of what was not flushed: nothing; every name, but no byte; or what chance decides, names
-    /// as far as to some moment.
+    /// What survives of the changes that were not flushed: nothing; every name, but no byte; or a random
+    /// part, with the changes of names up to some moment.
     enum class Survival { Nothing, Names, Some };
 
     PowerCutFileSystem();
@@ -37,7 +37,7 @@ private:
     /// A file or folder, wherever it stands.
     using Identity = std::pair<dev_t, ino_t>;
 
-    /// A change of names: what undoes it, and the folders that must be flushed before it can't be forgotten.
+    /// A change of names: how to undo it, and the folders that have to be flushed to make it permanent.
     struct Change
     {
         std::set<Identity> unflushed;

@@ -29,7 +29,7 @@ void addFile(const fs::path &path, std::uintmax_t size)
     fs::resize_file(path, size);
 }
 
-/// Folders in folders, beyond what a path can name.
+/// Nested folders, deeper than the longest path can name.
 void makeNest(const fs::path &path, const std::string &name, int levels)
 {
     fs::create_directory(path);
@@ -144,7 +144,8 @@ std::string RandomTree::name()
 
 void emptyFolder(const fs::path &folder)
 {
-    // What lies in its folders is lifted out of them, level by level: nothing here knows a depth.
+    // Moves the content of its folders up, level by level, so that any depth can be removed without
+    // recursion.
     std::vector<fs::path> inner;
     int lifted = 0;
     do {

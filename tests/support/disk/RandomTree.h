@@ -7,12 +7,12 @@
 
 namespace vornel {
 
-/// Fills folders with what nobody expects in a skill: the same for the same seed. Most names are strange; of
-/// the hazards that make a walk refuse a tree, each tree has only one or two, so that it is walked far.
+/// Fills folders with what nobody expects in a skill, the same for the same seed. Most names are strange. Of
+/// the entries for which a walk refuses a tree, each tree has only one or two, so that most of it is walked.
 class RandomTree
 {
 public:
-    /// The links of the tree lead to `outside`, a folder with folders and files, where they lead anywhere.
+    /// Links that don't dangle lead to `outside`, a folder with folders and files.
     RandomTree(unsigned seed, std::filesystem::path outside);
 
     /// Adds entries to a folder.

@@ -12,7 +12,7 @@ struct Step
     enum class Kind { Look, Create, Write, Rename, Remove, FlushFile, FlushFolder, FlushVolume };
 
     Kind kind;
-    const Descriptor *on = nullptr; ///< the open file or folder; null for a look
+    const Descriptor *on = nullptr; ///< the open file or folder; null for a step that only looks
     const Place *from = nullptr;    ///< what is renamed, removed or created
     const Place *to = nullptr;      ///< of a rename
     RenameMode mode = RenameMode::ToFreePlace;
@@ -20,14 +20,14 @@ struct Step
     bool isLook() const { return kind == Kind::Look; }
 };
 
-/// The real disk, with a test that stands around every step. Steps come from several threads.
+/// The real disk, where a test can act before and after every step. Steps come from several threads.
 class SteppedFileSystem : public PosixFileSystem
 {
 public:
     using Make = std::function<void()>;
     using Around = std::function<void(const Step &step, const Make &make)>;
 
-    /// Takes the place of every step: `make` makes it, and what is thrown is what the program gets.
+    /// Called instead of every step: `make` makes the step, and what is thrown reaches the program.
     Around around;
 
     SteppedFileSystem() { reset(); }

@@ -31,9 +31,10 @@ struct KillPoint
     int ordinal; ///< among the calls of that name by its thread
 };
 
-/// A place for every change that a run has made, at which it has not made it yet: the call itself or, where
-/// another thread has got as far in calls of this name before, the nearest earlier call that none has. Killed
-/// there, a program leaves what the changes before have done; no other place could leave anything else.
+/// For every change of a run, a place to kill the program just before it: the call that makes the change or,
+/// where another thread comes to that ordinal of the name first, the nearest earlier call of which that isn't
+/// so. A program that is killed there leaves all earlier changes and no later one. No other place leaves
+/// anything else.
 std::vector<KillPoint> killPoints(const std::vector<SystemCall> &run);
 
 } // namespace vornel

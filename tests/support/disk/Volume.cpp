@@ -22,7 +22,7 @@ const std::string roomy = "size=64m,nr_inodes=10000";
     throw std::system_error(errno, std::system_category(), operation);
 }
 
-/// As root in a namespace of users of its own, in which anybody may mount.
+/// Becomes root in a user namespace of its own, in which mounting is allowed to anybody.
 bool becomeRoot()
 {
     const auto user = std::to_string(::geteuid());
