@@ -6,7 +6,7 @@
 
 #include "SampleSkills.h"
 
-#include <VORNELApp/Library/LibraryPage.h>
+#include <VORNELApp/Library/CardPage.h>
 
 #include <QCoreApplication>
 #include <QCoro/QCoroTask>
@@ -28,7 +28,7 @@ void keyStroke(benchmark::State &state, const QString &word)
     AppModel model(service, service, service, service, service, nullptr, {}, {}, {}, settings);
     QCoro::waitFor(model.start());
     SkillSelection selection;
-    LibraryPage page;
+    CardPage page;
     selection.setProperty("model", QVariant::fromValue(&model));
     page.setProperty("model", QVariant::fromValue(&model));
     page.setProperty("selection", QVariant::fromValue(&selection));

@@ -6,7 +6,7 @@
 #include "SampleSkills.h"
 
 #include <VORNELApp/App/VORNELApp.h>
-#include <VORNELApp/Library/LibraryPage.h>
+#include <VORNELApp/Library/CardPage.h>
 
 #include <QCoro/QCoroTask>
 #include <QGuiApplication>
@@ -56,7 +56,7 @@ public:
         while (page == nullptr) {
             show();
             QCoreApplication::processEvents();
-            page = m_shell->findChild<LibraryPage *>();
+            page = m_shell->findChild<CardPage *>();
         }
     }
 
@@ -80,7 +80,7 @@ public:
                    service, std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), "/dev/null"),
                    {},      {},
                    {},      std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat)};
-    LibraryPage *page = nullptr;
+    CardPage *page = nullptr;
 
 private:
     QQmlEngine m_engine;

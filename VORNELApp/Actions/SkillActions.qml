@@ -36,7 +36,7 @@ Item {
         model: actions.model
         onClosed: actions.closed()
     }
-    TrashConfirmation {
+    TrashSkillsQuestion {
         id: confirmation
 
         selection: actions.selection

@@ -187,7 +187,7 @@ QStringList SkillBatch::told(const QList<Failure> &failures, bool isChanged) con
     for (const Failure &failure : failures.first(std::min(mostNamed, failures.size())))
         lines.append(u"«\u00A0"_s + failure.name + u"\u00A0»\u00A0: "_s + failure.reason);
     if (const qsizetype others = failures.size() - mostNamed; others > 0)
-        lines.append(others == 1 ? u"et 1 autre"_s : u"et %1 autres"_s.arg(others));
+        lines.append(Wording::andOthers(others));
     return lines;
 }
 

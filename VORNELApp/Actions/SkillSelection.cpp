@@ -2,6 +2,8 @@
 
 #include "DragPayload.h"
 
+#include <VORNELCore/Library/Wording.h>
+
 #include <QClipboard>
 #include <QGuiApplication>
 
@@ -120,8 +122,7 @@ QString SkillSelection::heldNames() const
     const qsizetype others = names.size() - mostNames;
     if (others <= 0)
         return names.join(u", "_s);
-    const QString rest = others == 1 ? u" et 1 autre"_s : u" et %1 autres"_s.arg(others);
-    return names.first(mostNames).join(u", "_s) + rest;
+    return names.first(mostNames).join(u", "_s) + u' ' + Wording::andOthers(others);
 }
 
 void SkillSelection::trash()

@@ -94,7 +94,7 @@ Window {
     }
     DeferredItem {
         anchors.fill: parent
-        file: "Farewell.qml"
+        file: "ClosingOverlay.qml"
         isWanted: window.isClosing
         properties: ({})
     }

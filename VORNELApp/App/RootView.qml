@@ -8,26 +8,11 @@ FocusScope {
 
     required property AppModel model
 
-    /** Whether the window draws: nothing that takes longer to make than the launch screen keeps it from that. */
-    property bool isDrawn: false
-
     Component.onCompleted: model.retryStart()
 
-    Connections {
-        function onAfterAnimating() {
-            firstFrame.start();
-        }
-
-        enabled: !root.isDrawn
-        target: root.Window.window
-    }
-    Timer {
+    FirstFrame {
         id: firstFrame
-
-        interval: 0 // once the frame is under way
-        onTriggered: root.isDrawn = true
     }
-
     ScreenLoader {
         id: screens
 
@@ -38,7 +23,7 @@ FocusScope {
         anchors.top: parent.top
         model: root.model
         screen: {
-            if (!root.isDrawn)
+            if (!firstFrame.isDrawn)
                 return "LaunchView.qml";
             switch (root.model.phase.name) {
             case AppStates.PhaseName.onboarding:

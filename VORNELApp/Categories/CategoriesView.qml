@@ -75,7 +75,7 @@ Sheet {
         isActive: sheet.isUsed && sheet.isEditing && form.isModified
         onAsked: discarding.open()
     }
-    DiscardConfirmation {
+    DiscardQuestion {
         id: discarding
 
         departure: sheet.model.departure
@@ -84,7 +84,7 @@ Sheet {
             departure.resume();
         }
     }
-    CategoryDeletion {
+    DeleteCategoryQuestion {
         id: deletion
 
         form: form

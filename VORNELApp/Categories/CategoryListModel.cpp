@@ -17,7 +17,7 @@ QString CategoryEntry::spokenName() const
     return category.name + (count == 1 ? u", 1 compétence"_s : u", %1 compétences"_s.arg(count));
 }
 
-CategoryListModel::CategoryListModel(QObject *parent) : SlotListModel(parent)
+CategoryListModel::CategoryListModel(QObject *parent) : FixedRowListModel(parent)
 {
     connect(this, &CategoryListModel::modelChanged, this, &CategoryListModel::follow);
     connect(this, &CategoryListModel::beginsWithAllChanged, this, &CategoryListModel::refresh);

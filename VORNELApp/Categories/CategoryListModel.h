@@ -1,7 +1,7 @@
 #pragma once
 
 #include <VORNELApp/Model/AppModel.h>
-#include <VORNELApp/Model/SlotListModel.h>
+#include <VORNELApp/Model/FixedRowListModel.h>
 
 namespace vornel {
 
@@ -29,7 +29,7 @@ public:
 };
 
 /// The catalog of categories, kept in step with the application model. The filters don't change the counts.
-class CategoryListModel : public SlotListModel<CategoryEntry>
+class CategoryListModel : public FixedRowListModel<CategoryEntry>
 {
     Q_OBJECT
     QML_ELEMENT

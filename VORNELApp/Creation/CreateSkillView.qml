@@ -85,7 +85,7 @@ Sheet {
         isActive: sheet.isUsed && form.isModified
         onAsked: discarding.open()
     }
-    DiscardConfirmation {
+    DiscardQuestion {
         id: discarding
 
         departure: sheet.model.departure

@@ -2,7 +2,7 @@
 
 namespace vornel {
 
-CollisionListModel::CollisionListModel(QObject *parent) : RecordListModel(parent)
+CollisionListModel::CollisionListModel(QObject *parent) : KeyedListModel(parent)
 {
     connect(this, &CollisionListModel::modelChanged, this, &CollisionListModel::follow);
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <VORNELApp/Model/AppModel.h>
-#include <VORNELApp/Model/RecordListModel.h>
+#include <VORNELApp/Model/KeyedListModel.h>
 
 namespace vornel {
 
 /// The collisions of the pending import, kept in step with the application model.
-class CollisionListModel : public RecordListModel<ImportCollision>
+class CollisionListModel : public KeyedListModel<ImportCollision>
 {
     Q_OBJECT
     QML_ELEMENT

@@ -3,23 +3,17 @@ import VORNELApp
 import VORNELDesignSystem
 
 /** Below the cards: the pages and, in selection mode, what can be done with the selected skills. */
-Rectangle {
+ListFooter {
     id: footer
 
     required property AppModel model
-    required property LibraryPage page
+    required property CardPage page
     required property SkillSelection selection
 
     signal trashAsked
 
-    implicitHeight: 60
-    color: Colors.canvas
+    implicitHeight: 60 // also while it is hidden
 
-    Rectangle {
-        color: Colors.line
-        height: Metrics.hairline
-        width: parent.width
-    }
     DeferredItem {
         id: bar
 

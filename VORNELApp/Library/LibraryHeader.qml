@@ -7,7 +7,7 @@ Item {
     id: header
 
     required property AppModel model
-    required property LibraryPage page
+    required property CardPage page
     required property SkillSelection selection
 
     signal creationAsked

@@ -1,48 +1,155 @@
 import QtQuick
 import VORNELApp
+import VORNELDesignSystem
 
-/** The library. It is made while the window already draws, and answers, without it. */
+/** The library as it is used: the skills by category. Ctrl+A selects all that pass the filters, Esc ends the selection. */
 FocusScope {
-    id: view
+    id: library
 
     required property AppModel model
 
     signal creationAsked
 
+    readonly property bool hasResults: page.skillCount > 0
+
+    /** Asks for this skill; for a selected one, and without one, for all that are selected. */
+    function askToTrash(id: var): void {
+        if (id === undefined)
+            selection.hold();
+        else
+            selection.hold(id);
+        actions.make();
+        (actions.item as SkillActions).askToTrash();
+    }
     function enterResults(): void {
-        screen.item?.enterResults(); // whose type, if named, would be read before the first frame
+        grid.go(0, Qt.NoModifier);
+    }
+    function openCategories(isCreating: bool): void {
+        categories.make();
+        const sheet = categories.item as CategoriesView;
+        sheet.open();
+        if (isCreating)
+            sheet.create();
     }
 
-    Connections {
-        function onAfterAnimating() {
-            start.start();
+    Window.onActiveFocusItemChanged: {
+        const item = Window.activeFocusItem;
+        if (activeFocus && (item === library || !item.visible)) // what had the keyboard is gone
+            grid.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    Keys.onEscapePressed: event => {
+        event.accepted = selection.isSelecting;
+        selection.end();
+    }
+    Keys.onPressed: event => {
+        event.accepted = event.matches(StandardKey.SelectAll);
+        if (event.accepted)
+            selection.selectAll();
+    }
+
+    SkillSelection {
+        id: selection
+
+        model: library.model
+    }
+    CardPage {
+        id: page
+
+        columns: grid.columns
+        model: library.model
+        selection: selection
+    }
+    CategoryRail {
+        id: rail
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.top: parent.top
+        model: library.model
+        selection: selection
+        width: Metrics.railWidth
+        onCreationAsked: library.openCategories(true)
+        onManagementAsked: library.openCategories(false)
+    }
+    LibraryHeader {
+        id: header
+
+        anchors.left: rail.right
+        anchors.right: parent.right
+        anchors.top: parent.top
+        model: library.model
+        page: page
+        selection: selection
+        onCreationAsked: library.creationAsked()
+    }
+    SkillGrid {
+        id: grid
+
+        anchors.bottom: footer.top
+        anchors.left: rail.right
+        anchors.right: parent.right
+        anchors.top: header.bottom
+        focus: true
+        model: library.model
+        page: page
+        selection: selection
+        visible: library.hasResults
+        onMenuAsked: (card, place) => {
+            actions.make();
+            (actions.item as SkillActions).menu.openFor(card.skill, card, place);
         }
-
-        enabled: screen.item === null
-        target: view.Window.window
+        onTrashAsked: id => library.askToTrash(id)
     }
-    Timer {
-        id: start
+    DeferredItem {
+        id: emptiness
 
-        interval: 0 // once the frame is under way
-        onTriggered: screen.make()
+        anchors.centerIn: grid
+        file: "EmptyLibrary.qml"
+        isWanted: !library.hasResults
+        properties: ({ model: library.model, page: page })
+        width: grid.width - 2 * Metrics.huge
     }
     Connections {
         function onCreationAsked() {
-            view.creationAsked();
+            library.creationAsked();
+        }
+        function onImportAsked() {
+            importing.make();
+            (importing.item as ImportSheet).open();
         }
 
-        ignoreUnknownSignals: true
-        target: screen.item
+        target: emptiness.item as EmptyLibrary
+    }
+    LibraryFooter {
+        id: footer
+
+        anchors.bottom: parent.bottom
+        anchors.left: rail.right
+        anchors.right: parent.right
+        model: library.model
+        page: page
+        selection: selection
+        visible: library.hasResults || selection.isSelecting
+        onTrashAsked: library.askToTrash()
     }
     DeferredItem {
-        id: screen
+        id: categories
 
-        anchors.fill: parent
-        file: "LibraryScreen.qml"
-        focus: true
-        properties: ({ model: view.model })
+        file: "CategoriesView.qml"
+        properties: ({ model: library.model })
+    }
+    DeferredItem {
+        id: importing
+
+        file: "ImportSheet.qml"
+        properties: ({ model: library.model })
+    }
+    DeferredItem {
+        id: actions
+
+        file: "SkillActions.qml"
+        properties: ({ canSelect: true, model: library.model, selection: selection })
         visible: true
-        onLoaded: item.focus = true
     }
 }

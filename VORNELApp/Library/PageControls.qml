@@ -6,7 +6,7 @@ import VORNELDesignSystem
 Row {
     id: controls
 
-    required property LibraryPage page
+    required property CardPage page
 
     spacing: Metrics.tiny
 

@@ -11,7 +11,7 @@ Row {
 
     required property AppModel model
     required property SkillSelection selection
-    required property LibraryPage page
+    required property CardPage page
 
     signal trashAsked
 

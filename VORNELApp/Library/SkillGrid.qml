@@ -14,7 +14,7 @@ FocusScope {
     id: grid
 
     required property AppModel model
-    required property LibraryPage page
+    required property CardPage page
     required property SkillSelection selection
 
     signal trashAsked(id: uuid)

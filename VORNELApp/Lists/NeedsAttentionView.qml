@@ -90,7 +90,7 @@ FocusScope {
             }
         }
     }
-    SkillListEmptiness {
+    EmptySkillList {
         anchors.centerIn: view
         readonly property bool isKnown: attention.model.isOverviewCurrent
 

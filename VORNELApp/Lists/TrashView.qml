@@ -112,7 +112,7 @@ FocusScope {
             }
         }
     }
-    SkillListEmptiness {
+    EmptySkillList {
         anchors.centerIn: view
         emptyLine: "Les compétences que vous supprimez attendent ici d’être restaurées ou supprimées définitivement."
         emptySymbol: "trash-2"

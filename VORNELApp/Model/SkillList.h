@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AppModel.h"
-#include "RecordListModel.h"
+#include "KeyedListModel.h"
 #include "SkillEntry.h"
 
 namespace vornel {
@@ -50,7 +50,7 @@ private:
     AppModel *m_model = nullptr;
     Destination m_destination;
     int m_totalCount = 0;
-    RecordListModel<SkillEntry> m_rows;
+    KeyedListModel<SkillEntry> m_rows;
 };
 
 } // namespace vornel

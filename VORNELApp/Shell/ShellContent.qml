@@ -40,7 +40,7 @@ FocusScope {
             case AppStates.Destination.trash:
                 return "TrashView.qml";
             default:
-                return "LibraryView.qml";
+                return "DeferredLibrary.qml";
             }
         }
         visible: !content.isSkillOpen

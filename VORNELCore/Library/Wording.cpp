@@ -78,6 +78,11 @@ QString countedSkills(qsizetype count)
     return QString::number(count) + (count < 2 ? u" compétence"_s : u" compétences"_s);
 }
 
+QString andOthers(qsizetype count)
+{
+    return count == 1 ? u"et 1 autre"_s : u"et %1 autres"_s.arg(count);
+}
+
 QString age(const QDateTime &instant, const QDateTime &now)
 {
     struct Unit

@@ -20,6 +20,9 @@ QString syncState(SyncState state, Drift drift = Drift::unknown);
 /// "1 compétence", "2 compétences".
 QString countedSkills(qsizetype count);
 
+/// "et 1 autre", "et 2 autres": after the first ones of a list.
+QString andOthers(qsizetype count);
+
 /// How long ago `instant` was at `now`, in its largest whole unit: "à l’instant", "il y a 3 jours".
 QString age(const QDateTime &instant, const QDateTime &now);
 

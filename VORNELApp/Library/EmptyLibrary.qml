@@ -7,7 +7,7 @@ StateView {
     id: view
 
     required property AppModel model
-    required property LibraryPage page
+    required property CardPage page
 
     signal creationAsked
     signal importAsked

@@ -4,7 +4,7 @@
 
 #include <VORNELApp/Actions/DragPayload.h>
 #include <VORNELApp/Categories/CategoryListModel.h>
-#include <VORNELApp/Library/LibraryPage.h>
+#include <VORNELApp/Library/CardPage.h>
 #include <VORNELInfrastructure/Drafts/LocalDrafts.h>
 
 #include <QAbstractItemModelTester>
@@ -50,9 +50,9 @@ public:
     QList<SkillSummary> given;
 };
 
-struct LibraryPageTest : testing::Test
+struct CardPageTest : testing::Test
 {
-    LibraryPageTest()
+    CardPageTest()
     {
         selection.setProperty("model", QVariant::fromValue(&model));
         page.setProperty("model", QVariant::fromValue(&model));
@@ -83,7 +83,7 @@ struct LibraryPageTest : testing::Test
                    std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat),
                    std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), "/nowhere")};
     SkillSelection selection;
-    LibraryPage page;
+    CardPage page;
 };
 
 TEST(DragPayload, CarriesSkillsAsOneTextAndSkipsWhatIsForeign)
@@ -110,7 +110,7 @@ TEST(DragPayload, CarriesSkillsAsOneTextAndSkipsWhatIsForeign)
         EXPECT_EQ(DragPayload::decode(c.texts), c.ids) << c.texts.join(u' ').toStdString();
 }
 
-TEST_F(LibraryPageTest, AnotherPageOrFilterMovesNoRow)
+TEST_F(CardPageTest, AnotherPageOrFilterMovesNoRow)
 {
     const QAbstractItemModelTester tester(page.cards(),
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
@@ -139,12 +139,12 @@ TEST_F(LibraryPageTest, AnotherPageOrFilterMovesNoRow)
     EXPECT_EQ(moved, 0);
 }
 
-TEST_F(LibraryPageTest, BeginsAnewWithOtherResults)
+TEST_F(CardPageTest, BeginsAnewWithOtherResults)
 {
     give(skills(25));
     page.setCurrentPage(2);
     int turns = 0;
-    QObject::connect(&page, &LibraryPage::turned, &page, [&turns] { ++turns; });
+    QObject::connect(&page, &CardPage::turned, &page, [&turns] { ++turns; });
     give(skills(24));
     EXPECT_EQ(page.currentPage(), 1);
     EXPECT_EQ(page.pageCount(), 1);
@@ -167,7 +167,7 @@ TEST_F(LibraryPageTest, BeginsAnewWithOtherResults)
     EXPECT_FALSE(page.isFiltered());
 }
 
-TEST_F(LibraryPageTest, StandsEachSectionOnRowsOfItsOwn)
+TEST_F(CardPageTest, StandsEachSectionOnRowsOfItsOwn)
 {
     QList<SkillSummary> list = skills(3, u"quality"_s);
     list.append({skill(4, u"design"_s), skill(5, u"gone"_s)});
@@ -203,7 +203,7 @@ TEST_F(LibraryPageTest, StandsEachSectionOnRowsOfItsOwn)
     EXPECT_EQ(card(0).headersAbove, 0);
 }
 
-TEST_F(LibraryPageTest, SkillsThatAreGoneLeaveTheSelection)
+TEST_F(CardPageTest, SkillsThatAreGoneLeaveTheSelection)
 {
     const QList<SkillSummary> list = skills(40);
     give(list);
@@ -235,7 +235,7 @@ TEST_F(LibraryPageTest, SkillsThatAreGoneLeaveTheSelection)
     EXPECT_FALSE(selection.isSelecting());
 }
 
-TEST_F(LibraryPageTest, CountsTheSkillsOfEachCategoryWhateverTheFilters)
+TEST_F(CardPageTest, CountsTheSkillsOfEachCategoryWhateverTheFilters)
 {
     CategoryListModel categories;
     categories.setProperty("beginsWithAll", true);

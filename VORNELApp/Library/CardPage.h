@@ -3,13 +3,13 @@
 #include "LibraryCard.h"
 
 #include <VORNELApp/Actions/SkillSelection.h>
-#include <VORNELApp/Model/SlotListModel.h>
+#include <VORNELApp/Model/FixedRowListModel.h>
 
 namespace vornel {
 
 /// The page of the library that is shown: which card stands where. Another page, filter or search changes
 /// what the cards say and never their number, so that no view has to make one.
-class LibraryPage : public QObject
+class CardPage : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
@@ -33,7 +33,7 @@ class LibraryPage : public QObject
     Q_PROPERTY(QAbstractItemModel *headings READ headings CONSTANT)
 
 public:
-    explicit LibraryPage(QObject *parent = nullptr);
+    explicit CardPage(QObject *parent = nullptr);
 
     /// The page shown, counted from 1. One that doesn't exist becomes the nearest that does.
     int currentPage() const { return m_currentPage; }
@@ -111,8 +111,8 @@ private:
     int m_cardCount = 0;
     int m_rowCount = 0;
     int m_headingCount = 0;
-    SlotListModel<LibraryCard> m_cards;
-    SlotListModel<LibraryHeading> m_headings;
+    FixedRowListModel<LibraryCard> m_cards;
+    FixedRowListModel<LibraryHeading> m_headings;
 };
 
 } // namespace vornel

@@ -1,6 +1,6 @@
 /// The list that tells its views only what changed, checked against Qt's own tester of models.
 
-#include <VORNELApp/Model/RecordListModel.h>
+#include <VORNELApp/Model/KeyedListModel.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QAbstractItemModelTester>
@@ -12,9 +12,9 @@
 namespace vornel {
 namespace {
 
-TEST(RecordListModel, TellsItsViewsExactlyWhatChanged)
+TEST(KeyedListModel, TellsItsViewsExactlyWhatChanged)
 {
-    RecordListModel<SkillSummary> model;
+    KeyedListModel<SkillSummary> model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     QList<SkillSummary> records(60);
     for (qsizetype number = 0; number < records.size(); ++number)
@@ -32,12 +32,12 @@ TEST(RecordListModel, TellsItsViewsExactlyWhatChanged)
     }
 }
 
-TEST(RecordListModel, RowsThatStayKeepTheirIndex)
+TEST(KeyedListModel, RowsThatStayKeepTheirIndex)
 {
     QList<SkillSummary> records(5);
     for (SkillSummary &record : records)
         record.id = QUuid::createUuid();
-    RecordListModel<SkillSummary> model;
+    KeyedListModel<SkillSummary> model;
     model.setRecords(records);
     const QPersistentModelIndex third = model.index(2);
     model.setRecords({records.at(4), records.at(2), records.at(0)});

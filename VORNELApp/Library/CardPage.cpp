@@ -1,4 +1,4 @@
-#include "LibraryPage.h"
+#include "CardPage.h"
 
 #include <VORNELCore/Library/Wording.h>
 
@@ -9,38 +9,38 @@ using namespace std::chrono_literals;
 
 namespace vornel {
 
-LibraryPage::LibraryPage(QObject *parent) : QObject(parent)
+CardPage::CardPage(QObject *parent) : QObject(parent)
 {
-    for (const auto given : {&LibraryPage::modelChanged, &LibraryPage::selectionChanged})
-        connect(this, given, this, &LibraryPage::follow);
-    connect(this, &LibraryPage::columnsChanged, this, &LibraryPage::refresh);
+    for (const auto given : {&CardPage::modelChanged, &CardPage::selectionChanged})
+        connect(this, given, this, &CardPage::follow);
+    connect(this, &CardPage::columnsChanged, this, &CardPage::refresh);
     startTimer(1min); // for the ages
 }
 
-void LibraryPage::setCurrentPage(int page)
+void CardPage::setCurrentPage(int page)
 {
     m_currentPage = page;
     refresh();
 }
 
-QStringList LibraryPage::maturityTexts()
+QStringList CardPage::maturityTexts()
 {
     return Wording::maturities();
 }
 
-QString LibraryPage::categoryName() const
+QString CardPage::categoryName() const
 {
     if (m_model == nullptr || m_model->selectedCategory().isEmpty())
         return {};
     return m_model->category(m_model->selectedCategory()).name;
 }
 
-bool LibraryPage::isFiltered() const
+bool CardPage::isFiltered() const
 {
     return m_model != nullptr && (!m_model->selectedCategory().isEmpty() || m_model->selectedMaturity());
 }
 
-void LibraryPage::clearFilters()
+void CardPage::clearFilters()
 {
     m_isWaiting = true;
     m_model->setSelectedCategory({});
@@ -49,7 +49,7 @@ void LibraryPage::clearFilters()
     begin();
 }
 
-void LibraryPage::select(int from, int to)
+void CardPage::select(int from, int to)
 {
     QSet<QUuid> ids;
     for (int index = std::max(0, std::min(from, to)); index <= std::max(from, to) && index < m_cardCount;
@@ -58,7 +58,7 @@ void LibraryPage::select(int from, int to)
     m_selection->add(ids);
 }
 
-int LibraryPage::indexAt(int row, int column) const
+int CardPage::indexAt(int row, int column) const
 {
     int found = -1;
     for (int index = 0; index < m_cardCount; ++index) {
@@ -69,27 +69,27 @@ int LibraryPage::indexAt(int row, int column) const
     return found;
 }
 
-void LibraryPage::timerEvent(QTimerEvent * /*event*/)
+void CardPage::timerEvent(QTimerEvent * /*event*/)
 {
     refresh();
 }
 
-void LibraryPage::follow()
+void CardPage::follow()
 {
     if (m_model == nullptr || m_selection == nullptr)
         return;
     for (const auto changed : {&AppModel::searchTextChanged, &AppModel::selectedCategoryChanged,
                                &AppModel::selectedMaturityChanged})
-        connect(m_model, changed, this, &LibraryPage::begin);
-    connect(m_model, &AppModel::overviewChanged, this, &LibraryPage::refresh);
-    connect(m_model, &AppModel::isOverviewCurrentChanged, this, &LibraryPage::refresh);
-    connect(&m_model->wrongCopies(), &WrongCopies::changed, this, &LibraryPage::refresh);
-    connect(m_selection, &SkillSelection::changed, this, &LibraryPage::refresh);
+        connect(m_model, changed, this, &CardPage::begin);
+    connect(m_model, &AppModel::overviewChanged, this, &CardPage::refresh);
+    connect(m_model, &AppModel::isOverviewCurrentChanged, this, &CardPage::refresh);
+    connect(&m_model->wrongCopies(), &WrongCopies::changed, this, &CardPage::refresh);
+    connect(m_selection, &SkillSelection::changed, this, &CardPage::refresh);
     refresh();
 }
 
 /// Shows the first page of other results.
-void LibraryPage::begin()
+void CardPage::begin()
 {
     if (m_isWaiting)
         return;
@@ -98,14 +98,14 @@ void LibraryPage::begin()
     Q_EMIT turned();
 }
 
-void LibraryPage::refresh()
+void CardPage::refresh()
 {
     if (m_model != nullptr && m_selection != nullptr && update())
         Q_EMIT turned();
 }
 
 /// Tells whether it shows another page than before, as it also does once that page is gone.
-bool LibraryPage::update()
+bool CardPage::update()
 {
     const qint64 before = m_pagination.page();
     const SkillPage page = m_model->libraryIndex().skillPage(m_model->filter(), m_currentPage);
@@ -123,7 +123,7 @@ bool LibraryPage::update()
 
 /// With a category filter, all skills are one section. Skills of unknown categories, which come last, have
 /// one of their own.
-QList<SkillGroup> LibraryPage::sections(const SkillPage &page) const
+QList<SkillGroup> CardPage::sections(const SkillPage &page) const
 {
     if (!m_model->selectedCategory().isEmpty())
         return {{{}, page.skills, page.pagination.itemCount()}};
@@ -138,7 +138,7 @@ QList<SkillGroup> LibraryPage::sections(const SkillPage &page) const
     return sections;
 }
 
-LibraryCard LibraryPage::card(const SkillSummary &skill) const
+LibraryCard CardPage::card(const SkillSummary &skill) const
 {
     LibraryCard card;
     card.skill = skill;
@@ -153,7 +153,7 @@ LibraryCard LibraryPage::card(const SkillSummary &skill) const
     return card;
 }
 
-void LibraryPage::layOut(const QList<SkillGroup> &sections, bool areHeaded)
+void CardPage::layOut(const QList<SkillGroup> &sections, bool areHeaded)
 {
     QList<LibraryCard> cards;
     QList<LibraryHeading> headings;
@@ -177,7 +177,7 @@ void LibraryPage::layOut(const QList<SkillGroup> &sections, bool areHeaded)
 }
 
 /// Adds places without a card, so that there are as many as the fullest page of this library can need.
-void LibraryPage::show(QList<LibraryCard> cards, QList<LibraryHeading> headings)
+void CardPage::show(QList<LibraryCard> cards, QList<LibraryHeading> headings)
 {
     m_cardCount = static_cast<int>(cards.size());
     m_headingCount = static_cast<int>(headings.size());
