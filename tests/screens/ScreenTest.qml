@@ -25,7 +25,7 @@ TestCase {
         RootView {
             focus: true
             height: 800
-            model: test.fixture.model
+            model: test.model
             width: 1240
         }
     }
@@ -48,8 +48,17 @@ TestCase {
     function shows(name) {
         return all(name).length > 0;
     }
-    function awaitText(name) {
-        tryVerify(() => shows(name), 5000, "shows " + name);
+    function awaitText(...names) {
+        for (const name of names)
+            tryVerify(() => shows(name), 5000, "shows " + name);
+    }
+    function awaitGone(...names) {
+        for (const name of names)
+            tryVerify(() => !shows(name), 5000, "still shows " + name);
+    }
+    function verifyShown(...names) {
+        for (const name of names)
+            verify(shows(name), name);
     }
     /** The only visible control of this name. */
     function control(name) {
@@ -58,11 +67,14 @@ TestCase {
         compare(found.length, 1, name);
         return found[0];
     }
-    function click(name) {
-        const item = control(name);
-        verify(item.enabled, name);
-        waitForItemPolished(item.parent);
-        mouseClick(item);
+    /** Clicks one control after another. */
+    function click(...names) {
+        for (const name of names) {
+            const item = control(name);
+            verify(item.enabled, name);
+            waitForItemPolished(item.parent);
+            mouseClick(item);
+        }
     }
     /** Types over what stands in a field. */
     function retype(name, text) {
@@ -75,11 +87,11 @@ TestCase {
     function accept() {
         tryVerify(() => focusedName() === "Annuler");
         press(Qt.Key_Tab, Qt.Key_Return);
-        tryVerify(() => !shows("Annuler"));
+        awaitGone("Annuler");
     }
     function cancel() {
         click("Annuler");
-        tryVerify(() => !shows("Annuler"));
+        awaitGone("Annuler");
     }
     /** The list of this name. */
     function list(name) {
@@ -97,7 +109,22 @@ TestCase {
         return root.Window.activeFocusItem.Accessible.name;
     }
     function settle() {
-        tryVerify(() => !fixture.model.isBusy);
+        tryVerify(() => !model.isBusy);
+    }
+    function reload() {
+        model.reload();
+        settle();
+    }
+    function removeCopies(slugs) {
+        for (const slug of slugs)
+            fixture.remove("codex/" + slug);
+    }
+    function categoryOf(slug) {
+        return model.overview.skills.find(skill => skill.slug === slug)?.category;
+    }
+    /** So many slugs: "s01", "s02"… */
+    function numbered(count) {
+        return Array.from({ length: count }, (_, number) => "s" + String(number + 1).padStart(2, "0"));
     }
     /** The window goes before what it shows. */
     function close() {
@@ -131,6 +158,15 @@ TestCase {
         open();
         awaitText("Compétences"); // the library is made after the first frame
         settle();
+    }
+
+    /** A library with a skill in "quality", one in "design", and two in the default category. */
+    function openLibrary() {
+        openShell(["audit", "notes"]);
+        fixture.create("revue", "quality", Vornel.Maturity.ready);
+        fixture.create("plan", "design", Vornel.Maturity.draft);
+        settle();
+        awaitText("2 compétences");
     }
 
     height: 800

@@ -12,12 +12,17 @@ ScreenTest {
     /** One copy that was edited, and one that can neither be read nor replaced. */
     function spoil(slug) {
         fixture.write("claude/" + slug + "/SKILL.md", "retouché");
-        fixture.remove("codex/" + slug);
-        fixture.write("codex/" + slug, "pas un dossier");
+        block("codex/" + slug);
+    }
+    /** Files in the place of copies, which no synchronisation replaces. */
+    function block(...copies) {
+        for (const copy of copies) {
+            fixture.remove(copy);
+            fixture.write(copy, "pas un dossier");
+        }
     }
     function openAttention() {
-        model.reload();
-        settle();
+        reload();
         model.selectedDestination = AppStates.Destination.needsAttention;
         awaitText("À RÉPARER");
     }
@@ -35,6 +40,7 @@ ScreenTest {
     function button(slug) {
         return all("Synchroniser").find(item => item.Accessible.description === slug);
     }
+
     function test_rows_tell_each_copy() {
         openShell(["audit", "notes", "revue"]);
         fixture.remove("claude/audit");
@@ -48,17 +54,19 @@ ScreenTest {
         verify(control("notes").record.failure.startsWith("Codex\u00A0: "));
 
         edit("revue");
-        model.reload();
-        settle();
+        reload();
         awaitLine("revue", " · Claude : à jour · Codex : copie modifiée");
         fixture.remove("codex/revue");
-        model.reload();
-        settle();
+        reload();
         awaitLine("revue", " · Claude : à jour · Codex : copie manquante");
 
-        click("audit");
+        fixture.remove("workspace/skills/audit");
+        button("audit").clicked();
+        awaitText("Cette compétence n’est plus là\u00A0: un autre programme l’a déplacée ou supprimée.");
+        tryVerify(() => !shows("audit") && shows("notes"));
+        click("notes");
         awaitText("Retour à la bibliothèque");
-        compare(model.selectedSkill.manifest.slug, "audit");
+        compare(model.selectedSkill.manifest.slug, "notes");
     }
 
     function test_synchronising_in_place() {
@@ -70,15 +78,14 @@ ScreenTest {
         button("audit").clicked();
         awaitText("À JOUR");
         settle();
-        tryVerify(() => !shows("audit"));
+        awaitGone("audit");
         verify(!shows("Différences avec les copies"), "nothing was to be lost");
         compare(fixture.bytes("claude/audit/SKILL.md"), fixture.bytes("workspace/skills/audit/SKILL.md"));
 
         button("notes").clicked();
-        awaitText("Différences avec les copies");
-        awaitText("retouché par l’assistant");
+        awaitText("Différences avec les copies", "retouché par l’assistant");
         click("Fermer");
-        tryVerify(() => !shows("Différences avec les copies"));
+        awaitGone("Différences avec les copies");
         compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytesOfText("retouché par l’assistant"));
         button("notes").clicked();
         awaitText("Différences avec les copies");
@@ -92,8 +99,7 @@ ScreenTest {
         openShell(["audit", "notes"]);
         edit("audit");
         fixture.write("workspace/skills/notes/SKILL.md", "retouché à la main");
-        model.reload();
-        settle();
+        reload();
         tryVerify(() => control("audit").Accessible.description.endsWith("copie modifiée"), 5000, "on the card");
         tryVerify(() => control("notes").Accessible.description.endsWith("copie périmée"));
         openAttention();
@@ -101,17 +107,14 @@ ScreenTest {
         awaitLine("notes", " · Claude : copie périmée · Codex : copie périmée");
         click("Tout synchroniser");
         awaitText("1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée dans l’historique.");
-        click("Annuler");
-        tryVerify(() => !shows("Annuler"));
+        cancel();
 
         fixture.remove("workspace/.vornel/history/" + fixture.idOf("audit").toString().slice(1, -1).toUpperCase());
-        model.reload();
-        settle();
+        reload();
         awaitLine("audit", " · Claude : à jour · Codex : copie différente");
         click("Tout synchroniser");
         awaitText("1 copie différente sera remplacée par la version de VORNEL, et gardée dans l’historique.");
-        click("Annuler");
-        tryVerify(() => !shows("Annuler"));
+        cancel();
         button("notes").clicked();
         awaitText(/Rien n’a été modifié chez les assistants\u00A0: .* rien ne sera perdu\.$/);
     }
@@ -119,8 +122,7 @@ ScreenTest {
     function test_a_copy_that_can_not_be_read() {
         openShell(["audit", "notes"]);
         spoil("notes");
-        model.reload();
-        settle();
+        reload();
         const reason = "Codex\u00A0: Échec d’intégrité : La racine n’est pas un dossier : notes (" + fixture.path("codex/notes") + ")";
         tryVerify(() => control("notes").Accessible.description.includes(reason), 5000, "on the card");
         openAttention();
@@ -150,15 +152,11 @@ ScreenTest {
 
     function test_one_of_two_copies_is_set_aside() {
         openShell(["notes"]);
-        for (const assistant of ["claude", "codex"]) {
-            fixture.remove(assistant + "/notes");
-            fixture.write(assistant + "/notes", "pas un dossier");
-        }
+        block("claude/notes", "codex/notes");
         openAttention();
         awaitLine("notes", " · Claude : échec · Codex : échec");
         verify(!shows("Mettre de côté"), "which one isn't told");
-        click("notes");
-        click("Claude, échec");
+        click("notes", "Claude, échec");
         awaitText("Différences avec les copies");
         all("Mettre de côté")[0].clicked();
         awaitText("MISE DE CÔTÉ");
@@ -166,13 +164,12 @@ ScreenTest {
         tryVerify(() => all("Mettre de côté").length === 1);
         verify(!model.isWorking && model.errorMessage === "", "nothing else was asked for");
         click("Fermer");
-        tryVerify(() => !shows("Fermer"));
+        awaitGone("Fermer");
         model.closeSkill();
         awaitLine("notes", " · Claude : à jour · Codex : échec");
         verify(!control("notes").record.failure.includes("Claude"));
 
-        fixture.remove("claude/notes");
-        fixture.write("claude/notes", "pas un dossier");
+        block("claude/notes");
         model.reload();
         awaitLine("notes", " · Claude : échec · Codex : échec");
         mouseClick(control("notes"), 100, 30, Qt.RightButton);
@@ -185,9 +182,8 @@ ScreenTest {
         const slugs = ["a", "b", "c", "d", "e"];
         openShell(slugs);
         fixture.create("f", "quality", Vornel.Maturity.ready);
-        for (const slug of [...slugs, "f"])
-            fixture.remove("codex/" + slug);
-        fixture.write("codex/d", "pas un dossier");
+        removeCopies([...slugs, "f"]);
+        block("codex/d");
         openAttention();
         for (const [count, what, action] of [
             [5, "synchronised", () => model.synchronizeSkill(fixture.idOf("a"))],
@@ -223,8 +219,7 @@ ScreenTest {
         click("Tout synchroniser");
         awaitText("Synchroniser 3 compétences\u00A0?");
         tryVerify(() => all("3 copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées dans l’historique. Certaines copies n’ont pas pu être comparées.").length === 1);
-        click("Annuler");
-        tryVerify(() => !shows("Annuler"));
+        cancel();
         compare(model.needsAttentionCount, 3);
 
         click("Tout synchroniser");
@@ -233,14 +228,13 @@ ScreenTest {
         tryVerify(() => shows("b") && !shows("a") && !shows("c"));
         verify(model.errorMessage.startsWith("1 compétence sur 3 n’a pas pu être synchronisée\u00A0:"));
         verify(control("b").record.failure !== "");
-        verify(shows("1 compétence") && shows("Les copies de cette compétence ne sont pas identiques à la version de VORNEL."));
+        verifyShown("1 compétence", "Les copies de cette compétence ne sont pas identiques à la version de VORNEL.");
         compare(fixture.bytes("codex/c/SKILL.md"), fixture.bytes("workspace/skills/c/SKILL.md"));
     }
 
     function test_progress_and_stop() {
         openShell(["a", "b", "c"]);
-        for (const slug of ["a", "b", "c"])
-            fixture.remove("codex/" + slug);
+        removeCopies(["a", "b", "c"]);
         openAttention();
         click("Tout synchroniser");
         awaitText("Aucune de leurs copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.");
@@ -277,59 +271,43 @@ ScreenTest {
             model.closeSkill();
             awaitText("À RÉPARER");
         }
-        keyClick(Qt.Key_Escape);
-        tryVerify(() => !shows("Le nom est requis."));
+        press(Qt.Key_Escape);
+        awaitGone("Le nom est requis.");
         click("Tout synchroniser");
         awaitText("Synchroniser 2 compétences\u00A0?");
     }
 
-    function test_gone_elsewhere() {
-        openShell(["audit", "notes"]);
-        fixture.remove("codex/audit");
-        fixture.remove("codex/notes");
-        openAttention();
-        awaitLine("audit", " · Claude : à jour · Codex : copie manquante");
-        fixture.remove("workspace/skills/audit");
-        button("audit").clicked();
-        awaitText("Cette compétence n’est plus là\u00A0: un autre programme l’a déplacée ou supprimée.");
-        tryVerify(() => !shows("audit") && shows("notes"));
-    }
-
     function test_search_and_keyboard() {
         openShell(["audit", "notes", "revue"]);
-        for (const slug of ["audit", "notes", "revue"])
-            fixture.remove("codex/" + slug);
+        removeCopies(["audit", "notes", "revue"]);
         openAttention();
         model.searchText = "introuvable";
         awaitText("Aucun résultat");
         model.searchText = "no";
         tryVerify(() => shows("notes") && !shows("audit"));
-        verify(shows("1 sur 3 compétences"));
+        verifyShown("1 sur 3 compétences");
         click("Tout synchroniser");
         awaitText("Aucune de ses copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.");
         cancel();
         click("Effacer");
-        tryVerify(() => shows("audit"));
+        awaitText("audit");
 
         list("À réparer").forceActiveFocus();
-        keyClick(Qt.Key_Down);
+        press(Qt.Key_Down);
         compare(focusedName(), "notes");
         keyClick(Qt.Key_Return, Qt.ControlModifier);
         awaitText("À JOUR");
         settle();
-        tryVerify(() => !shows("notes"));
+        awaitGone("notes");
         compare(focusedName(), "revue");
-        keyClick(Qt.Key_Up);
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Up, Qt.Key_Return);
         awaitText("Retour à la bibliothèque");
         compare(model.selectedSkill.manifest.slug, "audit");
     }
 
     function test_a_long_list_looks_only_at_what_is_shown() {
-        const slugs = Array.from({ length: 60 }, (_, number) => "s" + String(number + 1).padStart(2, "0"));
-        openShell(slugs);
-        for (const slug of slugs)
-            fixture.remove("codex/" + slug);
+        openShell(numbered(60));
+        removeCopies(numbered(60));
         openAttention();
         awaitLine("s01", " · Claude : à jour · Codex : copie manquante");
         list("À réparer").moveTo(59);

@@ -29,8 +29,7 @@ ScreenTest {
     /** The identifier of a new category of this name. */
     function createCategory(name) {
         fixture.createCategoryElsewhere(name);
-        model.reload();
-        settle();
+        reload();
         return model.overview.categories.find(category => category.name === name).id;
     }
     function openLibrary() {
@@ -115,20 +114,17 @@ ScreenTest {
         openLibrary();
         for (let number = 1; number <= 30; ++number)
             fixture.createCategoryElsewhere("Catégorie " + number);
-        model.reload();
-        settle();
-        click("Sélectionner");
-        click("audit");
-        click("Déplacer");
+        reload();
+        click("Sélectionner", "audit", "Déplacer");
         awaitText("Catégorie 1");
         const view = control("Catégorie 1").ListView.view;
         const place = view.mapToItem(null, 0, 0);
         verify(place.y >= 0 && place.y + view.height <= root.Window.height, "within the window");
         verifyFits([control(wideCategory)]);
         for (let number = 0; number < view.count; ++number)
-            keyClick(Qt.Key_Down);
+            press(Qt.Key_Down);
         tryVerify(() => view.contentY + view.height >= view.contentHeight - 1);
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         settle();
         compare(model.overview.skills.find(skill => skill.slug === "audit").category, "categorie-30");
     }
@@ -168,17 +164,15 @@ ScreenTest {
         verify(end() > panel.height);
         all("Fermer")[0].forceActiveFocus();
         tryVerify(() => {
-            keyClick(Qt.Key_Down);
+            press(Qt.Key_Down);
             return end() <= panel.height;
         }, 5000, "its last line can be reached");
     }
 
     function test_attention_and_trash() {
         openLibrary();
-        for (const slug of [longSlug, "rtl", "lines", "emoji"])
-            fixture.remove("codex/" + slug);
-        model.reload();
-        settle();
+        removeCopies([longSlug, "rtl", "lines", "emoji"]);
+        reload();
         resize(960, 620);
         model.selectedDestination = AppStates.Destination.needsAttention;
         tryVerify(() => shows(longName));

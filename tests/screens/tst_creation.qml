@@ -12,7 +12,7 @@ ScreenTest {
         awaitText("Le nom est requis.");
     }
     function isGone() {
-        tryVerify(() => !shows("Identité"));
+        awaitGone("Identité");
     }
     function created() {
         return model.selectedSkill.manifest;
@@ -24,9 +24,8 @@ ScreenTest {
         type("Veille");
         retype("Description courte", "Suivre: les annonces");
         retype("Mots-clés", " veille , , presse,");
-        click("Catégorie, Développement");
-        click("Connaissance");
-        tryVerify(() => shows("Catégorie, Connaissance"));
+        click("Catégorie, Développement", "Connaissance");
+        awaitText("Catégorie, Connaissance");
         click("Actif");
         verify(control("Actif").checked && !control("Brouillon").checked);
         click("Créer");
@@ -54,7 +53,7 @@ ScreenTest {
         awaitText("Utilisez uniquement des lettres, chiffres et tirets.");
         compare(control("Identifiant").Accessible.description, "Utilisez uniquement des lettres, chiffres et tirets.");
         verify(!control("Créer").enabled);
-        keyClick(Qt.Key_Backspace);
+        press(Qt.Key_Backspace);
         awaitText("Prête à être créée.");
         retype("Nom", "Autre");
         compare(control("Identifiant").text, "audit-2024x");
@@ -84,7 +83,7 @@ ScreenTest {
             model.reload(); // as whatever follows the model may, before the sheet hears of the refusal
         }
         model.isWorkingChanged.connect(reloadOnce);
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         awaitText(taken);
         compare(model.errorMessage, "", "it is told at the field alone");
         compare(control("Identifiant").Accessible.description, taken);
@@ -94,10 +93,10 @@ ScreenTest {
         retype("Description courte", "Autre chose");
         verify(shows(taken));
         control("Identifiant").forceActiveFocus();
-        keyClick(Qt.Key_End);
+        press(Qt.Key_End);
         type("2");
         tryVerify(() => !shows(taken));
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         awaitText("CRÉÉE");
         verify(!shows(taken), "not by itself");
         isGone();
@@ -116,22 +115,21 @@ ScreenTest {
         awaitText("Codex a déjà un dossier de ce nom.");
         verify(!shows("Prête à être créée."));
         verify(all("Nouvelle compétence").every(item => item.Accessible.description !== "Formulaire valide"));
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         awaitText("Le dossier «\u00a0veille\u00a0» existe déjà");
         tryVerify(() => control("Changer d’identifiant").activeFocus);
         keyClick(Qt.Key_Tab, Qt.ShiftModifier);
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         verify(fixture.openedFolder.endsWith("/codex/veille"));
         compare(control("Ouvrir le dossier").Accessible.description, fixture.openedFolder);
-        keyClick(Qt.Key_Escape);
+        press(Qt.Key_Escape);
         tryVerify(() => control("Identifiant").activeFocus && !shows("Remplacer"));
         compare(model.overview.skills.length, 1);
-        keyClick(Qt.Key_End);
+        press(Qt.Key_End);
         type("2");
         awaitText("Prête à être créée.");
-        keyClick(Qt.Key_Backspace);
-        click("Créer");
-        click("Remplacer");
+        press(Qt.Key_Backspace);
+        click("Créer", "Remplacer");
         awaitText("CRÉÉE");
         isGone();
         compare(created().slug, "veille");
@@ -144,9 +142,8 @@ ScreenTest {
         type("Veille");
         awaitText("Codex a déjà un dossier de ce nom.");
         fixture.holdWorkspace();
-        keyClick(Qt.Key_Return);
-        click("Annuler");
-        click("Abandonner");
+        press(Qt.Key_Return);
+        click("Annuler", "Abandonner");
         isGone();
         fixture.releaseWorkspace();
         model.reload(); // after whatever the sheet has asked for
@@ -160,47 +157,30 @@ ScreenTest {
         type("Veille");
         fixture.remove("codex");
         fixture.write("codex", "un fichier à la place du dossier");
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         isGone();
         settle();
         verify(model.errorMessage !== "");
-        tryVerify(() => shows("Veille"));
+        awaitText("Veille");
         all("À réparer").find(item => item.checkable === false).clicked();
         awaitText("À RÉPARER");
         compare(model.errorMessage, "");
     }
 
-    function test_closing_the_window_asks() {
-        const window = openWindow(["audit"]);
-        awaitText("audit");
-        click("Actualiser");
-        keyClick(Qt.Key_N, Qt.ControlModifier);
-        awaitText("Le nom est requis.");
-        type("Veille");
-        for (const answer of ["Continuer la saisie", "Abandonner"]) {
-            window.close();
-            verify(window.visible);
-            awaitText("Abandonner la saisie\u00a0?");
-            all(answer)[0].clicked();
-            tryVerify(() => !shows("Abandonner la saisie\u00a0?"));
-        }
-        awaitClosed(window);
-    }
-
     function test_leaving() {
         openSheet();
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         verify(shows("Identité"), "nothing to create yet");
-        keyClick(Qt.Key_Escape);
+        press(Qt.Key_Escape);
         isGone();
 
         keyClick(Qt.Key_N, Qt.ControlModifier);
         awaitText("Le nom est requis.");
         type("Veille");
-        keyClick(Qt.Key_Escape);
+        press(Qt.Key_Escape);
         awaitText("Abandonner la saisie\u00a0?");
-        keyClick(Qt.Key_Return);
-        tryVerify(() => !shows("Abandonner"));
+        press(Qt.Key_Return);
+        awaitGone("Abandonner");
         verify(control("Nom").activeFocus, "the way back has the keyboard");
         click("Annuler");
         awaitText("Abandonner");
@@ -217,9 +197,9 @@ ScreenTest {
         openSheet();
         type("Veille");
         fixture.holdWorkspace(true);
-        keyClick(Qt.Key_Enter);
+        press(Qt.Key_Enter);
         tryVerify(() => model.isWorking);
-        keyClick(Qt.Key_Escape);
+        press(Qt.Key_Escape);
         verify(!shows("Abandonner"), "what was asked for can't be taken back");
         verify(!control("Annuler").enabled);
         fixture.write("workspace/.vornel/categories.json", "{");
@@ -227,9 +207,9 @@ ScreenTest {
         awaitText(/Le catalogue de catégories est invalide/);
         verify(!shows("Une compétence porte déjà cet identifiant."));
         click("Fermer");
-        tryVerify(() => !shows("Fermer"));
+        awaitGone("Fermer");
         verify(control("Nom").activeFocus);
-        keyClick(Qt.Key_Escape);
+        press(Qt.Key_Escape);
         awaitText("Abandonner");
     }
 
@@ -239,7 +219,7 @@ ScreenTest {
         keyClick(Qt.Key_N, Qt.ControlModifier);
         awaitText("Catégorie, Autre");
         type("Veille");
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         awaitText("CRÉÉE");
         compare(created().category, "other");
         isGone();
@@ -249,36 +229,26 @@ ScreenTest {
         awaitText("Catégorie, Design"); // the one that is chosen in the rail
     }
 
-    function test_order_of_the_fields() {
-        openSheet();
-        type("Veille");
-        for (const next of ["Identifiant", "Description courte", "Mots-clés", "Catégorie, Développement", "Brouillon", "Annuler", "Créer"]) {
-            keyClick(Qt.Key_Tab);
-            verify(control(next).activeFocus, next);
-        }
-    }
-
-    function test_maturity_by_keyboard() {
-        openSheet();
-        control("Brouillon").forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Left);
-        verify(control("Brouillon").checked);
-        keyClick(Qt.Key_Right);
-        keyClick(Qt.Key_Down);
-        verify(control("Actif").checked && control("Actif").activeFocus);
-        keyClick(Qt.Key_Tab);
-        verify(control("Annuler").activeFocus, "the choices are one stop");
-        keyClick(Qt.Key_Tab, Qt.ShiftModifier);
-        verify(control("Actif").activeFocus);
-    }
-
-    function test_a_long_text_shows_its_beginning() {
+    function test_by_keyboard() {
         openSheet();
         type("Un nom bien plus long que le champ dans lequel il faut pourtant tout entier");
         const field = control("Nom");
         verify(field.positionToRectangle(0).x < 0, "what is typed is seen");
-        keyClick(Qt.Key_Tab);
-        verify(field.positionToRectangle(0).x >= 0);
+        for (const next of ["Identifiant", "Description courte", "Mots-clés", "Catégorie, Développement", "Brouillon"]) {
+            press(Qt.Key_Tab);
+            verify(control(next).activeFocus, next);
+        }
+        verify(field.positionToRectangle(0).x >= 0, "a field that is left shows its beginning");
+        press(Qt.Key_Left);
+        verify(control("Brouillon").checked);
+        press(Qt.Key_Right, Qt.Key_Down);
+        verify(control("Actif").checked && control("Actif").activeFocus);
+        press(Qt.Key_Tab);
+        verify(control("Annuler").activeFocus, "the choices are one stop");
+        keyClick(Qt.Key_Tab, Qt.ShiftModifier);
+        verify(control("Actif").activeFocus);
+        press(Qt.Key_Tab, Qt.Key_Tab);
+        verify(control("Créer").activeFocus);
         field.forceActiveFocus(Qt.OtherFocusReason);
         type("!");
         verify(field.text.endsWith("entier!"), "where it was left");

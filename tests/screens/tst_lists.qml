@@ -6,8 +6,6 @@ import VORNELDesignSystem
 ScreenTest {
     id: test
 
-    readonly property AppModel model: fixture?.model ?? null
-
     name: "Lists"
 
     /** Thirty of each: skills, categories, files of the skill "audit", and files that a copy has more. */
@@ -15,15 +13,12 @@ ScreenTest {
         const numbers = Array.from({ length: 30 }, (_, number) => 100 + number);
         for (const number of numbers)
             fixture.write(`claude/audit/fichier-${number}.md`, "");
-        fixture.fillLibrary(["audit", ...numbers.map(number => "notes-" + number)]);
-        open();
-        awaitText("Compétences");
+        openShell(["audit", ...numbers.map(number => "notes-" + number)]);
         for (const number of numbers) {
             fixture.createCategoryElsewhere("Catégorie " + number);
             fixture.write(`codex/audit/ajout-${number}.md`, "");
         }
-        model.reload();
-        settle();
+        reload();
     }
     function openSkill() {
         model.selectSkill(fixture.idOf("audit"));

@@ -7,9 +7,6 @@ ScreenTest {
 
     name: "Menus"
 
-    function openLibrary() {
-        openShell(["audit", "notes", "plan", "revue"]);
-    }
     /** Opens the menu of a card or row, and takes a command of it. */
     function command(name, text) {
         mouseClick(control(name), 30, 30, Qt.RightButton);
@@ -30,13 +27,8 @@ ScreenTest {
     function active() {
         return slugs(() => model.overview.skills);
     }
-    function category(slug) {
-        settle();
-        return model.overview.skills.find(skill => skill.slug === slug).category;
-    }
-
     function test_a_card() {
-        openLibrary();
+        openShell(["audit", "notes", "plan", "revue"]);
         command("notes", "Copier le chemin");
         compare(fixture.clipboard(), fixture.path("workspace/skills/notes"));
         command("notes", "Ouvrir le dossier");
@@ -44,15 +36,15 @@ ScreenTest {
         command("notes", "Déplacer…");
         tryVerify(() => entry("Autre")?.checked);
         take("Qualité");
-        compare(category("notes") + category("audit"), "qualityother");
+        settle();
+        compare(categoryOf("notes") + categoryOf("audit"), "qualityother");
 
         fixture.write("codex/notes/SKILL.md", "retouché");
-        model.reload();
-        settle();
+        reload();
         command("notes", "Synchroniser");
         awaitText("Différences avec les copies");
         all("Synchroniser").find(item => item.role === 0).clicked(); // the one of the sheet
-        tryVerify(() => !shows("Différences avec les copies"));
+        awaitGone("Différences avec les copies");
         settle();
         compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytes("workspace/skills/notes/SKILL.md"));
 
@@ -66,7 +58,7 @@ ScreenTest {
     }
 
     function test_a_selection() {
-        openLibrary();
+        openShell(["audit", "notes", "plan", "revue"]);
         command("audit", "Sélectionner");
         awaitText("1 sélectionnée");
         command("audit", "Désélectionner");
@@ -79,19 +71,18 @@ ScreenTest {
         compare(fixture.clipboard(), ["audit", "notes", "plan"].map(slug => fixture.path("workspace/skills/" + slug)).join("\n"));
         command("revue", "Déplacer…");
         take("Design");
-        compare(category("revue") + category("notes"), "designother", "a card that isn't selected is meant alone");
+        settle();
+        compare(categoryOf("revue") + categoryOf("notes"), "designother", "a card that isn't selected is meant alone");
         command("plan", "Déplacer les 3…");
         take("Qualité");
-        compare(["audit", "notes", "plan", "revue"].map(category).join(), "quality,quality,quality,design");
-
-        for (const slug of ["audit", "notes"])
-            fixture.remove("codex/" + slug);
-        fixture.write("claude/notes/SKILL.md", "retouché");
-        model.reload();
         settle();
+        compare(["audit", "notes", "plan", "revue"].map(categoryOf).join(), "quality,quality,quality,design");
+
+        removeCopies(["audit", "notes"]);
+        fixture.write("claude/notes/SKILL.md", "retouché");
+        reload();
         command("plan", "Synchroniser les 3");
-        awaitText("Synchroniser 3 compétences\u00A0?");
-        awaitText(/^1 copie modifiée par un assistant sera remplacée/);
+        awaitText("Synchroniser 3 compétences\u00A0?", /^1 copie modifiée par un assistant sera remplacée/);
         accept();
         settle();
         compare(model.needsAttentionCount, 0);
@@ -108,12 +99,12 @@ ScreenTest {
     }
 
     function test_keyboard() {
-        openLibrary();
+        openShell(["audit", "notes", "plan", "revue"]);
         control("notes").forceActiveFocus();
-        keyClick(Qt.Key_Menu);
+        press(Qt.Key_Menu);
         awaitText("Copier le chemin");
         press(Qt.Key_Escape);
-        tryVerify(() => !shows("Copier le chemin"));
+        awaitGone("Copier le chemin");
         compare(focusedName(), "notes");
         press(Qt.Key_Right, Qt.Key_Left);
         keyClick(Qt.Key_F10, Qt.ShiftModifier);
@@ -121,28 +112,26 @@ ScreenTest {
         press(Qt.Key_Down, Qt.Key_Return);
         awaitText("1 sélectionnée");
         compare(focusedName(), "notes");
-        keyClick(Qt.Key_Menu);
-        press(...Array(7).fill(Qt.Key_Down), Qt.Key_Return);
+        press(Qt.Key_Menu, ...Array(7).fill(Qt.Key_Down), Qt.Key_Return);
         tryVerify(() => focusedName() === "Annuler", 5000, "the question has the keyboard");
         press(Qt.Key_Escape);
         tryVerify(() => focusedName() === "notes");
     }
 
     function test_rows() {
-        openLibrary();
-        for (const slug of ["audit", "notes"])
-            fixture.remove("codex/" + slug);
-        model.reload();
-        settle();
+        openShell(["audit", "notes", "plan", "revue"]);
+        removeCopies(["audit", "notes"]);
+        reload();
         click("À réparer");
         command("notes", "Déplacer…");
         take("Qualité");
-        compare(category("notes"), "quality");
+        settle();
+        compare(categoryOf("notes"), "quality");
         command("notes", "Placer dans la corbeille");
         accept();
         compare(active(), "audit,plan,revue");
         list("À réparer").forceActiveFocus();
-        keyClick(Qt.Key_Menu);
+        press(Qt.Key_Menu);
         take("Synchroniser");
         settle();
         awaitText("Tout est synchronisé");
@@ -157,8 +146,7 @@ ScreenTest {
         awaitText("Restaurer « plan » ?");
         accept();
         compare(active(), "plan,revue");
-        keyClick(Qt.Key_Menu);
-        press(Qt.Key_Escape);
+        press(Qt.Key_Menu, Qt.Key_Escape);
         command("audit", "Supprimer les 2 définitivement");
         awaitText("Supprimer définitivement 2 compétences\u00A0?");
         accept();

@@ -16,7 +16,7 @@ ScreenTest {
 
     function test_pages() {
         open();
-        verify(shows("Ouverture d’VORNEL"));
+        verifyShown("Ouverture d’VORNEL");
         const pages = [
             ["Tout au même\nendroit.", "Vos compétences restent organisées.", "BIBLIOTHÈQUE"],
             ["Trouvez ce qu’il\nvous faut.", "Une carte. Un rôle. Un état.", "REPÈRES"],
@@ -24,9 +24,7 @@ ScreenTest {
             ["Rien ne\ndisparaît.", "Historique. Corbeille. Restauration.", "PROTÉGÉ"]
         ];
         for (const texts of pages) {
-            for (const text of texts)
-                awaitText(text);
-            verify(shows("VORNEL"));
+            awaitText(...texts, "VORNEL");
             click("Étape suivante");
         }
         awaitText("PRÉPARATION");
@@ -45,8 +43,7 @@ ScreenTest {
         enterImportPage();
         tryVerify(() => control("Claude").activeFocus);
         awaitText("1 COMPÉTENCES");
-        verify(shows("1 DOUBLONS") && shows("Reste 1 doublon à trancher."));
-        verify(shows("1 IGNORÉE"));
+        verifyShown("1 DOUBLONS", "Reste 1 doublon à trancher.", "1 IGNORÉE");
         verify(!shows("Aucune collision"));
         verify(!shows("Prêt à commencer."));
         verify(!control("Ouvrir la bibliothèque").enabled);
@@ -58,9 +55,9 @@ ScreenTest {
         click("Codex");
         tryCompare(control("Codex").Accessible, "description", "sélectionné");
         verify(control("Codex").activeFocus, "a choice keeps the keyboard");
-        keyClick(Qt.Key_Right);
+        press(Qt.Key_Right);
         verify(shows("Étape 5 sur 5"), "an arrow between the choices turns no page");
-        keyClick(Qt.Key_Left);
+        press(Qt.Key_Left);
         verify(control("Claude").activeFocus);
         compare(control("Claude").Accessible.description, "non sélectionné");
         awaitText("Prêt à commencer.");
@@ -78,9 +75,7 @@ ScreenTest {
         all("Claude")[1].clicked();
         awaitText("Prêt à commencer.");
         click("Ouvrir la bibliothèque");
-        awaitText("Bibliothèque");
-        awaitText("PRÊT");
-        awaitText("Notes");
+        awaitText("Bibliothèque", "PRÊT", "Notes");
 
         close();
         fixture.restart();
@@ -103,20 +98,20 @@ ScreenTest {
         click("Ouvrir la bibliothèque");
         awaitText("L’import ne peut pas commencer");
         verify(!shows("Remplacer et importer"));
-        keyClick(Qt.Key_Return);
-        tryVerify(() => !shows("L’import ne peut pas commencer"));
+        press(Qt.Key_Return);
+        awaitGone("L’import ne peut pas commencer");
         tryVerify(() => control("Ouvrir la bibliothèque").activeFocus);
         all("Ne pas importer")[1].forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Space);
+        press(Qt.Key_Space);
         awaitText("1 dossier porte le nom d’une compétence à importer.");
         tryVerify(() => control("Ne pas importer").activeFocus);
         click("Ouvrir la bibliothèque");
         awaitText("Remplacer 1 dossier\u00a0?");
-        keyClick(Qt.Key_Escape);
-        tryVerify(() => !shows("Remplacer et importer"));
+        press(Qt.Key_Escape);
+        awaitGone("Remplacer et importer");
         tryVerify(() => control("Ouvrir la bibliothèque").activeFocus);
         compare(fixture.bytes("codex/audit/notes.txt"), fixture.bytesOfText("à un autre"));
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         click("Remplacer et importer");
         awaitText("Bibliothèque");
     }
@@ -158,23 +153,11 @@ ScreenTest {
         for (let stop = 0; stop < 60; ++stop) {
             const choice = all(stop % 2 ? "Codex" : "Claude")[Math.floor(stop / 2)];
             verify(choice.activeFocus && isInView(choice), "stop " + stop);
-            keyClick(Qt.Key_Tab);
+            press(Qt.Key_Tab);
         }
     }
 
-    function test_nothing_to_import() {
-        enterImportPage();
-        awaitText("0 COMPÉTENCES");
-        tryVerify(() => control("Ouvrir la bibliothèque").activeFocus);
-        verify(shows("0 DOUBLONS"));
-        verify(shows("0 IGNORÉES"));
-        verify(shows("Aucune collision"));
-        verify(shows("Prêt à commencer."));
-        click("Ouvrir la bibliothèque");
-        awaitText("Aucune compétence");
-    }
-
-    function test_failed_scan() {
+    function test_failed_scan_and_nothing_to_import() {
         open();
         awaitText("Étape 1 sur 5");
         fixture.remove("claude");
@@ -185,11 +168,13 @@ ScreenTest {
         verify(!control("Ouvrir la bibliothèque").enabled);
         fixture.remove("claude");
         click("Relancer l’analyse");
-        awaitText("Prêt à commencer.");
+        awaitText("Prêt à commencer.", "0 COMPÉTENCES", "0 DOUBLONS", "0 IGNORÉES", "Aucune collision");
         verify(!shows("Fermer"));
+        click("Ouvrir la bibliothèque");
+        awaitText("Aucune compétence");
     }
 
-    function test_stale_plan() {
+    function test_import_of_what_has_changed() {
         fixture.write("claude/audit/SKILL.md", "avant");
         enterImportPage();
         fixture.write("claude/audit/SKILL.md", "après");
@@ -198,20 +183,13 @@ ScreenTest {
         click("Relancer l’analyse");
         settle();
         verify(!shows("Fermer"));
-        click("Ouvrir la bibliothèque");
-        awaitText("Bibliothèque");
-    }
-
-    function test_pages_stay_while_something_runs() {
-        fixture.write("claude/audit/SKILL.md", "un");
-        enterImportPage();
         fixture.holdWorkspace(true);
         click("Ouvrir la bibliothèque");
         tryVerify(() => !control("Ouvrir la bibliothèque").enabled);
         awaitText("Import en cours");
         verify(!control("Étape précédente").enabled);
-        keyClick(Qt.Key_Left);
-        compare(fixture.model.onboardingStep, AppStates.OnboardingStep.importSkills);
+        press(Qt.Key_Left);
+        compare(model.onboardingStep, AppStates.OnboardingStep.importSkills, "the page stays while something runs");
         fixture.releaseWorkspace();
         awaitText("Bibliothèque");
     }
@@ -220,14 +198,13 @@ ScreenTest {
         fixture.write("workspace", "un fichier à la place du dossier");
         open();
         awaitText("VORNEL a rencontré un problème");
-        verify(shows(fixture.model.phase.message));
-        verify(shows("Indisponible"));
+        verify(shows(model.phase.message));
+        verifyShown("Indisponible");
         verify(control("Réessayer").activeFocus);
         click("Ouvrir le dossier");
         compare(fixture.openedFolder + "/workspace", fixture.path("workspace"));
         fixture.remove("workspace");
         click("Réessayer");
-        awaitText("Ouverture d’VORNEL");
-        awaitText("Étape 1 sur 5");
+        awaitText("Ouverture d’VORNEL", "Étape 1 sur 5");
     }
 }

@@ -23,21 +23,46 @@ ScreenTest {
         tryVerify(() => control("audit").Accessible.description.includes("à jour"));
     }
 
-    function test_sidebar() {
+    function test_destinations_and_a_skill() {
         openShell(["audit", "notes"]);
-        verify(shows("VORNEL"));
-        verify(shows("Tout est à jour"));
+        verifyShown("VORNEL", "Tout est à jour");
+        verify(!control("Synchroniser").enabled);
+        fixture.holdWorkspace();
+        click("notes");
+        awaitText("OUVERTURE", "Ouverture de la compétence");
+        fixture.releaseWorkspace();
+        awaitText("Retour à la bibliothèque");
+        verify(!shows("OUVERTURE"));
+        press(Qt.Key_Escape);
+        awaitText("audit");
+
+        model.restore(fixture.idOf("audit"));
+        settle();
+        awaitText(model.errorMessage);
+        control("Fermer").forceActiveFocus();
+        press(Qt.Key_Return);
+        verify(model.errorMessage === "" && !shows("Fermer"));
+        verify(all("notes").some(item => item.activeFocus), "the keyboard goes back to the list");
+
         fixture.remove("codex/audit");
         click("Actualiser");
         awaitText("Attention requise");
-
         click("À réparer");
         tryVerify(() => shows("audit") && !shows("notes"));
         verify(control("À réparer").checked);
-        keyClick(Qt.Key_Down);
+        press(Qt.Key_Down);
         verify(control("Corbeille").activeFocus);
-        keyClick(Qt.Key_Return);
+        press(Qt.Key_Return);
         awaitText("La corbeille est vide");
+
+        click("Bibliothèque");
+        fixture.holdWorkspace();
+        model.selectSkill(fixture.idOf("audit"));
+        click("Corbeille");
+        fixture.releaseWorkspace();
+        settle();
+        verify(!shows("Retour à la bibliothèque"), "a skill that is left while it loads doesn't open");
+        verifyShown("La corbeille est vide");
     }
 
     function test_search() {
@@ -47,32 +72,32 @@ ScreenTest {
         verify(field.activeFocus);
         for (const letter of "NOT")
             keyClick(letter);
-        compare(fixture.model.searchText, "NOT");
+        compare(model.searchText, "NOT");
         tryVerify(() => shows("notes") && !shows("audit"));
         keyClick("x");
         awaitText("Aucun résultat");
         click("Effacer");
-        compare(fixture.model.searchText, "");
+        compare(model.searchText, "");
         awaitText("audit");
         verify(!shows("Effacer"));
-        fixture.model.searchText = "aud";
+        model.searchText = "aud";
         compare(field.text, "aud", "the field follows the model");
-        keyClick(Qt.Key_Escape);
-        compare(fixture.model.searchText, "");
+        press(Qt.Key_Escape);
+        compare(model.searchText, "");
 
         type("aud");
-        fixture.model.selectSkill(fixture.idOf("audit"));
+        model.selectSkill(fixture.idOf("audit"));
         awaitText("INSTRUCTIONS");
         verify(!shows("Rechercher une compétence"), "a skill has a search of its own");
         verify(control("Instructions de la compétence").activeFocus);
-        keyClick(Qt.Key_Escape);
+        press(Qt.Key_Escape);
         awaitText("audit");
-        compare(fixture.model.searchText, "aud", "the list is as it was left");
+        compare(model.searchText, "aud", "the list is as it was left");
         fixture.trash(["notes"]);
         settle();
         click("Corbeille");
         awaitText("notes");
-        verify(shows("Rechercher dans la corbeille"));
+        verifyShown("Rechercher dans la corbeille");
         click("À réparer");
         awaitText("Rechercher dans «\u00a0À réparer\u00a0»");
     }
@@ -100,11 +125,9 @@ ScreenTest {
         press(Qt.Key_Down);
         verify(control("Rechercher une compétence").activeFocus, "there is nothing to go to");
 
-        fixture.remove("codex/audit");
-        fixture.remove("codex/plan");
+        removeCopies(["audit", "plan"]);
         fixture.trash(["notes"]);
-        model.reload();
-        settle();
+        reload();
         click("À réparer");
         awaitText("plan");
         list("À réparer").moveTo(1);
@@ -114,36 +137,22 @@ ScreenTest {
         enter(Qt.Key_Enter, "notes");
     }
 
-    function test_skill() {
-        openShell(["audit", "notes"]);
-        verify(!control("Synchroniser").enabled);
-        fixture.holdWorkspace();
-        click("notes");
-        awaitText("OUVERTURE");
-        verify(shows("Ouverture de la compétence"));
-        fixture.releaseWorkspace();
-        awaitText("Retour à la bibliothèque");
-        verify(!shows("OUVERTURE"));
-        keyClick(Qt.Key_Escape);
-        awaitText("audit");
-    }
-
     function test_confirmations() {
         openShell(["audit"]);
-        fixture.model.emptyTrash();
+        model.emptyTrash();
         tryVerify(() => all("CORBEILLE VIDÉE").length === 1);
         const first = Date.now();
         wait(1650); // so that the first leaves while the second still comes
-        fixture.model.emptyTrash();
+        model.emptyTrash();
         tryVerify(() => all("CORBEILLE VIDÉE").length === 2);
         const second = Date.now();
         tryVerify(() => all("CORBEILLE VIDÉE").length === 1, 3000);
         fuzzyCompare(Date.now() - first, 1800 + 220, 300);
         tryCompare(all("CORBEILLE VIDÉE")[0], "opacity", 1, 500);
-        compare(fixture.model.transientMessage, "CORBEILLE VIDÉE");
+        compare(model.transientMessage, "CORBEILLE VIDÉE");
         tryVerify(() => all("CORBEILLE VIDÉE").length === 0, 3000);
         fuzzyCompare(Date.now() - second, 1800 + 220, 300);
-        compare(fixture.model.transientMessage, "");
+        compare(model.transientMessage, "");
     }
 
     /** The area of an item in the window. */
@@ -172,7 +181,7 @@ ScreenTest {
                 const dot = grabImage(root.Window.contentItem).pixel(capsule.x + Metrics.medium + 4, capsule.y + capsule.height / 2);
                 compare(String(dot), String(Colors.success));
             }
-            tryVerify(() => !shows("CORBEILLE VIDÉE"));
+            awaitGone("CORBEILLE VIDÉE");
         }
     }
 
@@ -193,147 +202,5 @@ ScreenTest {
         wait(800);
         compare(hints().length, 0);
         press(Qt.Key_Escape);
-    }
-
-    function test_error() {
-        openShell(["audit"]);
-        fixture.model.restore(fixture.idOf("audit"));
-        settle();
-        awaitText(fixture.model.errorMessage);
-        control("Fermer").forceActiveFocus();
-        keyClick(Qt.Key_Return);
-        compare(fixture.model.errorMessage, "");
-        verify(!shows("Fermer"));
-        verify(all("audit").some(item => item.activeFocus), "the keyboard goes back to the list");
-    }
-
-    function test_leaving_while_a_skill_loads() {
-        openShell(["audit"]);
-        fixture.holdWorkspace();
-        fixture.model.selectSkill(fixture.idOf("audit"));
-        click("Corbeille");
-        fixture.releaseWorkspace();
-        settle();
-        verify(!shows("Retour à la bibliothèque"));
-        verify(shows("La corbeille est vide"));
-    }
-
-    function test_a_window_that_is_too_small_is_scrolled() {
-        const window = openWindow(["audit"]);
-        for (let change = 0; change < 2; ++change)
-            ignoreWarning("This plugin does not support propagateSizeHints()");
-        window.minimumHeight = window.minimumWidth = 0; // as a tiling window manager takes it
-        window.width = 500;
-        window.height = 400;
-        tryVerify(() => window.width === 500);
-        const reading = control("Actualiser");
-        const right = () => reading.mapToItem(null, reading.width, 0).x;
-        verify(right() > 700, "nothing is squeezed");
-        mouseDrag(window.contentItem, 480, 300, -400, 0, Qt.LeftButton, Qt.NoModifier, 50);
-        mouseDrag(window.contentItem, 480, 300, -400, 0, Qt.LeftButton, Qt.NoModifier, 50);
-        tryVerify(() => right() <= 500);
-        control("Gérer les catégories").forceActiveFocus(Qt.TabFocusReason);
-        const bottom = () => control("Gérer les catégories").mapToItem(null, 0, 36).y;
-        verify(bottom() <= 400, "what has the keyboard is in view");
-        window.close();
-        awaitClosed(window);
-    }
-
-    function test_closing_waits() {
-        const window = openWindow(["audit", "notes"]);
-        fixture.holdWorkspace();
-        fixture.model.reload();
-        window.close();
-        wait(100);
-        verify(fixture.model.isBusy && window.visible);
-        fixture.releaseWorkspace();
-        awaitClosed(window);
-        verify(!fixture.model.isBusy);
-    }
-
-    function test_closing_stops_what_is_done_to_several() {
-        const window = openWindow(["a", "b", "c"]);
-        for (const slug of ["a", "b", "c"])
-            fixture.remove("codex/" + slug);
-        fixture.model.selectedDestination = AppStates.Destination.needsAttention;
-        click("Actualiser");
-        tryVerify(() => fixture.model.needsAttentionCount === 3 && !fixture.model.isBusy);
-        click("Tout synchroniser");
-        tryVerify(() => window.activeFocusItem.Accessible.name === "Annuler");
-        fixture.holdWorkspace();
-        keyClick(Qt.Key_Tab);
-        keyClick(Qt.Key_Return);
-        tryVerify(() => fixture.model.batch.isRunning);
-        window.close();
-        verify(window.visible);
-        fixture.releaseWorkspace();
-        awaitClosed(window);
-        compare(fixture.model.batch.doneCount, 1);
-    }
-
-    function test_unsaved_texts_of_skills_that_are_gone() {
-        openShell(["audit", "notes", "plan"]);
-        for (const slug of ["audit", "notes"])
-            fixture.keep(slug, "brouillon de " + slug);
-        fixture.trash(["audit", "notes"]);
-        awaitText(/^Un texte de «\u00a0.*\u00a0» n’a pas été enregistré\./);
-        settle();
-        fixture.model.restore(fixture.trashedIdOf("notes"));
-        settle();
-        awaitText(/^Un texte de «\u00a0audit\u00a0» n’a pas été enregistré\..* Il est gardé ici\u00a0: .*\.json$/);
-        click("Copier le texte");
-        tryVerify(() => fixture.clipboard() === "brouillon de audit");
-        fixture.emptyTrashElsewhere();
-        fixture.model.reload();
-        awaitText(/^Un texte d’une compétence supprimée n’a pas été enregistré\./);
-        control("Plus tard").forceActiveFocus();
-        keyClick(Qt.Key_Escape);
-        verify(!control("Plus tard").activeFocus && shows("Plus tard"), "Esc turns from the notice");
-        click("Plus tard");
-        tryVerify(() => !shows("Plus tard"));
-
-        close();
-        fixture.restart();
-        open();
-        awaitText(/^Un texte d’une compétence supprimée/);
-        click("Supprimer le texte");
-        awaitText("Supprimer ce texte non enregistré\u00a0?");
-        press(Qt.Key_Tab, Qt.Key_Return);
-        tryVerify(() => !shows("Plus tard"));
-        compare(fixture.keptTexts(), ["brouillon de notes"]);
-        fixture.model.selectSkill(fixture.idOf("notes"));
-        awaitText("Garder");
-    }
-
-    function test_only_the_text_that_was_asked_about_is_deleted() {
-        openShell(["audit", "notes", "plan"]);
-        for (const slug of ["audit", "notes"])
-            fixture.keep(slug, "brouillon de " + slug);
-        fixture.trash(["audit", "notes"]);
-        awaitText(/^Un texte de «/);
-        settle();
-        const asked = shows(/^Un texte de «\u00a0audit/) ? "audit" : "notes";
-        click("Supprimer le texte");
-        tryVerify(() => focusedName() === "Annuler");
-        fixture.model.restore(fixture.trashedIdOf(asked));
-        tryVerify(() => !shows(RegExp("^Un texte de «\u00a0" + asked)));
-        press(Qt.Key_Tab, Qt.Key_Return);
-        tryVerify(() => !shows("Annuler"));
-        fixture.keep("plan", "brouillon de plan"); // after whatever was to be deleted
-        compare(fixture.keptTexts().length, 3);
-    }
-
-    function test_unsaved_text_of_a_skill_that_can_not_be_opened() {
-        openShell(["audit"]);
-        fixture.keep("audit", "brouillon");
-        fixture.remove("workspace/skills/audit/SKILL.md");
-        fixture.model.selectSkill(fixture.idOf("audit"));
-        awaitText(/^Un texte de «\u00a0audit\u00a0» n’a pas été enregistré\. L’éditeur le reprendra dès que/);
-        click("Copier le texte");
-        tryVerify(() => fixture.clipboard() === "brouillon");
-        fixture.write("workspace/skills/audit/SKILL.md", "name: audit");
-        fixture.model.selectSkill(fixture.idOf("audit"));
-        awaitText("Garder");
-        tryVerify(() => !shows("Copier le texte"));
     }
 }
