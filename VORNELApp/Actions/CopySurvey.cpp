@@ -40,7 +40,7 @@ void CopySurvey::run(const QSet<QUuid> &ids)
         if (ids.contains(skill.id))
             active.insert(skill.id);
     }
-    m_ids = active; // which `ids` may be
+    m_ids = active; // not earlier: `ids` may be this very set
     if (m_ids.isEmpty())
         return;
     m_editedCopies = 0;

@@ -21,11 +21,11 @@ class CopySurvey : public QObject
 public:
     using QObject::QObject;
 
-    /// Looks at the copies of those of these skills that are active; `finished` follows, unless it is
-    /// forgotten before. A look that isn't finished is.
+    /// Looks at the copies of the active ones among these skills; `finished` follows, unless `forget` comes
+    /// first. A look that is still running is forgotten.
     Q_INVOKABLE void begin(const QVariantList &ids);
 
-    /// Looks at those of the last time again.
+    /// Looks at the same skills again.
     Q_INVOKABLE void repeat();
 
     Q_INVOKABLE void forget();
@@ -55,14 +55,14 @@ private:
     void note(const QList<CopyInspection> &inspections);
     void setRunning(bool isRunning);
 
-    const std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true); ///< goes with this
+    const std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true); ///< expires with this
     AppModel *m_model = nullptr;
     QSet<QUuid> m_ids;
     int m_editedCopies = 0;
     int m_unexplainedCopies = 0;
     bool m_sawEveryCopy = true;
     bool m_isRunning = false;
-    int m_request = 0; ///< counts what begins and what is forgotten: only the last one goes on
+    int m_request = 0; ///< grows with each look and each `forget`: an earlier look stops
 };
 
 } // namespace vornel

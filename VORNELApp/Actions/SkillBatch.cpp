@@ -92,7 +92,7 @@ QCoro::Task<> SkillBatch::synchronize(QList<SkillSummary> skills, CopyRepairing 
         for (qsizetype index = 0; index < outcomes.size(); ++index)
             note(skills.at(index), outcomes.at(index).failure);
         m_doneCount = static_cast<int>(outcomes.size());
-    } catch (const std::exception &error) { // what keeps the library from being read keeps each from its turn
+    } catch (const std::exception &error) { // the library can't be read: none was changed
         for (const SkillSummary &skill : skills)
             note(skill, error);
         m_doneCount = count();

@@ -40,7 +40,7 @@ public:
     /// Synchronises them in one operation. Must not be called while it runs.
     QCoro::Task<> synchronize(QList<SkillSummary> skills, CopyRepairing &service);
 
-    /// Leaves the skills as they are that it hasn't come to.
+    /// Leaves the skills that are still waiting as they are.
     Q_INVOKABLE void stop();
 
     bool isRunning() const { return m_isRunning; }
@@ -86,7 +86,7 @@ private:
     int m_doneCount = 0;
     QList<Failure> m_failures;       ///< of the last run
     QList<Failure> m_incomplete;     ///< changed, though not in every assistant's folder
-    QHash<QUuid, QString> m_reasons; ///< those that are still of use
+    QHash<QUuid, QString> m_reasons; ///< by skill, as long as they are shown
     bool m_isRunning = false;
     std::stop_source m_stop;
 };

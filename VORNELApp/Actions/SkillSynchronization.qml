@@ -4,8 +4,8 @@ import VORNELApp
 import VORNELDesignSystem
 
 /**
- * Synchronises skills of a list once their copies have been looked at, and asks before what that would replace. Nothing
- * opens over another screen, or over a skill on its way.
+ * Synchronises skills of a list once their copies have been looked at, and asks before it replaces anything edited.
+ * Opens nothing over another screen, or while a skill is being opened.
  */
 Item {
     id: synchronization

@@ -13,7 +13,7 @@ ConfirmationDialog {
     function ask(): void {
         count = selection.heldCount();
         subject = selection.heldNames();
-        if (count > 0) // else they are gone meanwhile
+        if (count > 0) // they may be gone by now
             open();
     }
 

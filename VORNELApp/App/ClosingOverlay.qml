@@ -1,7 +1,7 @@
 import QtQuick
 import VORNELDesignSystem
 
-/** Lies over the window while it waits for the operation that still runs, and then goes. */
+/** Covers the window while closing waits for the operation that still runs. */
 Rectangle {
     color: Colors.scrim
 

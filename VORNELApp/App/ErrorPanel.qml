@@ -8,7 +8,7 @@ FocusScope {
 
     required property string text
 
-    /** Where to go to mend it, if anywhere. */
+    /** The text of the button that leads to where it can be mended; without one, there is no button. */
     property string remedy
 
     signal dismissed

@@ -9,7 +9,7 @@ ErrorPanel {
     /** Whether the user is on the way to where it can be mended. */
     property bool isRemedying: false
 
-    /** The user is done with it: the keyboard is free. */
+    /** The user has dealt with it, and the keyboard can go back to the screen. */
     signal settled
 
     remedy: model.isSynchronizationIncomplete && model.selectedDestination !== AppStates.Destination.needsAttention ? "À réparer" : ""

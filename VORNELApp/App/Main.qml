@@ -3,8 +3,10 @@ import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
-/** The application's window, shown by whoever places it. Closing it waits for what is being done, and stays if that has
-    failed, unless the program has to end. */
+/**
+ * The application's window, shown by whoever places it. Closing it waits for the running operation. If that fails,
+ * the window stays, unless the program has to end.
+ */
 Window {
     id: window
 
@@ -44,7 +46,7 @@ Window {
         }
 
         function onErrorMessageChanged() {
-            room.contentY = Math.max(0, room.contentHeight - room.height); // where it is told
+            room.contentY = Math.max(0, room.contentHeight - room.height); // to the message
         }
 
         target: window.model
@@ -60,7 +62,7 @@ Window {
     Flickable {
         id: room
 
-        /** Scrolls to what has the keyboard, as far as the window isn't large enough for all. */
+        /** Scrolls to what has the keyboard where the window is too small to show everything. */
         function reveal(item: Item): void {
             const place = root.mapFromItem(item, 0, 0, item.width, item.height);
             contentX = Math.max(place.right - width, Math.min(contentX, place.left));

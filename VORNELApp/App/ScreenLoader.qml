@@ -32,7 +32,7 @@ Loader {
         id: keyboard
 
         interval: 200
-        // A sheet of the former screen had it, was closing, and could give it back to no one.
+        // A sheet of the former screen that was closing could not give it back.
         onTriggered: if (loader.Window.activeFocusItem === loader.Window.contentItem) loader.forceActiveFocus(Qt.OtherFocusReason)
     }
 }

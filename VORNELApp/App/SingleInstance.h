@@ -10,8 +10,8 @@ class QDeadlineTimer;
 
 namespace vornel {
 
-/// Sees to it that this user has one process of a name, the one with the window. A later one hands its wish
-/// for a window over to it.
+/// Makes sure that among this user's processes of the same name only one has a window. A later one asks it to
+/// show that window, and ends.
 class SingleInstance
 {
 public:
@@ -22,15 +22,15 @@ public:
     /// `folder` must exist and belong to the user; files in it bear `name`.
     SingleInstance(const QString &folder, const QString &name);
 
-    /// Whether this process is to open the window: it is the only one, or the other doesn't answer, or the
-    /// folder lets nobody know. Otherwise the other has raised its window. One that just starts or ends is
-    /// waited for.
+    /// Whether this process is to open the window: it is the only one, the other doesn't answer, or the
+    /// folder can't be used to find out. Otherwise the other has raised its window. One that is just starting
+    /// or ending is waited for.
     bool opensWindow(const QByteArray &token);
 
     /// Answers later processes from now on.
     void serve(const Raise &raise);
 
-    /// Answers no more: the window goes. Who asks now waits for the end of this process.
+    /// Stops answering, since the window is going. A process that asks now waits until this one has ended.
     void retire() { m_server.reset(); }
 
 private:
@@ -39,7 +39,7 @@ private:
 
     const QString m_socket;
     QLockFile m_lock;
-    std::unique_ptr<QLocalServer> m_server; // after the lock, whose next holder listens at the same place
+    std::unique_ptr<QLocalServer> m_server; // after the lock: closed before the next holder listens there
 };
 
 } // namespace vornel

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::array handledSignals{SIGTERM, SIGINT};
 
-/// What a handler may do is little: it writes to this descriptor, and the event loop does the rest.
+/// A handler may do very little: it writes to this descriptor, and the event loop does the rest.
 volatile std::sig_atomic_t awakening = -1; // NOLINT: a handler knows nothing but what is global
 volatile std::sig_atomic_t latest = 0;     // NOLINT
 
@@ -67,7 +67,7 @@ TerminationSignals::TerminationSignals()
 {
     awakening = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     if (awakening < 0)
-        return; // the signals do what they always do
+        return; // the signals end the process as usual
     auto *notifier = new QSocketNotifier(awakening, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
         notifier->setEnabled(false);

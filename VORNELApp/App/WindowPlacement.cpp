@@ -40,7 +40,7 @@ WindowPlacement::WindowPlacement(QWindow &window, std::shared_ptr<QSettings> set
     connect(&m_window, &QWindow::windowStateChanged, this, &WindowPlacement::note);
     connect(&m_window, &QWindow::visibleChanged, this, [this](bool isVisible) {
         if (!isVisible)
-            look(); // a window that is gone has no frame
+            look(); // as long as its frame is known
     });
 }
 
@@ -81,7 +81,7 @@ void WindowPlacement::note()
 
 void WindowPlacement::look()
 {
-    // Both together, and late: a window learns its new size before its new state, or after it.
+    // Both together, and after a pause: a window learns its new size and its new state in either order.
     const Qt::WindowStates states = m_window.windowStates();
     if (states.testFlag(Qt::WindowMinimized))
         return;

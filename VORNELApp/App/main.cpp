@@ -91,8 +91,8 @@ QString instanceName(const AppEnvironment &environment)
     return u"vornel-"_s + QString::fromLatin1(hash.result().toHex().first(16));
 }
 
-/// Tells a desktop of X11 that this start is over. It learns that from a window that shows: from one that
-/// nobody sees, and that no window manager is told of.
+/// Tells a desktop of X11 that this start is over. It waits for a window to show: this one is out of sight,
+/// and no window manager is told of it.
 void concludeStart()
 {
     if (QGuiApplication::platformName() != u"xcb")
@@ -114,7 +114,7 @@ int showApplication(bool endsAfterFirstFrame)
     }
 
     VORNELApp application(environment);
-    // Before the window shows, which is not to wait any longer for its first frame.
+    // Before the window shows, so as not to delay its first frame.
     instance.serve([&application](const QByteArray &token) { return application.raiseWindow(token); });
     QQuickWindow *window = application.showWindow();
     if (window == nullptr)

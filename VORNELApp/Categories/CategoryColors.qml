@@ -12,7 +12,7 @@ Column {
 
     readonly property bool isOther: !CategoryPalette.contains(form.colorHex)
 
-    /** Chooses the colour that many places further, and gives it the keyboard. */
+    /** Chooses the colour so many places further on, and gives it the keyboard. */
     function step(places: int): void {
         const last = CategoryPalette.colors.length - 1;
         const current = CategoryPalette.colors.findIndex(color => color.hex === form.colorHex);

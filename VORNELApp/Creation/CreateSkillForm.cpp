@@ -160,7 +160,7 @@ bool CreateSkillForm::hasValidSlug() const
     }
 }
 
-/// What was refused was another identifier.
+/// A former identifier's refusal says nothing of this one.
 void CreateSkillForm::takeSlug(const QString &slug)
 {
     const bool wasTaken = isSlugTaken();

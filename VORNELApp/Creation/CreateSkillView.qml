@@ -12,7 +12,7 @@ Sheet {
     readonly property bool canCreate: isReady && !model.isWorking
     readonly property string validSlug: isReady ? form.slug : ""
 
-    /** What keeps the form from being ready; empty where nothing does that it doesn't tell itself. */
+    /** What stands in the assistants' folders under this identifier; empty if nothing does. */
     readonly property string warning: {
         if (occupants.count === 0)
             return "";

@@ -10,7 +10,7 @@ Column {
 
     required property CreateSkillForm form
 
-    /** Chooses the maturity that many places further, and gives it the keyboard. */
+    /** Chooses the maturity so many places further on, and gives it the keyboard. */
     function step(places: int): void {
         const next = Math.max(0, Math.min(choices.count - 1, form.maturity + places));
         choices.itemAt(next).forceActiveFocus(Qt.TabFocusReason);

@@ -8,7 +8,7 @@ Item {
 
     required property AppModel model
 
-    /** Of the button that begins the import. */
+    /** The text of the button that begins the import. */
     required property string acceptText
 
     required property bool canClose

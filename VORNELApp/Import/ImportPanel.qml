@@ -9,13 +9,13 @@ FocusScope {
 
     required property AppModel model
 
-    /** Of the button that begins the import. */
+    /** The text of the button that begins the import. */
     required property string acceptText
 
     /** Whether there is something to go back to without an import. */
     property bool canClose: false
 
-    /** Whether the model's plan is of a scan that was begun here; another may be done already. */
+    /** Whether the model's plan comes from a scan that was begun here, and not from an earlier one. */
     property bool isScanned: false
 
     /** The import is done, or not wanted. */
@@ -23,7 +23,7 @@ FocusScope {
 
     function scan(): void {
         isScanned = false;
-        content.focus = true; // and not the button by which a sheet was left
+        content.focus = true; // else a button of the sheet keeps the keyboard
         model.beginImportScan();
     }
 

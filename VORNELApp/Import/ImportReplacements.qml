@@ -2,7 +2,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** What an import replaces, or can't, without a choice of the user's: under a skill of the other assistant's. */
+/** The folders that stand where the import would put a copy of a skill that only the other assistant has. */
 Column {
     id: replacements
 

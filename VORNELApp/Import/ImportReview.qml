@@ -17,7 +17,7 @@ FocusScope {
     /** What the import would replace, or can't. */
     readonly property TargetOccupants occupants: replacements.found
 
-    /** Whether a choice is being recorded, meanwhile others can be made. */
+    /** Whether a choice is being recorded. Others can be made meanwhile. */
     property bool isRecording: false
 
     /** Brings the control that the keyboard was moved to into view. A click leaves the list where it is. */
@@ -161,7 +161,7 @@ FocusScope {
                         width: rows.width - 2 * rows.padding
                     }
                     ImportReplacements {
-                        id: replacements // last, for what comes after a look moves nothing there
+                        id: replacements // last, so that it moves nothing when it appears
 
                         model: review.model
                         topPadding: Metrics.large

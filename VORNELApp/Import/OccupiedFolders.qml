@@ -4,7 +4,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** What copies would replace, or can't: whose each is, where it stands, and a way to look at it. */
+/** The folders in the way of copies: whose each is, where it stands, and a button that opens it. */
 Column {
     id: list
 

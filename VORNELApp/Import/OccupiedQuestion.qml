@@ -4,8 +4,8 @@ import VORNELApp
 import VORNELDesignSystem
 
 /**
- * Stands before what puts a skill into the assistants' folders: asks where that replaces folders of others, and tells
- * where it can't.
+ * Looks before skills are put into the assistants' folders. Asks where that would replace folders of others, and says
+ * so where it can't.
  */
 Sheet {
     id: question
@@ -14,16 +14,16 @@ Sheet {
     required property string acceptText
     property string rejectText: "Annuler"
 
-    /** What is told beside whose the folders are. */
+    /** What the user reads before the general explanation. */
     property string message
 
-    /** What waits for the look at the folders, or for the user. */
+    /** What runs once the user has agreed. */
     property var action
 
-    /** What happens where no folder stands in the way. */
+    /** What runs where no folder is in the way. */
     property var freeAction
 
-    /** What was found; that of another screen where that shows it too. */
+    /** What was found: by its own look, or by that of the screen that shows it too. */
     property TargetOccupants occupants: own
     readonly property TargetOccupants own: TargetOccupants {
         model: question.model
@@ -71,7 +71,7 @@ Sheet {
         occupants.lookForImport();
     }
 
-    /** Runs nothing any more: whoever asked is gone. */
+    /** Drops what waits, since whoever asked is gone. */
     function forget(): void {
         prepare(undefined, undefined);
     }

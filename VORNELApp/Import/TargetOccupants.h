@@ -36,10 +36,10 @@ public:
     /// Looks where the skills of these slugs would be restored to.
     Q_INVOKABLE void lookForRestored(const QStringList &slugs);
 
-    /// Looks where the import that is planned puts copies beside those that it has found.
+    /// Looks where the planned import would put copies that aren't there yet.
     Q_INVOKABLE void lookForImport();
 
-    /// Does so unless the last look at an import was at these places and for the same scan.
+    /// Does so unless the last such look was for the same scan and the same places.
     Q_INVOKABLE void followImport();
 
 Q_SIGNALS:

@@ -104,7 +104,7 @@ void CardPage::refresh()
         Q_EMIT turned();
 }
 
-/// Tells whether it shows another page than before, as it also does once that page is gone.
+/// Shows the current page or, once that is gone, the nearest one. Tells whether it is another than before.
 bool CardPage::update()
 {
     const qint64 before = m_pagination.page();

@@ -104,7 +104,7 @@ private:
     SkillSelection *m_selection = nullptr;
     int m_columns = 1;
     int m_currentPage = 1;
-    bool m_isWaiting = false; // for a second filter
+    bool m_isWaiting = false; // while several filters change at once
     Pagination m_pagination;
     bool m_isLibraryEmpty = true;
     int m_mostTags = 0;

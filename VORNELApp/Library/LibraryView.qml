@@ -12,7 +12,7 @@ FocusScope {
 
     readonly property bool hasResults: page.skillCount > 0
 
-    /** Asks for this skill; for a selected one, and without one, for all that are selected. */
+    /** Asks about this skill or, where it is selected or none is given, about all that are selected. */
     function askToTrash(id: var): void {
         if (id === undefined)
             selection.hold();

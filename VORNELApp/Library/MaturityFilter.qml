@@ -2,7 +2,10 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The menu that shows only the skills of one maturity. It says which, at the width of its own name. */
+/**
+ * The button with the menu that filters by maturity. It shows the chosen one, and is always as wide as its own name
+ * needs.
+ */
 ActionButton {
     id: filter
 

@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import VORNELApp
 import VORNELDesignSystem
 
-/** One skill of the library. Without a skill at its place, it isn't there. */
+/** One skill of the library; hidden where the page has none. */
 T.ItemDelegate {
     id: card
 
@@ -16,7 +16,7 @@ T.ItemDelegate {
     signal rangeAsked
     signal menuAsked(place: point)
 
-    /** Whether a button of the pointer is down on it, and no finger. */
+    /** Whether a mouse or a pen is pressed on it. A finger scrolls instead. */
     readonly property alias isHeld: hold.active
 
     readonly property skillSummary skill: record.skill
@@ -36,7 +36,7 @@ T.ItemDelegate {
     Accessible.name: text
     Accessible.role: Accessible.ListItem
     Accessible.onPressAction: if (enabled) clicked()
-    Keys.onSpacePressed: selectionAsked() // which would be a click
+    Keys.onSpacePressed: selectionAsked() // instead of a click
 
     MouseArea {
         anchors.fill: parent

@@ -2,7 +2,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** What a card says. Its name speaks for it; the lines are for the eye. */
+/** What a card shows. Screen readers read the card's own name and description instead of these lines. */
 Item {
     id: content
 

@@ -2,7 +2,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** Skills on their way to a category of this window or another's: a text, and a label at the pointer. */
+/** A drag of skills to a category of this window or of another: the text that is dragged, and the label at the pointer. */
 Item {
     id: carrier
 
@@ -30,7 +30,7 @@ Item {
     Timer {
         id: pause
 
-        interval: 20 // in which the capsule takes the size of its text
+        interval: 20 // until the capsule has the size of its text
         onTriggered: capsule.grabToImage(picture => {
             carrier.Drag.imageSource = picture.url;
             carrier.Drag.active = carrier.isHeld;
@@ -39,7 +39,7 @@ Item {
     CapsuleMessage {
         id: capsule
 
-        radius: 0 // for corners that are see-through need a compositor
+        radius: 0 // transparent corners would need a compositor
         text: ""
         visible: false
     }

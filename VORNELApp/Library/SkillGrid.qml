@@ -93,7 +93,7 @@ FocusScope {
         case Qt.Key_Right:
             return go(currentIndex + 1, event.modifiers);
         case Qt.Key_Up:
-            event.accepted = indexBeyond(-1) >= 0 || (event.modifiers & Qt.ShiftModifier) !== 0; // else for what lies above
+            event.accepted = indexBeyond(-1) >= 0 || (event.modifiers & Qt.ShiftModifier) !== 0; // else the search above takes it
             return go(indexBeyond(-1), event.modifiers);
         case Qt.Key_Down:
             return go(indexBeyond(1), event.modifiers);
@@ -177,7 +177,7 @@ FocusScope {
                     y: record.row * grid.rowHeight + record.headersAbove * grid.headerHeight + Metrics.tiny
                     onActiveFocusChanged: if (activeFocus) grid.setCurrent(index)
                     onClicked: grid.choose(skill)
-                    onIsHeldChanged: scroller.interactive = !isHeld // which a fast drag would flick
+                    onIsHeldChanged: scroller.interactive = !isHeld // a fast drag would flick it
                     onMenuAsked: place => grid.menuAsked(this, place)
                     onRangeAsked: grid.selectTo(index)
                     onSelectionAsked: {

@@ -8,7 +8,7 @@
 namespace vornel {
 
 /// The skills that need attention, with how each of their copies stands. Copies are looked at one skill after
-/// another, and those of the rows that ask for it alone: never for a whole long list at once.
+/// another, and only for the rows that ask, never for all of a long list.
 class AttentionList : public vornel::SkillList // in full, for the tools that read the types of QML
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ private:
     void show(const QUuid &id, const QList<CopyInspection> &inspections);
 
     QHash<QUuid, QList<CopyInspection>> m_inspections;
-    QSet<QUuid> m_current; ///< whose inspection is as young as the overview
+    QSet<QUuid> m_current; ///< whose copies were looked at since the overview was last read
     QList<QUuid> m_wanted; ///< the last one is looked at first
     QTimer m_start;
     bool m_isLooking = false;

@@ -14,18 +14,18 @@ RowList {
     property real place
 
     function begin(): void {
-        forceLayout(); // which takes the current row along
+        forceLayout(); // first, as it moves the current row
         currentIndex = Math.min(0, count - 1);
         positionViewAtBeginning();
     }
 
-    /** Takes the keyboard, if a sheet that closed could give it back to no one. */
+    /** Takes the keyboard if a sheet that has closed could not give it back. */
     function takeOver(): void {
         if (Window.activeFocusItem === Window.contentItem)
             forceActiveFocus(Qt.OtherFocusReason);
     }
 
-    activeFocusOnTab: skills.count > 0 || activeFocus // which has to be a stop while it has the keyboard
+    activeFocusOnTab: skills.count > 0 || activeFocus // a stop of Tab while it has the keyboard
     bottomMargin: Metrics.huge
     focus: true
     model: skills.rows

@@ -20,7 +20,7 @@ Item {
     property string names
     readonly property string name: skill?.displayName ?? ""
 
-    /** Whether a question is on its way. */
+    /** Whether the look before a question is running. */
     readonly property alias isLooking: occupied.isAsking
 
     readonly property bool canAsk: !model.isWorking && !isLooking
@@ -43,8 +43,8 @@ Item {
         questions.skill ? model.restore(questions.skill.id) : selection.restore();
     }
     /**
-     * Means a selected skill, and none, for all that are selected by now: what is selected later isn't asked about.
-     * Returns their slugs.
+     * Decides what the question is about: this skill or, where it is selected or none is given, all that are selected
+     * now. What is selected later isn't concerned. Returns the slugs.
      */
     function choose(skill: var): var {
         if (skill === undefined)

@@ -1,7 +1,7 @@
 import VORNELApp
 import VORNELDesignSystem
 
-/** Asks before what was typed on a sheet is lost. Without a yes, what wanted to leave is forgotten. */
+/** Asks before what was typed on a sheet is lost. Unless it is accepted, the action that would lose it is dropped. */
 ConfirmationDialog {
     id: dialog
 

@@ -2,8 +2,8 @@ import QtQuick
 import VORNELDesignSystem
 
 /**
- * Tells over a screen what has become of a text, and what can be done: its children are the actions, below the text
- * where there is no room beside it.
+ * Tells above a screen what has become of a text. Its children are the actions, beside the text or, where there is no
+ * room, below it.
  */
 Rectangle {
     id: notice

@@ -17,7 +17,7 @@ Item {
     /** The keyboard is to go on from the search to what it found. */
     signal resultsAsked
 
-    /** Without room for every word, the search keeps its own. */
+    /** Whether the buttons show symbols alone, so that the search field has room. */
     readonly property bool isNarrow: width < Metrics.roomForTexts
 
     /** Whether the keyboard was last in the search. */
@@ -60,7 +60,7 @@ Item {
                     return "Rechercher une compétence";
                 }
             }
-            visible: !toolbar.isSkillOpen // whose own search is in its text
+            visible: !toolbar.isSkillOpen // the editor searches in its text
             Keys.onDownPressed: toolbar.resultsAsked()
             Keys.onEnterPressed: toolbar.resultsAsked()
             Keys.onReturnPressed: toolbar.resultsAsked()

@@ -8,7 +8,7 @@ Rectangle {
 
     required property AppModel model
 
-    /** Where the lines at its bottom begin; nothing stands right above. */
+    /** The upper edge of the lines at its bottom. The space right above is empty. */
     readonly property alias statusTop: status.y
 
     readonly property bool isInOrder: model.isOverviewCurrent && model.needsAttentionCount === 0

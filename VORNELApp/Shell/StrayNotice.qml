@@ -8,10 +8,10 @@ Notice {
 
     required property StrayTexts texts
 
-    /** The file that the user is asked about: a look that ends meanwhile may show another one. */
+    /** The file that the question is about. Another one may be shown while the question is open. */
     property string condemned
 
-    /** The notice goes, or shows another text; or the user turns from it. */
+    /** The user has dealt with the text, or turns away from the notice. */
     signal decided
 
     text: texts.notice

@@ -152,7 +152,7 @@ void StrayTexts::show(const QList<DraftFile> &files)
     m_shown.removeIf([this](const DraftFile &file) { return !isStray(file); });
 }
 
-/// Sees what is there after something was done with the text: one that is no draft was set aside.
+/// Looks again after an action on the text: one that could not be read has been set aside.
 void StrayTexts::conclude(const QString &failure)
 {
     m_failure = failure;

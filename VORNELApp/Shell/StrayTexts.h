@@ -41,7 +41,7 @@ public:
     /// Puts the text on the clipboard.
     Q_INVOKABLE void copy();
 
-    /// Deletes the file at this place, unless it is told of no more.
+    /// Deletes the file at this place, unless it is no longer shown.
     Q_INVOKABLE void discard(const QString &place);
 
     /// Shows the next one.

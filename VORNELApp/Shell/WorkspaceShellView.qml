@@ -21,7 +21,7 @@ FocusScope {
     }
 
     Keys.onUpPressed: event => {
-        event.accepted = content.activeFocus && !content.isSkillOpen; // and what it holds has no use for it
+        event.accepted = content.activeFocus && !content.isSkillOpen; // nothing in the content has used it
         if (event.accepted)
             toolbar.focusSearch();
     }
@@ -46,11 +46,11 @@ FocusScope {
     Connections {
         function onErrorMessageChanged() {
             if (shell.model.errorMessage !== "")
-                shell.model.refreshOverview(); // what failed may be done in part, or another program's doing
+                shell.model.refreshOverview(); // it may be done in part, or another program is the cause
         }
 
         function onSelectedDestinationChanged() {
-            shell.model.clearError(); // which was about the screen that is left
+            shell.model.clearError(); // it was about the screen that is left
         }
 
         target: shell.model
@@ -73,7 +73,7 @@ FocusScope {
     }
     Connections {
         function onClosed() {
-            if (!shell.activeFocus || content.isSkillOpen) // such as the one just created
+            if (!shell.activeFocus || content.isSkillOpen) // the one just created, for example
                 content.takeKeyboard();
         }
 

@@ -26,7 +26,7 @@ public:
     /// The text as it would be saved.
     QString text() const;
 
-    /// Whether the text is another than `text`; quick where the lengths tell.
+    /// Whether the text differs from `text`; quick where the lengths differ.
     bool differsFrom(const QString &text) const;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace vornel {
 
-/// Marks the places of a finder that are in view, behind the text. However many there are, only those cost.
+/// Marks the places of a finder behind the text. However many there are, only those in view take time.
 class FoundMarks : public QQuickItem
 {
     Q_OBJECT

@@ -4,8 +4,8 @@
 
 namespace vornel {
 
-/// Makes the item of `document` quick however long its text is: only what is in view is drawn, and a change
-/// lays out only what it changes. For plain texts that wrap, in one font.
+/// Keeps the text item of `document` quick, however long its text: only what is in view is drawn, and a
+/// change lays out only what it changes. For plain texts that wrap, in one font.
 class LongText : public QObject
 {
     Q_OBJECT

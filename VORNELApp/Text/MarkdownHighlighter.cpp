@@ -26,7 +26,7 @@ constexpr qsizetype longestLine = 1'000;
 /// So many lines are coloured within a few milliseconds.
 constexpr int linesInSlice = 400;
 
-/// Looking for a span costs more than seeing that there can be none.
+/// Whether it is worth looking for spans, which takes longer than this.
 bool mayHoldSpans(const QString &text)
 {
     return text.size() <= longestLine &&

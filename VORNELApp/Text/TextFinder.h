@@ -19,13 +19,13 @@ class TextFinder : public QObject
 public:
     using QObject::QObject;
 
-    /// Where it looks.
+    /// The document that is searched.
     QQuickTextDocument *document() const { return m_document; }
     void setDocument(QQuickTextDocument *document);
     QTextDocument *textDocument() const { return m_textDocument; }
     void setTextDocument(QTextDocument *document);
 
-    /// What is looked for; an empty text is nowhere.
+    /// What is looked for; an empty text is found nowhere.
     QString text() const { return m_text; }
     void setText(const QString &text);
 
@@ -39,13 +39,13 @@ public:
     /// The last place that ends at or before `position`, or the last of all.
     Q_INVOKABLE int previous(int position) const;
 
-    /// Which place it is that begins here and ends there, from 1; 0 where it is none.
+    /// The number, from 1, of the place with this begin and end; 0 if there is no such place.
     Q_INVOKABLE int ordinal(int begin, int end) const;
 
 Q_SIGNALS:
     void textChanged();
 
-    /// The places may be others now.
+    /// The places may have changed.
     void changed();
 
 private:
