@@ -76,6 +76,11 @@ TestCase {
             mouseClick(item);
         }
     }
+    /** Clicks a control, and awaits these texts. */
+    function clickUntil(name, ...texts) {
+        click(name);
+        awaitText(...texts);
+    }
     /** Types over what stands in a field. */
     function retype(name, text) {
         control(name).forceActiveFocus();
@@ -83,11 +88,12 @@ TestCase {
         press(Qt.Key_Delete);
         type(text);
     }
-    /** Answers the question that is open, whose way back has the keyboard. */
-    function accept() {
+    /** Agrees to the question that is open, whose way back has the keyboard, and awaits these texts. */
+    function accept(...texts) {
         tryVerify(() => focusedName() === "Annuler");
         press(Qt.Key_Tab, Qt.Key_Return);
         awaitGone("Annuler");
+        awaitText(...texts);
     }
     function cancel() {
         click("Annuler");
@@ -97,9 +103,10 @@ TestCase {
     function list(name) {
         return all(name).find(item => item.contentY !== undefined);
     }
+    /** Presses one key after another, and awaits each text among them. */
     function press(...keys) {
         for (const key of keys)
-            keyClick(key);
+            typeof key === "number" ? keyClick(key) : awaitText(key);
     }
     function type(text) {
         for (const letter of text)

@@ -64,8 +64,7 @@ ScreenTest {
         button("audit").clicked();
         awaitText("Cette compétence n’est plus là\u00A0: un autre programme l’a déplacée ou supprimée.");
         tryVerify(() => !shows("audit") && shows("notes"));
-        click("notes");
-        awaitText("Retour à la bibliothèque");
+        clickUntil("notes", "Retour à la bibliothèque");
         compare(model.selectedSkill.manifest.slug, "notes");
     }
 
@@ -130,8 +129,7 @@ ScreenTest {
         compare(control("notes").record.failure, reason);
 
         list("À réparer").forceActiveFocus();
-        press(Qt.Key_Return);
-        awaitText("Retour à la bibliothèque");
+        press(Qt.Key_Return, "Retour à la bibliothèque");
         tryVerify(() => control("Codex, échec").Accessible.description.includes(fixture.path("codex/notes")));
         model.closeSkill();
         awaitText("À RÉPARER");
@@ -141,8 +139,7 @@ ScreenTest {
         compare(fixture.openedFolder, fixture.path("codex"));
         compare(control("Mettre de côté").Accessible.description, "notes, Codex");
         control("Mettre de côté").forceActiveFocus();
-        press(Qt.Key_Space);
-        awaitText("MISE DE CÔTÉ");
+        press(Qt.Key_Space, "MISE DE CÔTÉ");
         awaitLine("notes", " · Claude : copie modifiée · Codex : à jour");
         verify(!shows("Mettre de côté"));
         tryVerify(() => focusedName() === "notes");
@@ -192,8 +189,7 @@ ScreenTest {
             [3, "set aside", () => model.setCopyAside(fixture.idOf("d"), Vornel.TargetKind.codex)],
             [3, "category deleted", () => fixture.deleteCategory("quality")],
             [2, "saved", () => {
-                click("c");
-                awaitText("INSTRUCTIONS");
+                clickUntil("c", "INSTRUCTIONS");
                 press(Qt.Key_X);
                 keyClick(Qt.Key_S, Qt.ControlModifier);
                 awaitText("ENREGISTRÉE");
@@ -216,15 +212,13 @@ ScreenTest {
         spoil("b");
         edit("c");
         openAttention();
-        click("Tout synchroniser");
-        awaitText("Synchroniser 3 compétences\u00A0?");
+        clickUntil("Tout synchroniser", "Synchroniser 3 compétences\u00A0?");
         tryVerify(() => all("3 copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées dans l’historique. Certaines copies n’ont pas pu être comparées.").length === 1);
         cancel();
         compare(model.needsAttentionCount, 3);
 
         click("Tout synchroniser");
-        accept();
-        awaitText("2 SYNCHRONISÉES");
+        accept("2 SYNCHRONISÉES");
         tryVerify(() => shows("b") && !shows("a") && !shows("c"));
         verify(model.errorMessage.startsWith("1 compétence sur 3 n’a pas pu être synchronisée\u00A0:"));
         verify(control("b").record.failure !== "");
@@ -239,8 +233,7 @@ ScreenTest {
         click("Tout synchroniser");
         awaitText("Aucune de leurs copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.");
         fixture.holdWorkspace();
-        accept();
-        awaitText("Synchronisation 1 sur 3");
+        accept("Synchronisation 1 sur 3");
         verify(model.isWorking && model.isBusy);
         verify(!button("a").enabled);
         model.synchronizeSkill(fixture.idOf("b"));
@@ -273,8 +266,7 @@ ScreenTest {
         }
         press(Qt.Key_Escape);
         awaitGone("Le nom est requis.");
-        click("Tout synchroniser");
-        awaitText("Synchroniser 2 compétences\u00A0?");
+        clickUntil("Tout synchroniser", "Synchroniser 2 compétences\u00A0?");
     }
 
     function test_search_and_keyboard() {
@@ -286,11 +278,9 @@ ScreenTest {
         model.searchText = "no";
         tryVerify(() => shows("notes") && !shows("audit"));
         verifyShown("1 sur 3 compétences");
-        click("Tout synchroniser");
-        awaitText("Aucune de ses copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.");
+        clickUntil("Tout synchroniser", "Aucune de ses copies n’a été modifiée par un assistant\u00A0: rien ne sera perdu.");
         cancel();
-        click("Effacer");
-        awaitText("audit");
+        clickUntil("Effacer", "audit");
 
         list("À réparer").forceActiveFocus();
         press(Qt.Key_Down);
@@ -300,8 +290,7 @@ ScreenTest {
         settle();
         awaitGone("notes");
         compare(focusedName(), "revue");
-        press(Qt.Key_Up, Qt.Key_Return);
-        awaitText("Retour à la bibliothèque");
+        press(Qt.Key_Up, Qt.Key_Return, "Retour à la bibliothèque");
         compare(model.selectedSkill.manifest.slug, "audit");
     }
 

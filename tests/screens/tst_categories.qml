@@ -12,8 +12,7 @@ ScreenTest {
         fixture.create("affiche", "design", Vornel.Maturity.draft);
         fixture.create("logo", "design", Vornel.Maturity.draft);
         settle();
-        click("Gérer les catégories");
-        awaitText("Fermer");
+        clickUntil("Gérer les catégories", "Fermer");
         wait(0);
     }
     function row(name) {
@@ -26,8 +25,7 @@ ScreenTest {
         awaitText("CATÉGORIE");
     }
     function begin() {
-        click("Nouvelle");
-        awaitText("NOUVELLE CATÉGORIE");
+        clickUntil("Nouvelle", "NOUVELLE CATÉGORIE");
     }
     function awaitList() {
         awaitText("Fermer");
@@ -42,8 +40,7 @@ ScreenTest {
         verify(row("Développement, 0 compétences").activeFocus);
         press(Qt.Key_Down, Qt.Key_Down, Qt.Key_Down);
         verify(row("Design, 2 compétences").activeFocus);
-        press(Qt.Key_Return);
-        awaitText("CATÉGORIE");
+        press(Qt.Key_Return, "CATÉGORIE");
         verify(control("Nom").activeFocus && control("Nom").text === "Design");
         press(Qt.Key_Escape);
         awaitList();
@@ -51,9 +48,7 @@ ScreenTest {
 
         edit("Design, 2 compétences");
         type("x");
-        press(Qt.Key_Escape);
-        awaitText("Abandonner la saisie\u00a0?");
-        press(Qt.Key_Escape);
+        press(Qt.Key_Escape, "Abandonner la saisie\u00a0?", Qt.Key_Escape);
         awaitGone("Abandonner");
         compare(control("Nom").text, "Designx");
         click("Annuler", "Abandonner");
@@ -88,13 +83,11 @@ ScreenTest {
         verify(!control("Créer").enabled);
         retype("Nom", "Recherche");
         verify(!shows("Une catégorie porte déjà ce nom."));
-        press(Qt.Key_Return);
-        awaitText("CATÉGORIE CRÉÉE");
+        press(Qt.Key_Return, "CATÉGORIE CRÉÉE");
         verify(!shows("Une catégorie porte déjà ce nom."), "not by itself");
         awaitGone("NOUVELLE CATÉGORIE");
         compare(category("Recherche").colorHex, "B071FF");
-        click("Nouvelle catégorie");
-        awaitText("NOUVELLE CATÉGORIE");
+        clickUntil("Nouvelle catégorie", "NOUVELLE CATÉGORIE");
         verify(control("Nom").activeFocus && control("Nom").text === "");
     }
 
@@ -117,8 +110,7 @@ ScreenTest {
         awaitText("Une catégorie porte déjà ce nom.");
         verify(!control("Enregistrer").enabled);
         retype("Nom", "Graphisme");
-        press(Qt.Key_Return);
-        awaitText("CATÉGORIE MODIFIÉE");
+        press(Qt.Key_Return, "CATÉGORIE MODIFIÉE");
         awaitList();
         compare(category("Graphisme").id, "design");
         verify(row("Graphisme, 2 compétences").activeFocus);
@@ -127,15 +119,13 @@ ScreenTest {
     function test_deletion_moves_the_skills() {
         openManager();
         edit("Design, 2 compétences");
-        click("Supprimer");
-        awaitText("Supprimer « Design » ?");
+        clickUntil("Supprimer", "Supprimer « Design » ?");
         verifyShown("2 compétences seront déplacées dans Autre.");
         press(Qt.Key_Return);
         awaitGone("Supprimer « Design » ?");
         verify(category("Design"), "the way back has the keyboard");
         click("Supprimer");
-        accept();
-        awaitText("CATÉGORIE SUPPRIMÉE");
+        accept("CATÉGORIE SUPPRIMÉE");
         awaitList();
         verify(!category("Design"));
         compare(model.overview.skills.map(skill => skill.category), ["other", "other", "other"]);
@@ -146,15 +136,12 @@ ScreenTest {
         openManager();
         fixture.createCategoryElsewhere("Recherche");
         reload();
-        press(Qt.Key_End, Qt.Key_Delete);
-        awaitText("Supprimer « Recherche » ?");
+        press(Qt.Key_End, Qt.Key_Delete, "Supprimer « Recherche » ?");
         accept();
         tryVerify(() => row("Autre, 1 compétence").activeFocus, 1000, "the last row is gone");
-        press(Qt.Key_Home, Qt.Key_Delete);
-        awaitText("Supprimer « Développement » ?");
+        press(Qt.Key_Home, Qt.Key_Delete, "Supprimer « Développement » ?");
         verifyShown("Cette catégorie sera supprimée.");
-        press(Qt.Key_Tab, Qt.Key_Return);
-        awaitText("CATÉGORIE SUPPRIMÉE");
+        press(Qt.Key_Tab, Qt.Key_Return, "CATÉGORIE SUPPRIMÉE");
         awaitGone("Annuler");
         verify(!category("Développement"));
         tryVerify(() => row("Qualité, 0 compétences").activeFocus);
@@ -164,8 +151,7 @@ ScreenTest {
         press(Qt.Key_Delete);
         wait(50);
         verify(!shows("Annuler"), "the default category stays");
-        press(Qt.Key_Return);
-        awaitText("CATÉGORIE");
+        press(Qt.Key_Return, "CATÉGORIE");
         verify(!shows("Supprimer"));
     }
 
@@ -174,8 +160,7 @@ ScreenTest {
         edit("Design, 2 compétences");
         retype("Nom", "Recherche");
         fixture.createCategoryElsewhere("recherche");
-        press(Qt.Key_Return);
-        awaitText("Une catégorie porte déjà ce nom.");
+        press(Qt.Key_Return, "Une catégorie porte déjà ce nom.");
         tryVerify(() => !shows("Fermer"), 1000, "it is told at the field alone");
         verify(!control("Enregistrer").enabled);
         type("s");
@@ -188,8 +173,7 @@ ScreenTest {
         edit("Recherches, 2 compétences");
         type("x");
         fixture.write("workspace/.vornel/categories.json", "{");
-        press(Qt.Key_Return);
-        awaitText(/Le catalogue de catégories est invalide/);
+        press(Qt.Key_Return, /Le catalogue de catégories est invalide/);
         compare(model.errorMessage, "", "it is told on the sheet alone");
         compare(control("Nom").text, "Recherchesx", "what was typed stays");
         compare(control("Nom").Accessible.description, "De 1 à 40 caractères.", "it isn't the name's fault");
@@ -212,8 +196,7 @@ ScreenTest {
         awaitList();
         verify(category("Designx"));
 
-        press(Qt.Key_Delete);
-        awaitText("Supprimer « Designx » ?");
+        press(Qt.Key_Delete, "Supprimer « Designx » ?");
         fixture.holdWorkspace();
         click("Supprimer");
         tryVerify(() => model.isWorking && !shows("Annuler"));
@@ -230,8 +213,7 @@ ScreenTest {
         openManager();
         edit("Opérations, 0 compétences");
         verify(control("Autre couleur, FF571A").checked, "a colour that isn't in the palette");
-        click("Choisir une autre couleur");
-        awaitText("Choisir");
+        clickUntil("Choisir une autre couleur", "Choisir");
         verify(control("Code hexadécimal").activeFocus && control("Code hexadécimal").text === "FF571A");
         retype("Code hexadécimal", "12");
         awaitText("Six chiffres, de 0 à 9 ou de A à F");
@@ -243,8 +225,7 @@ ScreenTest {
         awaitGone("Choisir");
         verify(control("Autre couleur, 12AB9F").checked);
 
-        click("Choisir une autre couleur");
-        awaitText("Choisir");
+        clickUntil("Choisir une autre couleur", "Choisir");
         retype("Code hexadécimal", "FF0000");
         for (const [axis, key, steps, hex] of [
             ["hue", Qt.Key_Right, 120, "00FF00"], ["saturation", Qt.Key_Left, 100, "FFFFFF"], ["brightness", Qt.Key_Left, 100, "000000"]
@@ -255,8 +236,7 @@ ScreenTest {
         press(Qt.Key_Escape);
         awaitGone("Choisir");
         verify(control("Autre couleur, 12AB9F").checked, "Esc closes one thing at a time, and changes nothing");
-        click("Enregistrer");
-        awaitText("CATÉGORIE MODIFIÉE");
+        clickUntil("Enregistrer", "CATÉGORIE MODIFIÉE");
         compare(category("Opérations").colorHex, "12AB9F");
     }
 }

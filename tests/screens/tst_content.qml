@@ -99,8 +99,7 @@ ScreenTest {
 
     function test_manager() {
         openLibrary();
-        click("Gérer les catégories");
-        awaitText("Fermer");
+        clickUntil("Gérer les catégories", "Fermer");
         const rows = () => all(wideCategory + ", 4 compétences").filter(item => item.deletionAsked !== undefined);
         tryVerify(() => rows().length === 1);
         const row = rows()[0];

@@ -28,8 +28,7 @@ ScreenTest {
         awaitText("Catégorie, Connaissance");
         click("Actif");
         verify(control("Actif").checked && !control("Brouillon").checked);
-        click("Créer");
-        awaitText("CRÉÉE");
+        clickUntil("Créer", "CRÉÉE");
         isGone();
         compare(created().slug, "veille");
         compare(created().displayName, "Veille");
@@ -53,8 +52,7 @@ ScreenTest {
         awaitText("Utilisez uniquement des lettres, chiffres et tirets.");
         compare(control("Identifiant").Accessible.description, "Utilisez uniquement des lettres, chiffres et tirets.");
         verify(!control("Créer").enabled);
-        press(Qt.Key_Backspace);
-        awaitText("Prête à être créée.");
+        press(Qt.Key_Backspace, "Prête à être créée.");
         retype("Nom", "Autre");
         compare(control("Identifiant").text, "audit-2024x");
         retype("Identifiant", "a".repeat(81));
@@ -83,8 +81,7 @@ ScreenTest {
             model.reload(); // as whatever follows the model may, before the sheet hears of the refusal
         }
         model.isWorkingChanged.connect(reloadOnce);
-        press(Qt.Key_Return);
-        awaitText(taken);
+        press(Qt.Key_Return, taken);
         compare(model.errorMessage, "", "it is told at the field alone");
         compare(control("Identifiant").Accessible.description, taken);
         verify(!shows("Fermer") && !shows("Prête à être créée."));
@@ -96,8 +93,7 @@ ScreenTest {
         press(Qt.Key_End);
         type("2");
         tryVerify(() => !shows(taken));
-        press(Qt.Key_Return);
-        awaitText("CRÉÉE");
+        press(Qt.Key_Return, "CRÉÉE");
         verify(!shows(taken), "not by itself");
         isGone();
         compare(created().slug, "plan2");
@@ -115,8 +111,7 @@ ScreenTest {
         awaitText("Codex a déjà un dossier de ce nom.");
         verify(!shows("Prête à être créée."));
         verify(all("Nouvelle compétence").every(item => item.Accessible.description !== "Formulaire valide"));
-        press(Qt.Key_Return);
-        awaitText("Le dossier «\u00a0veille\u00a0» existe déjà");
+        press(Qt.Key_Return, "Le dossier «\u00a0veille\u00a0» existe déjà");
         tryVerify(() => control("Changer d’identifiant").activeFocus);
         keyClick(Qt.Key_Tab, Qt.ShiftModifier);
         press(Qt.Key_Return);
@@ -177,13 +172,10 @@ ScreenTest {
         keyClick(Qt.Key_N, Qt.ControlModifier);
         awaitText("Le nom est requis.");
         type("Veille");
-        press(Qt.Key_Escape);
-        awaitText("Abandonner la saisie\u00a0?");
-        press(Qt.Key_Return);
+        press(Qt.Key_Escape, "Abandonner la saisie\u00a0?", Qt.Key_Return);
         awaitGone("Abandonner");
         verify(control("Nom").activeFocus, "the way back has the keyboard");
-        click("Annuler");
-        awaitText("Abandonner");
+        clickUntil("Annuler", "Abandonner");
         click("Abandonner");
         isGone();
 
@@ -209,8 +201,7 @@ ScreenTest {
         click("Fermer");
         awaitGone("Fermer");
         verify(control("Nom").activeFocus);
-        press(Qt.Key_Escape);
-        awaitText("Abandonner");
+        press(Qt.Key_Escape, "Abandonner");
     }
 
     function test_category_without_the_usual_one() {
@@ -219,8 +210,7 @@ ScreenTest {
         keyClick(Qt.Key_N, Qt.ControlModifier);
         awaitText("Catégorie, Autre");
         type("Veille");
-        press(Qt.Key_Return);
-        awaitText("CRÉÉE");
+        press(Qt.Key_Return, "CRÉÉE");
         compare(created().category, "other");
         isGone();
         model.closeSkill();

@@ -59,10 +59,8 @@ ScreenTest {
         compare(model.searchText, "");
         awaitText("La catégorie «\u00a0Opérations\u00a0» est vide.");
         verify(control("Créer une compétence").enabled);
-        click("Filtrer par état");
-        awaitText("Maturité");
-        click("Brouillon");
-        awaitText("Aucune compétence ne correspond à ces critères.");
+        clickUntil("Filtrer par état", "Maturité");
+        clickUntil("Brouillon", "Aucune compétence ne correspond à ces critères.");
         click("Effacer les filtres");
         showsSkills(["audit", "notes", "plan", "revue"]);
     }
@@ -83,8 +81,7 @@ ScreenTest {
         tryVerify(() => control("Importer…").activeFocus);
 
         fixture.write("codex/plan/SKILL.md", "quatre");
-        press(Qt.Key_Return);
-        awaitText("2 COMPÉTENCES");
+        press(Qt.Key_Return, "2 COMPÉTENCES");
         tryVerify(() => control("Claude").activeFocus);
         press(Qt.Key_Space);
         tryVerify(() => control("Importer").enabled);
@@ -106,8 +103,7 @@ ScreenTest {
         verify(!control("Page précédente").enabled);
         press(Qt.Key_End);
         verify(pageTop().mapToItem(root, 0, 0).y < 0);
-        click("Page suivante");
-        awaitText("2 sur 2");
+        clickUntil("Page suivante", "2 sur 2");
         tryVerify(() => shows("s25") && !shows("s01"));
         verify(pageTop().mapToItem(root, 0, 0).y > 0, "the page begins at its top");
         verifyShown("25 compétences");
@@ -117,19 +113,14 @@ ScreenTest {
 
     function test_selection() {
         openShell(numbered(25));
-        click("Sélectionner");
-        awaitText("0 sélectionnées");
+        clickUntil("Sélectionner", "0 sélectionnées");
         verify(!control("Déplacer").enabled && !control("Supprimer").enabled);
-        click("s01");
-        awaitText("1 sélectionnée");
+        clickUntil("s01", "1 sélectionnée");
         compare(control("s01").Accessible.description, "s01, Autre, Actif, à jour, sélectionnée");
-        click("Tout sélectionner");
-        awaitText("25 sélectionnées");
-        click("Supprimer");
-        awaitText("Placer 25 compétences dans la corbeille ?");
+        clickUntil("Tout sélectionner", "25 sélectionnées");
+        clickUntil("Supprimer", "Placer 25 compétences dans la corbeille ?");
         cancel();
-        click("Tout désélectionner");
-        awaitText("0 sélectionnées");
+        clickUntil("Tout désélectionner", "0 sélectionnées");
 
         click("s01", "s02", "Déplacer", "Qualité");
         awaitText("CATÉGORIE MODIFIÉE");
@@ -137,15 +128,13 @@ ScreenTest {
         awaitText("2 sélectionnées");
         click("s02", "Supprimer");
         awaitText("Vous pourrez les restaurer depuis la corbeille.");
-        click("Placer dans la corbeille");
-        awaitText("CORBEILLE");
+        clickUntil("Placer dans la corbeille", "CORBEILLE");
         tryVerify(() => !shows("s01") && !shows("Annuler"));
         compare(focusedName(), "s03", "the card that stands where the last one was chosen");
 
         click("Sélectionner", "s02", "Terminer la sélection");
         verify(!shows("1 sélectionnée"));
-        click("s02");
-        awaitText("Retour à la bibliothèque");
+        clickUntil("s02", "Retour à la bibliothèque");
     }
 
     function test_keyboard() {
@@ -175,15 +164,10 @@ ScreenTest {
         keyClick(Qt.Key_Tab, Qt.ShiftModifier);
         compare(focusedName(), "audit", "the grid is one stop of Tab");
 
-        press(Qt.Key_Space);
-        awaitText("1 sélectionnée");
-        press(Qt.Key_Home, Qt.Key_Return);
-        awaitText("2 sélectionnées");
+        press(Qt.Key_Space, "1 sélectionnée", Qt.Key_Home, Qt.Key_Return, "2 sélectionnées");
         keyClick(Qt.Key_A, Qt.ControlModifier);
         awaitText("4 sélectionnées");
-        press(Qt.Key_Delete);
-        awaitText("Placer 4 compétences dans la corbeille ?");
-        press(Qt.Key_Escape);
+        press(Qt.Key_Delete, "Placer 4 compétences dans la corbeille ?", Qt.Key_Escape);
         awaitGone("Annuler");
         press(Qt.Key_Escape);
         verify(!shows("4 sélectionnées"));
@@ -205,8 +189,7 @@ ScreenTest {
         verify(!model.isDetailLoading && String(model.selectedSkillID).includes("00000000"), "none was opened");
         model.searchText = "audit";
         awaitText("1 sélectionnée · 3 masquées");
-        click("Supprimer");
-        awaitText("Placer cette compétence dans la corbeille ?");
+        clickUntil("Supprimer", "Placer cette compétence dans la corbeille ?");
         accept();
         settle();
         awaitText("0 sélectionnées · 3 masquées");
@@ -234,8 +217,7 @@ ScreenTest {
         fixture.releaseWorkspace();
         settle();
         verify(control("Supprimer").enabled);
-        press(Qt.Key_Delete);
-        awaitText("Placer cette compétence dans la corbeille ?");
+        press(Qt.Key_Delete, "Placer cette compétence dans la corbeille ?");
         verify(all("plan").some(item => item.clicked === undefined), "the question names the skill");
         accept();
         settle();

@@ -101,16 +101,13 @@ ScreenTest {
     function test_keyboard() {
         openShell(["audit", "notes", "plan", "revue"]);
         control("notes").forceActiveFocus();
-        press(Qt.Key_Menu);
-        awaitText("Copier le chemin");
-        press(Qt.Key_Escape);
+        press(Qt.Key_Menu, "Copier le chemin", Qt.Key_Escape);
         awaitGone("Copier le chemin");
         compare(focusedName(), "notes");
         press(Qt.Key_Right, Qt.Key_Left);
         keyClick(Qt.Key_F10, Qt.ShiftModifier);
         tryVerify(() => focusedName() === "Ouvrir", 5000, "the first command");
-        press(Qt.Key_Down, Qt.Key_Return);
-        awaitText("1 sélectionnée");
+        press(Qt.Key_Down, Qt.Key_Return, "1 sélectionnée");
         compare(focusedName(), "notes");
         press(Qt.Key_Menu, ...Array(7).fill(Qt.Key_Down), Qt.Key_Return);
         tryVerify(() => focusedName() === "Annuler", 5000, "the question has the keyboard");
@@ -138,8 +135,7 @@ ScreenTest {
 
         fixture.trash(["audit", "plan"]);
         settle();
-        click("Corbeille");
-        awaitText("notes");
+        clickUntil("Corbeille", "notes");
         command("notes", "Sélectionner");
         click("audit");
         command("plan", "Restaurer");

@@ -31,8 +31,7 @@ ScreenTest {
         verify(!control("Étape suivante").enabled);
         settle();
         tryVerify(() => focusedName() === "Ouvrir la bibliothèque", 1000, "both arrows were no use during the scan");
-        click("Étape précédente");
-        awaitText(pages[3][0]);
+        clickUntil("Étape précédente", pages[3][0]);
     }
 
     function test_collision() {
@@ -48,8 +47,7 @@ ScreenTest {
         verify(!shows("Prêt à commencer."));
         verify(!control("Ouvrir la bibliothèque").enabled);
 
-        click("1 dossier ignoré");
-        awaitText("vide, Codex, ne contient pas de fichier SKILL.md");
+        clickUntil("1 dossier ignoré", "vide, Codex, ne contient pas de fichier SKILL.md");
 
         compare(control("Claude").Accessible.description, "non sélectionné");
         click("Codex");
@@ -64,18 +62,15 @@ ScreenTest {
 
         fixture.write("codex/plan/SKILL.md", "trois");
         fixture.write("claude/plan/SKILL.md", "quatre");
-        click("Relancer l’analyse");
-        awaitText("Reste 1 doublon à trancher.");
+        clickUntil("Relancer l’analyse", "Reste 1 doublon à trancher.");
         all("Claude")[1].clicked();
         awaitText("Prêt à commencer.");
         fixture.write("claude/plan/SKILL.md", "cinq");
-        click("Relancer l’analyse");
-        awaitText("Reste 1 doublon à trancher.");
+        clickUntil("Relancer l’analyse", "Reste 1 doublon à trancher.");
         compare(all("Codex").map(choice => choice.isChosen).slice(0, 2), [true, false], "between versions that are the same");
         all("Claude")[1].clicked();
         awaitText("Prêt à commencer.");
-        click("Ouvrir la bibliothèque");
-        awaitText("Bibliothèque", "PRÊT", "Notes");
+        clickUntil("Ouvrir la bibliothèque", "Bibliothèque", "PRÊT", "Notes");
 
         close();
         fixture.restart();
@@ -95,25 +90,21 @@ ScreenTest {
         waitForItemPolished(looks[0].parent);
         mouseClick(looks.find(look => look.Accessible.description.endsWith("/codex/audit")));
         verify(fixture.openedFolder.endsWith("/codex/audit"));
-        click("Ouvrir la bibliothèque");
-        awaitText("L’import ne peut pas commencer");
+        clickUntil("Ouvrir la bibliothèque", "L’import ne peut pas commencer");
         verify(!shows("Remplacer et importer"));
         press(Qt.Key_Return);
         awaitGone("L’import ne peut pas commencer");
         tryVerify(() => control("Ouvrir la bibliothèque").activeFocus);
         all("Ne pas importer")[1].forceActiveFocus(Qt.TabFocusReason);
-        press(Qt.Key_Space);
-        awaitText("1 dossier porte le nom d’une compétence à importer.");
+        press(Qt.Key_Space, "1 dossier porte le nom d’une compétence à importer.");
         tryVerify(() => control("Ne pas importer").activeFocus);
-        click("Ouvrir la bibliothèque");
-        awaitText("Remplacer 1 dossier\u00a0?");
+        clickUntil("Ouvrir la bibliothèque", "Remplacer 1 dossier\u00a0?");
         press(Qt.Key_Escape);
         awaitGone("Remplacer et importer");
         tryVerify(() => control("Ouvrir la bibliothèque").activeFocus);
         compare(fixture.bytes("codex/audit/notes.txt"), fixture.bytesOfText("à un autre"));
         press(Qt.Key_Return);
-        click("Remplacer et importer");
-        awaitText("Bibliothèque");
+        clickUntil("Remplacer et importer", "Bibliothèque");
     }
 
     function test_clicks_leave_the_collisions_in_place() {
@@ -170,16 +161,14 @@ ScreenTest {
         click("Relancer l’analyse");
         awaitText("Prêt à commencer.", "0 COMPÉTENCES", "0 DOUBLONS", "0 IGNORÉES", "Aucune collision");
         verify(!shows("Fermer"));
-        click("Ouvrir la bibliothèque");
-        awaitText("Aucune compétence");
+        clickUntil("Ouvrir la bibliothèque", "Aucune compétence");
     }
 
     function test_import_of_what_has_changed() {
         fixture.write("claude/audit/SKILL.md", "avant");
         enterImportPage();
         fixture.write("claude/audit/SKILL.md", "après");
-        click("Ouvrir la bibliothèque");
-        awaitText("Fermer");
+        clickUntil("Ouvrir la bibliothèque", "Fermer");
         click("Relancer l’analyse");
         settle();
         verify(!shows("Fermer"));
@@ -204,7 +193,6 @@ ScreenTest {
         click("Ouvrir le dossier");
         compare(fixture.openedFolder + "/workspace", fixture.path("workspace"));
         fixture.remove("workspace");
-        click("Réessayer");
-        awaitText("Ouverture d’VORNEL", "Étape 1 sur 5");
+        clickUntil("Réessayer", "Ouverture d’VORNEL", "Étape 1 sur 5");
     }
 }

@@ -9,17 +9,14 @@ ScreenTest {
     function test_a_failed_reading_leaves_nothing_green() {
         openShell(["audit", "notes"]);
         fixture.remove("workspace/skills/notes/vornel.json");
-        click("Actualiser");
-        awaitText("Lecture impossible");
+        clickUntil("Actualiser", "Lecture impossible");
         verify(model.errorMessage.includes("Compétence concernée\u00A0: «\u00A0notes\u00A0»"));
         tryVerify(() => control("audit").Accessible.description.includes("inconnu"));
-        click("À réparer");
-        awaitText("L’état des copies n’est pas connu. «\u00a0Actualiser\u00a0» (F5) relit les dossiers.");
+        clickUntil("À réparer", "L’état des copies n’est pas connu. «\u00a0Actualiser\u00a0» (F5) relit les dossiers.");
         verify(!shows("Tout est synchronisé"));
         click("Bibliothèque");
         fixture.remove("workspace/skills/notes");
-        click("Actualiser");
-        awaitText("Tout est à jour");
+        clickUntil("Actualiser", "Tout est à jour");
         tryVerify(() => control("audit").Accessible.description.includes("à jour"));
     }
 
@@ -28,13 +25,11 @@ ScreenTest {
         verifyShown("VORNEL", "Tout est à jour");
         verify(!control("Synchroniser").enabled);
         fixture.holdWorkspace();
-        click("notes");
-        awaitText("OUVERTURE", "Ouverture de la compétence");
+        clickUntil("notes", "OUVERTURE", "Ouverture de la compétence");
         fixture.releaseWorkspace();
         awaitText("Retour à la bibliothèque");
         verify(!shows("OUVERTURE"));
-        press(Qt.Key_Escape);
-        awaitText("audit");
+        press(Qt.Key_Escape, "audit");
 
         model.restore(fixture.idOf("audit"));
         settle();
@@ -45,15 +40,13 @@ ScreenTest {
         verify(all("notes").some(item => item.activeFocus), "the keyboard goes back to the list");
 
         fixture.remove("codex/audit");
-        click("Actualiser");
-        awaitText("Attention requise");
+        clickUntil("Actualiser", "Attention requise");
         click("À réparer");
         tryVerify(() => shows("audit") && !shows("notes"));
         verify(control("À réparer").checked);
         press(Qt.Key_Down);
         verify(control("Corbeille").activeFocus);
-        press(Qt.Key_Return);
-        awaitText("La corbeille est vide");
+        press(Qt.Key_Return, "La corbeille est vide");
 
         click("Bibliothèque");
         fixture.holdWorkspace();
@@ -90,16 +83,13 @@ ScreenTest {
         awaitText("INSTRUCTIONS");
         verify(!shows("Rechercher une compétence"), "a skill has a search of its own");
         verify(control("Instructions de la compétence").activeFocus);
-        press(Qt.Key_Escape);
-        awaitText("audit");
+        press(Qt.Key_Escape, "audit");
         compare(model.searchText, "aud", "the list is as it was left");
         fixture.trash(["notes"]);
         settle();
-        click("Corbeille");
-        awaitText("notes");
+        clickUntil("Corbeille", "notes");
         verifyShown("Rechercher dans la corbeille");
-        click("À réparer");
-        awaitText("Rechercher dans «\u00a0À réparer\u00a0»");
+        clickUntil("À réparer", "Rechercher dans «\u00a0À réparer\u00a0»");
     }
 
     function test_the_keyboard_goes_from_the_search_to_its_results_and_back() {
@@ -128,12 +118,10 @@ ScreenTest {
         removeCopies(["audit", "plan"]);
         fixture.trash(["notes"]);
         reload();
-        click("À réparer");
-        awaitText("plan");
+        clickUntil("À réparer", "plan");
         list("À réparer").moveTo(1);
         enter(Qt.Key_Down, "audit");
-        click("Corbeille");
-        awaitText("notes");
+        clickUntil("Corbeille", "notes");
         enter(Qt.Key_Enter, "notes");
     }
 
@@ -197,8 +185,7 @@ ScreenTest {
         mouseMove(root, 480, 300);
         tryVerify(() => hints().length === 0);
         mouseMove(filter, 12, 12); // and a click before the hint comes
-        click("Filtrer par état");
-        awaitText("Tous les états");
+        clickUntil("Filtrer par état", "Tous les états");
         wait(800);
         compare(hints().length, 0);
         press(Qt.Key_Escape);

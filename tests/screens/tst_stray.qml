@@ -35,8 +35,7 @@ ScreenTest {
         fixture.restart();
         open();
         awaitText(/^Un texte d’une compétence supprimée/);
-        click("Supprimer le texte");
-        awaitText("Supprimer ce texte non enregistré\u00a0?");
+        clickUntil("Supprimer le texte", "Supprimer ce texte non enregistré\u00a0?");
         press(Qt.Key_Tab, Qt.Key_Return);
         awaitGone("Plus tard");
         compare(fixture.keptTexts(), ["brouillon de notes"]);

@@ -40,8 +40,7 @@ ScreenTest {
         verifyShown("2 éléments");
         tryVerify(() => control("audit").Accessible.description.endsWith("Mise à la corbeille à l’instant"));
         fixture.emptyTrashElsewhere();
-        click("Actualiser");
-        awaitText("La corbeille est vide");
+        clickUntil("Actualiser", "La corbeille est vide");
         tryVerify(() => !shows("audit") && !shows("notes")); // the rows go with the next frame
         tryVerify(() => control("Actualiser").activeFocus);
         verifyShown("0 éléments");
@@ -68,10 +67,8 @@ ScreenTest {
         compare(trashed(), "audit,notes");
         click("Sélectionner");
         keyClick(Qt.Key_A, Qt.ControlModifier);
-        click("Restaurer");
-        awaitText("Restaurer 2 compétences\u00A0?");
-        accept();
-        awaitText("2 RESTAURÉES");
+        clickUntil("Restaurer", "Restaurer 2 compétences\u00A0?");
+        accept("2 RESTAURÉES");
         compare(trashed(), "");
     }
 
@@ -87,8 +84,7 @@ ScreenTest {
         verify(!shows("Désélectionner les 3"));
         fixture.releaseWorkspace();
         awaitText("Restaurer 2 compétences\u00A0?");
-        accept();
-        awaitText("2 RESTAURÉES");
+        accept("2 RESTAURÉES");
         compare(trashed(), "c");
     }
 
@@ -100,22 +96,17 @@ ScreenTest {
         cancel();
         compare(trashed(), "audit,notes,plan");
         button("audit", "Restaurer").clicked();
-        accept();
-        awaitText("RESTAURÉE");
+        accept("RESTAURÉE");
         compare(trashed(), "notes,plan");
-        click("Vider la corbeille");
-        awaitText("Vider toute la corbeille ?", "2 éléments seront supprimés définitivement.");
+        clickUntil("Vider la corbeille", "Vider toute la corbeille ?", "2 éléments seront supprimés définitivement.");
         cancel();
 
         button("notes", "Supprimer définitivement").clicked();
         awaitText("Supprimer définitivement « notes » ?", "Cette action est irréversible.");
-        accept();
-        awaitText("SUPPRIMÉE", "1 élément");
+        accept("SUPPRIMÉE", "1 élément");
         compare(trashed(), "plan");
-        click("Vider la corbeille");
-        awaitText("1 élément sera supprimé définitivement.");
-        accept();
-        awaitText("CORBEILLE VIDÉE", "La corbeille est vide");
+        clickUntil("Vider la corbeille", "1 élément sera supprimé définitivement.");
+        accept("CORBEILLE VIDÉE", "La corbeille est vide");
     }
 
     function test_a_screen_that_changes_while_a_sheet_closes_leaves_the_keyboard() {
@@ -133,8 +124,7 @@ ScreenTest {
     function test_several_and_a_failure_among_them() {
         openTrash(["a", "b", "c", "d", "e"]);
         takeSlug("b");
-        click("Sélectionner");
-        awaitText("0 sélectionnées");
+        clickUntil("Sélectionner", "0 sélectionnées");
         verify(all("Restaurer").length === 1 && !control("Restaurer").enabled);
         click("e", "Supprimer définitivement");
         awaitText("Supprimer définitivement « e » ?"); // one is named
@@ -144,11 +134,9 @@ ScreenTest {
         for (const slug of ["a", "b", "c"])
             click(slug);
         awaitText("3 sélectionnées");
-        click("Restaurer");
-        awaitText("Restaurer 3 compétences\u00A0?");
+        clickUntil("Restaurer", "Restaurer 3 compétences\u00A0?");
         verifyShown("Elles seront à nouveau disponibles dans vos assistants.");
-        accept();
-        awaitText("2 RESTAURÉES");
+        accept("2 RESTAURÉES");
         compare(trashed(), "b,d");
         verify(model.errorMessage.startsWith("1 compétence sur 3 n’a pas pu être restaurée\u00A0:\n«\u00A0b\u00A0»\u00A0: "));
         verify(control("b").record.failure !== "", "the row tells why");
@@ -157,11 +145,9 @@ ScreenTest {
 
         keyClick(Qt.Key_A, Qt.ControlModifier);
         awaitText("2 sélectionnées");
-        click("Supprimer définitivement");
-        awaitText("Supprimer définitivement 2 compétences\u00A0?");
+        clickUntil("Supprimer définitivement", "Supprimer définitivement 2 compétences\u00A0?");
         verifyShown("b, d");
-        accept();
-        awaitText("2 SUPPRIMÉES", "La corbeille est vide");
+        accept("2 SUPPRIMÉES", "La corbeille est vide");
         compare(model.errorMessage, "");
         verify(!shows("Terminer la sélection"));
     }
@@ -173,8 +159,7 @@ ScreenTest {
         click("Restaurer");
         tryVerify(() => focusedName() === "Annuler");
         fixture.write("codex/b", "pas un dossier"); // which nothing foretold
-        accept();
-        awaitText("2 RESTAURÉES");
+        accept("2 RESTAURÉES");
         compare(trashed(), "");
         verify(model.errorMessage.startsWith("1 compétence sur 2 est restaurée, mais pas chez tous vos assistants\u00A0:\n«\u00A0b\u00A0»\u00A0: "));
     }
@@ -200,8 +185,7 @@ ScreenTest {
         awaitText("60 sélectionnées");
         view.contentY = 500;
         click("Supprimer définitivement");
-        accept();
-        awaitText("60 SUPPRIMÉES");
+        accept("60 SUPPRIMÉES");
         tryVerify(() => view.contentY === 500, 5000, "when most go, too");
     }
 
@@ -224,21 +208,16 @@ ScreenTest {
         press(Qt.Key_Escape);
         model.searchText = "introuvable";
         awaitText("Aucun résultat");
-        click("Effacer la recherche");
-        awaitText("a", "b");
+        clickUntil("Effacer la recherche", "a", "b");
 
         list("Corbeille").forceActiveFocus();
         compare(focusedName(), "a");
         press(Qt.Key_Down, Qt.Key_Down, Qt.Key_Down);
         compare(focusedName(), "c");
-        press(Qt.Key_Home, Qt.Key_Down, Qt.Key_Return);
-        awaitText("Restaurer « b » ?");
-        accept();
-        awaitText("RESTAURÉE");
+        press(Qt.Key_Home, Qt.Key_Down, Qt.Key_Return, "Restaurer « b » ?");
+        accept("RESTAURÉE");
         tryVerify(() => focusedName() === "c");
-        press(Qt.Key_Delete);
-        awaitText("Supprimer définitivement « c » ?");
-        press(Qt.Key_Escape);
+        press(Qt.Key_Delete, "Supprimer définitivement « c » ?", Qt.Key_Escape);
         awaitGone("Annuler");
         press(Qt.Key_Space, Qt.Key_Up);
         compare(focusedName(), "a");
@@ -256,8 +235,7 @@ ScreenTest {
         fixture.emptyTrashElsewhere();
         const id = String(model.overview.trashedSkills[0].id).slice(1, -1).toUpperCase();
         button("audit", "Restaurer").clicked();
-        accept();
-        awaitText("La corbeille est vide");
+        accept("La corbeille est vide");
         compare(model.errorMessage, "Skill introuvable : " + id, "the message outlives the row");
     }
 }
