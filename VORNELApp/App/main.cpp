@@ -1,4 +1,5 @@
 #include "SingleInstance.h"
+#include "StartOptions.h"
 #include "TerminationSignals.h"
 #include "VORNELApp.h"
 
@@ -8,16 +9,12 @@
 
 #include <QCryptographicHash>
 #include <QGuiApplication>
-#include <QHash>
 #include <QQmlExtensionPlugin>
 #include <QQuickView>
 #include <QStandardPaths>
 
-#include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 #include <span>
 
 Q_IMPORT_QML_PLUGIN(VORNELAppPlugin)
@@ -27,42 +24,6 @@ using namespace Qt::StringLiterals;
 using namespace vornel;
 
 namespace {
-
-const QString usage = u"Usage\u00A0: vornel\n\n"
-                      "Ouvre la bibliothèque de vos compétences.\n\n"
-                      "  -h, --help     affiche cette aide\n"
-                      "  -v, --version  affiche la version\n"_s;
-const QString noScreen = u"Aucun écran n’est disponible. "
-                         "La ligne de commande reste possible\u00A0: vornelctl status\n"_s;
-
-/// What the command line asks for. Those who work on the program have two more options than its users.
-struct Options
-{
-    bool showsHelp = false;
-    bool showsVersion = false;
-    bool showsGallery = false;
-    bool endsAfterFirstFrame = false;
-    QString unknown;
-};
-
-Options options(const QStringList &arguments)
-{
-    const QHash<QString, bool Options::*> known{
-        {u"-h"_s, &Options::showsHelp},
-        {u"--help"_s, &Options::showsHelp},
-        {u"-v"_s, &Options::showsVersion},
-        {u"--version"_s, &Options::showsVersion},
-        {u"--gallery"_s, &Options::showsGallery},
-        {u"--end-after-first-frame"_s, &Options::endsAfterFirstFrame}};
-    Options chosen;
-    for (const QString &argument : arguments) {
-        if (const auto option = known.find(argument); option != known.end())
-            chosen.*option.value() = true;
-        else if (chosen.unknown.isNull())
-            chosen.unknown = argument;
-    }
-    return chosen;
-}
 
 AppEnvironment liveEnvironment()
 {
@@ -133,32 +94,6 @@ int showApplication(bool endsAfterFirstFrame)
     return EXIT_FAILURE;
 }
 
-bool hasScreen()
-{
-    return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
-                               [](const char *variable) { return !qEnvironmentVariableIsEmpty(variable); });
-}
-
-/// What needs no screen: the answer to a mistake or a question. Nothing when the window is wanted.
-std::optional<int> answer(const Options &chosen)
-{
-    if (!chosen.unknown.isNull()) {
-        const QString mistake = u"Argument inconnu\u00A0: "_s + chosen.unknown + u"\n\n"_s + usage;
-        std::fputs(qUtf8Printable(mistake), stderr);
-        return 64;
-    }
-    if (chosen.showsHelp || chosen.showsVersion) {
-        const QString version = QStringLiteral("vornel " VORNEL_VERSION "\n");
-        std::fputs(qUtf8Printable(chosen.showsHelp ? usage : version), stdout);
-        return EXIT_SUCCESS;
-    }
-    if (!hasScreen()) {
-        std::fputs(qUtf8Printable(noScreen), stderr);
-        return EXIT_FAILURE;
-    }
-    return std::nullopt;
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -166,8 +101,8 @@ int main(int argc, char *argv[])
     QStringList arguments;
     for (const char *argument : std::span(argv, static_cast<size_t>(argc)).subspan(1))
         arguments.append(QString::fromLocal8Bit(argument));
-    const Options chosen = options(arguments);
-    if (const auto status = answer(chosen))
+    const StartOptions chosen(arguments);
+    if (const auto status = chosen.answer())
         return *status;
 
     QGuiApplication application(argc, argv);

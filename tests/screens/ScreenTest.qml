@@ -122,6 +122,15 @@ TestCase {
         model.reload();
         settle();
     }
+    /** Throws skills of the library away. */
+    function trash(...slugs) {
+        fixture.trash(slugs);
+        settle();
+    }
+    function selectSkill(slug, ...texts) {
+        model.selectSkill(fixture.idOf(slug));
+        awaitText(...texts);
+    }
     function removeCopies(slugs) {
         for (const slug of slugs)
             fixture.remove("codex/" + slug);

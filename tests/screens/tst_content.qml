@@ -120,25 +120,22 @@ ScreenTest {
         const place = view.mapToItem(null, 0, 0);
         verify(place.y >= 0 && place.y + view.height <= root.Window.height, "within the window");
         verifyFits([control(wideCategory)]);
-        for (let number = 0; number < view.count; ++number)
-            press(Qt.Key_Down);
+        press(...Array(view.count).fill(Qt.Key_Down));
         tryVerify(() => view.contentY + view.height >= view.contentHeight - 1);
         press(Qt.Key_Return);
         settle();
-        compare(model.overview.skills.find(skill => skill.slug === "audit").category, "categorie-30");
+        compare(categoryOf("audit"), "categorie-30");
     }
 
     function test_editor() {
         openLibrary();
         resize(960, 620);
-        model.selectSkill(fixture.idOf(longSlug));
-        awaitText("Codex, à jour");
+        selectSkill(longSlug, "Codex, à jour");
         const category = control("Catégorie, " + wideCategory);
         waitForItemPolished(category.parent.parent);
         verify(category.mapToItem(root, category.width, 0).x <= control("Claude, à jour").mapToItem(root, 0, 0).x);
         verifyFits([category].concat(texts(longName)));
-        click("Catégorie, " + wideCategory);
-        awaitText(wideCategory);
+        clickUntil("Catégorie, " + wideCategory, wideCategory);
         verifyFits([control(wideCategory)]);
     }
 
@@ -146,8 +143,7 @@ ScreenTest {
         for (let number = 0; number < 1000; ++number)
             fixture.write("claude/audit/fichier-" + number + ".md", "");
         openShell(["audit"]);
-        model.selectSkill(fixture.idOf("audit"));
-        awaitText("Fichiers");
+        selectSkill("audit", "Fichiers");
         const files = list("Fichiers");
         tryCompare(files, "count", 1002);
         verify(entries(files).length < 60, "only the rows that are seen are made");
@@ -174,12 +170,11 @@ ScreenTest {
         reload();
         resize(960, 620);
         model.selectedDestination = AppStates.Destination.needsAttention;
-        tryVerify(() => shows(longName));
+        awaitText(longName);
         verifyFits(entries(list("À réparer")));
-        fixture.trash([longSlug, "rtl", "lines", "emoji"]);
-        settle();
+        trash(longSlug, "rtl", "lines", "emoji");
         model.selectedDestination = AppStates.Destination.trash;
-        tryVerify(() => shows(longName));
+        awaitText(longName);
         verifyFits(entries(list("Corbeille")));
         all("Restaurer").find(item => item.Accessible.description === longName).clicked();
         awaitText("Restaurer « " + longName + " » ?");

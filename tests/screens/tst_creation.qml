@@ -6,10 +6,14 @@ ScreenTest {
 
     name: "Creation"
 
-    function openSheet() {
+    function openSheet(name) {
         openShell(["audit"]);
+        begin(name);
+    }
+    function begin(name) {
         keyClick(Qt.Key_N, Qt.ControlModifier);
         awaitText("Le nom est requis.");
+        type(name ?? "");
     }
     function isGone() {
         awaitGone("Identité");
@@ -101,8 +105,7 @@ ScreenTest {
 
     function test_a_folder_of_others_is_replaced_only_when_told() {
         fixture.write("codex/veille/notes.txt", "à un autre");
-        openSheet();
-        type("Veille");
+        openSheet("Veille");
         awaitText("Codex a déjà un dossier de ce nom.");
         fixture.write("codex/fichier", "à un autre");
         retype("Identifiant", "fichier");
@@ -133,8 +136,7 @@ ScreenTest {
 
     function test_no_question_about_a_sheet_that_is_closed() {
         fixture.write("codex/veille/notes.txt", "à un autre");
-        openSheet();
-        type("Veille");
+        openSheet("Veille");
         awaitText("Codex a déjà un dossier de ce nom.");
         fixture.holdWorkspace();
         press(Qt.Key_Return);
@@ -148,8 +150,7 @@ ScreenTest {
     }
 
     function test_created_though_an_assistant_has_no_copy() {
-        openSheet();
-        type("Veille");
+        openSheet("Veille");
         fixture.remove("codex");
         fixture.write("codex", "un fichier à la place du dossier");
         press(Qt.Key_Return);
@@ -169,9 +170,7 @@ ScreenTest {
         press(Qt.Key_Escape);
         isGone();
 
-        keyClick(Qt.Key_N, Qt.ControlModifier);
-        awaitText("Le nom est requis.");
-        type("Veille");
+        begin("Veille");
         press(Qt.Key_Escape, "Abandonner la saisie\u00a0?", Qt.Key_Return);
         awaitGone("Abandonner");
         verify(control("Nom").activeFocus, "the way back has the keyboard");
@@ -179,15 +178,13 @@ ScreenTest {
         click("Abandonner");
         isGone();
 
-        keyClick(Qt.Key_N, Qt.ControlModifier);
-        awaitText("Le nom est requis.");
+        begin();
         compare(control("Nom").text, "");
         compare(control("Identifiant").text, "");
     }
 
     function test_no_leaving_while_it_is_created() {
-        openSheet();
-        type("Veille");
+        openSheet("Veille");
         fixture.holdWorkspace(true);
         press(Qt.Key_Enter);
         tryVerify(() => model.isWorking);
@@ -220,8 +217,7 @@ ScreenTest {
     }
 
     function test_by_keyboard() {
-        openSheet();
-        type("Un nom bien plus long que le champ dans lequel il faut pourtant tout entier");
+        openSheet("Un nom bien plus long que le champ dans lequel il faut pourtant tout entier");
         const field = control("Nom");
         verify(field.positionToRectangle(0).x < 0, "what is typed is seen");
         for (const next of ["Identifiant", "Description courte", "Mots-clés", "Catégorie, Développement", "Brouillon"]) {

@@ -21,8 +21,7 @@ ScreenTest {
         reload();
     }
     function openSkill() {
-        model.selectSkill(fixture.idOf("audit"));
-        awaitText("Codex, copie modifiée");
+        selectSkill("audit", "Codex, copie modifiée");
     }
     function openTrash() {
         fixture.trash(model.overview.skills.map(skill => skill.slug));

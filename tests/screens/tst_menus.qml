@@ -133,8 +133,7 @@ ScreenTest {
         settle();
         awaitText("Tout est synchronisé");
 
-        fixture.trash(["audit", "plan"]);
-        settle();
+        trash("audit", "plan");
         clickUntil("Corbeille", "notes");
         command("notes", "Sélectionner");
         click("audit");

@@ -79,14 +79,12 @@ ScreenTest {
         compare(model.searchText, "");
 
         type("aud");
-        model.selectSkill(fixture.idOf("audit"));
-        awaitText("INSTRUCTIONS");
+        selectSkill("audit", "INSTRUCTIONS");
         verify(!shows("Rechercher une compétence"), "a skill has a search of its own");
         verify(control("Instructions de la compétence").activeFocus);
         press(Qt.Key_Escape, "audit");
         compare(model.searchText, "aud", "the list is as it was left");
-        fixture.trash(["notes"]);
-        settle();
+        trash("notes");
         clickUntil("Corbeille", "notes");
         verifyShown("Rechercher dans la corbeille");
         clickUntil("À réparer", "Rechercher dans «\u00a0À réparer\u00a0»");

@@ -39,8 +39,7 @@ ScreenTest {
         press(Qt.Key_Tab, Qt.Key_Return);
         awaitGone("Plus tard");
         compare(fixture.keptTexts(), ["brouillon de notes"]);
-        model.selectSkill(fixture.idOf("notes"));
-        awaitText("Garder");
+        selectSkill("notes", "Garder");
     }
 
     function test_only_the_text_that_was_asked_about_is_deleted() {
@@ -60,13 +59,11 @@ ScreenTest {
         openShell(["audit"]);
         fixture.keep("audit", "brouillon");
         fixture.remove("workspace/skills/audit/SKILL.md");
-        model.selectSkill(fixture.idOf("audit"));
-        awaitText(/^Un texte de «\u00a0audit\u00a0» n’a pas été enregistré\. L’éditeur le reprendra dès que/);
+        selectSkill("audit", /^Un texte de «\u00a0audit\u00a0» n’a pas été enregistré\. L’éditeur le reprendra dès que/);
         click("Copier le texte");
         tryVerify(() => fixture.clipboard() === "brouillon");
         fixture.write("workspace/skills/audit/SKILL.md", "name: audit");
-        model.selectSkill(fixture.idOf("audit"));
-        awaitText("Garder");
+        selectSkill("audit", "Garder");
         awaitGone("Copier le texte");
     }
 }

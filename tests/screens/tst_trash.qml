@@ -8,8 +8,7 @@ ScreenTest {
 
     function openTrash(slugs) {
         openShell(slugs.concat("reste"));
-        fixture.trash(slugs);
-        settle();
+        trash(...slugs);
         model.selectedDestination = AppStates.Destination.trash;
         awaitText("CORBEILLE");
         tryVerify(() => shows(slugs[0]));
