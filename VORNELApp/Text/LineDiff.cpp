@@ -23,12 +23,12 @@ constexpr qsizetype mostLines = 5'000;
 constexpr qsizetype mostComparedLines = 200'000;
 
 /// The library for as long as the program runs.
-class Library
+class GitLibrary
 {
 public:
-    Library() { git_libgit2_init(); }
-    ~Library() { git_libgit2_shutdown(); }
-    Q_DISABLE_COPY_MOVE(Library)
+    GitLibrary() { git_libgit2_init(); }
+    ~GitLibrary() { git_libgit2_shutdown(); }
+    Q_DISABLE_COPY_MOVE(GitLibrary)
 };
 
 bool isText(QByteArrayView bytes)
@@ -140,7 +140,7 @@ std::optional<QList<DiffLine>> lineDiff(QByteArrayView before, QByteArrayView af
     if (before.count('\n') + after.count('\n') > mostComparedLines)
         return {{remark(Kind::hunk, u"Trop de lignes pour une comparaison"_s)}};
 
-    static const Library library;
+    static const GitLibrary library;
     git_diff_options options = GIT_DIFF_OPTIONS_INIT;
     options.flags = GIT_DIFF_FORCE_TEXT;
     options.context_lines = 3;
