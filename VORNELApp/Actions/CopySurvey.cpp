@@ -1,6 +1,6 @@
 #include "CopySurvey.h"
 
-#include <VORNELApp/Copies/FoundCopies.h>
+#include <VORNELApp/Model/Answer.h>
 
 #include <algorithm>
 
@@ -47,20 +47,26 @@ void CopySurvey::run(const QSet<QUuid> &ids)
     m_unexplainedCopies = 0;
     m_sawEveryCopy = true;
     setRunning(true);
-    look(this, m_life, m_model, m_ids, ++m_request);
+    m_waiting = m_ids.values();
+    ++m_request;
+    lookAtNext();
 }
 
-QCoro::Task<> CopySurvey::look(CopySurvey *self, std::weak_ptr<const bool> life, AppModel *model,
-                               QSet<QUuid> ids, int request)
+void CopySurvey::lookAtNext()
 {
-    for (const QUuid &id : std::as_const(ids)) {
-        const QList<CopyInspection> inspections = co_await foundCopies(model->inspector().inspectCopies(id));
-        if (life.expired() || self->m_request != request)
-            co_return;
-        self->note(inspections);
+    if (m_waiting.isEmpty()) {
+        setRunning(false);
+        Q_EMIT finished();
+        return;
     }
-    self->setRunning(false);
-    Q_EMIT self->finished();
+    QCoro::connect(
+        answerOf(m_model->inspector().inspectCopies(m_waiting.takeLast())), this,
+        [this, request = m_request](const Answer<QList<CopyInspection>> &answer) {
+            if (m_request != request)
+                return;
+            note(answer.value.value_or(QList<CopyInspection>())); // none of a skill that can't be read
+            lookAtNext();
+        });
 }
 
 void CopySurvey::note(const QList<CopyInspection> &inspections)

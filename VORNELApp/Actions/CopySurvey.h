@@ -2,8 +2,6 @@
 
 #include <VORNELApp/Model/AppModel.h>
 
-#include <memory>
-
 namespace vornel {
 
 /// A look at the copies of several skills, one skill after another, before they are synchronised.
@@ -50,14 +48,13 @@ Q_SIGNALS:
 
 private:
     void run(const QSet<QUuid> &ids);
-    static QCoro::Task<> look(CopySurvey *self, std::weak_ptr<const bool> life, AppModel *model,
-                              QSet<QUuid> ids, int request);
+    void lookAtNext();
     void note(const QList<CopyInspection> &inspections);
     void setRunning(bool isRunning);
 
-    const std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true); ///< expires with this
     AppModel *m_model = nullptr;
     QSet<QUuid> m_ids;
+    QList<QUuid> m_waiting; ///< those that are still to be looked at
     int m_editedCopies = 0;
     int m_unexplainedCopies = 0;
     bool m_sawEveryCopy = true;

@@ -104,7 +104,7 @@ Sheet {
             width: parent.width - files.width - parent.spacing
         }
     }
-    CopyComparison {
+    FileComparison {
         id: comparison
 
         model: sheet.model

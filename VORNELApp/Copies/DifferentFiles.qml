@@ -8,7 +8,7 @@ import VORNELDesignSystem
 Surface {
     id: list
 
-    required property CopyDifferences model
+    required property DifferentFileList model
     property alias currentIndex: view.currentIndex
     readonly property alias count: view.count
 

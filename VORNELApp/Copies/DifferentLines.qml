@@ -12,7 +12,7 @@ import VORNELDesignSystem
 Surface {
     id: pane
 
-    required property CopyComparison comparison
+    required property FileComparison comparison
 
     /** Where the selection began, which goes on to the current line; -1 without one. */
     property int anchor: -1

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CopyDifferences.h"
+#include "DifferentFileList.h"
 
 #include <VORNELCore/Services/CopyInspecting.h>
 
@@ -18,7 +18,7 @@ class SkillCopies : public QObject
     Q_PROPERTY(bool hasUnreadable READ hasUnreadable NOTIFY changed)
     Q_PROPERTY(bool hasFailed READ hasFailed NOTIFY changed)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
-    Q_PROPERTY(vornel::CopyDifferences *differences READ differences CONSTANT)
+    Q_PROPERTY(vornel::DifferentFileList *differences READ differences CONSTANT)
 
 public:
     explicit SkillCopies(CopyInspecting &inspector) : m_inspector(inspector) {}
@@ -46,7 +46,7 @@ public:
     QString problem() const { return m_problem; }
 
     /// What differs, copy by copy.
-    CopyDifferences *differences() { return &m_differences; }
+    DifferentFileList *differences() { return &m_differences; }
 
     /// Looks at the copies, if there is a skill; `looked` follows the last look.
     void look();
@@ -62,7 +62,7 @@ private:
     QUuid m_skillID;
     QList<CopyInspection> m_inspections;
     QString m_problem;
-    CopyDifferences m_differences;
+    DifferentFileList m_differences;
     int m_request = 0; ///< counts the looks: only the last one is shown
 };
 

@@ -29,7 +29,7 @@ Sheet {
         height: Math.max(200, (sheet.parent?.height ?? 0) - 340)
         width: parent.width
     }
-    CopyComparison {
+    FileComparison {
         id: comparison
 
         model: sheet.model

@@ -1,6 +1,6 @@
 #include "TargetOccupants.h"
 
-#include <QCoro/QCoroFuture>
+#include <VORNELApp/Model/Answer.h>
 
 #include <algorithm>
 
@@ -54,25 +54,15 @@ TargetOccupants::ImportPlaces TargetOccupants::importPlaces() const
 
 void TargetOccupants::lookAt(const QList<TargetPlace> &places)
 {
-    ++m_request;
+    using Folders = QList<TargetOccupant>;
+    const int request = ++m_request;
     if (places.isEmpty())
-        show({});
-    else
-        find(this, m_model, places, m_request);
-}
-
-QCoro::Task<> TargetOccupants::find(QPointer<TargetOccupants> self, AppModel *model,
-                                    QList<TargetPlace> places, int request)
-{
-    QList<TargetOccupant> folders;
-    QString problem;
-    try {
-        folders = co_await model->inspector().occupants(places);
-    } catch (const std::exception &error) {
-        problem = AppModel::message(error);
-    }
-    if (!self.isNull() && self->m_request == request)
-        self->show(folders, problem);
+        return show({});
+    QCoro::connect(answerOf(m_model->inspector().occupants(places)), this,
+                   [this, request](const Answer<Folders> &answer) {
+                       if (m_request == request)
+                           show(answer.value.value_or(Folders()), answer.outcome.message);
+                   });
 }
 
 void TargetOccupants::show(const QList<TargetOccupant> &folders, const QString &problem)

@@ -2,8 +2,6 @@
 
 #include <VORNELApp/Model/AppModel.h>
 
-#include <QPointer>
-
 namespace vornel {
 
 /// What stands in the way, and isn't VORNEL's own, where a skill is created, restored or imported.
@@ -51,8 +49,6 @@ private:
     /// The identifier of an import, and the places that it fills.
     using ImportPlaces = std::pair<QUuid, QList<TargetPlace>>;
 
-    static QCoro::Task<> find(QPointer<TargetOccupants> self, AppModel *model, QList<TargetPlace> places,
-                              int request);
     ImportPlaces importPlaces() const;
     void lookAt(const QList<TargetPlace> &places);
     void show(const QList<TargetOccupant> &folders, const QString &problem = {});

@@ -1,6 +1,6 @@
 #include "AttentionList.h"
 
-#include <VORNELApp/Copies/FoundCopies.h>
+#include <VORNELApp/Model/Answer.h>
 
 #include <utility>
 
@@ -56,18 +56,15 @@ void AttentionList::look(QUuid id)
 
 void AttentionList::lookAtNext()
 {
-    if (!m_wanted.isEmpty()) {
-        inspect(this, model(), m_wanted.takeLast());
+    if (m_wanted.isEmpty()) {
+        m_isLooking = false;
         return;
     }
-    m_isLooking = false;
-}
-
-QCoro::Task<> AttentionList::inspect(QPointer<AttentionList> self, AppModel *model, QUuid id)
-{
-    const QList<CopyInspection> inspections = co_await foundCopies(model->inspector().inspectCopies(id));
-    if (!self.isNull())
-        self->show(id, inspections);
+    const QUuid id = m_wanted.takeLast();
+    QCoro::connect(answerOf(model()->inspector().inspectCopies(id)), this,
+                   [this, id](const Answer<QList<CopyInspection>> &answer) {
+                       show(id, answer.value.value_or(QList<CopyInspection>()));
+                   });
 }
 
 void AttentionList::show(const QUuid &id, const QList<CopyInspection> &inspections)

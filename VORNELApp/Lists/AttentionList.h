@@ -2,7 +2,6 @@
 
 #include <VORNELApp/Model/SkillList.h>
 
-#include <QPointer>
 #include <QTimer>
 
 namespace vornel {
@@ -29,7 +28,6 @@ protected:
 
 private:
     void lookAtNext();
-    static QCoro::Task<> inspect(QPointer<AttentionList> self, AppModel *model, QUuid id);
     void show(const QUuid &id, const QList<CopyInspection> &inspections);
 
     QHash<QUuid, QList<CopyInspection>> m_inspections;

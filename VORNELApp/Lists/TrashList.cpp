@@ -1,8 +1,7 @@
 #include "TrashList.h"
 
+#include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Library/Wording.h>
-
-#include <QCoro/QCoroFuture>
 
 #include <chrono>
 
@@ -39,21 +38,12 @@ void TrashList::complete(SkillEntry &entry) const
 
 void TrashList::renew()
 {
-    readDates(this);
-}
-
-QCoro::Task<> TrashList::readDates(QPointer<TrashList> self)
-{
-    QHash<QUuid, QDateTime> dates;
-    try {
-        dates = co_await self->model()->trashInspector().trashDates();
-    } catch (const std::exception &) {
-        dates.clear(); // the rows do without
-    }
-    if (self.isNull())
-        co_return;
-    self->m_dates = dates;
-    self->refresh();
+    using Dates = QHash<QUuid, QDateTime>;
+    QCoro::connect(answerOf(model()->trashInspector().trashDates()), this,
+                   [this](const Answer<Dates> &answer) {
+                       m_dates = answer.value.value_or(Dates()); // without which the rows do
+                       refresh();
+                   });
 }
 
 } // namespace vornel

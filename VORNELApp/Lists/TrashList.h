@@ -3,8 +3,6 @@
 #include <VORNELApp/Actions/SkillSelection.h>
 #include <VORNELApp/Model/SkillList.h>
 
-#include <QPointer>
-
 namespace vornel {
 
 /// The trashed skills, with the time at which each came there.
@@ -30,8 +28,6 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    static QCoro::Task<> readDates(QPointer<TrashList> self);
-
     SkillSelection *m_selection = nullptr;
     QHash<QUuid, QDateTime> m_dates;
 };

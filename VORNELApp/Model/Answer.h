@@ -31,4 +31,16 @@ QCoro::Task<Answer<T>> answerOf(QFuture<T> future)
     co_return answer;
 }
 
+/// The same where nothing is answered but how it ended.
+inline QCoro::Task<Outcome> outcomeOf(QFuture<void> future)
+{
+    Outcome outcome;
+    try {
+        co_await future;
+    } catch (const std::exception &error) {
+        outcome = Outcome::failedWith(error);
+    }
+    co_return outcome;
+}
+
 } // namespace vornel

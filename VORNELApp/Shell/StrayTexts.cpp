@@ -1,9 +1,9 @@
 #include "StrayTexts.h"
 
+#include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Records/SerializedForms.h>
 
 #include <QClipboard>
-#include <QCoro/QCoroFuture>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -23,11 +23,10 @@ bool contains(const QList<SkillSummary> &skills, const QUuid &id)
 
 void StrayTexts::componentComplete()
 {
-    const auto lookAgain = [this] { look(this, m_model); };
-    connect(m_model, &AppModel::overviewChanged, this, lookAgain);
-    connect(m_model, &AppModel::selectedSkillIDChanged, this, lookAgain);
-    connect(m_model, &AppModel::isDetailLoadingChanged, this, lookAgain); // by then its draft is read
-    lookAgain();
+    connect(m_model, &AppModel::overviewChanged, this, &StrayTexts::look);
+    connect(m_model, &AppModel::selectedSkillIDChanged, this, &StrayTexts::look);
+    connect(m_model, &AppModel::isDetailLoadingChanged, this, &StrayTexts::look); // by then its draft is read
+    look();
 }
 
 QString StrayTexts::notice() const
@@ -47,7 +46,13 @@ QUrl StrayTexts::folder() const
 
 void StrayTexts::copy()
 {
-    copyText(this, m_model, m_shown.first().id);
+    using Draft = std::optional<KeptDraft>;
+    QCoro::connect(answerOf(m_model->drafts().draft(m_shown.first().id)), this,
+                   [this](const Answer<Draft> &answer) {
+                       if (const Draft draft = answer.value.value_or(Draft()))
+                           QGuiApplication::clipboard()->setText(draft->text);
+                       conclude(answer.outcome);
+                   });
 }
 
 void StrayTexts::discard(const QString &place)
@@ -55,7 +60,8 @@ void StrayTexts::discard(const QString &place)
     const auto file =
         std::ranges::find(m_shown, place, [](const DraftFile &shown) { return pathText(shown.place); });
     if (file != m_shown.end())
-        deleteFile(this, m_model, *file);
+        QCoro::connect(outcomeOf(m_model->drafts().discardFile(*file)), this,
+                       [this](const Outcome &outcome) { conclude(outcome); });
 }
 
 void StrayTexts::postpone()
@@ -67,46 +73,18 @@ void StrayTexts::postpone()
     Q_EMIT changed();
 }
 
-QCoro::Task<> StrayTexts::look(QPointer<StrayTexts> self, AppModel *model)
+void StrayTexts::look()
 {
-    if (!model->overview())
-        co_return;
-    try {
-        const QList<DraftFile> files = co_await model->drafts().files();
-        if (!self.isNull())
-            self->show(files);
-    } catch (const std::exception &error) {
-        if (!self.isNull())
-            self->m_lookFailure =
-                u"Les textes non enregistrés n’ont pas pu être cherchés. "_s + AppModel::message(error);
-    }
-    if (!self.isNull())
-        Q_EMIT self->changed();
-}
-
-QCoro::Task<> StrayTexts::copyText(QPointer<StrayTexts> self, AppModel *model, QUuid id)
-{
-    QString failure;
-    try {
-        if (const auto draft = co_await model->drafts().draft(id))
-            QGuiApplication::clipboard()->setText(draft->text);
-    } catch (const std::exception &error) {
-        failure = AppModel::message(error);
-    }
-    if (!self.isNull())
-        self->conclude(failure);
-}
-
-QCoro::Task<> StrayTexts::deleteFile(QPointer<StrayTexts> self, AppModel *model, DraftFile file)
-{
-    QString failure;
-    try {
-        co_await model->drafts().discardFile(file);
-    } catch (const std::exception &error) {
-        failure = AppModel::message(error);
-    }
-    if (!self.isNull())
-        self->conclude(failure);
+    if (!m_model->overview())
+        return;
+    QCoro::connect(answerOf(m_model->drafts().files()), this, [this](const Answer<QList<DraftFile>> &answer) {
+        if (answer.value)
+            show(*answer.value);
+        else
+            m_lookFailure =
+                u"Les textes non enregistrés n’ont pas pu être cherchés. "_s + answer.outcome.message;
+        Q_EMIT changed();
+    });
 }
 
 bool StrayTexts::isStray(const DraftFile &file) const
@@ -153,10 +131,10 @@ void StrayTexts::show(const QList<DraftFile> &files)
 }
 
 /// Looks again after an action on the text: one that could not be read has been set aside.
-void StrayTexts::conclude(const QString &failure)
+void StrayTexts::conclude(const Outcome &outcome)
 {
-    m_failure = failure;
-    look(this, m_model);
+    m_failure = outcome.message;
+    look();
 }
 
 } // namespace vornel

@@ -2,7 +2,6 @@
 
 #include <VORNELApp/Model/AppModel.h>
 
-#include <QPointer>
 #include <QQmlParserStatus>
 #include <QUrl>
 
@@ -54,14 +53,12 @@ Q_SIGNALS:
     void changed();
 
 private:
-    static QCoro::Task<> look(QPointer<StrayTexts> self, AppModel *model);
-    static QCoro::Task<> copyText(QPointer<StrayTexts> self, AppModel *model, QUuid id);
-    static QCoro::Task<> deleteFile(QPointer<StrayTexts> self, AppModel *model, DraftFile file);
+    void look();
     bool isStray(const DraftFile &file) const;
     QString nameOf(const QUuid &id) const;
     QString descriptionOf(const DraftFile &file) const;
     void show(const QList<DraftFile> &files);
-    void conclude(const QString &failure);
+    void conclude(const Outcome &outcome);
 
     AppModel *m_model = nullptr;
     QList<DraftFile> m_shown;

@@ -10,7 +10,7 @@
 namespace vornel {
 
 /// The lines in which a file of a skill's folder or of an assistant's copy, or a text, differs from another.
-class CopyComparison : public QAbstractListModel
+class FileComparison : public QAbstractListModel
 {
     Q_OBJECT
     QML_ELEMENT

@@ -1,4 +1,4 @@
-#include "CopyDifferences.h"
+#include "DifferentFileList.h"
 
 #include <VORNELCore/Records/ImportModels.h>
 
@@ -36,7 +36,7 @@ QString wording(FileChange change)
 
 } // namespace
 
-void CopyDifferences::setInspections(const QList<CopyInspection> &inspections)
+void DifferentFileList::setInspections(const QList<CopyInspection> &inspections)
 {
     beginResetModel();
     m_rows.clear();
@@ -47,12 +47,12 @@ void CopyDifferences::setInspections(const QList<CopyInspection> &inspections)
     endResetModel();
 }
 
-int CopyDifferences::rowCount(const QModelIndex &parent) const
+int DifferentFileList::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
 }
 
-QVariant CopyDifferences::data(const QModelIndex &index, int role) const
+QVariant DifferentFileList::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
@@ -73,7 +73,7 @@ QVariant CopyDifferences::data(const QModelIndex &index, int role) const
     }
 }
 
-QHash<int, QByteArray> CopyDifferences::roleNames() const
+QHash<int, QByteArray> DifferentFileList::roleNames() const
 {
     return {{TargetRole, "target"},
             {AssistantRole, "assistant"},

@@ -8,7 +8,7 @@
 namespace vornel {
 
 /// The files in which the copies of a skill differ from its canonical folder, copy by copy.
-class CopyDifferences : public QAbstractListModel
+class DifferentFileList : public QAbstractListModel
 {
     Q_OBJECT
     QML_ELEMENT

@@ -1,4 +1,4 @@
-#include "CopyComparison.h"
+#include "FileComparison.h"
 
 #include <VORNELApp/Model/Answer.h>
 
@@ -30,7 +30,7 @@ QString sign(DiffLine::Kind kind)
 
 } // namespace
 
-void CopyComparison::compare(TargetKind target, const QString &path)
+void FileComparison::compare(TargetKind target, const QString &path)
 {
     if (!path.endsWith(u'/')) {
         begin(std::nullopt, target, path);
@@ -40,17 +40,17 @@ void CopyComparison::compare(TargetKind target, const QString &path)
     show({{}, u"Dossier vide."_s}); // else it would not be listed
 }
 
-void CopyComparison::compareWithText(TargetKind target, const QString &path, const QString &text)
+void FileComparison::compareWithText(TargetKind target, const QString &path, const QString &text)
 {
     begin(text, target, path);
 }
 
-void CopyComparison::compareText(const QString &path, const QString &text)
+void FileComparison::compareText(const QString &path, const QString &text)
 {
     begin(std::nullopt, text, path);
 }
 
-void CopyComparison::copy(int first, int last) const
+void FileComparison::copy(int first, int last) const
 {
     QStringList texts;
     for (int row = std::max(0, first); row <= last; ++row) {
@@ -62,7 +62,7 @@ void CopyComparison::copy(int first, int last) const
         QGuiApplication::clipboard()->setText(texts.join(u'\n'));
 }
 
-void CopyComparison::begin(const Side &before, const Side &after, const QString &path)
+void FileComparison::begin(const Side &before, const Side &after, const QString &path)
 {
     show({});
     QCoro::connect(compare(bytes(before, path), bytes(after, path)), this,
@@ -72,14 +72,14 @@ void CopyComparison::begin(const Side &before, const Side &after, const QString 
                    });
 }
 
-QFuture<std::optional<QByteArray>> CopyComparison::bytes(const Side &side, const QString &path) const
+QFuture<std::optional<QByteArray>> FileComparison::bytes(const Side &side, const QString &path) const
 {
     if (const QString *text = std::get_if<QString>(&side))
         return QtFuture::makeReadyFuture(std::optional(text->toUtf8()));
     return m_model->inspector().readFile(m_skillID, std::get<Folder>(side), path);
 }
 
-QCoro::Task<CopyComparison::Result> CopyComparison::compare(QFuture<std::optional<QByteArray>> before,
+QCoro::Task<FileComparison::Result> FileComparison::compare(QFuture<std::optional<QByteArray>> before,
                                                             QFuture<std::optional<QByteArray>> after)
 {
     const auto former = co_await answerOf(std::move(before));
@@ -92,7 +92,7 @@ QCoro::Task<CopyComparison::Result> CopyComparison::compare(QFuture<std::optiona
                                          latter.value->value_or(QByteArray()));
 }
 
-CopyComparison::Result CopyComparison::difference(const QByteArray &before, const QByteArray &after)
+FileComparison::Result FileComparison::difference(const QByteArray &before, const QByteArray &after)
 {
     constexpr qsizetype largestText = 1'048'576;
     if (std::max(before.size(), after.size()) > largestText)
@@ -105,7 +105,7 @@ CopyComparison::Result CopyComparison::difference(const QByteArray &before, cons
     return {{}, before.isEmpty() ? u"Ce fichier est vide."_s : u"Il n’y a pas de différence."_s};
 }
 
-void CopyComparison::show(Result result)
+void FileComparison::show(Result result)
 {
     beginResetModel();
     m_result = std::move(result);
@@ -113,12 +113,12 @@ void CopyComparison::show(Result result)
     Q_EMIT explanationChanged();
 }
 
-int CopyComparison::rowCount(const QModelIndex &parent) const
+int FileComparison::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_result.lines.size());
 }
 
-QVariant CopyComparison::data(const QModelIndex &index, int role) const
+QVariant FileComparison::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
@@ -137,7 +137,7 @@ QVariant CopyComparison::data(const QModelIndex &index, int role) const
     }
 }
 
-QHash<int, QByteArray> CopyComparison::roleNames() const
+QHash<int, QByteArray> FileComparison::roleNames() const
 {
     return {
         {TextRole, "text"}, {SignRole, "sign"}, {OldNumberRole, "oldNumber"}, {NewNumberRole, "newNumber"}};
