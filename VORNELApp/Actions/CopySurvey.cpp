@@ -40,15 +40,15 @@ void CopySurvey::run(const QSet<QUuid> &ids)
         if (ids.contains(skill.id))
             active.insert(skill.id);
     }
+    ++m_request;
     m_ids = active; // not earlier: `ids` may be this very set
     if (m_ids.isEmpty())
-        return;
+        return setRunning(false);
     m_editedCopies = 0;
     m_unexplainedCopies = 0;
     m_sawEveryCopy = true;
     setRunning(true);
     m_waiting = m_ids.values();
-    ++m_request;
     lookAtNext();
 }
 

@@ -61,13 +61,13 @@ Item {
             enabled: !chooser.model.isWorking
             symbol: "folder"
             text: "Déplacer" + chooser.all + "…"
-            onTriggered: commands.follow(() => chooser.chooseCategory())
+            onSettled: chooser.chooseCategory()
         }
         ActionMenuItem {
             enabled: !chooser.model.isWorking
             symbol: "folder-sync"
             text: "Synchroniser" + chooser.all
-            onTriggered: commands.follow(() => chooser.synchronizationAsked())
+            onSettled: chooser.synchronizationAsked()
         }
         ActionMenuItem {
             enabled: chooser.isAlone
@@ -85,7 +85,7 @@ Item {
             isDestructive: true
             symbol: "trash-2"
             text: "Placer" + chooser.all + " dans la corbeille"
-            onTriggered: commands.follow(() => chooser.trashAsked())
+            onSettled: chooser.trashAsked()
         }
         Instantiator {
             model: chooser.unreadable

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <VORNELApp/Lists/FixedRowListModel.h>
 #include <VORNELApp/Model/AppModel.h>
-#include <VORNELApp/Model/FixedRowListModel.h>
 
 namespace vornel {
 

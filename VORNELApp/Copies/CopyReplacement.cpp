@@ -42,7 +42,7 @@ void CopyReplacement::begin(Purpose purpose, const QString &newText, Step step)
 
 void CopyReplacement::judge()
 {
-    if (!isLooking() || m_operations.isWorking()) // after which it looks again
+    if (!isLooking() || m_operations.isWorking()) // the owner looks again when the work ends
         return;
     const bool isInVain = m_purpose == Synchronising && m_copies.hasUnreadable();
     if (isInVain || m_copies.hasDrifted() || !m_copies.problem().isEmpty())

@@ -50,7 +50,7 @@ public:
     /// Shows the copies in any case, and offers to synchronise them.
     Q_INVOKABLE void show();
 
-    /// The user lets them be replaced; or not; or is gone elsewhere, before or after he was asked.
+    /// Ends the look or the question: the copies may be replaced; or not, also because the user has left.
     Q_INVOKABLE void agree();
     Q_INVOKABLE void decline();
 

@@ -23,13 +23,18 @@ Sheet {
                                      : "Claude et Codex ont déjà un dossier de ce nom.";
     }
 
+    /** The identifier under which another folder may stand. */
+    property string askedSlug
+
     function create(): void {
-        const slug = form.slug;
-        if (!occupied.isAsking)
-            occupied.ask(slug, () => {
-                if (sheet.isUsed && form.slug === slug)
-                    form.submit();
-            });
+        if (occupied.isAsking)
+            return;
+        askedSlug = form.slug;
+        occupied.ask(askedSlug);
+    }
+    function submit(): void {
+        if (isUsed && form.slug === askedSlug)
+            form.submit();
     }
 
     function leave(): void {
@@ -70,7 +75,9 @@ Sheet {
                 return "La compétence n’est pas créée";
             return canAccept ? "Le dossier «\u00A0" + form.slug + "\u00A0» existe déjà" : "Le nom «\u00A0" + form.slug + "\u00A0» est déjà pris";
         }
+        onAccepted: sheet.submit()
         onRejected: formerFocus = slug
+        onUnoccupied: sheet.submit()
     }
     Connections {
         function onLeft(exit: int) {

@@ -49,7 +49,7 @@ void DraftKeeper::keepNow()
     if (!m_isUnsaved)
         return;
     m_delay.stop();
-    m_write.reset(); // it is over before what follows, and nobody need hear of it
+    m_write.reset(); // its result no longer matters: what follows is written after it
     const QDeadlineTimer patience(lastPatience);
     for (writeNow(); !m_failure.isEmpty() && !patience.hasExpired(); writeNow())
         QThread::msleep(lastDelay.count());

@@ -29,7 +29,7 @@ public:
     /// Keeps what is unsaved before it returns, and tries that for five seconds.
     void keepNow();
 
-    /// Nothing is unsaved any more: what is kept goes.
+    /// Deletes the kept text, since nothing is unsaved any more.
     void forget();
 
     /// Writes nothing more, and leaves what is kept.

@@ -166,8 +166,7 @@ void SkillDraft::measure()
     Q_EMIT edited();
 }
 
-/// There are no edits any more. New ones begin with the saved text, whatever those began with that were
-/// found.
+/// There are no edits any more. The next ones begin with the saved text, also where recovered ones did not.
 void SkillDraft::settle()
 {
     m_keeper->forget();

@@ -141,9 +141,9 @@ private:
     std::optional<DraftKeeper> m_keeper;
     QUuid m_skillID;
     QString m_diskText;      ///< of the skill as it was last read
-    QString m_savedText;     ///< what the skill holds, as far as is known here; the edits began with it
+    QString m_savedText;     ///< what the skill holds, as far as is known here
     QByteArray m_knownBytes; ///< that a save may replace; the saved text's, unless that isn't one
-    QString m_otherBase;     ///< unless they were found, and began with the text of this digest
+    QString m_otherBase;     ///< digest of the text that recovered edits began with; empty for the saved one
     std::optional<QString> m_sentText; ///< what is being saved, until the skill is known to hold it
     bool m_isSaving = false;
     QString m_foundMoment;

@@ -16,12 +16,6 @@ RowLayout {
 
     spacing: Metrics.medium
 
-    Timer {
-        id: question
-
-        interval: 0 // once the menu has given the keyboard back
-        onTriggered: bar.trashAsked()
-    }
     ActionButton {
         symbol: "chevron-left"
         text: "Bibliothèque"
@@ -65,7 +59,7 @@ RowLayout {
                 isDestructive: true
                 symbol: "trash-2"
                 text: "Placer dans la corbeille"
-                onTriggered: question.start()
+                onSettled: bar.trashAsked()
             }
         }
     }

@@ -92,7 +92,7 @@ void OpenSkill::followDraft()
     Q_EMIT stateChanged();
 }
 
-/// With the text that was refused goes what is said of it.
+/// Once the refused text is another, the refusal no longer applies.
 void OpenSkill::followEdits()
 {
     if (!m_refusal && m_draft.differsFrom(m_refusedText)) {

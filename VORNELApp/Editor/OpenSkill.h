@@ -2,7 +2,7 @@
 
 #include <VORNELApp/Copies/CopyReplacement.h>
 #include <VORNELApp/Drafts/SkillDraft.h>
-#include <VORNELApp/Model/Departure.h>
+#include <VORNELApp/Leaving/Departure.h>
 #include <VORNELApp/Model/Library.h>
 #include <VORNELApp/Model/SelectedSkill.h>
 
@@ -22,8 +22,7 @@ class OpenSkill : public QObject
     Q_PROPERTY(vornel::CopyReplacement *replacement READ replacement CONSTANT)
 
 public:
-    /// How the skill stands; where several hold, the last of them. What it is apart from what is under way,
-    /// the draft tells.
+    /// How the skill stands. Where several hold, the later one counts; what it hides, the draft tells.
     enum State {
         Closed,          ///< nothing is edited
         Clean,           ///< the text is the saved one

@@ -65,7 +65,7 @@ QCoro::Task<bool> OpenSkill::isUnchanged()
     if (!isEditing(id))
         co_return false;
     if (isSame && isRefreshed)
-        m_draft.follow(*m_selected.detail()); // which may hold again what the edits began with
+        m_draft.follow(*m_selected.detail()); // the disk may hold the text again that the edits began with
     else if (bytes && !isSame && !isRefreshed)
         m_draft.setStale(); // whatever it is, it is not the text that was saved
     co_return bytes &&m_draft.standing() == SkillDraft::Current;

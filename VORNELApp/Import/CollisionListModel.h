@@ -1,7 +1,7 @@
 #pragma once
 
+#include <VORNELApp/Lists/KeyedListModel.h>
 #include <VORNELApp/Model/AppModel.h>
-#include <VORNELApp/Model/KeyedListModel.h>
 
 namespace vornel {
 

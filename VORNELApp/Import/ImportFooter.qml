@@ -38,12 +38,12 @@ Item {
     implicitHeight: 48
 
     Connections {
+        function onImported() {
+            footer.closed();
+        }
+
         function onIsWorkingChanged() {
-            if (!footer.isCommitting || footer.model.isWorking)
-                return;
-            footer.isCommitting = false;
-            if (footer.model.errorMessage === "")
-                footer.closed();
+            footer.isCommitting = footer.isCommitting && footer.model.isWorking;
         }
 
         target: footer.model
@@ -113,7 +113,7 @@ Item {
         role: ActionButton.Primary
         symbol: "arrow-right"
         text: footer.acceptText
-        onClicked: if (!occupied.isAsking) occupied.askForImport(() => footer.commit())
+        onClicked: if (!occupied.isAsking) occupied.askForImport()
     }
     OccupiedQuestion {
         id: occupied
@@ -126,5 +126,7 @@ Item {
                 return "L’import ne peut pas commencer";
             return count === 1 ? "Remplacer 1 dossier\u00A0?" : "Remplacer " + count + " dossiers\u00A0?";
         }
+        onAccepted: footer.commit()
+        onUnoccupied: footer.commit()
     }
 }

@@ -17,12 +17,6 @@ Sheet {
     /** What the user reads before the general explanation. */
     property string message
 
-    /** What runs once the user has agreed. */
-    property var action
-
-    /** What runs where no folder is in the way. */
-    property var freeAction
-
     /** What was found: by its own look, or by that of the screen that shows it too. */
     property TargetOccupants occupants: own
     readonly property TargetOccupants own: TargetOccupants {
@@ -32,7 +26,8 @@ Sheet {
     /** Whether what was found can be replaced. */
     readonly property bool canAccept: occupants.canBeReplaced
 
-    readonly property bool isAsking: action !== undefined
+    /** Whether an answer is waited for: that of the look, or the user's. */
+    property bool isAsking: false
 
     /** How many places are taken. */
     readonly property int count: occupants.count
@@ -50,59 +45,62 @@ Sheet {
                              + "S’ils sont remplacés, ils restent gardés tels quels dans l’historique des compétences.";
     }
 
+    /** No folder is in the way. */
+    signal unoccupied
+
+    /** The user agrees to replace the folders. */
+    signal accepted
+
     /** The folders are to stay as they are. */
     signal rejected
 
-    /** Runs `action` once nothing stands under the slug, or the user has agreed to replace it. */
-    function ask(slug: string, action: var): void {
-        prepare(action, action);
+    /** Asks if a folder stands under the slug. */
+    function ask(slug: string): void {
+        isAsking = true;
         occupants.look([slug]);
     }
 
     /** The same for the skills of the trash that have these slugs. */
-    function askForRestored(slugs: var, action: var, freeAction: var): void {
-        prepare(action, freeAction);
+    function askForRestored(slugs: var): void {
+        isAsking = true;
         occupants.lookForRestored(slugs);
     }
 
     /** The same for the import that is planned. */
-    function askForImport(action: var): void {
-        prepare(action, action);
+    function askForImport(): void {
+        isAsking = true;
         occupants.lookForImport();
     }
 
-    /** Drops what waits, since whoever asked is gone. */
+    /** Answers nothing any more, since whoever asked is gone. */
     function forget(): void {
-        prepare(undefined, undefined);
-    }
-    function prepare(action: var, freeAction: var): void {
-        question.action = action;
-        question.freeAction = freeAction;
-    }
-    function run(chosen: var): void {
-        forget();
-        chosen();
+        isAsking = false;
     }
 
     firstFocus: reject
     implicitWidth: Math.min(640, parent.width - 2 * Metrics.page)
     onAboutToHide: {
         if (!isAccepted) {
-            action = undefined;
+            isAsking = false;
             rejected();
         }
     }
     onAboutToShow: isAccepted = false
-    onClosed: if (isAccepted) run(action)
+    onClosed: {
+        if (!isAccepted)
+            return;
+        isAsking = false;
+        accepted();
+    }
 
     Connections {
         function onLooked() {
             if (!question.isAsking || question.isUsed)
                 return;
             if (question.count > 0 || question.occupants.problem !== "")
-                question.open();
-            else
-                question.run(question.freeAction);
+                return question.open();
+            question.isAsking = false;
+            question.unoccupied();
         }
 
         target: question.occupants

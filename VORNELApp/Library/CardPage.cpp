@@ -14,7 +14,7 @@ CardPage::CardPage(QObject *parent) : QObject(parent)
     for (const auto given : {&CardPage::modelChanged, &CardPage::selectionChanged})
         connect(this, given, this, &CardPage::follow);
     connect(this, &CardPage::columnsChanged, this, &CardPage::refresh);
-    startTimer(1min); // for the ages
+    startTimer(1min); // as the ages that are shown change
 }
 
 void CardPage::setCurrentPage(int page)

@@ -3,7 +3,7 @@
 #include "LibraryCard.h"
 
 #include <VORNELApp/Actions/SkillSelection.h>
-#include <VORNELApp/Model/FixedRowListModel.h>
+#include <VORNELApp/Lists/FixedRowListModel.h>
 
 namespace vornel {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELApp/Model/SkillList.h>
+#include "SkillList.h"
 
 #include <QTimer>
 

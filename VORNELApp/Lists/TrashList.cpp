@@ -12,7 +12,7 @@ namespace vornel {
 
 TrashList::TrashList(QObject *parent) : SkillList(Destination::trash, parent)
 {
-    startTimer(1min); // for the ages
+    startTimer(1min); // as the ages that are shown change
 }
 
 void TrashList::setSelection(SkillSelection *selection)

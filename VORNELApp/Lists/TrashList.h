@@ -1,7 +1,8 @@
 #pragma once
 
+#include "SkillList.h"
+
 #include <VORNELApp/Actions/SkillSelection.h>
-#include <VORNELApp/Model/SkillList.h>
 
 namespace vornel {
 

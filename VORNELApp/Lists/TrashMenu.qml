@@ -33,7 +33,7 @@ ActionMenu {
         enabled: !menu.model.isWorking
         symbol: "undo-2"
         text: "Restaurer" + menu.all
-        onTriggered: menu.follow(() => menu.restorationAsked(menu.skill))
+        onSettled: menu.restorationAsked(menu.skill)
     }
     ActionMenuItem {
         symbol: menu.isSelected ? "circle" : "circle-check"
@@ -45,6 +45,6 @@ ActionMenu {
         isDestructive: true
         symbol: "trash-2"
         text: menu.isAlone ? "Supprimer définitivement" : "Supprimer" + menu.all + " définitivement"
-        onTriggered: menu.follow(() => menu.deletionAsked(menu.skill))
+        onSettled: menu.deletionAsked(menu.skill)
     }
 }

@@ -27,7 +27,7 @@ Item {
 
     function askToRestore(skill: var): void {
         if (canAsk)
-            occupied.askForRestored(choose(skill), () => restore(), () => restoration.open());
+            occupied.askForRestored(choose(skill));
     }
     function askToDelete(skill: var): void {
         if (canAsk) {
@@ -75,7 +75,9 @@ Item {
         message: canAccept ? restoration.message : ""
         model: questions.model
         title: restoration.title
+        onAccepted: questions.restore()
         onClosed: questions.closed()
+        onUnoccupied: restoration.open()
     }
     ConfirmationDialog {
         id: deletion

@@ -71,6 +71,8 @@ void AppModel::forwardChanges()
     connect(&m_operations, &Operations::isWorkingChanged, this, &AppModel::canCommitImportChanged);
     connect(&m_operations, &Operations::isBusyChanged, this, &AppModel::isBusyChanged);
     connect(&m_operations, &Operations::errorMessageChanged, this, &AppModel::errorMessageChanged);
+    connect(&m_operations, &Operations::isSynchronizationIncompleteChanged, this,
+            &AppModel::isSynchronizationIncompleteChanged);
     connect(&m_operations, &Operations::confirmationChanged, this, &AppModel::transientMessageChanged);
     connect(&m_operations, &Operations::confirmed, this, &AppModel::confirmed);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Departure.h"
 #include "Library.h"
 #include "SelectedSkill.h"
 #include "StartUp.h"
@@ -8,6 +7,7 @@
 #include <VORNELApp/Actions/SkillBatch.h>
 #include <VORNELApp/Editor/OpenSkill.h>
 #include <VORNELApp/Import/ImportSession.h>
+#include <VORNELApp/Leaving/Departure.h>
 
 #include <QUrl>
 
@@ -43,7 +43,8 @@ class AppModel : public QObject
     Q_PROPERTY(bool isWorking READ isWorking NOTIFY isWorkingChanged)
     Q_PROPERTY(bool isDetailLoading READ isDetailLoading NOTIFY isDetailLoadingChanged)
     Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY errorMessageChanged)
-    Q_PROPERTY(bool isSynchronizationIncomplete READ isSynchronizationIncomplete NOTIFY errorMessageChanged)
+    Q_PROPERTY(bool isSynchronizationIncomplete READ isSynchronizationIncomplete NOTIFY
+                   isSynchronizationIncompleteChanged)
     Q_PROPERTY(QString transientMessage READ transientMessage NOTIFY transientMessageChanged)
     Q_PROPERTY(bool canCommitImport READ canCommitImport NOTIFY canCommitImportChanged)
     Q_PROPERTY(int needsAttentionCount READ needsAttentionCount NOTIFY overviewChanged)
@@ -237,6 +238,7 @@ Q_SIGNALS:
     void isWorkingChanged();
     void isDetailLoadingChanged();
     void errorMessageChanged();
+    void isSynchronizationIncompleteChanged();
     void transientMessageChanged();
     void canCommitImportChanged();
     void commitProgressChanged();
@@ -244,6 +246,9 @@ Q_SIGNALS:
 
     /// The workspace was read. The overview may be as before, while what it doesn't tell has changed.
     void overviewRead();
+
+    /// An import has been committed.
+    void imported();
 
     /// An action confirmed its success. Also sent when the confirmation reads like the one before.
     void confirmed();

@@ -51,6 +51,7 @@ void AppModel::commitImport()
         m_startUp.complete();
         setSelectedDestination(Destination::library);
         m_operations.confirm(u"PRÊT"_s);
+        Q_EMIT imported();
     });
 }
 

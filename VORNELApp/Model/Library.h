@@ -2,8 +2,8 @@
 
 #include "AppStates.h"
 #include "Operations.h"
-#include "WrongCopies.h"
 
+#include <VORNELApp/Copies/WrongCopies.h>
 #include <VORNELCore/Library/LibraryQuery.h>
 #include <VORNELCore/Services/WindowServicing.h>
 

@@ -16,8 +16,9 @@ Outcome Operations::fail(const std::exception &error)
 void Operations::showFailure(const Outcome &failure)
 {
     const Outcome former = std::exchange(m_failure, failure);
-    if (former.message != failure.message ||
-        former.isSynchronizationIncomplete() != failure.isSynchronizationIncomplete())
+    if (former.isSynchronizationIncomplete() != failure.isSynchronizationIncomplete())
+        Q_EMIT isSynchronizationIncompleteChanged();
+    if (former.message != failure.message)
         Q_EMIT errorMessageChanged();
 }
 

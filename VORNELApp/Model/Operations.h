@@ -80,6 +80,7 @@ Q_SIGNALS:
     void isBusyChanged();
     void isWorkingChanged();
     void errorMessageChanged();
+    void isSynchronizationIncompleteChanged();
     void confirmationChanged();
     void confirmed();
 

@@ -12,7 +12,7 @@ namespace vornel {
 
 namespace {
 
-/// With plain blanks in place of those that don't break.
+/// With blanks in place of no-break spaces.
 QString withPlainBlanks(QString text)
 {
     return text.replace(u'\u00A0', u' ').replace(u'\u202F', u' ');

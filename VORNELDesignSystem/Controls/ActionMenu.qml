@@ -10,29 +10,11 @@ T.Menu {
     /** Whether it was opened by the keyboard, for which its first command is the current one. */
     property bool isByKeyboard: false
 
-    /** The function that `follow` was given. */
-    property var next
-
-    readonly property Timer pause: Timer {
-        interval: 0
-        onTriggered: {
-            const action = menu.next;
-            menu.next = undefined;
-            action();
-        }
-    }
-
     function firstCommand(): int {
         let index = 0;
         while (index < count && !(itemAt(index) as ActionMenuItem)?.enabled)
             ++index;
         return index;
-    }
-
-    /** Calls a function once the menu has closed and given the keyboard back: one that opens a sheet, for example. */
-    function follow(action: var): void {
-        next = action;
-        pause.start();
     }
 
     implicitWidth: 240

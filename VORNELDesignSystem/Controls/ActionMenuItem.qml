@@ -13,6 +13,9 @@ T.MenuItem {
 
     readonly property color foreground: !enabled ? Colors.muted : isDestructive ? Colors.danger : Colors.text
 
+    /** Once the menu has closed and given the keyboard back: for what opens a sheet, for example. */
+    signal settled
+
     implicitWidth: 232
     implicitHeight: Metrics.controlHeight
     checked: isChosen
@@ -22,7 +25,17 @@ T.MenuItem {
 
     Accessible.name: text
     Accessible.onPressAction: if (enabled) triggered()
-    onTriggered: checked = Qt.binding(() => isChosen) // choosing it again would untick it
+    onTriggered: {
+        checked = Qt.binding(() => isChosen); // choosing it again would untick it
+        pause.start();
+    }
+
+    Timer {
+        id: pause
+
+        interval: 0
+        onTriggered: item.settled()
+    }
 
     background: Rectangle {
         color: item.highlighted ? Colors.hover : "transparent"

@@ -33,7 +33,7 @@ struct StagedFolder
 struct CommitResult
 {
     /// Where the folder that was replaced stands now, for the caller to remove; empty when there was none, or
-    /// it is kept. What stands on the stage also goes with it.
+    /// it is kept. One that stands on the stage is removed with it at the latest.
     std::filesystem::path former = {};
 
     std::exception_ptr failure = nullptr; ///< why it isn't in its place

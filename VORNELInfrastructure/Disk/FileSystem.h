@@ -73,7 +73,7 @@ enum class LockMode { Shared, Exclusive };
 /// step; the two entries are exchanged in one step.
 enum class RenameMode { ToFreePlace, OntoFile, Exchange };
 
-/// Every access to the disk, one step a call, so that a test can stand between any two.
+/// Every access to the disk, one step a call, so that a fault can be put between any two.
 ///
 /// A path is absolute; a name is one component. No link is followed below a root. Errors are a
 /// `std::filesystem::filesystem_error` with the code that is named here, among others; `symlinkUnsupported`

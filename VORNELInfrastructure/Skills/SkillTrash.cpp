@@ -124,8 +124,8 @@ void SkillTrash::remove(const QUuid &id) const
     m_workspace.failedSyncTargets.remove(id);
     discardBackups(m_workspace, id);
     const Configuration &config = m_workspace.config;
-    // When this is cut short, the next start deletes the history too, of the skill after which the folder is
-    // named.
+    // The staged folder has the skill's identifier for its name: when this is cut short, the next start finds
+    // by it the history to delete.
     const fs::path condemned = config.staging() / pathFromText(uuidText(id));
     moveTree(m_workspace.files, config.trashed(id), condemned);
     TrashMoments(m_workspace).forget(id);

@@ -63,7 +63,7 @@ public:
     Failures finish(const Install &install, const CopyResults &results) const;
 
 private:
-    /// What the history was found to hold all of, or not, by its digest.
+    /// By the digest of a content, whether the history holds all of it.
     using Looks = std::map<std::string, bool>;
 
     std::optional<StagedFolder> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,

@@ -2,8 +2,8 @@
 
 #include "Scratch.h"
 
-#include <VORNELApp/App/TerminationSignals.h>
 #include <VORNELApp/Drafts/DraftKeeper.h>
+#include <VORNELApp/Process/TerminationSignals.h>
 
 #include <QSignalSpy>
 #include <QTest>

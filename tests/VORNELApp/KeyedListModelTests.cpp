@@ -1,6 +1,6 @@
 /// The list that tells its views only what changed, checked against Qt's own tester of models.
 
-#include <VORNELApp/Model/KeyedListModel.h>
+#include <VORNELApp/Lists/KeyedListModel.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QAbstractItemModelTester>

@@ -2,8 +2,8 @@
 
 #include "Scratch.h"
 
-#include <VORNELApp/App/SingleInstance.h>
 #include <VORNELApp/App/WindowPlacement.h>
+#include <VORNELApp/Process/SingleInstance.h>
 #include <VORNELCore/Records/SerializedForms.h>
 
 #include <QElapsedTimer>

@@ -1,7 +1,6 @@
 #include "WrongCopies.h"
 
-#include "Answer.h"
-
+#include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Library/Wording.h>
 
 #include <algorithm>

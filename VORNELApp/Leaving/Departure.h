@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AppStates.h"
+#include <VORNELApp/Model/AppStates.h>
 
 #include <QObject>
 #include <QSet>
@@ -29,7 +29,7 @@ public:
 
     bool isGuarded() const { return !m_isForced && !m_guards.isEmpty(); }
 
-    /// Whether `guard` holds edits that would be lost. It must say so no more before it goes.
+    /// Whether `guard` holds edits that would be lost. Clear it before the guard is destroyed.
     void setGuarded(const QObject *guard, bool isGuarded);
 
     /// Whether the user is asked first.

@@ -1,8 +1,8 @@
 #include "SingleInstance.h"
 #include "StartOptions.h"
 #include "TerminationSignals.h"
-#include "VORNELApp.h"
 
+#include <VORNELApp/App/VORNELApp.h>
 #include <VORNELApp/Model/AppModel.h>
 #include <VORNELCore/Errors/ErrorMessage.h>
 #include <VORNELInfrastructure/Workspace/DefaultWorkspaceLocator.h>

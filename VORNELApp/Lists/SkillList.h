@@ -1,8 +1,9 @@
 #pragma once
 
-#include "AppModel.h"
 #include "KeyedListModel.h"
 #include "SkillEntry.h"
+
+#include <VORNELApp/Model/AppModel.h>
 
 namespace vornel {
 
