@@ -12,6 +12,10 @@ ErrorPanel {
     /** The user has dealt with it, and the keyboard can go back to the screen. */
     signal settled
 
+    function forget(): void {
+        isRemedying = false;
+    }
+
     remedy: model.isSynchronizationIncomplete && model.selectedDestination !== AppStates.Destination.needsAttention ? "À réparer" : ""
     text: model.errorMessage
     onDismissed: {
@@ -24,12 +28,19 @@ ErrorPanel {
     }
 
     Connections {
-        function onSelectedDestinationChanged() {
-            if (failure.isRemedying)
-                failure.settled();
-            failure.isRemedying = false;
+        function onIsPendingChanged() {
+            if (!failure.model.departure.isPending)
+                Qt.callLater(failure.forget); // after `left`, if the user has left
         }
 
-        target: failure.model
+        function onLeft(exit: int) {
+            if (!failure.isRemedying || exit !== Departure.ToDestination)
+                return;
+            failure.forget();
+            failure.model.clearError();
+            failure.settled();
+        }
+
+        target: failure.model.departure
     }
 }

@@ -85,6 +85,9 @@ void OpenSkill::followDraft()
 {
     if (!m_draft.isAttached()) {
         m_id = {};
+        m_isUnderWay = false;
+        if (m_isAskingToLeave)
+            m_departure.stay();
         m_replacement.decline();
         m_replacement.copies()->setSkillID({});
     }

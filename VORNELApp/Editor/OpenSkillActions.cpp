@@ -13,15 +13,18 @@ void OpenSkill::save()
         m_departure.resume();
     else if (m_operations.isWorking())
         m_departure.stay();
-    else if (!m_isUnderWay)
+    else if (state() != Saving && state() != AskingToReplace)
         checkAndSave();
 }
 
 QCoro::Task<> OpenSkill::checkAndSave()
 {
     const Operations::Running running(m_operations);
+    const QUuid id = m_id;
     setUnderWay(true);
     const bool mayGoOn = co_await isUnchanged();
+    if (m_id != id)
+        co_return;
     setUnderWay(false);
     if (mayGoOn)
         m_replacement.save(m_draft.text());
@@ -41,6 +44,7 @@ void OpenSkill::followReplacement(CopyReplacement::Purpose purpose)
 QCoro::Task<> OpenSkill::checkAndWrite()
 {
     const Operations::Running running(m_operations);
+    const QUuid id = m_id;
     const QString text = m_draft.text();
     Outcome outcome = Outcome::nothingDone();
     setUnderWay(true);
@@ -48,6 +52,8 @@ QCoro::Task<> OpenSkill::checkAndWrite()
         m_draft.beginSaving(text);
         outcome = co_await write(text);
     }
+    if (m_id != id)
+        co_return;
     setUnderWay(false);
     conclude(text, outcome);
 }
@@ -74,12 +80,14 @@ QCoro::Task<bool> OpenSkill::isUnchanged()
 /// The bytes of "SKILL.md", whatever they are, and none where it is missing; nothing when they can't be read.
 QCoro::Task<std::optional<QByteArray>> OpenSkill::readText()
 {
+    const QUuid id = m_id;
     m_operations.clearError();
     const auto answer = co_await answerOf(m_service->readFile(m_id, std::nullopt, u"SKILL.md"_s));
     if (answer.value)
         co_return answer.value->value_or(QByteArray());
     m_operations.showFailure(answer.outcome);
-    followFailure(answer.outcome);
+    if (isEditing(id))
+        followFailure(answer.outcome);
     co_return std::nullopt;
 }
 

@@ -57,7 +57,7 @@ QCoro::Task<> ImportSession::showDecided(QFuture<ImportPlan> decided)
 
 QFuture<WorkspaceOverview> ImportSession::commit()
 {
-    const QFuture<WorkspaceOverview> commit = m_service->commitImport(m_plan->id);
+    QFuture<WorkspaceOverview> commit = m_service->commitImport(m_plan->id);
     setProgress(0);
     auto *watcher = new QFutureWatcher<WorkspaceOverview>(this);
     connect(watcher, &QFutureWatcherBase::progressValueChanged, this, [this, watcher](int done) {

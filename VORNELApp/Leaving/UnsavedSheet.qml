@@ -21,14 +21,19 @@ Sheet {
             skill.stay();
     }
     onAboutToShow: isSaving = false
-    onClosed: if (isSaving) skill.save()
+    onClosed: {
+        if (!isSaving)
+            return;
+        isSaving = false;
+        skill.save();
+    }
 
     Connections {
         function onStateChanged() {
-            if (sheet.skill.state === OpenSkill.Leaving)
-                sheet.open();
-            else
+            if (sheet.skill.state !== OpenSkill.Leaving)
                 sheet.close();
+            else if (!sheet.isSaving)
+                sheet.open();
         }
 
         target: sheet.skill

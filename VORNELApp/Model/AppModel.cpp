@@ -41,9 +41,10 @@ AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::pa
     connect(&m_departure, &Departure::left, this, &AppModel::go);
     connect(&m_library, &Library::overviewChanged, this, &AppModel::keepBatchFailures);
     connect(&m_operations, &Operations::isWorkingChanged, &m_replacement, [this] {
-        if (!isWorking())
+        if (!isWorking() && (m_replacement.isLooking() || m_replacement.isAsking()))
             m_replacement.copies()->look();
     });
+    connect(this, &AppModel::selectedDestinationChanged, &m_replacement, &CopyReplacement::decline);
     connect(&m_replacement, &CopyReplacement::agreed, this,
             [this] { synchronizeSkill(m_replacement.copies()->skillID()); });
 }
@@ -62,13 +63,13 @@ void AppModel::forwardChanges()
     connect(&m_library, &Library::isCurrentChanged, this, &AppModel::isOverviewCurrentChanged);
     connect(&m_library, &Library::wasRead, this, &AppModel::overviewRead);
     connect(&m_import, &ImportSession::planChanged, this, &AppModel::importPlanChanged);
-    connect(&m_import, &ImportSession::planChanged, this, &AppModel::canCommitImportChanged);
+    connect(&m_import, &ImportSession::planChanged, this, &AppModel::followImport);
     connect(&m_import, &ImportSession::progressChanged, this, &AppModel::commitProgressChanged);
     connect(&m_selectedSkill, &SelectedSkill::idChanged, this, &AppModel::selectedSkillIDChanged);
     connect(&m_selectedSkill, &SelectedSkill::detailChanged, this, &AppModel::selectedSkillChanged);
     connect(&m_selectedSkill, &SelectedSkill::isLoadingChanged, this, &AppModel::isDetailLoadingChanged);
     connect(&m_operations, &Operations::isWorkingChanged, this, &AppModel::isWorkingChanged);
-    connect(&m_operations, &Operations::isWorkingChanged, this, &AppModel::canCommitImportChanged);
+    connect(&m_operations, &Operations::isWorkingChanged, this, &AppModel::followImport);
     connect(&m_operations, &Operations::isBusyChanged, this, &AppModel::isBusyChanged);
     connect(&m_operations, &Operations::errorMessageChanged, this, &AppModel::errorMessageChanged);
     connect(&m_operations, &Operations::isSynchronizationIncompleteChanged, this,
@@ -86,9 +87,11 @@ void AppModel::go(Departure::Exit exit)
         closeSkill();
 }
 
-bool AppModel::canCommitImport() const
+void AppModel::followImport()
 {
-    return importPlan() && importPlan()->isReadyToCommit() && !isWorking();
+    const bool canCommit = importPlan() && importPlan()->isReadyToCommit() && !isWorking();
+    if (std::exchange(m_canCommitImport, canCommit) != canCommit)
+        Q_EMIT canCommitImportChanged();
 }
 
 QString AppModel::message(const std::exception &error)

@@ -104,7 +104,7 @@ public:
     const QString &transientMessage() const { return m_operations.confirmation(); }
 
     /// Whether there is a plan without an open collision, and no operation runs.
-    bool canCommitImport() const;
+    bool canCommitImport() const { return m_canCommitImport; }
 
     /// How much of an import is done, from 0 to 1.
     qreal commitProgress() const { return m_import.progress(); }
@@ -256,6 +256,7 @@ Q_SIGNALS:
 private:
     void forwardChanges();
     void go(Departure::Exit exit);
+    void followImport();
     void runBatch(std::function<QCoro::Task<>()> run);
     void concludeBatch();
     void keepBatchFailures();
@@ -283,6 +284,7 @@ private:
     CopyReplacement m_replacement;
     SkillBatch m_batch;
     std::optional<Destination> m_selectedDestination = Destination::library;
+    bool m_canCommitImport = false;
     QString m_searchText;
     QString m_selectedCategory;
     std::optional<Maturity> m_selectedMaturity;

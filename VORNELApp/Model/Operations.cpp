@@ -41,7 +41,7 @@ void Operations::clearConfirmation()
         Q_EMIT confirmationChanged();
 }
 
-void Operations::wait()
+void Operations::wait() const
 {
     QEventLoop loop;
     connect(this, &Operations::isBusyChanged, &loop, &QEventLoop::quit);

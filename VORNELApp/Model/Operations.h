@@ -74,7 +74,7 @@ public:
     void clearConfirmation();
 
     /// Returns once no operation runs.
-    void wait();
+    void wait() const;
 
 Q_SIGNALS:
     void isBusyChanged();

@@ -149,7 +149,7 @@ private:
 
     FileSystem &m_files;
     Stage &m_stage;
-    const Destination &m_destination;
+    const CommitPlace &m_destination;
     const Folder &m_staging;
     const Folder &m_parent;
 };

@@ -9,7 +9,7 @@
 namespace vornel {
 
 /// Where a staged folder goes, and what becomes of the folder that stands there.
-struct Destination
+struct CommitPlace
 {
     std::filesystem::path path;
 
@@ -26,7 +26,7 @@ struct Destination
 struct StagedFolder
 {
     Stage stage;
-    const Destination destination;
+    const CommitPlace destination;
 };
 
 /// What became of a staged folder.

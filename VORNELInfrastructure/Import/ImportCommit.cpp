@@ -122,7 +122,7 @@ try {
             throw VORNELWorkspaceError::duplicateSlug(candidate.slug);
         return skill;
     }
-    skill.canonical.emplace(m_store.makeStage(), Destination{m_workspace.config.canonical(candidate.slug)});
+    skill.canonical.emplace(m_store.makeStage(), CommitPlace{m_workspace.config.canonical(candidate.slug)});
     const fs::path &folder = skill.canonical->stage.path();
     const SkillManifest manifest = stageFolder(candidate, folder);
     skill.history.emplace(SkillHistory(m_workspace).stage(manifest, folder));

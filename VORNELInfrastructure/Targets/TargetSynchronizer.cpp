@@ -86,7 +86,7 @@ void TargetSynchronizer::setAside(const SkillRecord &skill, TargetKind kind) con
     FileSystem &files = m_workspace.files;
     const QString &slug = skill.manifest.slug;
     prepareRoot(kind);
-    Destination destination{.path = m_workspace.config.target(kind) / pathFromText(slug)};
+    CommitPlace destination{.path = m_workspace.config.target(kind) / pathFromText(slug)};
     if (files.kindAt(destination.path))
         destination.backup = destination.keptAs = recoveryPlace(u"-removed-"_s, kind, slug);
     StagedFolder copy{m_store.makeStage(), destination};
@@ -159,7 +159,7 @@ std::optional<StagedFolder> TargetSynchronizer::stagedCopy(const SkillManifest &
                                                            const fs::path &source, const std::string &digest,
                                                            TargetKind kind, Looks &looks) const
 {
-    Destination destination{.path = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
+    CommitPlace destination{.path = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
     if (m_workspace.files.kindAt(destination.path)) {
         const FileTreeSnapshot former = contentOf(destination.path);
         if (former.digest == digest)

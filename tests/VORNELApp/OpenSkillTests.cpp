@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextCursor>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -186,6 +187,56 @@ TEST_F(OpenSkillTest, AsksWhatBecomesOfTheEditsBeforeTheyAreLeft)
     EXPECT_EQ(model->selectedDestination(), Destination::trash);
     EXPECT_EQ(saved(), "ytexte");
     EXPECT_TRUE(model->selectedSkillID().isNull());
+}
+
+TEST_F(OpenSkillTest, SavesOnceHoweverOftenItIsAskedTo)
+{
+    const auto revision = [this] { return model->selectedSkill()->manifest.revision; };
+    const qint64 before = revision();
+    const auto insist = [this] {
+        if (skill.replacement()->isLooking())
+            QTimer::singleShot(0, &skill, &OpenSkill::save);
+    };
+    QObject::connect(skill.replacement(), &CopyReplacement::changed, &skill, insist);
+    type(u"x"_s);
+    saveUntil(OpenSkill::Clean);
+    settle();
+    EXPECT_EQ(revision(), before + 1);
+
+    scratch.write("claude/audit/SKILL.md", "édité");
+    type(u"y"_s);
+    saveUntil(OpenSkill::AskingToReplace);
+    skill.save();
+    settle();
+    EXPECT_EQ(skill.state(), OpenSkill::AskingToReplace) << "the question waits for its answer";
+    skill.replacement()->agree();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return skill.state() == OpenSkill::Clean; }));
+    settle();
+    EXPECT_EQ(revision(), before + 2);
+}
+
+TEST_F(OpenSkillTest, ForgetsWithTheDocumentWhatWasUnderWay)
+{
+    type(u"x"_s);
+    departure.leave(Departure::ToCreation);
+    document.reset();
+    EXPECT_FALSE(departure.isPending());
+    QTextDocument next;
+    skill.edit(&next);
+    EXPECT_EQ(skill.state(), OpenSkill::Clean) << "nobody leaves what was just opened";
+    EXPECT_EQ(exits.count(), 0);
+    settle();
+
+    QTextCursor(&next).insertText(u"y"_s);
+    {
+        const WorkspaceHold held(scratch.path("workspace"));
+        skill.save();
+        model->closeSkill();
+        skill.edit(&next);
+        EXPECT_NE(skill.state(), OpenSkill::Saving);
+    }
+    settle();
+    EXPECT_EQ(refusals.count(), 0);
 }
 
 TEST_F(OpenSkillTest, StaysWhereTheSaveThatWasToLeaveFails)
