@@ -12,10 +12,6 @@ ErrorPanel {
     /** The user has dealt with it, and the keyboard can go back to the screen. */
     signal settled
 
-    function forget(): void {
-        isRemedying = false;
-    }
-
     remedy: model.isSynchronizationIncomplete && model.selectedDestination !== AppStates.Destination.needsAttention ? "À réparer" : ""
     text: model.errorMessage
     onDismissed: {
@@ -29,14 +25,14 @@ ErrorPanel {
 
     Connections {
         function onIsPendingChanged() {
-            if (!failure.model.departure.isPending)
-                Qt.callLater(failure.forget); // after `left`, if the user has left
+            if (!failure.model.departure.isPending) // the user stays
+                failure.isRemedying = false;
         }
 
         function onLeft(exit: int) {
             if (!failure.isRemedying || exit !== Departure.ToDestination)
                 return;
-            failure.forget();
+            failure.isRemedying = false;
             failure.model.clearError();
             failure.settled();
         }

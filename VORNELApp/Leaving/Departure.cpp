@@ -1,5 +1,7 @@
 #include "Departure.h"
 
+#include <utility>
+
 namespace vornel {
 
 void Departure::setGuarded(const QObject *guard, bool isGuarded)
@@ -29,10 +31,9 @@ void Departure::leaveFor(Destination destination)
 
 void Departure::resume()
 {
-    const Exit exit = m_exit;
-    stay();
-    if (exit != Stay)
+    if (const Exit exit = std::exchange(m_exit, Stay); exit != Stay)
         Q_EMIT left(exit);
+    Q_EMIT isPendingChanged();
 }
 
 void Departure::stay()
