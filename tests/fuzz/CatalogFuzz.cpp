@@ -27,7 +27,8 @@ void checkCategory(const CategoryCatalog &catalog, const SkillCategory &category
 {
     promise(std::ranges::count(catalog.categories, category.id, &SkillCategory::id) == 1,
             "identifiers are unique");
-    promise(!catalog.hasName(category.name, category.id), "names are unique, whatever their case");
+    promise(!CategoryRules::isTaken(category.name, catalog.categories, category.id),
+            "names are unique, whatever their case");
     const QString name = CategoryRules::validatedCategoryName(category.name);
     promise(!name.isEmpty() && CategoryRules::validatedCategoryName(name) == name, "names can be kept");
     const QString color = CategoryRules::validatedColorHex(category.colorHex);
