@@ -30,8 +30,8 @@ void SkillDraft::attach(QTextDocument *document)
 
 void SkillDraft::detach()
 {
-    if (!m_document.isNull())
-        m_document->disconnect(this);
+    m_document->disconnect(this);
+    m_document = nullptr;
     m_counting.stop();
     m_keeper.reset();
     m_text.reset();

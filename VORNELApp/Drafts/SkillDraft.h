@@ -6,7 +6,6 @@
 #include <VORNELApp/Text/FaithfulText.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
-#include <QPointer>
 #include <QTextDocument>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
@@ -136,7 +135,7 @@ private:
     void setFoundMoment(const QString &moment);
 
     DraftKeeping &m_drafts;
-    QPointer<QTextDocument> m_document;
+    QTextDocument *m_document = nullptr;
     std::optional<FaithfulText> m_text; ///< none without a document
     std::optional<DraftKeeper> m_keeper;
     QUuid m_skillID;
