@@ -25,7 +25,8 @@ void keyStroke(benchmark::State &state, const QString &word)
 {
     const auto settings = std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat);
     const auto service = std::make_shared<SampleService>(librarySize);
-    AppModel model(service, service, service, service, service, nullptr, {}, {}, {}, settings);
+    const auto drafts = std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), "/dev/null");
+    AppModel model(service, {}, {}, {}, settings, drafts);
     QCoro::waitFor(model.start());
     SkillSelection selection;
     CardPage page;

@@ -75,11 +75,12 @@ public:
     }
 
     std::shared_ptr<SampleService> service = std::make_shared<SampleService>(librarySize);
-    AppModel model{service, service,
-                   service, service,
-                   service, std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), "/dev/null"),
-                   {},      {},
-                   {},      std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat)};
+    AppModel model{service,
+                   {},
+                   {},
+                   {},
+                   std::make_shared<QSettings>(u"/dev/null"_s, QSettings::IniFormat),
+                   std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), "/dev/null")};
     CardPage *page = nullptr;
 
 private:
