@@ -9,7 +9,6 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextCursor>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -191,17 +190,18 @@ TEST_F(OpenSkillTest, AsksWhatBecomesOfTheEditsBeforeTheyAreLeft)
 
 TEST_F(OpenSkillTest, SavesOnceHoweverOftenItIsAskedTo)
 {
-    const auto revision = [this] { return model->selectedSkill()->manifest.revision; };
-    const qint64 before = revision();
-    const auto insist = [this] {
-        if (skill.replacement()->isLooking())
-            QTimer::singleShot(0, &skill, &OpenSkill::save);
+    int looks = 0;
+    const auto insist = [this, &looks] {
+        if (skill.replacement()->isLooking() && ++looks == 1)
+            skill.save();
     };
     QObject::connect(skill.replacement(), &CopyReplacement::changed, &skill, insist);
+    const qint64 before = model->selectedSkill()->manifest.revision;
     type(u"x"_s);
     saveUntil(OpenSkill::Clean);
     settle();
-    EXPECT_EQ(revision(), before + 1);
+    EXPECT_EQ(looks, 1);
+    EXPECT_EQ(model->selectedSkill()->manifest.revision, before + 1);
 
     scratch.write("claude/audit/SKILL.md", "édité");
     type(u"y"_s);
@@ -209,10 +209,10 @@ TEST_F(OpenSkillTest, SavesOnceHoweverOftenItIsAskedTo)
     skill.save();
     settle();
     EXPECT_EQ(skill.state(), OpenSkill::AskingToReplace) << "the question waits for its answer";
+    EXPECT_EQ(looks, 2);
     skill.replacement()->agree();
     EXPECT_TRUE(QTest::qWaitFor([this] { return skill.state() == OpenSkill::Clean; }));
     settle();
-    EXPECT_EQ(revision(), before + 2);
 }
 
 TEST_F(OpenSkillTest, ForgetsWithTheDocumentWhatWasUnderWay)
@@ -237,6 +237,24 @@ TEST_F(OpenSkillTest, ForgetsWithTheDocumentWhatWasUnderWay)
     }
     settle();
     EXPECT_EQ(refusals.count(), 0);
+}
+
+TEST_F(OpenSkillTest, ALookForAListEndsWithTheList)
+{
+    const auto copy = scratch.path("codex/audit");
+    std::filesystem::remove_all(copy);
+    {
+        const WorkspaceHold held(scratch.path("workspace"));
+        model->replacement()->synchronize(model->selectedSkillID());
+        model->setSelectedDestination(Destination::trash);
+    }
+    QSignalSpy looks(model->replacement()->copies(), &SkillCopies::looked);
+    EXPECT_TRUE(looks.wait());
+    settle();
+    EXPECT_FALSE(std::filesystem::exists(copy)) << "nobody waits for it any more";
+    model->replacement()->synchronize(model->selectedSkillID());
+    EXPECT_TRUE(QTest::qWaitFor([&copy] { return std::filesystem::exists(copy); }));
+    settle();
 }
 
 TEST_F(OpenSkillTest, StaysWhereTheSaveThatWasToLeaveFails)
