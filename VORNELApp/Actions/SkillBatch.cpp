@@ -1,7 +1,6 @@
 #include "SkillBatch.h"
 
-#include <VORNELCore/Errors/ErrorMessage.h>
-#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELApp/Model/Outcome.h>
 #include <VORNELCore/Library/Wording.h>
 
 #include <QCoro/QCoroFuture>
@@ -33,17 +32,11 @@ const Words &words(SkillBatch::Kind kind)
     return all.at(static_cast<std::size_t>(kind));
 }
 
-bool isCase(const std::exception &error, const char *name)
+QString reasonOf(const Outcome &failure)
 {
-    const auto *known = dynamic_cast<const VORNELWorkspaceError *>(&error);
-    return known != nullptr && known->caseName() == QLatin1StringView(name);
-}
-
-QString reasonOf(const std::exception &error)
-{
-    if (isCase(error, WorkspaceErrorCase::SkillNotFound::name))
+    if (failure.isCase(WorkspaceErrorCase::SkillNotFound::name))
         return u"Cette compétence n’est plus là\u00A0: un autre programme l’a déplacée ou supprimée."_s;
-    return errorMessage(error);
+    return failure.message;
 }
 
 /// "2 compétences sur 3 n’ont pas pu être restaurées :", or, of those that were changed all the same,
@@ -120,9 +113,9 @@ void SkillBatch::note(const SkillSummary &skill, const std::exception_ptr &failu
 /// A skill that is restored stays so when an assistant refuses its copy.
 void SkillBatch::note(const SkillSummary &skill, const std::exception &error)
 {
-    const QString reason = reasonOf(error);
-    const bool isChanged =
-        m_kind == Kind::restoration && isCase(error, WorkspaceErrorCase::PartialSync::name);
+    const Outcome failure = Outcome::failedWith(error);
+    const QString reason = reasonOf(failure);
+    const bool isChanged = m_kind == Kind::restoration && failure.isSynchronizationIncomplete();
     (isChanged ? m_incomplete : m_failures).append({skill.displayName, reason});
     m_reasons.insert(skill.id, reason);
 }
