@@ -5,6 +5,7 @@
 #include <VORNELCore/Services/CopyRepairing.h>
 #include <VORNELCore/Services/CreationReviewing.h>
 #include <VORNELCore/Services/ImportReviewing.h>
+#include <VORNELCore/Services/NewSkillFinding.h>
 #include <VORNELCore/Services/TrashInspecting.h>
 #include <VORNELCore/Services/WorkspaceServicing.h>
 
@@ -28,6 +29,7 @@ struct Services
     CopyInspecting &copies;
     TrashInspecting &trash;
     ImportReviewing &imports;
+    NewSkillFinding &newSkills;
     CopyRepairing &repairs;
     CreationReviewing &creations;
 };

@@ -89,6 +89,29 @@ int import(const Session &session)
     return ExitCode::success;
 }
 
+/// The new skills that the user has named, or all.
+QList<NewSkill> typedNewSkills(const Session &session, const QList<NewSkill> &found)
+{
+    const QStringList &typed = session.invocation.operands;
+    for (const QString &slug : typed) {
+        if (std::ranges::find(found, slug, &NewSkill::slug) == found.end())
+            throw unknownSkill(slug);
+    }
+    QList<NewSkill> named = found;
+    named.removeIf([&](const NewSkill &skill) {
+        return !session.invocation.has(u"all"_s) && !typed.contains(skill.slug);
+    });
+    return named;
+}
+
+int ignore(const Session &session)
+{
+    NewSkillFinding &finding = session.services.newSkills;
+    const QList<NewSkill> named = typedNewSkills(session, finding.newSkills().result());
+    output(session, finding.ignoreNewSkills(named).result(), Report::newSkills);
+    return ExitCode::success;
+}
+
 } // namespace
 
 QList<Command> importCommands()
@@ -102,6 +125,9 @@ QList<Command> importCommands()
               u"] [--except IDENTIFIANT]… [--replace]"_s,
           u"Importe les deux dossiers."_s},
          import},
+        {{section, u"ignore (IDENTIFIANT… | --all)"_s,
+          u"Ne signale plus ces nouvelles compétences des assistants."_s},
+         ignore},
     };
 }
 

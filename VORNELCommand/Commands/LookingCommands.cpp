@@ -11,9 +11,22 @@ namespace vornel {
 
 namespace {
 
+/// Prints the overview as `output` does, and what assistants have made since the last import.
+void printStatus(const Session &session)
+{
+    const QList<NewSkill> found = session.services.newSkills.newSkills().result();
+    if (!session.invocation.has(u"json"_s)) {
+        Terminal::print(Report::overview(session.overview, session.drift) + Report::newSkills(found));
+        return;
+    }
+    QJsonObject status = session.drift.addedTo(RecordJson::encode(session.overview)).toObject();
+    status.insert(u"newSkills"_s, RecordJson::encode(found));
+    Terminal::print(QString::fromUtf8(RecordJson::document(status)));
+}
+
 int status(const Session &session)
 {
-    output(session, session.overview, Report::overview);
+    printStatus(session);
     return LibraryQuery::needsAttention(session.overview).isEmpty() ? ExitCode::success
                                                                     : ExitCode::needsAttention;
 }

@@ -127,6 +127,11 @@ QString overview(const WorkspaceOverview &overview, const SkillDrift &drift)
     return text + Terminal::coloured(u"Attention requise"_s, Colour::Warning) + u'\n' + Terminal::table(rows);
 }
 
+QString newSkills(const QList<NewSkill> &skills)
+{
+    return skills.isEmpty() ? QString() : Terminal::printable(Wording::newSkills(skills)) + u'\n';
+}
+
 QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
                const SkillDrift &drift)
 {

@@ -33,6 +33,9 @@ QString copies(const QList<CopyInspection> &copies);
 QString states(const QList<SkillDetail> &details, const SkillDrift &drift);
 QString state(const SkillDetail &detail, const SkillDrift &drift);
 
+/// What assistants have made since the last import, on a line of its own; nothing for none.
+QString newSkills(const QList<NewSkill> &skills);
+
 /// What can be imported, what collides, what is blocked and why.
 QString plan(const ImportPlan &plan);
 

@@ -1,7 +1,10 @@
 #include "Wording.h"
 
+#include <VORNELCore/Records/SerializedForms.h>
+
 #include <QLocale>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -15,6 +18,13 @@ QString dayText(const QDate &day, const QString &format)
 {
     const QString number = day.day() == 1 ? u"1er"_s : QString::number(day.day());
     return number + u' ' + QLocale(QLocale::French, QLocale::France).toString(day, format);
+}
+
+/// "a", "a et b", "a, b et c".
+QString enumerated(QStringList parts)
+{
+    const QString last = parts.takeLast();
+    return parts.isEmpty() ? last : parts.join(u", "_s) + u" et "_s + last;
 }
 
 QString driftText(Drift drift)
@@ -76,6 +86,29 @@ QString syncState(SyncState state, Drift drift)
 QString countedSkills(qsizetype count)
 {
     return QString::number(count) + (count < 2 ? u" compétence"_s : u" compétences"_s);
+}
+
+QString newSkills(const QList<NewSkill> &skills)
+{
+    QStringList counts;
+    QStringList trashed;
+    for (const TargetKind target : allCases<TargetKind>()) {
+        const auto count = std::ranges::count(skills, target, &NewSkill::target);
+        const QString noun = counts.isEmpty()
+                                 ? (count < 2 ? u" nouvelle compétence"_s : u" nouvelles compétences"_s)
+                                 : QString();
+        if (count > 0)
+            counts.append(QString::number(count) + noun + u" chez "_s + assistantName(target));
+    }
+    for (const NewSkill &skill : skills) {
+        if (const QString name = u"«\u00A0%1\u00A0»"_s.arg(skill.slug);
+            skill.isTrashed && !trashed.contains(name))
+            trashed.append(name);
+    }
+    if (counts.isEmpty() || trashed.isEmpty())
+        return counts.join(u" et "_s);
+    const QString verb = trashed.size() == 1 ? u" est dans la corbeille."_s : u" sont dans la corbeille."_s;
+    return counts.join(u" et "_s) + u". "_s + enumerated(trashed) + verb;
 }
 
 QString andOthers(qsizetype count)

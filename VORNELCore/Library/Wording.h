@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELCore/Records/Enumerations.h>
+#include <VORNELCore/Records/NewSkill.h>
 
 #include <QDateTime>
 #include <QStringList>
@@ -19,6 +20,9 @@ QString syncState(SyncState state, Drift drift = Drift::unknown);
 
 /// "1 compétence", "2 compétences".
 QString countedSkills(qsizetype count);
+
+/// "2 nouvelles compétences chez Claude et 1 chez Codex. « audit » est dans la corbeille."; empty for none.
+QString newSkills(const QList<NewSkill> &skills);
 
 /// "et 1 autre", "et 2 autres": after the first ones of a list.
 QString andOthers(qsizetype count);

@@ -3,6 +3,7 @@
 #include "CopyInspecting.h"
 #include "CopyRepairing.h"
 #include "ImportReviewing.h"
+#include "NewSkillFinding.h"
 #include "TrashInspecting.h"
 #include "WorkspaceServicing.h"
 
@@ -13,6 +14,7 @@ class WindowServicing : public WorkspaceServicing,
                         public CopyInspecting,
                         public TrashInspecting,
                         public ImportReviewing,
+                        public NewSkillFinding,
                         public CopyRepairing
 {};
 

@@ -30,6 +30,7 @@ struct Configuration
     std::filesystem::path recovery() const { return bookkeeping() / "recovery"; }
     std::filesystem::path events() const { return bookkeeping() / "events"; }
     std::filesystem::path metadata() const { return bookkeeping() / "workspace.json"; }
+    std::filesystem::path ignoredSkills() const { return bookkeeping() / "ignored.json"; }
     std::filesystem::path categories() const { return bookkeeping() / "categories.json"; }
 
     /// The folder of an active skill.

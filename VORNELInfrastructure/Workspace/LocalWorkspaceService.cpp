@@ -6,6 +6,7 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Categories/CategoryEditing.h>
+#include <VORNELInfrastructure/Import/NewSkills.h>
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
 #include <VORNELInfrastructure/Targets/CopyInspector.h>
@@ -244,6 +245,19 @@ QFuture<QList<TargetOccupant>> LocalWorkspaceService::occupants(QList<TargetPlac
 {
     return perform(LockMode::Shared,
                    [=](const Workspace &workspace) { return occupantsOf(workspace, places); });
+}
+
+QFuture<QList<NewSkill>> LocalWorkspaceService::newSkills()
+{
+    return perform(LockMode::Shared, [](const Workspace &workspace) { return vornel::newSkills(workspace); });
+}
+
+QFuture<QList<NewSkill>> LocalWorkspaceService::ignoreNewSkills(QList<NewSkill> skills)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        vornel::ignoreNewSkills(workspace, skills);
+        return vornel::newSkills(workspace);
+    });
 }
 
 QFuture<QHash<QUuid, QDateTime>> LocalWorkspaceService::trashDates()

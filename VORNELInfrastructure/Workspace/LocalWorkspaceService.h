@@ -46,6 +46,8 @@ public:
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
     QFuture<QHash<QUuid, QDateTime>> trashDates() override;
     QFuture<ImportPlan> excludeFromImport(QString slug) override;
+    QFuture<QList<NewSkill>> newSkills() override;
+    QFuture<QList<NewSkill>> ignoreNewSkills(QList<NewSkill> skills) override;
     QFuture<QList<SyncOutcome>> synchronizeSkills(QList<QUuid> ids, std::stop_token stop) override;
     QFuture<SkillDetail> setAside(QUuid id, TargetKind target) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;

@@ -201,6 +201,20 @@ TEST(Text, OfANewSkillIsReadBackAsItIsByYaml)
     EXPECT_EQ(headFor(u"\"a\"\\\n\u2028"_s), uR"("\"a\"\\\u000a\u2028")"_s);
 }
 
+TEST(Wording, CountsNewSkillsByAssistant)
+{
+    const NewSkill a{TargetKind::claude, u"a"_s, false};
+    const NewSkill b{TargetKind::claude, u"b"_s, true};
+    const NewSkill c{TargetKind::codex, u"c"_s, true};
+    EXPECT_EQ(Wording::newSkills({}), QString());
+    EXPECT_EQ(Wording::newSkills({a}), u"1 nouvelle compétence chez Claude"_s);
+    EXPECT_EQ(Wording::newSkills({b, c, a}),
+              u"2 nouvelles compétences chez Claude et 1 chez Codex. «\u00A0b\u00A0» et "
+              "«\u00A0c\u00A0» sont dans la corbeille."_s);
+    EXPECT_EQ(Wording::newSkills({c}),
+              u"1 nouvelle compétence chez Codex. «\u00A0c\u00A0» est dans la corbeille."_s);
+}
+
 TEST(Wording, TellsAgesMomentsSizesAndNumbers)
 {
     const QDateTime now(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC);

@@ -32,6 +32,33 @@ protected:
     }
 };
 
+TEST_F(Import, TellsOfWhatAssistantsMadeSinceTheLastOne)
+{
+    create(u"known"_s);
+    const QUuid thrown = create(u"thrown"_s).manifest.id;
+    service->moveToTrash(thrown).result();
+    for (const char *folder :
+         {"claude/made", "claude/thrown", "codex/made", "codex/.hidden", "codex/Bad Name"})
+        write(std::string(folder) + "/SKILL.md", "x");
+    write("claude/no-text/notes.md", "x");
+    std::filesystem::create_directory_symlink(path("claude/made"), path("codex/linked"));
+
+    const NewSkill claudeMade{TargetKind::claude, u"made"_s, false};
+    const NewSkill claudeThrown{TargetKind::claude, u"thrown"_s, true};
+    const NewSkill codexMade{TargetKind::codex, u"made"_s, false};
+    EXPECT_EQ(service->newSkills().result(), (QList{claudeMade, claudeThrown, codexMade}));
+    EXPECT_EQ(service->ignoreNewSkills({claudeMade}).result(), (QList{claudeThrown, codexMade}));
+    restart();
+    EXPECT_EQ(service->newSkills().result(), (QList{claudeThrown, codexMade}));
+    EXPECT_TRUE(slugs(scan()).contains(u"made:claude"_s)) << "an import finds them still";
+
+    write("workspace/.vornel/ignored.json", "spoiled");
+    EXPECT_EQ(service->newSkills().result().size(), 3) << "better told again than never";
+    std::filesystem::remove_all(path("claude"));
+    std::filesystem::create_directory_symlink(path("codex"), path("claude"));
+    EXPECT_EQ(service->newSkills().result(), QList{codexMade}) << "a target that is a link isn't followed";
+}
+
 TEST_F(Import, ClassifiesWhatBothFoldersHold)
 {
     EXPECT_TRUE(scan().isReadyToCommit());
