@@ -8,6 +8,7 @@ FocusScope {
     required property AppModel model
 
     signal creationAsked
+    signal importAsked
 
     function enterResults(): void {
         library.item?.enterResults(); // whose type, if named, would be read before the first frame
@@ -19,6 +20,10 @@ FocusScope {
     Connections {
         function onCreationAsked() {
             deferred.creationAsked();
+        }
+
+        function onImportAsked() {
+            deferred.importAsked();
         }
 
         ignoreUnknownSignals: true

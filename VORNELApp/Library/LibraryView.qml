@@ -9,6 +9,7 @@ FocusScope {
     required property AppModel model
 
     signal creationAsked
+    signal importAsked
 
     readonly property bool hasResults: page.skillCount > 0
 
@@ -114,9 +115,9 @@ FocusScope {
         function onCreationAsked() {
             library.creationAsked();
         }
+
         function onImportAsked() {
-            importing.make();
-            (importing.item as ImportSheet).open();
+            library.importAsked();
         }
 
         target: emptiness.item as EmptyLibrary
@@ -137,12 +138,6 @@ FocusScope {
         id: categories
 
         file: "CategoriesView.qml"
-        properties: ({ model: library.model })
-    }
-    DeferredItem {
-        id: importing
-
-        file: "ImportSheet.qml"
         properties: ({ model: library.model })
     }
     DeferredItem {

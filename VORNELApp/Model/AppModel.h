@@ -142,9 +142,10 @@ public:
     /// The skill chosen in the library, with what was found when it was opened.
     const SelectedSkill &selection() const { return m_selectedSkill; }
 
-    /// For the screens that show skills' files, the trash and unsaved texts.
+    /// For the screens that show skills' files, the trash, new skills and unsaved texts.
     CopyInspecting &inspector() const { return *m_service; }
     TrashInspecting &trashInspector() const { return *m_service; }
+    NewSkillFinding &newSkills() const { return *m_service; }
     DraftKeeping &drafts() const { return *m_drafts; }
 
     /// The library, prepared for queries of which the fields above are the filter.
@@ -175,6 +176,9 @@ public:
     Q_INVOKABLE void retreatOnboarding() { m_startUp.turn(-1); }
     Q_INVOKABLE void clearError() { m_operations.clearError(); }
     Q_INVOKABLE void clearTransientMessage() { m_operations.clearConfirmation(); }
+
+    /// Shows how something failed that the user has asked for beside the actions below.
+    void showFailure(const Outcome &failure) { m_operations.showFailure(failure); }
 
     /// Clears the error if it is still this failure's.
     void dismiss(const Outcome &failure) { m_operations.dismiss(failure); }

@@ -9,14 +9,15 @@ Rectangle {
     id: notice
 
     required property string text
+    property color tone: Colors.warning
     default property alias actions: row.data
 
     readonly property bool isStacked: row.width > width / 2
 
     implicitHeight: (isStacked ? line.height + Metrics.small + row.height : Math.max(line.height, row.height)) + 2 * Metrics.small
-    border.color: Colors.warning
+    border.color: tone
     border.width: Metrics.hairline
-    color: Colors.tint(Colors.warning)
+    color: Colors.tint(tone)
     radius: Metrics.controlRadius
 
     Accessible.name: text

@@ -17,6 +17,7 @@ FocusScope {
     readonly property var screen: screens.item
 
     signal creationAsked
+    signal importAsked
 
     function takeKeyboard(): void {
         (isSkillOpen ? skill : screens).forceActiveFocus();
@@ -48,6 +49,10 @@ FocusScope {
     Connections {
         function onCreationAsked() {
             content.creationAsked();
+        }
+
+        function onImportAsked() {
+            content.importAsked();
         }
 
         ignoreUnknownSignals: true

@@ -13,6 +13,11 @@ FocusScope {
         model.departure.leave(Departure.ToCreation);
     }
 
+    function importSkills(): void {
+        importing.make();
+        (importing.item as ImportSheet).open();
+    }
+
     Keys.onEscapePressed: {
         if (model.errorMessage !== "")
             model.clearError();
@@ -128,16 +133,52 @@ FocusScope {
         ignoreUnknownSignals: true
         target: stray.item
     }
+    NewSkills {
+        id: newSkills
+
+        model: shell.model
+    }
+    DeferredItem {
+        id: news
+
+        anchors.left: stray.left
+        anchors.right: stray.right
+        anchors.top: stray.bottom
+        anchors.topMargin: visible ? Metrics.large : 0
+        file: "NewSkillsNotice.qml"
+        height: visible ? implicitHeight : 0
+        isWanted: newSkills.notice !== ""
+        properties: ({ model: shell.model, skills: newSkills })
+    }
+    Connections {
+        function onDecided() {
+            content.takeKeyboard();
+        }
+
+        function onImportAsked() {
+            shell.importSkills();
+        }
+
+        ignoreUnknownSignals: true
+        target: news.item
+    }
+    DeferredItem {
+        id: importing
+
+        file: "ImportSheet.qml"
+        properties: ({ model: shell.model })
+    }
     ShellContent {
         id: content
 
         anchors.bottom: parent.bottom
         anchors.left: sidebar.right
         anchors.right: parent.right
-        anchors.top: stray.bottom
+        anchors.top: news.bottom
         focus: true
         model: shell.model
         onCreationAsked: shell.create()
+        onImportAsked: shell.importSkills()
         onIsSkillOpenChanged: {
             if (isSkillOpen && toolbar.isSearching) // in a field that is hidden now
                 takeKeyboard();

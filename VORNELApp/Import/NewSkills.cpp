@@ -1,0 +1,45 @@
+#include "NewSkills.h"
+
+#include <VORNELApp/Model/Answer.h>
+#include <VORNELCore/Library/Wording.h>
+
+namespace vornel {
+
+QString NewSkills::notice() const
+{
+    return m_model->skills(Destination::library).isEmpty() ? QString() : Wording::newSkills(m_skills);
+}
+
+void NewSkills::componentComplete()
+{
+    connect(m_model, &AppModel::overviewRead, this, &NewSkills::look);
+    look();
+}
+
+void NewSkills::look()
+{
+    const auto follow = [this, request = ++m_request](const Answer<QList<NewSkill>> &answer) {
+        if (m_request == request && answer.value)
+            show(*answer.value);
+    };
+    QCoro::connect(answerOf(m_model->newSkills().newSkills()), this, follow);
+}
+
+void NewSkills::ignore()
+{
+    const auto follow = [this, request = ++m_request](const Answer<QList<NewSkill>> &answer) {
+        if (answer.value && m_request == request)
+            show(*answer.value);
+        else if (!answer.value)
+            m_model->showFailure(answer.outcome);
+    };
+    QCoro::connect(answerOf(m_model->newSkills().ignoreNewSkills(m_skills)), this, follow);
+}
+
+void NewSkills::show(const QList<NewSkill> &skills)
+{
+    m_skills = skills;
+    Q_EMIT changed(); // also where only the library has changed
+}
+
+} // namespace vornel
