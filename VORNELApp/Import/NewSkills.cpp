@@ -3,12 +3,9 @@
 #include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Library/Wording.h>
 
-namespace vornel {
+#include <utility>
 
-QString NewSkills::notice() const
-{
-    return m_model->skills(Destination::library).isEmpty() ? QString() : Wording::newSkills(m_skills);
-}
+namespace vornel {
 
 void NewSkills::componentComplete()
 {
@@ -39,7 +36,10 @@ void NewSkills::ignore()
 void NewSkills::show(const QList<NewSkill> &skills)
 {
     m_skills = skills;
-    Q_EMIT changed(); // also where only the library has changed
+    const bool isTold = !m_model->skills(Destination::library).isEmpty();
+    const QString notice = isTold ? Wording::newSkills(skills) : QString();
+    if (std::exchange(m_notice, notice) != notice)
+        Q_EMIT changed();
 }
 
 } // namespace vornel

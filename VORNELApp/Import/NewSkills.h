@@ -20,7 +20,7 @@ public:
     using QObject::QObject;
 
     /// "2 nouvelles compétences chez Claude"; empty without any.
-    QString notice() const;
+    QString notice() const { return m_notice; }
 
     /// Tells of those that are told of now no more.
     Q_INVOKABLE void ignore();
@@ -37,6 +37,7 @@ private:
 
     AppModel *m_model = nullptr;
     QList<NewSkill> m_skills;
+    QString m_notice;
     int m_request = 0; ///< counts the questions: only the last answer is shown
 };
 

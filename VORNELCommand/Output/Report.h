@@ -4,6 +4,7 @@
 
 #include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/ImportModels.h>
+#include <VORNELCore/Records/NewSkill.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QHash>
