@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CopyAdopting.h"
 #include "CopyInspecting.h"
 #include "CopyRepairing.h"
 #include "ImportReviewing.h"
@@ -15,7 +16,8 @@ class WindowServicing : public WorkspaceServicing,
                         public TrashInspecting,
                         public ImportReviewing,
                         public NewSkillFinding,
-                        public CopyRepairing
+                        public CopyRepairing,
+                        public CopyAdopting
 {};
 
 } // namespace vornel

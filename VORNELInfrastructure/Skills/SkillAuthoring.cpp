@@ -67,23 +67,47 @@ SkillDetail SkillAuthoring::load(const QUuid &id) const
     return makeDetail(m_workspace, activeRecord(m_workspace, id));
 }
 
-SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const
+SkillRecord SkillAuthoring::recordAt(const QUuid &id, std::optional<qint64> expectedRevision) const
 {
     SkillRecord skill = activeRecord(m_workspace, id);
-    if (skill.manifest.revision != expectedRevision)
-        throw VORNELWorkspaceError::revisionConflict(expectedRevision, skill.manifest.revision);
+    if (expectedRevision && skill.manifest.revision != *expectedRevision)
+        throw VORNELWorkspaceError::revisionConflict(*expectedRevision, skill.manifest.revision);
+    return skill;
+}
+
+SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const
+{
+    const SkillRecord skill = recordAt(id, expectedRevision);
     if (skillMD.trimmed().isEmpty())
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
+    return revise(skill, [&](const fs::path &stage) {
+        SecureFileTree::copyTree(m_workspace.files, skill.folder, stage, TreeFilter::all);
+        m_store.writeSkillMD(skillMD, stage);
+    });
+}
+
+SkillDetail SkillAuthoring::revise(SkillRecord skill, const std::function<void(const fs::path &)> &make,
+                                   std::optional<TargetKind> leftAlone) const
+{
     refuseNewer(skill.manifest);
-    const fs::path keptAs = SkillHistory(m_workspace).keepRevision(skill.manifest, skill.folder);
+    const SkillHistory history(m_workspace);
+    const fs::path keptAs = history.keepRevision(skill.manifest, skill.folder);
     advanceRevision(skill.manifest);
 
     Stage stage = m_store.makeStage();
-    SecureFileTree::copyTree(m_workspace.files, skill.folder, stage.path(), TreeFilter::all);
-    m_store.writeSkillMD(skillMD, stage.path());
+    make(stage.path());
     m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
     m_store.replaceCanonical(skill.folder, std::move(stage), keptAs);
 
+    history.add(skill.manifest, skill.folder);
+    TargetSynchronizer(m_workspace).synchronize(skill, leftAlone);
+    return makeDetail(m_workspace, skill);
+}
+
+SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill) const
+{
+    advanceRevision(skill.manifest);
+    m_store.writeManifest(skill.manifest, skill.folder, Durability::Now);
     SkillHistory(m_workspace).add(skill.manifest, skill.folder);
     TargetSynchronizer(m_workspace).synchronize(skill);
     return makeDetail(m_workspace, skill);

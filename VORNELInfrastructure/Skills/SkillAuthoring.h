@@ -5,6 +5,9 @@
 
 #include <VORNELCore/Records/WorkspaceModels.h>
 
+#include <functional>
+#include <optional>
+
 namespace vornel {
 
 /// Creates, loads and edits skills.
@@ -20,9 +23,19 @@ public:
     SkillDetail create(const CreateSkillRequest &request) const;
     SkillDetail load(const QUuid &id) const;
 
-    /// Throws `revisionConflict` when the skill isn't at `expectedRevision`, and `missingSkillFile` when the
-    /// text is blank.
+    /// The active skill; throws `revisionConflict` when it isn't at the expected revision.
+    SkillRecord recordAt(const QUuid &id, std::optional<qint64> expectedRevision) const;
+
+    /// Throws what `recordAt` does, and `missingSkillFile` when the text is blank.
     SkillDetail save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const;
+
+    /// Makes the skill's next revision, and installs it everywhere but in the target that is left alone.
+    /// `make` makes the folder, all but the manifest, at the path that it is given.
+    SkillDetail revise(SkillRecord skill, const std::function<void(const std::filesystem::path &)> &make,
+                       std::optional<TargetKind> leftAlone = std::nullopt) const;
+
+    /// Makes a revision of the skill's folder as it stands, and installs it.
+    SkillDetail reviseInPlace(SkillRecord skill) const;
 
     /// Installs the canonical folder in both targets, where their copies differ.
     SkillDetail synchronize(const QUuid &id) const;

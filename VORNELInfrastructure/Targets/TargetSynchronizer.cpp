@@ -60,7 +60,7 @@ std::vector<fs::path> Install::stages() const
     return all;
 }
 
-void TargetSynchronizer::synchronize(const SkillRecord &skill) const
+void TargetSynchronizer::synchronize(const SkillRecord &skill, std::optional<TargetKind> leftAlone) const
 {
     Failures unusable = prepareRoots();
     std::string digest;
@@ -69,6 +69,10 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill) const
             unusable.emplace(kind, unreadable);
     }
     Install install = stage(skill.manifest, skill.folder, digest, unusable);
+    if (leftAlone) {
+        install.copies.erase(*leftAlone);
+        install.failures.erase(*leftAlone);
+    }
     const auto isKept = [](const StagedFolder &copy) { return !copy.destination.keptAs.empty(); };
     if (std::ranges::any_of(install.copies | std::views::values, isKept))
         createFolders(m_workspace.files, m_workspace.config.historyOf(skill.manifest.id), Durability::Now);

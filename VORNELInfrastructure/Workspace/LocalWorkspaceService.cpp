@@ -5,6 +5,7 @@
 #include "WorkspaceBootstrap.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Adoption/CopyAdoption.h>
 #include <VORNELInfrastructure/Categories/CategoryEditing.h>
 #include <VORNELInfrastructure/Import/NewSkills.h>
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
@@ -231,6 +232,35 @@ QFuture<SkillDetail> LocalWorkspaceService::setAside(QUuid id, TargetKind target
     return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
         return SkillAuthoring(workspace).setAside(id, target);
     });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::adopt(QUuid id, TargetKind copy,
+                                                  std::optional<qint64> expectedRevision, QStringList paths)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return CopyAdoption(workspace).adopt(id, copy, expectedRevision, paths);
+    });
+}
+
+QFuture<MergeResult> LocalWorkspaceService::merge(QUuid id, std::optional<qint64> expectedRevision,
+                                                  QList<MergeSettlement> settlements)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return CopyAdoption(workspace).merge(id, expectedRevision, settlements);
+    });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::adoptHandEdits(QUuid id, std::optional<qint64> expectedRevision)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return CopyAdoption(workspace).adoptHandEdits(id, expectedRevision);
+    });
+}
+
+QFuture<QSet<QUuid>> LocalWorkspaceService::editedByHand(QSet<QUuid> ids)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return CopyAdoption(workspace).editedByHand(ids); });
 }
 
 QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std::optional<TargetKind> copy,

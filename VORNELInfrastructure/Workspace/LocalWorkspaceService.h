@@ -50,6 +50,12 @@ public:
     QFuture<QList<NewSkill>> ignoreNewSkills(QList<NewSkill> skills) override;
     QFuture<QList<SyncOutcome>> synchronizeSkills(QList<QUuid> ids, std::stop_token stop) override;
     QFuture<SkillDetail> setAside(QUuid id, TargetKind target) override;
+    QFuture<SkillDetail> adopt(QUuid id, TargetKind copy, std::optional<qint64> expectedRevision,
+                               QStringList paths) override;
+    QFuture<MergeResult> merge(QUuid id, std::optional<qint64> expectedRevision,
+                               QList<MergeSettlement> settlements) override;
+    QFuture<SkillDetail> adoptHandEdits(QUuid id, std::optional<qint64> expectedRevision) override;
+    QFuture<QSet<QUuid>> editedByHand(QSet<QUuid> ids) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
 
 private:

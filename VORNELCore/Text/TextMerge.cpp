@@ -1,0 +1,53 @@
+#include "TextMerge.h"
+
+#include "GitLibrary.h"
+
+#include <VORNELCore/Records/ImportModels.h>
+
+#include <stdexcept>
+
+namespace vornel {
+
+namespace {
+
+/// The time that lines take that are much alike grows faster than their number.
+constexpr qsizetype mostLines = 200'000;
+
+bool isText(QByteArrayView bytes)
+{
+    return !bytes.contains('\0') && bytes.isValidUtf8();
+}
+
+git_merge_file_input inputOf(QByteArrayView text)
+{
+    git_merge_file_input input = GIT_MERGE_FILE_INPUT_INIT;
+    input.ptr = text.data();
+    input.size = static_cast<size_t>(text.size());
+    return input;
+}
+
+} // namespace
+
+std::optional<MergedText> mergeTexts(QByteArrayView base, QByteArrayView claude, QByteArrayView codex)
+{
+    if (!isText(base) || !isText(claude) || !isText(codex))
+        return std::nullopt;
+    if (base.count('\n') + claude.count('\n') + codex.count('\n') > mostLines)
+        return std::nullopt;
+
+    static const GitLibrary library;
+    const QByteArray ours = assistantName(TargetKind::claude).toUtf8();
+    const QByteArray theirs = assistantName(TargetKind::codex).toUtf8();
+    git_merge_file_options options = GIT_MERGE_FILE_OPTIONS_INIT;
+    options.our_label = ours.constData();
+    options.their_label = theirs.constData();
+    const git_merge_file_input inputs[] = {inputOf(base), inputOf(claude), inputOf(codex)};
+    git_merge_file_result result{};
+    if (git_merge_file(&result, &inputs[0], &inputs[1], &inputs[2], &options) != 0)
+        throw std::runtime_error("Les deux textes ne peuvent pas être fusionnés.");
+    MergedText merged{QByteArray(result.ptr, static_cast<qsizetype>(result.len)), result.automergeable != 0};
+    git_merge_file_result_free(&result);
+    return merged;
+}
+
+} // namespace vornel

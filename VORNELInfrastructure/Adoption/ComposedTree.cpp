@@ -1,0 +1,92 @@
+#include "ComposedTree.h"
+
+#include <VORNELInfrastructure/Disk/FileOperations.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELInfrastructure/Tree/Sha256.h>
+
+#include <algorithm>
+#include <ranges>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+using Entry = FileTreeSnapshot::Entry;
+
+bool isAtOrBelow(const std::string &path, const std::string &ancestor)
+{
+    return path.starts_with(ancestor) && (path.size() == ancestor.size() || path[ancestor.size()] == '/');
+}
+
+void ComposedTree::take(const FileTreeSnapshot &tree, const Entry &entry)
+{
+    add({.entry = entry, .source = tree.url(entry)});
+}
+
+void ComposedTree::takeAll(const FileTreeSnapshot &tree)
+{
+    for (const Entry &entry : tree.entries)
+        take(tree, entry);
+}
+
+void ComposedTree::replace(const FileTreeSnapshot &tree, const std::string &path)
+{
+    std::erase_if(m_pieces, [&](const auto &piece) { return isAtOrBelow(piece.first, path); });
+    for (const Entry &entry : tree.entries) {
+        if (isAtOrBelow(entry.relativePath, path))
+            take(tree, entry);
+    }
+}
+
+void ComposedTree::put(const std::string &path, const QByteArray &bytes)
+{
+    Sha256 hash;
+    hash.update(bytes);
+    add({.entry = {path, Entry::Kind::file, bytes.size(), hash.finish()}, .bytes = bytes});
+}
+
+/// The folders above a piece are there, and no files in their places.
+void ComposedTree::add(Piece piece)
+{
+    const std::string path = piece.entry.relativePath;
+    for (auto slash = path.find('/'); slash != std::string::npos; slash = path.find('/', slash + 1)) {
+        const std::string above = path.substr(0, slash);
+        const auto [place, isNew] = m_pieces.try_emplace(above);
+        if (isNew || place->second.entry.kind == Entry::Kind::file)
+            place->second = {.entry = {above, Entry::Kind::directory, 0, std::nullopt}};
+    }
+    m_pieces.insert_or_assign(path, std::move(piece));
+}
+
+std::string ComposedTree::digest() const
+{
+    std::vector<Entry> entries;
+    for (const Piece &piece : m_pieces | std::views::values)
+        entries.push_back(piece.entry);
+    return FileTreeSnapshot::digestOf(entries);
+}
+
+std::optional<QByteArray> ComposedTree::bytesOf(const FileSystem &files, const std::string &path) const
+{
+    const auto piece = m_pieces.find(path);
+    if (piece == m_pieces.end() || piece->second.entry.kind != Entry::Kind::file)
+        return std::nullopt;
+    return bytesOf(files, piece->second);
+}
+
+QByteArray ComposedTree::bytesOf(const FileSystem &files, const Piece &piece)
+{
+    return piece.bytes ? *piece.bytes : readFile(files, piece.source, SkillFiles::sizeLimit);
+}
+
+void ComposedTree::write(FileSystem &files, const fs::path &folder) const
+{
+    createFolders(files, folder, Durability::Later);
+    for (const auto &[path, piece] : m_pieces) {
+        if (piece.entry.kind == Entry::Kind::directory)
+            createFolders(files, folder / path, Durability::Later);
+        else
+            replaceFile(files, folder / path, bytesOf(files, piece), Durability::Later);
+    }
+}
+
+} // namespace vornel

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <VORNELInfrastructure/Disk/FileSystem.h>
+#include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
+
+#include <QByteArray>
+
+#include <map>
+#include <optional>
+#include <string>
+
+namespace vornel {
+
+/// A folder that is put together from parts of others: what it holds under each path, and where that comes
+/// from. Paths are relative to it, in UTF-8.
+class ComposedTree
+{
+public:
+    /// Takes one entry of a tree, and not what is below it.
+    void take(const FileTreeSnapshot &tree, const FileTreeSnapshot::Entry &entry);
+
+    /// Takes all that a tree holds.
+    void takeAll(const FileTreeSnapshot &tree);
+
+    /// Makes what is at and below a path that of a tree: nothing where the tree has nothing there.
+    void replace(const FileTreeSnapshot &tree, const std::string &path);
+
+    /// Makes a file of these bytes.
+    void put(const std::string &path, const QByteArray &bytes);
+
+    /// The digest that a snapshot of the folder would have.
+    std::string digest() const;
+
+    /// The bytes of the file at a path; nothing where there is none.
+    std::optional<QByteArray> bytesOf(const FileSystem &files, const std::string &path) const;
+
+    /// Makes the folder, in which nothing may stand yet. Whoever calls it flushes it.
+    void write(FileSystem &files, const std::filesystem::path &folder) const;
+
+private:
+    /// An entry, and where its bytes are.
+    struct Piece
+    {
+        FileTreeSnapshot::Entry entry;
+        std::filesystem::path source = {};    ///< a file
+        std::optional<QByteArray> bytes = {}; ///< in the place of a source
+    };
+
+    void add(Piece piece);
+    static QByteArray bytesOf(const FileSystem &files, const Piece &piece);
+
+    std::map<std::string, Piece> m_pieces;
+};
+
+/// Whether `path` is `ancestor` or lies below it.
+bool isAtOrBelow(const std::string &path, const std::string &ancestor);
+
+} // namespace vornel
