@@ -16,6 +16,7 @@ QList<Command> lookingCommands();
 QList<Command> importCommands();
 QList<Command> editingCommands();
 QList<Command> syncCommands();
+QList<Command> adoptionCommands();
 QList<Command> categoryCommands();
 QList<Command> trashCommands();
 

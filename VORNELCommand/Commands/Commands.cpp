@@ -12,7 +12,8 @@ namespace {
 const QList<Command> &commands()
 {
     static const QList<Command> all = lookingCommands() + importCommands() + editingCommands() +
-                                      syncCommands() + categoryCommands() + trashCommands();
+                                      syncCommands() + adoptionCommands() + categoryCommands() +
+                                      trashCommands();
     return all;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELCommand/Syntax/CommandLine.h>
+#include <VORNELCore/Services/CopyAdopting.h>
 #include <VORNELCore/Services/CopyInspecting.h>
 #include <VORNELCore/Services/CopyRepairing.h>
 #include <VORNELCore/Services/CreationReviewing.h>
@@ -31,6 +32,7 @@ struct Services
     ImportReviewing &imports;
     NewSkillFinding &newSkills;
     CopyRepairing &repairs;
+    CopyAdopting &adoptions;
     CreationReviewing &creations;
 };
 

@@ -3,6 +3,8 @@
 #include <VORNELCommand/Output/Report.h>
 #include <VORNELCore/Library/LibraryQuery.h>
 
+#include <QJsonArray>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -11,15 +13,35 @@ namespace vornel {
 
 namespace {
 
-/// Prints the overview as `output` does, and what assistants have made since the last import.
+/// The slugs of the skills whose own folder was edited by hand. Nothing installs such a folder, so that the
+/// copies differ from it.
+QStringList editedByHand(const Session &session)
+{
+    const QList<SkillSummary> attention = LibraryQuery::needsAttention(session.overview);
+    QSet<QUuid> ids;
+    for (const SkillSummary &skill : attention)
+        ids.insert(skill.id);
+    const QSet<QUuid> edited = session.services.adoptions.editedByHand(ids).result();
+    QStringList slugs;
+    for (const SkillSummary &skill : attention) {
+        if (edited.contains(skill.id))
+            slugs.append(skill.slug);
+    }
+    return slugs;
+}
+
+/// Prints the overview as `output` does, and what was written elsewhere than in VORNEL.
 void printStatus(const Session &session)
 {
+    const QStringList edited = editedByHand(session);
     const QList<NewSkill> found = session.services.newSkills.newSkills().result();
     if (!session.invocation.has(u"json"_s)) {
-        Terminal::print(Report::overview(session.overview, session.drift) + Report::newSkills(found));
+        Terminal::print(Report::overview(session.overview, session.drift) + Report::editedByHand(edited) +
+                        Report::newSkills(found));
         return;
     }
     QJsonObject status = session.drift.addedTo(RecordJson::encode(session.overview)).toObject();
+    status.insert(u"editedByHand"_s, QJsonArray::fromStringList(edited));
     status.insert(u"newSkills"_s, RecordJson::encode(found));
     Terminal::print(QString::fromUtf8(RecordJson::document(status)));
 }

@@ -132,6 +132,22 @@ QString newSkills(const QList<NewSkill> &skills)
     return skills.isEmpty() ? QString() : Terminal::printable(Wording::newSkills(skills)) + u'\n';
 }
 
+QString editedByHand(const QStringList &slugs)
+{
+    const QString label =
+        slugs.size() == 1 ? u"Modifiée à la main\u00A0: "_s : u"Modifiées à la main\u00A0: "_s;
+    return slugs.isEmpty() ? QString() : label + slugs.join(u", "_s) + u'\n';
+}
+
+QString conflicts(const QStringList &paths)
+{
+    QList<QList<Cell>> rows;
+    for (const QString &path : paths)
+        rows.append({{}, {path, Colour::Danger}});
+    return section(u"En conflit"_s, rows) +
+           u"Rien n’a été changé. --prefer retient la version d’un assistant pour ces fichiers.\n"_s;
+}
+
 QString skills(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,
                const SkillDrift &drift)
 {

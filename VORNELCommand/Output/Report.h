@@ -37,6 +37,12 @@ QString state(const SkillDetail &detail, const SkillDrift &drift);
 /// What assistants have made since the last import, on a line of its own; nothing for none.
 QString newSkills(const QList<NewSkill> &skills);
 
+/// The skills whose own folder was edited by hand, on a line of its own; nothing for none.
+QString editedByHand(const QStringList &slugs);
+
+/// The paths that keep two copies from being merged.
+QString conflicts(const QStringList &paths);
+
 /// What can be imported, what collides, what is blocked and why.
 QString plan(const ImportPlan &plan);
 

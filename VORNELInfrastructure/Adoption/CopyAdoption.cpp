@@ -60,6 +60,7 @@ SkillDetail CopyAdoption::adopt(const QUuid &id, TargetKind copy, std::optional<
     }
     if (tree.digest() == content.digest)
         return makeDetail(m_workspace, skill);
+    requireText(skill, tree);
     return revise(skill, std::move(tree), paths.isEmpty() ? std::nullopt : std::optional(copy));
 }
 
@@ -75,9 +76,22 @@ MergeResult CopyAdoption::merge(const QUuid &id, std::optional<qint64> expectedR
     merge.run(settlements);
     if (!merge.conflicts().isEmpty())
         return {merge.conflicts(), std::nullopt};
-    if (merge.tree().digest() == content.digest)
+    const std::string result = merge.tree().digest();
+    if (result == content.digest)
         return {{}, m_authoring.synchronize(skill)};
+    requireText(skill, merge.tree());
+    keepMerged(skill, TargetKind::claude, claude, result);
+    keepMerged(skill, TargetKind::codex, codex, result);
     return {{}, revise(skill, merge.tree(), std::nullopt)};
+}
+
+/// An interrupted merge may leave the skill merged, and the copies as they were: they must not be taken then
+/// for ones in which somebody has undone what the other copy has brought in.
+void CopyAdoption::keepMerged(const SkillRecord &skill, TargetKind target, const FileTreeSnapshot &copy,
+                              const std::string &result) const
+{
+    if (copy.root != skill.folder && copy.digest != result)
+        SkillHistory(m_workspace).keepMerged(skill.manifest.id, rawValue(target), result, copy.root);
 }
 
 SkillDetail CopyAdoption::adoptHandEdits(const QUuid &id, std::optional<qint64> expectedRevision) const
@@ -126,12 +140,15 @@ FileTreeSnapshot CopyAdoption::copyOf(const SkillRecord &skill, TargetKind targe
     return *copy;
 }
 
-/// A copy that is missing or outdated counts as one that holds what the library does.
+/// A copy that is missing or outdated, or is merged already, counts as one that holds what the library does.
 FileTreeSnapshot CopyAdoption::editedCopy(const SkillRecord &skill, TargetKind target,
                                           const FileTreeSnapshot &content, CopyDrift &drift) const
 {
     auto copy = TargetFolder(m_workspace, target).snapshot(skill.manifest.slug.toStdString());
-    const bool isEdited = copy && copy->digest != content.digest && drift.of(copy->digest) != Drift::outdated;
+    const bool isEdited = copy && copy->digest != content.digest &&
+                          drift.of(copy->digest) != Drift::outdated &&
+                          !SkillHistory(m_workspace)
+                               .wasMerged(skill.manifest.id, rawValue(target), content.digest, copy->digest);
     return isEdited ? *std::move(copy) : content;
 }
 
@@ -139,7 +156,6 @@ FileTreeSnapshot CopyAdoption::editedCopy(const SkillRecord &skill, TargetKind t
 SkillDetail CopyAdoption::revise(const SkillRecord &skill, ComposedTree tree,
                                  std::optional<TargetKind> leftAlone) const
 {
-    requireText(skill, tree);
     const FileTreeSnapshot all = SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::all);
     for (const Entry &entry : all.entries) {
         if (!includes(TreeFilter::excludingManifest, entry.relativePath))

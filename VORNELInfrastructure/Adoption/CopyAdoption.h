@@ -35,6 +35,8 @@ private:
                                 CopyDrift &drift) const;
     SkillDetail revise(const SkillRecord &skill, ComposedTree tree,
                        std::optional<TargetKind> leftAlone) const;
+    void keepMerged(const SkillRecord &skill, TargetKind target, const FileTreeSnapshot &copy,
+                    const std::string &result) const;
     void requireText(const SkillRecord &skill, const ComposedTree &tree) const;
     bool isEditedByHand(const SkillRecord &skill) const;
 

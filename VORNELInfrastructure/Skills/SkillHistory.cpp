@@ -18,7 +18,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view replacedPrefix = "replaced-";
+/// Whether a folder is kept under this name that was replaced.
+bool isOfReplaced(const std::string &name)
+{
+    return name.starts_with("replaced-") || name.starts_with("merged-");
+}
+
+QString mergedPrefix(const QString &origin, const std::string &result)
+{
+    return u"merged-"_s + origin + u'-' + QString::fromStdString(result) + u'-';
+}
 
 /// The names in a history, the latest revision first; none where there is no history.
 std::vector<std::string> entriesOf(const FileSystem &files, const fs::path &history)
@@ -93,7 +102,7 @@ bool SkillHistory::holds(const QUuid &id, const std::string &digest) const
 std::vector<std::string> SkillHistory::revisions(const QUuid &id) const
 {
     std::vector<std::string> names = entriesOf(m_files, m_config.historyOf(id));
-    std::erase_if(names, [](const std::string &name) { return name.starts_with(replacedPrefix); });
+    std::erase_if(names, isOfReplaced);
     return names;
 }
 
@@ -110,13 +119,29 @@ fs::path SkillHistory::keepRevision(const SkillManifest &manifest, const fs::pat
     return content.isWhole ? fs::path() : placeForReplaced(manifest.id, u"library"_s);
 }
 
+void SkillHistory::keepMerged(const QUuid &id, const QString &origin, const std::string &result,
+                              const fs::path &copy) const
+{
+    const fs::path place = placeFor(id, mergedPrefix(origin, result) + uuidText(QUuid::createUuid()));
+    createFolders(m_files, place.parent_path(), Durability::Now);
+    StagedFolder entry{Stage(m_files, m_config.staging()), {.path = place}};
+    SecureFileTree::copyTree(m_files, copy, entry.stage.path(), TreeFilter::excludingManifest);
+    commit(m_files, entry);
+}
+
+bool SkillHistory::wasMerged(const QUuid &id, const QString &origin, const std::string &result,
+                             const std::string &digest) const
+{
+    return anyHolds(id, mergedPrefix(origin, result).toStdString(), TreeFilter::excludingManifest, digest);
+}
+
 void SkillHistory::remove(const QUuid &id) const
 {
     const fs::path history = m_config.historyOf(id);
     if (!m_files.kindAt(history))
         return;
     for (const std::string &name : entriesOf(m_files, history)) {
-        if (name.starts_with(replacedPrefix))
+        if (isOfReplaced(name))
             moveTree(m_files, history / name, m_config.recovery() / name);
     }
     SkillFolderStore(m_files, m_config).discard(history);

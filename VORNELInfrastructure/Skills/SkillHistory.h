@@ -12,7 +12,7 @@
 namespace vornel {
 
 /// What is kept of a skill: a copy of each revision, under its number, and the folders that were replaced and
-/// are in no revision, under "replaced-" and their origin.
+/// are in no revision, under "replaced-" or "merged-" and their origin.
 class SkillHistory
 {
 public:
@@ -46,6 +46,15 @@ public:
 
     /// Where a folder that is replaced is to be kept. `origin` is a target, or "library".
     std::filesystem::path placeForReplaced(const QUuid &id, const QString &origin) const;
+
+    /// Keeps a target's copy of which a merge makes a part of what will have the digest `result`, until the
+    /// copy is replaced by that. To be called before the skill's folder is.
+    void keepMerged(const QUuid &id, const QString &origin, const std::string &result,
+                    const std::filesystem::path &copy) const;
+
+    /// Whether a copy with this digest has become a part of what has the digest `result`.
+    bool wasMerged(const QUuid &id, const QString &origin, const std::string &result,
+                   const std::string &digest) const;
 
     /// Deletes the history, if any, of a skill that is deleted for good. The folders that were replaced go to
     /// the recovery folder: they may hold others' work, or hidden files, which nobody has asked to delete.

@@ -97,6 +97,36 @@ TEST_F(Vornelctl, CarriesASkillThroughItsLife)
     EXPECT_EQ(run("empty-trash --json").json()[u"trashedSkills"].toArray().size(), 0);
 }
 
+TEST_F(Vornelctl, AdoptsAndMergesWhatAssistantsHaveWritten)
+{
+    ASSERT_EQ(run("create demo --name Démo --file -", "base\n").code, 0);
+    write("codex/demo/notes.md", "de Codex");
+    EXPECT_EQ(run("adopt demo codex --expect 2 --json").error()[u"error"], u"revisionConflict"_s);
+    EXPECT_EQ(run("adopt demo library --file notes.md").code, 64);
+    EXPECT_EQ(run("adopt demo codex --expect 1 --file rien.md").code, 2);
+    EXPECT_EQ(run("adopt demo codex --expect 1 --json").json()[u"manifest"][u"revision"], 2);
+    EXPECT_EQ(bytesOf(path("home/.claude/skills/demo/notes.md")), "de Codex");
+
+    write("codex/demo/SKILL.md", "codex\n");
+    write("home/.claude/skills/demo/SKILL.md", "claude\n");
+    const Result merge = run("merge demo --json");
+    EXPECT_EQ(merge.code, 1);
+    EXPECT_EQ(merge.json().object(),
+              (QJsonObject{{u"conflicts"_s, QJsonArray{u"SKILL.md"_s}}, {u"skill"_s, QJsonValue::Null}}));
+    EXPECT_TRUE(run("merge demo").output.startsWith("En conflit (1)\n"));
+    EXPECT_EQ(run("show demo --json").json()[u"skillMD"], u"base\n"_s);
+    const Result preferring = run("merge demo --prefer claude --json");
+    EXPECT_EQ(preferring.code, 0);
+    EXPECT_EQ(preferring.json()[u"skill"][u"skillMD"], u"claude\n"_s);
+
+    write("ws/skills/demo/SKILL.md", "à la main");
+    EXPECT_TRUE(run("status").output.endsWith("Modifiée à la main\u00A0: demo\n"));
+    EXPECT_EQ(run("status --json").json()[u"editedByHand"], QJsonArray{u"demo"_s});
+    EXPECT_EQ(run("adopt demo library").code, 0);
+    EXPECT_EQ(run("show demo --json").json()[u"manifest"][u"revision"], 4);
+    EXPECT_EQ(run("status").code, 0);
+}
+
 TEST_F(Vornelctl, ListsWhatDiffersInTheCopies)
 {
     ASSERT_EQ(run("create demo --name Démo --file -", "texte").code, 0);
@@ -124,7 +154,7 @@ TEST_F(Vornelctl, TellsWhoHasChangedWhat)
     ASSERT_EQ(run("create ours --name O --file -", "texte").code, 0);
     write("codex/edited/SKILL.md", "autre");
     write("ws/skills/ours/SKILL.md", "autre");
-    EXPECT_TRUE(run("status").output.endsWith("edited  copie modifiée\nours    copie périmée\n"));
+    EXPECT_TRUE(run("status").output.contains("edited  copie modifiée\nours    copie périmée\n"));
     EXPECT_TRUE(run("list").output.endsWith("copie périmée\n"));
     EXPECT_TRUE(run("show ours").output.contains("copie périmée\n"));
     EXPECT_TRUE(

@@ -171,7 +171,7 @@ TEST_F(Adoption, JoinsWhatBothCopiesHaveChanged)
     EXPECT_EQ(library(), expected);
     EXPECT_EQ(tree("claude/demo"), expected);
     EXPECT_EQ(tree("codex/demo"), expected);
-    EXPECT_TRUE(isKept("replaced-claude-", former));
+    EXPECT_TRUE(isKept("merged-claude-", former));
 
     const Tree before = everything();
     EXPECT_EQ(service->merge(demo, {}, {}).result().skill->manifest.revision, 2) << "nothing to join";

@@ -58,6 +58,7 @@ public:
     {
         check();
         checkCopiesTakenOut();
+        checkEditedCopies();
         checkStrangersFolders();
     }
 
@@ -146,8 +147,7 @@ private:
             const SkillOnDisk *skill = m_now.findByID(id);
             ASSERT_NE(skill, nullptr) << "the history of " << id << " has lost its skill";
             for (const auto &[name, tree] : entries)
-                name.starts_with("replaced-") ? checkReplaced(*skill, name, tree)
-                                              : checkHistoryEntry(*skill, name);
+                isOfReplaced(name) ? checkReplaced(*skill, name, tree) : checkHistoryEntry(*skill, name);
         }
     }
 
@@ -155,12 +155,17 @@ private:
     /// place of the history, where the two were about to change places.
     void checkReplaced(const SkillOnDisk &skill, const std::string &name, const Tree &tree) const
     {
-        const auto &before = name.starts_with("replaced-claude-") ? m_before.claude : m_before.codex;
+        const auto &before = name.find("-claude-") != std::string::npos ? m_before.claude : m_before.codex;
         const auto old = before.find(skill.manifest.slug.toStdString());
         Tree own = skill.files;
         own.erase("vornel.json");
         EXPECT_TRUE(tree == own || (old != before.end() && old->second == tree))
             << name << " never stood there";
+    }
+
+    static bool isOfReplaced(const std::string &name)
+    {
+        return name.starts_with("replaced-") || name.starts_with("merged-");
     }
 
     void checkHistoryEntry(const SkillOnDisk &skill, const std::string &name) const
@@ -219,6 +224,31 @@ private:
                 hasTaken(m_now, [&copy = copy](const auto &entry) { return entry.second == copy; });
             EXPECT_TRUE(isInstalled || isKept) << "the edits in " << slug << " are lost";
         }
+    }
+
+    /// A copy that was edited stands there still, or is whole in the history, as long as its skill is active.
+    void checkEditedCopies() const
+    {
+        for (const auto &[before, now] :
+             {std::pair{&m_before.claude, &m_now.claude}, {&m_before.codex, &m_now.codex}}) {
+            for (const auto &[slug, copy] : *before) {
+                if (!isActive(m_before, slug) || !isActive(m_now, slug))
+                    continue;
+                const bool isInstalled = now->contains(slug) && now->at(slug) == copy;
+                EXPECT_TRUE(isInstalled || isInHistory(slug, copy)) << "the edits in " << slug << " are lost";
+            }
+        }
+    }
+
+    bool isInHistory(const std::string &slug, const Tree &copy) const
+    {
+        const auto history = m_now.history.find(idText(*m_now.find(slug)));
+        return history != m_now.history.end() &&
+               std::ranges::any_of(history->second, [&copy = copy](const auto &entry) {
+                   Tree files = entry.second;
+                   files.erase(manifestName);
+                   return files == copy;
+               });
     }
 
     /// What stood in a target and wasn't VORNEL's is still there, or whole in the history of the skill that

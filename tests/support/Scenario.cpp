@@ -75,6 +75,32 @@ void setAside(Service &service)
     service.setAside(*activeIDs(service, {u"demo"_s}).cbegin(), TargetKind::codex).result();
 }
 
+void adopt(Service &service)
+{
+    service.adopt(*activeIDs(service, {u"demo"_s}).cbegin(), TargetKind::codex, 3, {}).result();
+}
+
+void adoptFile(Service &service)
+{
+    service.adopt(*activeIDs(service, {u"demo"_s}).cbegin(), TargetKind::codex, 3, {u"reference/own.md"_s})
+        .result();
+}
+
+void adoptHandEdits(Service &service)
+{
+    service.adoptHandEdits(*activeIDs(service, {u"demo"_s}).cbegin(), 3).result();
+}
+
+/// Takes the version of Codex where both can't be joined.
+void merge(Service &service)
+{
+    const QUuid id = *activeIDs(service, {u"demo"_s}).cbegin();
+    QList<MergeSettlement> settlements;
+    for (const MergeConflict &conflict : service.merge(id, {}, {}).result().conflicts)
+        settlements.append({conflict.relativePath, conflict.basis, TargetKind::codex});
+    service.merge(id, {}, settlements).result();
+}
+
 std::function<void(Service &)> trash(const QStringList &slugs)
 {
     return [slugs](Service &service) { service.moveToTrash(activeIDs(service, slugs)).result(); };
@@ -125,6 +151,16 @@ std::vector<Scenario> allScenarios()
                   Error::integrityFailure(u"Catégorie introuvable."_s)),
         operation("synchronize", synchronize, "sync demo second"),
         operation("setAside", setAside, "set-aside demo codex"),
+        operation("adopt", adopt, "adopt demo codex --expect 3", Error::revisionConflict(3, 4)),
+        operation("adoptFile", adoptFile, "adopt demo codex --expect 3 --file reference/own.md",
+                  Error::revisionConflict(3, 4)),
+        operation("adoptHandEdits", adoptHandEdits, "adopt demo library --expect 3",
+                  Error::revisionConflict(3, 4)),
+        {"merge",
+         buildEditedLibrary,
+         merge,
+         {u"merge"_s, u"demo"_s, u"--prefer"_s, u"codex"_s},
+         std::nullopt},
         operation("trashOne", trash({u"demo"_s}), "trash demo", done),
         operation("trashSeveral", trash({u"demo"_s, u"second"_s}), "trash demo second", done),
         operation("restore", restore, "restore gone --replace", done),

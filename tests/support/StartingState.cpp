@@ -107,6 +107,16 @@ void buildLibrary(const fs::path &folder)
     writeFile(folder / "text", savedText.toStdString());
 }
 
+void buildEditedLibrary(const fs::path &folder)
+{
+    buildLibrary(folder);
+    const fs::path copy = folder / "claude/demo";
+    writeFile(copy / "SKILL.md", "edited by the other assistant");
+    writeFile(copy / "reference/table.csv", "a,b\n3,4\n");
+    writeFile(copy / "added/by/claude.md", "added by the other assistant");
+    fs::remove(copy / "run.sh");
+}
+
 void buildInterruptedLibrary(const fs::path &folder)
 {
     buildLibrary(folder);

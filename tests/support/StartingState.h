@@ -26,6 +26,9 @@ void writeAssistantsFolders(const std::filesystem::path &folder);
 /// assistants' own folders are there too.
 void buildLibrary(const std::filesystem::path &folder);
 
+/// The same library, where both assistants have edited "demo": one file in ways that can't be joined.
+void buildEditedLibrary(const std::filesystem::path &folder);
+
 /// The same library as several killed programs left it: in the middle of a swap, at its end, in a permanent
 /// deletion, and while writing a file.
 void buildInterruptedLibrary(const std::filesystem::path &folder);
