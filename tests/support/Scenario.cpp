@@ -139,6 +139,14 @@ Scenario operation(const char *name, std::function<void(Service &)> run, const c
     return {name, buildLibrary, std::move(run), QString::fromUtf8(line).split(u' '), std::move(refusal)};
 }
 
+/// An operation that takes over what was edited in copies, or by hand.
+Scenario taking(const char *name, std::function<void(Service &)> run, const char *line,
+                std::optional<Error> refusal = std::nullopt)
+{
+    return {name, buildEditedLibrary, std::move(run), QString::fromUtf8(line).split(u' '), std::move(refusal),
+            true};
+}
+
 std::vector<Scenario> allScenarios()
 {
     const Error done = Error::skillNotFound({});
@@ -151,16 +159,12 @@ std::vector<Scenario> allScenarios()
                   Error::integrityFailure(u"Catégorie introuvable."_s)),
         operation("synchronize", synchronize, "sync demo second"),
         operation("setAside", setAside, "set-aside demo codex"),
-        operation("adopt", adopt, "adopt demo codex --expect 3", Error::revisionConflict(3, 4)),
-        operation("adoptFile", adoptFile, "adopt demo codex --expect 3 --file reference/own.md",
-                  Error::revisionConflict(3, 4)),
-        operation("adoptHandEdits", adoptHandEdits, "adopt demo library --expect 3",
-                  Error::revisionConflict(3, 4)),
-        {"merge",
-         buildEditedLibrary,
-         merge,
-         {u"merge"_s, u"demo"_s, u"--prefer"_s, u"codex"_s},
-         std::nullopt},
+        taking("adopt", adopt, "adopt demo codex --expect 3", Error::revisionConflict(3, 4)),
+        taking("adoptFile", adoptFile, "adopt demo codex --expect 3 --file reference/own.md",
+               Error::revisionConflict(3, 4)),
+        taking("adoptHandEdits", adoptHandEdits, "adopt demo library --expect 3",
+               Error::revisionConflict(3, 4)),
+        taking("merge", merge, "merge demo --prefer codex"),
         operation("trashOne", trash({u"demo"_s}), "trash demo", done),
         operation("trashSeveral", trash({u"demo"_s, u"second"_s}), "trash demo second", done),
         operation("restore", restore, "restore gone --replace", done),

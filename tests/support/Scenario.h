@@ -22,7 +22,8 @@ struct Scenario
     std::function<void(LocalWorkspaceService &)> run;               ///< on a service that has started
     QStringList arguments; ///< of vornelctl, in the folder that holds the roots and "text"
     /// The error with which it refuses to be done a second time, if it does.
-    std::optional<VORNELWorkspaceError> refusal;
+    std::optional<VORNELWorkspaceError> refusal = {};
+    bool takesEdits = false; ///< whether it is about what a synchronisation settles, and comes before one
 };
 
 /// Every operation for which the promises of docs/reliability.md are tested.
