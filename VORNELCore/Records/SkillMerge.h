@@ -11,8 +11,8 @@ namespace vornel {
 /// folder in the place of a file, it is about the folder and all that it holds.
 struct MergeConflict
 {
-    QString relativePath; ///< below the skill's folder
-    QString basis;        ///< stands for what the library and both copies hold there
+    QString relativePath;              ///< below the skill's folder
+    QString basis;                     ///< stands for what the library and both copies hold there
     std::optional<QString> markedText; ///< where all are texts: joined as far as it goes, with conflict marks
 
     bool operator==(const MergeConflict &) const = default;

@@ -2,8 +2,8 @@
 # holds is read from its folders: any command would make a workspace where there is none, and take its time at each key.
 
 # Reads, once, the syntaxes that the help states: under "vornelctl list", for example, the options of that command in
-# `_vornelctl_options`, and what stands for its operands in `_vornelctl_operands`; under an option, what stands for its value
-# in `_vornelctl_forms`. Options common to all are under "vornelctl".
+# `_vornelctl_options`, and what stands for its operands in `_vornelctl_operands`; under "vornelctl list --search", what stands
+# for that option's value in `_vornelctl_forms`. Options common to all are under "vornelctl".
 _vornelctl_read_help() {
     local help words word form command option
     [[ -n ${_vornelctl_options[*]-} ]] && return
@@ -21,7 +21,7 @@ _vornelctl_read_help() {
                 -* | '|') ;;
                 *)
                     if [[ -n $option ]]; then
-                        _vornelctl_forms[$option]=${form%…}
+                        _vornelctl_forms["$command $option"]=${form%…}
                     elif [[ $form == [[:lower:]]* && $form != *'|'* ]]; then
                         command+=" $form"
                         _vornelctl_operands[$command]+=''
@@ -70,13 +70,18 @@ _vornelctl_continuations() {
     printf '%s\n' "${!_vornelctl_operands[@]}" | sed -n "s/^$1 \([^ ]*\).*/\1/p" | sort -u
 }
 
+# What stands for the value of an option of the command, or of one common to all.
+_vornelctl_form() {
+    printf '%s' "${_vornelctl_forms["$command $1"]-${_vornelctl_forms["vornelctl $1"]-}}"
+}
+
 # The command among the words before the cursor, and how many operands follow it. Sets `command` and `operands`.
 _vornelctl_command() {
     local i
     command=vornelctl operands=0
     for ((i = 1; i < cword; ++i)); do
         if [[ ${words[i]} == -* ]]; then
-            [[ -n ${_vornelctl_forms[${words[i]}]-} ]] && ((++i))
+            [[ -n $(_vornelctl_form "${words[i]}") ]] && ((++i))
         elif ((operands == 0)) && _vornelctl_continuations "$command" | grep -qxF -e "${words[i]}"; then
             command+=" ${words[i]}"
         else
@@ -114,7 +119,7 @@ _vornelctl() {
     _init_completion -s || return
     _vornelctl_read_help "$1"
     _vornelctl_command
-    [[ $prev == --* ]] && form=${_vornelctl_forms[$prev]-}
+    [[ $prev == --* ]] && form=$(_vornelctl_form "$prev")
     case $form in
         DOSSIER) _filedir -d ;;
         FICHIER) _filedir ;;
