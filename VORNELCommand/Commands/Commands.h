@@ -7,6 +7,7 @@
 #include <VORNELCore/Services/CreationReviewing.h>
 #include <VORNELCore/Services/ImportReviewing.h>
 #include <VORNELCore/Services/NewSkillFinding.h>
+#include <VORNELCore/Services/TargetComparing.h>
 #include <VORNELCore/Services/TrashInspecting.h>
 #include <VORNELCore/Services/WorkspaceServicing.h>
 
@@ -31,6 +32,7 @@ struct Services
     TrashInspecting &trash;
     ImportReviewing &imports;
     NewSkillFinding &newSkills;
+    TargetComparing &targets;
     CopyRepairing &repairs;
     CopyAdopting &adoptions;
     CreationReviewing &creations;

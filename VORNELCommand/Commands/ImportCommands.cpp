@@ -17,6 +17,14 @@ int scan(const Session &session)
     return ExitCode::success;
 }
 
+int compare(const Session &session)
+{
+    const TargetComparison comparison =
+        session.services.targets.compareTargets(session.invocation.operands.first()).result();
+    output(session, comparison, Report::comparison);
+    return comparison.differences.isEmpty() ? ExitCode::success : ExitCode::needsAttention;
+}
+
 /// Leaves out of `plan` the skills that the user has named, and returns the plan as it is then.
 ImportPlan exclude(const Session &session, ImportPlan plan)
 {
@@ -120,6 +128,11 @@ QList<Command> importCommands()
     const QString choices = alternatives<CollisionChoice>();
     return {
         {{section, u"scan"_s, u"Ce que contiennent les deux dossiers."_s}, scan},
+        {{section, u"compare IDENTIFIANT"_s,
+          u"Ce que Codex a sous ce nom en plus (+), en moins (-) ou de modifié (~)\u00A0; code 1 s’il "
+          u"diffère "
+          "de Claude."_s},
+         compare},
         {{section,
           u"import [--choose IDENTIFIANT="_s + choices + u"]… [--prefer "_s + choices +
               u"] [--except IDENTIFIANT]… [--replace]"_s,

@@ -201,6 +201,23 @@ QString copies(const QList<CopyInspection> &copies)
     return Terminal::table(rows);
 }
 
+QString comparison(const TargetComparison &comparison)
+{
+    QList<QList<Cell>> folders;
+    for (const ComparedFolder &folder : {comparison.claude, comparison.codex}) {
+        folders.append({{folder.assistant()},
+                        {Wording::countedFiles(folder.fileCount)},
+                        {Wording::fileSize(folder.size)},
+                        {folder.modifiedAt ? localDate(*folder.modifiedAt) : QString(), Colour::Muted}});
+        if (folder.isNewer)
+            folders.last().append({u"le plus récent"_s, Colour::Success});
+    }
+    QList<QList<Cell>> files;
+    for (const FileDifference &difference : comparison.differences)
+        files.append({differenceCell(difference)});
+    return Terminal::table(folders) + (files.isEmpty() ? u"Aucune différence\n"_s : Terminal::table(files));
+}
+
 QString states(const QList<SkillDetail> &details, const SkillDrift &drift)
 {
     QList<QList<Cell>> rows;

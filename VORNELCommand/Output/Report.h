@@ -5,6 +5,7 @@
 #include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/ImportModels.h>
 #include <VORNELCore/Records/NewSkill.h>
+#include <VORNELCore/Records/TargetComparison.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QHash>
@@ -29,6 +30,9 @@ QString detail(const SkillDetail &detail, const SkillDrift &drift);
 /// The state of each copy, with the reason of a failure or the cause of a difference, and the paths that
 /// differ.
 QString copies(const QList<CopyInspection> &copies);
+
+/// What each folder holds and which is newer, and the paths that differ.
+QString comparison(const TargetComparison &comparison);
 
 /// One row for each skill: its revision and its state after an operation.
 QString states(const QList<SkillDetail> &details, const SkillDrift &drift);

@@ -88,6 +88,11 @@ QString countedSkills(qsizetype count)
     return QString::number(count) + (count < 2 ? u" compétence"_s : u" compétences"_s);
 }
 
+QString countedFiles(qsizetype count)
+{
+    return QString::number(count) + (count < 2 ? u" fichier"_s : u" fichiers"_s);
+}
+
 QString newSkills(const QList<NewSkill> &skills)
 {
     QStringList counts;

@@ -21,6 +21,9 @@ QString syncState(SyncState state, Drift drift = Drift::unknown);
 /// "1 compétence", "2 compétences".
 QString countedSkills(qsizetype count);
 
+/// "1 fichier", "2 fichiers".
+QString countedFiles(qsizetype count);
+
 /// "2 nouvelles compétences chez Claude et 1 chez Codex. « audit » est dans la corbeille."; empty for none.
 QString newSkills(const QList<NewSkill> &skills);
 

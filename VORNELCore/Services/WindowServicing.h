@@ -5,6 +5,7 @@
 #include "CopyRepairing.h"
 #include "ImportReviewing.h"
 #include "NewSkillFinding.h"
+#include "TargetComparing.h"
 #include "TrashInspecting.h"
 #include "WorkspaceServicing.h"
 
@@ -16,6 +17,7 @@ class WindowServicing : public WorkspaceServicing,
                         public TrashInspecting,
                         public ImportReviewing,
                         public NewSkillFinding,
+                        public TargetComparing,
                         public CopyRepairing,
                         public CopyAdopting
 {};

@@ -45,11 +45,12 @@ struct Folder
     std::string path; ///< where it was opened, for messages
 };
 
-/// An open file, with the size that it had when it was opened.
+/// An open file, with the size and the time that it had when it was opened.
 struct File
 {
     Descriptor descriptor;
-    std::int64_t size; ///< bytes
+    std::int64_t size;           ///< bytes
+    std::int64_t modifiedAt = 0; ///< when its bytes were last written, in seconds since 1970 (UTC)
 };
 
 /// An entry of an open folder, by its name, whether or not anything stands there.

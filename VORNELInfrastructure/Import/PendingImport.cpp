@@ -31,6 +31,14 @@ ImportPlan PendingImport::resolve(const QUuid &collision, CollisionChoice choice
     return plan();
 }
 
+ImportPlan PendingImport::resolveAll(CollisionChoice choice)
+{
+    for (ImportCollision &collision : plan().collisions)
+        collision.choice = choice;
+    plan().revision += 1;
+    return plan();
+}
+
 ImportPlan PendingImport::exclude(const QString &slug)
 {
     const auto isExcluded = [&slug](const auto &entry) { return entry.slug == slug; };

@@ -17,6 +17,9 @@ public:
     /// Chooses a side of a collision; throws `collisionNotFound`.
     ImportPlan resolve(const QUuid &collision, CollisionChoice choice);
 
+    /// Chooses this side of every collision.
+    ImportPlan resolveAll(CollisionChoice choice);
+
     /// Leaves a skill out of the import.
     ImportPlan exclude(const QString &slug);
 

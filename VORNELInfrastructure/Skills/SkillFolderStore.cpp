@@ -4,6 +4,7 @@
 #include "SkillFiles.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
@@ -70,14 +71,25 @@ SkillManifest SkillFolderStore::readManifest(const Folder &parent, const std::st
 
 QString SkillFolderStore::readSkillMD(const fs::path &folder, const QString &slug) const
 {
-    const fs::path path = folder / SkillFiles::text;
+    const std::optional<QByteArray> bytes = fileBytes(folder, QString::fromLatin1(SkillFiles::text));
+    if (!bytes)
+        throw VORNELWorkspaceError::missingSkillFile(slug);
+    const auto text = textFromUtf8(*bytes);
+    if (!text)
+        throw fs::filesystem_error("decode", folder / SkillFiles::text,
+                                   std::make_error_code(std::errc::illegal_byte_sequence));
+    return *text;
+}
+
+std::optional<QByteArray> SkillFolderStore::fileBytes(const fs::path &folder,
+                                                      const QString &relativePath) const
+{
+    WorkspaceValidation::validateRelativePath(relativePath.toUtf8());
+    const fs::path path = folder / pathFromText(relativePath);
     const std::optional<FileKind> kind = m_files.kindAt(path);
     if (!kind || *kind == FileKind::Directory)
-        throw VORNELWorkspaceError::missingSkillFile(slug);
-    const auto text = textFromUtf8(readFile(m_files, path, SkillFiles::sizeLimit));
-    if (!text)
-        throw fs::filesystem_error("decode", path, std::make_error_code(std::errc::illegal_byte_sequence));
-    return *text;
+        return std::nullopt;
+    return readFile(m_files, path, SkillFiles::sizeLimit);
 }
 
 void SkillFolderStore::replaceCanonical(const fs::path &skill, Stage stage, const fs::path &keptAs) const

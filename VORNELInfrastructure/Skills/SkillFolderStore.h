@@ -5,6 +5,8 @@
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Workspace/Workspace.h>
 
+#include <optional>
+
 namespace vornel {
 
 /// Turns the manifest into that of the skill's next revision, changed now. Throws `integrityFailure` when the
@@ -35,6 +37,11 @@ public:
     /// The text of "SKILL.md", every character kept. Throws `missingSkillFile(slug)` when there is none, and
     /// a `filesystem_error` when it is not UTF-8.
     QString readSkillMD(const std::filesystem::path &folder, const QString &slug) const;
+
+    /// The bytes of a file below the folder; nothing where no file is. Throws `invalidPath` for a path out of
+    /// the folder, `symlinkUnsupported` for a link on the way, and a `filesystem_error` above the limit.
+    std::optional<QByteArray> fileBytes(const std::filesystem::path &folder,
+                                        const QString &relativePath) const;
 
     /// Replaces the skill's folder by the staged one, flushed to the disk. Whatever fails, the skill stands
     /// whole in its place or, on a volume that can't exchange two folders, in the recovery folder. The former

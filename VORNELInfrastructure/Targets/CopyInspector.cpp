@@ -4,69 +4,16 @@
 #include "TargetFolder.h"
 
 #include <VORNELCore/Errors/ErrorMessage.h>
-#include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Disk/FileOperations.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
-
-#include <map>
+#include <VORNELInfrastructure/Tree/TreeDifferences.h>
 
 namespace vornel {
 
 namespace fs = std::filesystem;
-using Entry = FileTreeSnapshot::Entry;
-
-namespace {
-
-/// The entries of both sides that have one path. A file and a folder of one name are two paths.
-struct Counterparts
-{
-    const Entry *canonical = nullptr;
-    const Entry *installed = nullptr;
-};
-
-std::string shownPath(const Entry &entry)
-{
-    return entry.kind == Entry::Kind::directory ? entry.relativePath + '/' : entry.relativePath;
-}
-
-std::optional<FileChange> changeOf(const Counterparts &entry)
-{
-    if (entry.canonical == nullptr)
-        return FileChange::added;
-    if (entry.installed == nullptr)
-        return FileChange::removed;
-    return entry.canonical->fileDigest == entry.installed->fileDigest ? std::nullopt
-                                                                      : std::optional(FileChange::changed);
-}
-
-QList<FileDifference> differences(const FileTreeSnapshot &canonical, const FileTreeSnapshot &installed)
-{
-    std::map<std::string, Counterparts> entries;
-    for (const Entry &entry : canonical.entries)
-        entries[shownPath(entry)].canonical = &entry;
-    for (const Entry &entry : installed.entries)
-        entries[shownPath(entry)].installed = &entry;
-
-    QList<FileDifference> found;
-    for (const auto &[path, entry] : entries) {
-        const std::optional<FileChange> change = changeOf(entry);
-        if (!change)
-            continue;
-        const QString shown = QString::fromStdString(path);
-        // A folder isn't listed itself where something in it is.
-        if (!found.isEmpty() && found.last().relativePath.endsWith(u'/') &&
-            shown.startsWith(found.last().relativePath))
-            found.removeLast();
-        found.append({shown, *change});
-    }
-    return found;
-}
-
-} // namespace
 
 QList<CopyInspection> CopyInspector::inspect(const QUuid &id) const
 {
@@ -154,15 +101,10 @@ QList<CopyInspection> CopyInspector::wrongCopies(const SkillManifest &manifest) 
 std::optional<QByteArray> CopyInspector::readFile(const QUuid &id, std::optional<TargetKind> target,
                                                   const QString &relativePath) const
 {
-    WorkspaceValidation::validateRelativePath(relativePath.toUtf8());
     const SkillRecord skill = activeRecord(m_workspace, id);
     const fs::path folder =
         target ? m_workspace.config.target(*target) / pathFromText(skill.manifest.slug) : skill.folder;
-    const fs::path path = folder / pathFromText(relativePath);
-    const std::optional<FileKind> kind = m_workspace.files.kindAt(path);
-    if (!kind || *kind == FileKind::Directory)
-        return std::nullopt;
-    return vornel::readFile(m_workspace.files, path, SkillFiles::sizeLimit);
+    return SkillFolderStore(m_workspace).fileBytes(folder, relativePath);
 }
 
 } // namespace vornel

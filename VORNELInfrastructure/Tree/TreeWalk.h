@@ -123,7 +123,7 @@ private:
 
     Entry fileEntry(const Level &level, const std::string &name, const File &file)
     {
-        Entry entry{level.prefix + name, Entry::Kind::file, 0, std::nullopt};
+        Entry entry{level.prefix + name, Entry::Kind::file, 0, std::nullopt, file.modifiedAt};
         m_sink.addFile(level.counterpart, name, file, entry);
         return entry;
     }

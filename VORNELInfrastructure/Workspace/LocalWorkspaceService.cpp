@@ -12,6 +12,7 @@
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
 #include <VORNELInfrastructure/Targets/CopyInspector.h>
 #include <VORNELInfrastructure/Targets/SynchronizationPass.h>
+#include <VORNELInfrastructure/Targets/TargetComparer.h>
 #include <VORNELInfrastructure/Targets/TargetOccupancy.h>
 
 namespace vornel {
@@ -90,6 +91,12 @@ QFuture<ImportPlan> LocalWorkspaceService::resolveCollision(QUuid id, CollisionC
 {
     return perform(LockMode::Shared,
                    [this, id, choice](const Workspace &) { return m_import.resolve(id, choice); });
+}
+
+QFuture<ImportPlan> LocalWorkspaceService::resolveCollisions(CollisionChoice choice)
+{
+    return perform(LockMode::Shared,
+                   [this, choice](const Workspace &) { return m_import.resolveAll(choice); });
 }
 
 QFuture<ImportPlan> LocalWorkspaceService::excludeFromImport(QString slug)
@@ -275,6 +282,20 @@ QFuture<QList<TargetOccupant>> LocalWorkspaceService::occupants(QList<TargetPlac
 {
     return perform(LockMode::Shared,
                    [=](const Workspace &workspace) { return occupantsOf(workspace, places); });
+}
+
+QFuture<TargetComparison> LocalWorkspaceService::compareTargets(QString slug)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return TargetComparer(workspace, slug).compare(); });
+}
+
+QFuture<std::optional<QByteArray>> LocalWorkspaceService::readTargetFile(QString slug, TargetKind target,
+                                                                         QString relativePath)
+{
+    return perform(LockMode::Shared, [=](const Workspace &workspace) {
+        return TargetComparer(workspace, slug).readFile(target, relativePath);
+    });
 }
 
 QFuture<QList<NewSkill>> LocalWorkspaceService::newSkills()

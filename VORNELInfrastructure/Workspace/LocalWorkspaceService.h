@@ -44,7 +44,11 @@ public:
     QFuture<std::optional<QByteArray>> readFile(QUuid id, std::optional<TargetKind> copy,
                                                 QString relativePath) override;
     QFuture<QList<TargetOccupant>> occupants(QList<TargetPlace> places) override;
+    QFuture<TargetComparison> compareTargets(QString slug) override;
+    QFuture<std::optional<QByteArray>> readTargetFile(QString slug, TargetKind target,
+                                                      QString relativePath) override;
     QFuture<QHash<QUuid, QDateTime>> trashDates() override;
+    QFuture<ImportPlan> resolveCollisions(CollisionChoice choice) override;
     QFuture<ImportPlan> excludeFromImport(QString slug) override;
     QFuture<QList<NewSkill>> newSkills() override;
     QFuture<QList<NewSkill>> ignoreNewSkills(QList<NewSkill> skills) override;

@@ -24,6 +24,17 @@ TEST_F(Vornelctl, ImportsRealFolders)
     EXPECT_EQ(plan[u"collisions"][0][u"choice"], QJsonValue::Null);
     EXPECT_EQ(plan[u"blocked"][0][u"reason"], u"invalidPath"_s);
 
+    const Result compared = run("compare clash");
+    EXPECT_EQ(compared.code, 1);
+    EXPECT_TRUE(compared.output.startsWith("Claude  1 fichier  6 octets  20"))
+        << compared.output.constData();
+    EXPECT_TRUE(compared.output.endsWith("\n~ SKILL.md\n"));
+    const QJsonObject codex = run("compare clash --json").json()[u"codex"].toObject();
+    EXPECT_EQ(codex.keys(),
+              (QStringList{u"fileCount"_s, u"isNewer"_s, u"modifiedAt"_s, u"size"_s, u"target"_s}));
+    EXPECT_EQ(run("compare left --json").error()[u"folder"], pathText(path("codex/left")));
+    EXPECT_EQ(run("compare Bad_Name --json").error()[u"error"], u"invalidPath"_s);
+
     const Result undecided = run("import --json");
     EXPECT_EQ(undecided.code, 2);
     EXPECT_TRUE(undecided.output.isEmpty());
@@ -34,6 +45,7 @@ TEST_F(Vornelctl, ImportsRealFolders)
     EXPECT_EQ(imported.code, 0) << imported.errors.constData();
     EXPECT_EQ(imported.json()[u"skills"].toArray().size(), 2);
     EXPECT_EQ(bytesOf(path("home/.claude/skills/clash/SKILL.md")), "codex");
+    EXPECT_EQ(run("compare clash").code, 0);
 
     const Result status = run("status");
     EXPECT_EQ(status.code, 0);
@@ -267,7 +279,8 @@ TEST_F(Vornelctl, NamesItsFailures)
 TEST_F(Vornelctl, AnswersWrongUsageWithoutTouchingAnything)
 {
     const QByteArray lines =
-        "frobnicate;category;category rename;show;show a b;diff;status extra;create x;save x --file f;save x "
+        "frobnicate;category;category rename;show;show a b;compare;diff;status extra;create x;save x --file "
+        "f;save x "
         "--expect one --file f;list --maturity Draft;import --prefer both;import --choose a;set-aside a "
         "both;sync;sync --all x;status --verbose;status --all;list --search;--claude";
     for (const QByteArray &line : lines.split(';')) {

@@ -3,7 +3,10 @@
 
 #include <VORNELCore/Records/SerializedForms.h>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -84,6 +87,56 @@ TEST_F(Import, ClassifiesWhatBothFoldersHold)
     EXPECT_EQ(plan.collisions[0].codex.sourceURL, path("codex/aa-collision"));
     EXPECT_EQ(plan.revision, 1);
     EXPECT_TRUE(plan.blocked.isEmpty());
+}
+
+TEST_F(Import, ComparesBothSidesOfACollision)
+{
+    const auto last = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC);
+    const auto date = [&](const char *file, int ageInSeconds) {
+        const timespec time{last.toSecsSinceEpoch() - ageInSeconds, 0};
+        const std::array times{time, time};
+        ASSERT_EQ(::utimensat(AT_FDCWD, path(file).c_str(), times.data(), 0), 0);
+    };
+    write("claude/clash/SKILL.md", "one");
+    write("claude/clash/ref/only.md", "left");
+    write("claude/clash/vornel.json", "does not count");
+    write("codex/clash/SKILL.md", "other");
+    write("codex/clash/empty/.hidden", "");
+    date("claude/clash/SKILL.md", 9);
+    date("claude/clash/ref/only.md", 5);
+    date("codex/clash/SKILL.md", 7);
+
+    const TargetComparison clash = service->compareTargets(u"clash"_s).result();
+    EXPECT_EQ(clash, (TargetComparison{.slug = u"clash"_s,
+                                       .claude = {TargetKind::claude, 2, 7, last.addSecs(-5), true},
+                                       .codex = {TargetKind::codex, 1, 5, last.addSecs(-7), false},
+                                       .differences = {{u"SKILL.md"_s, FileChange::changed},
+                                                       {u"empty/"_s, FileChange::added},
+                                                       {u"ref/only.md"_s, FileChange::removed}}}));
+    date("codex/clash/SKILL.md", 5);
+    EXPECT_FALSE(service->compareTargets(u"clash"_s).result().claude.isNewer);
+
+    const auto read = [this](TargetKind target, const QString &file) {
+        return service->readTargetFile(u"clash"_s, target, file).result();
+    };
+    EXPECT_EQ(read(TargetKind::claude, u"ref/only.md"_s), "left");
+    EXPECT_EQ(read(TargetKind::codex, u"ref/only.md"_s), std::nullopt);
+    EXPECT_EQ(errorOf([&] { read(TargetKind::codex, u"../../claude/clash/SKILL.md"_s); }),
+              Error::invalidPath(PathViolation::parentTraversal));
+    EXPECT_EQ(errorOf([this] { service->compareTargets(u"../clash"_s).result(); }),
+              Error::invalidPath(PathViolation::invalidSlug));
+    fs::create_symlink("/etc/passwd", path("codex/clash/link"));
+    EXPECT_EQ(errorOf([this] { service->compareTargets(u"clash"_s).result(); }),
+              Error::symlinkUnsupported(u"link"_s));
+    EXPECT_EQ(errorOf([&] { read(TargetKind::codex, u"link"_s); }),
+              Error::symlinkUnsupported(pathText(path("codex/clash/link"))));
+    fs::remove_all(path("codex/clash"));
+    EXPECT_THROW(service->compareTargets(u"clash"_s).result(), fs::filesystem_error);
+    fs::remove_all(path("codex"));
+    fs::create_directory_symlink(path("claude"), path("codex"));
+    EXPECT_EQ(errorOf([this] { service->compareTargets(u"clash"_s).result(); }),
+              Error::symlinkUnsupported(pathText(path("codex"))));
+    EXPECT_THROW(read(TargetKind::codex, u"SKILL.md"_s), Error);
 }
 
 TEST_F(Import, SaysWhyAFolderIsBlocked)
