@@ -1,7 +1,5 @@
 #include "DifferentFileList.h"
 
-#include <VORNELCore/Records/ImportModels.h>
-
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -38,12 +36,32 @@ QString wording(FileChange change)
 
 void DifferentFileList::setInspections(const QList<CopyInspection> &inspections)
 {
-    beginResetModel();
-    m_rows.clear();
-    for (const CopyInspection &inspection : inspections) {
-        for (const FileDifference &difference : inspection.differences)
-            m_rows.append({inspection.target, difference});
+    QList<Row> rows;
+    for (const CopyInspection &copy : inspections) {
+        for (const FileDifference &difference : copy.differences)
+            rows.append({copy.target, difference, copy.assistant(),
+                         wording(difference.change) + u", "_s + copy.assistant()});
     }
+    setRows(rows);
+}
+
+void DifferentFileList::setComparison(const TargetComparison &comparison)
+{
+    QList<Row> rows;
+    for (const FileDifference &difference : comparison.differences) {
+        const bool isOfBoth = difference.change == FileChange::changed;
+        const bool isOfCodex = difference.change == FileChange::added;
+        const ComparedFolder &folder = isOfCodex ? comparison.codex : comparison.claude;
+        rows.append({folder.target, difference, isOfBoth ? QString() : folder.assistant(),
+                     isOfBoth ? u"différent"_s : u"seulement chez "_s + folder.assistant()});
+    }
+    setRows(rows);
+}
+
+void DifferentFileList::setRows(const QList<Row> &rows)
+{
+    beginResetModel();
+    m_rows = rows;
     endResetModel();
 }
 
@@ -56,18 +74,18 @@ QVariant DifferentFileList::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const auto &[target, difference] = m_rows.at(index.row());
+    const Row &row = m_rows.at(index.row());
     switch (role) {
     case TargetRole:
-        return QVariant::fromValue(target);
+        return QVariant::fromValue(row.target);
     case AssistantRole:
-        return assistantName(target);
+        return row.assistant;
     case PathRole:
-        return difference.relativePath;
+        return row.difference.relativePath;
     case SymbolRole:
-        return symbol(difference.change);
-    case ChangeTextRole:
-        return wording(difference.change);
+        return symbol(row.difference.change);
+    case DescriptionRole:
+        return row.description;
     default:
         return {};
     }
@@ -79,7 +97,7 @@ QHash<int, QByteArray> DifferentFileList::roleNames() const
             {AssistantRole, "assistant"},
             {PathRole, "path"},
             {SymbolRole, "symbol"},
-            {ChangeTextRole, "changeText"}};
+            {DescriptionRole, "description"}};
 }
 
 } // namespace vornel

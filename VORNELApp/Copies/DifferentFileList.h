@@ -1,13 +1,14 @@
 #pragma once
 
-#include <VORNELCore/Records/CopyInspection.h>
+#include <VORNELCore/Records/TargetComparison.h>
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
 
 namespace vornel {
 
-/// The files in which the copies of a skill differ from its canonical folder, copy by copy.
+/// The files in which copies differ from the canonical folder, copy by copy, or both targets' folders from
+/// each other.
 class DifferentFileList : public QAbstractListModel
 {
     Q_OBJECT
@@ -18,19 +19,24 @@ public:
     using QAbstractListModel::QAbstractListModel;
 
     void setInspections(const QList<CopyInspection> &inspections);
+    void setComparison(const TargetComparison &comparison);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
 private:
-    enum Role { TargetRole = Qt::UserRole, AssistantRole, PathRole, SymbolRole, ChangeTextRole };
+    enum Role { TargetRole = Qt::UserRole, AssistantRole, PathRole, SymbolRole, DescriptionRole };
 
     struct Row
     {
-        TargetKind target;
+        TargetKind target; ///< where the file is looked at, or would be
         FileDifference difference;
+        QString assistant;   ///< who alone is concerned
+        QString description; ///< of what is different, and at whom
     };
+
+    void setRows(const QList<Row> &rows);
 
     QList<Row> m_rows;
 };

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import VORNELDesignSystem
 
-/** One file in which a copy differs: "+" where only the copy has it, "−" where it lacks it. */
+/** One file that differs: "+" where it is only on the new side, "−" where it is only on the old one. */
 T.ItemDelegate {
     id: row
 
@@ -11,7 +11,7 @@ T.ItemDelegate {
     required property int target
     required property string path
     required property string symbol
-    required property string changeText
+    required property string description
     required property string assistant
 
     readonly property color hue: symbol === "+" ? Colors.success : symbol === "−" ? Colors.danger : Colors.warning
@@ -23,7 +23,7 @@ T.ItemDelegate {
     horizontalPadding: Metrics.small
     text: path
 
-    Accessible.name: path + ", " + changeText + ", " + assistant
+    Accessible.name: path + ", " + description
     Accessible.onPressAction: if (enabled) clicked()
 
     background: Rectangle {

@@ -28,26 +28,39 @@ QString sign(DiffLine::Kind kind)
     return {};
 }
 
+bool isFolder(const QString &path)
+{
+    return path.endsWith(u'/');
+}
+
 } // namespace
 
 void FileComparison::compare(TargetKind target, const QString &path)
 {
-    if (!path.endsWith(u'/')) {
-        begin(std::nullopt, target, path);
-        return;
-    }
-    ++m_request;
-    show({{}, u"Dossier vide."_s}); // else it would not be listed
+    if (isFolder(path))
+        showFolder();
+    else
+        begin(fileOf(std::nullopt, path), fileOf(target, path));
 }
 
 void FileComparison::compareWithText(TargetKind target, const QString &path, const QString &text)
 {
-    begin(text, target, path);
+    begin(bytesOf(text), fileOf(target, path));
 }
 
 void FileComparison::compareText(const QString &path, const QString &text)
 {
-    begin(std::nullopt, text, path);
+    begin(fileOf(std::nullopt, path), bytesOf(text));
+}
+
+void FileComparison::compareTargets(const QString &slug, const QString &path)
+{
+    TargetComparing &comparer = m_model->targetComparer();
+    if (isFolder(path))
+        showFolder();
+    else
+        begin(comparer.readTargetFile(slug, TargetKind::claude, path),
+              comparer.readTargetFile(slug, TargetKind::codex, path));
 }
 
 void FileComparison::copy(int first, int last) const
@@ -62,25 +75,33 @@ void FileComparison::copy(int first, int last) const
         QGuiApplication::clipboard()->setText(texts.join(u'\n'));
 }
 
-void FileComparison::begin(const Side &before, const Side &after, const QString &path)
+FileComparison::Bytes FileComparison::fileOf(std::optional<TargetKind> copy, const QString &path) const
+{
+    return m_model->inspector().readFile(m_skillID, copy, path);
+}
+
+FileComparison::Bytes FileComparison::bytesOf(const QString &text)
+{
+    return QtFuture::makeReadyFuture(std::optional(text.toUtf8()));
+}
+
+void FileComparison::begin(Bytes before, Bytes after)
 {
     show({});
-    QCoro::connect(compare(bytes(before, path), bytes(after, path)), this,
+    QCoro::connect(compare(std::move(before), std::move(after)), this,
                    [this, request = ++m_request](const Result &result) {
                        if (m_request == request)
                            show(result);
                    });
 }
 
-QFuture<std::optional<QByteArray>> FileComparison::bytes(const Side &side, const QString &path) const
+void FileComparison::showFolder()
 {
-    if (const QString *text = std::get_if<QString>(&side))
-        return QtFuture::makeReadyFuture(std::optional(text->toUtf8()));
-    return m_model->inspector().readFile(m_skillID, std::get<Folder>(side), path);
+    ++m_request;
+    show({{}, u"Dossier vide."_s}); // else it would not be listed
 }
 
-QCoro::Task<FileComparison::Result> FileComparison::compare(QFuture<std::optional<QByteArray>> before,
-                                                            QFuture<std::optional<QByteArray>> after)
+QCoro::Task<FileComparison::Result> FileComparison::compare(Bytes before, Bytes after)
 {
     const auto former = co_await answerOf(std::move(before));
     const auto latter = co_await answerOf(std::move(after));

@@ -5,17 +5,16 @@
 
 #include <QAbstractListModel>
 
-#include <variant>
-
 namespace vornel {
 
-/// The lines in which a file of a skill's folder or of an assistant's copy, or a text, differs from another.
+/// The lines in which a file of a skill's folder, of an assistant's copy or of a collision, or a text,
+/// differs from another.
 class FileComparison : public QAbstractListModel
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
-    Q_PROPERTY(QUuid skillID MEMBER m_skillID REQUIRED)
+    Q_PROPERTY(QUuid skillID MEMBER m_skillID)
     Q_PROPERTY(QString explanation READ explanation NOTIFY explanationChanged)
 
 public:
@@ -29,6 +28,9 @@ public:
 
     /// Begins to compare a text with this file of the skill.
     Q_INVOKABLE void compareText(const QString &path, const QString &text);
+
+    /// Begins to compare this file of Codex's folder of this slug with that of Claude's, of a skill or not.
+    Q_INVOKABLE void compareTargets(const QString &slug, const QString &path);
 
     /// Puts lines on the clipboard, from the first to the last, as their file holds them: without signs,
     /// numbers and remarks.
@@ -53,16 +55,16 @@ private:
         QString explanation;
     };
 
-    /// A copy, or the canonical folder.
-    using Folder = std::optional<TargetKind>;
+    /// The bytes of a side, when they have been read; nothing where it has no such file.
+    using Bytes = QFuture<std::optional<QByteArray>>;
 
-    /// What is compared: the file of a folder, or a text.
-    using Side = std::variant<Folder, QString>;
+    /// Those of a file of the skill's folder or of a copy, or of a text.
+    Bytes fileOf(std::optional<TargetKind> copy, const QString &path) const;
+    static Bytes bytesOf(const QString &text);
 
-    void begin(const Side &before, const Side &after, const QString &path);
-    QFuture<std::optional<QByteArray>> bytes(const Side &side, const QString &path) const;
-    static QCoro::Task<Result> compare(QFuture<std::optional<QByteArray>> before,
-                                       QFuture<std::optional<QByteArray>> after);
+    void begin(Bytes before, Bytes after);
+    void showFolder();
+    static QCoro::Task<Result> compare(Bytes before, Bytes after);
     static Result difference(const QByteArray &before, const QByteArray &after);
     void show(Result result);
 

@@ -11,6 +11,9 @@ Item {
     /** The user picks a side. */
     signal chosen(choice: int)
 
+    /** The user wants to see both. */
+    signal comparisonAsked
+
     function focusChoice(): void {
         claude.forceActiveFocus(Qt.TabFocusReason);
     }
@@ -35,12 +38,23 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         spacing: Metrics.small
 
+        ActionButton {
+            id: compare
+
+            KeyNavigation.right: claude
+            isFlat: true
+            Keys.onLeftPressed: {} // which would turn the page
+            text: "Comparer…"
+
+            Accessible.description: row.collision.slug
+            onClicked: row.comparisonAsked()
+        }
         ChoiceButton {
             id: claude
 
+            KeyNavigation.left: compare
             KeyNavigation.right: codex
             isChosen: row.collision.choice === Vornel.CollisionChoice.claude
-            Keys.onLeftPressed: {} // which would turn the page
             text: "Claude"
             onClicked: row.chosen(Vornel.CollisionChoice.claude)
         }

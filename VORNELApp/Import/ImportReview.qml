@@ -31,6 +31,11 @@ FocusScope {
         scroller.contentY = Math.max(0, Math.min(wanted, scroller.contentHeight - scroller.height));
     }
 
+    function choose(id: uuid, choice: int): void {
+        isRecording = true;
+        model.resolveCollision(id, choice);
+    }
+
     /** Brings the keyboard to the first decision; false when there is none to take. */
     function focusFirstDecision(): bool {
         const first = collisions.itemAt(0);
@@ -51,6 +56,20 @@ FocusScope {
         }
 
         target: review.model
+    }
+    DeferredItem {
+        id: comparison
+
+        file: "CollisionSheet.qml"
+        properties: ({ model: review.model })
+    }
+    Connections {
+        function onChosen(choice: int) {
+            review.choose((comparison.item as CollisionSheet).collision.id, choice);
+        }
+
+        ignoreUnknownSignals: true
+        target: comparison.item
     }
     ColumnLayout {
         anchors.fill: parent
@@ -128,13 +147,15 @@ FocusScope {
                             text: "Aucune collision"
                         }
                     }
-                    Label {
-                        bottomPadding: Metrics.tiny
-                        color: Colors.secondary
-                        text: "Deux versions portent le même nom. Choisissez celle à garder."
-                        visible: review.plan.collisions.length > 0
+                    CollisionsHeader {
+                        count: review.plan.collisions.length
+                        enabled: review.isRecording || !review.model.isWorking
+                        visible: count > 0
                         width: rows.width - 2 * rows.padding
-                        wrapMode: Text.Wrap
+                        onAllChosen: choice => {
+                            review.isRecording = true;
+                            review.model.resolveCollisions(choice);
+                        }
                     }
                     Repeater {
                         id: collisions
@@ -149,9 +170,10 @@ FocusScope {
                             collision: record
                             enabled: review.isRecording || !review.model.isWorking
                             width: rows.width - 2 * rows.padding
-                            onChosen: choice => {
-                                review.isRecording = true;
-                                review.model.resolveCollision(record.id, choice);
+                            onChosen: choice => review.choose(record.id, choice)
+                            onComparisonAsked: {
+                                comparison.make();
+                                (comparison.item as CollisionSheet).compare(record);
                             }
                         }
                     }

@@ -41,6 +41,11 @@ QCoro::Task<> ImportSession::resolveCollision(QUuid id, CollisionChoice choice)
     return showDecided(m_service->resolveCollision(id, choice));
 }
 
+QCoro::Task<> ImportSession::resolveCollisions(CollisionChoice choice)
+{
+    return showDecided(m_service->resolveCollisions(choice));
+}
+
 QCoro::Task<> ImportSession::exclude(QString slug)
 {
     return showDecided(m_service->excludeFromImport(std::move(slug)));

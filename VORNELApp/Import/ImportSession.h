@@ -29,6 +29,8 @@ public:
 
     QCoro::Task<> resolveCollision(QUuid id, CollisionChoice choice);
 
+    QCoro::Task<> resolveCollisions(CollisionChoice choice);
+
     /// Leaves the skill of this slug out of the import.
     QCoro::Task<> exclude(QString slug);
 

@@ -142,10 +142,11 @@ public:
     /// The skill chosen in the library, with what was found when it was opened.
     const SelectedSkill &selection() const { return m_selectedSkill; }
 
-    /// For the screens that show skills' files, the trash, new skills and unsaved texts.
+    /// For the screens that show skills' files, the trash, new skills, collisions and unsaved texts.
     CopyInspecting &inspector() const { return *m_service; }
     TrashInspecting &trashInspector() const { return *m_service; }
     NewSkillFinding &newSkills() const { return *m_service; }
+    TargetComparing &targetComparer() const { return *m_service; }
     DraftKeeping &drafts() const { return *m_drafts; }
 
     /// The library, prepared for queries of which the fields above are the filter.
@@ -191,6 +192,7 @@ public:
     /// Scans, or scans anew: a choice between two versions stays where neither has changed.
     Q_INVOKABLE void beginImportScan();
     Q_INVOKABLE void resolveCollision(QUuid id, vornel::CollisionChoice choice);
+    Q_INVOKABLE void resolveCollisions(vornel::CollisionChoice choice);
     Q_INVOKABLE void excludeFromImport(const QString &slug);
     Q_INVOKABLE void commitImport();
     Q_INVOKABLE void reload();

@@ -37,6 +37,11 @@ void AppModel::resolveCollision(QUuid id, CollisionChoice choice)
     m_operations.perform([this, id, choice] { return m_import.resolveCollision(id, choice); });
 }
 
+void AppModel::resolveCollisions(CollisionChoice choice)
+{
+    m_operations.perform([this, choice] { return m_import.resolveCollisions(choice); });
+}
+
 void AppModel::excludeFromImport(const QString &slug)
 {
     m_operations.perform([this, slug] { return m_import.exclude(slug); });

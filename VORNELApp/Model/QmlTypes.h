@@ -5,6 +5,7 @@
 #include <VORNELCore/Library/LibraryQuery.h>
 #include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/ImportModels.h>
+#include <VORNELCore/Records/TargetComparison.h>
 #include <VORNELCore/Records/TargetOccupant.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
@@ -107,6 +108,13 @@ struct InspectionType
     Q_GADGET
     QML_FOREIGN(vornel::CopyInspection)
     QML_VALUE_TYPE(copyInspection)
+};
+
+struct ComparedFolderType
+{
+    Q_GADGET
+    QML_FOREIGN(vornel::ComparedFolder)
+    QML_VALUE_TYPE(comparedFolder)
 };
 
 struct OccupantType

@@ -78,6 +78,32 @@ ScreenTest {
         awaitText("Bibliothèque");
     }
 
+    function test_both_versions_of_a_collision_are_compared() {
+        fixture.write("claude/audit/SKILL.md", "titre\nun\n");
+        fixture.write("claude/audit/notes.md", "seules");
+        fixture.write("codex/audit/SKILL.md", "titre\ndeux\n");
+        enterImportPage();
+        tryVerify(() => control("Claude").activeFocus);
+        press(Qt.Key_Left, Qt.Key_Left);
+        verify(control("Comparer…").activeFocus, "the arrows lead there, and turn no page");
+        press(Qt.Key_Return, "Les deux versions de «\u00a0audit\u00a0»", /^Claude(, le plus récent)?, 2 fichiers, 15\u00a0octets, modifié le /,
+              "SKILL.md, différent", "notes.md, seulement chez Claude", "un", "deux");
+        tryVerify(() => focusedName() === "SKILL.md, différent");
+        press(Qt.Key_Down, "seules");
+        verify(!shows("deux"));
+        click("Garder Codex");
+        awaitGone("Garder Codex");
+        awaitText("Prêt à commencer.");
+        verify(control("Codex").isChosen);
+        tryVerify(() => focusedName() === "Comparer…");
+
+        fixture.remove("claude/audit");
+        press(Qt.Key_Return, /^Les deux versions n’ont pas pu être comparées\. Fichier ou dossier introuvable/);
+        compare(control("Garder Codex").Accessible.description, "sélectionné");
+        press(Qt.Key_Escape);
+        awaitGone("Garder Codex");
+    }
+
     function test_folders_of_others_are_replaced_only_when_told() {
         fixture.write("claude/audit/SKILL.md", "un");
         fixture.write("codex/audit/notes.txt", "à un autre");
@@ -140,12 +166,18 @@ ScreenTest {
             compare(all("Codex")[row].isChosen, row < 20 && row % 2 === 0, slugs[row]);
         }
 
-        all("Claude")[0].forceActiveFocus(Qt.TabFocusReason);
-        for (let stop = 0; stop < 60; ++stop) {
-            const choice = all(stop % 2 ? "Codex" : "Claude")[Math.floor(stop / 2)];
-            verify(choice.activeFocus && isInView(choice), "stop " + stop);
+        all("Comparer…")[0].forceActiveFocus(Qt.TabFocusReason);
+        for (let stop = 0; stop < 90; ++stop) {
+            const control = all(["Comparer…", "Claude", "Codex"][stop % 3])[Math.floor(stop / 3)];
+            verify(control.activeFocus && isInView(control), "stop " + stop);
             press(Qt.Key_Tab);
         }
+        scroller.contentY = 0;
+        click("Tout garder de Codex");
+        tryVerify(() => all("Codex").filter(choice => choice.isChosen).length === 30);
+        compare(focusedName(), "Tout garder de Codex");
+        all("Claude")[29].clicked();
+        tryVerify(() => all("Codex").filter(choice => choice.isChosen).length === 29 && all("Claude")[29].isChosen);
     }
 
     function test_failed_scan_and_nothing_to_import() {
