@@ -1,8 +1,10 @@
 #include "Scenes.h"
 
+#include <array>
 #include <fstream>
 
 using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
 
 namespace vornel {
 namespace {
@@ -40,6 +42,24 @@ void photographFilters(const Photographer &photographer, AppModel &model)
     model.setSelectedMaturity({});
 }
 
+/// What assistants have made since the import.
+void photographNewSkills(const Photographer &photographer, Studio &studio)
+{
+    const std::array made{studio.path("claude/revue-d-api"), studio.path("claude/plan-de-tests"),
+                          studio.path("codex/glossaire")};
+    for (const fs::path &folder : made)
+        fs::copy(studio.path("claude/relecture-de-code"), folder);
+    studio.model().reload();
+    studio.settle();
+    Studio::rest();
+    photographer.take(u"library-news"_s);
+    for (const fs::path &folder : made)
+        fs::remove_all(folder);
+    studio.model().reload();
+    studio.settle();
+    Studio::rest();
+}
+
 } // namespace
 
 void photographLibrary(Photographer &photographer, Studio &studio)
@@ -55,6 +75,7 @@ void photographLibrary(Photographer &photographer, Studio &studio)
     photographer.hold(dragged, u"Design"_s);
     photographer.take(u"library-drag"_s);
     photographer.letGo();
+    photographNewSkills(photographer, studio);
 }
 
 void photographEmptyLibrary(Photographer &photographer, Studio &studio)

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include <chrono>
 #include <fstream>
 
 using namespace Qt::StringLiterals;
@@ -19,11 +20,25 @@ void resolveCollisions(Studio &studio)
     }
 }
 
+/// Makes the files of one assistant older than those of the other.
+void age(const fs::path &folder)
+{
+    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(folder)) {
+        if (entry.is_regular_file())
+            fs::last_write_time(entry, fs::last_write_time(entry) - std::chrono::days(3));
+    }
+}
+
 void photographImport(const Photographer &photographer, Studio &studio)
 {
     photographer.takeAtOnce(u"import-scan"_s);
     studio.settle();
     photographer.take(u"import-collisions"_s);
+    photographer.click(u"Comparer…"_s);
+    Studio::rest();
+    photographer.take(u"import-comparison"_s);
+    photographer.press(Qt::Key_Escape);
+    Studio::rest();
     resolveCollisions(studio);
     photographer.click(u"2 dossiers ignorés"_s);
     photographer.take(u"import-ready"_s);
@@ -78,6 +93,8 @@ void photographOccupiedImport(Photographer &photographer)
 
 void photographOnboarding(Photographer &photographer, Studio &studio)
 {
+    age(studio.path("claude"));
+    studio.occupy("codex/relecture-de-code");
     photographer.watch(studio);
     photographer.take(u"launch"_s);
     studio.settle();

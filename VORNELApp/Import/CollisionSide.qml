@@ -29,6 +29,7 @@ Surface {
         spacing: Metrics.tiny
 
         Row {
+            height: mark.height // with or without it
             spacing: Metrics.small
 
             Label {

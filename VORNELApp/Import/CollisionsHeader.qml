@@ -20,7 +20,7 @@ Item {
         anchors.right: all.left
         anchors.rightMargin: Metrics.large
         anchors.verticalCenter: parent.verticalCenter
-        bottomPadding: Metrics.tiny
+        bottomPadding: all.visible ? 0 : Metrics.tiny
         color: Colors.secondary
         text: "Deux versions portent le même nom. Choisissez celle à garder."
         wrapMode: Text.Wrap

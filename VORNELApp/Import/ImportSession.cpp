@@ -28,11 +28,13 @@ QCoro::Task<> ImportSession::scan()
 {
     ImportPlan plan = co_await m_service->scanImports();
     const QList<ImportCollision> before = m_plan ? m_plan->collisions : QList<ImportCollision>();
-    const QList<ImportCollision> found = plan.collisions;
-    for (const ImportCollision &collision : found) {
+    QList<QFuture<ImportPlan>> decided; // asked for at once, since waiting for each of many takes long
+    for (const ImportCollision &collision : std::as_const(plan.collisions)) {
         if (const auto choice = formerChoice(collision, before))
-            plan = co_await m_service->resolveCollision(collision.id, *choice);
+            decided.append(m_service->resolveCollision(collision.id, *choice));
     }
+    for (const QFuture<ImportPlan> &answer : std::as_const(decided))
+        plan = co_await answer;
     show(plan);
 }
 
