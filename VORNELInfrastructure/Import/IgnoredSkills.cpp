@@ -6,12 +6,13 @@
 namespace vornel {
 
 IgnoredNames IgnoredSkills::names() const
-try {
+{
     constexpr std::int64_t longest = 10'000'000;
-    const QByteArray bytes = readFile(m_workspace.files, m_workspace.config.ignoredSkills(), longest);
+    const auto place = m_workspace.config.ignoredSkills();
+    if (!m_workspace.files.kindAt(place))
+        return {};
+    const QByteArray bytes = readFile(m_workspace.files, place, longest);
     return RecordJson::decodeDocument<IgnoredNames>(bytes).value_or(IgnoredNames());
-} catch (const std::exception &) {
-    return {};
 }
 
 void IgnoredSkills::keep(const IgnoredNames &names) const

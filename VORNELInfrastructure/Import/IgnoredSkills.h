@@ -18,6 +18,8 @@ public:
     QStringList claude;
     QStringList codex;
 
+    bool operator==(const IgnoredNames &) const = default;
+
     QStringList &of(TargetKind target) { return target == TargetKind::claude ? claude : codex; }
 };
 
@@ -27,7 +29,8 @@ class IgnoredSkills
 public:
     explicit IgnoredSkills(const Workspace &workspace) : m_workspace(workspace) {}
 
-    /// None where the file is missing or spoiled: then the user is told once more.
+    /// None where the file is missing or spoiled: then the user is told once more. May fail with a
+    /// file-system error.
     IgnoredNames names() const;
 
     /// Replaces the file in one step.

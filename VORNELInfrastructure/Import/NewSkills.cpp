@@ -32,14 +32,25 @@ QStringList skillNames(const FileSystem &files, const std::filesystem::path &roo
     return names;
 }
 
+/// May fail with what a look at the file throws.
 bool hasText(const Workspace &workspace, TargetKind target, const QString &name)
 {
-    bool isText = false;
-    bestEffort([&] {
-        const auto text = workspace.config.target(target) / pathFromText(name) / SkillFiles::text;
-        isText = workspace.files.kindAt(text) == FileKind::Regular;
-    });
-    return isText;
+    const auto text = workspace.config.target(target) / pathFromText(name) / SkillFiles::text;
+    return workspace.files.kindAt(text) == FileKind::Regular;
+}
+
+/// Drops the names that no longer hide anything: the library has them, or no such folder is left. Should one
+/// come again, it is another.
+void dropSettled(const Workspace &workspace, IgnoredNames &names)
+{
+    const QStringList known = skillNames(workspace.files, workspace.config.skills());
+    for (const TargetKind target : allCases<TargetKind>()) {
+        names.of(target).removeIf([&](const QString &name) {
+            bool isSettled = known.contains(name);
+            bestEffort([&] { isSettled = isSettled || !hasText(workspace, target, name); });
+            return isSettled;
+        });
+    }
 }
 
 QSet<QString> trashedSlugs(const Workspace &workspace)
@@ -57,15 +68,19 @@ QSet<QString> trashedSlugs(const Workspace &workspace)
 QList<NewSkill> newSkills(const Workspace &workspace)
 {
     const QStringList known = skillNames(workspace.files, workspace.config.skills());
-    IgnoredNames ignored = IgnoredSkills(workspace).names();
+    IgnoredNames ignored;
+    bestEffort([&] { ignored = IgnoredSkills(workspace).names(); });
     QList<NewSkill> found;
     for (const TargetKind target : allCases<TargetKind>()) {
         bestEffort([&] {
             refuseLinkedRoot(workspace.files, workspace.config.target(target));
             for (const QString &name : skillNames(workspace.files, workspace.config.target(target))) {
-                if (!known.contains(name) && !ignored.of(target).contains(name) &&
-                    hasText(workspace, target, name))
-                    found.append({target, name});
+                if (known.contains(name) || ignored.of(target).contains(name))
+                    continue;
+                bestEffort([&] {
+                    if (hasText(workspace, target, name))
+                        found.append({target, name});
+                });
             }
         });
     }
@@ -81,11 +96,22 @@ void ignoreNewSkills(const Workspace &workspace, const QList<NewSkill> &skills)
 {
     const IgnoredSkills store(workspace);
     IgnoredNames names = store.names();
+    dropSettled(workspace, names);
     for (const NewSkill &skill : skills) {
         if (QStringList &ofTarget = names.of(skill.target); !ofTarget.contains(skill.slug))
             ofTarget.append(skill.slug);
     }
     store.keep(names);
+}
+
+void forgetSettledSkills(const Workspace &workspace)
+{
+    const IgnoredSkills store(workspace);
+    const IgnoredNames before = store.names();
+    IgnoredNames names = before;
+    dropSettled(workspace, names);
+    if (names != before)
+        store.keep(names);
 }
 
 } // namespace vornel

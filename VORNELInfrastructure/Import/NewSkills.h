@@ -12,4 +12,8 @@ QList<NewSkill> newSkills(const Workspace &workspace);
 /// Remembers that the user wants to hear nothing of these.
 void ignoreNewSkills(const Workspace &workspace, const QList<NewSkill> &skills);
 
+/// Forgets those of them that the library has by now, or that are gone: should they come again, the user is
+/// told.
+void forgetSettledSkills(const Workspace &workspace);
+
 } // namespace vornel

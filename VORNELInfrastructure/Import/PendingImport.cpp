@@ -2,6 +2,7 @@
 
 #include "ImportCommit.h"
 #include "ImportScan.h"
+#include "NewSkills.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 
@@ -54,6 +55,7 @@ void PendingImport::commit(const Workspace &workspace, const QUuid &planID,
     if (plan().id != planID)
         throw VORNELWorkspaceError::importPlanNotFound();
     ImportCommit(workspace).run(plan(), progress);
+    forgetSettledSkills(workspace);
     m_plan.reset();
 }
 

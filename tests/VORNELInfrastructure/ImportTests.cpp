@@ -55,11 +55,32 @@ TEST_F(Import, TellsOfWhatAssistantsMadeSinceTheLastOne)
     EXPECT_EQ(service->newSkills().result(), (QList{claudeThrown, codexMade}));
     EXPECT_TRUE(slugs(scan()).contains(u"made:claude"_s)) << "an import finds them still";
 
+    service->ignoreNewSkills({claudeThrown, codexMade}).result();
+    std::filesystem::remove_all(path("codex/made"));
+    service->ignoreNewSkills({}).result();
+    write("codex/made/SKILL.md", "x");
+    EXPECT_EQ(service->newSkills().result(), QList{codexMade}) << "what went and came again is new";
+
+    commit(scan());
+    EXPECT_TRUE(service->newSkills().result().isEmpty());
+    EXPECT_EQ(errorOf([&] { service->restore(thrown).result(); }), Error::duplicateSlug(u"thrown"_s))
+        << "what is imported under a trashed skill's name is a skill of its own";
+    service->deletePermanently(thrown).result();
+    for (const SkillSummary &skill : service->reload().result().skills)
+        service->moveToTrash(skill.id).result();
+    for (const char *folder : {"claude/made", "claude/thrown", "codex/made"})
+        write(std::string(folder) + "/SKILL.md", "x");
+    const NewSkill madeAgain{TargetKind::codex, u"made"_s, true};
+    EXPECT_EQ(service->newSkills().result().last(), madeAgain)
+        << "though it was ignored before it was imported";
+    EXPECT_EQ(service->newSkills().result().size(), 3);
+    service->ignoreNewSkills({madeAgain}).result();
+
     write("workspace/.vornel/ignored.json", "spoiled");
     EXPECT_EQ(service->newSkills().result().size(), 3) << "better told again than never";
     std::filesystem::remove_all(path("claude"));
     std::filesystem::create_directory_symlink(path("codex"), path("claude"));
-    EXPECT_EQ(service->newSkills().result(), QList{codexMade}) << "a target that is a link isn't followed";
+    EXPECT_EQ(service->newSkills().result(), QList{madeAgain}) << "a target that is a link isn't followed";
 }
 
 TEST_F(Import, ClassifiesWhatBothFoldersHold)

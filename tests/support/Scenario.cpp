@@ -15,6 +15,7 @@ namespace vornel {
 namespace {
 
 using Service = LocalWorkspaceService;
+
 /// The skills of these slugs; `skillNotFound` when there is none of them.
 QSet<QUuid> idsOf(const QStringList &slugs, const QList<SkillSummary> &skills)
 {
@@ -132,6 +133,19 @@ void import(Service &service)
     service.commitImport(plan.id).result();
 }
 
+void ignore(Service &service)
+{
+    constexpr auto claude = TargetKind::claude;
+    constexpr auto codex = TargetKind::codex;
+    service
+        .ignoreNewSkills({{claude, u"both"_s},
+                          {claude, u"clash"_s},
+                          {codex, u"both"_s},
+                          {codex, u"clash"_s},
+                          {codex, u"right"_s}})
+        .result();
+}
+
 /// An operation on a library; `line` has the words of its command.
 Scenario operation(const char *name, std::function<void(Service &)> run, const char *line,
                    std::optional<Error> refusal = std::nullopt)
@@ -170,6 +184,7 @@ std::vector<Scenario> allScenarios()
         operation("restore", restore, "restore gone --replace", done),
         operation("deletePermanently", deletePermanently, "delete gone", done),
         operation("emptyTrash", emptyTrash, "empty-trash"),
+        operation("ignore", ignore, "ignore --all"),
         operation("import", import, "import --prefer codex --replace"),
         {"firstImport",
          writeAssistantsFolders,

@@ -95,6 +95,7 @@ void buildLibrary(const fs::path &folder)
     for (const SkillSummary &skill : service->reload().result().skills)
         service->synchronize(skill.id).result();
     service->moveToTrash(QSet<QUuid>{gone, kept}).result();
+    service->ignoreNewSkills({{TargetKind::claude, u"left"_s}}).result();
 
     writeFile(folder / "codex/demo/SKILL.md", "edited by an assistant");
     writeFile(folder / "codex/demo/reference/own.md", "added by an assistant");

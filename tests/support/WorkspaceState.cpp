@@ -79,6 +79,7 @@ WorkspaceState stateBelow(const fs::path &folder)
     state.claude = treesIn(folder / "claude");
     state.codex = treesIn(folder / "codex");
     state.catalog = bytesOf(bookkeeping / "categories.json");
+    state.ignored = bytesOf(bookkeeping / "ignored.json");
     return state;
 }
 

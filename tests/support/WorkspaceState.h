@@ -26,6 +26,7 @@ struct WorkspaceState
     std::map<std::string, Tree> claude;
     std::map<std::string, Tree> codex;
     std::string catalog;
+    std::string ignored; ///< the names of new skills that are ignored; empty without any
 
     /// The skill of this slug; null where there is none.
     const SkillOnDisk *find(const std::string &slug) const;
