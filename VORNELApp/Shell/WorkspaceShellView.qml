@@ -168,6 +168,15 @@ FocusScope {
         file: "ImportSheet.qml"
         properties: ({ model: shell.model })
     }
+    Connections {
+        function onClosed() {
+            if (!shell.activeFocus || !shell.Window.activeFocusItem.visible) // who asked for it may have gone
+                content.takeKeyboard();
+        }
+
+        ignoreUnknownSignals: true
+        target: importing.item
+    }
     ShellContent {
         id: content
 

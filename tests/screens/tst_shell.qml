@@ -20,6 +20,43 @@ ScreenTest {
         tryVerify(() => control("audit").Accessible.description.includes("à jour"));
     }
 
+    function test_new_skills_of_assistants() {
+        openShell(["audit"]);
+        verify(!shows("Ignorer"));
+        fixture.write("claude/plan/SKILL.md", "name: Plan");
+        fixture.write("codex/revue/SKILL.md", "name: Revue");
+        reload();
+        awaitText("1 nouvelle compétence chez Claude et 1 chez Codex");
+        control("Ignorer").forceActiveFocus();
+        press(Qt.Key_Escape);
+        tryVerify(() => focusedName() === "audit", 1000, "Esc turns from the notice");
+        verify(shows("Ignorer"));
+
+        clickUntil("Importer…", "Importer des compétences", "2 COMPÉTENCES");
+        tryVerify(() => focusedName() === "Importer");
+        press(Qt.Key_Escape);
+        awaitGone("Importer des compétences");
+        verify(control("Importer…").activeFocus);
+        press(Qt.Key_Return, "Importer des compétences", "2 COMPÉTENCES");
+        tryVerify(() => focusedName() === "Importer");
+        press(Qt.Key_Return);
+        awaitGone("Importer des compétences", "Ignorer");
+        awaitText("Plan", "Revue");
+        tryVerify(() => ["audit", "Plan", "Revue"].includes(focusedName()), 1000, "the keyboard goes back to the list");
+
+        trash("plan");
+        fixture.write("claude/plan/SKILL.md", "name: Plan");
+        reload();
+        awaitText("1 nouvelle compétence chez Claude. «\u00a0plan\u00a0» est dans la corbeille.");
+        control("Ignorer").forceActiveFocus();
+        press(Qt.Key_Return);
+        awaitGone("Ignorer");
+        tryVerify(() => ["audit", "Revue"].includes(focusedName()));
+        reload();
+        wait(100);
+        verify(!shows("Ignorer"));
+    }
+
     function test_destinations_and_a_skill() {
         openShell(["audit", "notes"]);
         verifyShown("VORNEL", "Tout est à jour");
