@@ -90,6 +90,23 @@ def attention(program, folder):
     program.sees("label", "1 compétence")
 
 
+def news(program, folder):
+    made = folder / "claude/trouvaille"
+    made.mkdir()
+    (made / "SKILL.md").write_text("made since", encoding="utf-8")
+    program.press("Actualiser")
+
+    def tells(node):
+        below = {child.name for child in node.branch() if child.role == "push button"}
+        return node.name == "1 nouvelle compétence chez Claude" and below == {"Importer…", "Ignorer"}
+
+    program.wait("the new skill with its buttons", lambda nodes: any(map(tells, nodes)))
+    program.sees_page()
+    program.press("Ignorer")
+    program.wait("no word of it any more", lambda nodes: nodes and not any(node.name == "Ignorer" for node in nodes))
+    shutil.rmtree(made)
+
+
 def says(program, skill, *texts):
     """Waits until the row of this skill is read out with all of these texts."""
 
