@@ -161,8 +161,7 @@ QString usageText(const QList<CommandSyntax> &commands)
            "catégorie.\nFICHIER «\u00A0-\u00A0» est l’entrée standard.\n"
            "--replace remplace les dossiers que VORNEL n’a pas installés\u00A0; ils sont gardés dans "
            "l’historique.\nCodes de sortie\u00A0: 0 réussite, 1 copie à réparer (status, diff) ou dossiers "
-           "différents (compare), 2 échec, "
-           "64 usage incorrect.\n"_s;
+           "différents (compare), 2 échec, 64 usage incorrect.\n"_s;
 }
 
 } // namespace vornel

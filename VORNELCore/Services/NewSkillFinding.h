@@ -17,8 +17,8 @@ public:
     /// none, by target and name; only their names are read. A target that can't be read has none.
     virtual QFuture<QList<NewSkill>> newSkills() = 0;
 
-    /// Tells of these no more, and returns the others. An import still finds them; once they were imported,
-    /// or are gone, one that comes again under the name is told of.
+    /// Tells of these no more, and returns the others; an import still finds them. Forgets earlier ones that
+    /// the library has by now or that are gone, as an import does.
     virtual QFuture<QList<NewSkill>> ignoreNewSkills(QList<NewSkill> skills) = 0;
 };
 
