@@ -31,21 +31,23 @@ AppEnvironment AppEnvironment::live(const WorkspaceLocating &workspaceLocator, c
                                     const std::filesystem::path &home)
 {
     const WorkspaceRoots roots = WorkspaceRoots::fromEnvironment(environment, home, workspaceLocator);
-    const auto service =
-        std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>(), FailureScope::Skill);
+    const auto watch = std::make_shared<WorkspaceWatch>();
+    const auto service = std::make_shared<LocalWorkspaceService>(std::make_shared<PosixFileSystem>(),
+                                                                 FailureScope::Skill, watch);
     const auto drafts = std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), roots.workspace);
     return {.workspaceURL = roots.workspace,
             .claudeRoot = roots.claude,
             .codexRoot = roots.codex,
             .workspaceService = service,
             .defaults = settings(environment),
-            .drafts = drafts};
+            .drafts = drafts,
+            .watch = watch};
 }
 
 std::unique_ptr<AppModel> AppEnvironment::makeAppModel() const
 {
-    return std::make_unique<AppModel>(workspaceService, workspaceURL, claudeRoot, codexRoot, defaults,
-                                      drafts);
+    return std::make_unique<AppModel>(workspaceService, workspaceURL, claudeRoot, codexRoot, defaults, drafts,
+                                      watch);
 }
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include <VORNELCore/Services/DraftKeeping.h>
 #include <VORNELCore/Services/WindowServicing.h>
 #include <VORNELCore/Services/WorkspaceLocating.h>
+#include <VORNELCore/Services/WorkspaceWatching.h>
 #include <VORNELInfrastructure/Workspace/WorkspaceRoots.h>
 
 #include <QSettings>
@@ -22,6 +23,7 @@ struct AppEnvironment
     std::shared_ptr<WindowServicing> workspaceService;
     std::shared_ptr<QSettings> defaults;
     std::shared_ptr<DraftKeeping> drafts;
+    std::shared_ptr<WorkspaceWatching> watch = nullptr;
 
     /// From the environment's variables, with the defaults below `home`. Touches no folder. With
     /// VORNEL_TEST_MODE at exactly "1", the settings are private to this process.

@@ -25,6 +25,8 @@ Window {
     title: "VORNEL"
     width: 1240
 
+    onActiveChanged: if (active) model.lookForChanges()
+
     onClosing: event => {
         if (model.departure.isGuarded) {
             event.accepted = false;

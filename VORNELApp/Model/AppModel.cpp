@@ -24,13 +24,15 @@ std::optional<E> optionalCase(const QVariant &value)
 
 AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::path workspaceURL,
                    std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
-                   std::shared_ptr<QSettings> defaults, std::shared_ptr<DraftKeeping> drafts)
+                   std::shared_ptr<QSettings> defaults, std::shared_ptr<DraftKeeping> drafts,
+                   std::shared_ptr<WorkspaceWatching> watch)
     : m_service(std::move(service)),
       m_drafts(std::move(drafts)),
       m_workspaceURL(std::move(workspaceURL)),
       m_claudeRoot(std::move(claudeRoot)),
       m_codexRoot(std::move(codexRoot)),
       m_library(m_service, m_operations),
+      m_liveReading(std::move(watch), m_library, m_operations),
       m_startUp(m_service, m_operations, m_library, std::move(defaults)),
       m_import(m_service),
       m_selectedSkill(m_service, m_drafts, m_operations),
@@ -52,6 +54,7 @@ AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::pa
 AppModel::~AppModel()
 {
     m_batch.stop();
+    m_liveReading.stop();
     m_operations.wait();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Library.h"
+#include "LiveReading.h"
 #include "SelectedSkill.h"
 #include "StartUp.h"
 
@@ -57,10 +58,11 @@ class AppModel : public QObject
 
 public:
     /// `drafts` lie beside what `service` keeps; `defaults` holds what the user's machine remembers between
-    /// two starts.
+    /// two starts. Without a `watch`, what others change shows at the next reading.
     AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::path workspaceURL,
              std::filesystem::path claudeRoot, std::filesystem::path codexRoot,
-             std::shared_ptr<QSettings> defaults, std::shared_ptr<DraftKeeping> drafts);
+             std::shared_ptr<QSettings> defaults, std::shared_ptr<DraftKeeping> drafts,
+             std::shared_ptr<WorkspaceWatching> watch = nullptr);
 
     /// Waits for the operations that still run.
     ~AppModel() override;
@@ -204,6 +206,9 @@ public:
     /// Reads the overview anew without a word: the last error stays, and what can't be read stays as it was.
     Q_INVOKABLE void refreshOverview() { m_library.readQuietly(); }
 
+    /// To be called when the user comes back to the window: reads what may have changed unseen meanwhile.
+    Q_INVOKABLE void lookForChanges() { m_liveReading.lookForChanges(); }
+
     void assignSkills(QSet<QUuid> ids, QString category);
     Q_INVOKABLE void assignSelectedSkill(const QString &category);
     Q_INVOKABLE void synchronizeSelectedSkill() { m_openSkill.installCopies(); }
@@ -282,6 +287,7 @@ private:
     const std::filesystem::path m_codexRoot;
     Operations m_operations;
     Library m_library;
+    LiveReading m_liveReading;
     StartUp m_startUp;
     ImportSession m_import;
     SelectedSkill m_selectedSkill;

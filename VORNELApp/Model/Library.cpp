@@ -1,6 +1,7 @@
 #include "Library.h"
 
 #include <QCoro/QCoroFuture>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <utility>
@@ -53,6 +54,8 @@ void Library::show(const WorkspaceOverview &overview)
 
 QCoro::Task<> Library::read()
 {
+    ++m_readings;
+    const auto end = qScopeGuard([this] { --m_readings; });
     try {
         show(co_await m_service->reload());
     } catch (const std::exception &) {

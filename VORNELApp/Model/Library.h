@@ -26,6 +26,9 @@ public:
     /// Whether the last reading succeeded: else nobody knows how the skills and their copies stand.
     bool isCurrent() const { return m_isCurrent; }
 
+    /// Whether a reading is under way.
+    bool isReading() const { return m_readings > 0; }
+
     /// The overview's skills, prepared for queries.
     const LibraryIndex &index() const { return m_index; }
 
@@ -66,6 +69,7 @@ private:
     LibraryIndex m_index;
     WrongCopies m_wrongCopies;
     bool m_isCurrent = true;
+    int m_readings = 0; ///< that are under way
 };
 
 } // namespace vornel

@@ -19,13 +19,21 @@ namespace vornel {
 
 namespace fs = std::filesystem;
 
-LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager, FailureScope failureScope)
-    : m_manager(std::move(manager)), m_failureScope(failureScope)
+LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager, FailureScope failureScope,
+                                             std::shared_ptr<WorkspaceWatch> watch)
+    : m_manager(std::move(manager)), m_failureScope(failureScope), m_watch(std::move(watch))
 {}
 
 Workspace LocalWorkspaceService::workspaceOf(const Configuration &config)
 {
     return {*m_manager, config, m_failedSyncTargets, m_foundCopies, m_failureScope};
+}
+
+WorkspaceOverview LocalWorkspaceService::overview(const Workspace &workspace) const
+{
+    if (m_watch)
+        m_watch->beginOverview(workspace.files, workspace.config);
+    return makeOverview(workspace);
 }
 
 template <typename Operation>
@@ -55,9 +63,9 @@ auto LocalWorkspaceService::perform(LockMode mode, Operation operation)
 template <typename Operation>
 QFuture<WorkspaceOverview> LocalWorkspaceService::change(Operation operation)
 {
-    return perform(LockMode::Exclusive, [operation = std::move(operation)](const Workspace &workspace) {
+    return perform(LockMode::Exclusive, [this, operation = std::move(operation)](const Workspace &workspace) {
         operation(workspace);
-        return makeOverview(workspace);
+        return overview(workspace);
     });
 }
 
@@ -78,7 +86,7 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
         }
         readMetadata(workspace); // for its errors
         m_configuration = config;
-        return makeOverview(workspace);
+        return overview(workspace);
     });
 }
 
@@ -114,14 +122,14 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::commitImport(QUuid planID)
         };
         return runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {
             m_import.commit(workspace, planID, report);
-            return makeOverview(workspace);
+            return overview(workspace);
         });
     });
 }
 
 QFuture<WorkspaceOverview> LocalWorkspaceService::reload()
 {
-    return perform(LockMode::Shared, makeOverview);
+    return perform(LockMode::Shared, [this](const Workspace &workspace) { return overview(workspace); });
 }
 
 QFuture<SkillManifest> LocalWorkspaceService::reviewCreation(CreateSkillRequest request)

@@ -2,6 +2,7 @@
 
 #include "SerialExecutor.h"
 #include "Workspace.h"
+#include "WorkspaceWatch.h"
 
 #include <VORNELCore/Services/CreationReviewing.h>
 #include <VORNELCore/Services/WindowServicing.h>
@@ -17,8 +18,10 @@ namespace vornel {
 class LocalWorkspaceService : public WindowServicing, public CreationReviewing
 {
 public:
+    /// `watch`, if any, is told when an overview begins.
     explicit LocalWorkspaceService(std::shared_ptr<FileSystem> manager,
-                                   FailureScope failureScope = FailureScope::Library);
+                                   FailureScope failureScope = FailureScope::Library,
+                                   std::shared_ptr<WorkspaceWatch> watch = nullptr);
 
     QFuture<WorkspaceOverview> bootstrap(std::filesystem::path workspaceURL, std::filesystem::path claudeRoot,
                                          std::filesystem::path codexRoot) override;
@@ -76,9 +79,11 @@ private:
     QFuture<WorkspaceOverview> change(Operation operation);
 
     Workspace workspaceOf(const Configuration &config);
+    WorkspaceOverview overview(const Workspace &workspace) const;
 
     std::shared_ptr<FileSystem> m_manager;
     FailureScope m_failureScope;
+    std::shared_ptr<WorkspaceWatch> m_watch;
     std::optional<Configuration> m_configuration;
     PendingImport m_import;
     FailedSyncTargets m_failedSyncTargets;
