@@ -2,6 +2,7 @@
 
 #include <VORNELCore/Library/Wording.h>
 
+#include <algorithm>
 #include <chrono>
 
 using namespace Qt::StringLiterals;
@@ -56,6 +57,13 @@ void CardPage::select(int from, int to)
          ++index)
         ids.insert(m_cards.records().at(index).skill.id);
     m_selection->add(ids);
+}
+
+int CardPage::indexOf(QUuid id) const
+{
+    const QList<LibraryCard> cards = m_cards.records().first(m_cardCount);
+    const auto found = std::ranges::find(cards, id, [](const LibraryCard &card) { return card.skill.id; });
+    return found == cards.end() ? -1 : static_cast<int>(found - cards.begin());
 }
 
 int CardPage::indexAt(int row, int column) const

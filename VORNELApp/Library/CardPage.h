@@ -75,6 +75,9 @@ public:
     /// Selects the skills of the cards between these two positions, both included.
     Q_INVOKABLE void select(int from, int to);
 
+    /// The position of a skill's card; -1 where this page has none.
+    Q_INVOKABLE int indexOf(QUuid id) const;
+
     /// The position of the card at this place, or of the last one of its row; -1 without such a row.
     Q_INVOKABLE int indexAt(int row, int column) const;
 

@@ -23,6 +23,12 @@ FocusScope {
     property int currentIndex: 0
     property SkillCard currentCard
 
+    /** The skill on it, which the keyboard follows to another place of the page. */
+    property skillSummary currentSkill
+
+    /** Where its skill stood when the keyboard left the grid; -1 while it can't have moved. */
+    property int leftIndex: -1
+
     /** From where Shift selects: the card that had the keyboard last without it. */
     property int anchorIndex: 0
 
@@ -66,11 +72,22 @@ FocusScope {
         currentIndex = Math.max(0, Math.min(index, page.cardCount - 1));
         anchorIndex = currentIndex;
         currentCard = card(currentIndex);
-        if (page.cardCount > 0)
-            currentCard.focus = true;
+        if (page.cardCount === 0)
+            return;
+        currentSkill = currentCard.skill;
+        currentCard.focus = true;
+    }
+    /** A card has got the keyboard. A popup that closes gives it back to where its skill stood when it opened. */
+    function take(index: int): void {
+        if (index === leftIndex)
+            currentCard.forceActiveFocus(Qt.OtherFocusReason);
+        else
+            setCurrent(index);
+        arrival.start();
     }
     function moveTo(index: int): void {
         const target = card(index);
+        leftIndex = -1;
         target.forceActiveFocus(Qt.TabFocusReason);
         const top = target.record.row === 0 ? 0 : target.y - headerHeight;
         scroller.contentY = Math.max(Math.min(scroller.contentY, top), target.y + rowHeight - scroller.height);
@@ -121,9 +138,18 @@ FocusScope {
         sequences: ["Menu", "Shift+F10"]
         onActivated: grid.menuAsked(grid.currentCard, Qt.point(Metrics.huge, grid.currentCard.height / 2))
     }
+    Timer {
+        id: arrival
+
+        interval: 0 // as the popup gives it back twice
+        onTriggered: grid.leftIndex = -1
+    }
     Connections {
         function onChanged() {
-            grid.setCurrent(grid.currentIndex);
+            const index = grid.page.indexOf(grid.currentSkill.id);
+            if (!grid.activeFocus && grid.leftIndex < 0)
+                grid.leftIndex = grid.currentIndex;
+            grid.setCurrent(index < 0 ? grid.currentIndex : index);
         }
         function onTurned() {
             grid.setCurrent(0);
@@ -175,12 +201,13 @@ FocusScope {
                     width: grid.cardWidth
                     x: Metrics.huge + record.column * (grid.cardWidth + grid.gap)
                     y: record.row * grid.rowHeight + record.headersAbove * grid.headerHeight + Metrics.tiny
-                    onActiveFocusChanged: if (activeFocus) grid.setCurrent(index)
+                    onActiveFocusChanged: if (activeFocus) grid.take(index)
                     onClicked: grid.choose(skill)
                     onIsHeldChanged: scroller.interactive = !isHeld // a fast drag would flick it
                     onMenuAsked: place => grid.menuAsked(this, place)
                     onRangeAsked: grid.selectTo(index)
                     onSelectionAsked: {
+                        grid.leftIndex = -1;
                         forceActiveFocus(Qt.MouseFocusReason);
                         grid.toggle(index);
                     }

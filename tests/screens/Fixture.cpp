@@ -15,6 +15,7 @@
 #include <QMimeData>
 #include <QQuickWindow>
 
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -26,8 +27,8 @@ namespace {
 class ObservedService : public LocalWorkspaceService
 {
 public:
-    ObservedService(const bool &isUnreadable, int &count)
-        : LocalWorkspaceService(std::make_shared<PosixFileSystem>(), FailureScope::Skill),
+    ObservedService(const bool &isUnreadable, int &count, std::shared_ptr<WorkspaceWatch> watch)
+        : LocalWorkspaceService(std::make_shared<PosixFileSystem>(), FailureScope::Skill, std::move(watch)),
           m_isUnreadable(isUnreadable),
           m_count(count)
     {}
@@ -71,14 +72,20 @@ Fixture::~Fixture()
     QDesktopServices::unsetUrlHandler(u"file"_s);
 }
 
-void Fixture::restart()
+void Fixture::restartWatching()
+{
+    restart(std::make_shared<WorkspaceWatch>(GatheringTime{20ms, 60ms}));
+}
+
+void Fixture::restart(const std::shared_ptr<WorkspaceWatch> &watch)
 {
     m_model.reset();
     m_model = std::make_unique<AppModel>(
-        std::make_shared<ObservedService>(m_isUnreadable, m_lookCount), m_scratch.path("workspace"),
+        std::make_shared<ObservedService>(m_isUnreadable, m_lookCount, watch), m_scratch.path("workspace"),
         m_scratch.path("claude"), m_scratch.path("codex"),
         std::make_shared<QSettings>(pathText(m_scratch.path("settings.ini")), QSettings::IniFormat),
-        std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), m_scratch.path("workspace")));
+        std::make_shared<LocalDrafts>(std::make_shared<PosixFileSystem>(), m_scratch.path("workspace")),
+        watch);
     Q_EMIT modelChanged();
 }
 

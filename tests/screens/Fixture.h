@@ -26,8 +26,9 @@ public:
 
     AppModel *model() const { return m_model.get(); }
 
-    /// A new process on the same folders and settings.
-    Q_INVOKABLE void restart();
+    /// A new process on the same folders and settings; and one that follows what others change.
+    Q_INVOKABLE void restart() { restart(nullptr); }
+    Q_INVOKABLE void restartWatching();
 
     /// Writes a file below the scratch folder: "claude/audit/SKILL.md".
     Q_INVOKABLE void write(const QString &below, const QString &text) const;
@@ -110,6 +111,7 @@ Q_SIGNALS:
 
 private:
     void create(const CreateSkillRequest &request);
+    void restart(const std::shared_ptr<WorkspaceWatch> &watch);
 
     Scratch m_scratch;
     bool m_isUnreadable = false;
