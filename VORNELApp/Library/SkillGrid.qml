@@ -26,6 +26,9 @@ FocusScope {
     /** The skill on it, which the keyboard follows to another place of the page. */
     property skillSummary currentSkill
 
+    /** How far below the top of the page it was last. */
+    property real currentPlace: 0
+
     /** Where its skill stood when the keyboard left the grid; -1 while it can't have moved. */
     property int leftIndex: -1
 
@@ -74,8 +77,22 @@ FocusScope {
         currentCard = card(currentIndex);
         if (page.cardCount === 0)
             return;
+        currentPlace = currentCard.y;
         currentSkill = currentCard.skill;
         currentCard.focus = true;
+    }
+    /**
+     * The current skill is on this card now, though the user has done nothing: the keyboard goes there and, if it was in
+     * view, the page is scrolled as far. A page that shows its top stays there.
+     */
+    function follow(index: int): void {
+        const place = currentPlace;
+        const isInView = place + rowHeight > scroller.contentY && place < scroller.contentY + scroller.height;
+        if (!activeFocus && leftIndex < 0)
+            leftIndex = currentIndex;
+        setCurrent(index);
+        if (isInView && scroller.contentY > 0)
+            scroller.contentY = Math.max(0, scroller.contentY + currentPlace - place);
     }
     /** A card has got the keyboard. A popup that closes gives it back to where its skill stood when it opened. */
     function take(index: int): void {
@@ -147,9 +164,10 @@ FocusScope {
     Connections {
         function onChanged() {
             const index = grid.page.indexOf(grid.currentSkill.id);
-            if (!grid.activeFocus && grid.leftIndex < 0)
-                grid.leftIndex = grid.currentIndex;
-            grid.setCurrent(index < 0 ? grid.currentIndex : index);
+            if (index < 0 || grid.model.isWorking)
+                grid.setCurrent(grid.currentIndex);
+            else
+                grid.follow(index);
         }
         function onTurned() {
             grid.setCurrent(0);

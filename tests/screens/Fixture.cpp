@@ -206,10 +206,10 @@ void Fixture::deleteCategory(const QString &id)
     QCoro::waitFor(m_model->deleteCategory(id));
 }
 
-void Fixture::createElsewhere(const QString &slug) const
+void Fixture::createElsewhere(const QString &slug, const QString &category) const
 {
     const auto other = startService(m_scratch.path());
-    other->createSkill(requestFor(slug)).waitForFinished();
+    other->createSkill(requestFor(slug, category)).waitForFinished();
 }
 
 void Fixture::createCategoryElsewhere(const QString &name) const

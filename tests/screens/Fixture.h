@@ -78,7 +78,8 @@ public:
     Q_INVOKABLE void deleteCategory(const QString &id);
 
     /// Creates a skill, or a category, as another program would.
-    Q_INVOKABLE void createElsewhere(const QString &slug) const;
+    Q_INVOKABLE void createElsewhere(const QString &slug,
+                                     const QString &category = SkillCategory::otherID) const;
     Q_INVOKABLE void createCategoryElsewhere(const QString &name) const;
 
     /// Throws skills of the library away.

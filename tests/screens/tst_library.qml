@@ -130,7 +130,7 @@ ScreenTest {
         awaitText("Vous pourrez les restaurer depuis la corbeille.");
         clickUntil("Placer dans la corbeille", "CORBEILLE");
         tryVerify(() => !shows("s01") && !shows("Annuler"));
-        compare(focusedName(), "s02", "the card that was chosen last");
+        compare(focusedName(), "s03", "the card that stands where the last one was chosen");
 
         click("Sélectionner", "s02", "Terminer la sélection");
         verify(!shows("1 sélectionnée"));
