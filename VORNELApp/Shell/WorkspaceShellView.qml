@@ -139,30 +139,6 @@ FocusScope {
         model: shell.model
     }
     DeferredItem {
-        id: news
-
-        anchors.left: stray.left
-        anchors.right: stray.right
-        anchors.top: stray.bottom
-        anchors.topMargin: visible ? Metrics.large : 0
-        file: "NewSkillsNotice.qml"
-        height: visible ? implicitHeight : 0
-        isWanted: newSkills.notice !== ""
-        properties: ({ model: shell.model, skills: newSkills })
-    }
-    Connections {
-        function onDecided() {
-            content.takeKeyboard();
-        }
-
-        function onImportAsked() {
-            shell.importSkills();
-        }
-
-        ignoreUnknownSignals: true
-        target: news.item
-    }
-    DeferredItem {
         id: importing
 
         file: "ImportSheet.qml"
@@ -180,10 +156,11 @@ FocusScope {
     ShellContent {
         id: content
 
-        anchors.bottom: parent.bottom
+        anchors.bottom: news.top
+        anchors.bottomMargin: news.visible ? Metrics.large : 0
         anchors.left: sidebar.right
         anchors.right: parent.right
-        anchors.top: news.bottom
+        anchors.top: stray.bottom
         focus: true
         model: shell.model
         onCreationAsked: shell.create()
@@ -194,6 +171,30 @@ FocusScope {
             if (!isSkillOpen)
                 shell.model.clearError();
         }
+    }
+    DeferredItem {
+        id: news
+
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: visible ? Metrics.large : 0
+        anchors.left: stray.left
+        anchors.right: stray.right
+        file: "NewSkillsNotice.qml"
+        height: visible ? implicitHeight : 0
+        isWanted: newSkills.notice !== ""
+        properties: ({ model: shell.model, skills: newSkills })
+    }
+    Connections {
+        function onDecided() {
+            content.takeKeyboard();
+        }
+
+        function onImportAsked() {
+            shell.importSkills();
+        }
+
+        ignoreUnknownSignals: true
+        target: news.item
     }
     OpeningOverlay {
         anchors.bottom: parent.bottom
