@@ -27,8 +27,8 @@ public:
     /// `mostFolders` is a limit beside the kernel's own.
     explicit WorkspaceWatch(GatheringTime time = {}, int mostFolders = std::numeric_limits<int>::max());
 
-    /// To be called when an overview begins, before it reads anything. Where many folders have come, at the
-    /// first call above all, it takes about a tenth of the time of the overview.
+    /// To be called when an overview begins, before it reads anything. The first time, it opens every folder
+    /// that is to be watched.
     void beginOverview(const FileSystem &files, const Configuration &config);
 
     bool isOverviewOutdated() const override { return m_isOutdated; }
