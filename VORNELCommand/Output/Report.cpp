@@ -36,12 +36,14 @@ Cell stateCell(SyncState state, Drift drift)
     return {text, Colour::Muted};
 }
 
-/// The state of a skill. `record` is its summary or its detail.
+/// The state of a skill, or who has edited its copies. `record` is its summary or its detail.
 template <typename Record>
 Cell stateCell(const QUuid &id, const Record &record, const SkillDrift &drift)
 {
-    const bool hasDrifted = record.syncState == SyncState::drifted;
-    return stateCell(record.syncState, hasDrifted ? drift.of(id) : Drift::none);
+    if (record.syncState != SyncState::drifted)
+        return stateCell(record.syncState, Drift::none);
+    const QString edits = Wording::edits(drift.copies(id));
+    return edits.isEmpty() ? stateCell(record.syncState, drift.of(id)) : Cell{edits, Colour::Warning};
 }
 
 Cell differenceCell(const FileDifference &difference)

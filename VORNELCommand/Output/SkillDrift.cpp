@@ -11,6 +11,12 @@ namespace vornel {
 
 Drift SkillDrift::of(const QUuid &id) const
 {
+    const QList<CopyInspection> wrong = copies(id);
+    return wrong.isEmpty() ? Drift::unknown : worstDrift(wrong);
+}
+
+QList<CopyInspection> SkillDrift::copies(const QUuid &id) const
+{
     if (!m_wrong) {
         try {
             m_wrong = m_copies.wrongCopies().result();
@@ -19,8 +25,7 @@ Drift SkillDrift::of(const QUuid &id) const
             m_wrong.emplace();
         }
     }
-    const QList<CopyInspection> copies = m_wrong->value(id);
-    return copies.isEmpty() ? Drift::unknown : worstDrift(copies);
+    return m_wrong->value(id);
 }
 
 QJsonValue SkillDrift::addedTo(const QJsonValue &records) const

@@ -17,6 +17,9 @@ public:
 
     Drift of(const QUuid &id) const;
 
+    /// The skill's copies that aren't right; none where that can't be told.
+    QList<CopyInspection> copies(const QUuid &id) const;
+
     /// The JSON form of any records, in which "drift" stands beside each "syncState" that is "drifted".
     QJsonValue addedTo(const QJsonValue &records) const;
 

@@ -27,6 +27,11 @@ QString enumerated(QStringList parts)
     return parts.isEmpty() ? last : parts.join(u", "_s) + u" et "_s + last;
 }
 
+bool hasKnownEdits(const CopyInspection &copy)
+{
+    return copy.drift == Drift::edited && !copy.differences.isEmpty();
+}
+
 QString driftText(Drift drift)
 {
     switch (drift) {
@@ -83,14 +88,38 @@ QString syncState(SyncState state, Drift drift)
     return u"inconnu"_s;
 }
 
-QString countedSkills(qsizetype count)
+QString edits(const QList<CopyInspection> &copies)
 {
-    return QString::number(count) + (count < 2 ? u" compétence"_s : u" compétences"_s);
+    QStringList parts;
+    for (const CopyInspection &copy : copies) {
+        if (!hasKnownEdits(copy))
+            continue;
+        const qsizetype count = copy.differences.size();
+        parts.append(copy.assistant() + (parts.isEmpty() ? u" a modifié "_s + countedFiles(count)
+                                                         : u' ' + QString::number(count)));
+    }
+    return parts.join(u", "_s);
+}
+
+QString copies(const QList<CopyInspection> &copies)
+{
+    QStringList parts{edits(copies)};
+    for (const CopyInspection &copy : copies) {
+        if (!hasKnownEdits(copy))
+            parts.append(copy.assistant() + u"\u00A0: "_s + copy.stateText());
+    }
+    parts.removeAll(QString());
+    return parts.join(u" · "_s);
 }
 
 QString countedFiles(qsizetype count)
 {
     return QString::number(count) + (count < 2 ? u" fichier"_s : u" fichiers"_s);
+}
+
+QString countedSkills(qsizetype count)
+{
+    return QString::number(count) + (count < 2 ? u" compétence"_s : u" compétences"_s);
 }
 
 QString newSkills(const QList<NewSkill> &skills)

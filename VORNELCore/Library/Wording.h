@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELCore/Records/Enumerations.h>
+#include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/NewSkill.h>
 
 #include <QDateTime>
@@ -18,11 +18,17 @@ QStringList maturities();
 /// In lower case: "à jour", "copie manquante". A drifted state is named after its cause: "copie modifiée".
 QString syncState(SyncState state, Drift drift = Drift::unknown);
 
-/// "1 compétence", "2 compétences".
-QString countedSkills(qsizetype count);
+/// Who has changed what: "Claude a modifié 2 fichiers, Codex 1"; empty where no edits of copies are known.
+QString edits(const QList<CopyInspection> &copies);
+
+/// How copies stand, those with edits first: "Claude a modifié 2 fichiers · Codex : copie manquante".
+QString copies(const QList<CopyInspection> &copies);
 
 /// "1 fichier", "2 fichiers".
 QString countedFiles(qsizetype count);
+
+/// "1 compétence", "2 compétences".
+QString countedSkills(qsizetype count);
 
 /// "2 nouvelles compétences chez Claude et 1 chez Codex. « audit » est dans la corbeille."; empty for none.
 QString newSkills(const QList<NewSkill> &skills);

@@ -38,6 +38,7 @@ struct CopyInspection
     Q_PROPERTY(QUrl folderURL READ folderURL STORED false)
     Q_PROPERTY(QString assistant READ assistant STORED false)
     Q_PROPERTY(QString stateText READ stateText STORED false)
+    Q_PROPERTY(bool isAdoptable READ isAdoptable STORED false)
 
 public:
     TargetKind target = TargetKind::claude;
@@ -56,6 +57,10 @@ public:
     /// The assistant and the state, as the user reads them.
     QString assistant() const;
     QString stateText() const;
+
+    /// Whether the copy holds, as far as is known, what no revision of the skill does, so that it is worth
+    /// keeping.
+    bool isAdoptable() const { return drift > Drift::outdated; }
 
     /// Names the assistant, the reason of a failure and the place; empty without a reason.
     QString failureText() const;

@@ -24,7 +24,7 @@ public:
     virtual QFuture<QList<CopyInspection>> inspectCopies(QUuid id) = 0;
 
     /// By skill, the copies that the last overview found failed, with the reason, or drifted, with the cause.
-    /// Their files aren't compared: `differences` is empty.
+    /// Files are compared for those alone that were edited: `differences` is empty for all others.
     virtual QFuture<QHash<QUuid, QList<CopyInspection>>> wrongCopies() = 0;
 
     /// The bytes of a file in the skill's canonical folder or, with `copy`, in that assistant's copy; nothing

@@ -66,8 +66,7 @@ QHash<QUuid, QList<CopyInspection>> CopyInspector::wrongCopies() const
     if (m_workspace.foundCopies.isEmpty() && m_workspace.failedSyncTargets.isEmpty())
         return wrong;
     const QList<SkillRecord> active = activeManifests(m_workspace);
-    const auto copies =
-        parallelMap(active, [this](const SkillRecord &skill) { return wrongCopies(skill.manifest); });
+    const auto copies = parallelMap(active, [this](const SkillRecord &skill) { return wrongCopies(skill); });
     for (qsizetype index = 0; index < active.size(); ++index) {
         const QList<CopyInspection> &ofSkill = copies[static_cast<std::size_t>(index)];
         if (!ofSkill.isEmpty())
@@ -76,8 +75,9 @@ QHash<QUuid, QList<CopyInspection>> CopyInspector::wrongCopies() const
     return wrong;
 }
 
-QList<CopyInspection> CopyInspector::wrongCopies(const SkillManifest &manifest) const
+QList<CopyInspection> CopyInspector::wrongCopies(const SkillRecord &skill) const
 {
+    const SkillManifest &manifest = skill.manifest;
     const CopyFindings found = m_workspace.foundCopies.value(manifest.id);
     TargetReasons reasons = m_workspace.failedSyncTargets.value(manifest.id);
     reasons.insert(found.unreadable);
@@ -94,6 +94,8 @@ QList<CopyInspection> CopyInspector::wrongCopies(const SkillManifest &manifest) 
                       .path = m_workspace.config.target(target) / pathFromText(manifest.slug),
                       .isUnreadable =
                           found.unreadable.contains(target) && TargetFolder(m_workspace, target).isUsable()});
+        if (wrong.last().drift == Drift::edited)
+            wrong.last().differences = inspect(manifest, contentOf(skill.folder), target, drift).differences;
     }
     return wrong;
 }

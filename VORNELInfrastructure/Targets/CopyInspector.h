@@ -13,6 +13,7 @@
 namespace vornel {
 
 class CopyDrift;
+struct SkillRecord;
 
 /// Compares the copies of active skills with their canonical folders, path by path. An unknown skill is
 /// refused with `skillNotFound`.
@@ -37,7 +38,7 @@ private:
     FileTreeSnapshot contentOf(const std::filesystem::path &folder) const;
     CopyInspection inspect(const SkillManifest &manifest, const FileTreeSnapshot &canonical,
                            TargetKind target, CopyDrift &drift) const;
-    QList<CopyInspection> wrongCopies(const SkillManifest &manifest) const;
+    QList<CopyInspection> wrongCopies(const SkillRecord &skill) const;
 
     const Workspace &m_workspace;
 };

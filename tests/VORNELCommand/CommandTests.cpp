@@ -166,7 +166,7 @@ TEST_F(Vornelctl, TellsWhoHasChangedWhat)
     ASSERT_EQ(run("create ours --name O --file -", "texte").code, 0);
     write("codex/edited/SKILL.md", "autre");
     write("ws/skills/ours/SKILL.md", "autre");
-    EXPECT_TRUE(run("status").output.contains("edited  copie modifiée\nours    copie périmée\n"));
+    EXPECT_TRUE(run("status").output.contains("edited  Codex a modifié 1 fichier\nours    copie périmée\n"));
     EXPECT_TRUE(run("list").output.endsWith("copie périmée\n"));
     EXPECT_TRUE(run("show ours").output.contains("copie périmée\n"));
     EXPECT_TRUE(

@@ -92,6 +92,11 @@ TEST_F(DriftedCopy, TellsWhoHasChangedWhat)
         const QList<CopyInspection> wrong = tolerant.wrongCopies().result().value(demo);
         EXPECT_EQ(worstDrift(wrong), std::max(next.claude, next.codex)) << next.name;
         EXPECT_EQ(wrong.size(), next.claude == Drift::none ? 1 : 2) << next.name;
+        for (const CopyInspection &copy : wrong) {
+            const auto compared = seen.at(static_cast<int>(copy.target)).differences;
+            EXPECT_EQ(copy.differences, copy.drift == Drift::edited ? compared : QList<FileDifference>())
+                << next.name;
+        }
         service->synchronize(demo).waitForFinished();
         saveNewRevision();
     }
