@@ -150,7 +150,7 @@ FocusScope {
         model: editor.model
         replacement: editor.skill.replacement
         onClosed: {
-            if (Window.activeFocusItem === Window.contentItem) // as a notice has gone that had the keyboard
+            if (editor.Window.activeFocusItem === editor.Window.contentItem) // as a notice has gone that had the keyboard
                 instructions.forceActiveFocus();
         }
     }
