@@ -17,6 +17,9 @@ Item {
     /** The inspections of the skill's copies that no synchronisation replaces, where the list knows of them. */
     property var unreadable: []
 
+    /** Whether a copy of the skill holds what could be adopted, where the list knows of it. */
+    property bool canAdopt: false
+
     property skillSummary skill
     property int number: 1
     property Item anchor
@@ -86,6 +89,19 @@ Item {
             symbol: "trash-2"
             text: "Placer" + chooser.all + " dans la corbeille"
             onSettled: chooser.trashAsked()
+        }
+        Instantiator {
+            active: chooser.canAdopt
+
+            ActionMenuItem {
+                enabled: !chooser.model.isWorking
+                symbol: "check"
+                text: "Adopter…"
+                onSettled: chooser.model.replacement.show(chooser.skill.id)
+            }
+
+            onObjectAdded: (index, object) => commands.insertItem(1, object)
+            onObjectRemoved: (index, object) => commands.removeItem(object)
         }
         Instantiator {
             model: chooser.unreadable

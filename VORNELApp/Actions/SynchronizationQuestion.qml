@@ -18,7 +18,8 @@ ConfirmationDialog {
                 + " n’a été modifiée par un assistant\u00A0: rien ne sera perdu.";
         const what = kept === 1 ? "1 copie " + (areExplained ? "modifiée par un assistant" : "différente") + " sera remplacée"
             : kept + " copies " + (areExplained ? "modifiées par un assistant" : "différentes") + " seront remplacées";
-        return what + " par la version de VORNEL, et " + (kept === 1 ? "gardée" : "gardées") + " dans l’historique.";
+        return what + " par la version de VORNEL, et " + (kept === 1 ? "gardée" : "gardées")
+            + " dans l’historique. Pour adopter ce qu’un assistant a écrit, annulez et ouvrez la compétence.";
     }
 
     acceptText: "Tout synchroniser"

@@ -32,6 +32,13 @@ void CopyReplacement::show()
     begin(Synchronising, {}, Step::Asking);
 }
 
+void CopyReplacement::show(const QUuid &id)
+{
+    m_copies.setSkillID(id);
+    begin(Synchronising, {}, Step::Opening);
+    m_copies.look();
+}
+
 void CopyReplacement::begin(Purpose purpose, const QString &newText, Step step)
 {
     m_purpose = purpose;
@@ -47,8 +54,10 @@ void CopyReplacement::judge()
     const bool isInVain = m_purpose == Synchronising && m_copies.hasUnreadable();
     if (isInVain || m_copies.hasDrifted() || !m_copies.problem().isEmpty())
         setStep(Step::Asking);
-    else
+    else if (m_step == Step::Looking)
         agree();
+    else
+        decline();
 }
 
 /// What was set aside meanwhile, or put right by another program, needs no question any more.

@@ -31,7 +31,7 @@ public:
     Purpose purpose() const { return m_purpose; }
 
     /// Whether the copies are looked at first.
-    bool isLooking() const { return m_step == Step::Looking; }
+    bool isLooking() const { return m_step == Step::Looking || m_step == Step::Opening; }
 
     /// Whether the user is asked.
     bool isAsking() const { return m_step == Step::Asking; }
@@ -50,6 +50,9 @@ public:
     /// Shows the copies in any case, and offers to synchronise them.
     Q_INVOKABLE void show();
 
+    /// Looks at the copies of a skill of a list, and shows them if there is anything to decide.
+    Q_INVOKABLE void show(const QUuid &id);
+
     /// Ends the look or the question: the copies may be replaced; or not, also because the user has left.
     Q_INVOKABLE void agree();
     Q_INVOKABLE void decline();
@@ -60,7 +63,7 @@ Q_SIGNALS:
     void declined();
 
 private:
-    enum class Step { Idle, Looking, Asking };
+    enum class Step { Idle, Looking, Opening, Asking }; // after `Opening`, nothing is done unasked
 
     void begin(Purpose purpose, const QString &newText, Step step);
     void judge();

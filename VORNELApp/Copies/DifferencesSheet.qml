@@ -4,7 +4,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** Asks before the assistants' copies are replaced: shows what they hold that VORNEL's version doesn't. */
+/** Shows what the assistants' copies hold that VORNEL's version doesn't, and asks what is to be kept of it. */
 Sheet {
     id: sheet
 
@@ -13,10 +13,12 @@ Sheet {
 
     readonly property SkillCopies copies: replacement.copies
     readonly property bool isSaving: replacement.purpose === CopyReplacement.Saving
-    readonly property string acceptText: isSaving ? "Enregistrer" : "Synchroniser"
+
+    /** Whether the copies are merged, once the sheet is closed. */
+    property bool isMerging: false
 
     /** What the title, the notes and the buttons leave. */
-    readonly property real bodyHeight: Math.max(120, Math.round(parent.height - notes.height) - 290)
+    readonly property real bodyHeight: Math.max(120, Math.round(parent.height - notes.height - choices.height - problem.height) - 290)
 
     function compare(target: int, path: string): void {
         if (isSaving && path === "SKILL.md")
@@ -30,9 +32,12 @@ Sheet {
     title: "Différences avec les copies"
     onAboutToHide: replacement.decline()
     onAboutToShow: {
+        isMerging = false;
         files.currentIndex = 0;
         files.show();
     }
+
+    onClosed: if (isMerging) model.adoption.merge(copies.skillID)
 
     Connections {
         function onChanged() {
@@ -54,17 +59,16 @@ Sheet {
         Label {
             color: Colors.secondary
             lineHeight: 1.35
-            text: "Voici ce que les copies des assistants ont de différent. «\u00A0" + sheet.acceptText
-                  + "\u00A0» les remplace par " + (sheet.isSaving ? "votre version" : "la version de VORNEL") + "\u00A0: ce qui est marqué + disparaît, ce qui est marqué − revient. "
-                  + (sheet.copies.hasEdits || sheet.copies.hasFailed ? "Ce qui est remplacé reste dans l’historique."
-                                           : "Rien n’a été modifié chez les assistants\u00A0: c’est le dossier de VORNEL qui a changé depuis, et rien ne sera perdu.")
+            text: "Ce qui est marqué + n’est que chez l’assistant, ce qui est marqué − que dans "
+                  + (sheet.isSaving ? "votre version." : "la version de VORNEL.")
+                  + (sheet.copies.hasEdits ? " Cochez des fichiers pour n’adopter qu’eux." : "")
             visible: files.count > 0
             width: parent.width
             wrapMode: Text.Wrap
         }
         Label {
             color: Colors.danger
-            text: "Les copies des assistants n’ont pas pu être comparées. «\u00A0" + sheet.acceptText
+            text: "Les copies des assistants n’ont pas pu être comparées. «\u00A0" + (sheet.isSaving ? "Enregistrer" : "Synchroniser")
                   + "\u00A0» les remplace\u00A0; ce qu’elles contiennent reste dans l’historique. " + sheet.copies.problem
             visible: sheet.copies.problem !== ""
             width: parent.width
@@ -110,22 +114,32 @@ Sheet {
         model: sheet.model
         skillID: sheet.copies.skillID
     }
-    Row {
+    CopyChoices {
+        id: choices
+
+        model: sheet.model
+        replacement: sheet.replacement
+        width: parent.width
+        onMergeAsked: {
+            sheet.isMerging = true;
+            sheet.close();
+        }
+    }
+    ErrorPanel {
+        id: problem
+
+        text: sheet.isUsed ? sheet.model.errorMessage : ""
+        width: parent.width
+        onDismissed: {
+            sheet.model.clearError();
+            sheet.firstFocus.forceActiveFocus(Qt.OtherFocusReason);
+        }
+    }
+    ActionButton {
+        id: closing
+
         anchors.right: parent.right
-        spacing: Metrics.medium
-
-        ActionButton {
-            id: closing
-
-            text: "Fermer"
-            onClicked: sheet.close()
-        }
-        ActionButton {
-            enabled: !sheet.model.isWorking
-            role: sheet.copies.hasUnreadable ? ActionButton.Quiet : ActionButton.Primary // which can't replace all
-            symbol: sheet.isSaving ? "save" : "folder-sync"
-            text: sheet.acceptText
-            onClicked: sheet.replacement.agree()
-        }
+        text: "Fermer"
+        onClicked: sheet.close()
     }
 }

@@ -1,5 +1,7 @@
 #include "DifferentFileList.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -38,9 +40,11 @@ void DifferentFileList::setInspections(const QList<CopyInspection> &inspections)
 {
     QList<Row> rows;
     for (const CopyInspection &copy : inspections) {
+        const QStringList chosen = this->chosen(copy.target);
         for (const FileDifference &difference : copy.differences)
             rows.append({copy.target, difference, copy.assistant(),
-                         wording(difference.change) + u", "_s + copy.assistant()});
+                         wording(difference.change) + u", "_s + copy.assistant(), copy.isAdoptable(),
+                         copy.isAdoptable() && chosen.contains(difference.relativePath)});
     }
     setRows(rows);
 }
@@ -63,6 +67,31 @@ void DifferentFileList::setRows(const QList<Row> &rows)
     beginResetModel();
     m_rows = rows;
     endResetModel();
+    Q_EMIT chosenChanged();
+}
+
+void DifferentFileList::toggle(int row)
+{
+    if (!m_rows.value(row).isAdoptable)
+        return;
+    m_rows[row].isChosen = !m_rows.at(row).isChosen;
+    Q_EMIT dataChanged(index(row), index(row));
+    Q_EMIT chosenChanged();
+}
+
+int DifferentFileList::chosenCount() const
+{
+    return static_cast<int>(std::ranges::count_if(m_rows, &Row::isChosen));
+}
+
+QStringList DifferentFileList::chosen(TargetKind target) const
+{
+    QStringList paths;
+    for (const Row &row : m_rows) {
+        if (row.target == target && row.isChosen)
+            paths.append(row.difference.relativePath);
+    }
+    return paths;
 }
 
 int DifferentFileList::rowCount(const QModelIndex &parent) const
@@ -86,6 +115,10 @@ QVariant DifferentFileList::data(const QModelIndex &index, int role) const
         return symbol(row.difference.change);
     case DescriptionRole:
         return row.description;
+    case IsAdoptableRole:
+        return row.isAdoptable;
+    case IsChosenRole:
+        return row.isChosen;
     default:
         return {};
     }
@@ -93,11 +126,9 @@ QVariant DifferentFileList::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> DifferentFileList::roleNames() const
 {
-    return {{TargetRole, "target"},
-            {AssistantRole, "assistant"},
-            {PathRole, "path"},
-            {SymbolRole, "symbol"},
-            {DescriptionRole, "description"}};
+    return {{TargetRole, "target"},    {AssistantRole, "assistant"},     {PathRole, "path"},
+            {SymbolRole, "symbol"},    {DescriptionRole, "description"}, {IsAdoptableRole, "isAdoptable"},
+            {IsChosenRole, "isChosen"}};
 }
 
 } // namespace vornel

@@ -4,7 +4,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The files in which copies differ. Up and Down choose. */
+/** The files in which copies differ. Up and Down move, Space chooses what is to be adopted. */
 Surface {
     id: list
 
@@ -33,6 +33,7 @@ Surface {
         focus: true
         model: list.model
         name: "Fichiers différents"
+        Keys.onSpacePressed: list.model.toggle(currentIndex)
         onCurrentItemChanged: list.show()
 
         delegate: DifferentFileRow {
@@ -41,6 +42,7 @@ Surface {
                 view.currentIndex = index;
                 view.forceActiveFocus(Qt.MouseFocusReason);
             }
+            onToggled: list.model.toggle(index)
         }
     }
 }

@@ -37,6 +37,11 @@ bool SkillCopies::hasEdits() const
     return worstDrift(m_inspections) > Drift::outdated;
 }
 
+bool SkillCopies::canMerge() const
+{
+    return !m_inspections.isEmpty() && std::ranges::all_of(m_inspections, &CopyInspection::isAdoptable);
+}
+
 bool SkillCopies::hasUnreadable() const
 {
     return std::ranges::any_of(m_inspections, &CopyInspection::isUnreadable);

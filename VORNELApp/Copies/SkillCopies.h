@@ -15,6 +15,7 @@ class SkillCopies : public QObject
     Q_PROPERTY(QUuid skillID READ skillID NOTIFY changed)
     Q_PROPERTY(QVariantList targets READ targets NOTIFY changed)
     Q_PROPERTY(bool hasEdits READ hasEdits NOTIFY changed)
+    Q_PROPERTY(bool canMerge READ canMerge NOTIFY changed)
     Q_PROPERTY(bool hasUnreadable READ hasUnreadable NOTIFY changed)
     Q_PROPERTY(bool hasFailed READ hasFailed NOTIFY changed)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
@@ -35,6 +36,9 @@ public:
 
     /// Whether a copy holds, as far as is known, what no revision of the skill does.
     bool hasEdits() const;
+
+    /// Whether all copies do, so that their edits can be joined.
+    bool canMerge() const;
 
     /// Whether a copy can't be looked at, so that no synchronisation replaces it.
     bool hasUnreadable() const;

@@ -9,7 +9,11 @@ Column {
     required property OpenSkill skill
     readonly property SkillDraft draft: skill.draft
 
+    /** Whether no operation runs. */
+    required property bool canAct
+
     signal comparisonAsked
+    signal handEditsAdopted
     signal replacementAsked
 
     /** A notice goes, and what has the keyboard in it; or the user turns from it. */
@@ -24,6 +28,24 @@ Column {
         onComparisonAsked: notices.comparisonAsked()
         onEscaped: notices.decided()
         onReplacementAsked: notices.replacementAsked()
+    }
+    Notice {
+        text: "Le dossier de cette compétence a été modifié en dehors de VORNEL."
+        visible: notices.skill.isEditedByHand
+        width: parent.width
+        Keys.onEscapePressed: notices.decided()
+
+        ActionButton {
+            enabled: notices.canAct
+            symbol: "check"
+            text: "Prendre en compte"
+
+            Accessible.description: "En faire une révision, gardée dans l’historique"
+            onClicked: {
+                notices.handEditsAdopted();
+                notices.decided();
+            }
+        }
     }
     FoundNotice {
         draft: notices.draft

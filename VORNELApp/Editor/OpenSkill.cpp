@@ -1,5 +1,7 @@
 #include "OpenSkill.h"
 
+#include <VORNELApp/Model/Answer.h>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -65,7 +67,19 @@ void OpenSkill::begin()
     m_draft.begin(*m_selected.detail(), m_selected.foundDraft(m_id));
     m_replacement.decline();
     m_replacement.copies()->setSkillID(m_id);
+    setEditedByHand(false);
+    lookAround();
+}
+
+/// Looks at what others may have written into the skill's folders.
+void OpenSkill::lookAround()
+{
     m_replacement.copies()->look();
+    QCoro::connect(answerOf(m_service->editedByHand({m_id})), this,
+                   [this, id = m_id](const Answer<QSet<QUuid>> &answer) {
+                       if (m_id == id)
+                           setEditedByHand(answer.value && answer.value->contains(id));
+                   });
 }
 
 void OpenSkill::followDetail()
@@ -90,6 +104,7 @@ void OpenSkill::followDraft()
             m_departure.stay();
         m_replacement.decline();
         m_replacement.copies()->setSkillID({});
+        setEditedByHand(false);
     }
     m_departure.setGuarded(this, m_draft.isModified());
     Q_EMIT stateChanged();
@@ -134,7 +149,7 @@ QCoro::Task<> OpenSkill::refresh()
     m_draft.followPresence(isPresent, *m_selected.detail());
     if (isPresent && !isFresh)
         co_await m_selected.readQuietly();
-    m_replacement.copies()->look();
+    lookAround();
 }
 
 bool OpenSkill::isEditing(const QUuid &id) const
@@ -149,6 +164,12 @@ void OpenSkill::followFailure(const Outcome &outcome)
         m_draft.setStale();
     else if (outcome.isCase(WorkspaceErrorCase::SkillNotFound::name))
         m_draft.setGone();
+}
+
+void OpenSkill::setEditedByHand(bool isEdited)
+{
+    if (std::exchange(m_isEditedByHand, isEdited) != isEdited)
+        Q_EMIT isEditedByHandChanged();
 }
 
 void OpenSkill::setUnderWay(bool isUnderWay)

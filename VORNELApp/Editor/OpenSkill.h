@@ -20,6 +20,7 @@ class OpenSkill : public QObject
     Q_PROPERTY(State state READ state NOTIFY stateChanged)
     Q_PROPERTY(vornel::SkillDraft *draft READ draft CONSTANT)
     Q_PROPERTY(vornel::CopyReplacement *replacement READ replacement CONSTANT)
+    Q_PROPERTY(bool isEditedByHand READ isEditedByHand NOTIFY isEditedByHandChanged)
 
 public:
     /// How the skill stands. Where several hold, the later one counts; what it hides, the draft tells.
@@ -41,6 +42,9 @@ public:
     State state() const;
     SkillDraft *draft() { return &m_draft; }
     CopyReplacement *replacement() { return &m_replacement; }
+
+    /// Whether the skill's folder holds what was written past VORNEL.
+    bool isEditedByHand() const { return m_isEditedByHand; }
 
     /// Edits the text in this document until it is gone.
     Q_INVOKABLE void edit(QQuickTextDocument *document) { edit(document->textDocument()); }
@@ -69,6 +73,7 @@ public:
 
 Q_SIGNALS:
     void stateChanged();
+    void isEditedByHandChanged();
 
     /// The text was not saved, because the skill is no longer what was opened.
     void refused();
@@ -82,6 +87,7 @@ private:
     void followDeparture();
     void followKeeping();
     QCoro::Task<> refresh();
+    void lookAround();
 
     QCoro::Task<> checkAndSave();
     QCoro::Task<> checkAndWrite();
@@ -96,6 +102,7 @@ private:
 
     bool isEditing(const QUuid &id) const;
     void followFailure(const Outcome &outcome);
+    void setEditedByHand(bool isEdited);
     void setUnderWay(bool isUnderWay);
     void setAskingToLeave(bool isAsking);
 
@@ -107,6 +114,7 @@ private:
     SkillDraft m_draft;
     CopyReplacement m_replacement;
     QUuid m_id; ///< of the skill whose text is edited
+    bool m_isEditedByHand = false;
     bool m_isUnderWay = false;
     bool m_isAskingToLeave = false;
     bool m_isFresh = false; ///< whether an operation that still runs has returned the skill

@@ -81,9 +81,11 @@ FocusScope {
         anchors.right: facts.right
         anchors.top: facts.bottom
         anchors.topMargin: height > 0 ? Metrics.medium : 0
+        canAct: !editor.model.isWorking
         skill: editor.skill
         onComparisonAsked: editor.compareTexts()
         onDecided: instructions.forceActiveFocus()
+        onHandEditsAdopted: editor.model.adoption.adoptHandEdits(editor.model.selectedSkillID)
         onReplacementAsked: replacement.open()
     }
     FileTree {

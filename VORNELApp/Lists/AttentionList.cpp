@@ -1,7 +1,9 @@
 #include "AttentionList.h"
 
 #include <VORNELApp/Model/Answer.h>
+#include <VORNELCore/Library/Wording.h>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -10,13 +12,13 @@ namespace vornel {
 
 namespace {
 
-/// "Claude : copie manquante · Codex : copie modifiée", after what is to be done.
-QString lineOf(const QList<CopyInspection> &inspections)
+/// What is to be done, and why: "Claude a modifié 2 fichiers · Codex : copie manquante".
+QString lineOf(const QList<CopyInspection> &inspections, bool isEditedByHand)
 {
-    QStringList states;
-    for (const CopyInspection &inspection : inspections)
-        states.append(inspection.assistant() + u"\u00A0: "_s + inspection.stateText());
-    return (QStringList{u"Mise à jour nécessaire"_s} + states).join(u" · "_s);
+    QStringList parts{u"Mise à jour nécessaire"_s, isEditedByHand ? u"modifiée à la main"_s : QString(),
+                      Wording::copies(inspections)};
+    parts.removeAll(QString());
+    return parts.join(u" · "_s);
 }
 
 } // namespace
@@ -25,12 +27,15 @@ AttentionList::AttentionList(QObject *parent) : SkillList(Destination::needsAtte
 {
     m_start.setSingleShot(true);
     connect(&m_start, &QTimer::timeout, this, &AttentionList::lookAtNext);
+    connect(this, &SkillList::modelChanged, this,
+            [this] { connect(&model()->handEdits(), &HandEdits::changed, this, [this] { refresh(); }); });
 }
 
 void AttentionList::complete(SkillEntry &entry) const
 {
     const QList<CopyInspection> inspections = m_inspections.value(entry.id);
-    entry.line = lineOf(inspections);
+    entry.line = lineOf(inspections, model()->handEdits().contains(entry.id));
+    entry.canAdopt = std::ranges::any_of(inspections, &CopyInspection::isAdoptable);
     if (const QString reasons = WrongCopies::problem(inspections); !reasons.isEmpty())
         entry.failure = reasons; // which tell more than that a synchronisation failed
     entry.hasFailed = entry.skill.syncState == SyncState::failed || !entry.failure.isEmpty();

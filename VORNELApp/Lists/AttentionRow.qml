@@ -13,6 +13,7 @@ SkillListRow {
 
     readonly property bool isStale: record.isStale
 
+    signal adoptionAsked
     signal synchronizationAsked
 
     function look(): void {
@@ -38,6 +39,7 @@ SkillListRow {
     }
 
     contentItem: SkillRowContent {
+        mostLines: 2
         record: row.record
 
         StatusBadge {
@@ -62,6 +64,18 @@ SkillListRow {
                 name: row.text
                 onSettingAsideAsked: row.setAside(modelData)
             }
+        }
+        ActionButton {
+            anchors.verticalCenter: parent.verticalCenter
+            enabled: !row.model.isWorking
+            focusPolicy: row.isCurrent || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+            isCompact: row.width < Metrics.roomForTexts || row.record.unreadable.length > 0
+            symbol: "check"
+            text: "Adopter…"
+            visible: row.record.canAdopt
+
+            Accessible.description: row.text
+            onClicked: row.adoptionAsked()
         }
         ActionButton {
             anchors.verticalCenter: parent.verticalCenter

@@ -81,8 +81,13 @@ FocusScope {
             skills: entries
             onClicked: attention.model.selectSkill(record.id)
             onMenuAsked: place => {
+                actions.menu.canAdopt = record.canAdopt;
                 actions.menu.unreadable = record.unreadable;
                 actions.menu.openFor(record.skill, this, place);
+            }
+            onAdoptionAsked: {
+                view.currentIndex = index;
+                attention.model.replacement.show(record.id);
             }
             onSynchronizationAsked: {
                 view.currentIndex = index;

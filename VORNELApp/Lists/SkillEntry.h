@@ -21,6 +21,7 @@ struct SkillEntry
     Q_PROPERTY(QString failure MEMBER failure)
     Q_PROPERTY(QVariantList unreadable MEMBER unreadable)
     Q_PROPERTY(bool hasFailed MEMBER hasFailed)
+    Q_PROPERTY(bool canAdopt MEMBER canAdopt)
     Q_PROPERTY(bool isSelected MEMBER isSelected)
     Q_PROPERTY(bool isStale MEMBER isStale)
     Q_PROPERTY(QString description READ description STORED false)
@@ -34,6 +35,7 @@ public:
     QString failure;         ///< why the skill, or a copy of it, couldn't be changed or read
     QVariantList unreadable; ///< the inspections of copies that no synchronisation replaces
     bool hasFailed = false;  ///< whether a copy is worse than missing or modified
+    bool canAdopt = false;   ///< whether a copy holds what could become the skill's
     bool isSelected = false;
     bool isStale = false; ///< whether the skill's copies are to be looked at before the row tells the truth
 

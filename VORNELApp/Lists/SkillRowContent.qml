@@ -9,6 +9,10 @@ RowLayout {
 
     required property skillEntry record
     property bool isSelecting: false
+
+    /** How many lines there are at most below the name. */
+    property int mostLines: 1
+
     default property alias end: end.data
 
     spacing: Metrics.medium
@@ -35,8 +39,11 @@ RowLayout {
         Label {
             color: Colors.secondary
             font: Typography.small
+            lineHeight: 1.2
+            maximumLineCount: content.mostLines
             text: content.record.line
             width: parent.width
+            wrapMode: content.mostLines > 1 ? Text.Wrap : Text.NoWrap
 
             Accessible.ignored: true
         }

@@ -37,7 +37,8 @@ AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::pa
       m_import(m_service),
       m_selectedSkill(m_service, m_drafts, m_operations),
       m_openSkill(m_service, *m_drafts, m_operations, m_library, m_selectedSkill, m_departure),
-      m_replacement(*m_service, m_operations)
+      m_replacement(*m_service, m_operations),
+      m_adoption(m_service, m_operations, m_library, m_selectedSkill)
 {
     forwardChanges();
     connect(&m_departure, &Departure::left, this, &AppModel::go);

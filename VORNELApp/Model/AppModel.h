@@ -6,6 +6,7 @@
 #include "StartUp.h"
 
 #include <VORNELApp/Actions/SkillBatch.h>
+#include <VORNELApp/Copies/Adoption.h>
 #include <VORNELApp/Editor/OpenSkill.h>
 #include <VORNELApp/Import/ImportSession.h>
 #include <VORNELApp/Leaving/Departure.h>
@@ -54,6 +55,7 @@ class AppModel : public QObject
     Q_PROPERTY(vornel::Departure *departure READ departure CONSTANT)
     Q_PROPERTY(vornel::OpenSkill *openSkill READ openSkill CONSTANT)
     Q_PROPERTY(vornel::CopyReplacement *replacement READ replacement CONSTANT)
+    Q_PROPERTY(vornel::Adoption *adoption READ adoption CONSTANT)
     Q_PROPERTY(vornel::SkillBatch *batch READ batch CONSTANT)
 
 public:
@@ -132,11 +134,15 @@ public:
     /// What is asked before a skill of a list is synchronised.
     CopyReplacement *replacement() { return &m_replacement; }
 
+    /// What takes edits made elsewhere into the library.
+    Adoption *adoption() { return &m_adoption; }
+
     /// The changes made to several skills.
     SkillBatch *batch() { return &m_batch; }
 
-    /// What is known of the copies of the overview's skills that aren't right.
+    /// What is known of the overview's skills of which a copy isn't right.
     const WrongCopies &wrongCopies() const { return m_library.wrongCopies(); }
+    const HandEdits &handEdits() const { return m_library.handEdits(); }
 
     /// What asks before unsaved edits are left.
     Departure *departure() { return &m_departure; }
@@ -294,6 +300,7 @@ private:
     Departure m_departure;
     OpenSkill m_openSkill;
     CopyReplacement m_replacement;
+    Adoption m_adoption;
     SkillBatch m_batch;
     std::optional<Destination> m_selectedDestination = Destination::library;
     bool m_canCommitImport = false;

@@ -49,6 +49,7 @@ void Library::show(const WorkspaceOverview &overview)
         Q_EMIT overviewChanged();
     }
     m_wrongCopies.follow(overview.skills, *m_service);
+    m_handEdits.follow(LibraryQuery::needsAttention(overview), *m_service);
     Q_EMIT wasRead();
 }
 

@@ -3,6 +3,7 @@
 #include "AppStates.h"
 #include "Operations.h"
 
+#include <VORNELApp/Copies/HandEdits.h>
 #include <VORNELApp/Copies/WrongCopies.h>
 #include <VORNELCore/Library/LibraryQuery.h>
 #include <VORNELCore/Services/WindowServicing.h>
@@ -34,6 +35,9 @@ public:
 
     /// What is known of the copies that aren't right.
     const WrongCopies &wrongCopies() const { return m_wrongCopies; }
+
+    /// Which skills that need attention were edited by hand.
+    const HandEdits &handEdits() const { return m_handEdits; }
 
     /// The skills that a destination lists, in the overview's order.
     QList<SkillSummary> skills(Destination destination) const;
@@ -68,6 +72,7 @@ private:
     std::optional<WorkspaceOverview> m_overview;
     LibraryIndex m_index;
     WrongCopies m_wrongCopies;
+    HandEdits m_handEdits;
     bool m_isCurrent = true;
     int m_readings = 0; ///< that are under way
 };

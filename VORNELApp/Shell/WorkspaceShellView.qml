@@ -153,6 +153,22 @@ FocusScope {
         ignoreUnknownSignals: true
         target: importing.item
     }
+    Connections {
+        function onIsMergingChanged() {
+            if (!shell.model.adoption.isMerging)
+                return;
+            merging.make();
+            (merging.item as MergeSheet).open();
+        }
+
+        target: shell.model.adoption
+    }
+    DeferredItem {
+        id: merging
+
+        file: "MergeSheet.qml"
+        properties: ({ model: shell.model })
+    }
     ShellContent {
         id: content
 

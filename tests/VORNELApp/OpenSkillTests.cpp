@@ -162,6 +162,33 @@ TEST_F(OpenSkillTest, AsksBeforeItReplacesACopyThatWasEdited)
     settle();
 }
 
+TEST_F(OpenSkillTest, KeepsTheEditsBesideAVersionThatIsAdoptedInsteadOfThem)
+{
+    scratch.write("claude/audit/SKILL.md", "édité");
+    type(u"x"_s);
+    departure.leave(Departure::ToCreation);
+    saveUntil(OpenSkill::AskingToReplace);
+    model->adoption()->adopt(model->selectedSkillID(), TargetKind::claude);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return skill.state() == OpenSkill::Stale; }));
+    settle();
+    EXPECT_EQ(document->toPlainText(), u"xtexte"_s);
+    EXPECT_EQ(saved(), "édité");
+    EXPECT_EQ(exits.count(), 0);
+    EXPECT_FALSE(departure.isPending());
+}
+
+TEST_F(OpenSkillTest, TellsOfHandEditsUntilTheyAreARevision)
+{
+    EXPECT_FALSE(skill.isEditedByHand());
+    writeElsewhere("à la main");
+    model->reload();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return skill.isEditedByHand(); }));
+    model->adoption()->adoptHandEdits(model->selectedSkillID());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !skill.isEditedByHand() && !model->isBusy(); }));
+    EXPECT_EQ(model->selectedSkill()->manifest.revision, 3);
+    EXPECT_EQ(installed(), "à la main");
+}
+
 TEST_F(OpenSkillTest, AsksWhatBecomesOfTheEditsBeforeTheyAreLeft)
 {
     departure.leave(Departure::ToCreation);

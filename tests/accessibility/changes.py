@@ -84,7 +84,7 @@ def attention(program, folder):
     program.sees("label", "2 compétences")
     program.sees_page()
     says(program, missing, "Mise à jour nécessaire", "Claude\u00a0: copie manquante")
-    says(program, drifted, "Mise à jour nécessaire", "Codex\u00a0: copie modifiée")
+    says(program, drifted, "Mise à jour nécessaire", "Codex a modifié 1 fichier")
 
     program.sees("push button", "Synchroniser", description=missing).act()
     program.sees("label", "1 compétence")

@@ -78,8 +78,8 @@ ScreenTest {
     }
     function acceptDifferences() {
         awaitText("Différences avec les copies");
-        for (let stop = 0; stop < 3 && focusedName() !== "Enregistrer"; ++stop)
-            press(Qt.Key_Tab); // over the lines, if there are any, and the way back
+        for (let stop = 0; stop < 6 && focusedName() !== "Enregistrer"; ++stop)
+            press(Qt.Key_Tab); // over the lines, if there are any, and what else can be done
         press(Qt.Key_Return);
         awaitText("ENREGISTRÉE");
         awaitText("Claude, à jour");

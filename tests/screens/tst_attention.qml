@@ -49,13 +49,13 @@ ScreenTest {
         openAttention();
         verify(shows("2 compétences") && !shows("revue"));
         compare(all("À mettre à jour").length, 2);
-        awaitLine("audit", " · Claude : copie manquante · Codex : copie modifiée");
-        awaitLine("notes", " · Claude : copie modifiée · Codex : échec");
+        awaitLine("audit", " · Codex a modifié 1 fichier · Claude : copie manquante");
+        awaitLine("notes", " · Claude a modifié 1 fichier · Codex : échec");
         verify(control("notes").record.failure.startsWith("Codex\u00A0: "));
 
         edit("revue");
         reload();
-        awaitLine("revue", " · Claude : à jour · Codex : copie modifiée");
+        awaitLine("revue", " · Codex a modifié 1 fichier · Claude : à jour");
         fixture.remove("codex/revue");
         reload();
         awaitLine("revue", " · Claude : à jour · Codex : copie manquante");
@@ -64,7 +64,8 @@ ScreenTest {
         button("audit").clicked();
         awaitText("Cette compétence n’est plus là\u00A0: un autre programme l’a déplacée ou supprimée.");
         tryVerify(() => !shows("audit") && shows("notes"));
-        clickUntil("notes", "Retour à la bibliothèque");
+        mouseClick(control("notes"), 100, 30);
+        awaitText("Retour à la bibliothèque");
         compare(model.selectedSkill.manifest.slug, "notes");
     }
 
@@ -73,7 +74,7 @@ ScreenTest {
         fixture.remove("claude/audit");
         edit("notes");
         openAttention();
-        awaitLine("notes", " · Claude : à jour · Codex : copie modifiée");
+        awaitLine("notes", " · Codex a modifié 1 fichier · Claude : à jour");
         button("audit").clicked();
         awaitText("À JOUR");
         settle();
@@ -102,17 +103,17 @@ ScreenTest {
         tryVerify(() => control("audit").Accessible.description.endsWith("copie modifiée"), 5000, "on the card");
         tryVerify(() => control("notes").Accessible.description.endsWith("copie périmée"));
         openAttention();
-        awaitLine("audit", " · Claude : à jour · Codex : copie modifiée");
-        awaitLine("notes", " · Claude : copie périmée · Codex : copie périmée");
+        awaitLine("audit", " · Codex a modifié 1 fichier · Claude : à jour");
+        awaitLine("notes", " · modifiée à la main · Claude : copie périmée · Codex : copie périmée");
         click("Tout synchroniser");
-        awaitText("1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée dans l’historique.");
+        awaitText("1 copie modifiée par un assistant sera remplacée par la version de VORNEL, et gardée dans l’historique. Pour adopter ce qu’un assistant a écrit, annulez et ouvrez la compétence.");
         cancel();
 
         fixture.remove("workspace/.vornel/history/" + fixture.idOf("audit").toString().slice(1, -1).toUpperCase());
         reload();
-        awaitLine("audit", " · Claude : à jour · Codex : copie différente");
+        awaitLine("audit", " · modifiée à la main · Claude : à jour · Codex : copie différente");
         click("Tout synchroniser");
-        awaitText("1 copie différente sera remplacée par la version de VORNEL, et gardée dans l’historique.");
+        awaitText("1 copie différente sera remplacée par la version de VORNEL, et gardée dans l’historique. Pour adopter ce qu’un assistant a écrit, annulez et ouvrez la compétence.");
         cancel();
         button("notes").clicked();
         awaitText(/Rien n’a été modifié chez les assistants\u00A0: .* rien ne sera perdu\.$/);
@@ -125,7 +126,7 @@ ScreenTest {
         const reason = "Codex\u00A0: Échec d’intégrité : La racine n’est pas un dossier : notes (" + fixture.path("codex/notes") + ")";
         tryVerify(() => control("notes").Accessible.description.includes(reason), 5000, "on the card");
         openAttention();
-        awaitLine("notes", " · Claude : copie modifiée · Codex : échec");
+        awaitLine("notes", " · Claude a modifié 1 fichier · Codex : échec");
         compare(control("notes").record.failure, reason);
 
         list("À réparer").forceActiveFocus();
@@ -134,13 +135,13 @@ ScreenTest {
         model.closeSkill();
         awaitText("À RÉPARER");
 
-        awaitLine("notes", " · Claude : copie modifiée · Codex : échec");
+        awaitLine("notes", " · Claude a modifié 1 fichier · Codex : échec");
         click("Ouvrir le dossier");
         compare(fixture.openedFolder, fixture.path("codex"));
         compare(control("Mettre de côté").Accessible.description, "notes, Codex");
         control("Mettre de côté").forceActiveFocus();
         press(Qt.Key_Space, "MISE DE CÔTÉ");
-        awaitLine("notes", " · Claude : copie modifiée · Codex : à jour");
+        awaitLine("notes", " · Claude a modifié 1 fichier · Codex : à jour");
         verify(!shows("Mettre de côté"));
         tryVerify(() => focusedName() === "notes");
         compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytes("workspace/skills/notes/SKILL.md"));
@@ -213,7 +214,7 @@ ScreenTest {
         edit("c");
         openAttention();
         clickUntil("Tout synchroniser", "Synchroniser 3 compétences\u00A0?");
-        tryVerify(() => all("3 copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées dans l’historique. Certaines copies n’ont pas pu être comparées.").length === 1);
+        tryVerify(() => all("3 copies modifiées par un assistant seront remplacées par la version de VORNEL, et gardées dans l’historique. Pour adopter ce qu’un assistant a écrit, annulez et ouvrez la compétence. Certaines copies n’ont pas pu être comparées.").length === 1);
         cancel();
         compare(model.needsAttentionCount, 3);
 
@@ -252,7 +253,7 @@ ScreenTest {
         edit("audit");
         edit("notes");
         openAttention();
-        awaitLine("notes", " · Claude : à jour · Codex : copie modifiée");
+        awaitLine("notes", " · Codex a modifié 1 fichier · Claude : à jour");
         for (const leave of [() => click("audit"), () => keyClick(Qt.Key_N, Qt.ControlModifier)]) {
             fixture.holdWorkspace();
             click("Tout synchroniser");

@@ -49,7 +49,7 @@ ScreenTest {
         openAll();
         data.open();
         const view = list(data.name);
-        tryVerify(() => view.mapToItem(null, 0, view.height).y <= root.height); // its sheet is laid out
+        wait(Motion.normal); // in which its sheet is laid out
         view.positionViewAtIndex(25, ListView.End);
         const row = view.itemAtIndex(25);
         view.contentY = row.y + 10 - view.height; // which shows ten pixels of it

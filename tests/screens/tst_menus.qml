@@ -43,7 +43,7 @@ ScreenTest {
         reload();
         command("notes", "Synchroniser");
         awaitText("Différences avec les copies");
-        all("Synchroniser").find(item => item.role === 0).clicked(); // the one of the sheet
+        all("Synchroniser").pop().clicked(); // the one of the sheet
         awaitGone("Différences avec les copies");
         settle();
         compare(fixture.bytes("codex/notes/SKILL.md"), fixture.bytes("workspace/skills/notes/SKILL.md"));
