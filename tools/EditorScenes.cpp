@@ -82,7 +82,60 @@ void photographCopies(const Photographer &photographer, Studio &studio)
     photographer.click(u"Synchroniser"_s);
     Studio::rest();
     photographer.take(u"editor-differences"_s);
+    photographer.press(Qt::Key_Space);
+    Studio::rest();
+    photographer.take(u"editor-differences-chosen"_s);
     photographer.click(u"Fermer"_s);
+    studio.model().closeSkill();
+    studio.settle();
+}
+
+void write(const fs::path &file, const QString &text)
+{
+    std::ofstream(file) << text.toStdString();
+}
+
+/// Both assistants have written into the same lines, and one has deleted what the other has changed.
+void photographMerge(const Photographer &photographer, Studio &studio)
+{
+    const QUuid id = studio.idOf(u"audit-accessibilite"_s);
+    studio.model().synchronizeSkill(id);
+    studio.quieten();
+    studio.open(u"audit-accessibilite"_s);
+    const QString text = studio.model().selectedSkill()->skillMD;
+    const fs::path claude = studio.path("claude/audit-accessibilite");
+    const fs::path codex = studio.path("codex/audit-accessibilite");
+    write(claude / "SKILL.md", QString(text).replace(u"## "_s, u"## Étape\u00A0: "_s));
+    write(codex / "SKILL.md", QString(text).replace(u"## "_s, u"## Puis\u00A0: "_s));
+    write(claude / "references/grille-de-controle.md", u"# Grille\n\n- Contrastes\n"_s);
+    fs::remove_all(codex / "references");
+    studio.model().reload();
+    studio.quieten();
+    photographer.click(u"Synchroniser"_s);
+    Studio::rest();
+    photographer.take(u"editor-both"_s);
+    photographer.click(u"Fusionner"_s);
+    Studio::rest();
+    Studio::rest();
+    photographer.take(u"editor-merge"_s);
+    photographer.press(Qt::Key_Tab);
+    photographer.press(Qt::Key_Return);
+    photographer.press(Qt::Key_Backtab);
+    photographer.press(Qt::Key_Down);
+    Studio::rest();
+    photographer.take(u"editor-merge-deleted"_s);
+    photographer.press(Qt::Key_Up);
+    for (int stop = 0; stop < 3; ++stop)
+        photographer.press(Qt::Key_Tab);
+    photographer.press(Qt::Key_Return);
+    Studio::rest();
+    photographer.take(u"editor-merge-text"_s);
+    photographer.press(Qt::Key_Escape);
+    Studio::rest();
+    write(studio.path("VORNEL/skills/audit-accessibilite/SKILL.md"), text + u"\nUne ligne de plus.\n"_s);
+    studio.model().reload();
+    studio.quieten();
+    photographer.take(u"editor-hand-edits"_s);
     studio.model().closeSkill();
     studio.settle();
 }
@@ -194,6 +247,7 @@ void photographEditor(Photographer &photographer, Studio &studio)
     photographStray(photographer, studio);
     photographUnkept(photographer, studio);
     photographCopies(photographer, studio);
+    photographMerge(photographer, studio);
 }
 
 } // namespace vornel
