@@ -19,7 +19,7 @@ Rectangle {
 
     Accessible.description: sign === "" ? "" : "marquée " + sign
     Accessible.focusable: true
-    Accessible.name: text
+    Accessible.name: text.trim() === "" ? "ligne vide" : text
     Accessible.role: Accessible.ListItem
     Accessible.selectable: true
     Accessible.selected: isSelected

@@ -20,7 +20,7 @@ Rectangle {
     color: isChanged ? Qt.alpha(Colors.warning, 0.12) : "transparent"
 
     Accessible.focusable: true
-    Accessible.name: isChanged ? "Claude\u00A0: " + leftText + ", Codex\u00A0: " + rightText : leftText
+    Accessible.name: isChanged ? "Claude\u00A0: " + leftText + ", Codex\u00A0: " + rightText : leftText.trim() === "" ? "ligne vide" : leftText
     Accessible.role: Accessible.ListItem
 
     SideBySideText {
