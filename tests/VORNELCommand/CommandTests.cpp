@@ -26,8 +26,7 @@ TEST_F(Vornelctl, ImportsRealFolders)
 
     const Result compared = run("compare clash");
     EXPECT_EQ(compared.code, 1);
-    EXPECT_TRUE(compared.output.startsWith("Claude  1 fichier  6 octets  20"))
-        << compared.output.constData();
+    EXPECT_TRUE(compared.output.startsWith("Claude  1 fichier  6 octets  20")) << compared.output.constData();
     EXPECT_TRUE(compared.output.endsWith("\n~ SKILL.md\n"));
     const QJsonObject codex = run("compare clash --json").json()[u"codex"].toObject();
     EXPECT_EQ(codex.keys(),
