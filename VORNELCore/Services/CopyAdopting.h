@@ -23,13 +23,14 @@ public:
     virtual QFuture<SkillDetail> adopt(QUuid id, TargetKind copy, std::optional<qint64> expectedRevision,
                                        QStringList paths) = 0;
 
-    /// Joins what both copies have changed since the present revision, file by file, and the texts among them
-    /// line by line. A copy that is missing or holds an earlier revision has changed nothing. Conflicts
-    /// without a settlement end the merge before anything is written.
+    /// Joins what both copies have changed since the revision that they were made from, file by file, and the
+    /// texts among them line by line. A copy that is missing or holds an earlier revision has changed
+    /// nothing. Conflicts without a settlement end the merge before anything is written.
     virtual QFuture<MergeResult> merge(QUuid id, std::optional<qint64> expectedRevision,
                                        QList<MergeSettlement> settlements) = 0;
 
-    /// Makes a revision of what was edited by hand in the skill's own folder.
+    /// Makes a revision of what was edited by hand in the skill's own folder. A copy that an assistant has
+    /// edited stays as it is.
     virtual QFuture<SkillDetail> adoptHandEdits(QUuid id, std::optional<qint64> expectedRevision) = 0;
 
     /// Those of the skills whose folder holds what the history has of no entry of their revision, so that it

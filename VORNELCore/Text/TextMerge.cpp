@@ -41,9 +41,11 @@ std::optional<MergedText> mergeTexts(QByteArrayView base, QByteArrayView claude,
     git_merge_file_options options = GIT_MERGE_FILE_OPTIONS_INIT;
     options.our_label = ours.constData();
     options.their_label = theirs.constData();
-    const git_merge_file_input inputs[] = {inputOf(base), inputOf(claude), inputOf(codex)};
+    const git_merge_file_input ancestor = inputOf(base);
+    const git_merge_file_input ourSide = inputOf(claude);
+    const git_merge_file_input theirSide = inputOf(codex);
     git_merge_file_result result{};
-    if (git_merge_file(&result, &inputs[0], &inputs[1], &inputs[2], &options) != 0)
+    if (git_merge_file(&result, &ancestor, &ourSide, &theirSide, &options) != 0)
         throw std::runtime_error("Les deux textes ne peuvent pas être fusionnés.");
     MergedText merged{QByteArray(result.ptr, static_cast<qsizetype>(result.len)), result.automergeable != 0};
     git_merge_file_result_free(&result);

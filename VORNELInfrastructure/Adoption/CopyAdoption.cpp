@@ -1,15 +1,13 @@
 #include "CopyAdoption.h"
 
-#include "TreeMerge.h"
+#include "ComposedRevision.h"
+#include "EditedCopies.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/ImportModels.h>
-#include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillHistory.h>
-#include <VORNELInfrastructure/Targets/CopyDrift.h>
 #include <VORNELInfrastructure/Targets/TargetFolder.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
@@ -46,7 +44,7 @@ SkillDetail CopyAdoption::adopt(const QUuid &id, TargetKind copy, std::optional<
                                 const QStringList &paths) const
 {
     const SkillRecord skill = m_authoring.recordAt(id, expectedRevision);
-    const FileTreeSnapshot content = contentOf(skill);
+    const FileTreeSnapshot content = contentOf(m_workspace, skill);
     const FileTreeSnapshot adopted = copyOf(skill, copy);
     ComposedTree tree;
     tree.takeAll(paths.isEmpty() ? adopted : content);
@@ -60,38 +58,9 @@ SkillDetail CopyAdoption::adopt(const QUuid &id, TargetKind copy, std::optional<
     }
     if (tree.digest() == content.digest)
         return makeDetail(m_workspace, skill);
-    requireText(skill, tree);
-    return revise(skill, std::move(tree), paths.isEmpty() ? std::nullopt : std::optional(copy));
-}
-
-MergeResult CopyAdoption::merge(const QUuid &id, std::optional<qint64> expectedRevision,
-                                const QList<MergeSettlement> &settlements) const
-{
-    const SkillRecord skill = m_authoring.recordAt(id, expectedRevision);
-    const FileTreeSnapshot content = contentOf(skill);
-    CopyDrift drift(m_workspace, skill.manifest);
-    const FileTreeSnapshot claude = editedCopy(skill, TargetKind::claude, content, drift);
-    const FileTreeSnapshot codex = editedCopy(skill, TargetKind::codex, content, drift);
-    TreeMerge merge(m_workspace.files, content, claude, codex);
-    merge.run(settlements);
-    if (!merge.conflicts().isEmpty())
-        return {merge.conflicts(), std::nullopt};
-    const std::string result = merge.tree().digest();
-    if (result == content.digest)
-        return {{}, m_authoring.synchronize(skill)};
-    requireText(skill, merge.tree());
-    keepMerged(skill, TargetKind::claude, claude, result);
-    keepMerged(skill, TargetKind::codex, codex, result);
-    return {{}, revise(skill, merge.tree(), std::nullopt)};
-}
-
-/// An interrupted merge may leave the skill merged, and the copies as they were: they must not be taken then
-/// for ones in which somebody has undone what the other copy has brought in.
-void CopyAdoption::keepMerged(const SkillRecord &skill, TargetKind target, const FileTreeSnapshot &copy,
-                              const std::string &result) const
-{
-    if (copy.root != skill.folder && copy.digest != result)
-        SkillHistory(m_workspace).keepMerged(skill.manifest.id, rawValue(target), result, copy.root);
+    requireText(m_workspace, skill, tree);
+    const auto leftAlone = paths.isEmpty() ? QSet<TargetKind>() : QSet{copy};
+    return makeRevision(m_workspace, skill, std::move(tree), leftAlone);
 }
 
 SkillDetail CopyAdoption::adoptHandEdits(const QUuid &id, std::optional<qint64> expectedRevision) const
@@ -100,7 +69,17 @@ SkillDetail CopyAdoption::adoptHandEdits(const QUuid &id, std::optional<qint64> 
     if (!isEditedByHand(skill))
         return makeDetail(m_workspace, skill);
     m_store.readSkillMD(skill.folder, skill.manifest.slug); // for its errors
-    return m_authoring.reviseInPlace(skill);
+    const FileTreeSnapshot content = contentOf(m_workspace, skill);
+    EditedCopies copies(m_workspace, skill, content);
+    QSet<TargetKind> edited;
+    for (const TargetKind target : allCases<TargetKind>()) {
+        // One that can't be read is for the synchronisation to refuse.
+        bestEffort([&] {
+            if (copies.of(target))
+                edited.insert(target);
+        });
+    }
+    return m_authoring.reviseInPlace(skill, edited);
 }
 
 QSet<QUuid> CopyAdoption::editedByHand(const QSet<QUuid> &ids) const
@@ -126,11 +105,6 @@ bool CopyAdoption::isEditedByHand(const SkillRecord &skill) const
     return !SkillHistory(m_workspace).holdsRevision(skill.manifest, all);
 }
 
-FileTreeSnapshot CopyAdoption::contentOf(const SkillRecord &skill) const
-{
-    return SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::excludingManifest);
-}
-
 FileTreeSnapshot CopyAdoption::copyOf(const SkillRecord &skill, TargetKind target) const
 {
     const auto copy = TargetFolder(m_workspace, target).snapshot(skill.manifest.slug.toStdString());
@@ -138,43 +112,6 @@ FileTreeSnapshot CopyAdoption::copyOf(const SkillRecord &skill, TargetKind targe
         throw VORNELWorkspaceError::integrityFailure(
             u"%1 n’a pas de copie de cette compétence."_s.arg(assistantName(target)));
     return *copy;
-}
-
-/// A copy that is missing or outdated, or is merged already, counts as one that holds what the library does.
-FileTreeSnapshot CopyAdoption::editedCopy(const SkillRecord &skill, TargetKind target,
-                                          const FileTreeSnapshot &content, CopyDrift &drift) const
-{
-    auto copy = TargetFolder(m_workspace, target).snapshot(skill.manifest.slug.toStdString());
-    const bool isEdited = copy && copy->digest != content.digest &&
-                          drift.of(copy->digest) != Drift::outdated &&
-                          !SkillHistory(m_workspace)
-                               .wasMerged(skill.manifest.id, rawValue(target), content.digest, copy->digest);
-    return isEdited ? *std::move(copy) : content;
-}
-
-/// The manifests further down in the skill's own folder belong to no copy, and stay.
-SkillDetail CopyAdoption::revise(const SkillRecord &skill, ComposedTree tree,
-                                 std::optional<TargetKind> leftAlone) const
-{
-    const FileTreeSnapshot all = SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::all);
-    for (const Entry &entry : all.entries) {
-        if (!includes(TreeFilter::excludingManifest, entry.relativePath))
-            tree.take(all, entry);
-    }
-    const auto make = [&](const std::filesystem::path &stage) { tree.write(m_workspace.files, stage); };
-    return m_authoring.revise(skill, make, leftAlone);
-}
-
-/// A revision that the editor could not open would be of no use.
-void CopyAdoption::requireText(const SkillRecord &skill, const ComposedTree &tree) const
-{
-    const std::optional<QByteArray> bytes = tree.bytesOf(m_workspace.files, SkillFiles::text);
-    const std::optional<QString> text = textFromUtf8(bytes.value_or(QByteArray()));
-    if (!text)
-        throw std::filesystem::filesystem_error("decode", skill.folder / SkillFiles::text,
-                                                std::make_error_code(std::errc::illegal_byte_sequence));
-    if (text->trimmed().isEmpty())
-        throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
 }
 
 } // namespace vornel

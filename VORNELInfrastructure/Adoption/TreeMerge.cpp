@@ -36,8 +36,8 @@ std::string digestBelow(const FileTreeSnapshot &tree, const std::string &path)
 } // namespace
 
 TreeMerge::TreeMerge(const FileSystem &files, const FileTreeSnapshot &base, const FileTreeSnapshot &claude,
-                     const FileTreeSnapshot &codex)
-    : m_files(files), m_base(base), m_claude(claude), m_codex(codex)
+                     const FileTreeSnapshot &codex, std::set<std::string> unsettled)
+    : m_files(files), m_base(base), m_claude(claude), m_codex(codex), m_unsettled(std::move(unsettled))
 {
     for (const Entry &entry : base.entries)
         m_paths[entry.relativePath].base = &entry;
@@ -65,7 +65,9 @@ void TreeMerge::merge(const std::string &path, const Versions &versions,
             settle({QString::fromStdString(path), basisOf(path), std::nullopt}, settlements);
         return;
     }
-    if (areAlike(claude, codex) || areAlike(codex, base)) {
+    if (m_unsettled.contains(path)) {
+        settle({QString::fromStdString(path), basisOf(path), std::nullopt}, settlements);
+    } else if (areAlike(claude, codex) || areAlike(codex, base)) {
         if (claude != nullptr)
             m_tree.take(m_claude, *claude);
     } else if (areAlike(claude, base)) {
@@ -121,15 +123,15 @@ void TreeMerge::settle(const MergeConflict &conflict, const QList<MergeSettlemen
     const auto settlement = std::ranges::find_if(settlements, [&](const MergeSettlement &each) {
         return each.relativePath == conflict.relativePath && each.basis == conflict.basis;
     });
-    if (settlement == settlements.end()) {
-        m_conflicts.append(conflict);
-    } else if (const auto *target = std::get_if<TargetKind>(&settlement->content)) {
+    const auto *content = settlement == settlements.end() ? nullptr : &settlement->content;
+    const auto *target = std::get_if<TargetKind>(content);
+    const auto *text = std::get_if<QString>(content);
+    if (target != nullptr)
         m_tree.replace(*target == TargetKind::claude ? m_claude : m_codex, path);
-    } else if (conflict.markedText) {
-        m_tree.put(path, std::get<QString>(settlement->content).toUtf8());
-    } else {
+    else if (text != nullptr && conflict.markedText)
+        m_tree.put(path, text->toUtf8());
+    else
         m_conflicts.append(conflict);
-    }
 }
 
 QString TreeMerge::basisOf(const std::string &path) const

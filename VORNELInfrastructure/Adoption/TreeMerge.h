@@ -13,9 +13,10 @@ namespace vornel {
 class TreeMerge
 {
 public:
-    /// All three must outlive the merge.
+    /// All three trees must outlive the merge. The paths that are `unsettled` are for the user to decide,
+    /// whatever the trees hold.
     TreeMerge(const FileSystem &files, const FileTreeSnapshot &base, const FileTreeSnapshot &claude,
-              const FileTreeSnapshot &codex);
+              const FileTreeSnapshot &codex, std::set<std::string> unsettled = {});
 
     /// Goes through the trees once. What the user has settled is taken as he wants it where the three trees
     /// still hold what they held then.
@@ -47,6 +48,7 @@ private:
     const FileTreeSnapshot &m_base;
     const FileTreeSnapshot &m_claude;
     const FileTreeSnapshot &m_codex;
+    std::set<std::string> m_unsettled;
     std::map<std::string, Versions> m_paths;
     ComposedTree m_tree;
     QList<MergeConflict> m_conflicts;

@@ -87,7 +87,7 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
 }
 
 SkillDetail SkillAuthoring::revise(SkillRecord skill, const std::function<void(const fs::path &)> &make,
-                                   std::optional<TargetKind> leftAlone) const
+                                   const QSet<TargetKind> &leftAlone) const
 {
     refuseNewer(skill.manifest);
     const SkillHistory history(m_workspace);
@@ -104,12 +104,12 @@ SkillDetail SkillAuthoring::revise(SkillRecord skill, const std::function<void(c
     return makeDetail(m_workspace, skill);
 }
 
-SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill) const
+SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill, const QSet<TargetKind> &leftAlone) const
 {
     advanceRevision(skill.manifest);
     m_store.writeManifest(skill.manifest, skill.folder, Durability::Now);
     SkillHistory(m_workspace).add(skill.manifest, skill.folder);
-    TargetSynchronizer(m_workspace).synchronize(skill);
+    TargetSynchronizer(m_workspace).synchronize(skill, leftAlone);
     return makeDetail(m_workspace, skill);
 }
 

@@ -29,13 +29,13 @@ public:
     /// Throws what `recordAt` does, and `missingSkillFile` when the text is blank.
     SkillDetail save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const;
 
-    /// Makes the skill's next revision, and installs it everywhere but in the target that is left alone.
+    /// Makes the skill's next revision, and installs it everywhere but in the targets that are left alone.
     /// `make` makes the folder, all but the manifest, at the path that it is given.
     SkillDetail revise(SkillRecord skill, const std::function<void(const std::filesystem::path &)> &make,
-                       std::optional<TargetKind> leftAlone = std::nullopt) const;
+                       const QSet<TargetKind> &leftAlone = {}) const;
 
-    /// Makes a revision of the skill's folder as it stands, and installs it.
-    SkillDetail reviseInPlace(SkillRecord skill) const;
+    /// Makes a revision of the skill's folder as it stands, and installs it in the same way.
+    SkillDetail reviseInPlace(SkillRecord skill, const QSet<TargetKind> &leftAlone) const;
 
     /// Installs the canonical folder in both targets, where their copies differ.
     SkillDetail synchronize(const QUuid &id) const;

@@ -60,7 +60,7 @@ std::vector<fs::path> Install::stages() const
     return all;
 }
 
-void TargetSynchronizer::synchronize(const SkillRecord &skill, std::optional<TargetKind> leftAlone) const
+void TargetSynchronizer::synchronize(const SkillRecord &skill, const QSet<TargetKind> &leftAlone) const
 {
     Failures unusable = prepareRoots();
     std::string digest;
@@ -69,9 +69,9 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill, std::optional<Tar
             unusable.emplace(kind, unreadable);
     }
     Install install = stage(skill.manifest, skill.folder, digest, unusable);
-    if (leftAlone) {
-        install.copies.erase(*leftAlone);
-        install.failures.erase(*leftAlone);
+    for (const TargetKind kind : leftAlone) {
+        install.copies.erase(kind);
+        install.failures.erase(kind);
     }
     const auto isKept = [](const StagedFolder &copy) { return !copy.destination.keptAs.empty(); };
     if (std::ranges::any_of(install.copies | std::views::values, isKept))

@@ -35,8 +35,8 @@ public:
 
     /// Makes both copies equal to the canonical folder. What stood there goes into the skill's history,
     /// unless that holds it already. A failed target doesn't stop the other: failures are remembered, then
-    /// thrown as `partialSync`. A target that is left alone stays as it is.
-    void synchronize(const SkillRecord &skill, std::optional<TargetKind> leftAlone = std::nullopt) const;
+    /// thrown as `partialSync`. Targets that are left alone stay as they are.
+    void synchronize(const SkillRecord &skill, const QSet<TargetKind> &leftAlone = {}) const;
 
     /// Puts a fresh copy in the place of one, whatever stands there; that goes into the recovery folder as it
     /// is.

@@ -6,6 +6,7 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Adoption/CopyAdoption.h>
+#include <VORNELInfrastructure/Adoption/CopyMerge.h>
 #include <VORNELInfrastructure/Categories/CategoryEditing.h>
 #include <VORNELInfrastructure/Import/NewSkills.h>
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
@@ -261,7 +262,7 @@ QFuture<MergeResult> LocalWorkspaceService::merge(QUuid id, std::optional<qint64
                                                   QList<MergeSettlement> settlements)
 {
     return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
-        return CopyAdoption(workspace).merge(id, expectedRevision, settlements);
+        return CopyMerge(workspace).run(id, expectedRevision, settlements);
     });
 }
 

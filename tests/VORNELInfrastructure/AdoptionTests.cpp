@@ -197,6 +197,36 @@ TEST_F(Adoption, LeavesOutdatedAndMissingCopiesOutOfAMerge)
     EXPECT_EQ(library().at("notes.md"), "once more");
 }
 
+TEST_F(Adoption, UndoesNothingThatWasEditedByHand)
+{
+    writeIn("claude", {{"notes.md", "de Claude"}, {"SKILL.md", "ONE\ntwo\nthree\nfour\nfive\n"}});
+    writeIn("codex", {{"added.md", "de Codex"}});
+    writeIn(
+        "workspace/skills",
+        {{"by-hand.md", "à la main"}, {"SKILL.md", "one\ntwo\nthree\nfour\nFIVE\n"}, {"scripts/run.sh", {}}});
+    const Tree edited = tree("claude/demo");
+    EXPECT_EQ(service->adoptHandEdits(demo, 1).result().syncState, SyncState::drifted);
+    EXPECT_EQ(tree("claude/demo"), edited) << "what an assistant has edited meanwhile stays to be merged";
+    ASSERT_TRUE(service->merge(demo, 2, {}).result().skill);
+    const Tree merged = library();
+    EXPECT_EQ(merged.at("by-hand.md"), "à la main");
+    EXPECT_EQ(merged.at("notes.md"), "de Claude");
+    EXPECT_EQ(merged.at("added.md"), "de Codex");
+    EXPECT_EQ(merged.at("SKILL.md"), "ONE\ntwo\nthree\nfour\nFIVE\n");
+    EXPECT_FALSE(merged.contains("scripts/run.sh"));
+
+    writeIn("claude", {{"notes.md", "encore de Claude"}, {"added.md", "même par Claude"}});
+    writeIn("workspace/skills", {{"notes.md", "à la main aussi"}, {"other.md", "à la main"}});
+    const QList<MergeConflict> conflicts = service->merge(demo, {}, {}).result().conflicts;
+    ASSERT_EQ(conflicts.size(), 1);
+    EXPECT_EQ(conflicts.first().relativePath, u"notes.md"_s);
+    const MergeSettlement settlement{u"notes.md"_s, conflicts.first().basis, claude};
+    ASSERT_TRUE(service->merge(demo, {}, {settlement}).result().skill);
+    EXPECT_EQ(library().at("notes.md"), "encore de Claude");
+    EXPECT_EQ(library().at("other.md"), "à la main");
+    EXPECT_EQ(library().at("added.md"), "même par Claude");
+}
+
 TEST_F(Adoption, AsksWhatIsToBecomeOfConflicts)
 {
     writeIn("claude", {{"SKILL.md", "ONE\ntwo\nthree\nfour\nfive\n"},

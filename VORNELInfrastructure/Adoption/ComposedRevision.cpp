@@ -1,0 +1,39 @@
+#include "ComposedRevision.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
+
+namespace vornel {
+
+FileTreeSnapshot contentOf(const Workspace &workspace, const SkillRecord &skill)
+{
+    return SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::excludingManifest);
+}
+
+void requireText(const Workspace &workspace, const SkillRecord &skill, const ComposedTree &tree)
+{
+    const std::optional<QByteArray> bytes = tree.bytesOf(workspace.files, SkillFiles::text);
+    const std::optional<QString> text = textFromUtf8(bytes.value_or(QByteArray()));
+    if (!text)
+        throw std::filesystem::filesystem_error("decode", skill.folder / SkillFiles::text,
+                                                std::make_error_code(std::errc::illegal_byte_sequence));
+    if (text->trimmed().isEmpty())
+        throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
+}
+
+/// The manifests further down in the skill's own folder belong to no copy, and stay.
+SkillDetail makeRevision(const Workspace &workspace, const SkillRecord &skill, ComposedTree tree,
+                         const QSet<TargetKind> &leftAlone)
+{
+    const FileTreeSnapshot all = SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all);
+    for (const FileTreeSnapshot::Entry &entry : all.entries) {
+        if (!includes(TreeFilter::excludingManifest, entry.relativePath))
+            tree.take(all, entry);
+    }
+    const auto make = [&](const std::filesystem::path &stage) { tree.write(workspace.files, stage); };
+    return SkillAuthoring(workspace).revise(skill, make, leftAlone);
+}
+
+} // namespace vornel
