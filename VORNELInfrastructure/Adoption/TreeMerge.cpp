@@ -1,5 +1,6 @@
 #include "TreeMerge.h"
 
+#include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELCore/Text/TextMerge.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
@@ -112,7 +113,7 @@ bool TreeMerge::joinedTexts(const std::string &path, const Versions &versions, s
     if (merged->isClean)
         m_tree.put(path, merged->text);
     else
-        marked = QString::fromUtf8(merged->text);
+        marked = textFromUtf8(merged->text);
     return merged->isClean;
 }
 

@@ -229,13 +229,13 @@ TEST_F(Adoption, UndoesNothingThatWasEditedByHand)
 
 TEST_F(Adoption, AsksWhatIsToBecomeOfConflicts)
 {
-    writeIn("claude", {{"SKILL.md", "ONE\ntwo\nthree\nfour\nfive\n"},
+    writeIn("claude", {{"SKILL.md", "\uFEFFone\nTWO\nthree\nfour\nfive\n"},
                        {"data.bin", std::string("\0claude", 7)},
                        {"notes.md", {}},
                        {"scripts", {}},
                        {"scripts-old", "beside"}});
     write("claude/demo/scripts", "a file now");
-    writeIn("codex", {{"SKILL.md", "First\ntwo\nthree\nfour\nfive\n"},
+    writeIn("codex", {{"SKILL.md", "\uFEFFone\nSecond\nthree\nfour\nfive\n"},
                       {"data.bin", std::string("\0codex", 6)},
                       {"notes.md", "edited"},
                       {"scripts/run.sh", "edited"}});
@@ -251,7 +251,7 @@ TEST_F(Adoption, AsksWhatIsToBecomeOfConflicts)
     }
     EXPECT_EQ(paths, (QStringList{u"SKILL.md"_s, u"data.bin"_s, u"notes.md"_s, u"scripts"_s}));
     EXPECT_EQ(conflicts.first().markedText,
-              u"<<<<<<< Claude\nONE\n=======\nFirst\n>>>>>>> Codex\ntwo\nthree\nfour\nfive\n"_s);
+              u"\uFEFFone\n<<<<<<< Claude\nTWO\n=======\nSecond\n>>>>>>> Codex\nthree\nfour\nfive\n"_s);
     settlements[0].content = u"One, first\n"_s;
     settlements[1].content = u"no text can settle what is none"_s;
     EXPECT_EQ(service->merge(demo, 1, settlements).result().conflicts.size(), 1);
