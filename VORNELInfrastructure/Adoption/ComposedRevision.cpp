@@ -23,13 +23,14 @@ void requireText(const Workspace &workspace, const SkillRecord &skill, const Com
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
 }
 
-/// The manifests further down in the skill's own folder belong to no copy, and stay.
+/// The manifests further down in the skill's own folder belong to no copy, and stay where there is a folder.
 SkillDetail makeRevision(const Workspace &workspace, const SkillRecord &skill, ComposedTree tree,
                          const QSet<TargetKind> &leftAlone)
 {
     const FileTreeSnapshot all = SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all);
     for (const FileTreeSnapshot::Entry &entry : all.entries) {
-        if (!includes(TreeFilter::excludingManifest, entry.relativePath))
+        if (!includes(TreeFilter::excludingManifest, entry.relativePath) &&
+            !tree.isBelowFile(entry.relativePath))
             tree.take(all, entry);
     }
     const auto make = [&](const std::filesystem::path &stage) { tree.write(workspace.files, stage); };

@@ -57,6 +57,14 @@ void ComposedTree::add(Piece piece)
     m_pieces.insert_or_assign(path, std::move(piece));
 }
 
+bool ComposedTree::isBelowFile(const std::string &path) const
+{
+    return std::ranges::any_of(m_pieces, [&](const auto &piece) {
+        return piece.second.entry.kind == Entry::Kind::file && piece.first != path &&
+               isAtOrBelow(path, piece.first);
+    });
+}
+
 std::string ComposedTree::digest() const
 {
     std::vector<Entry> entries;

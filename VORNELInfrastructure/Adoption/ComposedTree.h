@@ -28,6 +28,9 @@ public:
     /// Makes a file of these bytes.
     void put(const std::string &path, const QByteArray &bytes);
 
+    /// Whether a file stands where a path would need a folder.
+    bool isBelowFile(const std::string &path) const;
+
     /// The digest that a snapshot of the folder would have.
     std::string digest() const;
 

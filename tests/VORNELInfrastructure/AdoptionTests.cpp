@@ -117,6 +117,11 @@ TEST_F(Adoption, TakesChosenFilesAlone)
     adopt(claude, {u"notes.md/inside"_s, u"extra"_s});
     EXPECT_EQ(library().at("notes.md/inside"), "a folder now");
     EXPECT_EQ(library().at("extra"), "a file now");
+
+    writeIn("claude", {{"scripts", {}}});
+    write("claude/demo/scripts", "a file where manifests were");
+    adopt(claude);
+    EXPECT_EQ(library().at("scripts"), "a file where manifests were");
 }
 
 TEST_F(Adoption, RefusesWhatItCanNotTakeAndChangesNothing)
