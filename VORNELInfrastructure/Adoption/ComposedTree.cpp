@@ -1,5 +1,6 @@
 #include "ComposedTree.h"
 
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Tree/Sha256.h>
@@ -39,6 +40,8 @@ void ComposedTree::replace(const FileTreeSnapshot &tree, const std::string &path
 
 void ComposedTree::put(const std::string &path, const QByteArray &bytes)
 {
+    if (bytes.size() > SkillFiles::sizeLimit)
+        throw VORNELWorkspaceError::unsafeImport(QString::fromStdString(path));
     Sha256 hash;
     hash.update(bytes);
     add({.entry = {path, Entry::Kind::file, bytes.size(), hash.finish()}, .bytes = bytes});

@@ -25,7 +25,7 @@ public:
     /// Makes what is at and below a path that of a tree: nothing where the tree has nothing there.
     void replace(const FileTreeSnapshot &tree, const std::string &path);
 
-    /// Makes a file of these bytes.
+    /// Makes a file of these bytes; throws `unsafeImport` where a skill may hold none so large.
     void put(const std::string &path, const QByteArray &bytes);
 
     /// Whether a file stands where a path would need a folder.

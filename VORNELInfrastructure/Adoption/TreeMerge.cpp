@@ -108,7 +108,8 @@ bool TreeMerge::joinedTexts(const std::string &path, const Versions &versions, s
     };
     const auto merged = mergeTexts(bytesOf(m_base, versions.base), bytesOf(m_claude, versions.claude),
                                    bytesOf(m_codex, versions.codex));
-    if (!merged)
+    const bool isTooLarge = merged && merged->isClean && merged->text.size() > SkillFiles::sizeLimit;
+    if (!merged || isTooLarge)
         return false;
     if (merged->isClean)
         m_tree.put(path, merged->text);

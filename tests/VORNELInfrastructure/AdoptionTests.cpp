@@ -1,6 +1,7 @@
 #include "Scratch.h"
 
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <algorithm>
 
@@ -230,6 +231,17 @@ TEST_F(Adoption, UndoesNothingThatWasEditedByHand)
     EXPECT_EQ(library().at("notes.md"), "encore de Claude");
     EXPECT_EQ(library().at("other.md"), "à la main");
     EXPECT_EQ(library().at("added.md"), "même par Claude");
+}
+
+TEST_F(Adoption, JoinsNoTextsThatAreTooLargeTogether)
+{
+    const std::string half(SkillFiles::sizeLimit / 2, 'x');
+    writeIn("claude", {{"SKILL.md", half + "\none\ntwo\nthree\nfour\nfive\n"}});
+    writeIn("codex", {{"SKILL.md", "one\ntwo\nthree\nfour\nfive\n" + half}});
+    const QList<MergeConflict> conflicts = service->merge(demo, 1, {}).result().conflicts;
+    ASSERT_EQ(conflicts.size(), 1) << "joined, it would be too large";
+    EXPECT_EQ(conflicts.first().markedText, std::nullopt);
+    EXPECT_EQ(revision(), 1);
 }
 
 TEST_F(Adoption, AsksWhatIsToBecomeOfConflicts)
