@@ -5,6 +5,7 @@
 #include "NewSkills.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
 
 #include <algorithm>
 
@@ -55,8 +56,8 @@ void PendingImport::commit(const Workspace &workspace, const QUuid &planID,
     if (plan().id != planID)
         throw VORNELWorkspaceError::importPlanNotFound();
     ImportCommit(workspace).run(plan(), progress);
-    forgetSettledSkills(workspace);
     m_plan.reset();
+    bestEffort([&] { forgetSettledSkills(workspace); }); // else the next import does
 }
 
 } // namespace vornel

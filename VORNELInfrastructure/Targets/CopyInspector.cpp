@@ -5,6 +5,7 @@
 
 #include <VORNELCore/Errors/ErrorMessage.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
@@ -94,8 +95,11 @@ QList<CopyInspection> CopyInspector::wrongCopies(const SkillRecord &skill) const
                       .path = m_workspace.config.target(target) / pathFromText(manifest.slug),
                       .isUnreadable =
                           found.unreadable.contains(target) && TargetFolder(m_workspace, target).isUsable()});
-        if (wrong.last().drift == Drift::edited)
-            wrong.last().differences = inspect(manifest, contentOf(skill.folder), target, drift).differences;
+        if (wrong.last().drift == Drift::edited) // told without its files where they can't be read any more
+            bestEffort([&] {
+                wrong.last().differences =
+                    inspect(manifest, contentOf(skill.folder), target, drift).differences;
+            });
     }
     return wrong;
 }
