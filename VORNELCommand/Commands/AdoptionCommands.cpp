@@ -44,7 +44,7 @@ int adopt(const Session &session)
 MergeResult mergePreferring(const Session &session, const QUuid &id, TargetKind preferred)
 {
     CopyAdopting &adoptions = session.services.adoptions;
-    const MergeResult found = adoptions.merge(id, expectedRevision(session), {}).result();
+    MergeResult found = adoptions.merge(id, expectedRevision(session), {}).result();
     if (found.skill)
         return found;
     QList<MergeSettlement> settlements;

@@ -34,9 +34,9 @@ void addOptions(QCommandLineParser &parser, const QList<CommandSyntax> &commands
         if (known.contains(option.name))
             continue;
         known.append(option.name);
-        const QStringList names = requests.contains(option.name)
-                                      ? QStringList{option.name, option.name.first(1)}
-                                      : QStringList{option.name};
+        QStringList names{option.name};
+        if (requests.contains(option.name))
+            names.append(option.name.first(1));
         parser.addOption(QCommandLineOption(names, {}, option.form));
     }
 }
@@ -160,8 +160,8 @@ QString usageText(const QList<CommandSyntax> &commands)
            u"\nSKILL est l’identifiant d’une compétence, ou son UUID\u00A0; CATÉGORIE, l’identifiant d’une "
            "catégorie.\nFICHIER «\u00A0-\u00A0» est l’entrée standard.\n"
            "--replace remplace les dossiers que VORNEL n’a pas installés\u00A0; ils sont gardés dans "
-           "l’historique.\nCodes de sortie\u00A0: 0 réussite, 1 copie à réparer (status, diff) ou dossiers "
-           "différents (compare), 2 échec, 64 usage incorrect.\n"_s;
+           "l’historique.\nCodes de sortie\u00A0: 0 réussite, 1 copie à réparer (status, diff), dossiers "
+           "différents (compare) ou conflits à régler (merge), 2 échec, 64 usage incorrect.\n"_s;
 }
 
 } // namespace vornel

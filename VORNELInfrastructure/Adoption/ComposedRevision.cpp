@@ -17,7 +17,7 @@ void requireText(const Workspace &workspace, const SkillRecord &skill, const Com
     const std::optional<QByteArray> bytes = tree.bytesOf(workspace.files, SkillFiles::text);
     const std::optional<QString> text = textFromUtf8(bytes.value_or(QByteArray()));
     if (!text)
-        throw std::filesystem::filesystem_error("decode", skill.folder / SkillFiles::text,
+        throw std::filesystem::filesystem_error("decode", SkillFiles::text,
                                                 std::make_error_code(std::errc::illegal_byte_sequence));
     if (text->trimmed().isEmpty())
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
