@@ -23,15 +23,15 @@ Column {
 
     signal mergeAsked
 
-    function other(target: int): string {
-        return target === Vornel.TargetKind.claude ? "Codex" : "Claude";
+    function other(name: string): string {
+        return name === "Claude" ? "Codex" : "Claude";
     }
 
     /** What adopting a copy does, or some files of it. */
-    function explanation(target: int, name: string, count: int): string {
+    function explanation(name: string, count: int): string {
         const what = count === 0 ? "Elle devient la prochaine révision" : count === 1 ? "Il passe dans la prochaine révision" : "Ils passent dans la prochaine révision";
-        const history = copies.canMerge ? "Ce que " + other(target) + " a modifié reste dans l’historique." : "La version actuelle reste dans l’historique.";
-        const receiver = copies.hasUnreadable ? ". La copie illisible de " + other(target) + " reste où elle est. " : ", que " + other(target) + " reçoit. ";
+        const history = copies.canMerge ? "Ce que " + other(name) + " a modifié reste dans l’historique." : "La version actuelle reste dans l’historique.";
+        const receiver = copies.hasUnreadable ? ". La copie illisible de " + other(name) + " reste où elle est. " : ", que " + other(name) + " reçoit. ";
         return what + receiver + (count > 0 ? "Le reste de la copie de " + name + " ne change pas. " : "") + history + fate;
     }
 
@@ -52,7 +52,7 @@ Column {
             readonly property string what: count === 0 ? "la version" : count === 1 ? "1 fichier" : count + " fichiers"
 
             canAct: choices.canAct
-            explanation: choices.explanation(modelData.target, modelData.assistant, count)
+            explanation: choices.explanation(modelData.assistant, count)
             isPrimary: choices.isKeeping && !choices.copies.canMerge
             symbol: "check"
             text: "Adopter " + what + " de " + modelData.assistant

@@ -233,7 +233,8 @@ private:
         }
     }
 
-    /// A copy that was edited stands there still, or is whole in the history, as long as its skill is active.
+    /// As long as its skill is active, a copy that was edited stands there still, or is whole in the history
+    /// or, once it was taken out, in the recovery folder.
     void checkEditedCopies() const
     {
         for (const auto &[before, now] :
@@ -242,7 +243,10 @@ private:
                 if (!isActive(m_before, slug) || !isActive(m_now, slug))
                     continue;
                 const bool isInstalled = now->contains(slug) && now->at(slug) == copy;
-                EXPECT_TRUE(isInstalled || isInHistory(slug, copy)) << "the edits in " << slug << " are lost";
+                const bool isTakenOut = std::ranges::any_of(
+                    m_now.recovery, [&copy = copy](const auto &entry) { return entry.second == copy; });
+                EXPECT_TRUE(isInstalled || isTakenOut || isInHistory(slug, copy))
+                    << "the edits in " << slug << " are lost";
             }
         }
     }
