@@ -115,6 +115,11 @@ void ConflictList::choose(int row, Choice choice)
     refresh(row);
 }
 
+QString ConflictList::text(int row) const
+{
+    return row < 0 || row >= m_rows.size() ? QString() : m_rows.at(row).text;
+}
+
 void ConflictList::setText(int row, const QString &text)
 {
     m_rows[row].text = text;

@@ -40,7 +40,7 @@ public:
     Q_INVOKABLE void choose(int row, vornel::ConflictList::Choice choice);
 
     /// The text that settles a conflict if the user chooses so: at first the one with marks.
-    Q_INVOKABLE QString text(int row) const { return m_rows.value(row).text; }
+    Q_INVOKABLE QString text(int row) const;
     void setText(int row, const QString &text);
 
     int rowCount(const QModelIndex &parent = {}) const override;
