@@ -20,7 +20,8 @@ bool isText(QByteArrayView bytes)
 
 git_merge_file_input inputOf(QByteArrayView text)
 {
-    git_merge_file_input input = GIT_MERGE_FILE_INPUT_INIT;
+    git_merge_file_input input{};
+    git_merge_file_init_input(&input, GIT_MERGE_FILE_INPUT_VERSION);
     input.ptr = text.data();
     input.size = static_cast<size_t>(text.size());
     return input;
@@ -38,7 +39,8 @@ std::optional<MergedText> mergeTexts(QByteArrayView base, QByteArrayView claude,
     static const GitLibrary library;
     const QByteArray ours = assistantName(TargetKind::claude).toUtf8();
     const QByteArray theirs = assistantName(TargetKind::codex).toUtf8();
-    git_merge_file_options options = GIT_MERGE_FILE_OPTIONS_INIT;
+    git_merge_file_options options{};
+    git_merge_file_options_init(&options, GIT_MERGE_FILE_OPTIONS_VERSION);
     options.our_label = ours.constData();
     options.their_label = theirs.constData();
     const git_merge_file_input ancestor = inputOf(base);
