@@ -1,8 +1,9 @@
 #include "LineDiff.h"
 
-#include <QLocale>
+#include <VORNELCore/Text/GitLibrary.h>
+#include <VORNELCore/Text/IsText.h>
 
-#include <git2.h>
+#include <QLocale>
 
 #include <algorithm>
 #include <stdexcept>
@@ -21,20 +22,6 @@ constexpr qsizetype mostLines = 5'000;
 
 /// Lines of both texts that are compared: where many are alike, the time grows faster than their number.
 constexpr qsizetype mostComparedLines = 200'000;
-
-/// The library for as long as the program runs.
-class GitLibrary
-{
-public:
-    GitLibrary() { git_libgit2_init(); }
-    ~GitLibrary() { git_libgit2_shutdown(); }
-    Q_DISABLE_COPY_MOVE(GitLibrary)
-};
-
-bool isText(QByteArrayView bytes)
-{
-    return !bytes.contains('\0') && bytes.isValidUtf8();
-}
 
 DiffLine remark(Kind kind, const QString &text)
 {

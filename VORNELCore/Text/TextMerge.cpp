@@ -1,6 +1,7 @@
 #include "TextMerge.h"
 
 #include "GitLibrary.h"
+#include "IsText.h"
 
 #include <VORNELCore/Records/ImportModels.h>
 
@@ -12,11 +13,6 @@ namespace {
 
 /// The time that lines take that are much alike grows faster than their number.
 constexpr qsizetype mostLines = 200'000;
-
-bool isText(QByteArrayView bytes)
-{
-    return !bytes.contains('\0') && bytes.isValidUtf8();
-}
 
 git_merge_file_input inputOf(QByteArrayView text)
 {
