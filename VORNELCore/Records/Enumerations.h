@@ -36,6 +36,14 @@ Q_ENUM_NS(TargetKind)
 enum class FileChange { added, removed, changed };
 Q_ENUM_NS(FileChange)
 
+/// Why a version is in a skill's history: as a revision, or because something was put in its place.
+enum class HistoryKind { revision, replaced };
+Q_ENUM_NS(HistoryKind)
+
+/// Where a version was written: in the library, or in an assistant's folder.
+enum class VersionOrigin { library, claude, codex };
+Q_ENUM_NS(VersionOrigin)
+
 /// Why a slug, a relative path or a root is refused.
 enum class PathViolation {
     empty,

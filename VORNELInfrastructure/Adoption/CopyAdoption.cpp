@@ -7,7 +7,7 @@
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/ImportModels.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
-#include <VORNELInfrastructure/Skills/SkillHistory.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Targets/TargetFolder.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>

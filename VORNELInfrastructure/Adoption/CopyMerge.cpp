@@ -4,7 +4,7 @@
 #include "EditedCopies.h"
 
 #include <VORNELInfrastructure/Disk/BestEffort.h>
-#include <VORNELInfrastructure/Skills/SkillHistory.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Tree/TreeDifferences.h>
 

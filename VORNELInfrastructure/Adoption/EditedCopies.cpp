@@ -1,6 +1,6 @@
 #include "EditedCopies.h"
 
-#include <VORNELInfrastructure/Skills/SkillHistory.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Targets/TargetFolder.h>
 
 namespace vornel {

@@ -4,9 +4,9 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Library/CategoryRules.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Skills/SchemaVersion.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
-#include <VORNELInfrastructure/Skills/SkillHistory.h>
 
 using namespace Qt::StringLiterals;
 

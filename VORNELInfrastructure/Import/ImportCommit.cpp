@@ -4,7 +4,7 @@
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
-#include <VORNELInfrastructure/Skills/SkillHistory.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Skills/SkillText.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>

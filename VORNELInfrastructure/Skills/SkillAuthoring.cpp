@@ -1,7 +1,6 @@
 #include "SkillAuthoring.h"
 
 #include "SchemaVersion.h"
-#include "SkillHistory.h"
 #include "SkillText.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
@@ -11,6 +10,7 @@
 #include <VORNELInfrastructure/Categories/CategoryCatalog.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>

@@ -1,13 +1,13 @@
 #include "SkillTrash.h"
 
 #include "SchemaVersion.h"
-#include "SkillHistory.h"
 #include "TrashMoments.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
 #include <VORNELInfrastructure/Workspace/CrashRecovery.h>
 #include <VORNELInfrastructure/Workspace/Locating.h>

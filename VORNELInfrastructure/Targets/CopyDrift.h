@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELInfrastructure/Skills/SkillHistory.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 
 #include <set>
 #include <string>

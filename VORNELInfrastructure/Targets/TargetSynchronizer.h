@@ -1,7 +1,7 @@
 #pragma once
 
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
-#include <VORNELInfrastructure/Skills/SkillHistory.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 
 #include <exception>

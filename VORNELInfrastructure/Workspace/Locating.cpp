@@ -2,8 +2,8 @@
 
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
-#include <VORNELInfrastructure/Skills/SkillHistory.h>
 
 namespace vornel {
 

@@ -1,10 +1,9 @@
 #include "SkillHistory.h"
 
-#include "SkillFolderStore.h"
-
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 #include <algorithm>

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Enumerations.h"
+
+#include <QList>
+#include <QUuid>
+
+namespace vornel {
+
+/// An operation that can be taken back.
+struct UndoStep
+{
+    Q_GADGET
+    Q_PROPERTY(QUuid id MEMBER id)
+    Q_PROPERTY(bool isUndo MEMBER isUndo)
+
+public:
+    QUuid id;            ///< its own, to name it by
+    bool isUndo = false; ///< whether it has itself taken back another one
+
+    bool operator==(const UndoStep &) const = default;
+};
+
+} // namespace vornel
