@@ -17,8 +17,13 @@ QList<Command> importCommands();
 QList<Command> editingCommands();
 QList<Command> syncCommands();
 QList<Command> adoptionCommands();
+QList<Command> historyCommands();
 QList<Command> categoryCommands();
 QList<Command> trashCommands();
+
+/// Prints what differs between the version that is named and another one, or what the library holds now;
+/// returns the exit code.
+int diffVersions(const Session &session, const QUuid &id);
 
 /// The cases of an enumeration, as a usage offers them: "claude|codex".
 template <typename E>

@@ -12,8 +12,8 @@ namespace {
 const QList<Command> &commands()
 {
     static const QList<Command> all = lookingCommands() + importCommands() + editingCommands() +
-                                      syncCommands() + adoptionCommands() + categoryCommands() +
-                                      trashCommands();
+                                      syncCommands() + adoptionCommands() + historyCommands() +
+                                      categoryCommands() + trashCommands();
     return all;
 }
 

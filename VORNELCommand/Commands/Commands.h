@@ -5,6 +5,7 @@
 #include <VORNELCore/Services/CopyInspecting.h>
 #include <VORNELCore/Services/CopyRepairing.h>
 #include <VORNELCore/Services/CreationReviewing.h>
+#include <VORNELCore/Services/HistoryKeeping.h>
 #include <VORNELCore/Services/ImportReviewing.h>
 #include <VORNELCore/Services/NewSkillFinding.h>
 #include <VORNELCore/Services/TargetComparing.h>
@@ -35,6 +36,7 @@ struct Services
     TargetComparing &targets;
     CopyRepairing &repairs;
     CopyAdopting &adoptions;
+    HistoryKeeping &history;
     CreationReviewing &creations;
 };
 

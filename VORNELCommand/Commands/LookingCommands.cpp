@@ -89,6 +89,10 @@ int show(const Session &session)
 int diff(const Session &session)
 {
     const QUuid id = activeSkill(session, session.invocation.operands.first());
+    if (session.invocation.has(u"entry"_s))
+        return diffVersions(session, id);
+    if (session.invocation.has(u"with"_s))
+        throw UsageError(u"--with ne vaut qu’avec --entry."_s);
     const QList<CopyInspection> copies = session.services.copies.inspectCopies(id).result();
     output(session, copies, Report::copies);
     const auto isInSync = [](const CopyInspection &copy) { return copy.state == SyncState::inSync; };
@@ -108,8 +112,10 @@ QList<Command> lookingCommands()
           u"Les compétences actives, ou celles de la corbeille."_s},
          list},
         {{section, u"show SKILL"_s, u"Tout ce qui est connu d’une compétence."_s}, show},
-        {{section, u"diff SKILL"_s,
-          u"Ce que chaque copie a en plus (+), en moins (-) ou de modifié (~)\u00A0; code 1 si l’une diffère."_s},
+        {{section, u"diff SKILL [--entry VERSION] [--with VERSION]"_s,
+          u"Ce que chaque copie a en plus (+), en moins (-) ou de modifié (~)\u00A0; avec --entry, ce qui a "
+          u"changé "
+          "depuis cette version. Code 1 s’il y a une différence."_s},
          diff},
     };
 }

@@ -1,6 +1,6 @@
 #include "Report.h"
 
-#include "Terminal.h"
+#include "Cells.h"
 
 #include <VORNELCore/Library/LibraryQuery.h>
 #include <VORNELCore/Library/Wording.h>
@@ -44,24 +44,6 @@ Cell stateCell(const QUuid &id, const Record &record, const SkillDrift &drift)
         return stateCell(record.syncState, Drift::none);
     const QString edits = Wording::edits(drift.copies(id));
     return edits.isEmpty() ? stateCell(record.syncState, drift.of(id)) : Cell{edits, Colour::Warning};
-}
-
-Cell differenceCell(const FileDifference &difference)
-{
-    switch (difference.change) {
-    case FileChange::added:
-        return {u"+ "_s + difference.relativePath, Colour::Success};
-    case FileChange::removed:
-        return {u"- "_s + difference.relativePath, Colour::Danger};
-    case FileChange::changed:
-        break;
-    }
-    return {u"~ "_s + difference.relativePath, Colour::Warning};
-}
-
-QString localDate(const QDateTime &date)
-{
-    return date.toLocalTime().toString(u"yyyy-MM-dd HH:mm"_s);
 }
 
 QString heading(const QString &title, qsizetype count)

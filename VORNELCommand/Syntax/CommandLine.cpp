@@ -71,7 +71,7 @@ const CommandSyntax &findCommand(const QStringList &words, const QList<CommandSy
 void checkOperands(const Invocation &invocation, const CommandSyntax &command)
 {
     const QStringList &typed = invocation.operands;
-    const QStringList forms = invocation.has(u"all"_s) ? QStringList() : command.operands;
+    const QStringList forms = invocation.has(command.standIn) ? QStringList() : command.operands;
     const bool isLastRepeated = !forms.isEmpty() && forms.last().endsWith(u'…');
     if (typed.size() < forms.size())
         throw UsageError(u"Il manque un argument à la commande "_s + invocation.command + u'.');

@@ -12,7 +12,7 @@ namespace {
 
 const QRegularExpression &optionPattern()
 {
-    static const QRegularExpression pattern(uR"((\[)?--([a-z]+)(?: ([^] )]+))?[])]?…?)"_s);
+    static const QRegularExpression pattern(uR"((\[)?--([a-z-]+)(?: ([^][ )]+))?[])]?…?)"_s);
     return pattern;
 }
 
@@ -24,9 +24,15 @@ bool fits(const QString &value, const QString &form)
         return value.indexOf(u'=') > 0 && fits(value.section(u'=', 1), form.section(u'=', 1));
     if (form.contains(u'|'))
         return form.split(u'|').contains(value);
+    static const QRegularExpression count(uR"(\A\d{1,9}\z)"_s);
+    static const QRegularExpression days(uR"(\A\d{1,9}[dj]?\z)"_s);
     bool isNumber = true;
     if (form == u"RÉVISION")
         value.toLongLong(&isNumber);
+    if (form == u"NOMBRE")
+        isNumber = count.match(value).hasMatch();
+    if (form == u"DURÉE")
+        isNumber = days.match(value).hasMatch();
     return isNumber && !(form == u"DOSSIER" && value.isEmpty());
 }
 
@@ -67,6 +73,8 @@ CommandSyntax::CommandSyntax(QString itsSection, QString itsUsage, QString itsMe
         const bool isOfTheName = word.front().isLower() && !word.contains(u'|');
         (isOfTheName ? name : operands).append(word);
     }
+    static const QRegularExpression alternative(uR"(\| --([a-z-]+))"_s);
+    standIn = alternative.match(usage).captured(1);
 }
 
 } // namespace vornel

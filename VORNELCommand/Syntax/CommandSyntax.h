@@ -15,7 +15,8 @@ struct OptionSyntax
 };
 
 /// Whether `value` may be given where a usage has the placeholder `form`: one of the words that it lists, a
-/// number for "RÉVISION", a text that isn't empty for "DOSSIER", any text for the others.
+/// number for "RÉVISION" or "NOMBRE", days for "DURÉE", a text that isn't empty for "DOSSIER", any text for
+/// the others.
 bool fits(const QString &value, const QString &form);
 
 /// The options that a usage names. Those with a value are required where they stand outside brackets.
@@ -31,7 +32,7 @@ struct CommonOption
 const QList<CommonOption> &commonOptions();
 
 /// A command, as the help states it. All that is known of its syntax is read from `usage`: single words in
-/// lower case are its name, others its operands; a flag "--all" stands for every operand.
+/// lower case are its name, others its operands.
 struct CommandSyntax
 {
     CommandSyntax(QString section, QString usage, QString meaning);
@@ -43,6 +44,7 @@ struct CommandSyntax
     QStringList name; ///< one word, or two: "category", "create"
     QList<OptionSyntax> options;
     QStringList operands; ///< their placeholders; the last one may be repeated if it ends in "…"
+    QString standIn;      ///< the flag, if any, that stands for all operands: "all" in "(SKILL… | --all)"
 };
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include "CopyAdopting.h"
 #include "CopyInspecting.h"
 #include "CopyRepairing.h"
+#include "HistoryKeeping.h"
 #include "ImportReviewing.h"
 #include "NewSkillFinding.h"
 #include "TargetComparing.h"
@@ -19,7 +20,8 @@ class WindowServicing : public WorkspaceServicing,
                         public NewSkillFinding,
                         public TargetComparing,
                         public CopyRepairing,
-                        public CopyAdopting
+                        public CopyAdopting,
+                        public HistoryKeeping
 {};
 
 } // namespace vornel

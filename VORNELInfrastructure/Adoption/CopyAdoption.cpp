@@ -2,9 +2,9 @@
 
 #include "ComposedRevision.h"
 #include "EditedCopies.h"
+#include "TakenPaths.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
-#include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/ImportModels.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/History/SkillHistory.h>
@@ -13,32 +13,9 @@
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace vornel {
-
-namespace {
-
-using Entry = FileTreeSnapshot::Entry;
-
-bool holds(const FileTreeSnapshot &tree, const std::string &path)
-{
-    return std::ranges::any_of(tree.entries,
-                               [&](const Entry &entry) { return isAtOrBelow(entry.relativePath, path); });
-}
-
-/// A path as the user gives it: that of a folder may end in "/".
-std::string treePath(QString typed)
-{
-    while (typed.endsWith(u'/'))
-        typed.chop(1);
-    WorkspaceValidation::validateRelativePath(typed.toUtf8());
-    return typed.toStdString();
-}
-
-} // namespace
 
 SkillDetail CopyAdoption::adopt(const QUuid &id, TargetKind copy, std::optional<qint64> expectedRevision,
                                 const QStringList &paths) const
@@ -46,16 +23,7 @@ SkillDetail CopyAdoption::adopt(const QUuid &id, TargetKind copy, std::optional<
     const SkillRecord skill = m_authoring.recordAt(id, expectedRevision);
     const FileTreeSnapshot content = contentOf(m_workspace, skill);
     const FileTreeSnapshot adopted = copyOf(skill, copy);
-    ComposedTree tree;
-    tree.takeAll(paths.isEmpty() ? adopted : content);
-    for (const QString &typed : paths) {
-        const std::string path = treePath(typed);
-        if (!holds(content, path) && !holds(adopted, path))
-            throw VORNELWorkspaceError::integrityFailure(
-                u"« %1 » n’est ni dans la bibliothèque ni dans la copie de %2."_s.arg(typed,
-                                                                                      assistantName(copy)));
-        tree.replace(adopted, path);
-    }
+    ComposedTree tree = treeWith(content, {adopted, u"dans la copie de "_s + assistantName(copy)}, paths);
     if (tree.digest() == content.digest)
         return makeDetail(m_workspace, skill);
     requireText(m_workspace, skill, tree);

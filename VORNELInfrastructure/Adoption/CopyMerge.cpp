@@ -33,8 +33,8 @@ MergeResult CopyMerge::run(const QUuid &id, std::optional<qint64> expectedRevisi
     if (result == content.digest)
         return {{}, authoring.synchronize(skill)};
     requireText(m_workspace, skill, merge.tree());
-    keepMerged(id, TargetKind::claude, claude, result);
-    keepMerged(id, TargetKind::codex, codex, result);
+    keepMerged(skill.manifest, TargetKind::claude, claude, result);
+    keepMerged(skill.manifest, TargetKind::codex, codex, result);
     return {{}, makeRevision(m_workspace, skill, merge.tree())};
 }
 
@@ -93,12 +93,13 @@ std::vector<FileTreeSnapshot> CopyMerge::formerOf(const SkillManifest &manifest,
 std::vector<FileTreeSnapshot> CopyMerge::keptOf(const QUuid &id, qint64 revision) const
 {
     std::vector<FileTreeSnapshot> kept;
-    for (const std::string &entry : SkillHistory(m_workspace).revisions(id)) {
-        if (!entry.starts_with(std::to_string(revision) + '-'))
+    for (const KeptVersion &version : SkillHistory(m_workspace).ownVersions(id)) {
+        if (version.revision != revision)
             continue;
         bestEffort([&] {
-            kept.push_back(SecureFileTree::snapshot(
-                m_workspace.files, m_workspace.config.historyOf(id) / entry, TreeFilter::excludingManifest));
+            kept.push_back(SecureFileTree::snapshot(m_workspace.files,
+                                                    m_workspace.config.historyOf(id) / version.entry,
+                                                    TreeFilter::excludingManifest));
         });
     }
     return kept;
@@ -106,11 +107,11 @@ std::vector<FileTreeSnapshot> CopyMerge::keptOf(const QUuid &id, qint64 revision
 
 /// An interrupted merge may leave the skill merged, and the copies as they were: they must not be taken then
 /// for ones in which somebody has undone what the other copy has brought in.
-void CopyMerge::keepMerged(const QUuid &id, TargetKind target, const std::optional<FileTreeSnapshot> &copy,
-                           const std::string &result) const
+void CopyMerge::keepMerged(const SkillManifest &manifest, TargetKind target,
+                           const std::optional<FileTreeSnapshot> &copy, const std::string &result) const
 {
     if (copy && copy->digest != result)
-        SkillHistory(m_workspace).keepMerged(id, rawValue(target), result, copy->root);
+        SkillHistory(m_workspace).keepMerged(manifest, originOfCopy(target), result, copy->root);
 }
 
 } // namespace vornel

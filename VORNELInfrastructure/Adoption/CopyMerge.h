@@ -27,8 +27,8 @@ private:
     std::vector<FileTreeSnapshot> formerOf(const SkillManifest &manifest,
                                            const FileTreeSnapshot &content) const;
     std::vector<FileTreeSnapshot> keptOf(const QUuid &id, qint64 revision) const;
-    void keepMerged(const QUuid &id, TargetKind target, const std::optional<FileTreeSnapshot> &copy,
-                    const std::string &result) const;
+    void keepMerged(const SkillManifest &manifest, TargetKind target,
+                    const std::optional<FileTreeSnapshot> &copy, const std::string &result) const;
 
     const Workspace &m_workspace;
     std::vector<FileTreeSnapshot> m_former; ///< what copies may have been made from before

@@ -45,6 +45,15 @@ struct Folder
     std::string path; ///< where it was opened, for messages
 };
 
+/// What an entry takes on the disk by itself.
+struct DiskUse
+{
+    std::uint64_t number; ///< of the file on its volume; names of one file share it
+    std::uint64_t names;  ///< how many the file has
+    std::int64_t bytes;
+    bool isFolder;
+};
+
 /// An open file, with the size and the time that it had when it was opened.
 struct File
 {
@@ -128,6 +137,9 @@ public:
     /// When the entry was last moved or otherwise changed (UTC): a time that no program can set. Nothing when
     /// nothing stands there.
     virtual std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const = 0;
+
+    /// What the entry takes on the disk, without what a folder holds. Nothing when nothing stands there.
+    virtual std::optional<DiskUse> useOf(const Folder &folder, const std::string &name) const = 0;
 
     /// Everything in the folder, hidden entries too, in no order. An open folder can be listed once, by one
     /// thread.

@@ -122,6 +122,15 @@ std::optional<QDateTime> PosixFileSystem::changedAt(const Folder &folder, const 
                   : std::nullopt;
 }
 
+std::optional<DiskUse> PosixFileSystem::useOf(const Folder &folder, const std::string &name) const
+{
+    constexpr std::int64_t block = 512; // in which st_blocks counts, whatever those of the volume
+    const auto status = statusOf(folder, name);
+    return status ? std::optional(DiskUse{status->st_ino, status->st_nlink, status->st_blocks * block,
+                                          S_ISDIR(status->st_mode)})
+                  : std::nullopt;
+}
+
 std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
 {
     std::vector<FolderEntry> entries;

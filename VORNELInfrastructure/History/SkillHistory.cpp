@@ -7,7 +7,6 @@
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 #include <algorithm>
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -23,23 +22,21 @@ bool isOfReplaced(const std::string &name)
     return name.starts_with("replaced-") || name.starts_with("merged-");
 }
 
-QString mergedPrefix(const QString &origin, const std::string &result)
-{
-    return u"merged-"_s + origin + u'-' + QString::fromStdString(result) + u'-';
-}
-
-/// The names in a history, the latest revision first; none where there is no history.
-std::vector<std::string> entriesOf(const FileSystem &files, const fs::path &history)
+/// The names in a history; none where there is no history.
+std::vector<std::string> namesIn(const FileSystem &files, const fs::path &history)
 {
     std::vector<std::string> names;
     if (!files.kindAt(history))
         return names;
     for (const FolderEntry &entry : files.list(files.openFolder(history)))
         names.push_back(entry.name);
-    std::ranges::sort(names, [](const std::string &a, const std::string &b) {
-        return std::strtoll(a.c_str(), nullptr, 10) > std::strtoll(b.c_str(), nullptr, 10);
-    });
     return names;
+}
+
+/// What is looked at first: the revisions, from the latest on, then what was replaced.
+bool comesFirst(const KeptVersion &a, const KeptVersion &b)
+{
+    return a.kind == b.kind ? a.revision > b.revision : a.kind == HistoryKind::revision;
 }
 
 } // namespace
@@ -57,8 +54,11 @@ void SkillHistory::add(const SkillManifest &manifest, const fs::path &skillURL) 
 
 StagedFolder SkillHistory::stage(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    const fs::path place =
-        placeFor(manifest.id, QString::number(manifest.revision) + u'-' + uuidText(QUuid::createUuid()));
+    return stage(placeFor(manifest.id, revisionEntry(manifest.revision)), skillURL);
+}
+
+StagedFolder SkillHistory::stage(const fs::path &place, const fs::path &skillURL) const
+{
     const bool isFirst = !m_files.kindAt(place.parent_path());
     Stage stage(m_files, m_config.staging());
     SecureFileTree::copyTree(m_files, skillURL, isFirst ? stage.path() / place.filename() : stage.path(),
@@ -66,18 +66,9 @@ StagedFolder SkillHistory::stage(const SkillManifest &manifest, const fs::path &
     return {std::move(stage), {.path = isFirst ? place.parent_path() : place}};
 }
 
-fs::path SkillHistory::placeForReplaced(const QUuid &id, const QString &origin) const
+fs::path SkillHistory::placeForReplaced(const SkillManifest &manifest, VersionOrigin origin) const
 {
-    return placeFor(id, u"replaced-"_s + origin + u'-' + uuidText(QUuid::createUuid()));
-}
-
-bool SkillHistory::anyHolds(const QUuid &id, std::string_view prefix, TreeFilter filter,
-                            const std::string &digest) const
-{
-    const fs::path history = m_config.historyOf(id);
-    return std::ranges::any_of(entriesOf(m_files, history), [&](const std::string &name) {
-        return name.starts_with(prefix) && digestOf(history / name, filter) == digest;
-    });
+    return placeFor(manifest.id, replacedEntry(origin, manifest.revision));
 }
 
 /// Nothing for an entry that can't be read, which then counts as holding nothing.
@@ -88,21 +79,49 @@ std::optional<std::string> SkillHistory::digestOf(const fs::path &entry, TreeFil
     return digest;
 }
 
+std::vector<KeptVersion> SkillHistory::versions(const QUuid &id) const
+{
+    std::vector<KeptVersion> versions;
+    for (const std::string &name : namesIn(m_files, m_config.historyOf(id))) {
+        if (auto version = KeptVersion::named(name))
+            versions.push_back(std::move(*version));
+    }
+    std::ranges::stable_sort(versions, comesFirst);
+    return versions;
+}
+
+std::vector<KeptVersion> SkillHistory::ownVersions(const QUuid &id) const
+{
+    std::vector<KeptVersion> own = versions(id);
+    std::erase_if(own, [](const KeptVersion &version) { return version.origin != VersionOrigin::library; });
+    std::ranges::stable_sort(own, std::ranges::greater{}, &KeptVersion::revision);
+    return own;
+}
+
+std::vector<KeptVersion> SkillHistory::ownVersions(const SkillManifest &manifest) const
+{
+    std::vector<KeptVersion> own = ownVersions(manifest.id);
+    std::erase_if(own, [&](const KeptVersion &version) { return version.revision != manifest.revision; });
+    return own;
+}
+
+bool SkillHistory::anyHolds(const QUuid &id, const std::vector<KeptVersion> &versions, TreeFilter filter,
+                            const std::string &digest) const
+{
+    const fs::path history = m_config.historyOf(id);
+    return std::ranges::any_of(versions, [&](const KeptVersion &version) {
+        return digestOf(history / version.entry, filter) == digest;
+    });
+}
+
 bool SkillHistory::holdsRevision(const SkillManifest &manifest, const FileTreeSnapshot &content) const
 {
-    return anyHolds(manifest.id, std::to_string(manifest.revision) + '-', TreeFilter::all, content.digest);
+    return anyHolds(manifest.id, ownVersions(manifest), TreeFilter::all, content.digest);
 }
 
 bool SkillHistory::holds(const QUuid &id, const std::string &digest) const
 {
-    return anyHolds(id, {}, TreeFilter::excludingManifest, digest);
-}
-
-std::vector<std::string> SkillHistory::revisions(const QUuid &id) const
-{
-    std::vector<std::string> names = entriesOf(m_files, m_config.historyOf(id));
-    std::erase_if(names, isOfReplaced);
-    return names;
+    return anyHolds(id, versions(id), TreeFilter::excludingManifest, digest);
 }
 
 std::optional<std::string> SkillHistory::contentOf(const QUuid &id, const std::string &entry) const
@@ -113,25 +132,32 @@ std::optional<std::string> SkillHistory::contentOf(const QUuid &id, const std::s
 fs::path SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
 {
     const FileTreeSnapshot content = SecureFileTree::snapshot(m_files, skillURL, TreeFilter::all);
-    if (!holdsRevision(manifest, content))
-        add(manifest, skillURL);
-    return content.isWhole ? fs::path() : placeForReplaced(manifest.id, u"library"_s);
+    if (!holdsRevision(manifest, content)) {
+        const bool isRevision = ownVersions(manifest).empty();
+        StagedFolder copy = isRevision ? stage(manifest, skillURL)
+                                       : stage(placeForReplaced(manifest, VersionOrigin::library), skillURL);
+        commit(m_files, copy);
+    }
+    return content.isWhole ? fs::path() : placeForReplaced(manifest, VersionOrigin::library);
 }
 
-void SkillHistory::keepMerged(const QUuid &id, const QString &origin, const std::string &result,
+void SkillHistory::keepMerged(const SkillManifest &manifest, VersionOrigin origin, const std::string &result,
                               const fs::path &copy) const
 {
-    const fs::path place = placeFor(id, mergedPrefix(origin, result) + uuidText(QUuid::createUuid()));
+    const fs::path place = placeFor(manifest.id, mergedEntry(origin, result, manifest.revision));
     createFolders(m_files, place.parent_path(), Durability::Now);
     StagedFolder entry{Stage(m_files, m_config.staging()), {.path = place}};
     SecureFileTree::copyTree(m_files, copy, entry.stage.path(), TreeFilter::excludingManifest);
     commit(m_files, entry);
 }
 
-bool SkillHistory::wasMerged(const QUuid &id, const QString &origin, const std::string &result,
+bool SkillHistory::wasMerged(const QUuid &id, VersionOrigin origin, const std::string &result,
                              const std::string &digest) const
 {
-    return anyHolds(id, mergedPrefix(origin, result).toStdString(), TreeFilter::excludingManifest, digest);
+    const std::string prefix = mergedPrefix(origin, result).toStdString();
+    std::vector<KeptVersion> merged = versions(id);
+    std::erase_if(merged, [&](const KeptVersion &version) { return !version.entry.starts_with(prefix); });
+    return anyHolds(id, merged, TreeFilter::excludingManifest, digest);
 }
 
 void SkillHistory::remove(const QUuid &id) const
@@ -139,7 +165,7 @@ void SkillHistory::remove(const QUuid &id) const
     const fs::path history = m_config.historyOf(id);
     if (!m_files.kindAt(history))
         return;
-    for (const std::string &name : entriesOf(m_files, history)) {
+    for (const std::string &name : namesIn(m_files, history)) {
         if (isOfReplaced(name))
             moveTree(m_files, history / name, m_config.recovery() / name);
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KeptVersion.h"
+
 #include <VORNELCore/Records/WorkspaceModels.h>
 #include <VORNELInfrastructure/Disk/Commit.h>
 #include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
@@ -11,8 +13,8 @@
 
 namespace vornel {
 
-/// What is kept of a skill: a copy of each revision, under its number, and the folders that were replaced and
-/// are in no revision, under "replaced-" or "merged-" and their origin.
+/// What is kept of a skill: a copy of each revision, under its number, and what was replaced and is in no
+/// revision, under "replaced-" or "merged-" and its origin.
 class SkillHistory
 {
 public:
@@ -25,12 +27,14 @@ public:
     /// Stages such a copy, to be committed by the caller.
     StagedFolder stage(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
-    /// Whether an entry of the manifest's revision holds this content of the skill's folder.
+    /// Whether a version of the library's at the manifest's revision holds this content of the skill's
+    /// folder.
     bool holdsRevision(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
 
     /// Adds the content of `skillURL` unless an entry holds it: the folder may have been edited by hand,
-    /// without a new revision. To be called before the folder is replaced. Returns where the folder itself
-    /// must be kept then, if it has hidden entries, which revisions leave out; otherwise an empty path.
+    /// without a new revision, and is kept as replaced then. To be called before the folder is replaced.
+    /// Returns where the folder itself must be kept then, if it has hidden entries, which revisions leave
+    /// out; otherwise an empty path.
     std::filesystem::path keepRevision(const SkillManifest &manifest,
                                        const std::filesystem::path &skillURL) const;
 
@@ -38,22 +42,26 @@ public:
     /// digest may be deleted then, if it has no hidden entries.
     bool holds(const QUuid &id, const std::string &digest) const;
 
-    /// The entries that are revisions of the skill, by their names, the latest first.
-    std::vector<std::string> revisions(const QUuid &id) const;
+    /// The versions of a skill: its revisions, the latest first, then what was replaced.
+    std::vector<KeptVersion> versions(const QUuid &id) const;
+
+    /// Those that the library itself has held, the latest revision first: what was edited by hand too.
+    std::vector<KeptVersion> ownVersions(const QUuid &id) const;
+    std::vector<KeptVersion> ownVersions(const SkillManifest &manifest) const; ///< at its revision
 
     /// The digest of an entry's visible content without the manifest; nothing where that can't be read.
     std::optional<std::string> contentOf(const QUuid &id, const std::string &entry) const;
 
-    /// Where a folder that is replaced is to be kept. `origin` is a target, or "library".
-    std::filesystem::path placeForReplaced(const QUuid &id, const QString &origin) const;
+    /// Where a folder is to be kept that is replaced now.
+    std::filesystem::path placeForReplaced(const SkillManifest &manifest, VersionOrigin origin) const;
 
     /// Keeps a target's copy of which a merge makes a part of what will have the digest `result`, until the
     /// copy is replaced by that. To be called before the skill's folder is.
-    void keepMerged(const QUuid &id, const QString &origin, const std::string &result,
+    void keepMerged(const SkillManifest &manifest, VersionOrigin origin, const std::string &result,
                     const std::filesystem::path &copy) const;
 
     /// Whether a copy with this digest has become a part of what has the digest `result`.
-    bool wasMerged(const QUuid &id, const QString &origin, const std::string &result,
+    bool wasMerged(const QUuid &id, VersionOrigin origin, const std::string &result,
                    const std::string &digest) const;
 
     /// Deletes the history, if any, of a skill that is deleted for good. The folders that were replaced go to
@@ -61,8 +69,9 @@ public:
     void remove(const QUuid &id) const;
 
 private:
-    bool anyHolds(const QUuid &id, std::string_view prefix, TreeFilter filter,
+    bool anyHolds(const QUuid &id, const std::vector<KeptVersion> &versions, TreeFilter filter,
                   const std::string &digest) const;
+    StagedFolder stage(const std::filesystem::path &place, const std::filesystem::path &skillURL) const;
     std::optional<std::string> digestOf(const std::filesystem::path &entry, TreeFilter filter) const;
     std::filesystem::path placeFor(const QUuid &id, const QString &name) const;
 

@@ -10,7 +10,7 @@ Drift CopyDrift::of(const std::string &digest)
 {
     if (!m_unread) {
         m_unread.emplace();
-        bestEffort([this] { m_unread = m_history.revisions(m_manifest.id); });
+        bestEffort([this] { m_unread = m_history.ownVersions(m_manifest.id); });
         std::ranges::reverse(*m_unread);
     }
     while (!m_digests.contains(digest)) {
@@ -23,13 +23,13 @@ Drift CopyDrift::of(const std::string &digest)
 
 void CopyDrift::readNext()
 {
-    const std::string entry = std::move(m_unread->back());
+    const KeptVersion version = std::move(m_unread->back());
     m_unread->pop_back();
-    const std::optional<std::string> digest = m_history.contentOf(m_manifest.id, entry);
+    const std::optional<std::string> digest = m_history.contentOf(m_manifest.id, version.entry);
     if (!digest)
         return;
     m_digests.insert(*digest);
-    m_holdsRevision = m_holdsRevision || entry.starts_with(std::to_string(m_manifest.revision) + '-');
+    m_holdsRevision = m_holdsRevision || version.revision == m_manifest.revision;
 }
 
 } // namespace vornel

@@ -26,7 +26,7 @@ private:
 
     SkillHistory m_history;
     const SkillManifest &m_manifest;
-    std::optional<std::vector<std::string>> m_unread; ///< the entries, the next one last
+    std::optional<std::vector<KeptVersion>> m_unread; ///< the library's own, the next one last
     std::set<std::string> m_digests;                  ///< of the entries read so far
     bool m_holdsRevision = false;                     ///< whether one of them holds the manifest's revision
 };

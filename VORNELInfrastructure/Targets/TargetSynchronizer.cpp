@@ -169,7 +169,7 @@ std::optional<StagedFolder> TargetSynchronizer::stagedCopy(const SkillManifest &
         if (former.digest == digest)
             return std::nullopt;
         if (!isHeld(manifest.id, former, looks))
-            destination.keptAs = m_history.placeForReplaced(manifest.id, rawValue(kind));
+            destination.keptAs = m_history.placeForReplaced(manifest, originOfCopy(kind));
         destination.backup =
             destination.keptAs.empty() ? recoveryPlace(u"-"_s, kind, manifest.slug) : destination.keptAs;
     }

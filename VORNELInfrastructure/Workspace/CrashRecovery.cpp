@@ -60,7 +60,8 @@ void discardIfReplaced(const Workspace &workspace, const SkillRecord &backup, co
     if (content.isWhole)
         store.discard(backup.folder);
     else
-        moveTree(workspace.files, backup.folder, history.placeForReplaced(backup.manifest.id, u"library"_s));
+        moveTree(workspace.files, backup.folder,
+                 history.placeForReplaced(backup.manifest, VersionOrigin::library));
 }
 
 bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)

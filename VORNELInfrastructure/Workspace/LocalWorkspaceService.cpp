@@ -7,7 +7,10 @@
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Adoption/CopyAdoption.h>
 #include <VORNELInfrastructure/Adoption/CopyMerge.h>
+#include <VORNELInfrastructure/Adoption/VersionReturn.h>
 #include <VORNELInfrastructure/Categories/CategoryEditing.h>
+#include <VORNELInfrastructure/History/HistoryExtents.h>
+#include <VORNELInfrastructure/History/VersionInspector.h>
 #include <VORNELInfrastructure/Import/NewSkills.h>
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
@@ -277,6 +280,48 @@ QFuture<QSet<QUuid>> LocalWorkspaceService::editedByHand(QSet<QUuid> ids)
 {
     return perform(LockMode::Shared,
                    [=](const Workspace &workspace) { return CopyAdoption(workspace).editedByHand(ids); });
+}
+
+QFuture<QList<HistoryEntry>> LocalWorkspaceService::history(QUuid id)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return VersionInspector(workspace).history(id); });
+}
+
+QFuture<HistoryComparison> LocalWorkspaceService::compareVersion(QUuid id, QString entry,
+                                                                 std::optional<QString> other)
+{
+    return perform(LockMode::Shared, [=](const Workspace &workspace) {
+        return VersionInspector(workspace).compare(id, entry, other);
+    });
+}
+
+QFuture<std::optional<QByteArray>> LocalWorkspaceService::readVersionFile(QUuid id, QString entry,
+                                                                          QString relativePath)
+{
+    return perform(LockMode::Shared, [=](const Workspace &workspace) {
+        return VersionInspector(workspace).readFile(id, entry, relativePath);
+    });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::revert(QUuid id, qint64 expectedRevision, QString entry,
+                                                   QStringList paths)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return returnToVersion(workspace, id, expectedRevision, entry, paths);
+    });
+}
+
+QFuture<HistoryExtent> LocalWorkspaceService::historyExtent()
+{
+    return perform(LockMode::Shared,
+                   [](const Workspace &workspace) { return HistoryExtents(workspace).all(); });
+}
+
+QFuture<HistoryExtent> LocalWorkspaceService::prune(HistoryPruning pruning)
+{
+    return perform(pruning.isRehearsal ? LockMode::Shared : LockMode::Exclusive,
+                   [=](const Workspace &workspace) { return HistoryExtents(workspace).prune(pruning); });
 }
 
 QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std::optional<TargetKind> copy,

@@ -63,6 +63,13 @@ public:
                                QList<MergeSettlement> settlements) override;
     QFuture<SkillDetail> adoptHandEdits(QUuid id, std::optional<qint64> expectedRevision) override;
     QFuture<QSet<QUuid>> editedByHand(QSet<QUuid> ids) override;
+    QFuture<QList<HistoryEntry>> history(QUuid id) override;
+    QFuture<HistoryComparison> compareVersion(QUuid id, QString entry, std::optional<QString> other) override;
+    QFuture<std::optional<QByteArray>> readVersionFile(QUuid id, QString entry,
+                                                       QString relativePath) override;
+    QFuture<SkillDetail> revert(QUuid id, qint64 expectedRevision, QString entry, QStringList paths) override;
+    QFuture<HistoryExtent> historyExtent() override;
+    QFuture<HistoryExtent> prune(HistoryPruning pruning) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
 
 private:

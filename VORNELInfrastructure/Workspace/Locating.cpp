@@ -24,8 +24,8 @@ QString trashedSlug(const Workspace &workspace, const fs::path &folder)
     if (readFrom(folder) || !id)
         return slug;
     bestEffort([&] {
-        for (const std::string &entry : SkillHistory(workspace).revisions(*id)) {
-            if (readFrom(workspace.config.historyOf(*id) / entry))
+        for (const KeptVersion &version : SkillHistory(workspace).ownVersions(*id)) {
+            if (readFrom(workspace.config.historyOf(*id) / version.entry))
                 return;
         }
     });

@@ -47,6 +47,11 @@ bool SteppedFileSystem::isAt(const Folder &folder, const Place &place) const
     return take({Kind::Look}, [&] { return Real::isAt(folder, place); });
 }
 
+std::optional<DiskUse> SteppedFileSystem::useOf(const Folder &folder, const std::string &name) const
+{
+    return take({Kind::Look}, [&] { return Real::useOf(folder, name); });
+}
+
 std::optional<QDateTime> SteppedFileSystem::changedAt(const Folder &folder, const std::string &name) const
 {
     return take({Kind::Look}, [&] { return Real::changedAt(folder, name); });

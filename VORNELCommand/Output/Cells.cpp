@@ -1,0 +1,28 @@
+#include "Cells.h"
+
+using namespace Qt::StringLiterals;
+
+namespace vornel::Report {
+
+using Terminal::Cell;
+using Terminal::Colour;
+
+Cell differenceCell(const FileDifference &difference)
+{
+    switch (difference.change) {
+    case FileChange::added:
+        return {u"+ "_s + difference.relativePath, Colour::Success};
+    case FileChange::removed:
+        return {u"- "_s + difference.relativePath, Colour::Danger};
+    case FileChange::changed:
+        break;
+    }
+    return {u"~ "_s + difference.relativePath, Colour::Warning};
+}
+
+QString localDate(const QDateTime &date)
+{
+    return date.toLocalTime().toString(u"yyyy-MM-dd HH:mm"_s);
+}
+
+} // namespace vornel::Report

@@ -1,0 +1,107 @@
+#include "HistoryExtents.h"
+
+#include "DiskUsage.h"
+#include "VersionInspector.h"
+
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
+#include <VORNELInfrastructure/Tree/ParallelMap.h>
+
+#include <algorithm>
+#include <numeric>
+#include <span>
+
+namespace vornel {
+
+namespace {
+
+constexpr qint64 secondsOfADay = 24 * 60 * 60;
+
+/// A version, and when it was made or replaced; one of which that can't be told counts as new.
+struct DatedVersion
+{
+    KeptVersion version;
+    QDateTime date;
+};
+
+HistoryExtent sum(const std::vector<HistoryExtent> &extents)
+{
+    return std::accumulate(extents.begin(), extents.end(), HistoryExtent(),
+                           [](const HistoryExtent &a, const HistoryExtent &b) {
+                               return HistoryExtent{a.entries + b.entries, a.size + b.size};
+                           });
+}
+
+} // namespace
+
+HistoryExtent HistoryExtents::all() const
+{
+    return sum(parallelMap(skills(), [this](const QUuid &id) {
+        std::set<std::string> entries;
+        for (const KeptVersion &version : SkillHistory(m_workspace).versions(id))
+            entries.insert(version.entry);
+        return extentOf(id, entries);
+    }));
+}
+
+HistoryExtent HistoryExtents::prune(const HistoryPruning &pruning) const
+{
+    std::vector<HistoryExtent> gone;
+    for (const QUuid &id : skills()) {
+        const std::set<std::string> entries = unwanted(id, pruning);
+        gone.push_back(extentOf(id, entries));
+        for (const std::string &entry : entries) {
+            if (!pruning.isRehearsal)
+                SkillFolderStore(m_workspace).discard(m_workspace.config.historyOf(id) / entry);
+        }
+    }
+    return sum(gone);
+}
+
+/// Those that have a history: active, in the trash, or left by a crash.
+QList<QUuid> HistoryExtents::skills() const
+{
+    QList<QUuid> ids;
+    const Folder histories = m_workspace.files.openFolder(m_workspace.config.history());
+    for (const FolderEntry &entry : m_workspace.files.list(histories)) {
+        const auto id = uuidFromText(QString::fromStdString(entry.name));
+        if (id && entry.kind == FileKind::Directory)
+            ids.append(*id);
+    }
+    return ids;
+}
+
+/// What the library holds at the last revision always stays: it tells who has changed a copy.
+std::set<std::string> HistoryExtents::unwanted(const QUuid &id, const HistoryPruning &pruning) const
+{
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    std::vector<DatedVersion> versions;
+    qint64 last = 0;
+    for (const KeptVersion &version : SkillHistory(m_workspace).versions(id)) {
+        versions.push_back({version, dateOf(m_workspace, id, version).value_or(now)});
+        last = std::max(last, version.revision);
+    }
+    std::ranges::stable_sort(versions, std::ranges::greater{}, &DatedVersion::date);
+    const auto kept = std::min(static_cast<std::size_t>(pruning.keep), versions.size());
+    std::set<std::string> entries;
+    for (const auto &[version, date] : std::span(versions).subspan(kept)) {
+        const bool isLast = version.origin == VersionOrigin::library && version.revision == last;
+        if (!isLast && date.secsTo(now) >= pruning.days * secondsOfADay)
+            entries.insert(version.entry);
+    }
+    return entries;
+}
+
+HistoryExtent HistoryExtents::extentOf(const QUuid &id, const std::set<std::string> &entries) const
+{
+    DiskUsage usage(m_workspace.files);
+    bestEffort([&] {
+        const Folder history = m_workspace.files.openFolder(m_workspace.config.historyOf(id));
+        for (const std::string &entry : entries)
+            usage.add({history, entry});
+    });
+    return {static_cast<qint64>(entries.size()), usage.bytes()};
+}
+
+} // namespace vornel

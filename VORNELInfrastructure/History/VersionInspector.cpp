@@ -1,0 +1,129 @@
+#include "VersionInspector.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
+#include <VORNELInfrastructure/Tree/ParallelMap.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
+#include <VORNELInfrastructure/Tree/TreeDifferences.h>
+
+#include <algorithm>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Of two versions of one second, what the later revision has replaced was there before it.
+bool isNewer(const HistoryEntry &a, const HistoryEntry &b)
+{
+    const auto key = [](const HistoryEntry &entry) {
+        return std::tuple(entry.date, entry.revision, entry.kind, entry.entry);
+    };
+    return key(a) > key(b);
+}
+
+/// Marks the newest of the versions that are the library's present revision and content, if there is one.
+void markCurrent(QList<HistoryEntry> &entries, qint64 revision, const QString &digest)
+{
+    const auto current = std::ranges::find_if(entries, [&](const HistoryEntry &entry) {
+        return entry.origin == VersionOrigin::library && entry.revision == revision && entry.digest == digest;
+    });
+    if (current != entries.end())
+        current->isCurrent = true;
+}
+
+} // namespace
+
+std::optional<QDateTime> dateOf(const Workspace &workspace, const QUuid &id, const KeptVersion &version)
+{
+    if (version.replacedAt)
+        return version.replacedAt;
+    const fs::path history = workspace.config.historyOf(id);
+    std::optional<QDateTime> date;
+    bestEffort([&] {
+        if (version.kind == HistoryKind::revision)
+            date = SkillFolderStore(workspace).readManifest(history / version.entry).updatedAt;
+    });
+    bestEffort([&] {
+        if (!date)
+            date = workspace.files.changedAt(workspace.files.openFolder(history), version.entry);
+    });
+    return date;
+}
+
+QList<HistoryEntry> VersionInspector::history(const QUuid &id) const
+{
+    const SkillRecord skill = record(id);
+    const std::vector<HistoryEntry> found =
+        parallelMap(m_history.versions(id), [&](const KeptVersion &version) { return entryOf(id, version); });
+    QList<HistoryEntry> entries(found.begin(), found.end());
+    std::ranges::sort(entries, isNewer);
+    bestEffort([&] { // where its folder can't be read, none is what it holds
+        markCurrent(entries, skill.manifest.revision, QString::fromStdString(presentContent(skill).digest));
+    });
+    return entries;
+}
+
+HistoryEntry VersionInspector::entryOf(const QUuid &id, const KeptVersion &version) const
+{
+    return {.entry = QString::fromStdString(version.entry),
+            .kind = version.kind,
+            .revision = version.revision,
+            .origin = version.origin,
+            .date = dateOf(m_workspace, id, version).value_or(QDateTime::fromSecsSinceEpoch(0, Qt::UTC)),
+            .digest = QString::fromStdString(m_history.contentOf(id, version.entry).value_or(std::string()))};
+}
+
+HistoryComparison VersionInspector::compare(const QUuid &id, const QString &entry,
+                                            const std::optional<QString> &other) const
+{
+    const SkillRecord skill = record(id);
+    const FileTreeSnapshot version = contentOf(skill, entry);
+    const FileTreeSnapshot against = other ? contentOf(skill, *other) : presentContent(skill);
+    return {.files = version.relativeFiles(), .differences = differences(version, against)};
+}
+
+std::optional<QByteArray> VersionInspector::readFile(const QUuid &id, const QString &entry,
+                                                     const QString &relativePath) const
+{
+    return SkillFolderStore(m_workspace).fileBytes(folderOf(record(id), entry), relativePath);
+}
+
+FileTreeSnapshot VersionInspector::contentOf(const SkillRecord &skill, const QString &entry) const
+{
+    return SecureFileTree::snapshot(m_workspace.files, folderOf(skill, entry), TreeFilter::excludingManifest);
+}
+
+FileTreeSnapshot VersionInspector::presentContent(const SkillRecord &skill) const
+{
+    return SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::excludingManifest);
+}
+
+SkillRecord VersionInspector::record(const QUuid &id) const
+{
+    const QList<SkillRecord> trashed = trashedManifests(m_workspace);
+    const auto hasID = [&id](const SkillRecord &skill) { return skill.manifest.id == id; };
+    const auto found = std::ranges::find_if(trashed, hasID);
+    return found == trashed.end() ? activeRecord(m_workspace, id) : *found;
+}
+
+/// Only the name of a version leads into the history.
+fs::path VersionInspector::folderOf(const SkillRecord &skill, const QString &entry) const
+{
+    const auto version = KeptVersion::named(entry.toStdString());
+    if (version) {
+        fs::path folder = m_workspace.config.historyOf(skill.manifest.id) / version->entry;
+        if (m_workspace.files.kindAt(folder))
+            return folder;
+    }
+    throw VORNELWorkspaceError::integrityFailure(
+        u"L’historique de %1 n’a pas de version %2."_s.arg(skill.manifest.slug, entry));
+}
+
+} // namespace vornel
