@@ -37,7 +37,7 @@ Cell kindCell(const HistoryEntry &entry)
 
 QString countedVersions(qint64 count)
 {
-    return count == 1 ? u"1 version"_s : QString::number(count) + u" versions"_s;
+    return QString::number(count) + (count < 2 ? u" version"_s : u" versions"_s);
 }
 
 } // namespace

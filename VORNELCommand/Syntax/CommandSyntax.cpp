@@ -68,7 +68,7 @@ CommandSyntax::CommandSyntax(QString itsSection, QString itsUsage, QString itsMe
       meaning(std::move(itsMeaning)),
       options(optionsOf(usage))
 {
-    static const QRegularExpression gaps(u"[ (]+(?:\\| )?"_s);
+    static const QRegularExpression gaps(u"[ ()]+(?:\\|[ ()]*)?"_s);
     for (const QString &word : QString(usage).remove(optionPattern()).split(gaps, Qt::SkipEmptyParts)) {
         const bool isOfTheName = word.front().isLower() && !word.contains(u'|');
         (isOfTheName ? name : operands).append(word);

@@ -18,13 +18,6 @@ namespace {
 
 constexpr qint64 secondsOfADay = 24 * 60 * 60;
 
-/// A version, and when it was made or replaced; one of which that can't be told counts as new.
-struct DatedVersion
-{
-    KeptVersion version;
-    QDateTime date;
-};
-
 HistoryExtent sum(const std::vector<HistoryExtent> &extents)
 {
     return std::accumulate(extents.begin(), extents.end(), HistoryExtent(),
@@ -76,14 +69,11 @@ QList<QUuid> HistoryExtents::skills() const
 std::set<std::string> HistoryExtents::unwanted(const QUuid &id, const HistoryPruning &pruning) const
 {
     const QDateTime now = QDateTime::currentDateTimeUtc();
-    std::vector<DatedVersion> versions;
+    const std::vector<DatedVersion> versions = datedVersions(m_workspace, id);
     qint64 last = 0;
-    for (const KeptVersion &version : SkillHistory(m_workspace).versions(id)) {
-        versions.push_back({version, dateOf(m_workspace, id, version).value_or(now)});
-        last = std::max(last, version.revision);
-    }
-    std::ranges::stable_sort(versions, std::ranges::greater{}, &DatedVersion::date);
-    const auto kept = std::min(static_cast<std::size_t>(pruning.keep), versions.size());
+    for (const DatedVersion &dated : versions)
+        last = std::max(last, dated.version.revision);
+    const auto kept = std::min(static_cast<std::size_t>(std::max(pruning.keep, qint64(0))), versions.size());
     std::set<std::string> entries;
     for (const auto &[version, date] : std::span(versions).subspan(kept)) {
         const bool isLast = version.origin == VersionOrigin::library && version.revision == last;

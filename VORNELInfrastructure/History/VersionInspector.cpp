@@ -19,13 +19,30 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Of two versions of one second, what the later revision has replaced was there before it.
-bool isNewer(const HistoryEntry &a, const HistoryEntry &b)
+/// Of two versions of one second, what a revision has replaced went after it was made.
+bool isNewer(const DatedVersion &a, const DatedVersion &b)
 {
-    const auto key = [](const HistoryEntry &entry) {
-        return std::tuple(entry.date, entry.revision, entry.kind, entry.entry);
+    const auto key = [](const DatedVersion &dated) {
+        return std::tuple(dated.date, dated.version.revision, dated.version.kind, dated.version.entry);
     };
     return key(a) > key(b);
+}
+
+/// When a version was made or replaced; now, where that can't be told any more.
+QDateTime dateOf(const Workspace &workspace, const fs::path &history, const KeptVersion &version)
+{
+    if (version.replacedAt)
+        return instantAt(version.replacedAt->toSecsSinceEpoch());
+    std::optional<QDateTime> date;
+    bestEffort([&] {
+        if (version.kind == HistoryKind::revision)
+            date = SkillFolderStore(workspace).readManifest(history / version.entry).updatedAt;
+    });
+    bestEffort([&] {
+        if (!date)
+            date = workspace.files.changedAt(workspace.files.openFolder(history), version.entry);
+    });
+    return date.value_or(currentInstant());
 }
 
 /// Marks the newest of the versions that are the library's present revision and content, if there is one.
@@ -40,43 +57,37 @@ void markCurrent(QList<HistoryEntry> &entries, qint64 revision, const QString &d
 
 } // namespace
 
-std::optional<QDateTime> dateOf(const Workspace &workspace, const QUuid &id, const KeptVersion &version)
+std::vector<DatedVersion> datedVersions(const Workspace &workspace, const QUuid &id)
 {
-    if (version.replacedAt)
-        return version.replacedAt;
     const fs::path history = workspace.config.historyOf(id);
-    std::optional<QDateTime> date;
-    bestEffort([&] {
-        if (version.kind == HistoryKind::revision)
-            date = SkillFolderStore(workspace).readManifest(history / version.entry).updatedAt;
-    });
-    bestEffort([&] {
-        if (!date)
-            date = workspace.files.changedAt(workspace.files.openFolder(history), version.entry);
-    });
-    return date;
+    std::vector<DatedVersion> versions =
+        parallelMap(SkillHistory(workspace).versions(id), [&](const KeptVersion &version) {
+            return DatedVersion{version, dateOf(workspace, history, version)};
+        });
+    std::ranges::sort(versions, isNewer);
+    return versions;
 }
 
 QList<HistoryEntry> VersionInspector::history(const QUuid &id) const
 {
     const SkillRecord skill = record(id);
-    const std::vector<HistoryEntry> found =
-        parallelMap(m_history.versions(id), [&](const KeptVersion &version) { return entryOf(id, version); });
+    const auto found = parallelMap(datedVersions(m_workspace, id),
+                                   [&](const DatedVersion &dated) { return entryOf(id, dated); });
     QList<HistoryEntry> entries(found.begin(), found.end());
-    std::ranges::sort(entries, isNewer);
     bestEffort([&] { // where its folder can't be read, none is what it holds
         markCurrent(entries, skill.manifest.revision, QString::fromStdString(presentContent(skill).digest));
     });
     return entries;
 }
 
-HistoryEntry VersionInspector::entryOf(const QUuid &id, const KeptVersion &version) const
+HistoryEntry VersionInspector::entryOf(const QUuid &id, const DatedVersion &dated) const
 {
+    const KeptVersion &version = dated.version;
     return {.entry = QString::fromStdString(version.entry),
             .kind = version.kind,
             .revision = version.revision,
             .origin = version.origin,
-            .date = dateOf(m_workspace, id, version).value_or(QDateTime::fromSecsSinceEpoch(0, Qt::UTC)),
+            .date = dated.date,
             .digest = QString::fromStdString(m_history.contentOf(id, version.entry).value_or(std::string()))};
 }
 

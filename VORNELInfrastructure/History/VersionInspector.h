@@ -9,6 +9,16 @@
 
 namespace vornel {
 
+/// A version, and when it was made or replaced (UTC, in whole seconds).
+struct DatedVersion
+{
+    KeptVersion version;
+    QDateTime date;
+};
+
+/// The versions of a skill, the newest first. One of which that can't be told any more counts as new.
+std::vector<DatedVersion> datedVersions(const Workspace &workspace, const QUuid &id);
+
 /// Looks at the versions of active and trashed skills. Does and throws what `HistoryKeeping` says.
 class VersionInspector
 {
@@ -27,14 +37,11 @@ public:
 private:
     SkillRecord record(const QUuid &id) const;
     std::filesystem::path folderOf(const SkillRecord &skill, const QString &entry) const;
-    HistoryEntry entryOf(const QUuid &id, const KeptVersion &version) const;
+    HistoryEntry entryOf(const QUuid &id, const DatedVersion &dated) const;
     FileTreeSnapshot presentContent(const SkillRecord &skill) const;
 
     const Workspace &m_workspace;
     SkillHistory m_history;
 };
-
-/// When a version was made or replaced (UTC); nothing where that can't be told any more.
-std::optional<QDateTime> dateOf(const Workspace &workspace, const QUuid &id, const KeptVersion &version);
 
 } // namespace vornel

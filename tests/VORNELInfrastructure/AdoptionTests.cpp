@@ -84,9 +84,9 @@ TEST_F(Adoption, MakesACopyTheNextRevision)
     EXPECT_EQ(bytesOf(path("workspace/skills/demo/scripts/nested/vornel.json")), "stays");
     EXPECT_EQ(bytesOf(path("codex/demo/.own")), "hidden") << "the copy itself isn't touched";
     EXPECT_EQ(tree("claude/demo"), edited);
-    EXPECT_TRUE(isKept("1-", before));
+    EXPECT_TRUE(isKept("replaced-library-1-", before));
     EXPECT_TRUE(isKept("2-", edited));
-    EXPECT_TRUE(isKept("replaced-claude-", replaced));
+    EXPECT_TRUE(isKept("replaced-claude-2-", replaced));
 
     const Tree settled = everything();
     EXPECT_EQ(adopt(codex).manifest.revision, 2) << "nothing to adopt";

@@ -89,7 +89,8 @@ TEST_F(Library, SavesEveryCharacterAsTheNextRevision)
     EXPECT_EQ(bytesOf(path("codex/demo/reference/extra.md")), "kept");
     EXPECT_TRUE(second.relativeFiles.contains(u"reference/extra.md"_s));
     EXPECT_EQ(second.manifest.revision, 2);
-    EXPECT_EQ(history(first.manifest.id), (Revisions{"1", "1", "2"})) << "the added file is kept first";
+    EXPECT_EQ(history(first.manifest.id), (Revisions{"1", "2", "replaced"}))
+        << "the added file is kept first";
 
     const SkillDetail third = service->saveSkill(first.manifest.id, 2, text).result();
     EXPECT_NE(third.contentRevision, second.contentRevision);
@@ -123,10 +124,10 @@ TEST_F(Library, KeepsWhatWasEditedByHandBeforeItIsReplaced)
     service->saveSkill(id, 2, u"third"_s).waitForFinished();
     EXPECT_TRUE(keepsText("\xEF\xBB\xBFoutside\r\n"));
     service->saveSkill(id, 3, u"fourth"_s).waitForFinished();
-    EXPECT_EQ(history(id), (Revisions{"1", "2", "2", "3", "4"}));
+    EXPECT_EQ(history(id), (Revisions{"1", "2", "3", "4", "replaced"}));
     write("workspace/skills/demo/SKILL.md", "outside again");
     service->assignSkills({id}, u"design"_s).waitForFinished();
-    EXPECT_EQ(history(id), (Revisions{"1", "2", "2", "3", "4", "4", "5"}));
+    EXPECT_EQ(history(id), (Revisions{"1", "2", "3", "4", "5", "replaced", "replaced"}));
 }
 
 TEST_F(Library, CountsNoRevisionPastTheLast)

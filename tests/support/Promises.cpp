@@ -128,7 +128,8 @@ private:
         return areInOnePlaceAndAlike(*now, *done, m_before.find(slug) == nullptr);
     }
 
-    /// As long as a skill exists, its history keeps every entry, byte for byte.
+    /// As long as a skill exists, its history keeps every entry, byte for byte, but for those that are
+    /// pruned.
     void checkKeptHistory() const
     {
         for (const auto &[id, entries] : m_before.history) {
@@ -137,9 +138,16 @@ private:
             const auto now = m_now.history.find(id);
             ASSERT_NE(now, m_now.history.end()) << "the history of " << id << " is lost";
             for (const auto &[name, tree] : entries)
-                EXPECT_TRUE(now->second.contains(name) && now->second.at(name) == tree)
+                EXPECT_TRUE(now->second.contains(name) ? now->second.at(name) == tree : mayGo(id, name))
                     << "history " << id << '/' << name << " has changed";
         }
+    }
+
+    /// Whether the operation is to delete an entry.
+    bool mayGo(const std::string &id, const std::string &name) const
+    {
+        const auto done = m_after.history.find(id);
+        return done != m_after.history.end() && !done->second.contains(name);
     }
 
     void checkHistoryEntries() const
@@ -156,6 +164,9 @@ private:
     /// place of the history, where the two were about to change places.
     void checkReplaced(const SkillOnDisk &skill, const std::string &name, const Tree &tree) const
     {
+        const auto former = m_before.history.find(idText(skill));
+        if (former != m_before.history.end() && former->second.contains(name))
+            return;
         const auto &before = name.find("-claude-") != std::string::npos ? m_before.claude : m_before.codex;
         const auto old = before.find(skill.manifest.slug.toStdString());
         Tree own = skill.files;

@@ -92,6 +92,20 @@ void adoptHandEdits(Service &service)
     service.adoptHandEdits(*activeIDs(service, {u"demo"_s}).cbegin(), 3).result();
 }
 
+/// Brings back the first text that was saved over the first.
+void revert(Service &service)
+{
+    const QUuid id = *activeIDs(service, {u"demo"_s}).cbegin();
+    const QList<HistoryEntry> versions = service.history(id).result();
+    const auto second = std::ranges::find(versions, 2, &HistoryEntry::revision);
+    service.revert(id, 3, second->entry, {}).result();
+}
+
+void prune(Service &service)
+{
+    service.prune({.keep = 1}).result();
+}
+
 /// Takes the version of Codex where both can't be joined.
 void merge(Service &service)
 {
@@ -178,6 +192,8 @@ std::vector<Scenario> allScenarios()
                Error::revisionConflict(3, 4)),
         taking("adoptHandEdits", adoptHandEdits, "adopt demo library --expect 3",
                Error::revisionConflict(3, 4)),
+        operation("revert", revert, "revert demo 2 --expect 3", Error::revisionConflict(3, 4)),
+        {"prune", buildLibrary, prune, {u"history"_s, u"--prune"_s, u"--keep"_s, u"1"_s}, std::nullopt, true},
         taking("merge", merge, "merge demo --prefer codex"),
         operation("trashOne", trash({u"demo"_s}), "trash demo", done),
         operation("trashSeveral", trash({u"demo"_s, u"second"_s}), "trash demo second", done),
