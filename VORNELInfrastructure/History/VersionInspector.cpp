@@ -23,7 +23,8 @@ namespace {
 bool isNewer(const DatedVersion &a, const DatedVersion &b)
 {
     const auto key = [](const DatedVersion &dated) {
-        return std::tuple(dated.date, dated.version.revision, dated.version.kind, dated.version.entry);
+        const KeptVersion &version = dated.version;
+        return std::tuple(dated.date, version.revision, version.kind, version.replacedAt, version.entry);
     };
     return key(a) > key(b);
 }

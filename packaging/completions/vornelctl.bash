@@ -65,6 +65,15 @@ _vornelctl_values() {
     sed -n 's/^ *"'"$key"'": "\(.*\)",\{0,1\}$/\1/p' "$@" </dev/null 2>/dev/null
 }
 
+# The versions of the skill that stands on the command line.
+_vornelctl_versions() {
+    local word manifest
+    for word in "${words[@]}"; do
+        manifest=$1/skills/$word/vornel.json
+        [[ -f $manifest ]] && _vornelctl_folders "$1/.vornel/history/$(_vornelctl_values id "$manifest")"
+    done
+}
+
 # The words that go on from a command: "create" from "vornelctl category".
 _vornelctl_continuations() {
     printf '%s\n' "${!_vornelctl_operands[@]}" | sed -n "s/^$1 \([^ ]*\).*/\1/p" | sort -u
@@ -98,6 +107,7 @@ _vornelctl_candidates() {
         SKILL*:*\ restore | SKILL*:*\ delete) _vornelctl_values slug "$workspace"/.vornel/trash/*/vornel.json ;;
         SKILL*) _vornelctl_folders "$workspace/skills" ;;
         CATÉGORIE*) _vornelctl_values id "$workspace/.vornel/categories.json" ;;
+        VERSION*) _vornelctl_versions "$workspace" ;;
         *=*) ;;
         *'|'*) tr '|' '\n' <<<"$1" ;;
     esac

@@ -138,6 +138,44 @@ TEST_F(Vornelctl, AdoptsAndMergesWhatAssistantsHaveWritten)
     EXPECT_EQ(run("status").code, 0);
 }
 
+TEST_F(Vornelctl, BringsBackWhatTheHistoryHolds)
+{
+    ASSERT_EQ(run("create demo --name Démo --file -", "un\n").code, 0);
+    ASSERT_EQ(run("save demo --expect 1 --file -", "deux\n").code, 0);
+    write("codex/demo/notes.md", "de Codex");
+    ASSERT_EQ(run("sync demo").code, 0);
+
+    const QJsonArray versions = run("history demo --json").json().array();
+    ASSERT_EQ(versions.size(), 3);
+    const QJsonObject replaced = versions[0].toObject();
+    EXPECT_EQ(replaced.keys(), (QStringList{u"date"_s, u"digest"_s, u"entry"_s, u"isCurrent"_s, u"kind"_s,
+                                            u"origin"_s, u"revision"_s}));
+    EXPECT_EQ(replaced[u"kind"], u"replaced"_s);
+    EXPECT_EQ(replaced[u"origin"], u"codex"_s);
+    EXPECT_EQ(versions[1][u"isCurrent"], true);
+    EXPECT_TRUE(run("history demo").output.contains("  révision 2 (actuelle)  "));
+
+    const QByteArray added = run("diff demo --entry 2 --with replaced-codex").output;
+    EXPECT_EQ(added, "+ notes.md\n");
+    EXPECT_EQ(run("diff demo --entry 2").code, 0);
+    EXPECT_EQ(run("diff demo --entry 1 --json").json()[u"differences"][0][u"relativePath"], u"SKILL.md"_s);
+    EXPECT_EQ(run("diff demo --with 1").code, 64);
+    EXPECT_EQ(run("revert demo 7 --expect 2 --json").error()[u"error"], u"versionNotFound"_s);
+    EXPECT_EQ(run("revert demo 1 --expect 1 --json").error()[u"error"], u"revisionConflict"_s);
+    EXPECT_EQ(run("revert demo replaced-codex --expect 2 --file notes.md").code, 0);
+    EXPECT_EQ(bytesOf(path("codex/demo/notes.md")), "de Codex");
+    EXPECT_EQ(run("revert demo 1 --expect 3 --json").json()[u"skillMD"], u"un\n"_s);
+
+    for (const char *line : {"history", "history --prune", "history demo --keep 1", "history --prune demo",
+                             "history --prune --keep -1", "history --prune --older-than 3m"})
+        EXPECT_EQ(run(line).code, 64) << line;
+    EXPECT_EQ(run("history --prune --older-than 90d --json").json()[u"entries"], 0);
+    EXPECT_TRUE(
+        run("history --prune --keep 1 --dry-run").output.startsWith("À supprimer\u00A0: 4 versions, "));
+    EXPECT_EQ(run("history --prune --keep 1 --json").json()[u"entries"], 4);
+    EXPECT_EQ(run("history demo --json").json().array().size(), 1);
+}
+
 TEST_F(Vornelctl, ListsWhatDiffersInTheCopies)
 {
     ASSERT_EQ(run("create demo --name Démo --file -", "texte").code, 0);
