@@ -32,7 +32,7 @@ const QString tracedCalls = u"trace=?openat,?openat2,?creat,?mkdir,?mkdirat,?ren
 std::string withoutChance(QString text)
 {
     static const QRegularExpression chance(
-        uR"(\b\d+(?=<)|[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12})"_s);
+        uR"(\b\d+(?=<)|\b\d{8}T\d{9}Z\b|[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12})"_s);
     return text.remove(chance).toStdString();
 }
 
