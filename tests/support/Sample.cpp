@@ -11,17 +11,19 @@ namespace vornel {
 
 namespace {
 
-bool triesAll()
+int wantedStride(int otherwise)
 {
     const char *points = std::getenv("VORNEL_POINTS");
-    return points != nullptr && points == std::string_view("all");
+    if (points == nullptr)
+        return otherwise;
+    return points == std::string_view("all") ? 1 : std::max(1, std::atoi(points));
 }
 
 } // namespace
 
 Sample::Sample(const Scenario &scenario, int stride)
     : m_scenario(scenario),
-      m_stride(triesAll() ? 1 : stride),
+      m_stride(wantedStride(stride)),
       m_shift(static_cast<int>(std::ranges::find(scenarios(), scenario.name, &Scenario::name) -
                                scenarios().begin()))
 {}

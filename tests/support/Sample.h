@@ -7,8 +7,8 @@
 namespace vornel {
 
 /// The points at which a test interrupts a scenario. Where the environment's `VORNEL_POINTS` is "all" those
-/// are all of them; otherwise the first, the last and some between, the same in every run. Each run and each
-/// scenario has others, so that together they meet every kind of step.
+/// are all of them, where it is a number one in so many; otherwise the first, the last and some between, the
+/// same in every run. Each run and each scenario has others, so that together they meet every kind of step.
 class Sample
 {
 public:
