@@ -16,7 +16,7 @@ struct UndoStep
 
 public:
     QUuid id;            ///< its own, to name it by
-    bool isUndo = false; ///< whether it has itself taken back another one
+    bool isUndo = false; ///< whether it has taken back another one, so that undoing it is redoing
 
     bool operator==(const UndoStep &) const = default;
 };

@@ -9,8 +9,8 @@
 
 namespace vornel {
 
-/// Takes back the last operation of this service that changed skills. May fail with `notBootstrapped` or a
-/// file-system error.
+/// Takes back the last operation of this service, if that was a save, an adoption, a merge, a
+/// synchronisation, a return to a version, a move to the trash or a change of category.
 class Undoing
 {
 public:
@@ -19,9 +19,11 @@ public:
     /// What `undo` would take back; nothing where there is no such operation, or it left nothing to undo.
     virtual QFuture<std::optional<UndoStep>> undoableStep() = 0;
 
-    /// Brings skills, copies and categories back to what they were before that step, by new revisions: so
-    /// nothing that was written is lost, and undoing once more brings it back. Fails with `integrityFailure`
-    /// where anything of it has moved on since, and then changes nothing.
+    /// Brings back what that step has changed: contents and categories by new revisions, skills from the
+    /// trash or into it, and copies that had content of their own. So nothing that was written is lost, and
+    /// undoing once more is redoing. May fail with `notBootstrapped`, `partialSync`, a file-system error or,
+    /// before anything is changed, with `integrityFailure` or `duplicateSlug` where something of it has moved
+    /// on.
     virtual QFuture<WorkspaceOverview> undo(QUuid step) = 0;
 };
 

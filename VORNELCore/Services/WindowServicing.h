@@ -8,6 +8,7 @@
 #include "NewSkillFinding.h"
 #include "TargetComparing.h"
 #include "TrashInspecting.h"
+#include "Undoing.h"
 #include "WorkspaceServicing.h"
 
 namespace vornel {
@@ -21,7 +22,8 @@ class WindowServicing : public WorkspaceServicing,
                         public TargetComparing,
                         public CopyRepairing,
                         public CopyAdopting,
-                        public HistoryKeeping
+                        public HistoryKeeping,
+                        public Undoing
 {};
 
 } // namespace vornel

@@ -107,7 +107,9 @@ void CategoryEditing::setCategory(SkillRecord skill, const QString &category) co
 {
     const SkillHistory history(m_workspace);
     history.keepRevision(skill.manifest, skill.folder);
+    const QString former = skill.manifest.category;
     rewrite(skill, category);
+    m_workspace.changes[skill.manifest.id] = {.revision = skill.manifest.revision, .category = former};
     history.add(skill.manifest, skill.folder);
 }
 

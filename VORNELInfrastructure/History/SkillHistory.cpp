@@ -129,7 +129,7 @@ std::optional<std::string> SkillHistory::contentOf(const QUuid &id, const std::s
     return digestOf(m_config.historyOf(id) / entry, TreeFilter::excludingManifest);
 }
 
-fs::path SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
+FormerFolder SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
 {
     const FileTreeSnapshot content = SecureFileTree::snapshot(m_files, skillURL, TreeFilter::all);
     if (!holdsRevision(manifest, content)) {
@@ -138,7 +138,8 @@ fs::path SkillHistory::keepRevision(const SkillManifest &manifest, const fs::pat
                                        : stage(placeForReplaced(manifest, VersionOrigin::library), skillURL);
         commit(m_files, copy);
     }
-    return content.isWhole ? fs::path() : placeForReplaced(manifest, VersionOrigin::library);
+    return {content.contentDigest(),
+            content.isWhole ? fs::path() : placeForReplaced(manifest, VersionOrigin::library)};
 }
 
 void SkillHistory::keepMerged(const SkillManifest &manifest, VersionOrigin origin, const std::string &result,

@@ -13,6 +13,13 @@
 
 namespace vornel {
 
+/// The folder of a skill before it is replaced.
+struct FormerFolder
+{
+    std::string content;          ///< digest of its visible content without the manifest
+    std::filesystem::path keptAs; ///< where the folder itself must be kept; empty where it need not be
+};
+
 /// What is kept of a skill: a copy of each revision, under its number, and what was replaced and is in no
 /// revision, under "replaced-" or "merged-" and its origin.
 class SkillHistory
@@ -32,11 +39,9 @@ public:
     bool holdsRevision(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
 
     /// Adds the content of `skillURL` unless an entry holds it: the folder may have been edited by hand,
-    /// without a new revision, and is kept as replaced then. To be called before the folder is replaced.
-    /// Returns where the folder itself must be kept then, if it has hidden entries, which revisions leave
-    /// out; otherwise an empty path.
-    std::filesystem::path keepRevision(const SkillManifest &manifest,
-                                       const std::filesystem::path &skillURL) const;
+    /// without a new revision, and is kept as replaced then. To be called before the folder is replaced. The
+    /// folder itself must be kept then if it has hidden entries, which revisions leave out.
+    FormerFolder keepRevision(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
     /// Whether any entry has this digest of its visible content without the manifest. A folder with that
     /// digest may be deleted then, if it has no hidden entries.

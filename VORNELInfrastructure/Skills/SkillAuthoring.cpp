@@ -91,13 +91,16 @@ SkillDetail SkillAuthoring::revise(SkillRecord skill, const std::function<void(c
 {
     refuseNewer(skill.manifest);
     const SkillHistory history(m_workspace);
-    const fs::path keptAs = history.keepRevision(skill.manifest, skill.folder);
+    const FormerFolder former = history.keepRevision(skill.manifest, skill.folder);
     advanceRevision(skill.manifest);
 
     Stage stage = m_store.makeStage();
     make(stage.path());
     m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
-    m_store.replaceCanonical(skill.folder, std::move(stage), keptAs);
+    m_store.replaceCanonical(skill.folder, std::move(stage), former.keptAs);
+    SkillChange &change = m_workspace.changes[skill.manifest.id];
+    change.revision = skill.manifest.revision;
+    change.formerContent = former.content;
 
     history.add(skill.manifest, skill.folder);
     TargetSynchronizer(m_workspace).synchronize(skill, leftAlone);
@@ -108,6 +111,7 @@ SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill, const QSet<TargetKi
 {
     advanceRevision(skill.manifest);
     m_store.writeManifest(skill.manifest, skill.folder, Durability::Now);
+    m_workspace.changes[skill.manifest.id].revision = skill.manifest.revision;
     SkillHistory(m_workspace).add(skill.manifest, skill.folder);
     TargetSynchronizer(m_workspace).synchronize(skill, leftAlone);
     return makeDetail(m_workspace, skill);

@@ -38,6 +38,9 @@ void SkillTrash::moveToTrash(const SkillRecord &skill) const
     TrashMoments(m_workspace).note(skill.manifest.id);
     moveTree(m_workspace.files, skill.folder, destination);
     m_workspace.failedSyncTargets.remove(skill.manifest.id);
+    SkillChange &change = m_workspace.changes[skill.manifest.id];
+    change.revision = skill.manifest.revision;
+    change.move = SkillChange::Move::toTrash;
 }
 
 /// The trash, like the library, holds a slug once: a second one would make every overview fail.
@@ -60,6 +63,17 @@ QList<SkillRecord> SkillTrash::trashedBut(const QUuid &id) const
 
 void SkillTrash::restore(const QUuid &id) const
 {
+    TargetSynchronizer(m_workspace).synchronize(takeOut(id));
+}
+
+void SkillTrash::restore(const QUuid &id, const TakenOut &copies) const
+{
+    TargetSynchronizer(m_workspace).putBack(takeOut(id).manifest, copies);
+}
+
+/// Moves the skill from the trash into the library.
+SkillRecord SkillTrash::takeOut(const QUuid &id) const
+{
     FileSystem &files = m_workspace.files;
     const fs::path source = m_workspace.config.trashed(id);
     if (!files.kindAt(source))
@@ -73,10 +87,11 @@ void SkillTrash::restore(const QUuid &id) const
 
     manifest.updatedAt = currentInstant();
     m_store.writeManifest(manifest, source, Durability::Now);
-    const SkillRecord skill{manifest, m_workspace.config.canonical(manifest.slug)};
+    SkillRecord skill{manifest, m_workspace.config.canonical(manifest.slug)};
     locating(m_workspace, source, [&] { bringBack(source, skill); });
     TrashMoments(m_workspace).forget(id);
-    TargetSynchronizer(m_workspace).synchronize(skill);
+    m_workspace.changes[id] = {.revision = manifest.revision, .move = SkillChange::Move::fromTrash};
+    return skill;
 }
 
 void SkillTrash::bringBack(const fs::path &source, const SkillRecord &skill) const

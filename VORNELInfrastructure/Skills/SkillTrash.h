@@ -16,6 +16,10 @@ public:
     void moveToTrash(const QSet<QUuid> &ids) const;
 
     void restore(const QUuid &id) const;
+
+    /// The same, with the copies that were taken out, and stand at these places, in the targets.
+    void restore(const QUuid &id, const TakenOut &copies) const;
+
     void deletePermanently(const QUuid &id) const;
     void empty() const;
 
@@ -25,6 +29,7 @@ public:
 private:
     void moveToTrash(const SkillRecord &skill) const;
     void refuseDoubledSlug(const SkillManifest &manifest) const;
+    SkillRecord takeOut(const QUuid &id) const;
     void bringBack(const std::filesystem::path &source, const SkillRecord &skill) const;
     void remove(const QUuid &id) const;
 

@@ -68,19 +68,49 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill, const QSet<Target
         for (const TargetKind kind : allCases<TargetKind>())
             unusable.emplace(kind, unreadable);
     }
-    Install install = stage(skill.manifest, skill.folder, digest, unusable);
+    m_workspace.changes[skill.manifest.id].installedContent = digest;
+    install(skill.manifest, stage(skill.manifest, skill.folder, digest, unusable), leftAlone);
+}
+
+void TargetSynchronizer::putBack(const SkillManifest &manifest, TargetKind kind,
+                                 const FileTreeSnapshot &kept) const
+{
+    const auto targets = allCases<TargetKind>();
+    QSet<TargetKind> others(targets.begin(), targets.end());
+    others.remove(kind);
+    install(manifest, stage(manifest, kept.root, kept.digest, prepareRoots()), others);
+}
+
+void TargetSynchronizer::install(const SkillManifest &manifest, Install install,
+                                 const QSet<TargetKind> &leftAlone) const
+{
     for (const TargetKind kind : leftAlone) {
         install.copies.erase(kind);
         install.failures.erase(kind);
     }
     const auto isKept = [](const StagedFolder &copy) { return !copy.destination.keptAs.empty(); };
     if (std::ranges::any_of(install.copies | std::views::values, isKept))
-        createFolders(m_workspace.files, m_workspace.config.historyOf(skill.manifest.id), Durability::Now);
+        createFolders(m_workspace.files, m_workspace.config.historyOf(manifest.id), Durability::Now);
     Commit commit(m_workspace.files);
     commit.flush(install.stages());
     const CopyResults results = rename(install, commit);
     commit.flushNames();
     const Failures failures = finish(install, results);
+    if (!failures.empty())
+        throw VORNELWorkspaceError::partialSync(kindsOf(failures));
+}
+
+void TargetSynchronizer::putBack(const SkillManifest &manifest, const TakenOut &copies) const
+{
+    const Failures failures = failuresOf([&](TargetKind kind) {
+        const auto copy = copies.find(kind);
+        if (copy == copies.end())
+            return;
+        prepareRoot(kind);
+        moveTree(m_workspace.files, copy->second,
+                 m_workspace.config.target(kind) / pathFromText(manifest.slug));
+    });
+    remember(manifest.id, failures);
     if (!failures.empty())
         throw VORNELWorkspaceError::partialSync(kindsOf(failures));
 }
@@ -104,8 +134,7 @@ void TargetSynchronizer::setAside(const SkillRecord &skill, TargetKind kind) con
 
 void TargetSynchronizer::removeCopies(const SkillRecord &skill) const
 {
-    const Failures failures =
-        failuresOf([&](TargetKind kind) { removeTargetCopy(skill.manifest.slug, kind); });
+    const Failures failures = failuresOf([&](TargetKind kind) { removeTargetCopy(skill.manifest, kind); });
     remember(skill.manifest.id, failures);
     if (!failures.empty())
         throw VORNELWorkspaceError::partialSync(kindsOf(failures));
@@ -143,13 +172,12 @@ void TargetSynchronizer::prepareRoot(TargetKind kind) const
 Install TargetSynchronizer::stage(const SkillManifest &manifest, const fs::path &source,
                                   const std::string &digest, const Failures &unusable) const
 {
-    Install install{manifest.id};
+    Install install{manifest.id, digest};
     Looks looks;
     install.failures = failuresOf([&](TargetKind kind) {
         if (unusable.contains(kind))
             std::rethrow_exception(unusable.at(kind));
-        if (auto copy = stagedCopy(manifest, source, digest, kind, looks))
-            install.copies.emplace(kind, std::move(*copy));
+        stageCopy(install, manifest, source, kind, looks);
     });
     return install;
 }
@@ -159,15 +187,15 @@ FileTreeSnapshot TargetSynchronizer::contentOf(const fs::path &folder) const
     return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
 }
 
-std::optional<StagedFolder> TargetSynchronizer::stagedCopy(const SkillManifest &manifest,
-                                                           const fs::path &source, const std::string &digest,
-                                                           TargetKind kind, Looks &looks) const
+void TargetSynchronizer::stageCopy(Install &install, const SkillManifest &manifest, const fs::path &source,
+                                   TargetKind kind, Looks &looks) const
 {
     CommitPlace destination{.path = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
     if (m_workspace.files.kindAt(destination.path)) {
         const FileTreeSnapshot former = contentOf(destination.path);
-        if (former.digest == digest)
-            return std::nullopt;
+        if (former.digest == install.digest)
+            return;
+        install.formers.emplace(kind, former.digest);
         if (!isHeld(manifest.id, former, looks))
             destination.keptAs = m_history.placeForReplaced(manifest, originOfCopy(kind));
         destination.backup =
@@ -175,7 +203,7 @@ std::optional<StagedFolder> TargetSynchronizer::stagedCopy(const SkillManifest &
     }
     StagedFolder copy{m_store.makeStage(), destination};
     SecureFileTree::copyTree(m_workspace.files, source, copy.stage.path(), TreeFilter::excludingManifest);
-    return copy;
+    install.copies.emplace(kind, std::move(copy));
 }
 
 /// Looks into the history, which takes its time, once where both copies are the same.
@@ -202,10 +230,14 @@ TargetSynchronizer::Failures TargetSynchronizer::finish(const Install &install,
 {
     Failures failures = install.failures;
     for (const auto &[kind, result] : results) {
-        if (result.failure)
+        if (result.failure) {
             failures.emplace(kind, result.failure);
-        else
-            discardFormer(result.former);
+            continue;
+        }
+        discardFormer(result.former);
+        const auto former = install.formers.find(kind);
+        m_workspace.changes[install.id].copies[kind] = {
+            former == install.formers.end() ? std::nullopt : std::optional(former->second), install.digest};
     }
     remember(install.id, failures);
     return failures;
@@ -217,8 +249,9 @@ void TargetSynchronizer::discardFormer(const fs::path &former) const
         bestEffort([&] { m_store.discard(former); });
 }
 
-void TargetSynchronizer::removeTargetCopy(const QString &slug, TargetKind kind) const
+void TargetSynchronizer::removeTargetCopy(const SkillManifest &manifest, TargetKind kind) const
 {
+    const QString &slug = manifest.slug;
     WorkspaceValidation::validateSlug(slug);
     FileSystem &files = m_workspace.files;
     const fs::path &root = m_workspace.config.target(kind);
@@ -232,7 +265,9 @@ void TargetSynchronizer::removeTargetCopy(const QString &slug, TargetKind kind) 
         return;
     if (*kindThere == FileKind::SymbolicLink)
         throw VORNELWorkspaceError::symlinkUnsupported(pathText(destination));
-    blaming(destination, [&] { moveTree(files, destination, recoveryPlace(u"-removed-"_s, kind, slug)); });
+    const fs::path place = recoveryPlace(u"-removed-"_s, kind, slug);
+    blaming(destination, [&] { moveTree(files, destination, place); });
+    m_workspace.changes[manifest.id].takenOut[kind] = place;
 }
 
 } // namespace vornel

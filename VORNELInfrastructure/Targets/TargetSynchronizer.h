@@ -1,7 +1,7 @@
 #pragma once
 
-#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/History/SkillHistory.h>
+#include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 
 #include <exception>
@@ -16,7 +16,9 @@ namespace vornel {
 struct Install
 {
     QUuid id;
+    std::string digest = {};                                ///< of their content
     std::map<TargetKind, StagedFolder> copies = {};         ///< for the targets where the copy isn't right
+    std::map<TargetKind, std::string> formers = {};         ///< digests of the copies that are there
     std::map<TargetKind, std::exception_ptr> failures = {}; ///< of the targets for which none could be staged
 
     std::vector<std::filesystem::path> stages() const;
@@ -37,6 +39,13 @@ public:
     /// unless that holds it already. A failed target doesn't stop the other: failures are remembered, then
     /// thrown as `partialSync`. Targets that are left alone stay as they are.
     void synchronize(const SkillRecord &skill, const QSet<TargetKind> &leftAlone = {}) const;
+
+    /// Puts a content that the history has kept into one target, as a synchronisation does.
+    void putBack(const SkillManifest &manifest, TargetKind kind, const FileTreeSnapshot &kept) const;
+
+    /// Moves copies back into their targets, where nothing may stand. A failed target doesn't stop the other:
+    /// failures are remembered, then thrown as `partialSync`.
+    void putBack(const SkillManifest &manifest, const TakenOut &copies) const;
 
     /// Puts a fresh copy in the place of one, whatever stands there; that goes into the recovery folder as it
     /// is.
@@ -66,14 +75,15 @@ private:
     /// By the digest of a content, whether the history holds all of it.
     using Looks = std::map<std::string, bool>;
 
-    std::optional<StagedFolder> stagedCopy(const SkillManifest &manifest, const std::filesystem::path &source,
-                                           const std::string &digest, TargetKind kind, Looks &looks) const;
+    void stageCopy(Install &install, const SkillManifest &manifest, const std::filesystem::path &source,
+                   TargetKind kind, Looks &looks) const;
+    void install(const SkillManifest &manifest, Install install, const QSet<TargetKind> &leftAlone) const;
     bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
     void prepareRoot(TargetKind kind) const;
 
     /// Removes the folder that a copy has replaced, unless it is kept.
     void discardFormer(const std::filesystem::path &former) const;
-    void removeTargetCopy(const QString &slug, TargetKind kind) const;
+    void removeTargetCopy(const SkillManifest &manifest, TargetKind kind) const;
 
     /// Keeps which targets of a skill failed, if any, each with its reason.
     void remember(const QUuid &id, const Failures &failures) const;

@@ -18,6 +18,9 @@
 #include <VORNELInfrastructure/Targets/SynchronizationPass.h>
 #include <VORNELInfrastructure/Targets/TargetComparer.h>
 #include <VORNELInfrastructure/Targets/TargetOccupancy.h>
+#include <VORNELInfrastructure/Undo/UndoRun.h>
+
+#include <QScopeGuard>
 
 namespace vornel {
 
@@ -28,9 +31,9 @@ LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager
     : m_manager(std::move(manager)), m_failureScope(failureScope), m_watch(std::move(watch))
 {}
 
-Workspace LocalWorkspaceService::workspaceOf(const Configuration &config)
+Workspace LocalWorkspaceService::workspaceOf(const Configuration &config, UndoRecording &changes)
 {
-    return {*m_manager, config, m_failedSyncTargets, m_foundCopies, m_failureScope};
+    return {*m_manager, config, m_failedSyncTargets, m_foundCopies, changes, m_failureScope};
 }
 
 WorkspaceOverview LocalWorkspaceService::overview(const Workspace &workspace) const
@@ -41,18 +44,37 @@ WorkspaceOverview LocalWorkspaceService::overview(const Workspace &workspace) co
 }
 
 template <typename Operation>
-auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
+auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation, UndoRecording &changes)
 {
     if (!m_configuration)
         throw VORNELWorkspaceError::notBootstrapped();
     m_manager->confine(m_configuration->roots());
     const Folder lock = m_manager->lock(m_configuration->bookkeeping(), mode);
-    const Workspace workspace = workspaceOf(*m_configuration);
+    const Workspace workspace = workspaceOf(*m_configuration, changes);
     if (mode == LockMode::Exclusive) {
+        m_undo.forget();
         refuseNewerWorkspace(workspace);
         restoreBackups(workspace);
     }
     return operation(workspace);
+}
+
+template <typename Operation>
+auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
+{
+    UndoRecording changes;
+    return runLocked(mode, operation, changes);
+}
+
+template <typename Operation>
+auto LocalWorkspaceService::runUndoable(const Operation &operation, bool isUndo)
+{
+    UndoRecording changes;
+    const auto remember = qScopeGuard([&] {
+        if (!changes.empty())
+            m_undo.remember(std::move(changes), isUndo);
+    });
+    return runLocked(LockMode::Exclusive, operation, changes);
 }
 
 template <typename Operation>
@@ -62,6 +84,14 @@ auto LocalWorkspaceService::perform(LockMode mode, Operation operation)
     return m_executor.submit<Result>([this, mode, operation = std::move(operation)](QPromise<Result> &) {
         return runLocked(mode, operation);
     });
+}
+
+template <typename Operation>
+auto LocalWorkspaceService::performUndoable(Operation operation)
+{
+    using Result = std::invoke_result_t<Operation, const Workspace &>;
+    return m_executor.submit<Result>(
+        [this, operation = std::move(operation)](QPromise<Result> &) { return runUndoable(operation); });
 }
 
 template <typename Operation>
@@ -78,7 +108,8 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
 {
     return m_executor.submit<WorkspaceOverview>([=, this](QPromise<WorkspaceOverview> &) {
         const Configuration config = Configuration::forRoots(*m_manager, workspaceURL, claudeRoot, codexRoot);
-        const Workspace workspace = workspaceOf(config);
+        UndoRecording changes;
+        const Workspace workspace = workspaceOf(config, changes);
         m_manager->confine(config.roots());
         createLayout(workspace);
         const auto locked = [&](LockMode mode) { return m_manager->lock(config.bookkeeping(), mode); };
@@ -90,6 +121,7 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceUR
         }
         readMetadata(workspace); // for its errors
         m_configuration = config;
+        m_undo.forget();
         return overview(workspace);
     });
 }
@@ -157,7 +189,7 @@ QFuture<SkillDetail> LocalWorkspaceService::loadSkill(QUuid id)
 
 QFuture<SkillDetail> LocalWorkspaceService::saveSkill(QUuid id, qint64 expectedRevision, QString skillMD)
 {
-    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+    return performUndoable([=](const Workspace &workspace) {
         return SkillAuthoring(workspace).save(id, expectedRevision, skillMD);
     });
 }
@@ -179,13 +211,16 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::deleteCategory(QString id)
 
 QFuture<WorkspaceOverview> LocalWorkspaceService::assignSkills(QSet<QUuid> ids, QString to)
 {
-    return change([=](const Workspace &workspace) { CategoryEditing(workspace).assign(ids, to); });
+    return performUndoable([=, this](const Workspace &workspace) {
+        CategoryEditing(workspace).assign(ids, to);
+        return overview(workspace);
+    });
 }
 
 QFuture<SkillDetail> LocalWorkspaceService::synchronize(QUuid id)
 {
-    return perform(LockMode::Exclusive,
-                   [=](const Workspace &workspace) { return SkillAuthoring(workspace).synchronize(id); });
+    return performUndoable(
+        [=](const Workspace &workspace) { return SkillAuthoring(workspace).synchronize(id); });
 }
 
 QFuture<QList<SyncOutcome>> LocalWorkspaceService::synchronizeSkills(QList<QUuid> ids, std::stop_token stop)
@@ -193,19 +228,24 @@ QFuture<QList<SyncOutcome>> LocalWorkspaceService::synchronizeSkills(QList<QUuid
     using Outcomes = QList<SyncOutcome>;
     const auto total = static_cast<int>(ids.size());
     const auto pass = std::make_shared<SynchronizationPass>(std::move(ids), std::move(stop));
-    return m_executor.submitInTurns<Outcomes>([this, total, pass](QPromise<Outcomes> &promise) {
+    const auto changes = std::make_shared<UndoRecording>();
+    return m_executor.submitInTurns<Outcomes>([this, total, pass, changes](QPromise<Outcomes> &promise) {
         if (pass->outcomes().isEmpty())
             promise.setProgressRange(0, total);
         try {
-            runLocked(LockMode::Exclusive, [&](const Workspace &workspace) {
+            const auto takeTurn = [&](const Workspace &workspace) {
                 pass->takeTurn(workspace, [&promise](int done) { promise.setProgressValue(done); });
-            });
+            };
+            runLocked(LockMode::Exclusive, takeTurn, *changes);
         } catch (...) {
             if (pass->outcomes().isEmpty())
                 throw;
             pass->giveUp(std::current_exception());
         }
-        return pass->isDone() ? std::optional(pass->outcomes()) : std::nullopt;
+        if (!pass->isDone())
+            return std::optional<Outcomes>();
+        m_undo.remember(std::move(*changes), false);
+        return std::optional(pass->outcomes());
     });
 }
 
@@ -216,7 +256,10 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::moveToTrash(QUuid id)
 
 QFuture<WorkspaceOverview> LocalWorkspaceService::moveToTrash(QSet<QUuid> ids)
 {
-    return change([=](const Workspace &workspace) { SkillTrash(workspace).moveToTrash(ids); });
+    return performUndoable([=, this](const Workspace &workspace) {
+        SkillTrash(workspace).moveToTrash(ids);
+        return overview(workspace);
+    });
 }
 
 QFuture<WorkspaceOverview> LocalWorkspaceService::restore(QUuid id)
@@ -256,7 +299,7 @@ QFuture<SkillDetail> LocalWorkspaceService::setAside(QUuid id, TargetKind target
 QFuture<SkillDetail> LocalWorkspaceService::adopt(QUuid id, TargetKind copy,
                                                   std::optional<qint64> expectedRevision, QStringList paths)
 {
-    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+    return performUndoable([=](const Workspace &workspace) {
         return CopyAdoption(workspace).adopt(id, copy, expectedRevision, paths);
     });
 }
@@ -264,14 +307,14 @@ QFuture<SkillDetail> LocalWorkspaceService::adopt(QUuid id, TargetKind copy,
 QFuture<MergeResult> LocalWorkspaceService::merge(QUuid id, std::optional<qint64> expectedRevision,
                                                   QList<MergeSettlement> settlements)
 {
-    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+    return performUndoable([=](const Workspace &workspace) {
         return CopyMerge(workspace).run(id, expectedRevision, settlements);
     });
 }
 
 QFuture<SkillDetail> LocalWorkspaceService::adoptHandEdits(QUuid id, std::optional<qint64> expectedRevision)
 {
-    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+    return performUndoable([=](const Workspace &workspace) {
         return CopyAdoption(workspace).adoptHandEdits(id, expectedRevision);
     });
 }
@@ -307,7 +350,7 @@ QFuture<std::optional<QByteArray>> LocalWorkspaceService::readVersionFile(QUuid 
 QFuture<SkillDetail> LocalWorkspaceService::revert(QUuid id, qint64 expectedRevision, QString entry,
                                                    QStringList paths)
 {
-    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+    return performUndoable([=](const Workspace &workspace) {
         return returnToVersion(workspace, id, expectedRevision, entry, paths);
     });
 }
@@ -322,6 +365,26 @@ QFuture<HistoryExtent> LocalWorkspaceService::prune(HistoryPruning pruning)
 {
     return perform(pruning.isRehearsal ? LockMode::Shared : LockMode::Exclusive,
                    [=](const Workspace &workspace) { return HistoryExtents(workspace).prune(pruning); });
+}
+
+QFuture<std::optional<UndoStep>> LocalWorkspaceService::undoableStep()
+{
+    using Step = std::optional<UndoStep>;
+    return m_executor.submit<Step>([this](QPromise<Step> &) { return m_undo.step(); });
+}
+
+QFuture<WorkspaceOverview> LocalWorkspaceService::undo(QUuid step)
+{
+    return m_executor.submit<WorkspaceOverview>([this, step](QPromise<WorkspaceOverview> &) {
+        const UndoRecording changes = m_undo.changesOf(step);
+        const bool isUndo = !m_undo.step()->isUndo;
+        return runUndoable(
+            [&](const Workspace &workspace) {
+                UndoRun(workspace, changes).run();
+                return overview(workspace);
+            },
+            isUndo);
+    });
 }
 
 QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std::optional<TargetKind> copy,

@@ -7,6 +7,7 @@
 #include <VORNELCore/Services/CreationReviewing.h>
 #include <VORNELCore/Services/WindowServicing.h>
 #include <VORNELInfrastructure/Import/PendingImport.h>
+#include <VORNELInfrastructure/Undo/UndoJournal.h>
 
 #include <memory>
 #include <optional>
@@ -70,22 +71,36 @@ public:
     QFuture<SkillDetail> revert(QUuid id, qint64 expectedRevision, QString entry, QStringList paths) override;
     QFuture<HistoryExtent> historyExtent() override;
     QFuture<HistoryExtent> prune(HistoryPruning pruning) override;
+    QFuture<std::optional<UndoStep>> undoableStep() override;
+    QFuture<WorkspaceOverview> undo(QUuid step) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
 
 private:
-    /// Runs `operation` on the open workspace, locked; throws `notBootstrapped` when none is open.
+    /// Runs `operation` on the open workspace, locked, and tells what it has changed; throws
+    /// `notBootstrapped` when none is open. What may change anything leaves nothing to undo, unless the
+    /// caller remembers it.
+    template <typename Operation>
+    auto runLocked(LockMode mode, const Operation &operation, UndoRecording &changes);
     template <typename Operation>
     auto runLocked(LockMode mode, const Operation &operation);
+
+    /// Runs `operation` so that it can be undone, and what it has changed before it failed as well.
+    template <typename Operation>
+    auto runUndoable(const Operation &operation, bool isUndo = false);
 
     /// Runs `operation` so in its turn, on the service's own thread.
     template <typename Operation>
     auto perform(LockMode mode, Operation operation);
 
+    /// `perform` for an operation that changes skills, and can be undone.
+    template <typename Operation>
+    auto performUndoable(Operation operation);
+
     /// `perform` for an operation that changes the set of skills or categories, and returns the overview.
     template <typename Operation>
     QFuture<WorkspaceOverview> change(Operation operation);
 
-    Workspace workspaceOf(const Configuration &config);
+    Workspace workspaceOf(const Configuration &config, UndoRecording &changes);
     WorkspaceOverview overview(const Workspace &workspace) const;
 
     std::shared_ptr<FileSystem> m_manager;
@@ -95,6 +110,7 @@ private:
     PendingImport m_import;
     FailedSyncTargets m_failedSyncTargets;
     FoundCopies m_foundCopies;
+    UndoJournal m_undo;
     SerialExecutor m_executor; // last, so that it ends before what its functions use
 };
 

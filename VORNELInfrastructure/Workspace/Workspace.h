@@ -3,6 +3,7 @@
 #include "Configuration.h"
 
 #include <VORNELInfrastructure/Disk/FileSystem.h>
+#include <VORNELInfrastructure/Undo/UndoRecording.h>
 
 #include <QHash>
 #include <QMap>
@@ -43,6 +44,7 @@ struct Workspace
     const Configuration &config;
     FailedSyncTargets &failedSyncTargets;
     FoundCopies &foundCopies;
+    UndoRecording &changes; ///< what the present operation has changed
     FailureScope failureScope = FailureScope::Library;
 };
 
