@@ -32,6 +32,9 @@ void photographAttention(Photographer &photographer, Studio &studio);
 /// What no demonstration holds, but a user's library may: very long names, other scripts, many files.
 void photographContent(Photographer &photographer);
 
+/// A confirmation that offers to take the action back, and then to bring it back.
+void photographUndo(const Photographer &photographer, Studio &studio);
+
 /// What comes over any screen when an operation fails.
 void photographError(Photographer &photographer, Studio &studio);
 

@@ -18,6 +18,20 @@ void photographEmptyDestinations(Photographer &photographer, Studio &studio)
     model.setSelectedDestination(Destination::library);
 }
 
+void photographUndo(const Photographer &photographer, Studio &studio)
+{
+    AppModel &model = studio.model();
+    model.moveSkillsToTrash({model.overview()->skills.at(0).id});
+    studio.settle();
+    Studio::rest();
+    photographer.take(u"library-undo"_s);
+    model.undo();
+    studio.settle();
+    Studio::rest();
+    photographer.take(u"library-redo"_s);
+    studio.quieten();
+}
+
 void photographError(Photographer &photographer, Studio &studio)
 {
     studio.model().restore(QUuid::createUuid());

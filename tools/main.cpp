@@ -59,6 +59,7 @@ void photographShell(Photographer &photographer, Studio &studio)
 {
     photographEmptyDestinations(photographer, studio);
     sortSkills(studio);
+    photographUndo(photographer, studio);
     createSkill(studio);
     photographEditor(photographer, studio);
     loseCopy(studio);

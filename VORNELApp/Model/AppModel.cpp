@@ -31,6 +31,7 @@ AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::pa
       m_workspaceURL(std::move(workspaceURL)),
       m_claudeRoot(std::move(claudeRoot)),
       m_codexRoot(std::move(codexRoot)),
+      m_operations(*m_service),
       m_library(m_service, m_operations),
       m_liveReading(std::move(watch), m_library, m_operations),
       m_startUp(m_service, m_operations, m_library, std::move(defaults)),
@@ -79,6 +80,7 @@ void AppModel::forwardChanges()
     connect(&m_operations, &Operations::isSynchronizationIncompleteChanged, this,
             &AppModel::isSynchronizationIncompleteChanged);
     connect(&m_operations, &Operations::confirmationChanged, this, &AppModel::transientMessageChanged);
+    connect(&m_operations, &Operations::undoableStepChanged, this, &AppModel::undoableStepChanged);
     connect(&m_operations, &Operations::confirmed, this, &AppModel::confirmed);
 }
 
@@ -160,6 +162,18 @@ QVariant AppModel::overviewValue() const
 QVariant AppModel::importPlanValue() const
 {
     return optionalValue(importPlan());
+}
+
+/// Empty where the confirmation is about nothing that can be taken back.
+QString AppModel::transientStepName() const
+{
+    const QUuid &step = m_operations.confirmedStep();
+    return step.isNull() ? QString() : step.toString();
+}
+
+QString AppModel::undoableStepName() const
+{
+    return undoableStep() ? undoableStep()->id.toString() : QString();
 }
 
 QVariant AppModel::selectedDestinationValue() const

@@ -48,6 +48,9 @@ class AppModel : public QObject
     Q_PROPERTY(bool isSynchronizationIncomplete READ isSynchronizationIncomplete NOTIFY
                    isSynchronizationIncompleteChanged)
     Q_PROPERTY(QString transientMessage READ transientMessage NOTIFY transientMessageChanged)
+    Q_PROPERTY(QString transientStep READ transientStepName NOTIFY confirmed)
+    Q_PROPERTY(QString undoableStep READ undoableStepName NOTIFY undoableStepChanged)
+    Q_PROPERTY(bool isRedoable READ isRedoable NOTIFY undoableStepChanged)
     Q_PROPERTY(bool canCommitImport READ canCommitImport NOTIFY canCommitImportChanged)
     Q_PROPERTY(int needsAttentionCount READ needsAttentionCount NOTIFY overviewChanged)
     Q_PROPERTY(qreal commitProgress READ commitProgress NOTIFY commitProgressChanged)
@@ -106,6 +109,10 @@ public:
 
     /// A short confirmation in capitals; empty without one. Whoever shows it clears it.
     const QString &transientMessage() const { return m_operations.confirmation(); }
+
+    /// What `undo` or, where it has itself taken something back, `redo` would take back.
+    const std::optional<UndoStep> &undoableStep() const { return m_operations.undoableStep(); }
+    bool isRedoable() const { return undoableStep() && undoableStep()->isUndo; }
 
     /// Whether there is a plan without an open collision, and no operation runs.
     bool canCommitImport() const { return m_canCommitImport; }
@@ -205,6 +212,10 @@ public:
     Q_INVOKABLE void commitImport();
     Q_INVOKABLE void reload();
 
+    /// Takes the last action back, unless it has itself taken one back; or else brings that one back.
+    Q_INVOKABLE void undo();
+    Q_INVOKABLE void redo();
+
     /// Loads a skill to show it; a null identifier closes the one shown.
     Q_INVOKABLE void selectSkill(QUuid id) { m_selectedSkill.select(id); }
     Q_INVOKABLE void closeSkill() { selectSkill({}); }
@@ -257,6 +268,7 @@ Q_SIGNALS:
     void errorMessageChanged();
     void isSynchronizationIncompleteChanged();
     void transientMessageChanged();
+    void undoableStepChanged();
     void canCommitImportChanged();
     void commitProgressChanged();
     void isBusyChanged();
@@ -276,10 +288,14 @@ private:
     void followImport();
     void runBatch(std::function<QCoro::Task<>()> run);
     void concludeBatch();
+    void takeBack(const QString &confirmation);
+    QCoro::Task<> followSelected();
     void keepBatchFailures();
 
     QVariant overviewValue() const;
     QVariant importPlanValue() const;
+    QString transientStepName() const;
+    QString undoableStepName() const;
     QVariant selectedDestinationValue() const;
     void setSelectedDestinationValue(const QVariant &destination);
     QVariant selectedSkillValue() const;

@@ -154,6 +154,38 @@ void AppModel::moveSkillsToTrash(QSet<QUuid> ids)
     });
 }
 
+void AppModel::undo()
+{
+    if (undoableStep() && !isRedoable())
+        takeBack(u"ANNULÉ"_s);
+}
+
+void AppModel::redo()
+{
+    if (isRedoable())
+        takeBack(u"RÉTABLI"_s);
+}
+
+void AppModel::takeBack(const QString &confirmation)
+{
+    if (isWorking())
+        return;
+    m_operations.perform([this, step = undoableStep()->id, confirmation]() -> QCoro::Task<> {
+        m_library.show(co_await m_service->undo(step));
+        co_await followSelected();
+        m_operations.confirm(confirmation);
+    });
+}
+
+/// Unsaved edits stay, as those of a skill that has moved on or gone.
+QCoro::Task<> AppModel::followSelected()
+{
+    if (m_library.skill(selectedSkillID()))
+        co_await m_selectedSkill.read(selectedSkillID());
+    else if (!m_openSkill.draft()->isModified())
+        closeSkill();
+}
+
 void AppModel::restore(QUuid id)
 {
     m_operations.perform([this, id]() -> QCoro::Task<> {

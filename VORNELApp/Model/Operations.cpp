@@ -30,6 +30,10 @@ void Operations::dismiss(const Outcome &failure)
 
 void Operations::confirm(const QString &text)
 {
+    const std::optional<UndoStep> former = m_undoableStep;
+    followStep();
+    const bool isUndoable = m_undoableStep && m_undoableStep != former;
+    m_confirmedStep = isUndoable ? m_undoableStep->id : QUuid();
     if (std::exchange(m_confirmation, text) != text)
         Q_EMIT confirmationChanged();
     Q_EMIT confirmed();
@@ -39,6 +43,13 @@ void Operations::clearConfirmation()
 {
     if (!std::exchange(m_confirmation, QString()).isEmpty())
         Q_EMIT confirmationChanged();
+}
+
+void Operations::followStep()
+{
+    const std::optional<UndoStep> step = m_undoing.undoableStep();
+    if (std::exchange(m_undoableStep, step) != step)
+        Q_EMIT undoableStepChanged();
 }
 
 void Operations::wait() const

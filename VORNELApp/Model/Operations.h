@@ -2,6 +2,8 @@
 
 #include "Outcome.h"
 
+#include <VORNELCore/Services/Undoing.h>
+
 #include <QCoro/QCoroTask>
 #include <QObject>
 
@@ -9,7 +11,8 @@
 
 namespace vornel {
 
-/// The operations that run, how the last action failed, and what the last one confirmed.
+/// The operations that run, how the last action failed, what the last one confirmed, and which one can be
+/// taken back.
 class Operations : public QObject
 {
     Q_OBJECT
@@ -27,7 +30,7 @@ public:
         Operations &m_operations;
     };
 
-    using QObject::QObject;
+    explicit Operations(const Undoing &undoing) : m_undoing(undoing) {}
 
     /// Whether any operation runs.
     bool isBusy() const { return m_count > 0; }
@@ -44,6 +47,12 @@ public:
     /// A short confirmation in capitals; empty without one.
     const QString &confirmation() const { return m_confirmation; }
 
+    /// The action that can be taken back, if the confirmation is about one; null otherwise.
+    const QUuid &confirmedStep() const { return m_confirmedStep; }
+
+    /// The action that can be taken back now.
+    const std::optional<UndoStep> &undoableStep() const { return m_undoableStep; }
+
     /// Runs an action, which returns a task: working while it does, and its failure shown.
     template <typename Action>
     QCoro::Task<Outcome> perform(Action action)
@@ -57,6 +66,7 @@ public:
         } catch (const std::exception &error) {
             outcome = fail(error);
         }
+        followStep();
         setWorking(false);
         co_return outcome;
     }
@@ -82,16 +92,21 @@ Q_SIGNALS:
     void errorMessageChanged();
     void isSynchronizationIncompleteChanged();
     void confirmationChanged();
+    void undoableStepChanged();
     void confirmed();
 
 private:
     void count(int change);
     void setWorking(bool isWorking);
+    void followStep();
 
+    const Undoing &m_undoing;
     int m_count = 0;
     bool m_isWorking = false;
     Outcome m_failure;
     QString m_confirmation;
+    QUuid m_confirmedStep;
+    std::optional<UndoStep> m_undoableStep;
 };
 
 } // namespace vornel

@@ -4,24 +4,33 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** What has just succeeded, each confirmation for 1.8 seconds from when it came, the newest last. There is room for two. */
+/**
+ * What has just succeeded, the newest last: each confirmation for 1.8 seconds from when it came, or for 6 with an offer to
+ * take it back, and as long as that is held. There is room for two, of which the last may have an offer.
+ */
 Item {
     id: confirmations
 
     required property AppModel model
 
     readonly property int duration: 1800
+    readonly property int offerDuration: 6000
+
+    /** The user turns away from an offer that has the keyboard. */
+    signal decided
 
     function show(): void {
-        messages.append({ message: model.transientMessage });
+        messages.append({ message: model.transientMessage, step: model.transientStep, isRedo: model.isRedoable });
     }
-    function retire(): void {
-        messages.remove(0);
+    function retire(index: int): void {
+        if (index < 0) // it is on its way out
+            return;
+        messages.remove(index);
         if (messages.count === 0)
             model.clearTransientMessage();
     }
 
-    implicitHeight: 2 * Metrics.controlHeight + Metrics.small
+    implicitHeight: 3 * Metrics.controlHeight + 2 * Metrics.small
     Component.onCompleted: {
         if (model.transientMessage !== "")
             show();
@@ -62,14 +71,33 @@ Item {
         delegate: CapsuleMessage {
             id: capsule
 
+            required property int index
             required property string message
+            required property string step
 
+            required property bool isRedo
+
+            /** Any other action ends the offer, and taking it does. */
+            readonly property bool isOffer: step !== "" && step === confirmations.model.undoableStep
+
+            action: step === "" ? "" : isRedo ? "Rétablir" : "Annuler"
+            actionName: isRedo ? "Rétablir la dernière action (Ctrl+Y)" : "Annuler la dernière action (Ctrl+Z)"
+            actionSymbol: isRedo ? "rotate-cw" : "undo-2"
+            enabled: isOffer && !confirmations.model.isWorking
             text: message
 
+            Keys.onEscapePressed: confirmations.decided()
+            onActionAsked: {
+                if (hasKeyboard)
+                    confirmations.decided();
+                isRedo ? confirmations.model.redo() : confirmations.model.undo();
+            }
+            onIsOfferChanged: if (!isOffer) confirmations.retire(index)
+
             Timer {
-                interval: confirmations.duration
-                running: true
-                onTriggered: confirmations.retire()
+                interval: capsule.isOffer ? confirmations.offerDuration : confirmations.duration
+                running: !capsule.isOffer || !(capsule.isHovered || capsule.hasKeyboard)
+                onTriggered: confirmations.retire(capsule.index)
             }
         }
         displaced: Transition {

@@ -45,6 +45,14 @@ FocusScope {
         onActivated: if (!shell.model.isWorking) shell.model.reload()
     }
     Shortcut {
+        sequence: "Ctrl+Z" // in a text, it is the text's
+        onActivated: shell.model.undo()
+    }
+    Shortcut {
+        sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
+        onActivated: shell.model.redo()
+    }
+    Shortcut {
         sequence: "Ctrl+N"
         onActivated: shell.create()
     }
@@ -225,5 +233,6 @@ FocusScope {
         y: Math.min(sidebar.statusTop, shell.Window.height) - height - Metrics.large
         z: (T.Overlay.overlay?.z ?? 0) + 1 // sheets don't hide it
         model: shell.model
+        onDecided: content.takeKeyboard()
     }
 }

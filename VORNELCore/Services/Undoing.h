@@ -17,7 +17,8 @@ public:
     virtual ~Undoing() = default;
 
     /// What `undo` would take back; nothing where there is no such operation, or it left nothing to undo.
-    virtual QFuture<std::optional<UndoStep>> undoableStep() = 0;
+    /// Waits for nothing: an operation that has ended is in it.
+    virtual std::optional<UndoStep> undoableStep() const = 0;
 
     /// Brings back what that step has changed: contents and categories by new revisions, skills from the
     /// trash or into it, and copies that had content of their own. So nothing that was written is lost, and

@@ -6,7 +6,7 @@
 #include <VORNELInfrastructure/Adoption/ComposedRevision.h>
 #include <VORNELInfrastructure/Categories/CategoryCatalog.h>
 #include <VORNELInfrastructure/Categories/CategoryEditing.h>
-#include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
 #include <VORNELInfrastructure/Targets/TargetFolder.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
@@ -124,17 +124,13 @@ UndoRun::Return UndoRun::returnOf(const SkillRecord &skill, const SkillChange &c
 
 FileTreeSnapshot UndoRun::kept(const SkillRecord &skill, const std::string &digest) const
 {
-    const fs::path history = m_workspace.config.historyOf(skill.manifest.id);
-    std::vector<FolderEntry> entries;
-    bestEffort([&] { entries = m_workspace.files.list(m_workspace.files.openFolder(history)); });
-    for (const FolderEntry &entry : entries) {
-        std::optional<FileTreeSnapshot> content;
-        bestEffort([&] {
-            content = SecureFileTree::snapshot(m_workspace.files, history / entry.name,
-                                               TreeFilter::excludingManifest);
-        });
-        if (content && content->digest == digest)
-            return *content;
+    const QUuid &id = skill.manifest.id;
+    const SkillHistory history(m_workspace);
+    for (const KeptVersion &version : history.versions(id)) {
+        if (history.contentOf(id, version.entry) == digest)
+            return SecureFileTree::snapshot(m_workspace.files,
+                                            m_workspace.config.historyOf(id) / version.entry,
+                                            TreeFilter::excludingManifest);
     }
     refuse(
         u"L’historique de «\u00A0%1\u00A0» n’a plus ce qui a été remplacé"_s.arg(skill.manifest.displayName));

@@ -367,23 +367,15 @@ QFuture<HistoryExtent> LocalWorkspaceService::prune(HistoryPruning pruning)
                    [=](const Workspace &workspace) { return HistoryExtents(workspace).prune(pruning); });
 }
 
-QFuture<std::optional<UndoStep>> LocalWorkspaceService::undoableStep()
-{
-    using Step = std::optional<UndoStep>;
-    return m_executor.submit<Step>([this](QPromise<Step> &) { return m_undo.step(); });
-}
-
 QFuture<WorkspaceOverview> LocalWorkspaceService::undo(QUuid step)
 {
     return m_executor.submit<WorkspaceOverview>([this, step](QPromise<WorkspaceOverview> &) {
-        const UndoRecording changes = m_undo.changesOf(step);
-        const bool isUndo = !m_undo.step()->isUndo;
-        return runUndoable(
-            [&](const Workspace &workspace) {
-                UndoRun(workspace, changes).run();
-                return overview(workspace);
-            },
-            isUndo);
+        const auto [former, changes] = m_undo.last(step);
+        const auto takeBack = [&, &changes = changes](const Workspace &workspace) {
+            UndoRun(workspace, changes).run();
+            return overview(workspace);
+        };
+        return runUndoable(takeBack, !former.isUndo);
     });
 }
 

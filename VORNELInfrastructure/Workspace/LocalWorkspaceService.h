@@ -71,7 +71,7 @@ public:
     QFuture<SkillDetail> revert(QUuid id, qint64 expectedRevision, QString entry, QStringList paths) override;
     QFuture<HistoryExtent> historyExtent() override;
     QFuture<HistoryExtent> prune(HistoryPruning pruning) override;
-    QFuture<std::optional<UndoStep>> undoableStep() override;
+    std::optional<UndoStep> undoableStep() const override { return m_undo.step(); }
     QFuture<WorkspaceOverview> undo(QUuid step) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
 

@@ -51,7 +51,7 @@ struct EditedLibrary : TestWorkspace
         return now;
     }
 
-    std::optional<UndoStep> step() const { return service->undoableStep().result(); }
+    std::optional<UndoStep> step() const { return service->undoableStep(); }
     void undo() const { service->undo(step().value().id).waitForFinished(); }
 
     void save() const
@@ -119,6 +119,11 @@ INSTANTIATE_TEST_SUITE_P(
                   [](auto &library) {
                       library.service->synchronize(library.demo).waitForFinished();
                       library.write("workspace/skills/demo/SKILL.md", "by hand once more");
+                  }},
+        Operation{"revert",
+                  [](auto &library) {
+                      const QString first = library.service->history(library.demo).result().last().entry;
+                      library.service->revert(library.demo, 1, first, {}).waitForFinished();
                   }},
         Operation{"synchronize",
                   [](auto &library) { library.service->synchronize(library.demo).waitForFinished(); }},
@@ -225,6 +230,8 @@ TEST(Undoing, RemembersTheLastOperationAlone)
 TEST(Undoing, TakesBackWhatWasDoneBeforeAFailure)
 {
     EditedLibrary library;
+    library.service = std::make_unique<LocalWorkspaceService>(library.manager, FailureScope::Skill);
+    library.bootstrap();
     const Standing before = library.standing();
     fs::create_symlink("nowhere", library.path("claude/demo/link"));
     EXPECT_EQ(errorOf([&] { library.save(); }), Error::partialSync({TargetKind::claude}));

@@ -71,6 +71,14 @@ void synchronize(Service &service)
     }
 }
 
+/// What was replaced is put back.
+void undoSynchronize(Service &service)
+{
+    synchronize(service);
+    if (const std::optional<UndoStep> step = service.undoableStep())
+        service.undo(step->id).result();
+}
+
 void setAside(Service &service)
 {
     service.setAside(*activeIDs(service, {u"demo"_s}).cbegin(), TargetKind::codex).result();
@@ -212,6 +220,7 @@ std::vector<Scenario> allScenarios()
          [](Service &service) { service.reload().result(); },
          {u"list"_s},
          std::nullopt},
+        {"undoSynchronize", buildEditedLibrary, undoSynchronize, {}, std::nullopt, true},
     };
 }
 

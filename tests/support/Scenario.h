@@ -20,7 +20,7 @@ struct Scenario
     std::string name;
     std::function<void(const std::filesystem::path &folder)> build; ///< makes the roots in an empty folder
     std::function<void(LocalWorkspaceService &)> run;               ///< on a service that has started
-    QStringList arguments; ///< of vornelctl, in the folder that holds the roots and "text"
+    QStringList arguments; ///< of vornelctl, in the folder that holds the roots and "text"; none if it can't
     /// The error with which it refuses to be done a second time, if it does.
     std::optional<VORNELWorkspaceError> refusal = {};
     bool takesEdits = false; ///< whether it is about what a synchronisation settles, and comes before one
