@@ -63,7 +63,8 @@ int run(const Invocation &invocation)
     const WorkspaceOverview overview = service.bootstrap(roots.workspace, roots.claude, roots.codex).result();
     return runCommand(
         invocation,
-        {service, service, service, service, service, service, service, service, service, service}, overview);
+        {service, service, service, service, service, service, service, service, service, service, service},
+        overview);
 }
 
 bool isUsageError(const std::exception &error)

@@ -13,15 +13,6 @@ namespace {
 /// The skill's own folder, as it is named beside the assistants.
 constexpr QLatin1StringView library("library");
 
-/// The revision that the skill must be at, if the user has named one.
-std::optional<qint64> expectedRevision(const Session &session)
-{
-    const QString option = u"expect"_s;
-    if (!session.invocation.has(option))
-        return std::nullopt;
-    return session.invocation.value(option).toLongLong();
-}
-
 int adopt(const Session &session)
 {
     const Invocation &invocation = session.invocation;

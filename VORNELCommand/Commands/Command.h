@@ -20,6 +20,7 @@ QList<Command> adoptionCommands();
 QList<Command> historyCommands();
 QList<Command> categoryCommands();
 QList<Command> trashCommands();
+QList<Command> recoveryCommands();
 
 /// Prints what differs between the version that is named and another one, or what the library holds now;
 /// returns the exit code.

@@ -13,7 +13,7 @@ const QList<Command> &commands()
 {
     static const QList<Command> all = lookingCommands() + importCommands() + editingCommands() +
                                       syncCommands() + adoptionCommands() + historyCommands() +
-                                      categoryCommands() + trashCommands();
+                                      categoryCommands() + trashCommands() + recoveryCommands();
     return all;
 }
 

@@ -8,6 +8,7 @@
 #include <VORNELCore/Services/HistoryKeeping.h>
 #include <VORNELCore/Services/ImportReviewing.h>
 #include <VORNELCore/Services/NewSkillFinding.h>
+#include <VORNELCore/Services/RecoveryKeeping.h>
 #include <VORNELCore/Services/TargetComparing.h>
 #include <VORNELCore/Services/TrashInspecting.h>
 #include <VORNELCore/Services/WorkspaceServicing.h>
@@ -38,6 +39,7 @@ struct Services
     CopyAdopting &adoptions;
     HistoryKeeping &history;
     CreationReviewing &creations;
+    RecoveryKeeping &recovery;
 };
 
 /// Runs a command on services whose `bootstrap` returned `overview`, prints its result and returns the exit

@@ -34,6 +34,14 @@ QString slugOf(const QUuid &id, const QList<SkillSummary> &skills)
     return found == skills.end() ? uuidText(id) : found->slug;
 }
 
+std::optional<qint64> expectedRevision(const Session &session)
+{
+    const QString option = u"expect"_s;
+    if (!session.invocation.has(option))
+        return std::nullopt;
+    return session.invocation.value(option).toLongLong();
+}
+
 QList<QUuid> activeSkills(const Session &session, const QStringList &typed)
 {
     QList<QUuid> ids;

@@ -45,6 +45,9 @@ QUuid activeSkill(const Session &session, const QString &typed);
 /// The active skills that the user means, in their order and each once.
 QList<QUuid> activeSkills(const Session &session, const QStringList &typed);
 
+/// The revision that the skill must be at, if the user has named one.
+std::optional<qint64> expectedRevision(const Session &session);
+
 /// The slug of one of these skills; of any other, its identifier.
 QString slugOf(const QUuid &id, const QList<SkillSummary> &skills);
 

@@ -92,6 +92,22 @@ QString blockedSection(const ImportPlan &plan)
     return section(u"Bloqué"_s, rows);
 }
 
+/// As much of a name as tells it apart from its neighbours among all of them, and eight characters at least.
+QString shortened(const QString &name, const QStringList &sorted)
+{
+    const auto shared = [&name](const QString &other) {
+        const auto [end, otherEnd] = std::ranges::mismatch(name, other);
+        return end - name.begin();
+    };
+    qsizetype length = 8;
+    const qsizetype index = sorted.indexOf(name);
+    for (const qsizetype neighbour : {index - 1, index + 1}) {
+        if (neighbour >= 0 && neighbour < sorted.size())
+            length = std::max<qsizetype>(length, shared(sorted.at(neighbour)) + 1);
+    }
+    return name.left(length);
+}
+
 } // namespace
 
 QString overview(const WorkspaceOverview &overview, const SkillDrift &drift)
@@ -264,6 +280,25 @@ QString trash(const WorkspaceOverview &overview, const QHash<QUuid, QDateTime> &
         rows.append(
             {{u""_s}, {skill.slug}, {skill.displayName}, {localDate(dates.value(skill.id)), Colour::Muted}});
     return section(u"Corbeille"_s, rows);
+}
+
+QString setAsideCopies(const QList<SetAsideCopy> &copies)
+{
+    QStringList ids;
+    for (const SetAsideCopy &copy : copies)
+        ids.append(copy.id);
+    ids.sort();
+    QList<QList<Cell>> rows;
+    for (const SetAsideCopy &copy : copies) {
+        rows.append({{shortened(copy.id, ids)},
+                     {copy.slug},
+                     {copy.originText()},
+                     {localDate(copy.date), Colour::Muted},
+                     {copy.contentText()}});
+        if (!copy.reason.isEmpty())
+            rows.append({{}, {copy.reason, Colour::Warning}});
+    }
+    return rows.isEmpty() ? u"Aucune copie mise de côté\n"_s : Terminal::table(rows);
 }
 
 } // namespace vornel::Report

@@ -5,6 +5,7 @@
 #include <VORNELCore/Records/CopyInspection.h>
 #include <VORNELCore/Records/ImportModels.h>
 #include <VORNELCore/Records/NewSkill.h>
+#include <VORNELCore/Records/SetAsideCopy.h>
 #include <VORNELCore/Records/TargetComparison.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
@@ -58,5 +59,8 @@ QString categories(const WorkspaceOverview &overview);
 
 /// The skills in the trash, with the time at which each came there, if `dates` has it.
 QString trash(const WorkspaceOverview &overview, const QHash<QUuid, QDateTime> &dates);
+
+/// What lies in the recovery folder, a row for each, with as much of its name as tells it apart.
+QString setAsideCopies(const QList<SetAsideCopy> &copies);
 
 } // namespace vornel::Report

@@ -6,6 +6,7 @@
 #include "HistoryKeeping.h"
 #include "ImportReviewing.h"
 #include "NewSkillFinding.h"
+#include "RecoveryKeeping.h"
 #include "TargetComparing.h"
 #include "TrashInspecting.h"
 #include "Undoing.h"
@@ -23,7 +24,8 @@ class WindowServicing : public WorkspaceServicing,
                         public CopyRepairing,
                         public CopyAdopting,
                         public HistoryKeeping,
-                        public Undoing
+                        public Undoing,
+                        public RecoveryKeeping
 {};
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
+#include <VORNELInfrastructure/Recovery/SetAsideName.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
@@ -161,16 +162,20 @@ bool SkillHistory::wasMerged(const QUuid &id, VersionOrigin origin, const std::s
     return anyHolds(id, merged, TreeFilter::excludingManifest, digest);
 }
 
-void SkillHistory::remove(const QUuid &id) const
+void SkillHistory::remove(const QUuid &id, const fs::path &skillURL) const
 {
     const fs::path history = m_config.historyOf(id);
     if (!m_files.kindAt(history))
         return;
+    const SkillFolderStore store(m_files, m_config);
+    QString slug;
+    bestEffort([&] { slug = store.readManifest(skillURL).slug; });
     for (const std::string &name : namesIn(m_files, history)) {
         if (isOfReplaced(name))
-            moveTree(m_files, history / name, m_config.recovery() / name);
+            moveTree(m_files, history / name,
+                     m_config.recovery() / pathFromText(nameOfReplaced(QString::fromStdString(name), slug)));
     }
-    SkillFolderStore(m_files, m_config).discard(history);
+    store.discard(history);
 }
 
 } // namespace vornel

@@ -69,9 +69,10 @@ public:
     bool wasMerged(const QUuid &id, VersionOrigin origin, const std::string &result,
                    const std::string &digest) const;
 
-    /// Deletes the history, if any, of a skill that is deleted for good. The folders that were replaced go to
-    /// the recovery folder: they may hold others' work, or hidden files, which nobody has asked to delete.
-    void remove(const QUuid &id) const;
+    /// Deletes the history, if any, of a skill that is deleted for good and stands in `skillURL` meanwhile.
+    /// The folders that were replaced go to the recovery folder, with its slug in their names: they may hold
+    /// others' work, or hidden files, which nobody has asked to delete.
+    void remove(const QUuid &id, const std::filesystem::path &skillURL) const;
 
 private:
     bool anyHolds(const QUuid &id, const std::vector<KeptVersion> &versions, TreeFilter filter,

@@ -48,13 +48,20 @@ SkillManifest SkillAuthoring::newManifest(const CreateSkillRequest &request) con
 
 SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
 {
-    const SkillRecord skill{newManifest(request), m_workspace.config.canonical(request.slug)};
+    const SkillManifest manifest = newManifest(request);
+    return add(manifest, [&](const fs::path &stage) {
+        createFolders(m_workspace.files, stage, Durability::Later);
+        m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(manifest)), stage);
+    });
+}
 
+SkillDetail SkillAuthoring::add(const SkillManifest &manifest,
+                                const std::function<void(const fs::path &)> &make) const
+{
+    const SkillRecord skill{manifest, m_workspace.config.canonical(manifest.slug)};
     StagedFolder folder{m_store.makeStage(), {.path = skill.folder}};
-    const fs::path &stage = folder.stage.path();
-    createFolders(m_workspace.files, stage, Durability::Later);
-    m_store.writeSkillMD(request.skillMD.value_or(SkillText::defaultSkillMD(skill.manifest)), stage);
-    m_store.writeManifest(skill.manifest, stage, Durability::Later);
+    make(folder.stage.path());
+    m_store.writeManifest(manifest, folder.stage.path(), Durability::Later);
     commit(m_workspace.files, folder);
 
     SkillHistory(m_workspace).add(skill.manifest, skill.folder);

@@ -21,6 +21,12 @@ public:
     SkillManifest newManifest(const CreateSkillRequest &request) const;
 
     SkillDetail create(const CreateSkillRequest &request) const;
+
+    /// Adds a skill with a manifest of `newManifest`, and installs it. `make` makes the folder, all but the
+    /// manifest, at the path that it is given.
+    SkillDetail add(const SkillManifest &manifest,
+                    const std::function<void(const std::filesystem::path &)> &make) const;
+
     SkillDetail load(const QUuid &id) const;
 
     /// The active skill; throws `revisionConflict` when it isn't at the expected revision.

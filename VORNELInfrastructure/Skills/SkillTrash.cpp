@@ -144,7 +144,7 @@ void SkillTrash::remove(const QUuid &id) const
     const fs::path condemned = config.staging() / pathFromText(uuidText(id));
     moveTree(m_workspace.files, config.trashed(id), condemned);
     TrashMoments(m_workspace).forget(id);
-    SkillHistory(m_workspace).remove(id);
+    SkillHistory(m_workspace).remove(id, condemned);
     removeTree(m_workspace.files, condemned);
 }
 

@@ -12,10 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-namespace {
-
-/// Why something of this kind is never replaced; empty for a folder, which may be.
-QString refusalOf(FileKind kind)
+QString refusalOfKind(FileKind kind)
 {
     switch (kind) {
     case FileKind::Directory:
@@ -29,6 +26,8 @@ QString refusalOf(FileKind kind)
     }
     return u"Ce n’est pas un dossier."_s;
 }
+
+namespace {
 
 /// Whether a restoration would install just what stands there: then it leaves the folder alone.
 bool holdsRestoredSkill(const Workspace &workspace, const TargetPlace &place, const FileTreeSnapshot &content)
@@ -59,7 +58,7 @@ std::optional<TargetOccupant> occupantOf(const Workspace &workspace, const Targe
         return std::nullopt;
     TargetOccupant occupant{place.target, place.slug,
                             workspace.config.target(place.target) / pathFromText(place.slug)};
-    occupant.refusal = refusalOf(*kind);
+    occupant.refusal = refusalOfKind(*kind);
     if (occupant.refusal.isEmpty()) {
         try {
             const auto content = folder.snapshot(name);

@@ -47,21 +47,37 @@ QList<SkillRecord> canonicalBackups(const Workspace &workspace)
     return backups;
 }
 
+FileTreeSnapshot wholeContent(const Workspace &workspace, const SkillRecord &backup)
+{
+    return SecureFileTree::snapshot(workspace.files, backup.folder, TreeFilter::all);
+}
+
 /// Once the folder has been replaced and the history holds the former revision, its backup is of no use. It
 /// stays where another skill stands in its place: then it may be the only copy of its own skill.
-void discardIfReplaced(const Workspace &workspace, const SkillRecord &backup, const fs::path &canonical)
+bool isReplaced(const Workspace &workspace, const SkillRecord &backup, const FileTreeSnapshot &content)
 {
-    const SkillFolderStore store(workspace);
-    const auto content = SecureFileTree::snapshot(workspace.files, backup.folder, TreeFilter::all);
-    const SkillHistory history(workspace);
-    if (store.readManifest(canonical).id != backup.manifest.id ||
-        !history.holdsRevision(backup.manifest, content))
+    const fs::path canonical = workspace.config.canonical(backup.manifest.slug);
+    return SkillFolderStore(workspace).readManifest(canonical).id == backup.manifest.id &&
+           SkillHistory(workspace).holdsRevision(backup.manifest, content);
+}
+
+void discardIfReplaced(const Workspace &workspace, const SkillRecord &backup)
+{
+    const FileTreeSnapshot content = wholeContent(workspace, backup);
+    if (!isReplaced(workspace, backup, content))
         return;
     if (content.isWhole)
-        store.discard(backup.folder);
+        SkillFolderStore(workspace).discard(backup.folder);
     else
         moveTree(workspace.files, backup.folder,
-                 history.placeForReplaced(backup.manifest, VersionOrigin::library));
+                 SkillHistory(workspace).placeForReplaced(backup.manifest, VersionOrigin::library));
+}
+
+/// Whether a backup has no folder in its place, and is no skill of the trash.
+bool isMissing(const Workspace &workspace, const SkillManifest &backup)
+{
+    return !workspace.files.kindAt(workspace.config.canonical(backup.slug)) &&
+           !workspace.files.kindAt(workspace.config.trashed(backup.id));
 }
 
 bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)
@@ -78,7 +94,7 @@ void finishDeletion(const Workspace &workspace, const std::string &stage)
     if (!id)
         return;
     if (workspace.files.kindAt(workspace.config.historyOf(*id)) && !isInLibraryOrTrash(workspace, *id))
-        SkillHistory(workspace).remove(*id);
+        SkillHistory(workspace).remove(*id, workspace.config.staging() / stage);
 }
 
 void removeAbandonedStages(const Workspace &workspace)
@@ -106,11 +122,24 @@ void restoreBackups(const Workspace &workspace)
 {
     for (const SkillRecord &backup : canonicalBackups(workspace)) {
         const fs::path canonical = workspace.config.canonical(backup.manifest.slug);
-        if (workspace.files.kindAt(canonical))
-            bestEffort([&] { discardIfReplaced(workspace, backup, canonical); });
-        else if (!workspace.files.kindAt(workspace.config.trashed(backup.manifest.id)))
+        if (isMissing(workspace, backup.manifest))
             moveTree(workspace.files, backup.folder, canonical);
+        else
+            bestEffort([&] { discardIfReplaced(workspace, backup); });
     }
+}
+
+std::set<std::string> backupsToSettle(const Workspace &workspace)
+{
+    std::set<std::string> names;
+    for (const SkillRecord &backup : canonicalBackups(workspace)) {
+        bestEffort([&] {
+            if (isMissing(workspace, backup.manifest) ||
+                isReplaced(workspace, backup, wholeContent(workspace, backup)))
+                names.insert(backup.folder.filename());
+        });
+    }
+    return names;
 }
 
 bool needsRecovery(const Workspace &workspace)

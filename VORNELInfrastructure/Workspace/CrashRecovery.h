@@ -2,6 +2,9 @@
 
 #include "Workspace.h"
 
+#include <set>
+#include <string>
+
 namespace vornel {
 
 /// Puts right what an interrupted operation left: a skill whose replacement was cut short comes back from the
@@ -12,6 +15,9 @@ void recoverFromCrash(const Workspace &workspace);
 /// Only brings back skills whose replacement was cut short. This is repeated before every change, as another
 /// program may have been interrupted since the start.
 void restoreBackups(const Workspace &workspace);
+
+/// The names in the recovery folder with which `restoreBackups` has something to do.
+std::set<std::string> backupsToSettle(const Workspace &workspace);
 
 /// Whether there is anything to put right.
 bool needsRecovery(const Workspace &workspace);

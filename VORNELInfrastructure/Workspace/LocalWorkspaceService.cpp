@@ -12,6 +12,7 @@
 #include <VORNELInfrastructure/History/HistoryExtents.h>
 #include <VORNELInfrastructure/History/VersionInspector.h>
 #include <VORNELInfrastructure/Import/NewSkills.h>
+#include <VORNELInfrastructure/Recovery/SetAsideRestore.h>
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
 #include <VORNELInfrastructure/Targets/CopyInspector.h>
@@ -424,6 +425,48 @@ QFuture<QHash<QUuid, QDateTime>> LocalWorkspaceService::trashDates()
 {
     return perform(LockMode::Shared,
                    [](const Workspace &workspace) { return SkillTrash(workspace).dates(); });
+}
+
+QFuture<QList<SetAsideCopy>> LocalWorkspaceService::setAsideCopies()
+{
+    return perform(LockMode::Shared,
+                   [](const Workspace &workspace) { return RecoveryFolder(workspace).list(); });
+}
+
+QFuture<HistoryComparison> LocalWorkspaceService::compareSetAside(QString id)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return RecoveryFolder(workspace).compare(id); });
+}
+
+QFuture<std::optional<QByteArray>> LocalWorkspaceService::readSetAsideFile(QString id, QString relativePath)
+{
+    return perform(LockMode::Shared, [=](const Workspace &workspace) {
+        return RecoveryFolder(workspace).readFile(id, relativePath);
+    });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::restoreAsSkill(QString id, QString slug)
+{
+    return perform(LockMode::Exclusive,
+                   [=](const Workspace &workspace) { return SetAsideRestore(workspace).asSkill(id, slug); });
+}
+
+QFuture<SkillDetail> LocalWorkspaceService::restoreAsRevision(QString id, QUuid skill,
+                                                              std::optional<qint64> expectedRevision)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return SetAsideRestore(workspace).asRevision(id, skill, expectedRevision);
+    });
+}
+
+QFuture<QList<SetAsideCopy>> LocalWorkspaceService::deleteSetAside(QStringList ids)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        const RecoveryFolder recovery(workspace);
+        recovery.remove(ids);
+        return recovery.list();
+    });
 }
 
 } // namespace vornel

@@ -73,6 +73,13 @@ public:
     QFuture<HistoryExtent> prune(HistoryPruning pruning) override;
     std::optional<UndoStep> undoableStep() const override { return m_undo.step(); }
     QFuture<WorkspaceOverview> undo(QUuid step) override;
+    QFuture<QList<SetAsideCopy>> setAsideCopies() override;
+    QFuture<HistoryComparison> compareSetAside(QString id) override;
+    QFuture<std::optional<QByteArray>> readSetAsideFile(QString id, QString relativePath) override;
+    QFuture<SkillDetail> restoreAsSkill(QString id, QString slug) override;
+    QFuture<SkillDetail> restoreAsRevision(QString id, QUuid skill,
+                                           std::optional<qint64> expectedRevision) override;
+    QFuture<QList<SetAsideCopy>> deleteSetAside(QStringList ids) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
 
 private:

@@ -58,6 +58,14 @@ _vornelctl_folders() {
     done
 }
 
+# The names of what was set aside.
+_vornelctl_recovery() {
+    local entry
+    for entry in "$1"/*; do
+        [[ -e $entry || -L $entry ]] && printf '%s\n' "${entry##*/}"
+    done
+}
+
 # The values of a key in JSON files of the workspace, which have one key a line.
 _vornelctl_values() {
     local key=$1
@@ -104,8 +112,9 @@ _vornelctl_candidates() {
     local workspace
     workspace=$(_vornelctl_workspace)
     case $1:$command in
-        SKILL*:*\ restore | SKILL*:*\ delete) _vornelctl_values slug "$workspace"/.vornel/trash/*/vornel.json ;;
+        SKILL*:vornelctl\ restore | SKILL*:vornelctl\ delete) _vornelctl_values slug "$workspace"/.vornel/trash/*/vornel.json ;;
         SKILL*) _vornelctl_folders "$workspace/skills" ;;
+        ID*) _vornelctl_recovery "$workspace/.vornel/recovery" ;;
         CATÉGORIE*) _vornelctl_values id "$workspace/.vornel/categories.json" ;;
         VERSION*) _vornelctl_versions "$workspace" ;;
         *=*) ;;

@@ -351,5 +351,44 @@ TEST_F(Vornelctl, SaysThatAStreamIsClosed)
     EXPECT_EQ(run("create x --name X", {}, STDERR_FILENO).code, 0);
 }
 
+TEST_F(Vornelctl, BringsBackWhatWasSetAside)
+{
+    EXPECT_EQ(run("create demo --name Démo").code, 0);
+    EXPECT_EQ(run("recovery list").output, QByteArray("Aucune copie mise de côté\n"));
+    const std::string recovery = "ws/.vornel/recovery/";
+    for (const char *name : {"AAAAAAAA-0000-4000-8000-000000000001-removed-claude-demo",
+                             "AAAAAAAA-0000-4000-8000-000000000002-codex-demo", "replaced-codex-odd"})
+        write(recovery + name + "/SKILL.md", "retrouvé");
+    write(recovery + "file", "x");
+
+    const QJsonArray listed = run("recovery list --json").json().array();
+    ASSERT_EQ(listed.size(), 4);
+    EXPECT_EQ(listed.first().toObject().keys(), (QStringList{u"date"_s, u"fileCount"_s, u"id"_s, u"origin"_s,
+                                                             u"reason"_s, u"size"_s, u"slug"_s}));
+    const QByteArray table = run("recovery list").output;
+    EXPECT_TRUE(table.contains("AAAAAAAA-0000-4000-8000-000000000001  demo  Claude  20"))
+        << table.constData();
+    EXPECT_TRUE(table.contains("\nreplaced  ") || table.startsWith("replaced  ")) << table.constData();
+    EXPECT_TRUE(table.contains("C’est un fichier.")) << table.constData();
+
+    EXPECT_EQ(run("recovery restore aaaa --json").error()[u"error"], u"copyAmbiguous"_s);
+    EXPECT_EQ(run("recovery restore b --json").error()[u"error"], u"copyNotFound"_s);
+    EXPECT_EQ(run("recovery restore AAAAAAAA-0000-4000-8000-000000000001 --json").error()[u"error"],
+              u"duplicateSlug"_s);
+    for (const char *line : {"recovery restore replaced", "recovery restore replaced --expect 1",
+                             "recovery restore replaced --into demo --slug x", "recovery"})
+        EXPECT_EQ(run(line).code, 64) << line;
+
+    const Result revised =
+        run("recovery restore AAAAAAAA-0000-4000-8000-000000000001 --into demo --expect 1 --json");
+    EXPECT_EQ(revised.json()[u"manifest"][u"revision"], 2);
+    write("codex/autre/notes.txt", "theirs");
+    EXPECT_EQ(run("recovery restore aaaa --slug autre --json").error()[u"error"], u"targetOccupied"_s);
+    EXPECT_EQ(run("recovery restore aaaa --slug autre --replace").output,
+              QByteArray("autre  révision 1  à jour\n"));
+    EXPECT_EQ(run("recovery delete rien file").code, 2);
+    EXPECT_EQ(run("recovery delete replaced file --json").output, QByteArray("[\n]\n"));
+}
+
 } // namespace
 } // namespace vornel

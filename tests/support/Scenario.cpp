@@ -144,6 +144,31 @@ void emptyTrash(Service &service)
     service.emptyTrash().result();
 }
 
+/// Whether this is set aside: not any more, once it was brought back.
+bool isSetAside(Service &service, const QString &id)
+{
+    const QList<SetAsideCopy> copies = service.setAsideCopies().result();
+    return std::ranges::find(copies, id, &SetAsideCopy::id) != copies.end();
+}
+
+void restoreAsSkill(Service &service)
+{
+    if (isSetAside(service, setAsideFound))
+        service.restoreAsSkill(setAsideFound, u"found"_s).result();
+}
+
+void restoreAsRevision(Service &service)
+{
+    const QUuid demo = *activeIDs(service, {u"demo"_s}).cbegin();
+    if (isSetAside(service, setAsideDemo))
+        service.restoreAsRevision(setAsideDemo, demo, 3).result();
+}
+
+void deleteSetAside(Service &service)
+{
+    service.deleteSetAside({setAsideFound, setAsideNotes}).result();
+}
+
 void import(Service &service)
 {
     ImportPlan plan = service.scanImports().result();
@@ -183,6 +208,13 @@ Scenario taking(const char *name, std::function<void(Service &)> run, const char
             true};
 }
 
+/// An operation on what was set aside.
+Scenario recovering(const char *name, std::function<void(Service &)> run, const QString &line,
+                    std::optional<Error> refusal = std::nullopt)
+{
+    return {name, buildSetAsideLibrary, std::move(run), line.split(u' '), std::move(refusal)};
+}
+
 std::vector<Scenario> allScenarios()
 {
     const Error done = Error::skillNotFound({});
@@ -208,6 +240,13 @@ std::vector<Scenario> allScenarios()
         operation("restore", restore, "restore gone --replace", done),
         operation("deletePermanently", deletePermanently, "delete gone", done),
         operation("emptyTrash", emptyTrash, "empty-trash"),
+        recovering("restoreAsSkill", restoreAsSkill, u"recovery restore %1 --replace"_s.arg(setAsideFound),
+                   Error::duplicateSlug(u"found"_s)),
+        recovering("restoreAsRevision", restoreAsRevision,
+                   u"recovery restore %1 --into demo --expect 3"_s.arg(setAsideDemo),
+                   Error::revisionConflict(3, 4)),
+        recovering("deleteSetAside", deleteSetAside,
+                   u"recovery delete %1 %2"_s.arg(setAsideFound, setAsideNotes)),
         operation("ignore", ignore, "ignore --all"),
         operation("import", import, "import --prefer codex --replace"),
         {"firstImport",

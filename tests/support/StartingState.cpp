@@ -118,6 +118,22 @@ void buildEditedLibrary(const fs::path &folder)
     fs::remove(copy / "run.sh");
 }
 
+const QString setAsideFound = u"00000000-0000-4000-8000-000000000001-removed-claude-found"_s;
+const QString setAsideDemo = u"00000000-0000-4000-8000-000000000002-codex-demo"_s;
+const QString setAsideNotes = u"notes"_s;
+
+void buildSetAsideLibrary(const fs::path &folder)
+{
+    buildLibrary(folder);
+    const fs::path recovery = folder / "workspace/.vornel/recovery";
+    for (const QString &copy : {setAsideFound, setAsideDemo}) {
+        writeFile(recovery / pathFromText(copy) / "SKILL.md", "name: Retrouvé");
+        addByHand(recovery / pathFromText(copy));
+    }
+    writeStrangersFolder(recovery / pathFromText(setAsideNotes));
+    writeStrangersFolder(folder / "claude/found");
+}
+
 void buildInterruptedLibrary(const fs::path &folder)
 {
     buildLibrary(folder);

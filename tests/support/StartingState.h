@@ -29,6 +29,13 @@ void buildLibrary(const std::filesystem::path &folder);
 /// The same library, where both assistants have edited "demo": one file in ways that can't be joined.
 void buildEditedLibrary(const std::filesystem::path &folder);
 
+/// The same library, where a copy of "found" and one of "demo" are set aside, with a stranger's folder in the
+/// place of "found", and what is of no skill.
+void buildSetAsideLibrary(const std::filesystem::path &folder);
+extern const QString setAsideFound;
+extern const QString setAsideDemo;
+extern const QString setAsideNotes;
+
 /// The same library as several killed programs left it: in the middle of a swap, at its end, in a permanent
 /// deletion, and while writing a file.
 void buildInterruptedLibrary(const std::filesystem::path &folder);

@@ -1,0 +1,48 @@
+#include "SetAsideName.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Records/SerializedForms.h>
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+/// The slug, unless no skill could have it.
+QString validSlug(const QString &slug)
+try {
+    WorkspaceValidation::validateSlug(slug);
+    return slug;
+} catch (const VORNELWorkspaceError &) {
+    return {};
+}
+
+} // namespace
+
+SetAsideName SetAsideName::of(const QString &name)
+{
+    static const QRegularExpression canonical(uR"(\A[0-9A-F-]{36}-canonical-(.+)\z)"_s);
+    static const QRegularExpression copy(
+        uR"(\A[0-9A-F-]{36}-(?:(?:removed|replaced)-)?(library|claude|codex)-(.+)\z)"_s);
+    static const QRegularExpression entry(uR"(\A(?:replaced|merged)-(library|claude|codex)-)"_s);
+    if (const auto match = canonical.match(name); match.hasMatch())
+        return {validSlug(match.captured(1)), VersionOrigin::library};
+    if (const auto match = copy.match(name); match.hasMatch())
+        return {validSlug(match.captured(2)), fromRawValue<VersionOrigin>(match.captured(1))};
+    if (const auto match = entry.match(name); match.hasMatch())
+        return {{}, fromRawValue<VersionOrigin>(match.captured(1))};
+    return {};
+}
+
+QString nameOfReplaced(const QString &entry, const QString &slug)
+{
+    const QString origin = entry.section(u'-', 1, 1);
+    return validSlug(slug).isEmpty() ? entry
+                                     : uuidText(QUuid::createUuid()) + u"-replaced-"_s + origin + u'-' + slug;
+}
+
+} // namespace vornel
