@@ -62,6 +62,14 @@ void DifferentFileList::setComparison(const TargetComparison &comparison)
     setRows(rows);
 }
 
+void DifferentFileList::setSetAside(const QList<FileDifference> &differences)
+{
+    QList<Row> rows;
+    for (const FileDifference &difference : differences)
+        rows.append({TargetKind::claude, difference, {}, wording(difference.change)});
+    setRows(rows);
+}
+
 void DifferentFileList::setRows(const QList<Row> &rows)
 {
     beginResetModel();

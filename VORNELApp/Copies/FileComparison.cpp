@@ -63,6 +63,15 @@ void FileComparison::compareTargets(const QString &slug, const QString &path)
               comparer.readTargetFile(slug, TargetKind::codex, path));
 }
 
+void FileComparison::compareSetAside(const QString &copy, const QString &path)
+{
+    if (isFolder(path))
+        return showFolder();
+    const auto nothing = [] { return QtFuture::makeReadyFuture(std::optional<QByteArray>()); };
+    begin(m_skillID.isNull() ? nothing() : fileOf(std::nullopt, path),
+          m_model->recovery().readSetAsideFile(copy, path));
+}
+
 void FileComparison::copy(int first, int last) const
 {
     QStringList texts;

@@ -7,8 +7,8 @@
 
 namespace vornel {
 
-/// The lines in which a file of a skill's folder, of an assistant's copy or of a collision, or a text,
-/// differs from another.
+/// The lines in which a file of a skill's folder, of an assistant's copy, of one that was set aside or of a
+/// collision, or a text, differs from another.
 class FileComparison : public QAbstractListModel
 {
     Q_OBJECT
@@ -31,6 +31,9 @@ public:
 
     /// Begins to compare this file of Codex's folder of this slug with that of Claude's, of a skill or not.
     Q_INVOKABLE void compareTargets(const QString &slug, const QString &path);
+
+    /// Begins to compare this file of a copy that was set aside with that of the skill, if there is one.
+    Q_INVOKABLE void compareSetAside(const QString &copy, const QString &path);
 
     /// Puts lines on the clipboard, from the first to the last, as their file holds them: without signs,
     /// numbers and remarks.

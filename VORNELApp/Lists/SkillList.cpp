@@ -26,6 +26,21 @@ void SkillList::refresh()
 {
     if (m_model == nullptr)
         return;
+    QList<SkillEntry> entries = found();
+    for (SkillEntry &entry : entries)
+        complete(entry);
+    m_totalCount = static_cast<int>(total());
+    m_rows.setRecords(entries);
+    Q_EMIT countChanged();
+}
+
+qsizetype SkillList::total() const
+{
+    return m_model->skills(m_destination).size();
+}
+
+QList<SkillEntry> SkillList::found() const
+{
     QList<SkillEntry> entries;
     const QList<SkillSummary> skills = m_model->shownSkills(m_destination);
     for (const SkillSummary &skill : skills) {
@@ -34,12 +49,9 @@ void SkillList::refresh()
         entry.skill = skill;
         entry.category = m_model->category(skill.category);
         entry.failure = m_model->batch()->reason(skill.id);
-        complete(entry);
         entries.append(entry);
     }
-    m_totalCount = static_cast<int>(m_model->skills(m_destination).size());
-    m_rows.setRecords(entries);
-    Q_EMIT countChanged();
+    return entries;
 }
 
 } // namespace vornel

@@ -41,6 +41,10 @@ protected:
     void refresh();
     const QList<SkillEntry> &entries() const { return m_rows.records(); }
 
+    /// How many skills there are, and those that the search finds.
+    virtual qsizetype total() const;
+    virtual QList<SkillEntry> found() const;
+
     /// Adds to an entry what this list knows of its skill.
     virtual void complete(SkillEntry &entry) const = 0;
 

@@ -88,7 +88,7 @@ FocusScope {
     SkillListView {
         id: view
 
-        anchors.bottom: bar.visible ? bar.top : progress.top
+        anchors.bottom: setAside.top
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: header.bottom
@@ -119,6 +119,16 @@ FocusScope {
         emptyTitle: "La corbeille est vide"
         skills: entries
         width: Math.min(480, view.width - 2 * Metrics.huge)
+    }
+    SetAsideSection {
+        id: setAside
+
+        anchors.bottom: bar.visible ? bar.top : progress.top
+        anchors.left: parent.left
+        anchors.right: parent.right
+        height: implicitHeight
+        model: trash.model
+        roomForList: (entries.totalCount === 0 ? 0.4 : 0.5) * (trash.height - header.height)
     }
     TrashSelectionBar {
         id: bar

@@ -157,9 +157,11 @@ public:
     /// The skill chosen in the library, with what was found when it was opened.
     const SelectedSkill &selection() const { return m_selectedSkill; }
 
-    /// For the screens that show skills' files, the trash, new skills, collisions and unsaved texts.
+    /// For the screens that show skills' files, the trash, what was set aside, new skills, collisions and
+    /// unsaved texts.
     CopyInspecting &inspector() const { return *m_service; }
     TrashInspecting &trashInspector() const { return *m_service; }
+    RecoveryKeeping &recovery() const { return *m_service; }
     NewSkillFinding &newSkills() const { return *m_service; }
     TargetComparing &targetComparer() const { return *m_service; }
     DraftKeeping &drafts() const { return *m_drafts; }
@@ -236,6 +238,10 @@ public:
     Q_INVOKABLE void deletePermanently(QUuid id);
     Q_INVOKABLE void emptyTrash();
 
+    /// Makes a copy that was set aside the next revision of a skill; deletes one for good.
+    Q_INVOKABLE void revertToSetAside(const QString &copy, QUuid skill, qint64 expectedRevision);
+    Q_INVOKABLE void deleteSetAside(const QString &copy);
+
     // Actions on several skills, one after another and past failures. None begins while an operation runs.
 
     Q_INVOKABLE void synchronizeSkill(QUuid id) { synchronizeSkills({id}); }
@@ -246,6 +252,7 @@ public:
     // Actions that tell how they ended. They never throw.
 
     QCoro::Task<Outcome> createSkill(CreateSkillRequest request);
+    QCoro::Task<Outcome> restoreSetAside(QString copy, QString slug);
     QCoro::Task<Outcome> saveSelectedSkill(QString skillMD) { return m_openSkill.write(std::move(skillMD)); }
     QCoro::Task<Outcome> createCategory(QString name, QString colorHex);
     QCoro::Task<Outcome> updateCategory(QString id, QString name, QString colorHex);

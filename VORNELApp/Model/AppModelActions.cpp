@@ -210,6 +210,33 @@ void AppModel::emptyTrash()
     });
 }
 
+QCoro::Task<Outcome> AppModel::restoreSetAside(QString copy, QString slug)
+{
+    return m_operations.perform([this, copy = std::move(copy), slug = std::move(slug)]() -> QCoro::Task<> {
+        co_await m_service->restoreAsSkill(copy, slug);
+        co_await m_library.read();
+        m_operations.confirm(u"RESTAURÉE"_s);
+    });
+}
+
+void AppModel::revertToSetAside(const QString &copy, QUuid skill, qint64 expectedRevision)
+{
+    m_operations.perform([this, copy, skill, expectedRevision]() -> QCoro::Task<> {
+        m_selectedSkill.show(co_await m_service->restoreAsRevision(copy, skill, expectedRevision));
+        co_await m_library.read();
+        m_operations.confirm(u"NOUVELLE RÉVISION"_s);
+    });
+}
+
+void AppModel::deleteSetAside(const QString &copy)
+{
+    m_operations.perform([this, copy]() -> QCoro::Task<> {
+        co_await m_service->deleteSetAside({copy});
+        co_await m_library.read();
+        m_operations.confirm(u"SUPPRIMÉE"_s);
+    });
+}
+
 void AppModel::synchronizeSkills(const QSet<QUuid> &ids)
 {
     runBatch([this, skills = named(ids, skills(Destination::library))] {

@@ -294,9 +294,8 @@ QString setAsideCopies(const QList<SetAsideCopy> &copies)
                      {copy.slug},
                      {copy.originText()},
                      {localDate(copy.date), Colour::Muted},
-                     {copy.contentText()}});
-        if (!copy.reason.isEmpty())
-            rows.append({{}, {copy.reason, Colour::Warning}});
+                     {copy.contentText()},
+                     {copy.reason, Colour::Warning}});
     }
     return rows.isEmpty() ? u"Aucune copie mise de côté\n"_s : Terminal::table(rows);
 }

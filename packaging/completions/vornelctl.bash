@@ -114,7 +114,7 @@ _vornelctl_candidates() {
     case $1:$command in
         SKILL*:vornelctl\ restore | SKILL*:vornelctl\ delete) _vornelctl_values slug "$workspace"/.vornel/trash/*/vornel.json ;;
         SKILL*) _vornelctl_folders "$workspace/skills" ;;
-        ID*) _vornelctl_recovery "$workspace/.vornel/recovery" ;;
+        ID:* | ID…:*) _vornelctl_recovery "$workspace/.vornel/recovery" ;;
         CATÉGORIE*) _vornelctl_values id "$workspace/.vornel/categories.json" ;;
         VERSION*) _vornelctl_versions "$workspace" ;;
         *=*) ;;

@@ -366,10 +366,9 @@ TEST_F(Vornelctl, BringsBackWhatWasSetAside)
     EXPECT_EQ(listed.first().toObject().keys(), (QStringList{u"date"_s, u"fileCount"_s, u"id"_s, u"origin"_s,
                                                              u"reason"_s, u"size"_s, u"slug"_s}));
     const QByteArray table = run("recovery list").output;
-    EXPECT_TRUE(table.contains("AAAAAAAA-0000-4000-8000-000000000001  demo  Claude  20"))
-        << table.constData();
-    EXPECT_TRUE(table.contains("\nreplaced  ") || table.startsWith("replaced  ")) << table.constData();
-    EXPECT_TRUE(table.contains("C’est un fichier.")) << table.constData();
+    for (const char *part : {"AAAAAAAA-0000-4000-8000-000000000001  demo  Claude  20", "replaced  ",
+                             "1 fichier, 1 octet   C’est un fichier.\n"})
+        EXPECT_TRUE(table.contains(part)) << part << '\n' << table.constData();
 
     EXPECT_EQ(run("recovery restore aaaa --json").error()[u"error"], u"copyAmbiguous"_s);
     EXPECT_EQ(run("recovery restore b --json").error()[u"error"], u"copyNotFound"_s);

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <VORNELApp/Lists/SkillList.h>
+
+namespace vornel {
+
+/// What lies in the recovery folder: a row for each, with the active skill of its slug, if there is one. A
+/// row can be adopted where there is.
+class SetAsideList : public vornel::SkillList // in full, for the tools that read the types of QML
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QString summary READ summary NOTIFY countChanged)
+
+public:
+    explicit SetAsideList(QObject *parent = nullptr);
+
+    /// How many there are, and how much they take: "3 copies, 1,4 ko".
+    QString summary() const;
+
+    /// The name in the recovery folder of what a row shows.
+    Q_INVOKABLE QString copyID(QUuid row) const;
+
+protected:
+    qsizetype total() const override { return m_copies.size(); }
+    QList<SkillEntry> found() const override;
+    void complete(SkillEntry & /*entry*/) const override {}
+    void renew() override;
+
+private:
+    SkillEntry entryOf(const SetAsideCopy &copy) const;
+
+    QList<SetAsideCopy> m_copies;
+};
+
+} // namespace vornel
