@@ -1,5 +1,7 @@
 #include "Scenes.h"
 
+#include <fstream>
+
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
 
@@ -54,6 +56,39 @@ void photographSelectionQuestions(const Photographer &photographer, Studio &stud
     photographer.click(u"Annuler"_s);
 }
 
+/// Sets aside an edited copy of an active skill, and a folder of which no skill can be made.
+void setAside(Studio &studio)
+{
+    const std::string slug = studio.model().overview()->skills.first().slug.toStdString();
+    const fs::path recovery = "VORNEL/.vornel/recovery";
+    const fs::path copy =
+        studio.path("") / recovery / ("AAAAAAAA-0000-4000-8000-000000000001-removed-codex-" + slug);
+    fs::copy(studio.path("codex") / slug, copy, fs::copy_options::recursive);
+    std::ofstream(copy / "SKILL.md", std::ios::app) << "\nUne remarque de Codex.\n";
+    studio.occupy(recovery / ("AAAAAAAA-0000-4000-8000-000000000002-claude-" + slug));
+}
+
+void photographSetAside(const Photographer &photographer, Studio &studio)
+{
+    setAside(studio);
+    studio.model().reload();
+    studio.quieten();
+    photographer.click(u"Afficher les copies"_s);
+    Studio::rest();
+    photographer.take(u"trash-set-aside"_s);
+    photographer.click(u"Revenir à cette version"_s);
+    photographer.take(u"trash-set-aside-revert"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Restaurer comme nouvelle compétence…"_s);
+    photographer.take(u"trash-set-aside-restore"_s);
+    photographer.click(u"Annuler"_s);
+    photographer.click(u"Afficher"_s);
+    Studio::rest();
+    photographer.take(u"trash-set-aside-files"_s);
+    photographer.click(u"Fermer"_s);
+    photographer.click(u"Masquer les copies"_s);
+}
+
 } // namespace
 
 void photographTrash(Photographer &photographer, Studio &studio)
@@ -63,6 +98,7 @@ void photographTrash(Photographer &photographer, Studio &studio)
     Studio::rest();
     photographer.take(u"trash"_s);
     photographQuestions(photographer);
+    photographSetAside(photographer, studio);
     photographer.click(u"Sélectionner"_s);
     for (const int number : {0, 2, 3})
         photographer.click(names.at(number));

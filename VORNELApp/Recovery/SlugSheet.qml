@@ -69,7 +69,7 @@ Sheet {
         ActionButton {
             enabled: sheet.canRestore
             role: ActionButton.Primary
-            text: "Restaurer"
+            text: "Restaurer la copie"
             onClicked: sheet.restore()
         }
     }

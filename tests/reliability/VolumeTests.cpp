@@ -175,7 +175,8 @@ TEST_P(Volumes, HarmNothingWithoutRoom)
             ASSERT_FALSE(HasFailure());
         }
     }
-    const std::set<std::string> onlyRemove{"deletePermanently", "emptyTrash", "prune", "startAfterCrashes"};
+    const std::set<std::string> onlyRemove{"deletePermanently", "deleteSetAside", "emptyTrash", "prune",
+                                           "startAfterCrashes"};
     const auto &[place, scenario] = GetParam();
     EXPECT_TRUE(cases > 2 || place != std::string_view("workspace") || onlyRemove.contains(scenario.name))
         << "there was room for everything";
