@@ -230,8 +230,8 @@ void AppModel::revertToSetAside(const QString &copy, QUuid skill, qint64 expecte
 
 void AppModel::deleteSetAside(const QString &copy)
 {
-    m_operations.perform([this, copy]() -> QCoro::Task<> {
-        co_await m_service->deleteSetAside({copy});
+    m_operations.perform([this, copies = QStringList(copy)]() -> QCoro::Task<> {
+        co_await m_service->deleteSetAside(copies);
         co_await m_library.read();
         m_operations.confirm(u"SUPPRIMÉE"_s);
     });
