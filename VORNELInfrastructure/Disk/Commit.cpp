@@ -48,8 +48,9 @@ private:
         }
         if (m_destination.keptAs.empty())
             return replace(staged, destination);
-        return &staged.folder == &m_parent ? replaceAndKeepCopy(staged, destination)
-                                           : replaceAndKeep(staged, destination);
+        const bool isAcross = &staged.folder == &m_parent;
+        return isAcross || sharesFiles(m_files, destination) ? replaceAndKeepCopy(staged, destination)
+                                                             : replaceAndKeep(staged, destination);
     }
 
     /// The destination is on another volume than the stage.
@@ -83,7 +84,7 @@ private:
     {
         if (exchanged(staged, destination))
             return fs::path(staged.folder.path) / staged.name;
-        replaceInTwoSteps(staged, destination);
+        replaceInTwoSteps(staged, destination, m_destination.backup);
         return m_destination.backup;
     }
 
@@ -113,36 +114,49 @@ private:
         return {};
     }
 
-    /// From another volume the former folder can't be moved in one step.
+    /// From another volume the former folder can't be moved in one step, and a file with further names could
+    /// still be changed by one of them.
     fs::path replaceAndKeepCopy(const Place &staged, const Place &destination)
     {
+        const Folder former = m_files.openFolder(destination.folder, destination.name);
         const Place copy{m_staging, copyToVolume(m_files, destination, m_staging)};
         const Folder keptIn = m_files.openFolder(m_destination.keptAs.parent_path());
         const Place kept{keptIn, m_destination.keptAs.filename()};
         m_files.rename(copy, kept, RenameMode::ToFreePlace);
         flushNames(m_files, keptIn);
-        if (exchanged(staged, destination))
-            return fs::path(staged.folder.path) / staged.name;
-        removeTree(m_files, kept);
-        replaceInTwoStepsAndKeep(staged, destination);
-        return {};
+        try {
+            if (exchanged(staged, destination))
+                return fs::path(staged.folder.path) / staged.name;
+        } catch (...) {
+            bestEffort([&] {
+                if (m_files.isAt(former, destination))
+                    moveTree(m_files, m_destination.keptAs, fs::path(m_staging.path) / copy.name);
+            });
+            bestEffort([&] { removeTree(m_files, copy); });
+            throw;
+        }
+        const bool isKeptAsBackup = m_destination.backup == m_destination.keptAs;
+        const fs::path aside =
+            isKeptAsBackup ? fs::path(m_staging.path) / temporaryName() : m_destination.backup;
+        replaceInTwoSteps(staged, destination, aside);
+        return aside;
     }
 
     void replaceInTwoStepsAndKeep(const Place &staged, const Place &destination)
     {
-        replaceInTwoSteps(staged, destination);
+        replaceInTwoSteps(staged, destination, m_destination.backup);
         if (m_destination.backup != m_destination.keptAs)
             moveTree(m_files, m_destination.backup, m_destination.keptAs);
     }
 
-    void replaceInTwoSteps(const Place &staged, const Place &destination)
+    void replaceInTwoSteps(const Place &staged, const Place &destination, const fs::path &backup)
     {
         // A copy from another volume is made in the staging folder: the next start removes what is cut short.
-        moveTree(m_files, m_destination.path, m_destination.backup, &m_staging);
+        moveTree(m_files, m_destination.path, backup, &m_staging);
         try {
             m_files.rename(staged, destination, RenameMode::ToFreePlace);
         } catch (...) {
-            bestEffort([&] { moveTree(m_files, m_destination.backup, m_destination.path); });
+            bestEffort([&] { moveTree(m_files, backup, m_destination.path); });
             throw;
         }
     }

@@ -60,6 +60,7 @@ struct File
     Descriptor descriptor;
     std::int64_t size;           ///< bytes
     std::int64_t modifiedAt = 0; ///< when its bytes were last written, in seconds since 1970 (UTC)
+    std::uint64_t names = 1;     ///< how many it has: a change through any of them is one of this file
 };
 
 /// An entry of an open folder, by its name, whether or not anything stands there.
@@ -176,6 +177,12 @@ public:
     /// Creates a link that leads where the link `from` does, whether or not anything is there. `file_exists`
     /// when anything stands at `to`.
     virtual void copyLink(const Place &from, const Place &to) = 0;
+
+    /// Puts what a file holds at another place of its volume, where it takes no room of its own: as a clone
+    /// where the volume makes such, whose bytes are to be flushed, and otherwise as a further name of the
+    /// file. `file_exists` when anything stands at `to`; other errors where the volume can do neither, or the
+    /// file has as many names as it may.
+    virtual void share(const Place &from, const Place &to) = 0;
 
     /// Gives a file or folder the permissions and times of another. Both must exist.
     virtual void copyAttributes(const Place &from, const Place &to) = 0;

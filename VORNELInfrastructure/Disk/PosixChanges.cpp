@@ -4,6 +4,8 @@
 #include "PosixFileSystem.h"
 
 #include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -142,6 +144,29 @@ void PosixFileSystem::copyLink(const Place &from, const Place &to)
         fail("readlink", pathOf(from));
     if (::symlinkat(target.data(), to.folder.descriptor.fd(), to.name.c_str()) != 0)
         fail("symlink", pathOf(to));
+}
+
+void PosixFileSystem::share(const Place &from, const Place &to)
+{
+    refuseSeveralComponents(from.name);
+    refuseSeveralComponents(to.name);
+    if (!isCloned(from, to) && ::linkat(from.folder.descriptor.fd(), from.name.c_str(),
+                                        to.folder.descriptor.fd(), to.name.c_str(), 0) != 0)
+        fail("link", pathOf(to));
+}
+
+bool PosixFileSystem::isCloned(const Place &from, const Place &to)
+{
+    const auto status = statusOf(to.folder, ".");
+    if (!status || status->st_dev == m_withoutClones)
+        return false;
+    const File source = openFile(from.folder, from.name);
+    const File clone = createFile(to.folder, to.name);
+    if (::ioctl(clone.descriptor.fd(), FICLONE, source.descriptor.fd()) == 0)
+        return true;
+    m_withoutClones = status->st_dev;
+    remove(to.folder, to.name);
+    return false;
 }
 
 void PosixFileSystem::copyAttributes(const Place &from, const Place &to)

@@ -161,7 +161,7 @@ File PosixFileSystem::openFile(const Folder &folder, const std::string &name) co
     if (!S_ISREG(status.st_mode))
         throw fs::filesystem_error("open", pathOf(folder, name),
                                    std::make_error_code(std::errc::not_supported));
-    return {std::move(descriptor), status.st_size, status.st_mtim.tv_sec};
+    return {std::move(descriptor), status.st_size, status.st_mtim.tv_sec, status.st_nlink};
 }
 
 std::size_t PosixFileSystem::read(const File &file, std::int64_t offset, std::span<char> buffer) const

@@ -2,6 +2,8 @@
 
 #include "FileSystem.h"
 
+#include <atomic>
+
 namespace vornel {
 
 /// The disk of this machine: each step one system call, or the few that belong together.
@@ -28,12 +30,18 @@ public:
     void rename(const Place &from, const Place &to, RenameMode mode) override;
     void remove(const Folder &folder, const std::string &name) override;
     void copyLink(const Place &from, const Place &to) override;
+    void share(const Place &from, const Place &to) override;
     void copyAttributes(const Place &from, const Place &to) override;
     void startWriting(const File &file) override;
     void flush(const File &file) override;
     void flush(const Folder &folder) override;
     void flushVolume(const Folder &folder) override;
     Folder lock(const std::filesystem::path &folder, LockMode mode) const override;
+
+private:
+    bool isCloned(const Place &from, const Place &to);
+
+    std::atomic<std::uint64_t> m_withoutClones = 0; ///< the last volume that could make none
 };
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include "BestEffort.h"
 #include "FileOperations.h"
 
+#include <algorithm>
 #include <system_error>
 
 namespace vornel {
@@ -43,17 +44,32 @@ void forEachBelow(FileSystem &files, const Folder &folder, const Work &work)
     work(folder);
 }
 
+/// A file that was only given a further name is on the disk already.
+bool isWritten(const File &file)
+{
+    return file.names == 1;
+}
+
 struct WriteStart
 {
     FileSystem &files;
-    void operator()(const File &file) const { files.startWriting(file); }
+    void operator()(const File &file) const
+    {
+        if (isWritten(file))
+            files.startWriting(file);
+    }
     void operator()(const Folder & /*folder*/) const {}
 };
 
 struct WriteWait
 {
     FileSystem &files;
-    void operator()(const auto &entry) const { files.flush(entry); }
+    void operator()(const File &file) const
+    {
+        if (isWritten(file))
+            files.flush(file);
+    }
+    void operator()(const Folder &folder) const { files.flush(folder); }
 };
 
 void copyFile(FileSystem &files, const File &source, const Folder &to, const std::string &name)
@@ -79,6 +95,21 @@ void copyEntry(FileSystem &files, const Place &from, const Place &to)
                                    std::make_error_code(std::errc::not_supported));
     }
     files.copyAttributes(from, to);
+}
+
+bool holdsFurtherNames(const FileSystem &files, const Folder &folder, int level = 1)
+{
+    constexpr int deepestLevel = 100;
+    return level <= deepestLevel && std::ranges::any_of(files.list(folder), [&](const FolderEntry &entry) {
+               bool isFound = false;
+               bestEffort([&] {
+                   if (entry.kind == FileKind::Directory)
+                       isFound = holdsFurtherNames(files, files.openFolder(folder, entry.name), level + 1);
+                   else if (entry.kind == FileKind::Regular)
+                       isFound = files.openFile(folder, entry.name).names > 1;
+               });
+               return isFound;
+           });
 }
 
 void flushEntry(FileSystem &files, const Place &place)
@@ -147,6 +178,24 @@ void moveTree(FileSystem &files, const fs::path &from, const fs::path &to, const
     }
 }
 
+void moveApart(FileSystem &files, const fs::path &from, const fs::path &to, const fs::path &staging)
+{
+    const Folder origin = files.openFolder(from.parent_path());
+    const Place source{origin, from.filename()};
+    if (!sharesFiles(files, source))
+        return moveTree(files, from, to);
+    const Folder aside = files.openFolder(staging);
+    const Folder destination = files.openFolder(to.parent_path());
+    if (!files.kindAt(destination, to.filename())) {
+        const Place copy{aside, copyToVolume(files, source, aside)};
+        files.rename(copy, {destination, to.filename()}, RenameMode::ToFreePlace);
+        flushNames(files, destination);
+    }
+    const Place condemned{aside, temporaryName()};
+    files.rename(source, condemned, RenameMode::ToFreePlace);
+    removeTree(files, condemned);
+}
+
 void removeTree(FileSystem &files, const fs::path &path)
 {
     removeTree(files, {files.openFolder(path.parent_path()), path.filename()});
@@ -160,6 +209,12 @@ void removeTree(FileSystem &files, const Place &place)
         isEmpty = !emptyFolder(files, top, top);
     }
     files.remove(place.folder, place.name);
+}
+
+bool sharesFiles(const FileSystem &files, const Place &place)
+{
+    return files.kindAt(place.folder, place.name) == FileKind::Directory &&
+           holdsFurtherNames(files, files.openFolder(place.folder, place.name));
 }
 
 void flushTrees(FileSystem &files, std::span<const fs::path> folders)

@@ -14,6 +14,12 @@ namespace vornel {
 void moveTree(FileSystem &files, const std::filesystem::path &from, const std::filesystem::path &to,
               const Folder *staging = nullptr);
 
+/// Moves a folder so that nothing stays shared between its files and any that stay: where it shares some, a
+/// copy goes to the new place, unless one is there already, and then the folder is removed. Both are whole at
+/// every moment. `staging` is a folder of the same volume.
+void moveApart(FileSystem &files, const std::filesystem::path &from, const std::filesystem::path &to,
+               const std::filesystem::path &staging);
+
 /// Copies a file or folder into a folder of another volume, with hidden entries, links (as links),
 /// permissions and times, and flushes the copy. Returns its name there, a temporary one. Throws on a pipe,
 /// socket or device.
@@ -23,8 +29,12 @@ std::string copyToVolume(FileSystem &files, const Place &from, const Folder &to)
 void removeTree(FileSystem &files, const std::filesystem::path &path);
 void removeTree(FileSystem &files, const Place &place);
 
-/// Flushes folders of one volume, with everything in them. The disk begins to write all of them before any is
-/// waited for; when they are many, their whole volume is flushed at once, which is faster.
+/// Whether a file in a folder, hidden or not, has a name elsewhere too, through which it may change.
+bool sharesFiles(const FileSystem &files, const Place &place);
+
+/// Flushes folders of one volume, with everything in them but files that were shared. The disk begins to
+/// write all of them before any is waited for; when they are many, their whole volume is flushed at once,
+/// which is faster.
 void flushTrees(FileSystem &files, std::span<const std::filesystem::path> folders);
 
 } // namespace vornel

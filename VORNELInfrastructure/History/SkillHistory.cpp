@@ -8,6 +8,7 @@
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 #include <algorithm>
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -62,8 +63,8 @@ StagedFolder SkillHistory::stage(const fs::path &place, const fs::path &skillURL
 {
     const bool isFirst = !m_files.kindAt(place.parent_path());
     Stage stage(m_files, m_config.staging());
-    SecureFileTree::copyTree(m_files, skillURL, isFirst ? stage.path() / place.filename() : stage.path(),
-                             TreeFilter::all);
+    sharedFiles(place.parent_path())
+        .copyTree(skillURL, isFirst ? stage.path() / place.filename() : stage.path(), TreeFilter::all);
     return {std::move(stage), {.path = isFirst ? place.parent_path() : place}};
 }
 
@@ -82,8 +83,13 @@ std::optional<std::string> SkillHistory::digestOf(const fs::path &entry, TreeFil
 
 std::vector<KeptVersion> SkillHistory::versions(const QUuid &id) const
 {
+    return versionsIn(m_config.historyOf(id));
+}
+
+std::vector<KeptVersion> SkillHistory::versionsIn(const fs::path &history) const
+{
     std::vector<KeptVersion> versions;
-    for (const std::string &name : namesIn(m_files, m_config.historyOf(id))) {
+    for (const std::string &name : namesIn(m_files, history)) {
         if (auto version = KeptVersion::named(name))
             versions.push_back(std::move(*version));
     }
@@ -149,7 +155,7 @@ void SkillHistory::keepMerged(const SkillManifest &manifest, VersionOrigin origi
     const fs::path place = placeFor(manifest.id, mergedEntry(origin, result, manifest.revision));
     createFolders(m_files, place.parent_path(), Durability::Now);
     StagedFolder entry{Stage(m_files, m_config.staging()), {.path = place}};
-    SecureFileTree::copyTree(m_files, copy, entry.stage.path(), TreeFilter::excludingManifest);
+    sharedFiles(place.parent_path()).copyTree(copy, entry.stage.path(), TreeFilter::excludingManifest);
     commit(m_files, entry);
 }
 
@@ -162,6 +168,25 @@ bool SkillHistory::wasMerged(const QUuid &id, VersionOrigin origin, const std::s
     return anyHolds(id, merged, TreeFilter::excludingManifest, digest);
 }
 
+void SkillHistory::shareReplaced(const fs::path &entry) const noexcept
+{
+    bestEffort([&] { sharedFiles(entry.parent_path()).replaceIn(entry, m_config.staging()); });
+}
+
+/// Of the latest revisions: what changes from one to the next is little. A folder that was replaced may have
+/// come from a target, where others could still have it open.
+SharedFiles SkillHistory::sharedFiles(const fs::path &history) const
+{
+    constexpr std::size_t most = 2;
+    std::vector<KeptVersion> revisions = versionsIn(history);
+    std::erase_if(revisions,
+                  [](const KeptVersion &version) { return version.kind != HistoryKind::revision; });
+    std::vector<std::string> latest;
+    for (const KeptVersion &version : revisions | std::views::take(most))
+        latest.push_back(version.entry);
+    return {m_files, history, latest};
+}
+
 void SkillHistory::remove(const QUuid &id, const fs::path &skillURL) const
 {
     const fs::path history = m_config.historyOf(id);
@@ -172,8 +197,9 @@ void SkillHistory::remove(const QUuid &id, const fs::path &skillURL) const
     bestEffort([&] { slug = store.readManifest(skillURL).slug; });
     for (const std::string &name : namesIn(m_files, history)) {
         if (isOfReplaced(name))
-            moveTree(m_files, history / name,
-                     m_config.recovery() / pathFromText(nameOfReplaced(QString::fromStdString(name), slug)));
+            moveApart(m_files, history / name,
+                      m_config.recovery() / pathFromText(nameOfReplaced(QString::fromStdString(name), slug)),
+                      m_config.staging());
     }
     store.discard(history);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeptVersion.h"
+#include "SharedFiles.h"
 
 #include <VORNELCore/Records/WorkspaceModels.h>
 #include <VORNELInfrastructure/Disk/Commit.h>
@@ -69,12 +70,18 @@ public:
     bool wasMerged(const QUuid &id, VersionOrigin origin, const std::string &result,
                    const std::string &digest) const;
 
+    /// Lets an entry that was put in its place by an exchange share what it has in common with others. What
+    /// can't be done is left: nothing is lost by it.
+    void shareReplaced(const std::filesystem::path &entry) const noexcept;
+
     /// Deletes the history, if any, of a skill that is deleted for good and stands in `skillURL` meanwhile.
     /// The folders that were replaced go to the recovery folder, with its slug in their names: they may hold
     /// others' work, or hidden files, which nobody has asked to delete.
     void remove(const QUuid &id, const std::filesystem::path &skillURL) const;
 
 private:
+    std::vector<KeptVersion> versionsIn(const std::filesystem::path &history) const;
+    SharedFiles sharedFiles(const std::filesystem::path &history) const;
     bool anyHolds(const QUuid &id, const std::vector<KeptVersion> &versions, TreeFilter filter,
                   const std::string &digest) const;
     StagedFolder stage(const std::filesystem::path &place, const std::filesystem::path &skillURL) const;

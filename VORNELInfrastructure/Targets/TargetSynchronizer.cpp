@@ -238,6 +238,8 @@ TargetSynchronizer::Failures TargetSynchronizer::finish(const Install &install,
         const auto former = install.formers.find(kind);
         m_workspace.changes[install.id].copies[kind] = {
             former == install.formers.end() ? std::nullopt : std::optional(former->second), install.digest};
+        if (const fs::path &keptAs = install.copies.at(kind).destination.keptAs; !keptAs.empty())
+            m_history.shareReplaced(keptAs);
     }
     remember(install.id, failures);
     return failures;

@@ -56,7 +56,7 @@ template <typename Hash>
 class CopySink
 {
 public:
-    explicit CopySink(FileSystem &files) : m_files(files) {}
+    CopySink(FileSystem &files, const Shortcut &shortcut) : m_files(files), m_shortcut(shortcut) {}
 
     using Folder = vornel::Folder;
 
@@ -68,6 +68,8 @@ public:
     void addFile(const Folder &parent, const std::string &name, const File &file,
                  FileTreeSnapshot::Entry &entry) const
     {
+        if (m_shortcut && m_shortcut(file, entry.relativePath, {parent, name}))
+            return;
         const File copy = m_files.createFile(parent, name);
         Hash hash;
         readWhole(m_files, file, [&](QByteArrayView bytes) {
@@ -80,6 +82,7 @@ public:
 
 private:
     FileSystem &m_files;
+    const Shortcut &m_shortcut;
 };
 
 /// Opens the root of a tree, which must be a folder.
@@ -102,7 +105,8 @@ FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFil
 
 /// Walks over `source` and copies it; `Hash` is `Sha256`, or `NoHash` for a copy without a fingerprint.
 template <typename Hash>
-auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)
+auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter,
+                const Shortcut &shortcut)
 {
     const fs::path path = standardizedPath(source);
     const Folder from = openedRoot(path.filename(), [&] { return files.openFolder(path); });
@@ -114,7 +118,7 @@ auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &desti
     const Folder to = files.createFolder(createFolders(files, destination.parent_path(), Durability::Later),
                                          destination.filename());
     try {
-        TreeWalk walk(files, filter, CopySink<Hash>(files));
+        TreeWalk walk(files, filter, CopySink<Hash>(files, shortcut));
         walk.run(from, to);
         return walk;
     } catch (...) {
@@ -139,15 +143,16 @@ FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const s
     return snapshotOf(files, folder, filter);
 }
 
-void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)
+void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter,
+              const Shortcut &shortcut)
 {
-    copiedWalk<NoHash>(files, source, destination, filter);
+    copiedWalk<NoHash>(files, source, destination, filter, shortcut);
 }
 
 FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const fs::path &source, const fs::path &destination,
                                      TreeFilter filter)
 {
-    return copiedWalk<Sha256>(files, source, destination, filter).finish(source);
+    return copiedWalk<Sha256>(files, source, destination, filter, {}).finish(source);
 }
 
 } // namespace vornel::SecureFileTree

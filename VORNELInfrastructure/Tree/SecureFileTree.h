@@ -4,6 +4,8 @@
 
 #include <VORNELInfrastructure/Disk/FileSystem.h>
 
+#include <functional>
+
 /// Fingerprints and copies skill folders, and refuses whatever is unsafe. Throws `symlinkUnsupported` for a
 /// link anywhere in the tree, also where the filter would leave it out; `unsafeImport` for a file above 25
 /// MiB, for what is neither file nor folder, for a name that is not UTF-8 and for folders nested too deep;
@@ -17,10 +19,14 @@ FileTreeSnapshot snapshot(const FileSystem &files, const std::filesystem::path &
 FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
                           TreeFilter filter);
 
+/// Puts what a file of a tree holds, at this path in it, where the copy of it is to stand, and returns true;
+/// or returns false, and it is copied. Called from several threads.
+using Shortcut = std::function<bool(const File &file, const std::string &relativePath, const Place &copy)>;
+
 /// Copies the filtered tree of `source` into the new folder `destination` (folders 700, files 600). Throws
 /// `integrityFailure` when something stands there already. A failed copy leaves nothing behind.
 void copyTree(FileSystem &files, const std::filesystem::path &source,
-              const std::filesystem::path &destination, TreeFilter filter);
+              const std::filesystem::path &destination, TreeFilter filter, const Shortcut &shortcut = {});
 
 /// The same, and a snapshot of the very bytes that were copied.
 FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const std::filesystem::path &source,

@@ -69,8 +69,9 @@ void discardIfReplaced(const Workspace &workspace, const SkillRecord &backup)
     if (content.isWhole)
         SkillFolderStore(workspace).discard(backup.folder);
     else
-        moveTree(workspace.files, backup.folder,
-                 SkillHistory(workspace).placeForReplaced(backup.manifest, VersionOrigin::library));
+        moveApart(workspace.files, backup.folder,
+                  SkillHistory(workspace).placeForReplaced(backup.manifest, VersionOrigin::library),
+                  workspace.config.staging());
 }
 
 /// Whether a backup has no folder in its place, and is no skill of the trash.

@@ -5,6 +5,8 @@
 
 #include <QRegularExpression>
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <set>
 
@@ -66,6 +68,7 @@ public:
     {
         checkWhole();
         checkHistoryEntries();
+        checkSharing();
         checkRubbish();
     }
 
@@ -148,6 +151,23 @@ private:
     {
         const auto done = m_after.history.find(id);
         return done != m_after.history.end() && !done->second.contains(name);
+    }
+
+    /// What is kept must not change with a file that stands elsewhere.
+    void checkSharing() const
+    {
+        const fs::path history = m_folder / "workspace/.vornel/history";
+        std::map<std::pair<dev_t, ino_t>, fs::path> outside;
+        std::map<std::pair<dev_t, ino_t>, fs::path> kept;
+        for (const fs::directory_entry &entry : fs::recursive_directory_iterator(m_folder)) {
+            struct stat status
+            {};
+            if (::lstat(entry.path().c_str(), &status) == 0 && S_ISREG(status.st_mode))
+                (isInside(entry.path(), history) ? kept : outside)
+                    .emplace(std::pair(status.st_dev, status.st_ino), entry.path());
+        }
+        for (const auto &[file, path] : kept)
+            EXPECT_FALSE(outside.contains(file)) << path << " is also " << outside.at(file);
     }
 
     void checkHistoryEntries() const

@@ -99,6 +99,7 @@ void buildLibrary(const fs::path &folder)
 
     writeFile(folder / "codex/demo/SKILL.md", "edited by an assistant");
     writeFile(folder / "codex/demo/reference/own.md", "added by an assistant");
+    fs::create_hard_link(folder / "codex/demo/reference/own.md", folder / "elsewhere");
     fs::remove_all(folder / "claude/second");
     const fs::path history = folder / "workspace/.vornel/history";
     forgetRevision(history / uuidText(demo).toStdString(), "3-");

@@ -21,7 +21,8 @@ startService(const std::filesystem::path &folder,
 void writeAssistantsFolders(const std::filesystem::path &folder);
 
 /// Builds a library that makes it hard for an operation to leave everything whole: "demo" and "second" are
-/// of one category, one with copies that differ and without the history of its revision, the other with a
+/// of one category, one with copies that differ, a file of which has a name elsewhere too, and without the
+/// history of its revision, the other with a
 /// copy missing; "gone" and "kept" are in the trash; "bystander" is not to be touched by any operation. The
 /// assistants' own folders are there too.
 void buildLibrary(const std::filesystem::path &folder);

@@ -23,6 +23,8 @@ FaultyFileSystem::FaultyFileSystem()
     around = [this](const Step &step, const Make &make) {
         if (step.kind == Step::Kind::Rename)
             refuseRename(step);
+        if (step.kind == Step::Kind::Share && !canShare)
+            fail(std::errc::operation_not_permitted);
         const Call kind = step.isLook() ? Call::Look : Call::Change;
         const bool fails = kind == m_kind && ++m_calls == m_failing;
         if (fails && !m_afterwards)

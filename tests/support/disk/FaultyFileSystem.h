@@ -36,6 +36,9 @@ public:
     /// Whether two entries can change places, as they can't on every volume.
     bool canExchange = true;
 
+    /// Whether a file can have several places, as it can't on every volume.
+    bool canShare = true;
+
     /// Whether each root is a volume of its own, where nothing can be moved to from another.
     bool hasVolumes = false;
 

@@ -108,6 +108,7 @@ void PowerCutFileSystem::take(const Step &step, const Make &make)
     case Step::Kind::Look:
         return make();
     case Step::Kind::Create:
+    case Step::Kind::Share:
         make();
         m_changes.push_back(
             {{identityOf(*step.on)}, [this, spot = Spot(*step.from)] { spot.moveTo(grave()); }});

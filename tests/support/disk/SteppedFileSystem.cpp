@@ -105,6 +105,11 @@ void SteppedFileSystem::copyLink(const Place &from, const Place &to)
     take({Kind::Create, &to.folder.descriptor, &to}, [&] { Real::copyLink(from, to); });
 }
 
+void SteppedFileSystem::share(const Place &from, const Place &to)
+{
+    take({Kind::Share, &to.folder.descriptor, &to}, [&] { Real::share(from, to); });
+}
+
 void SteppedFileSystem::flush(const File &file)
 {
     take({Kind::FlushFile, &file.descriptor}, [&] { Real::flush(file); });

@@ -9,11 +9,11 @@ namespace vornel {
 /// One step on the disk, with what it is about.
 struct Step
 {
-    enum class Kind { Look, Create, Write, Rename, Remove, FlushFile, FlushFolder, FlushVolume };
+    enum class Kind { Look, Create, Share, Write, Rename, Remove, FlushFile, FlushFolder, FlushVolume };
 
     Kind kind;
     const Descriptor *on = nullptr; ///< the open file or folder; null for a step that only looks
-    const Place *from = nullptr;    ///< what is renamed, removed or created
+    const Place *from = nullptr;    ///< what is renamed or removed, or comes to be
     const Place *to = nullptr;      ///< of a rename
     RenameMode mode = RenameMode::ToFreePlace;
 
@@ -57,6 +57,7 @@ public:
     void rename(const Place &from, const Place &to, RenameMode mode) override;
     void remove(const Folder &folder, const std::string &name) override;
     void copyLink(const Place &from, const Place &to) override;
+    void share(const Place &from, const Place &to) override;
     void flush(const File &file) override;
     void flush(const Folder &folder) override;
     void flushVolume(const Folder &folder) override;

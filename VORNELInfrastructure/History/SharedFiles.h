@@ -1,0 +1,47 @@
+#pragma once
+
+#include <VORNELInfrastructure/Disk/FileSystem.h>
+#include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
+
+#include <map>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace vornel {
+
+/// Files that entries of a history hold, for other entries of the same history to share: what is equal, byte
+/// for byte, is kept once. Only entries that VORNEL wrote itself may be given, and what others may edit never
+/// shares anything.
+class SharedFiles
+{
+public:
+    /// An entry that can't be read has nothing to share.
+    SharedFiles(FileSystem &files, const std::filesystem::path &history,
+                std::span<const std::string> entries);
+
+    /// Does what `SecureFileTree::copyTree` does, and shares what it can instead of copying it.
+    void copyTree(const std::filesystem::path &source, const std::filesystem::path &destination,
+                  TreeFilter filter) const;
+
+    /// Replaces visible files of an entry that was a folder of others' by those that are shared. What can't
+    /// be stays as it is.
+    void replaceIn(const std::filesystem::path &entry, const std::filesystem::path &staging) const noexcept;
+
+private:
+    struct Held
+    {
+        std::filesystem::path root; ///< of the entry
+        std::string relativePath;
+    };
+
+    bool share(const File &file, const std::string &relativePath, const Place &to) const;
+    bool shareIfEqual(const File &file, const Held &held, const Place &to) const;
+    void replaceBelow(const Folder &folder, const std::string &prefix, const Folder &staging) const;
+    void replaceFile(const Place &place, const std::string &relativePath, const Folder &staging) const;
+
+    FileSystem &m_files;
+    std::map<std::int64_t, std::vector<Held>> m_bySize; ///< the files that aren't empty
+};
+
+} // namespace vornel
