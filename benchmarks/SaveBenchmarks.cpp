@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 using namespace vornel;
 using namespace Qt::StringLiterals;
 
-constexpr int rounds = 31;
+constexpr int rounds = 9;
 constexpr int files = 83;
 constexpr std::size_t fileSize = 66'000; // 5.5 MB in all
 constexpr double mostTimes = 2;

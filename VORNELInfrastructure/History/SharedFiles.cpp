@@ -65,8 +65,9 @@ SharedFiles::SharedFiles(FileSystem &files, const fs::path &history, std::span<c
         bestEffort([&] {
             TreeWalk walk(files, TreeFilter::all, SizeSink());
             walk.run(files.openFolder(history / entry), {});
-            for (const FileTreeSnapshot::Entry &file : walk.finish(history / entry).entries) {
-                if (file.size > 0)
+            const FileTreeSnapshot tree = walk.finish(history / entry);
+            for (const FileTreeSnapshot::Entry &file : tree.entries) {
+                if (tree.isWhole && file.size > 0)
                     m_bySize[file.size].push_back({history / entry, file.relativePath});
             }
         });

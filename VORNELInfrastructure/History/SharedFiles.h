@@ -11,12 +11,12 @@
 namespace vornel {
 
 /// Files that entries of a history hold, for other entries of the same history to share: what is equal, byte
-/// for byte, is kept once. Only entries that VORNEL wrote itself may be given, and what others may edit never
-/// shares anything.
+/// for byte, is kept once. What others may edit never shares anything.
 class SharedFiles
 {
 public:
-    /// An entry that can't be read has nothing to share.
+    /// An entry that can't be read has nothing to share. Nor has one with hidden entries: it is a folder that
+    /// somebody has worked in, and may still have open.
     SharedFiles(FileSystem &files, const std::filesystem::path &history,
                 std::span<const std::string> entries);
 

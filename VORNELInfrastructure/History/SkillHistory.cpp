@@ -173,16 +173,17 @@ void SkillHistory::shareReplaced(const fs::path &entry) const noexcept
     bestEffort([&] { sharedFiles(entry.parent_path()).replaceIn(entry, m_config.staging()); });
 }
 
-/// Of the latest revisions: what changes from one to the next is little. A folder that was replaced may have
-/// come from a target, where others could still have it open.
+/// Of the latest of the library's own versions: what changes from one to the next is little.
 SharedFiles SkillHistory::sharedFiles(const fs::path &history) const
 {
     constexpr std::size_t most = 2;
-    std::vector<KeptVersion> revisions = versionsIn(history);
-    std::erase_if(revisions,
-                  [](const KeptVersion &version) { return version.kind != HistoryKind::revision; });
+    std::vector<KeptVersion> own = versionsIn(history);
+    std::erase_if(own, [](const KeptVersion &version) { return version.origin != VersionOrigin::library; });
+    std::ranges::sort(own, std::ranges::greater{}, [](const KeptVersion &version) {
+        return std::pair(version.revision, version.replacedAt);
+    });
     std::vector<std::string> latest;
-    for (const KeptVersion &version : revisions | std::views::take(most))
+    for (const KeptVersion &version : own | std::views::take(most))
         latest.push_back(version.entry);
     return {m_files, history, latest};
 }

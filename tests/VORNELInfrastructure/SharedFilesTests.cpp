@@ -68,6 +68,7 @@ TEST_F(SharedFiles, AreKeptOnceByAllEntries)
     save(u"two"_s);
     save(u"three"_s);
     EXPECT_TRUE(areOneFile(entry("2-") / "data/large", entry("3-") / "data/large"));
+    EXPECT_TRUE(areOneFile(entry("2-") / "data/large", entry("replaced-library-1-") / "data/large"));
     EXPECT_FALSE(areOneFile(entry("2-") / "SKILL.md", entry("3-") / "SKILL.md"));
     expectNoneOutside();
 
@@ -96,12 +97,12 @@ TEST_F(SharedFiles, OfAReplacedCopyAreThoseOfTheHistory)
     service->synchronize(demo).waitForFinished();
     const fs::path kept = entry("replaced-codex-");
     EXPECT_EQ(treeOf(kept), edited);
-    EXPECT_TRUE(areOneFile(kept / "data/large", entry("1-") / "data/large"));
-    EXPECT_FALSE(areOneFile(kept / ".hidden", entry("1-") / "data/large"));
+    EXPECT_TRUE(areOneFile(kept / "data/large", entry("replaced-library-1-") / "data/large"));
+    EXPECT_FALSE(areOneFile(kept / ".hidden", entry("replaced-library-1-") / "data/large"));
     EXPECT_TRUE(fs::is_empty(path("workspace/.vornel/staging")));
 
     save(u"next"_s);
-    EXPECT_TRUE(areOneFile(entry("2-") / "data/large", entry("1-") / "data/large"));
+    EXPECT_TRUE(areOneFile(entry("2-") / "data/large", entry("replaced-library-1-") / "data/large"));
     expectNoneOutside();
 
     service->moveToTrash(demo).waitForFinished();
