@@ -5,6 +5,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -140,6 +141,60 @@ void photographMerge(const Photographer &photographer, Studio &studio)
     studio.settle();
 }
 
+void save(Studio &studio, const QString &text)
+{
+    studio.model().saveSelectedSkill(text);
+    studio.quieten();
+}
+
+/// Lets what is kept of the open skill be older, by a day for each revision since.
+void backdateHistory(Studio &studio)
+{
+    const SkillManifest manifest = studio.model().selectedSkill()->manifest;
+    const fs::path history = studio.path("VORNEL/.vornel/history") / uuidText(manifest.id).toStdString();
+    for (const fs::directory_entry &entry : fs::directory_iterator(history)) {
+        const qint64 revision =
+            QString::fromStdString(entry.path().filename()).section(u'-', 0, 0).toLongLong();
+        const fs::path file = entry.path() / "vornel.json";
+        std::stringstream text;
+        text << std::ifstream(file).rdbuf();
+        auto kept = RecordJson::decodeDocument<SkillManifest>(QByteArray::fromStdString(text.str()));
+        if (revision == 0 || !kept)
+            continue;
+        kept->updatedAt = kept->updatedAt.addSecs(std::min<qint64>(0, revision - manifest.revision + 1) * 90'000);
+        std::ofstream(file) << RecordJson::document(RecordJson::encode(*kept)).toStdString();
+    }
+}
+
+/// A skill that was saved several times, and of which an assistant's edits were replaced.
+void photographHistory(const Photographer &photographer, Studio &studio)
+{
+    studio.open(u"redaction-technique"_s);
+    const QString text = studio.model().selectedSkill()->skillMD;
+    save(studio, text + u"\nRelire à voix haute.\n"_s);
+    write(studio.path("codex/redaction-technique/SKILL.md"), text + u"\nPréférer les phrases courtes.\n"_s);
+    write(studio.path("codex/redaction-technique/exemples.md"), u"# Exemples\n"_s);
+    studio.model().synchronizeSelectedSkill();
+    studio.quieten();
+    save(studio, QString(text).replace(u"## "_s, u"## Étape\u00A0: "_s));
+    save(studio, text + u"\nRelire à voix haute, puis le lendemain.\n"_s);
+    backdateHistory(studio);
+    photographer.click(u"Historique"_s);
+    Studio::rest();
+    photographer.take(u"editor-history"_s);
+    photographer.press(Qt::Key_Down);
+    Studio::rest();
+    photographer.take(u"editor-history-version"_s);
+    photographer.press(Qt::Key_Down);
+    Studio::rest();
+    photographer.take(u"editor-history-replaced"_s);
+    photographer.click(u"Depuis la précédente"_s);
+    Studio::rest();
+    photographer.take(u"editor-history-former"_s);
+    studio.model().closeSkill();
+    studio.settle();
+}
+
 DraftKeeping &drafts(Studio &studio)
 {
     return *studio.application().environment.drafts;
@@ -246,6 +301,7 @@ void photographEditor(Photographer &photographer, Studio &studio)
     photographFound(photographer, studio);
     photographStray(photographer, studio);
     photographUnkept(photographer, studio);
+    photographHistory(photographer, studio);
     photographCopies(photographer, studio);
     photographMerge(photographer, studio);
 }

@@ -79,6 +79,15 @@ Item {
             onTriggered: Qt.openUrlExternally(chooser.model.folder(chooser.skill.slug))
         }
         ActionMenuItem {
+            enabled: chooser.isAlone
+            symbol: "history"
+            text: "Historique"
+            onTriggered: {
+                chooser.model.selectSkill(chooser.skill.id);
+                chooser.model.history.open();
+            }
+        }
+        ActionMenuItem {
             symbol: "copy"
             text: chooser.isAlone ? "Copier le chemin" : "Copier" + chooser.all + " chemins"
             onTriggered: chooser.selection.copyPaths()

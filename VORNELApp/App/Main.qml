@@ -67,8 +67,8 @@ Window {
         /** Scrolls to what has the keyboard where the window is too small to show everything. */
         function reveal(item: Item): void {
             const place = root.mapFromItem(item, 0, 0, item.width, item.height);
-            contentX = Math.max(place.right - width, Math.min(contentX, place.left));
-            contentY = Math.max(place.bottom - height, Math.min(contentY, place.top));
+            contentX = Math.min(contentWidth - width, Math.max(place.right - width, Math.min(contentX, place.left)));
+            contentY = Math.min(contentHeight - height, Math.max(place.bottom - height, Math.min(contentY, place.top)));
         }
 
         anchors.fill: parent

@@ -15,8 +15,11 @@ Column {
     readonly property bool isSaving: replacement.purpose === CopyReplacement.Saving
     readonly property bool canAct: !model.isWorking
 
-    /** Whether there is anything to keep and the user didn't come to save. */
-    readonly property bool isKeeping: copies.hasEdits && !isSaving
+    /** Whether there is anything to keep and the user came to put the copies right. */
+    readonly property bool isKeeping: copies.hasEdits && replacement.purpose === CopyReplacement.Synchronising
+
+    /** What the copies would become. */
+    readonly property string replacingVersion: ["Votre version", "La version de VORNEL", "La version choisie dans l’historique"][replacement.purpose]
 
     /** What becomes of the edits in the editor. */
     readonly property string fate: isSaving ? " Votre texte reste dans l’éditeur, sans être enregistré." : ""
@@ -76,13 +79,13 @@ Column {
         explanation: {
             if (choices.copies.problem !== "")
                 return "";
-            return (choices.isSaving ? "Votre version" : "La version de VORNEL") + " remplace les copies. "
+            return choices.replacingVersion + " remplace les copies. "
                 + (choices.copies.hasEdits || choices.copies.hasFailed ? "Ce qu’elle remplace reste dans l’historique."
                 : "Rien n’a été modifié chez les assistants\u00A0: c’est le dossier de VORNEL qui a changé depuis, et rien ne sera perdu.");
         }
         isPrimary: !choices.isKeeping && !choices.copies.hasUnreadable // which can't replace all
-        symbol: choices.isSaving ? "save" : "folder-sync"
-        text: choices.isSaving ? "Enregistrer" : "Synchroniser"
+        symbol: ["save", "folder-sync", "undo-2"][choices.replacement.purpose]
+        text: choices.replacement.verb
         width: choices.width
         onChosen: choices.replacement.agree()
     }

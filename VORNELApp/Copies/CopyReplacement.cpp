@@ -1,5 +1,7 @@
 #include "CopyReplacement.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vornel {
 
 CopyReplacement::CopyReplacement(CopyInspecting &inspector, const Operations &operations)
@@ -11,13 +13,19 @@ CopyReplacement::CopyReplacement(CopyInspecting &inspector, const Operations &op
 
 void CopyReplacement::save(const QString &text)
 {
-    begin(Saving, text, Step::Looking);
+    begin(Saving, u"Enregistrer"_s, Step::Looking, text);
     m_copies.look();
 }
 
 void CopyReplacement::synchronize()
 {
-    begin(Synchronising, {}, Step::Looking);
+    begin(Synchronising, u"Synchroniser"_s, Step::Looking);
+    m_copies.look();
+}
+
+void CopyReplacement::bringBack(const QString &verb)
+{
+    begin(Returning, verb, Step::Looking);
     m_copies.look();
 }
 
@@ -29,19 +37,20 @@ void CopyReplacement::synchronize(const QUuid &id)
 
 void CopyReplacement::show()
 {
-    begin(Synchronising, {}, Step::Asking);
+    begin(Synchronising, u"Synchroniser"_s, Step::Asking);
 }
 
 void CopyReplacement::show(const QUuid &id)
 {
     m_copies.setSkillID(id);
-    begin(Synchronising, {}, Step::Opening);
+    begin(Synchronising, u"Synchroniser"_s, Step::Opening);
     m_copies.look();
 }
 
-void CopyReplacement::begin(Purpose purpose, const QString &newText, Step step)
+void CopyReplacement::begin(Purpose purpose, const QString &verb, Step step, const QString &newText)
 {
     m_purpose = purpose;
+    m_verb = verb;
     m_newText = newText;
     m_step = step;
     Q_EMIT changed();

@@ -19,10 +19,11 @@ class CopyReplacement : public QObject
     Q_PROPERTY(Purpose purpose READ purpose NOTIFY changed)
     Q_PROPERTY(bool isAsking READ isAsking NOTIFY changed)
     Q_PROPERTY(QString newText READ newText NOTIFY changed)
+    Q_PROPERTY(QString verb READ verb NOTIFY changed)
 
 public:
-    /// What replaces the copies, last or next: the skill as it is saved, or as it is.
-    enum Purpose { Saving, Synchronising };
+    /// What replaces the copies, last or next: the skill as it is saved, as it is, or as it was once.
+    enum Purpose { Saving, Synchronising, Returning };
     Q_ENUM(Purpose)
 
     CopyReplacement(CopyInspecting &inspector, const Operations &operations);
@@ -39,10 +40,15 @@ public:
     /// What "SKILL.md" will be where it is saved.
     QString newText() const { return m_newText; }
 
-    /// Looks at the copies, and asks if need be; `agreed` or `declined` follows. A save leaves a copy alone
-    /// that can't be looked at; a synchronisation would only fail with it, so that it is shown first.
+    /// What the user is asked to agree to: "Enregistrer".
+    QString verb() const { return m_verb; }
+
+    /// Looks at the copies, and asks if need be; `agreed` or `declined` follows. A save or a
+    /// return leaves a copy alone that can't be looked at; a synchronisation would only fail with it, so that
+    /// it is shown first.
     void save(const QString &text);
     void synchronize();
+    void bringBack(const QString &verb);
 
     /// The same for a skill of a list.
     Q_INVOKABLE void synchronize(const QUuid &id);
@@ -65,7 +71,7 @@ Q_SIGNALS:
 private:
     enum class Step { Idle, Looking, Opening, Asking }; // after `Opening`, nothing is done unasked
 
-    void begin(Purpose purpose, const QString &newText, Step step);
+    void begin(Purpose purpose, const QString &verb, Step step, const QString &newText = {});
     void judge();
     void closeSettled();
     void setStep(Step step);
@@ -74,6 +80,7 @@ private:
     SkillCopies m_copies;
     Step m_step = Step::Idle;
     Purpose m_purpose = Synchronising;
+    QString m_verb;
     QString m_newText;
 };
 

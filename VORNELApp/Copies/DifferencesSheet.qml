@@ -68,7 +68,7 @@ Sheet {
         }
         Label {
             color: Colors.danger
-            text: "Les copies des assistants n’ont pas pu être comparées. «\u00A0" + (sheet.isSaving ? "Enregistrer" : "Synchroniser")
+            text: "Les copies des assistants n’ont pas pu être comparées. «\u00A0" + sheet.replacement.verb
                   + "\u00A0» les remplace\u00A0; ce qu’elles contiennent reste dans l’historique. " + sheet.copies.problem
             visible: sheet.copies.problem !== ""
             width: parent.width

@@ -1,40 +1,12 @@
 #include "DifferentFileList.h"
 
+#include "FileChangeText.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace vornel {
-
-namespace {
-
-QString symbol(FileChange change)
-{
-    switch (change) {
-    case FileChange::added:
-        return u"+"_s;
-    case FileChange::removed:
-        return u"−"_s;
-    case FileChange::changed:
-        break;
-    }
-    return u"~"_s;
-}
-
-QString wording(FileChange change)
-{
-    switch (change) {
-    case FileChange::added:
-        return u"ajouté"_s;
-    case FileChange::removed:
-        return u"supprimé"_s;
-    case FileChange::changed:
-        break;
-    }
-    return u"modifié"_s;
-}
-
-} // namespace
 
 void DifferentFileList::setInspections(const QList<CopyInspection> &inspections)
 {
@@ -43,7 +15,7 @@ void DifferentFileList::setInspections(const QList<CopyInspection> &inspections)
         const QStringList chosen = this->chosen(copy.target);
         for (const FileDifference &difference : copy.differences)
             rows.append({copy.target, difference, copy.assistant(),
-                         wording(difference.change) + u", "_s + copy.assistant(), copy.isAdoptable(),
+                         wordingOf(difference.change) + u", "_s + copy.assistant(), copy.isAdoptable(),
                          copy.isAdoptable() && chosen.contains(difference.relativePath)});
     }
     setRows(rows);
@@ -120,7 +92,7 @@ QVariant DifferentFileList::data(const QModelIndex &index, int role) const
     case PathRole:
         return row.difference.relativePath;
     case SymbolRole:
-        return symbol(row.difference.change);
+        return symbolOf(row.difference.change);
     case DescriptionRole:
         return row.description;
     case IsAdoptableRole:

@@ -35,6 +35,10 @@ bool isFolder(const QString &path)
 
 } // namespace
 
+FileComparison::FileComparison(QObject *parent)
+    : QAbstractListModel(parent), m_comparing(this, [this](const Result &result) { show(result); })
+{}
+
 void FileComparison::compare(TargetKind target, const QString &path)
 {
     if (isFolder(path))
@@ -59,17 +63,39 @@ void FileComparison::compareTargets(const QString &slug, const QString &path)
     if (isFolder(path))
         showFolder();
     else
-        begin(comparer.readTargetFile(slug, TargetKind::claude, path),
-              comparer.readTargetFile(slug, TargetKind::codex, path));
+        begin([&comparer, slug, path] { return comparer.readTargetFile(slug, TargetKind::claude, path); },
+              [&comparer, slug, path] { return comparer.readTargetFile(slug, TargetKind::codex, path); });
+}
+
+void FileComparison::compareVersion(const QString &entry, const QString &path)
+{
+    if (isFolder(path))
+        showFolder();
+    else
+        ask(fileOfVersion(entry, path), fileOf(std::nullopt, path));
+}
+
+void FileComparison::compareVersions(const QString &former, const QString &entry, const QString &path)
+{
+    if (isFolder(path))
+        showFolder();
+    else
+        ask(fileOfVersion(former, path), fileOfVersion(entry, path));
+}
+
+void FileComparison::clear()
+{
+    m_comparing.forget();
+    show({});
 }
 
 void FileComparison::compareSetAside(const QString &copy, const QString &path)
 {
     if (isFolder(path))
         return showFolder();
-    const auto nothing = [] { return QtFuture::makeReadyFuture(std::optional<QByteArray>()); };
-    begin(m_skillID.isNull() ? nothing() : fileOf(std::nullopt, path),
-          m_model->recovery().readSetAsideFile(copy, path));
+    const Side nothing = [] { return QtFuture::makeReadyFuture(std::optional<QByteArray>()); };
+    begin(m_skillID.isNull() ? nothing : fileOf(std::nullopt, path),
+          [this, copy, path] { return m_model->recovery().readSetAsideFile(copy, path); });
 }
 
 void FileComparison::copy(int first, int last) const
@@ -84,29 +110,37 @@ void FileComparison::copy(int first, int last) const
         QGuiApplication::clipboard()->setText(texts.join(u'\n'));
 }
 
-FileComparison::Bytes FileComparison::fileOf(std::optional<TargetKind> copy, const QString &path) const
+FileComparison::Side FileComparison::fileOf(std::optional<TargetKind> copy, const QString &path) const
 {
-    return m_model->inspector().readFile(m_skillID, copy, path);
+    return [this, id = m_skillID, copy, path] { return m_model->inspector().readFile(id, copy, path); };
 }
 
-FileComparison::Bytes FileComparison::bytesOf(const QString &text)
+FileComparison::Side FileComparison::fileOfVersion(const QString &entry, const QString &path) const
 {
-    return QtFuture::makeReadyFuture(std::optional(text.toUtf8()));
+    return
+        [this, id = m_skillID, entry, path] { return m_model->histories().readVersionFile(id, entry, path); };
 }
 
-void FileComparison::begin(Bytes before, Bytes after)
+FileComparison::Side FileComparison::bytesOf(const QString &text)
+{
+    return [bytes = text.toUtf8()] { return QtFuture::makeReadyFuture(std::optional(bytes)); };
+}
+
+void FileComparison::begin(Side before, Side after)
 {
     show({});
-    QCoro::connect(compare(std::move(before), std::move(after)), this,
-                   [this, request = ++m_request](const Result &result) {
-                       if (m_request == request)
-                           show(result);
-                   });
+    ask(std::move(before), std::move(after));
+}
+
+void FileComparison::ask(Side before, Side after)
+{
+    m_comparing.ask(
+        [before = std::move(before), after = std::move(after)] { return compare(before(), after()); });
 }
 
 void FileComparison::showFolder()
 {
-    ++m_request;
+    m_comparing.forget();
     show({{}, u"Dossier vide."_s}); // else it would not be listed
 }
 
@@ -137,6 +171,8 @@ FileComparison::Result FileComparison::difference(const QByteArray &before, cons
 
 void FileComparison::show(Result result)
 {
+    if (m_result == result)
+        return;
     beginResetModel();
     m_result = std::move(result);
     endResetModel();

@@ -1,14 +1,15 @@
 #pragma once
 
 #include <VORNELApp/Model/AppModel.h>
+#include <VORNELApp/Model/LatestAnswer.h>
 #include <VORNELApp/Text/LineDiff.h>
 
 #include <QAbstractListModel>
 
 namespace vornel {
 
-/// The lines in which a file of a skill's folder, of an assistant's copy, of one that was set aside or of a
-/// collision, or a text, differs from another.
+/// The lines in which a file of a skill's folder, of a version, of an assistant's copy, of one that was set
+/// aside or of a collision, or a text, differs from another.
 class FileComparison : public QAbstractListModel
 {
     Q_OBJECT
@@ -18,7 +19,7 @@ class FileComparison : public QAbstractListModel
     Q_PROPERTY(QString explanation READ explanation NOTIFY explanationChanged)
 
 public:
-    using QAbstractListModel::QAbstractListModel;
+    explicit FileComparison(QObject *parent = nullptr);
 
     /// Begins to compare this file of a copy with that of the skill.
     Q_INVOKABLE void compare(vornel::TargetKind target, const QString &path);
@@ -34,6 +35,14 @@ public:
 
     /// Begins to compare this file of a copy that was set aside with that of the skill, if there is one.
     Q_INVOKABLE void compareSetAside(const QString &copy, const QString &path);
+
+    /// Begins to compare this file of a version with what it has become, or with what it was in the version
+    /// before. Until then, what was shown stays.
+    Q_INVOKABLE void compareVersion(const QString &entry, const QString &path);
+    Q_INVOKABLE void compareVersions(const QString &former, const QString &entry, const QString &path);
+
+    /// Shows nothing, whatever has been asked.
+    Q_INVOKABLE void clear();
 
     /// Puts lines on the clipboard, from the first to the last, as their file holds them: without signs,
     /// numbers and remarks.
@@ -56,16 +65,21 @@ private:
     {
         QList<DiffLine> lines;
         QString explanation;
+
+        bool operator==(const Result &) const = default;
     };
 
-    /// The bytes of a side, when they have been read; nothing where it has no such file.
+    /// Reads the bytes of a side; nothing where it has no such file.
     using Bytes = QFuture<std::optional<QByteArray>>;
+    using Side = std::function<Bytes()>;
 
-    /// Those of a file of the skill's folder or of a copy, or of a text.
-    Bytes fileOf(std::optional<TargetKind> copy, const QString &path) const;
-    static Bytes bytesOf(const QString &text);
+    /// Those of a file of the skill's folder or of a copy, of a version, or of a text.
+    Side fileOf(std::optional<TargetKind> copy, const QString &path) const;
+    Side fileOfVersion(const QString &entry, const QString &path) const;
+    static Side bytesOf(const QString &text);
 
-    void begin(Bytes before, Bytes after);
+    void begin(Side before, Side after);
+    void ask(Side before, Side after);
     void showFolder();
     static QCoro::Task<Result> compare(Bytes before, Bytes after);
     static Result difference(const QByteArray &before, const QByteArray &after);
@@ -74,7 +88,7 @@ private:
     AppModel *m_model = nullptr;
     QUuid m_skillID;
     Result m_result;
-    int m_request = 0; ///< counts the comparisons asked for: only the last one is shown
+    LatestAnswer<Result> m_comparing;
 };
 
 } // namespace vornel

@@ -11,6 +11,7 @@ RowLayout {
 
     readonly property OpenSkill skill: model.openSkill
 
+    signal historyAsked
     signal saveAsked
     signal trashAsked
 
@@ -28,6 +29,12 @@ RowLayout {
         Layout.leftMargin: Metrics.small
         font: Typography.title
         text: bar.model.selectedSkill?.manifest.displayName ?? ""
+    }
+    ActionButton {
+        isCompact: bar.width < Metrics.roomForTexts
+        symbol: "history"
+        text: "Historique"
+        onClicked: bar.historyAsked()
     }
     ActionButton {
         enabled: !bar.model.isWorking

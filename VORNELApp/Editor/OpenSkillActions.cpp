@@ -36,7 +36,7 @@ void OpenSkill::followReplacement(CopyReplacement::Purpose purpose)
 {
     if (purpose == CopyReplacement::Saving)
         checkAndWrite();
-    else
+    else if (purpose == CopyReplacement::Synchronising)
         installCopies();
 }
 

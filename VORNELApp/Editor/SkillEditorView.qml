@@ -13,6 +13,8 @@ FocusScope {
     readonly property OpenSkill skill: model.openSkill
     readonly property var detail: model.selectedSkill
     readonly property string skillID: String(model.selectedSkillID)
+    readonly property bool isHistoryOpen: model.history.isOpen
+    readonly property bool isVersionShown: (history.item as SkillHistory)?.isVersionShown ?? false
     property string selectedFile: "SKILL.md"
 
     /** Whether the skill is on its way to the trash: nothing may be typed that would go with it. */
@@ -29,6 +31,23 @@ FocusScope {
         (comparison.item as TextComparisonSheet).compare();
     }
 
+    function toggleHistory(): void {
+        if (isHistoryOpen)
+            model.history.close();
+        else
+            model.history.open();
+    }
+    /** Brings the keyboard back from the history that is closed. */
+    function takeKeyboardBack(): void {
+        const former = (history.item as SkillHistory)?.formerFocus ?? null;
+        if (activeFocus)
+            (former?.visible ? former : instructions).forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    Keys.onEscapePressed: event => {
+        event.accepted = isHistoryOpen;
+        model.history.close();
+    }
     onSkillIDChanged: selectedFile = "SKILL.md"
 
     Connections {
@@ -49,6 +68,10 @@ FocusScope {
         sequence: "Ctrl+S"
         onActivated: editor.skill.save()
     }
+    Shortcut {
+        sequence: "Ctrl+H"
+        onActivated: editor.toggleHistory()
+    }
     EditorTopBar {
         id: bar
 
@@ -57,6 +80,7 @@ FocusScope {
         anchors.right: parent.right
         anchors.top: parent.top
         model: editor.model
+        onHistoryAsked: editor.toggleHistory()
         onSaveAsked: {
             instructions.forceActiveFocus(); // as the button goes grey
             editor.skill.save();
@@ -98,15 +122,18 @@ FocusScope {
         anchors.topMargin: Metrics.medium
         relativeFiles: editor.detail?.relativeFiles ?? []
         selectedFile: editor.selectedFile
-        width: Math.min(240, parent.width / 4)
+        visible: !editor.isHistoryOpen || (editor.width > Metrics.roomForTexts && !editor.isVersionShown)
+        width: visible ? Math.min(240, parent.width / 4) : 0
         onFileChosen: path => editor.selectedFile = path
     }
     Surface {
         anchors.bottom: tree.bottom
         anchors.left: tree.right
-        anchors.leftMargin: Metrics.medium
+        anchors.leftMargin: tree.visible ? Metrics.medium : 0
         anchors.right: facts.right
+        anchors.rightMargin: editor.isHistoryOpen ? ((history.item as SkillHistory)?.panelWidth ?? 0) + Metrics.medium : 0
         anchors.top: tree.top
+        visible: !editor.isVersionShown || !editor.isHistoryOpen
 
         InstructionsPane {
             id: instructions
@@ -145,6 +172,18 @@ FocusScope {
             model: editor.model
             path: editor.selectedFile
         }
+    }
+    DeferredItem {
+        id: history
+
+        anchors.bottom: tree.bottom
+        anchors.left: facts.left
+        anchors.right: facts.right
+        anchors.top: tree.top
+        file: "SkillHistory.qml"
+        isWanted: editor.isHistoryOpen
+        properties: ({ model: editor.model })
+        onVisibleChanged: if (!visible) editor.takeKeyboardBack()
     }
     DifferencesSheet {
         id: differences

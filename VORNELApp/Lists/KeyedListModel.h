@@ -3,7 +3,6 @@
 #include "RecordListModel.h"
 
 #include <QSet>
-#include <QUuid>
 
 #include <algorithm>
 
@@ -32,11 +31,13 @@ public:
     }
 
 private:
+    using Id = decltype(T::id);
+
     static constexpr qsizetype mostRowsToldSingly = 50;
 
-    static QSet<QUuid> identifiers(const QList<T> &records)
+    static QSet<Id> identifiers(const QList<T> &records)
     {
-        QSet<QUuid> ids;
+        QSet<Id> ids;
         ids.reserve(records.size());
         for (const T &record : records)
             ids.insert(record.id);
@@ -44,9 +45,9 @@ private:
     }
 
     /// The identifiers of the records that are also among `ids`, in their order.
-    static QList<QUuid> shared(const QList<T> &records, const QSet<QUuid> &ids)
+    static QList<Id> shared(const QList<T> &records, const QSet<Id> &ids)
     {
-        QList<QUuid> kept;
+        QList<Id> kept;
         for (const T &record : records) {
             if (ids.contains(record.id))
                 kept.append(record.id);
@@ -57,8 +58,8 @@ private:
     /// How many rows go, come or stand elsewhere among those that stay.
     qsizetype changedRows(const QList<T> &records) const
     {
-        const QList<QUuid> before = shared(this->m_records, identifiers(records));
-        const QList<QUuid> after = shared(records, identifiers(this->m_records));
+        const QList<Id> before = shared(this->m_records, identifiers(records));
+        const QList<Id> after = shared(records, identifiers(this->m_records));
         qsizetype moved = 0;
         for (qsizetype row = 0; row < before.size(); ++row)
             moved += before.at(row) == after.at(row) ? 0 : 1;
@@ -67,7 +68,7 @@ private:
 
     void removeMissing(const QList<T> &records)
     {
-        const QSet<QUuid> kept = identifiers(records);
+        const QSet<Id> kept = identifiers(records);
         for (int row = this->rowCount() - 1; row >= 0; --row) {
             if (kept.contains(this->m_records.at(row).id))
                 continue;

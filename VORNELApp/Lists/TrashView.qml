@@ -146,9 +146,17 @@ FocusScope {
     BatchBar {
         id: progress
 
-        anchors.bottom: parent.bottom
+        anchors.bottom: room.top
         anchors.left: parent.left
         anchors.right: parent.right
         batch: trash.model.batch
+    }
+    HistoryRoomLine {
+        id: room
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        model: trash.model
     }
 }

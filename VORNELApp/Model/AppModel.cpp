@@ -39,7 +39,8 @@ AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::pa
       m_selectedSkill(m_service, m_drafts, m_operations),
       m_openSkill(m_service, *m_drafts, m_operations, m_library, m_selectedSkill, m_departure),
       m_replacement(*m_service, m_operations),
-      m_adoption(m_service, m_operations, m_library, m_selectedSkill)
+      m_adoption(m_service, m_operations, m_library, m_selectedSkill),
+      m_history(m_service, m_operations, m_library, m_selectedSkill, *m_openSkill.replacement())
 {
     forwardChanges();
     connect(&m_departure, &Departure::left, this, &AppModel::go);

@@ -8,6 +8,7 @@
 #include <VORNELApp/Actions/SkillBatch.h>
 #include <VORNELApp/Copies/Adoption.h>
 #include <VORNELApp/Editor/OpenSkill.h>
+#include <VORNELApp/History/History.h>
 #include <VORNELApp/Import/ImportSession.h>
 #include <VORNELApp/Leaving/Departure.h>
 
@@ -59,6 +60,7 @@ class AppModel : public QObject
     Q_PROPERTY(vornel::OpenSkill *openSkill READ openSkill CONSTANT)
     Q_PROPERTY(vornel::CopyReplacement *replacement READ replacement CONSTANT)
     Q_PROPERTY(vornel::Adoption *adoption READ adoption CONSTANT)
+    Q_PROPERTY(vornel::History *history READ history CONSTANT)
     Q_PROPERTY(vornel::SkillBatch *batch READ batch CONSTANT)
 
 public:
@@ -144,6 +146,9 @@ public:
     /// What takes edits made elsewhere into the library.
     Adoption *adoption() { return &m_adoption; }
 
+    /// The history beside the text.
+    History *history() { return &m_history; }
+
     /// The changes made to several skills.
     SkillBatch *batch() { return &m_batch; }
 
@@ -157,13 +162,14 @@ public:
     /// The skill chosen in the library, with what was found when it was opened.
     const SelectedSkill &selection() const { return m_selectedSkill; }
 
-    /// For the screens that show skills' files, the trash, what was set aside, new skills, collisions and
-    /// unsaved texts.
+    /// For the screens that show skills' files, the trash, what was set aside, new skills, collisions,
+    /// histories and unsaved texts.
     CopyInspecting &inspector() const { return *m_service; }
     TrashInspecting &trashInspector() const { return *m_service; }
     RecoveryKeeping &recovery() const { return *m_service; }
     NewSkillFinding &newSkills() const { return *m_service; }
     TargetComparing &targetComparer() const { return *m_service; }
+    HistoryKeeping &histories() const { return *m_service; }
     DraftKeeping &drafts() const { return *m_drafts; }
 
     /// The library, prepared for queries of which the fields above are the filter.
@@ -324,6 +330,7 @@ private:
     OpenSkill m_openSkill;
     CopyReplacement m_replacement;
     Adoption m_adoption;
+    History m_history;
     SkillBatch m_batch;
     std::optional<Destination> m_selectedDestination = Destination::library;
     bool m_canCommitImport = false;

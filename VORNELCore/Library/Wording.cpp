@@ -20,6 +20,12 @@ QString dayText(const QDate &day, const QString &format)
     return number + u' ' + QLocale(QLocale::French, QLocale::France).toString(day, format);
 }
 
+/// With the year where it isn't this one.
+QString dateText(const QDate &day, const QDate &today)
+{
+    return dayText(day, day.year() == today.year() ? u"MMMM"_s : u"MMMM yyyy"_s);
+}
+
 /// "a", "a et b", "a, b et c".
 QString enumerated(QStringList parts)
 {
@@ -183,10 +189,55 @@ QString moment(const QDateTime &instant, const QDateTime &now)
 
 QString dayAndTime(const QDateTime &instant, const QDateTime &now)
 {
-    const QDateTime local = instant.toLocalTime();
-    const bool isThisYear = local.date().year() == now.toLocalTime().date().year();
-    return dayText(local.date(), isThisYear ? u"MMMM"_s : u"MMMM yyyy"_s) + u" à "_s +
-           local.toString(u"HH:mm"_s);
+    return dateText(instant.toLocalTime().date(), now.toLocalTime().date()) + u" à "_s + time(instant);
+}
+
+QString day(const QDateTime &instant, const QDateTime &now)
+{
+    const QDate day = instant.toLocalTime().date();
+    const QDate today = now.toLocalTime().date();
+    if (day == today)
+        return u"aujourd’hui"_s;
+    return day.addDays(1) == today ? u"hier"_s : dateText(day, today);
+}
+
+QString time(const QDateTime &instant)
+{
+    return instant.toLocalTime().toString(u"HH:mm"_s);
+}
+
+QString versionOrigin(const HistoryEntry &version)
+{
+    if (version.kind == HistoryKind::revision)
+        return u"révision %1"_s.arg(version.revision);
+    switch (version.origin) {
+    case VersionOrigin::claude:
+        return u"modifié par Claude"_s;
+    case VersionOrigin::codex:
+        return u"modifié par Codex"_s;
+    case VersionOrigin::library:
+        break;
+    }
+    return u"modifié à la main"_s;
+}
+
+QString version(const HistoryEntry &version, const QDateTime &now)
+{
+    const QString day = Wording::day(version.date, now);
+    if (version.kind == HistoryKind::revision)
+        return u"%1 %2 · %3"_s.arg(day, time(version.date), versionOrigin(version));
+    const QString article = day.at(0).isDigit() ? u"le "_s : QString();
+    return u"%1, remplacé %2%3 à %4"_s.arg(versionOrigin(version), article, day, time(version.date));
+}
+
+QString countedVersions(qsizetype count)
+{
+    return QString::number(count) + (count < 2 ? u" version"_s : u" versions"_s);
+}
+
+QString historyExtent(const HistoryExtent &extent)
+{
+    return countedVersions(extent.entries) + u", "_s + fileSize(extent.size);
 }
 
 QString fileSize(qint64 bytes)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELCore/Records/CopyInspection.h>
+#include <VORNELCore/Records/HistoryRecords.h>
 #include <VORNELCore/Records/NewSkill.h>
 
 #include <QDateTime>
@@ -46,6 +47,24 @@ QString moment(const QDateTime &instant, const QDateTime &now);
 /// The day and the time where the user is, with the year where it isn't that of `now`: "22 novembre à 14:32",
 /// "1er mars 2025 à 09:05".
 QString dayAndTime(const QDateTime &instant, const QDateTime &now);
+
+/// The day where the user is: "aujourd’hui", "hier", "3 mars", with the year where it isn't that of `now`;
+/// and the time there: "14:32".
+QString day(const QDateTime &instant, const QDateTime &now);
+QString time(const QDateTime &instant);
+
+/// "révision 7", "modifié par Claude".
+QString versionOrigin(const HistoryEntry &version);
+
+/// A version and its moment: "aujourd’hui 14:32 · révision 7", "modifié par Claude, remplacé le 3 mars à
+/// 14:32".
+QString version(const HistoryEntry &version, const QDateTime &now);
+
+/// "1 version", "2 versions".
+QString countedVersions(qsizetype count);
+
+/// "48 versions, 12,4 Mo".
+QString historyExtent(const HistoryExtent &extent);
 
 /// "812 octets", "1,4 ko".
 QString fileSize(qint64 bytes);

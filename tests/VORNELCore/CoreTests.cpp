@@ -243,6 +243,23 @@ TEST(Wording, TellsAgesMomentsSizesAndNumbers)
     EXPECT_EQ(Wording::countedSkills(2), u"2 compétences"_s);
 }
 
+TEST(Wording, TellsVersions)
+{
+    const QDateTime now(QDate(2026, 3, 4), QTime(0, 5));
+    const auto text = [&](QDateTime date, HistoryKind kind, VersionOrigin origin) {
+        return Wording::version(
+            {.entry = {}, .kind = kind, .revision = 7, .origin = origin, .date = date.toUTC()}, now);
+    };
+    const QDateTime yesterday(QDate(2026, 3, 3), QTime(23, 59));
+    EXPECT_EQ(text(now, HistoryKind::revision, VersionOrigin::library), u"aujourd’hui 00:05 · révision 7"_s);
+    EXPECT_EQ(text(yesterday, HistoryKind::replaced, VersionOrigin::claude),
+              u"modifié par Claude, remplacé hier à 23:59"_s);
+    EXPECT_EQ(text(yesterday.addDays(-2), HistoryKind::replaced, VersionOrigin::library),
+              u"modifié à la main, remplacé le 1er mars à 23:59"_s);
+    EXPECT_EQ(text(yesterday.addYears(-1), HistoryKind::revision, VersionOrigin::library),
+              u"3 mars 2025 23:59 · révision 7"_s);
+}
+
 TEST(CategoryRules, MakeIdentifiersNamesAndColours)
 {
     using namespace CategoryRules;

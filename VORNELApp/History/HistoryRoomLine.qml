@@ -1,0 +1,46 @@
+import QtQuick
+import QtQuick.Layouts
+import VORNELApp
+import VORNELDesignSystem
+
+/** How much the histories take, and the way to free room. Nothing where nothing is kept. */
+ListFooter {
+    id: line
+
+    required property AppModel model
+
+    visible: room.extentText !== ""
+
+    HistoryRoom {
+        id: room
+
+        model: line.model
+    }
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: Metrics.huge
+        anchors.rightMargin: Metrics.huge
+        spacing: Metrics.medium
+
+        Label {
+            Layout.fillWidth: true
+            color: Colors.secondary
+            text: "Historique\u00A0: " + room.extentText
+        }
+        ActionButton {
+            enabled: !line.model.isWorking
+            symbol: "history"
+            text: "Libérer de la place…"
+            onClicked: {
+                sheet.make();
+                (sheet.item as HistoryRoomSheet).open();
+            }
+        }
+    }
+    DeferredItem {
+        id: sheet
+
+        file: "HistoryRoomSheet.qml"
+        properties: ({ model: line.model, room: room })
+    }
+}

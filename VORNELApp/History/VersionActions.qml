@@ -1,0 +1,44 @@
+import QtQuick
+import VORNELDesignSystem
+
+/** What can be done with a version, or with the file of it that is chosen. */
+Flow {
+    id: actions
+
+    required property bool canTakeVersion
+    required property bool canTakeFile
+    required property bool hasText
+    required property bool isCompact
+
+    /** Whether the version has no such file. */
+    required property bool isRemoval
+
+    signal versionAsked
+    signal fileAsked
+    signal textAsked
+
+    spacing: Metrics.small
+
+    ActionButton {
+        enabled: actions.canTakeVersion
+        symbol: "undo-2"
+        text: "Revenir à cette version"
+        onClicked: actions.versionAsked()
+    }
+    ActionButton {
+        enabled: actions.canTakeFile
+        isCompact: actions.isCompact
+        symbol: "file"
+        text: actions.isRemoval ? "Retirer ce fichier" : "Reprendre ce fichier"
+
+        Accessible.description: !enabled ? "indisponible" : actions.isRemoval ? "Cette version ne l’avait pas" : "Lui seul revient à cette version"
+        onClicked: actions.fileAsked()
+    }
+    ActionButton {
+        enabled: actions.hasText
+        isCompact: actions.isCompact
+        symbol: "copy"
+        text: "Copier le texte"
+        onClicked: actions.textAsked()
+    }
+}

@@ -1,0 +1,143 @@
+import QtQuick
+import VORNELApp
+
+/** What was written is seen, compared and brought back, and nothing that is edited is lost over it. */
+EditorTest {
+    id: test
+
+    name: "History"
+
+    function openHistory() {
+        keyClick(Qt.Key_H, Qt.ControlModifier);
+        awaitText("Versions", /version actuelle$/);
+        tryVerify(() => focusedName().endsWith("version actuelle"));
+    }
+    /** Saves these texts, one after another. */
+    function saveAll(...texts) {
+        for (const text of texts) {
+            textArea().selectAll();
+            textArea().remove(0, textArea().length);
+            textArea().insert(0, text);
+            save();
+        }
+    }
+
+    function test_looking() {
+        openSkill("un\n");
+        saveAll("un\ndeux\n", "un\ndeux\ntrois\n");
+        textArea().forceActiveFocus();
+        openHistory();
+        verifyShown("Instructions de la compétence");
+        press(Qt.Key_Down);
+        awaitText("SKILL.md, modifié", "trois");
+        compare(all("trois")[0].sign, "+");
+        verify(!shows("Instructions de la compétence"));
+        click("Depuis la précédente");
+        awaitText("deux");
+        compare(all("deux")[0].sign, "+");
+        press(Qt.Key_Escape);
+        awaitGone("Versions");
+        tryVerify(() => textArea().activeFocus);
+        verifyShown("Bibliothèque");
+    }
+
+    function test_a_quick_walk_shows_what_it_ends_at() {
+        openSkill("0\n");
+        for (let number = 1; number < 12; ++number)
+            saveElsewhere(number + "\n");
+        reload();
+        openHistory();
+        fixture.holdWorkspace();
+        for (let number = 0; number < 10; ++number)
+            keyClick(Qt.Key_Down);
+        fixture.releaseWorkspace();
+        tryVerify(() => focusedName().endsWith("révision 2"));
+        awaitText("1", "11");
+        saveElsewhere("12\n");
+        reload();
+        awaitText("12", /révision 13, version actuelle$/);
+        verify(focusedName().endsWith("révision 2"), "what others save moves nothing");
+    }
+
+    function test_returning() {
+        openSkill("un\n");
+        saveAll("deux\n");
+        openHistory();
+        press(Qt.Key_Down);
+        click("Copier le texte");
+        awaitText("TEXTE COPIÉ");
+        compare(fixture.clipboard(), "un\n");
+        click("Revenir à cette version");
+        awaitText("VERSION RÉTABLIE", /révision 3, version actuelle$/);
+        settle();
+        verifyStored("un\n");
+        press(Qt.Key_Escape);
+        tryVerify(() => text() === "un\n");
+    }
+
+    function test_unsaved_edits_and_edited_copies_stay() {
+        openSkill("un\n");
+        saveAll("deux\n");
+        typeAt(0, "x");
+        fixture.write("codex/audit/SKILL.md", "de Codex\n");
+        openHistory();
+        press(Qt.Key_Down);
+        awaitText(/maintenant.» est le texte enregistré\.$/);
+        click("Revenir à cette version");
+        awaitText("Différences avec les copies", "La version choisie dans l’historique remplace les copies. Ce qu’elle remplace reste dans l’historique.");
+        all("Revenir à cette version").find(isInSheet).clicked();
+        awaitText("VERSION RÉTABLIE", "Recharger");
+        settle();
+        verifyStored("un\n");
+        awaitText(/^modifié par Codex, remplacé aujourd’hui à/);
+        click("Fermer l’historique");
+        compare(text(), "xdeux\n");
+    }
+    function isInSheet(item) {
+        for (let ancestor = item; ancestor !== null; ancestor = ancestor.parent) {
+            if (ancestor === root)
+                return false;
+        }
+        return true;
+    }
+
+    function test_one_file() {
+        openSkill("un\n");
+        writeEverywhere("notes.md", "a");
+        writeEverywhere("rest.md", "b");
+        click("Actualiser");
+        settle();
+        click("Prendre en compte");
+        awaitText("PRISE EN COMPTE");
+        settle();
+        saveAll("deux\n");
+        openHistory();
+        press(Qt.Key_End);
+        awaitText("notes.md, ajouté");
+        mouseClick(all("notes.md, ajouté")[0]);
+        click("Retirer ce fichier");
+        awaitText("FICHIER REPRIS");
+        settle();
+        compare(fixture.bytes("codex/audit/rest.md"), fixture.bytesOfText("b"));
+        verifyStored("deux\n");
+    }
+
+    function test_freeing_room() {
+        openSkill("un\n");
+        saveAll("deux\n", "trois\n", "quatre\n");
+        click("Bibliothèque");
+        model.selectedDestination = AppStates.Destination.trash;
+        awaitText(/^Historique.: \d+ versions, /);
+        click("Libérer de la place…");
+        awaitText("Aucune version ne serait supprimée.");
+        retype("Versions à garder pour chaque compétence", "1");
+        retype("Jours pendant lesquels garder toutes les autres", "x");
+        awaitText("Tapez un nombre.");
+        retype("Jours pendant lesquels garder toutes les autres", "0");
+        awaitText(/^4 versions seraient supprimées, ce qui libérerait /);
+        click("Supprimer ces versions…");
+        accept("HISTORIQUE ALLÉGÉ");
+        settle();
+        compare(fixture.history("audit").length, 1);
+    }
+}
