@@ -38,7 +38,7 @@ void DifferentFileList::setSetAside(const QList<FileDifference> &differences)
 {
     QList<Row> rows;
     for (const FileDifference &difference : differences)
-        rows.append({TargetKind::claude, difference, {}, wording(difference.change)});
+        rows.append({TargetKind::claude, difference, {}, wordingOf(difference.change)});
     setRows(rows);
 }
 
