@@ -31,7 +31,7 @@ EditorTest {
         verifyStored("un");
         compare(text(), "un");
         compare(model.selectedSkill.manifest.revision, 3);
-        tryVerify(() => textArea().activeFocus);
+        verify(focusedName() !== undoName, "the keyboard is back in the editor");
         awaitGone("ENREGISTRÉE");
         clickUntil(redoName, "RÉTABLI");
         settle();
