@@ -63,7 +63,7 @@ void setAside(Studio &studio)
     const fs::path recovery = "VORNEL/.vornel/recovery";
     const fs::path copy =
         studio.path("") / recovery / ("AAAAAAAA-0000-4000-8000-000000000001-removed-codex-" + slug);
-    fs::copy(studio.path("codex") / slug, copy, fs::copy_options::recursive);
+    fs::copy(studio.path("claude") / slug, copy, fs::copy_options::recursive);
     std::ofstream(copy / "SKILL.md", std::ios::app) << "\nUne remarque de Codex.\n";
     studio.occupy(recovery / ("AAAAAAAA-0000-4000-8000-000000000002-claude-" + slug));
 }
