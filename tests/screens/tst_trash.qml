@@ -255,7 +255,7 @@ ScreenTest {
         setAside(2, "codex", "autre\n");
         reload();
         awaitText("Copies mises de côté");
-        clickUntil("Afficher les copies", /^reste, Copie de Claude · 1 fichier, 9 octets/);
+        clickUntil("Afficher les copies", /^reste, Copie de Claude · 1.fichier, 9.octets/);
         compare(all("Revenir à cette version").length, 2, "what is in the trash has no next revision");
 
         list("Copies mises de côté").forceActiveFocus();
