@@ -107,9 +107,8 @@ TEST_F(SharedFiles, OfAReplacedCopyAreThoseOfTheHistory)
 
     service->moveToTrash(demo).waitForFinished();
     service->deletePermanently(demo).waitForFinished();
-    const std::vector<Tree> recovered = trees("workspace/.vornel/recovery", "replaced-codex-");
-    ASSERT_EQ(recovered.size(), 1U);
-    EXPECT_EQ(recovered.front(), edited) << "what goes to the recovery folder may be edited there";
+    EXPECT_EQ(std::ranges::count(trees("workspace/.vornel/recovery", {}), edited), 1);
+    // What lies in the recovery folder may be edited there.
     for (const auto &file : fs::recursive_directory_iterator(path("workspace/.vornel/recovery")))
         EXPECT_TRUE(file.is_directory() || file.hard_link_count() == 1) << file.path();
 }

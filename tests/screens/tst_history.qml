@@ -91,6 +91,7 @@ EditorTest {
         verifyStored("un\n");
         awaitText(/^modifié par Codex, remplacé aujourd’hui à/);
         click("Fermer l’historique");
+        awaitGone("Versions");
         compare(text(), "xdeux\n");
     }
     function isInSheet(item) {
