@@ -161,7 +161,8 @@ void backdateHistory(Studio &studio)
         auto kept = RecordJson::decodeDocument<SkillManifest>(QByteArray::fromStdString(text.str()));
         if (revision == 0 || !kept)
             continue;
-        kept->updatedAt = kept->updatedAt.addSecs(std::min<qint64>(0, revision - manifest.revision + 1) * 90'000);
+        kept->updatedAt =
+            kept->updatedAt.addSecs(std::min<qint64>(0, revision - manifest.revision + 1) * 90'000);
         std::ofstream(file) << RecordJson::document(RecordJson::encode(*kept)).toStdString();
     }
 }

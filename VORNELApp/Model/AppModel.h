@@ -245,7 +245,7 @@ public:
     Q_INVOKABLE void emptyTrash();
 
     /// Makes a copy that was set aside the next revision of a skill; deletes one for good.
-    Q_INVOKABLE void revertToSetAside(const QString &copy, QUuid skill, qint64 expectedRevision);
+    Q_INVOKABLE void revertToSetAside(const QString &copy, const vornel::SkillSummary &skill);
     Q_INVOKABLE void deleteSetAside(const QString &copy);
 
     // Actions on several skills, one after another and past failures. None begins while an operation runs.

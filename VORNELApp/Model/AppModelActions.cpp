@@ -219,10 +219,10 @@ QCoro::Task<Outcome> AppModel::restoreSetAside(QString copy, QString slug)
     });
 }
 
-void AppModel::revertToSetAside(const QString &copy, QUuid skill, qint64 expectedRevision)
+void AppModel::revertToSetAside(const QString &copy, const SkillSummary &skill)
 {
-    m_operations.perform([this, copy, skill, expectedRevision]() -> QCoro::Task<> {
-        m_selectedSkill.show(co_await m_service->restoreAsRevision(copy, skill, expectedRevision));
+    m_operations.perform([this, copy, id = skill.id, revision = skill.revision]() -> QCoro::Task<> {
+        m_selectedSkill.show(co_await m_service->restoreAsRevision(copy, id, revision));
         co_await m_library.read();
         m_operations.confirm(u"NOUVELLE RÉVISION"_s);
     });

@@ -51,7 +51,7 @@ Item {
         message: "Elle devient la révision suivante, dans la bibliothèque et chez vos assistants. Ce qu’elle remplace reste dans l’historique."
         subject: questions.record.line + " · " + questions.record.date
         title: "Revenir à cette version de «\u00A0" + questions.record.skill.displayName + "\u00A0»\u00A0?"
-        onAccepted: questions.model.revertToSetAside(questions.copy, questions.record.skill.id, questions.record.skill.revision)
+        onAccepted: questions.model.revertToSetAside(questions.copy, questions.record.skill)
         onClosed: questions.closed()
     }
     ConfirmationDialog {

@@ -14,7 +14,7 @@ SkillListRow {
 
     text: record.skill.displayName + ", " + record.line
 
-    Accessible.description: [record.date, record.failure].filter(part => part !== "").join(", ")
+    Accessible.description: record.failure === "" ? record.date : record.date + ", " + record.failure
     Keys.onDeletePressed: deletionAsked()
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()

@@ -86,6 +86,7 @@ EditorTest {
         click("Revenir à cette version");
         awaitText("Différences avec les copies", "La version choisie dans l’historique remplace les copies. Ce qu’elle remplace reste dans l’historique.");
         all("Revenir à cette version").find(isInSheet).clicked();
+        awaitGone("Différences avec les copies");
         awaitText("VERSION RÉTABLIE", "Recharger");
         settle();
         verifyStored("un\n");
