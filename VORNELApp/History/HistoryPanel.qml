@@ -30,7 +30,7 @@ Surface {
             list.currentIndex = Math.max(0, panel.versions.rowOf(panel.versions.chosen));
         }
 
-        target: panel.versions
+        target: panel.versions.rows
     }
     PaneHeader {
         id: header
@@ -58,7 +58,7 @@ Surface {
         anchors.right: parent.right
         anchors.top: header.bottom
         anchors.topMargin: 0
-        model: panel.versions
+        model: panel.versions.rows
         name: "Versions"
         onCurrentIndexChanged: if (activeFocus) panel.versions.chosen = panel.versions.nameAt(currentIndex)
 

@@ -3,13 +3,13 @@ import QtQuick.Layouts
 import VORNELApp
 import VORNELDesignSystem
 
-/** How much the histories take, and the way to free room. Nothing where nothing is kept. */
+/** How much the histories take, and the way to free room. It has its place before that is known. */
 ListFooter {
     id: line
 
     required property AppModel model
 
-    visible: room.extentText !== ""
+    readonly property bool isKnown: room.extentText !== ""
 
     HistoryRoom {
         id: room
@@ -25,10 +25,10 @@ ListFooter {
         Label {
             Layout.fillWidth: true
             color: Colors.secondary
-            text: "Historique\u00A0: " + room.extentText
+            text: line.isKnown ? "Historique\u00A0: " + room.extentText : "Historique"
         }
         ActionButton {
-            enabled: !line.model.isWorking
+            enabled: line.isKnown && !line.model.isWorking
             symbol: "history"
             text: "Libérer de la place…"
             onClicked: {

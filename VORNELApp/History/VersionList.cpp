@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace vornel {
 
 VersionList::VersionList(QObject *parent)
-    : KeyedListModel(parent), m_looking(this, [this](const Answer<Entries> &answer) { show(answer); })
+    : QObject(parent), m_looking(this, [this](const Answer<Entries> &answer) { show(answer); })
 {}
 
 void VersionList::componentComplete()
@@ -41,18 +41,19 @@ void VersionList::setChosen(const QString &entry)
 QString VersionList::chosenTitle() const
 {
     const int row = rowOf(m_chosen);
-    return row < 0 ? QString() : Wording::version(m_records.at(row).version, QDateTime::currentDateTimeUtc());
+    return row < 0 ? QString()
+                   : Wording::version(m_rows.records().at(row).version, QDateTime::currentDateTimeUtc());
 }
 
 bool VersionList::isChosenCurrent() const
 {
-    return m_records.value(rowOf(m_chosen)).version.isCurrent;
+    return m_rows.records().value(rowOf(m_chosen)).version.isCurrent;
 }
 
 int VersionList::rowOf(const QString &entry) const
 {
-    const auto found = std::ranges::find(m_records, entry, &VersionRow::id);
-    return found == m_records.end() ? -1 : static_cast<int>(found - m_records.begin());
+    const auto found = std::ranges::find(m_rows.records(), entry, &VersionRow::id);
+    return found == m_rows.records().end() ? -1 : static_cast<int>(found - m_rows.records().begin());
 }
 
 void VersionList::look()
@@ -70,16 +71,16 @@ void VersionList::show(const Answer<Entries> &answer)
         rows.append({version.entry, version});
     const QString explanation =
         answer.value && rows.isEmpty() ? u"Aucune version n’est gardée."_s : answer.outcome.message;
-    const bool isOther = answer.value && rows != m_records;
+    const bool isOther = answer.value && rows != m_rows.records();
     if (isOther)
-        setRecords(rows);
+        m_rows.setRecords(rows);
     if (rowOf(m_chosen) < 0)
         setChosen({});
     if (std::exchange(m_explanation, explanation) != explanation || isOther)
         Q_EMIT shown();
 }
 
-QVariant VersionList::data(const QModelIndex &index, int role) const
+QVariant VersionRows::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
@@ -105,7 +106,7 @@ QVariant VersionList::data(const QModelIndex &index, int role) const
     }
 }
 
-QHash<int, QByteArray> VersionList::roleNames() const
+QHash<int, QByteArray> VersionRows::roleNames() const
 {
     return {{EntryRole, "entry"},
             {DayRole, "day"},

@@ -16,14 +16,35 @@ struct VersionRow
     bool operator==(const VersionRow &) const = default;
 };
 
-/// The versions that are kept of a skill, the newest first, and which of them the user has chosen. What a row
-/// reads is made when it is shown.
-class VersionList : public vornel::KeyedListModel<VersionRow>, public QQmlParserStatus
+/// The rows of versions, the newest first. What a row reads is made when it is shown.
+class VersionRows : public KeyedListModel<VersionRow>
+{
+public:
+    using KeyedListModel::KeyedListModel;
+
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+private:
+    enum Role {
+        EntryRole = Qt::UserRole,
+        DayRole,
+        TimeRole,
+        TitleRole,
+        DescriptionRole,
+        IsReplacedRole,
+        IsCurrentRole
+    };
+};
+
+/// The versions that are kept of a skill, and which of them the user has chosen.
+class VersionList : public QObject, public QQmlParserStatus
 {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
+    Q_PROPERTY(QAbstractItemModel *rows READ rows CONSTANT)
     Q_PROPERTY(QUuid skillID READ skillID WRITE setSkillID NOTIFY skillIDChanged)
     Q_PROPERTY(QString chosen READ chosen WRITE setChosen NOTIFY chosenChanged)
     Q_PROPERTY(QString chosenTitle READ chosenTitle NOTIFY shown)
@@ -33,6 +54,8 @@ class VersionList : public vornel::KeyedListModel<VersionRow>, public QQmlParser
 
 public:
     explicit VersionList(QObject *parent = nullptr);
+
+    QAbstractItemModel *rows() { return &m_rows; }
 
     /// The skill whose versions are listed; null for none.
     const QUuid &skillID() const { return m_skillID; }
@@ -51,11 +74,8 @@ public:
     QString explanation() const { return m_explanation; }
 
     /// The name of the version in a row; empty without one. And the row of a version; -1 without one.
-    Q_INVOKABLE QString nameAt(int row) const { return m_records.value(row).id; }
+    Q_INVOKABLE QString nameAt(int row) const { return m_rows.records().value(row).id; }
     Q_INVOKABLE int rowOf(const QString &entry) const;
-
-    QVariant data(const QModelIndex &index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override;
 
     void classBegin() override {}
     void componentComplete() override;
@@ -68,22 +88,13 @@ Q_SIGNALS:
     void shown();
 
 private:
-    enum Role {
-        EntryRole = Qt::UserRole,
-        DayRole,
-        TimeRole,
-        TitleRole,
-        DescriptionRole,
-        IsReplacedRole,
-        IsCurrentRole
-    };
-
     using Entries = QList<HistoryEntry>;
 
     void look();
     void show(const Answer<Entries> &answer);
 
     AppModel *m_model = nullptr;
+    VersionRows m_rows;
     QUuid m_skillID;
     QString m_chosen;
     QString m_explanation;

@@ -49,7 +49,7 @@ Surface {
     /** Compares the chosen file. */
     function showLines(): void {
         const path = files.pathAt(list.currentIndex);
-        const wanted = [versions.chosen, isSinceFormer, path].join("/");
+        const wanted = versions.chosen + (isSinceFormer ? "/former/" : "/now/") + path;
         if (path === "" || shownLines !== wanted)
             lines.clear();
         shownLines = wanted;

@@ -64,6 +64,7 @@ EditorTest {
         saveAll("deux\n");
         openHistory();
         press(Qt.Key_Down);
+        tryVerify(() => control("Copier le texte").enabled);
         click("Copier le texte");
         awaitText("TEXTE COPIÉ");
         compare(fixture.clipboard(), "un\n");
@@ -91,6 +92,7 @@ EditorTest {
         settle();
         verifyStored("un\n");
         awaitText(/^modifié par Codex, remplacé aujourd’hui à/);
+        awaitGone("Différences avec les copies");
         click("Fermer l’historique");
         awaitGone("Versions");
         compare(text(), "xdeux\n");
