@@ -41,7 +41,7 @@ T.ItemDelegate {
             border.width: Metrics.focusWidth
             color: "transparent"
             radius: parent.radius
-            visible: row.visualFocus
+            visible: row.activeFocus && row.focusReason !== Qt.MouseFocusReason // also where the rows came after the keyboard
         }
     }
     contentItem: RowLayout {
