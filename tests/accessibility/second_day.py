@@ -126,4 +126,5 @@ def main(executable, command_line, skills, scratch):
     print("Nothing that an assistant wrote is lost.")
 
 
-main(*sys.argv[1:])
+if __name__ == "__main__":
+    main(*sys.argv[1:])
