@@ -58,7 +58,7 @@ protected:
         }
     }
 
-    const std::string large = std::string(300'000, 'x') + "end";
+    const std::string large = std::string(300'000, 'x');
     const QUuid demo;
     qint64 revision = 1;
 };
