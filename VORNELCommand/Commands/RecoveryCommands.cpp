@@ -12,11 +12,12 @@ namespace {
 /// What the user means: by its whole name or an unambiguous beginning of it.
 SetAsideCopy findCopy(const QString &typed, const QList<SetAsideCopy> &copies)
 {
+    constexpr qsizetype shortest = 4; // so that a slip of the pen deletes nothing
     QList<SetAsideCopy> found;
     for (const SetAsideCopy &copy : copies) {
         if (copy.id == typed)
             return copy;
-        if (copy.id.startsWith(typed, Qt::CaseInsensitive))
+        if (typed.size() >= shortest && copy.id.startsWith(typed, Qt::CaseInsensitive))
             found.append(copy);
     }
     if (found.isEmpty())

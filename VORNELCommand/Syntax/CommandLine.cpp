@@ -78,7 +78,7 @@ void checkOperands(const Invocation &invocation, const CommandSyntax &command)
     if (typed.size() > forms.size() && !isLastRepeated)
         throw UsageError(u"Argument de trop\u00A0: "_s + typed.last());
     for (qsizetype index = 0; index < typed.size(); ++index) {
-        if (!fits(typed.at(index), forms.at(std::min(index, forms.size() - 1))))
+        if (typed.at(index).isEmpty() || !fits(typed.at(index), forms.at(std::min(index, forms.size() - 1))))
             throw UsageError(u"Valeur incorrecte\u00A0: "_s + typed.at(index));
     }
 }

@@ -47,7 +47,7 @@ public:
 };
 
 /// Which versions are no longer wanted: of each skill those that are both older than the newest `keep` and
-/// than `days`. Those that hold what the library holds now always stay.
+/// than `days`. What the library has held at its last two revisions always stays.
 struct HistoryPruning
 {
     qint64 keep = 0;

@@ -155,17 +155,18 @@ void PosixFileSystem::share(const Place &from, const Place &to)
         fail("link", pathOf(to));
 }
 
+/// A part of one step: what overrides the steps has no part in it.
 bool PosixFileSystem::isCloned(const Place &from, const Place &to)
 {
     const auto status = statusOf(to.folder, ".");
     if (!status || status->st_dev == m_withoutClones)
         return false;
-    const File source = openFile(from.folder, from.name);
-    const File clone = createFile(to.folder, to.name);
+    const File source = PosixFileSystem::openFile(from.folder, from.name);
+    const File clone = PosixFileSystem::createFile(to.folder, to.name);
     if (::ioctl(clone.descriptor.fd(), FICLONE, source.descriptor.fd()) == 0)
         return true;
     m_withoutClones = status->st_dev;
-    remove(to.folder, to.name);
+    PosixFileSystem::remove(to.folder, to.name);
     return false;
 }
 

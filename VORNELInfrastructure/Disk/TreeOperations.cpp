@@ -191,8 +191,8 @@ void moveApart(FileSystem &files, const fs::path &from, const fs::path &to, cons
         files.rename(copy, {destination, to.filename()}, RenameMode::ToFreePlace);
         flushNames(files, destination);
     }
-    const Place condemned{aside, temporaryName()};
-    files.rename(source, condemned, RenameMode::ToFreePlace);
+    const fs::path condemned = staging / temporaryName();
+    moveTree(files, from, condemned);
     removeTree(files, condemned);
 }
 

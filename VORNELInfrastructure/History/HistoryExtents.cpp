@@ -18,6 +18,17 @@ namespace {
 
 constexpr qint64 secondsOfADay = 24 * 60 * 60;
 
+/// The library's own; all of them count as needed where there are fewer than two.
+qint64 lastButOneRevision(const std::vector<DatedVersion> &versions)
+{
+    std::set<qint64> revisions;
+    for (const DatedVersion &dated : versions) {
+        if (dated.version.origin == VersionOrigin::library)
+            revisions.insert(dated.version.revision);
+    }
+    return revisions.size() < 2 ? 0 : *std::next(revisions.rbegin());
+}
+
 HistoryExtent sum(const std::vector<HistoryExtent> &extents)
 {
     return std::accumulate(extents.begin(), extents.end(), HistoryExtent(),
@@ -65,19 +76,20 @@ QList<QUuid> HistoryExtents::skills() const
     return ids;
 }
 
-/// What the library holds at the last revision always stays: it tells who has changed a copy.
+/// What the library has held at its last two revisions always stays, and what a merge has joined since: they
+/// tell who has changed a copy, and what it was made from.
 std::set<std::string> HistoryExtents::unwanted(const QUuid &id, const HistoryPruning &pruning) const
 {
     const QDateTime now = QDateTime::currentDateTimeUtc();
     const std::vector<DatedVersion> versions = datedVersions(m_workspace, id);
-    qint64 last = 0;
-    for (const DatedVersion &dated : versions)
-        last = std::max(last, dated.version.revision);
+    const qint64 oldestNeeded = lastButOneRevision(versions);
     const auto kept = std::min(static_cast<std::size_t>(std::max(pruning.keep, qint64(0))), versions.size());
     std::set<std::string> entries;
     for (const auto &[version, date] : std::span(versions).subspan(kept)) {
-        const bool isLast = version.origin == VersionOrigin::library && version.revision == last;
-        if (!isLast && date.secsTo(now) >= pruning.days * secondsOfADay)
+        const bool isOld = date.secsTo(now) >= pruning.days * secondsOfADay;
+        const bool isNeeded = version.revision >= oldestNeeded && (version.origin == VersionOrigin::library ||
+                                                                   version.entry.starts_with("merged-"));
+        if (isOld && !isNeeded)
             entries.insert(version.entry);
     }
     return entries;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 
 namespace vornel {
 
@@ -82,24 +83,17 @@ void SharedFiles::copyTree(const fs::path &source, const fs::path &destination, 
                              });
 }
 
-void SharedFiles::replaceIn(const fs::path &entry, const fs::path &staging) const noexcept
-{
-    bestEffort([&] { replaceBelow(m_files.openFolder(entry), {}, m_files.openFolder(staging)); });
-}
-
 /// The file of the same path is the likeliest; any other may be the same under its former name.
 bool SharedFiles::share(const File &file, const std::string &relativePath, const Place &to) const
 {
-    constexpr std::ptrdiff_t most =
-        8; // of one size: with more, to look for an equal one costs more than it spares
+    constexpr std::size_t most = 8; // of one size: to look through more costs more than it spares
     const auto found = m_bySize.find(file.size);
     if (found == m_bySize.end())
         return false;
-    std::vector<Held> likely = found->second;
-    std::ranges::stable_partition(likely,
-                                  [&](const Held &held) { return held.relativePath == relativePath; });
-    const auto end = likely.begin() + std::min(most, std::ssize(likely));
-    return std::any_of(likely.begin(), end, [&](const Held &held) { return shareIfEqual(file, held, to); });
+    const auto isOfThatPath = [&](const Held &held) { return held.relativePath == relativePath; };
+    const auto isShared = [&](const Held &held) { return shareIfEqual(file, held, to); };
+    return std::ranges::any_of(found->second | std::views::filter(isOfThatPath), isShared) ||
+           std::ranges::any_of(found->second | std::views::take(most), isShared);
 }
 
 /// False also where the file can't be shared: it is copied then.
@@ -115,37 +109,6 @@ bool SharedFiles::shareIfEqual(const File &file, const Held &held, const Place &
         }
     });
     return isShared;
-}
-
-void SharedFiles::replaceBelow(const Folder &folder, const std::string &prefix, const Folder &staging) const
-{
-    for (const FolderEntry &entry : m_files.list(folder)) {
-        const std::string path = prefix + entry.name;
-        if (entry.name.starts_with('.'))
-            continue;
-        if (entry.kind == FileKind::Directory)
-            replaceBelow(m_files.openFolder(folder, entry.name), path + '/', staging);
-        else if (entry.kind == FileKind::Regular)
-            bestEffort([&] { replaceFile({folder, entry.name}, path, staging); });
-    }
-}
-
-/// What an interruption leaves of it is in the staging folder.
-void SharedFiles::replaceFile(const Place &place, const std::string &relativePath,
-                              const Folder &staging) const
-{
-    const Place temporary{staging, temporaryName()};
-    if (!share(m_files.openFile(place.folder, place.name), relativePath, temporary))
-        return;
-    try {
-        const File shared = m_files.openFile(staging, temporary.name);
-        if (shared.names == 1) // a clone
-            m_files.flush(shared);
-        m_files.rename(temporary, place, RenameMode::OntoFile);
-    } catch (...) {
-        bestEffort([&] { m_files.remove(staging, temporary.name); });
-        throw;
-    }
 }
 
 } // namespace vornel

@@ -24,10 +24,6 @@ public:
     void copyTree(const std::filesystem::path &source, const std::filesystem::path &destination,
                   TreeFilter filter) const;
 
-    /// Replaces visible files of an entry that was a folder of others' by those that are shared. What can't
-    /// be stays as it is.
-    void replaceIn(const std::filesystem::path &entry, const std::filesystem::path &staging) const noexcept;
-
 private:
     struct Held
     {
@@ -37,8 +33,6 @@ private:
 
     bool share(const File &file, const std::string &relativePath, const Place &to) const;
     bool shareIfEqual(const File &file, const Held &held, const Place &to) const;
-    void replaceBelow(const Folder &folder, const std::string &prefix, const Folder &staging) const;
-    void replaceFile(const Place &place, const std::string &relativePath, const Folder &staging) const;
 
     FileSystem &m_files;
     std::map<std::int64_t, std::vector<Held>> m_bySize; ///< the files that aren't empty

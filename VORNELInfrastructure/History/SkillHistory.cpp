@@ -168,9 +168,30 @@ bool SkillHistory::wasMerged(const QUuid &id, VersionOrigin origin, const std::s
     return anyHolds(id, merged, TreeFilter::excludingManifest, digest);
 }
 
+/// The folder came from a target, and somebody may still stand in it: nothing in it may share a file. So a
+/// copy that does takes its place. One with hidden entries stays, since nobody copies these.
 void SkillHistory::shareReplaced(const fs::path &entry) const noexcept
 {
-    bestEffort([&] { sharedFiles(entry.parent_path()).replaceIn(entry, m_config.staging()); });
+    const auto digestOfAll = [this](const fs::path &folder) {
+        return SecureFileTree::snapshot(m_files, folder, TreeFilter::all).digest;
+    };
+    bestEffort([&] {
+        const FileTreeSnapshot content = SecureFileTree::snapshot(m_files, entry, TreeFilter::all);
+        const auto version = KeptVersion::named(entry.filename());
+        if (!content.isWhole || !version)
+            return;
+        StagedFolder copy{Stage(m_files, m_config.staging()),
+                          {.path = entry, .backup = m_config.recovery() / entry.filename()}};
+        sharedFiles(entry.parent_path()).copyTree(entry, copy.stage.path(), TreeFilter::all);
+        if (digestOfAll(copy.stage.path()) != content.digest)
+            return;
+        const fs::path former = commit(m_files, copy);
+        if (digestOfAll(former) != content.digest) // somebody has written there meanwhile
+            moveTree(m_files, former,
+                     entry.parent_path() / pathFromText(replacedEntry(version->origin, version->revision)));
+        else
+            SkillFolderStore(m_files, m_config).discard(former);
+    });
 }
 
 /// Of the latest of the library's own versions: what changes from one to the next is little.

@@ -171,9 +171,9 @@ TEST_F(Vornelctl, BringsBackWhatTheHistoryHolds)
         EXPECT_EQ(run(line).code, 64) << line;
     EXPECT_EQ(run("history --prune --older-than 90d --json").json()[u"entries"], 0);
     EXPECT_TRUE(
-        run("history --prune --keep 1 --dry-run").output.startsWith("À supprimer\u00A0: 4 versions, "));
-    EXPECT_EQ(run("history --prune --keep 1 --json").json()[u"entries"], 4);
-    EXPECT_EQ(run("history demo --json").json().array().size(), 1);
+        run("history --prune --keep 1 --dry-run").output.startsWith("À supprimer\u00A0: 3 versions, "));
+    EXPECT_EQ(run("history --prune --keep 1 --json").json()[u"entries"], 3);
+    EXPECT_EQ(run("history demo --json").json().array().size(), 2);
 }
 
 TEST_F(Vornelctl, ListsWhatDiffersInTheCopies)

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <array>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -181,22 +182,38 @@ private:
     }
 
     /// What was replaced is kept as it stood in the target. An interruption may leave the new copy in its
-    /// place of the history, where the two were about to change places.
+    /// place of the history, where the two were about to change places; what the library holds is kept once
+    /// more where a disk doesn't let its entry be read, or its manifest was written and not the history.
     void checkReplaced(const SkillOnDisk &skill, const std::string &name, const Tree &tree) const
     {
         const auto former = m_before.history.find(idText(skill));
         if (former != m_before.history.end() && former->second.contains(name))
             return;
+        const std::string slug = skill.manifest.slug.toStdString();
+        if (name.starts_with("replaced-library-")) {
+            EXPECT_TRUE(isOfLibrary(skillIn(historyOf(skill) / name), slug)) << name << " never stood there";
+            return;
+        }
         const auto &before = name.find("-claude-") != std::string::npos ? m_before.claude : m_before.codex;
-        const auto old = before.find(skill.manifest.slug.toStdString());
-        const SkillOnDisk *library = m_before.find(skill.manifest.slug.toStdString());
+        const auto old = before.find(slug);
         Tree own = skill.files;
-        own.erase("vornel.json");
-        // What the library holds is kept once more where a disk doesn't let its entry be read.
-        const bool isOfLibrary = name.starts_with("replaced-library-") && library != nullptr;
-        EXPECT_TRUE(tree == own || (isOfLibrary && library->files == tree) ||
-                    (old != before.end() && old->second == tree))
+        own.erase(manifestName);
+        EXPECT_TRUE(tree == own || (old != before.end() && old->second == tree))
             << name << " never stood there";
+    }
+
+    /// Whether the library holds this before or after the operation.
+    bool isOfLibrary(const SkillOnDisk &entry, const std::string &slug) const
+    {
+        return std::ranges::any_of(std::array{&m_before, &m_after}, [&](const WorkspaceState *state) {
+            const SkillOnDisk *expected = state->find(slug);
+            return expected != nullptr && areAlike(entry, *expected, m_before.find(slug) == nullptr);
+        });
+    }
+
+    fs::path historyOf(const SkillOnDisk &skill) const
+    {
+        return m_folder / "workspace/.vornel/history" / idText(skill);
     }
 
     static bool isOfReplaced(const std::string &name)
@@ -209,14 +226,9 @@ private:
         const auto old = m_before.history.find(idText(skill));
         if (old != m_before.history.end() && old->second.contains(name))
             return;
-        const SkillOnDisk entry = skillIn(m_folder / "workspace/.vornel/history" / idText(skill) / name);
+        const SkillOnDisk entry = skillIn(historyOf(skill) / name);
         EXPECT_TRUE(name.starts_with(std::to_string(entry.manifest.revision) + '-')) << name;
-        const std::string slug = skill.manifest.slug.toStdString();
-        const auto isOf = [&](const WorkspaceState &state) {
-            const SkillOnDisk *expected = state.find(slug);
-            return expected != nullptr && areAlike(entry, *expected, m_before.find(slug) == nullptr);
-        };
-        EXPECT_TRUE(isOf(m_before) || isOf(m_after)) << "history entry " << name << " of " << slug;
+        EXPECT_TRUE(isOfLibrary(entry, skill.manifest.slug.toStdString())) << name;
     }
 
     /// A name that needn't be ignored any more may be forgotten later, whatever was reported.

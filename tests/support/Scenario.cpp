@@ -233,7 +233,7 @@ std::vector<Scenario> allScenarios()
         taking("adoptHandEdits", adoptHandEdits, "adopt demo library --expect 3",
                Error::revisionConflict(3, 4)),
         operation("revert", revert, "revert demo 2 --expect 3", Error::revisionConflict(3, 4)),
-        {"prune", buildLibrary, prune, {u"history"_s, u"--prune"_s, u"--keep"_s, u"1"_s}, std::nullopt, true},
+        {"prune", buildLongHistory, prune, {u"history"_s, u"--prune"_s, u"--keep"_s, u"1"_s}, std::nullopt, true},
         taking("merge", merge, "merge demo --prefer codex"),
         operation("trashOne", trash({u"demo"_s}), "trash demo", done),
         operation("trashSeveral", trash({u"demo"_s, u"second"_s}), "trash demo second", done),

@@ -48,10 +48,12 @@ std::string temporaryName()
     return '.' + freshName() + ".tmp";
 }
 
-void forgetRevision(const fs::path &history, const std::string &prefix)
+/// Removes what the library has held at a revision.
+void forgetRevision(const fs::path &history, const std::string &revision)
 {
     for (const fs::directory_entry &entry : fs::directory_iterator(history)) {
-        if (entry.path().filename().native().starts_with(prefix))
+        const std::string name = entry.path().filename();
+        if (name.starts_with(revision + '-') || name.starts_with("replaced-library-" + revision + '-'))
             fs::remove_all(entry.path());
     }
 }
@@ -102,11 +104,21 @@ void buildLibrary(const fs::path &folder)
     fs::create_hard_link(folder / "codex/demo/reference/own.md", folder / "elsewhere");
     fs::remove_all(folder / "claude/second");
     const fs::path history = folder / "workspace/.vornel/history";
-    forgetRevision(history / uuidText(demo).toStdString(), "3-");
-    forgetRevision(history / uuidText(second).toStdString(), "2-");
+    forgetRevision(history / uuidText(demo).toStdString(), "3");
+    forgetRevision(history / uuidText(second).toStdString(), "2");
     writeStrangersFolder(folder / "claude/fresh");
     writeStrangersFolder(folder / "codex/gone");
     writeFile(folder / "text", savedText.toStdString());
+}
+
+void buildLongHistory(const fs::path &folder)
+{
+    buildLibrary(folder);
+    const auto service = startService(folder);
+    for (const SkillSummary &skill : service->reload().result().skills) {
+        for (qint64 revision = skill.revision; revision < 4; ++revision)
+            service->saveSkill(skill.id, revision, u"texte %1"_s.arg(revision)).result();
+    }
 }
 
 void buildEditedLibrary(const fs::path &folder)

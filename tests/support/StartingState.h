@@ -27,6 +27,9 @@ void writeAssistantsFolders(const std::filesystem::path &folder);
 /// assistants' own folders are there too.
 void buildLibrary(const std::filesystem::path &folder);
 
+/// The same, with so many revisions of each active skill that a history can be pruned.
+void buildLongHistory(const std::filesystem::path &folder);
+
 /// The same library, where both assistants have edited "demo": one file in ways that can't be joined.
 void buildEditedLibrary(const std::filesystem::path &folder);
 
