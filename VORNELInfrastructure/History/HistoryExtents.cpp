@@ -29,6 +29,12 @@ qint64 lastButOneRevision(const std::vector<DatedVersion> &versions)
     return revisions.size() < 2 ? 0 : *std::next(revisions.rbegin());
 }
 
+bool isNeeded(const KeptVersion &version, qint64 oldestNeeded)
+{
+    return version.revision >= oldestNeeded &&
+           (version.origin == VersionOrigin::library || version.entry.starts_with("merged-"));
+}
+
 HistoryExtent sum(const std::vector<HistoryExtent> &extents)
 {
     return std::accumulate(extents.begin(), extents.end(), HistoryExtent(),
@@ -77,20 +83,18 @@ QList<QUuid> HistoryExtents::skills() const
 }
 
 /// What the library has held at its last two revisions always stays, and what a merge has joined since: they
-/// tell who has changed a copy, and what it was made from.
+/// tell who has changed a copy, and what it was made from. So does what can't be dated, beside those to keep.
 std::set<std::string> HistoryExtents::unwanted(const QUuid &id, const HistoryPruning &pruning) const
 {
     const QDateTime now = QDateTime::currentDateTimeUtc();
-    const std::vector<DatedVersion> versions = datedVersions(m_workspace, id);
+    std::vector<DatedVersion> versions = datedVersions(m_workspace, id);
     const qint64 oldestNeeded = lastButOneRevision(versions);
+    std::erase_if(versions, [](const DatedVersion &dated) { return !dated.isCertain; });
     const auto kept = std::min(static_cast<std::size_t>(std::max(pruning.keep, qint64(0))), versions.size());
     std::set<std::string> entries;
-    for (const auto &[version, date] : std::span(versions).subspan(kept)) {
-        const bool isOld = date.secsTo(now) >= pruning.days * secondsOfADay;
-        const bool isNeeded = version.revision >= oldestNeeded && (version.origin == VersionOrigin::library ||
-                                                                   version.entry.starts_with("merged-"));
-        if (isOld && !isNeeded)
-            entries.insert(version.entry);
+    for (const DatedVersion &dated : std::span(versions).subspan(kept)) {
+        if (dated.date.secsTo(now) >= pruning.days * secondsOfADay && !isNeeded(dated.version, oldestNeeded))
+            entries.insert(dated.version.entry);
     }
     return entries;
 }

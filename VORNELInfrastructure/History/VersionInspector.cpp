@@ -29,8 +29,9 @@ bool isNewer(const DatedVersion &a, const DatedVersion &b)
     return key(a) > key(b);
 }
 
-/// When a version was made or replaced; now, where that can't be told any more.
-QDateTime dateOf(const Workspace &workspace, const fs::path &history, const KeptVersion &version)
+/// When a version was made or replaced, as it was noted.
+std::optional<QDateTime> notedDate(const Workspace &workspace, const fs::path &history,
+                                   const KeptVersion &version)
 {
     if (version.replacedAt)
         return instantAt(version.replacedAt->toSecsSinceEpoch());
@@ -39,11 +40,25 @@ QDateTime dateOf(const Workspace &workspace, const fs::path &history, const Kept
         if (version.kind == HistoryKind::revision)
             date = SkillFolderStore(workspace).readManifest(history / version.entry).updatedAt;
     });
-    bestEffort([&] {
-        if (!date)
-            date = workspace.files.changedAt(workspace.files.openFolder(history), version.entry);
-    });
-    return date.value_or(currentInstant());
+    return date;
+}
+
+/// When its folder came to its place.
+std::optional<QDateTime> folderDate(const Workspace &workspace, const fs::path &history,
+                                    const KeptVersion &version)
+{
+    std::optional<QDateTime> date;
+    bestEffort([&] { date = workspace.files.changedAt(workspace.files.openFolder(history), version.entry); });
+    return date;
+}
+
+/// An earlier version noted no date of what was replaced: that of its folder stands for it.
+DatedVersion dated(const Workspace &workspace, const fs::path &history, const KeptVersion &version)
+{
+    if (const auto noted = notedDate(workspace, history, version))
+        return {version, *noted, true};
+    const std::optional<QDateTime> date = folderDate(workspace, history, version);
+    return {version, date.value_or(currentInstant()), date && version.kind == HistoryKind::replaced};
 }
 
 /// Marks the newest of the versions that are the library's present revision and content, if there is one.
@@ -62,9 +77,8 @@ std::vector<DatedVersion> datedVersions(const Workspace &workspace, const QUuid 
 {
     const fs::path history = workspace.config.historyOf(id);
     std::vector<DatedVersion> versions =
-        parallelMap(SkillHistory(workspace).versions(id), [&](const KeptVersion &version) {
-            return DatedVersion{version, dateOf(workspace, history, version)};
-        });
+        parallelMap(SkillHistory(workspace).versions(id),
+                    [&](const KeptVersion &version) { return dated(workspace, history, version); });
     std::ranges::sort(versions, isNewer);
     return versions;
 }

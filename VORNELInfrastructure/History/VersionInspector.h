@@ -14,9 +14,10 @@ struct DatedVersion
 {
     KeptVersion version;
     QDateTime date;
+    bool isCertain; ///< whether that is known; otherwise the date only serves to be shown
 };
 
-/// The versions of a skill, the newest first. One of which that can't be told any more counts as new.
+/// The versions of a skill, the newest first.
 std::vector<DatedVersion> datedVersions(const Workspace &workspace, const QUuid &id);
 
 /// Looks at the versions of active and trashed skills. Does and throws what `HistoryKeeping` says.
