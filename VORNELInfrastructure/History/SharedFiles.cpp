@@ -1,7 +1,7 @@
 #include "SharedFiles.h"
 
 #include <VORNELInfrastructure/Disk/BestEffort.h>
-#include <VORNELInfrastructure/Disk/FileOperations.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Tree/TreeWalk.h>
 
@@ -68,7 +68,7 @@ SharedFiles::SharedFiles(FileSystem &files, const fs::path &history, std::span<c
             walk.run(files.openFolder(history / entry), {});
             const FileTreeSnapshot tree = walk.finish(history / entry);
             for (const FileTreeSnapshot::Entry &file : tree.entries) {
-                if (tree.isWhole && file.size > 0)
+                if (tree.isWhole && file.size > 0 && file.relativePath != SkillFiles::manifest)
                     m_bySize[file.size].push_back({history / entry, file.relativePath});
             }
         });

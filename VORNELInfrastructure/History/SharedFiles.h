@@ -35,7 +35,8 @@ private:
     bool shareIfEqual(const File &file, const Held &held, const Place &to) const;
 
     FileSystem &m_files;
-    std::map<std::int64_t, std::vector<Held>> m_bySize; ///< the files that aren't empty
+    std::map<std::int64_t, std::vector<Held>>
+        m_bySize; ///< the files but the manifest, and none that is empty
 };
 
 } // namespace vornel

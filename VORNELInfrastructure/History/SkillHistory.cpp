@@ -217,12 +217,16 @@ void SkillHistory::remove(const QUuid &id, const fs::path &skillURL) const
     const SkillFolderStore store(m_files, m_config);
     QString slug;
     bestEffort([&] { slug = store.readManifest(skillURL).slug; });
-    for (const std::string &name : namesIn(m_files, history)) {
-        if (isOfReplaced(name))
-            moveApart(m_files, history / name,
-                      m_config.recovery() / pathFromText(nameOfReplaced(QString::fromStdString(name), slug)),
-                      m_config.staging());
-    }
+    std::vector<std::string> replaced = namesIn(m_files, history);
+    const auto [first, last] = std::ranges::partition(replaced, isOfReplaced);
+    // First, so that what stays shares less with others, and takes less room to be moved.
+    for (const std::string &name : std::ranges::subrange(first, last))
+        store.discard(history / name);
+    replaced.erase(first, last);
+    for (const std::string &name : replaced)
+        moveApart(m_files, history / name,
+                  m_config.recovery() / pathFromText(nameOfReplaced(QString::fromStdString(name), slug)),
+                  m_config.staging());
     store.discard(history);
 }
 
