@@ -240,7 +240,7 @@ ScreenTest {
 
     /** Sets a copy of "reste", which is active, aside. */
     function setAside(number, assistant, text) {
-        fixture.write(`workspace/.vornel/recovery/AAAAAAAA-0000-4000-8000-00000000000${number}-removed-${assistant}-reste/SKILL.md`, text);
+        fixture.write(`workspace/.vornel/recovery/00000000-0000-4000-8000-00000000000${number}-removed-${assistant}-reste/SKILL.md`, text);
     }
     /** The row of a copy. */
     function copyOf(name, assistant) {
