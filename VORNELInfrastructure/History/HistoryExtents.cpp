@@ -16,7 +16,7 @@ namespace vornel {
 
 namespace {
 
-constexpr qint64 secondsOfADay = 24 * 60 * 60;
+constexpr qint64 secondsOfADay = 86'400;
 
 /// The library's own; all of them count as needed where there are fewer than two.
 qint64 lastButOneRevision(const std::vector<DatedVersion> &versions)
