@@ -136,8 +136,7 @@ private:
             throw;
         }
         const bool isKeptAsBackup = m_destination.backup == m_destination.keptAs;
-        fs::path aside =
-            isKeptAsBackup ? fs::path(m_staging.path) / temporaryName() : m_destination.backup;
+        fs::path aside = isKeptAsBackup ? fs::path(m_staging.path) / temporaryName() : m_destination.backup;
         replaceInTwoSteps(staged, destination, aside);
         return aside;
     }
