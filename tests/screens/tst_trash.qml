@@ -240,7 +240,7 @@ ScreenTest {
 
     /** Sets a copy of "reste", which is active, aside. */
     function setAside(number, assistant, text) {
-        fixture.write(`workspace/.vornel/recovery/00000000-0000-4000-8000-00000000000${number}-removed-${assistant}-reste/SKILL.md`, text);
+        fixture.write(`workspace/.vornel/recovery/FFFFFFFF-0000-4000-8000-00000000000${number}-removed-${assistant}-reste/SKILL.md`, text);
     }
     /** The row of a copy. */
     function copyOf(name, assistant) {
@@ -254,8 +254,11 @@ ScreenTest {
         setAside(1, "claude", "retrouvé");
         setAside(2, "codex", "autre\n");
         reload();
-        awaitText("Copies mises de côté");
-        clickUntil("Afficher les copies", /^reste, Copie de Claude · 1.fichier, 9.octets/);
+        awaitText("Copies mises de côté", /^4 copies, /);
+        clickUntil("Afficher les copies", "Masquer les copies");
+        list("Copies mises de côté").forceActiveFocus();
+        press(Qt.Key_Home);
+        awaitText(/^reste, Copie de Claude · 1.fichier, 9.octets/);
         compare(all("Revenir à cette version").length, 2, "what is in the trash has no next revision");
 
         copyOf("reste", "Claude").forceActiveFocus();
