@@ -1,6 +1,5 @@
 #include "SetAsideList.h"
 
-#include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Library/LocaleText.h>
 #include <VORNELCore/Library/Wording.h>
 
@@ -20,7 +19,9 @@ QUuid rowOf(const QString &copyID)
 
 } // namespace
 
-SetAsideList::SetAsideList(QObject *parent) : SkillList(Destination::trash, parent)
+SetAsideList::SetAsideList(QObject *parent)
+    : SkillList(Destination::trash, parent),
+      m_looking(this, [this](const Answer<Copies> &answer) { show(answer); })
 {}
 
 QString SetAsideList::summary() const
@@ -76,12 +77,13 @@ SkillEntry SetAsideList::entryOf(const SetAsideCopy &copy) const
 
 void SetAsideList::renew()
 {
-    using Copies = QList<SetAsideCopy>;
-    QCoro::connect(answerOf(model()->recovery().setAsideCopies()), this,
-                   [this](const Answer<Copies> &answer) {
-                       m_copies = answer.value.value_or(Copies());
-                       refresh();
-                   });
+    m_looking.ask([this] { return answerOf(model()->recovery().setAsideCopies()); });
+}
+
+void SetAsideList::show(const Answer<Copies> &answer)
+{
+    m_copies = answer.value.value_or(Copies());
+    refresh();
 }
 
 } // namespace vornel

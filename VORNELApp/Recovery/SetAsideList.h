@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELApp/Lists/SkillList.h>
+#include <VORNELApp/Model/LatestAnswer.h>
 
 namespace vornel {
 
@@ -28,9 +29,13 @@ protected:
     void renew() override;
 
 private:
-    SkillEntry entryOf(const SetAsideCopy &copy) const;
+    using Copies = QList<SetAsideCopy>;
 
-    QList<SetAsideCopy> m_copies;
+    SkillEntry entryOf(const SetAsideCopy &copy) const;
+    void show(const Answer<Copies> &answer);
+
+    Copies m_copies;
+    LatestAnswer<Answer<Copies>> m_looking;
 };
 
 } // namespace vornel

@@ -138,7 +138,7 @@ EditorTest {
         retype("Jours pendant lesquels garder toutes les autres", "x");
         awaitText("Tapez un nombre.");
         retype("Jours pendant lesquels garder toutes les autres", "0");
-        awaitText(/^\d versions seraient supprimées, ce qui libérerait /);
+        awaitText(/^3 versions seraient supprimées, ce qui libérerait /);
         click("Supprimer ces versions…");
         accept("HISTORIQUE ALLÉGÉ");
         settle();

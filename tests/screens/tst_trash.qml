@@ -237,4 +237,55 @@ ScreenTest {
         accept("La corbeille est vide");
         compare(model.errorMessage, "Skill introuvable : " + id, "the message outlives the row");
     }
+
+    /** Sets a copy of "reste", which is active, aside. */
+    function setAside(number, assistant, text) {
+        fixture.write(`workspace/.vornel/recovery/00000000-0000-4000-8000-00000000000${number}-removed-${assistant}-reste/SKILL.md`, text);
+    }
+    /** The row of a copy. */
+    function copyOf(name, assistant) {
+        const found = all(new RegExp(`^${name}, Copie de ${assistant} · .*`)).filter(item => item.record !== undefined);
+        compare(found.length, 1, name + ", " + assistant);
+        return found[0];
+    }
+
+    function test_copies_set_aside() {
+        openTrash(["audit"]);
+        setAside(1, "claude", "retrouvé");
+        setAside(2, "codex", "autre\n");
+        reload();
+        awaitText("Copies mises de côté", /^4 copies, /);
+        clickUntil("Afficher les copies", "Masquer les copies");
+        list("Copies mises de côté").forceActiveFocus();
+        press(Qt.Key_Home);
+        awaitText(/^reste, Copie de Claude · 1.fichier, 9.octets/);
+        compare(all("Revenir à cette version").length, 2, "what is in the trash has no next revision");
+
+        copyOf("reste", "Claude").forceActiveFocus();
+        press(Qt.Key_Return, "Copie de «\u00A0reste\u00A0»", "SKILL.md, modifié");
+        awaitText(/retrouvé/);
+        click("Fermer");
+        awaitGone("Fermer");
+        tryVerify(() => root.Window.activeFocusItem === copyOf("reste", "Claude"));
+
+        button(copyOf("reste", "Claude").text, "Revenir à cette version").clicked();
+        awaitText("Revenir à cette version de «\u00A0reste\u00A0»\u00A0?");
+        accept("NOUVELLE RÉVISION");
+        compare(fixture.bytes("codex/reste/SKILL.md"), fixture.bytesOfText("retrouvé"));
+        tryVerify(() => all(/^reste, Copie de Claude/).length === 0);
+
+        button(copyOf("reste", "Codex").text, "Restaurer comme nouvelle compétence…").clicked();
+        awaitText("Une compétence de la bibliothèque porte cet identifiant.");
+        verify(!control("Restaurer la copie").enabled);
+        retype("Identifiant", "encore");
+        click("Restaurer la copie");
+        awaitText("RESTAURÉE");
+        compare(fixture.bytes("claude/encore/SKILL.md"), fixture.bytesOfText("autre\n"));
+
+        copyOf("audit", "Codex").forceActiveFocus();
+        press(Qt.Key_Delete, "Supprimer définitivement cette copie de «\u00A0audit\u00A0»\u00A0?");
+        accept("SUPPRIMÉE");
+        verify(copyOf("audit", "Claude"));
+        tryVerify(() => all(/^audit, Copie de Codex/).length === 0);
+    }
 }
