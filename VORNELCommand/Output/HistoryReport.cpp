@@ -13,31 +13,12 @@ using Terminal::Colour;
 
 namespace {
 
-QString kindText(const HistoryEntry &entry)
-{
-    if (entry.kind == HistoryKind::revision)
-        return u"révision "_s + QString::number(entry.revision);
-    switch (entry.origin) {
-    case VersionOrigin::claude:
-        return u"copie de Claude, remplacée"_s;
-    case VersionOrigin::codex:
-        return u"copie de Codex, remplacée"_s;
-    case VersionOrigin::library:
-        break;
-    }
-    return u"modifiée à la main, remplacée"_s;
-}
-
 Cell kindCell(const HistoryEntry &entry)
 {
     if (entry.isCurrent)
-        return {kindText(entry) + u" (actuelle)"_s, Colour::Success};
-    return {kindText(entry), entry.kind == HistoryKind::replaced ? Colour::Warning : Colour::Plain};
-}
-
-QString countedVersions(qint64 count)
-{
-    return QString::number(count) + (count < 2 ? u" version"_s : u" versions"_s);
+        return {Wording::versionOrigin(entry) + u" (actuelle)"_s, Colour::Success};
+    return {Wording::versionOrigin(entry),
+            entry.kind == HistoryKind::replaced ? Colour::Warning : Colour::Plain};
 }
 
 } // namespace
@@ -60,8 +41,8 @@ QString versions(const HistoryComparison &comparison)
 
 QString pruned(const HistoryExtent &extent, bool isRehearsal)
 {
-    const QString what = countedVersions(extent.entries) + u", "_s + Wording::fileSize(extent.size);
-    return (isRehearsal ? u"À supprimer\u00A0: "_s : u"Supprimé\u00A0: "_s) + what + u'\n';
+    return (isRehearsal ? u"À supprimer\u00A0: "_s : u"Supprimé\u00A0: "_s) + Wording::historyExtent(extent) +
+           u'\n';
 }
 
 } // namespace vornel::Report
