@@ -33,7 +33,9 @@ SkillDetail makeRevision(const Workspace &workspace, const SkillRecord &skill, C
             !tree.isBelowFile(entry.relativePath))
             tree.take(all, entry);
     }
-    const auto make = [&](const std::filesystem::path &stage) { tree.write(workspace.files, stage); };
+    const auto make = [&](const std::filesystem::path &stage, const FormerFolder & /*former*/) {
+        tree.write(workspace.files, stage);
+    };
     return SkillAuthoring(workspace).revise(skill, make, leftAlone);
 }
 

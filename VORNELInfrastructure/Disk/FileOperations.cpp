@@ -72,8 +72,8 @@ private:
 void readWhole(const FileSystem &files, const File &file, const std::function<void(QByteArrayView)> &sink)
 {
     std::array<char, 64UL * 1024> buffer;
-    for (std::int64_t offset = 0; offset < file.size;) {
-        const auto left = static_cast<std::size_t>(file.size - offset);
+    for (std::int64_t offset = 0; offset < file.size();) {
+        const auto left = static_cast<std::size_t>(file.size() - offset);
         const std::size_t count =
             files.read(file, offset, std::span(buffer).first(std::min(left, buffer.size())));
         if (count == 0)
@@ -87,11 +87,11 @@ QByteArray readFile(const FileSystem &files, const Folder &folder, const std::st
                     std::int64_t limit)
 {
     const File file = files.openFile(folder, name);
-    if (file.size > limit)
+    if (file.size() > limit)
         throw fs::filesystem_error("read", fs::path(folder.path) / name,
                                    std::make_error_code(std::errc::file_too_large));
     QByteArray content;
-    content.reserve(file.size);
+    content.reserve(file.size());
     readWhole(files, file, [&content](QByteArrayView bytes) { content.append(bytes); });
     return content;
 }

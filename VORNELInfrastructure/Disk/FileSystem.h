@@ -4,6 +4,7 @@
 #include <QByteArrayView>
 #include <QDateTime>
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -54,13 +55,24 @@ struct DiskUse
     bool isFolder;
 };
 
-/// An open file, with the size and the time that it had when it was opened.
+/// Tells a file from all others, and from what it was before it was changed. Times are since 1970 (UTC).
+struct FileStamp
+{
+    std::uint64_t volume = 0;
+    std::uint64_t number = 0;            ///< of the file on its volume
+    std::int64_t size = 0;               ///< bytes
+    std::chrono::nanoseconds modified{}; ///< when its bytes were last written, as anyone may set it
+    std::chrono::nanoseconds changed{};  ///< when anything of it last changed, its names too; nobody sets it
+};
+
+/// An open file, with the size and the times that it had when it was opened.
 struct File
 {
     Descriptor descriptor;
-    std::int64_t size;           ///< bytes
-    std::int64_t modifiedAt = 0; ///< when its bytes were last written, in seconds since 1970 (UTC)
-    std::uint64_t names = 1;     ///< how many it has: a change through any of them is one of this file
+    FileStamp stamp = {};
+    std::uint64_t names = 1; ///< how many it has: a change through any of them is one of this file
+
+    std::int64_t size() const { return stamp.size; }
 };
 
 /// An entry of an open folder, by its name, whether or not anything stands there.

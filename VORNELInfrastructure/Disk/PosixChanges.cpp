@@ -100,7 +100,7 @@ File PosixFileSystem::createFile(const Folder &folder, const std::string &name)
                                    O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, ownerReadWrite));
     if (descriptor.fd() < 0 || ::fchmod(descriptor.fd(), ownerReadWrite) != 0)
         fail("create", pathOf(folder, name));
-    return {std::move(descriptor), 0};
+    return {std::move(descriptor)};
 }
 
 void PosixFileSystem::write(const File &file, QByteArrayView bytes)

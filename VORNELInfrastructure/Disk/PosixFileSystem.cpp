@@ -57,6 +57,17 @@ Descriptor open(const Folder &folder, const std::string &name, int flags)
     fail("open", pathOf(folder, name));
 }
 
+std::chrono::nanoseconds sinceEpoch(const timespec &time)
+{
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+FileStamp stampOf(const struct stat &status)
+{
+    return {status.st_dev, status.st_ino, status.st_size, sinceEpoch(status.st_mtim),
+            sinceEpoch(status.st_ctim)};
+}
+
 } // namespace
 
 fs::path PosixFileSystem::resolved(const fs::path &path) const
@@ -161,7 +172,7 @@ File PosixFileSystem::openFile(const Folder &folder, const std::string &name) co
     if (!S_ISREG(status.st_mode))
         throw fs::filesystem_error("open", pathOf(folder, name),
                                    std::make_error_code(std::errc::not_supported));
-    return {std::move(descriptor), status.st_size, status.st_mtim.tv_sec, status.st_nlink};
+    return {std::move(descriptor), stampOf(status), status.st_nlink};
 }
 
 std::size_t PosixFileSystem::read(const File &file, std::int64_t offset, std::span<char> buffer) const

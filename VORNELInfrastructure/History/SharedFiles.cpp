@@ -22,10 +22,10 @@ struct SizeSink
     {};
 
     static Folder addFolder(const Folder & /*parent*/, const std::string & /*name*/) { return {}; }
-    static void addFile(const Folder & /*parent*/, const std::string & /*name*/, const File &file,
+    static void addFile(const Place & /*place*/, const File &file, const Folder & /*parent*/,
                         FileTreeSnapshot::Entry &entry)
     {
-        entry.size = file.size;
+        entry.size = file.size();
     }
 };
 
@@ -43,7 +43,7 @@ std::size_t fill(const FileSystem &files, const File &file, std::int64_t offset,
     return filled;
 }
 
-bool areEqual(const FileSystem &files, const File &one, const File &other)
+bool haveEqualBytes(const FileSystem &files, const File &one, const File &other)
 {
     std::array<char, 64UL * 1024> ofOne;
     std::array<char, 64UL * 1024> ofOther;
@@ -59,8 +59,9 @@ bool areEqual(const FileSystem &files, const File &one, const File &other)
 
 } // namespace
 
-SharedFiles::SharedFiles(FileSystem &files, const fs::path &history, std::span<const std::string> entries)
-    : m_files(files)
+SharedFiles::SharedFiles(FileSystem &files, const fs::path &history, std::span<const std::string> entries,
+                         FileDigests &known)
+    : m_files(files), m_known(known)
 {
     for (const std::string &entry : entries) {
         bestEffort([&] {
@@ -78,8 +79,8 @@ SharedFiles::SharedFiles(FileSystem &files, const fs::path &history, std::span<c
 void SharedFiles::copyTree(const fs::path &source, const fs::path &destination, TreeFilter filter) const
 {
     SecureFileTree::copyTree(m_files, source, destination, filter,
-                             [this](const File &file, const std::string &relativePath, const Place &copy) {
-                                 return share(file, relativePath, copy);
+                             [this](const SecureFileTree::CopiedFile &copied, const Place &copy) {
+                                 return share(copied.file, copied.relativePath, copy);
                              });
 }
 
@@ -87,13 +88,21 @@ void SharedFiles::copyTree(const fs::path &source, const fs::path &destination, 
 bool SharedFiles::share(const File &file, const std::string &relativePath, const Place &to) const
 {
     constexpr std::size_t most = 8; // of one size: to look through more costs more than it spares
-    const auto found = m_bySize.find(file.size);
+    const auto found = m_bySize.find(file.size());
     if (found == m_bySize.end())
         return false;
     const auto isOfThatPath = [&](const Held &held) { return held.relativePath == relativePath; };
     const auto isShared = [&](const Held &held) { return shareIfEqual(file, held, to); };
     return std::ranges::any_of(found->second | std::views::filter(isOfThatPath), isShared) ||
            std::ranges::any_of(found->second | std::views::take(most), isShared);
+}
+
+/// Those whose digests are known need not be read again.
+bool SharedFiles::areEqual(const File &one, const File &other) const
+{
+    const std::optional<std::string> digest = m_known.find(one);
+    const std::optional<std::string> otherDigest = m_known.find(other);
+    return digest && otherDigest ? digest == otherDigest : haveEqualBytes(m_files, one, other);
 }
 
 /// False also where the file can't be shared: it is copied then.
@@ -103,7 +112,7 @@ bool SharedFiles::shareIfEqual(const File &file, const Held &held, const Place &
     bestEffort([&] {
         const fs::path path = held.root / held.relativePath;
         const Folder folder = m_files.openFolder(path.parent_path());
-        if (areEqual(m_files, file, m_files.openFile(folder, path.filename()))) {
+        if (areEqual(file, m_files.openFile(folder, path.filename()))) {
             m_files.share({folder, path.filename()}, to);
             isShared = true;
         }

@@ -77,7 +77,7 @@ fs::path SkillHistory::placeForReplaced(const SkillManifest &manifest, VersionOr
 std::optional<std::string> SkillHistory::digestOf(const fs::path &entry, TreeFilter filter) const
 {
     std::optional<std::string> digest;
-    bestEffort([&] { digest = SecureFileTree::snapshot(m_files, entry, filter).digest; });
+    bestEffort([&] { digest = SecureFileTree::snapshot(m_files, entry, filter, &m_digests).digest; });
     return digest;
 }
 
@@ -138,15 +138,15 @@ std::optional<std::string> SkillHistory::contentOf(const QUuid &id, const std::s
 
 FormerFolder SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    const FileTreeSnapshot content = SecureFileTree::snapshot(m_files, skillURL, TreeFilter::all);
+    FileTreeSnapshot content = SecureFileTree::snapshot(m_files, skillURL, TreeFilter::all, &m_digests);
     if (!holdsRevision(manifest, content)) {
         const bool isRevision = ownVersions(manifest).empty();
         StagedFolder copy = isRevision ? stage(manifest, skillURL)
                                        : stage(placeForReplaced(manifest, VersionOrigin::library), skillURL);
         commit(m_files, copy);
     }
-    return {content.contentDigest(),
-            content.isWhole ? fs::path() : placeForReplaced(manifest, VersionOrigin::library)};
+    const fs::path keptAs = content.isWhole ? fs::path() : placeForReplaced(manifest, VersionOrigin::library);
+    return {std::move(content), keptAs};
 }
 
 void SkillHistory::keepMerged(const SkillManifest &manifest, VersionOrigin origin, const std::string &result,
@@ -206,7 +206,7 @@ SharedFiles SkillHistory::sharedFiles(const fs::path &history) const
     std::vector<std::string> latest;
     for (const KeptVersion &version : own | std::views::take(most))
         latest.push_back(version.entry);
-    return {m_files, history, latest};
+    return {m_files, history, latest, m_digests};
 }
 
 void SkillHistory::remove(const QUuid &id, const fs::path &skillURL) const

@@ -17,7 +17,7 @@ namespace vornel {
 /// The folder of a skill before it is replaced.
 struct FormerFolder
 {
-    std::string content;          ///< digest of its visible content without the manifest
+    FileTreeSnapshot tree;        ///< all that is visible in it
     std::filesystem::path keptAs; ///< where the folder itself must be kept; empty where it need not be
 };
 
@@ -26,7 +26,8 @@ struct FormerFolder
 class SkillHistory
 {
 public:
-    explicit SkillHistory(const Workspace &workspace) : m_files(workspace.files), m_config(workspace.config)
+    explicit SkillHistory(const Workspace &workspace)
+        : m_files(workspace.files), m_config(workspace.config), m_digests(workspace.digests)
     {}
 
     /// Adds a copy of the skill's folder.
@@ -90,6 +91,7 @@ private:
 
     FileSystem &m_files;
     const Configuration &m_config;
+    FileDigests &m_digests;
 };
 
 } // namespace vornel

@@ -124,21 +124,28 @@ try {
     }
     skill.canonical.emplace(m_store.makeStage(), CommitPlace{m_workspace.config.canonical(candidate.slug)});
     const fs::path &folder = skill.canonical->stage.path();
-    const SkillManifest manifest = stageFolder(candidate, folder);
+    const FileTreeSnapshot content = stageContent(candidate, folder);
+    const SkillManifest manifest = stageManifest(candidate, folder);
     skill.history.emplace(SkillHistory(m_workspace).stage(manifest, folder));
-    skill.install = m_targets.stage(manifest, folder, candidate.digest.toStdString(), m_unusableTargets);
+    skill.install = m_targets.stage(manifest, content, m_unusableTargets);
     return skill;
 } catch (...) {
     return {.candidate = &candidate, .failure = std::current_exception()};
 }
 
-SkillManifest ImportCommit::stageFolder(const ImportCandidate &candidate, const fs::path &stage) const
+FileTreeSnapshot ImportCommit::stageContent(const ImportCandidate &candidate, const fs::path &stage) const
 {
-    const auto copied = SecureFileTree::copyTreeAndSnapshot(m_workspace.files, candidate.sourceURL, stage,
-                                                            TreeFilter::excludingManifest);
+    FileTreeSnapshot copied = SecureFileTree::copyTreeAndSnapshot(m_workspace.files, candidate.sourceURL,
+                                                                  stage, TreeFilter::excludingManifest);
     if (QString::fromStdString(copied.digest) != candidate.digest)
         throw VORNELWorkspaceError::integrityFailure(u"Le contenu de "_s + candidate.slug +
                                                      u" a changé depuis le scan."_s);
+    copied.root = stage;
+    return copied;
+}
+
+SkillManifest ImportCommit::stageManifest(const ImportCandidate &candidate, const fs::path &stage) const
+{
     const SkillText::Metadata metadata =
         SkillText::frontmatterMetadata(m_store.readSkillMD(stage, candidate.slug), candidate.slug);
     const QDateTime now = currentInstant();

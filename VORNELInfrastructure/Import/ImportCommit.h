@@ -36,8 +36,11 @@ private:
     /// Stages all that the library and the targets need of a candidate; what went wrong is in the result.
     StagedSkill stage(const ImportCandidate &candidate) const;
 
-    /// Copies the candidate's folder to a stage, with a manifest.
-    SkillManifest stageFolder(const ImportCandidate &candidate, const std::filesystem::path &stage) const;
+    /// Copies the candidate's folder to a stage.
+    FileTreeSnapshot stageContent(const ImportCandidate &candidate, const std::filesystem::path &stage) const;
+
+    /// Adds the manifest, after what the text says of the skill.
+    SkillManifest stageManifest(const ImportCandidate &candidate, const std::filesystem::path &stage) const;
 
     /// Puts the staged skills in their places.
     void commit(std::span<StagedSkill> skills);

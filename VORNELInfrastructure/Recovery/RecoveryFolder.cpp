@@ -31,7 +31,7 @@ struct NoSink
     struct Folder
     {};
     static Folder addFolder(const Folder & /*parent*/, const std::string & /*name*/) { return {}; }
-    static void addFile(const Folder & /*parent*/, const std::string & /*name*/, const File & /*file*/,
+    static void addFile(const Place & /*place*/, const File & /*file*/, const Folder & /*parent*/,
                         const FileTreeSnapshot::Entry & /*entry*/)
     {}
 };
@@ -46,7 +46,7 @@ void measure(const FileSystem &files, const Folder &folder, SetAsideCopy &copy, 
             copy.fileCount += 1;
         bestEffort([&] {
             if (entry.kind == FileKind::Regular)
-                copy.size += files.openFile(folder, entry.name).size;
+                copy.size += files.openFile(folder, entry.name).size();
             else if (entry.kind == FileKind::Directory && level < deepestLevel)
                 measure(files, files.openFolder(folder, entry.name), copy, level + 1);
         });
@@ -89,7 +89,7 @@ SetAsideCopy RecoveryFolder::look(const FolderEntry &entry) const
         if (entry.kind == FileKind::Directory)
             measure(files, files.openFolder(recovery, entry.name), copy);
         else if (entry.kind == FileKind::Regular)
-            copy.size = files.openFile(recovery, entry.name).size;
+            copy.size = files.openFile(recovery, entry.name).size();
     });
     if (entry.kind != FileKind::Directory)
         copy.fileCount = 1;

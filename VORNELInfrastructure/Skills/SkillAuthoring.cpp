@@ -10,9 +10,9 @@
 #include <VORNELInfrastructure/Categories/CategoryCatalog.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
-#include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
+#include <VORNELInfrastructure/Tree/TreeRenewal.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
 using namespace Qt::StringLiterals;
@@ -87,14 +87,19 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
     const SkillRecord skill = recordAt(id, expectedRevision);
     if (skillMD.trimmed().isEmpty())
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
-    return revise(skill, [&](const fs::path &stage) {
-        SecureFileTree::copyTree(m_workspace.files, skill.folder, stage, TreeFilter::all);
+    return revise(skill, [&](const fs::path &stage, const FormerFolder &former) {
+        if (former.keptAs.empty())
+            renewTree(m_workspace.files, former.tree, former.tree, stage, TreeFilter::all);
+        else
+            SecureFileTree::copyTree(m_workspace.files, skill.folder, stage, TreeFilter::all);
         m_store.writeSkillMD(skillMD, stage);
     });
 }
 
-SkillDetail SkillAuthoring::revise(SkillRecord skill, const std::function<void(const fs::path &)> &make,
-                                   const QSet<TargetKind> &leftAlone) const
+SkillDetail
+SkillAuthoring::revise(SkillRecord skill,
+                       const std::function<void(const fs::path &stage, const FormerFolder &former)> &make,
+                       const QSet<TargetKind> &leftAlone) const
 {
     refuseNewer(skill.manifest);
     const SkillHistory history(m_workspace);
@@ -102,12 +107,12 @@ SkillDetail SkillAuthoring::revise(SkillRecord skill, const std::function<void(c
     advanceRevision(skill.manifest);
 
     Stage stage = m_store.makeStage();
-    make(stage.path());
+    make(stage.path(), former);
     m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
     m_store.replaceCanonical(skill.folder, std::move(stage), former.keptAs);
     SkillChange &change = m_workspace.changes[skill.manifest.id];
     change.revision = skill.manifest.revision;
-    change.formerContent = former.content;
+    change.formerContent = former.tree.contentDigest();
 
     history.add(skill.manifest, skill.folder);
     TargetSynchronizer(m_workspace).synchronize(skill, leftAlone);

@@ -25,9 +25,15 @@ SyncCheck::Result SyncCheck::of(const SkillManifest &manifest) const
 {
     if (m_workspace.failedSyncTargets.contains(manifest.id))
         return {SyncState::failed};
+    return of(manifest, canonicalDigest(manifest.slug.toStdString()), nullptr);
+}
 
+SyncCheck::Result SyncCheck::of(const SkillManifest &manifest, const std::string &canonical,
+                                FileDigests *known) const
+{
+    if (m_workspace.failedSyncTargets.contains(manifest.id))
+        return {SyncState::failed};
     const std::string name = manifest.slug.toStdString();
-    const std::string canonical = canonicalDigest(name);
     const bool isTolerant = m_workspace.failureScope == FailureScope::Skill;
     CopyFindings found;
     bool isMissing = false;
@@ -37,7 +43,7 @@ SyncCheck::Result SyncCheck::of(const SkillManifest &manifest) const
             continue;
         }
         try {
-            const std::optional<FileTreeSnapshot> copy = target.snapshot(name);
+            const std::optional<FileTreeSnapshot> copy = target.snapshot(name, known);
             isMissing = isMissing || !copy;
             if (copy && copy->digest != canonical)
                 found.drifted.insert(target.kind(), copy->digest);

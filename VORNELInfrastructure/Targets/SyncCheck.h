@@ -24,6 +24,9 @@ public:
     /// skill `failed` where the workspace's `FailureScope` is `Skill`.
     Result of(const SkillManifest &manifest) const;
 
+    /// The same for a skill whose content has this digest. Files whose digests are known aren't read.
+    Result of(const SkillManifest &manifest, const std::string &canonical, FileDigests *known) const;
+
 private:
     std::string canonicalDigest(const std::string &name) const;
 

@@ -45,13 +45,13 @@ std::optional<FileKind> TargetFolder::kindOf(const std::string &name) const
     return m_folder ? m_files.kindAt(*m_folder, name) : std::nullopt;
 }
 
-std::optional<FileTreeSnapshot> TargetFolder::snapshot(const std::string &name) const
+std::optional<FileTreeSnapshot> TargetFolder::snapshot(const std::string &name, FileDigests *known) const
 try {
     if (m_failure)
         std::rethrow_exception(m_failure);
     if (!m_folder)
         return std::nullopt;
-    return SecureFileTree::snapshot(m_files, *m_folder, name, TreeFilter::excludingManifest);
+    return SecureFileTree::snapshot(m_files, *m_folder, name, TreeFilter::excludingManifest, known);
 } catch (const fs::filesystem_error &error) {
     if (error.code() == std::errc::no_such_file_or_directory && !kindOf(name))
         return std::nullopt;

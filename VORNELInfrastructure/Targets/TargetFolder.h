@@ -25,8 +25,8 @@ public:
     std::optional<FileKind> kindOf(const std::string &name) const;
 
     /// The content of the copy of this name, as it is compared; nothing where there is no copy. Throws what
-    /// `kindOf` and the walk over the copy throw.
-    std::optional<FileTreeSnapshot> snapshot(const std::string &name) const;
+    /// `kindOf` and the walk over the copy throw. A file whose digest is known isn't read.
+    std::optional<FileTreeSnapshot> snapshot(const std::string &name, FileDigests *known = nullptr) const;
 
 private:
     const FileSystem &m_files;

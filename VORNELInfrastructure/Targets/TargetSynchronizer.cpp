@@ -8,6 +8,7 @@
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
+#include <VORNELInfrastructure/Tree/TreeRenewal.h>
 
 #include <algorithm>
 #include <ranges>
@@ -63,13 +64,13 @@ std::vector<fs::path> Install::stages() const
 void TargetSynchronizer::synchronize(const SkillRecord &skill, const QSet<TargetKind> &leftAlone) const
 {
     Failures unusable = prepareRoots();
-    std::string digest;
-    if (const auto unreadable = failureOf([&] { digest = contentOf(skill.folder).digest; })) {
+    FileTreeSnapshot content;
+    if (const auto unreadable = failureOf([&] { content = contentOf(skill.folder); })) {
         for (const TargetKind kind : allCases<TargetKind>())
             unusable.emplace(kind, unreadable);
     }
-    m_workspace.changes[skill.manifest.id].installedContent = digest;
-    install(skill.manifest, stage(skill.manifest, skill.folder, digest, unusable), leftAlone);
+    m_workspace.changes[skill.manifest.id].installedContent = content.digest;
+    install(skill.manifest, stage(skill.manifest, content, unusable), leftAlone);
 }
 
 void TargetSynchronizer::putBack(const SkillManifest &manifest, TargetKind kind,
@@ -78,7 +79,7 @@ void TargetSynchronizer::putBack(const SkillManifest &manifest, TargetKind kind,
     const auto targets = allCases<TargetKind>();
     QSet<TargetKind> others(targets.begin(), targets.end());
     others.remove(kind);
-    install(manifest, stage(manifest, kept.root, kept.digest, prepareRoots()), others);
+    install(manifest, stage(manifest, kept, prepareRoots()), others);
 }
 
 void TargetSynchronizer::install(const SkillManifest &manifest, Install install,
@@ -169,40 +170,48 @@ void TargetSynchronizer::prepareRoot(TargetKind kind) const
     createFolders(m_workspace.files, root, Durability::Now);
 }
 
-Install TargetSynchronizer::stage(const SkillManifest &manifest, const fs::path &source,
-                                  const std::string &digest, const Failures &unusable) const
+Install TargetSynchronizer::stage(const SkillManifest &manifest, const FileTreeSnapshot &content,
+                                  const Failures &unusable) const
 {
-    Install install{manifest.id, digest};
+    Install install{manifest.id, content.digest};
     Looks looks;
     install.failures = failuresOf([&](TargetKind kind) {
         if (unusable.contains(kind))
             std::rethrow_exception(unusable.at(kind));
-        stageCopy(install, manifest, source, kind, looks);
+        stageCopy(install, manifest, content, kind, looks);
     });
     return install;
 }
 
 FileTreeSnapshot TargetSynchronizer::contentOf(const fs::path &folder) const
 {
-    return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
+    return SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest,
+                                    &m_workspace.digests);
 }
 
-void TargetSynchronizer::stageCopy(Install &install, const SkillManifest &manifest, const fs::path &source,
-                                   TargetKind kind, Looks &looks) const
+void TargetSynchronizer::stageCopy(Install &install, const SkillManifest &manifest,
+                                   const FileTreeSnapshot &content, TargetKind kind, Looks &looks) const
 {
     CommitPlace destination{.path = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
+    std::optional<FileTreeSnapshot> discarded;
     if (m_workspace.files.kindAt(destination.path)) {
-        const FileTreeSnapshot former = contentOf(destination.path);
-        if (former.digest == install.digest)
+        FileTreeSnapshot former = contentOf(destination.path);
+        if (former.digest == content.digest)
             return;
         install.formers.emplace(kind, former.digest);
-        if (!isHeld(manifest.id, former, looks))
+        if (isHeld(manifest.id, former, looks))
+            discarded = std::move(former);
+        else
             destination.keptAs = m_history.placeForReplaced(manifest, originOfCopy(kind));
         destination.backup =
             destination.keptAs.empty() ? recoveryPlace(u"-"_s, kind, manifest.slug) : destination.keptAs;
     }
     StagedFolder copy{m_store.makeStage(), destination};
-    SecureFileTree::copyTree(m_workspace.files, source, copy.stage.path(), TreeFilter::excludingManifest);
+    if (discarded)
+        renewTree(m_workspace.files, content, *discarded, copy.stage.path(), TreeFilter::excludingManifest);
+    else
+        SecureFileTree::copyTree(m_workspace.files, content.root, copy.stage.path(),
+                                 TreeFilter::excludingManifest);
     install.copies.emplace(kind, std::move(copy));
 }
 

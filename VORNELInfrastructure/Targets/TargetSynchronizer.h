@@ -60,10 +60,10 @@ public:
     /// Sees to it that the targets' roots are there, and no links. Returns those of no use.
     Failures prepareRoots() const;
 
-    /// Stages what the targets need for their copies to be those of `source`, which has this digest. What
-    /// these replace goes into the history, which has to be there when they are committed.
-    Install stage(const SkillManifest &manifest, const std::filesystem::path &source,
-                  const std::string &digest, const Failures &unusable) const;
+    /// Stages what the targets need for their copies to have this content. What these replace goes into the
+    /// history, which has to be there when they are committed.
+    Install stage(const SkillManifest &manifest, const FileTreeSnapshot &content,
+                  const Failures &unusable) const;
 
     /// Puts the staged copies, which are flushed, in their places.
     static CopyResults rename(Install &install, Commit &commit);
@@ -75,7 +75,7 @@ private:
     /// By the digest of a content, whether the history holds all of it.
     using Looks = std::map<std::string, bool>;
 
-    void stageCopy(Install &install, const SkillManifest &manifest, const std::filesystem::path &source,
+    void stageCopy(Install &install, const SkillManifest &manifest, const FileTreeSnapshot &content,
                    TargetKind kind, Looks &looks) const;
     void install(const SkillManifest &manifest, Install install, const QSet<TargetKind> &leftAlone) const;
     bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;

@@ -21,7 +21,7 @@ namespace {
 class FingerprintSink
 {
 public:
-    explicit FingerprintSink(const FileSystem &files) : m_files(files) {}
+    FingerprintSink(const FileSystem &files, FileDigests *known) : m_files(files), m_known(known) {}
 
     /// Nothing is made of the folders.
     struct Folder
@@ -29,19 +29,28 @@ public:
 
     static Folder addFolder(const Folder & /*parent*/, const std::string & /*name*/) { return {}; }
 
-    void addFile(const Folder & /*parent*/, const std::string & /*name*/, const File &file,
+    void addFile(const Place & /*place*/, const File &file, const Folder & /*parent*/,
                  FileTreeSnapshot::Entry &entry) const
     {
+        if (m_known != nullptr)
+            entry.fileDigest = m_known->find(file);
+        if (entry.fileDigest) {
+            entry.size = file.size();
+            return;
+        }
         Sha256 hash;
         readWhole(m_files, file, [&](QByteArrayView bytes) {
             entry.size += bytes.size();
             hash.update(bytes);
         });
         entry.fileDigest = hash.finish();
+        if (m_known != nullptr && entry.size == file.size())
+            m_known->remember(file, *entry.fileDigest);
     }
 
 private:
     const FileSystem &m_files;
+    FileDigests *m_known;
 };
 
 /// Takes the place of `Sha256` in a copy that needs no fingerprint.
@@ -65,12 +74,12 @@ public:
         return m_files.createFolder(parent, name);
     }
 
-    void addFile(const Folder &parent, const std::string &name, const File &file,
+    void addFile(const Place &place, const File &file, const Folder &parent,
                  FileTreeSnapshot::Entry &entry) const
     {
-        if (m_shortcut && m_shortcut(file, entry.relativePath, {parent, name}))
+        if (m_shortcut && m_shortcut({place, file, entry.relativePath}, {parent, place.name}))
             return;
-        const File copy = m_files.createFile(parent, name);
+        const File copy = m_files.createFile(parent, place.name);
         Hash hash;
         readWhole(m_files, file, [&](QByteArrayView bytes) {
             entry.size += bytes.size();
@@ -96,9 +105,10 @@ try {
     throw;
 }
 
-FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFilter filter)
+FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFilter filter,
+                            FileDigests *known = nullptr)
 {
-    TreeWalk walk(files, filter, FingerprintSink(files));
+    TreeWalk walk(files, filter, FingerprintSink(files, known));
     walk.run(root, {});
     return walk.finish(root.path);
 }
@@ -129,18 +139,19 @@ auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &desti
 
 } // namespace
 
-FileTreeSnapshot snapshot(const FileSystem &files, const fs::path &root, TreeFilter filter)
+FileTreeSnapshot snapshot(const FileSystem &files, const fs::path &root, TreeFilter filter,
+                          FileDigests *known)
 {
     const fs::path path = standardizedPath(root);
     const Folder folder = openedRoot(path.filename(), [&] { return files.openFolder(path); });
-    return snapshotOf(files, folder, filter);
+    return snapshotOf(files, folder, filter, known);
 }
 
 FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
-                          TreeFilter filter)
+                          TreeFilter filter, FileDigests *known)
 {
     const Folder folder = openedRoot(name, [&] { return files.openFolder(parent, name); });
-    return snapshotOf(files, folder, filter);
+    return snapshotOf(files, folder, filter, known);
 }
 
 void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileDigests.h"
 #include "FileTreeSnapshot.h"
 
 #include <VORNELInfrastructure/Disk/FileSystem.h>
@@ -13,15 +14,25 @@
 /// thrown: entries are visited by name, a folder's content before the entry after it.
 namespace vornel::SecureFileTree {
 
-/// Reads the whole tree. Throws `integrityFailure` when `root` is not a folder.
-FileTreeSnapshot snapshot(const FileSystem &files, const std::filesystem::path &root, TreeFilter filter);
+/// Reads the whole tree, but the files whose digests are known. Throws `integrityFailure` when `root` is not
+/// a folder.
+FileTreeSnapshot snapshot(const FileSystem &files, const std::filesystem::path &root, TreeFilter filter,
+                          FileDigests *known = nullptr);
 
 FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
-                          TreeFilter filter);
+                          TreeFilter filter, FileDigests *known = nullptr);
 
-/// Puts what a file of a tree holds, at this path in it, where the copy of it is to stand, and returns true;
-/// or returns false, and it is copied. Called from several threads.
-using Shortcut = std::function<bool(const File &file, const std::string &relativePath, const Place &copy)>;
+/// A file that is copied: where it stands, and at which path in its tree.
+struct CopiedFile
+{
+    const Place &place;
+    const File &file;
+    const std::string &relativePath;
+};
+
+/// Puts what a file holds where the copy of it is to stand, and returns true; or returns false, and it is
+/// copied. Called from several threads.
+using Shortcut = std::function<bool(const CopiedFile &source, const Place &copy)>;
 
 /// Copies the filtered tree of `source` into the new folder `destination` (folders 700, files 600). Throws
 /// `integrityFailure` when something stands there already. A failed copy leaves nothing behind.

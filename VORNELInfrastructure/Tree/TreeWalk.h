@@ -17,8 +17,9 @@ namespace vornel {
 /// Goes through a tree, refuses what is unsafe, and hands the rest to a sink:
 /// - `Sink::Folder` is what the sink makes of a folder of the tree, its counterpart;
 /// - `addFolder(parent, name)` returns the counterpart of a folder, given that of its parent;
-/// - `addFile(parent, name, file, entry)` reads a file, and fills in the size and digest of its entry. Large
-///   files of one folder are added by several threads at once.
+/// - `addFile(place, file, parent, entry)` reads a file that stands there, and fills in the size and digest
+/// of
+///   its entry. Large files of one folder are added by several threads at once.
 template <typename Sink>
 class TreeWalk
 {
@@ -98,7 +99,7 @@ private:
             addFolder(level, child.name);
         } else {
             const File file = openFile(level, child.name);
-            if (file.size >= largeFile)
+            if (file.size() >= largeFile)
                 large.push_back(child.name);
             else
                 m_entries.push_back(fileEntry(level, child.name, file));
@@ -123,8 +124,9 @@ private:
 
     Entry fileEntry(const Level &level, const std::string &name, const File &file)
     {
-        Entry entry{level.prefix + name, Entry::Kind::file, 0, std::nullopt, file.modifiedAt};
-        m_sink.addFile(level.counterpart, name, file, entry);
+        const auto modified = std::chrono::floor<std::chrono::seconds>(file.stamp.modified);
+        Entry entry{level.prefix + name, Entry::Kind::file, 0, std::nullopt, modified.count()};
+        m_sink.addFile({level.folder, name}, file, level.counterpart, entry);
         return entry;
     }
 
@@ -132,7 +134,7 @@ private:
     {
         const std::string path = level.prefix + name;
         File file = openedInTree(path, [&] { return m_files.openFile(level.folder, name); });
-        if (file.size > SkillFiles::sizeLimit)
+        if (file.size() > SkillFiles::sizeLimit)
             throw unsafe(path);
         return file;
     }

@@ -34,7 +34,8 @@ LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager
 
 Workspace LocalWorkspaceService::workspaceOf(const Configuration &config, UndoRecording &changes)
 {
-    return {*m_manager, config, m_failedSyncTargets, m_foundCopies, changes, m_failureScope};
+    m_digests.beginOperation();
+    return {*m_manager, config, m_failedSyncTargets, m_foundCopies, changes, m_digests, m_failureScope};
 }
 
 WorkspaceOverview LocalWorkspaceService::overview(const Workspace &workspace) const

@@ -117,6 +117,7 @@ private:
     PendingImport m_import;
     FailedSyncTargets m_failedSyncTargets;
     FoundCopies m_foundCopies;
+    FileDigests m_digests;
     UndoJournal m_undo;
     SerialExecutor m_executor; // last, so that it ends before what its functions use
 };

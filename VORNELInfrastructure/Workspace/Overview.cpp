@@ -67,14 +67,16 @@ SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
 {
     SkillDetail detail;
     detail.manifest = skill.manifest;
+    std::string content;
     locating(workspace, skill.folder, [&] {
         detail.skillMD = SkillFolderStore(workspace).readSkillMD(skill.folder, skill.manifest.slug);
         const FileTreeSnapshot tree =
-            SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all);
+            SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all, &workspace.digests);
+        content = tree.contentDigest();
         detail.relativeFiles = tree.relativeFiles();
         detail.contentRevision = QString::fromStdString(tree.digest);
     });
-    const SyncCheck::Result check = SyncCheck(workspace).of(skill.manifest);
+    const SyncCheck::Result check = SyncCheck(workspace).of(skill.manifest, content, &workspace.digests);
     detail.syncState = check.state;
     remember(workspace, skill.manifest.id, check.findings);
     return detail;

@@ -3,6 +3,7 @@
 #include "Configuration.h"
 
 #include <VORNELInfrastructure/Disk/FileSystem.h>
+#include <VORNELInfrastructure/Tree/FileDigests.h>
 #include <VORNELInfrastructure/Undo/UndoRecording.h>
 
 #include <QHash>
@@ -45,6 +46,7 @@ struct Workspace
     FailedSyncTargets &failedSyncTargets;
     FoundCopies &foundCopies;
     UndoRecording &changes; ///< what the present operation has changed
+    FileDigests &digests;   ///< of the files that the skills' operations have read; an overview reads anew
     FailureScope failureScope = FailureScope::Library;
 };
 
