@@ -101,6 +101,12 @@ QByteArray readFile(const FileSystem &files, const fs::path &path, std::int64_t 
     return readFile(files, files.openFolder(path.parent_path()), path.filename(), limit);
 }
 
+void copyFile(FileSystem &files, const File &source, const Place &to)
+{
+    const File copy = files.createFile(to.folder, to.name);
+    readWhole(files, source, [&](QByteArrayView bytes) { files.write(copy, bytes); });
+}
+
 void replaceFile(FileSystem &files, const fs::path &path, QByteArrayView bytes, Durability durability)
 {
     const Folder folder = files.openFolder(path.parent_path());

@@ -18,6 +18,9 @@ QByteArray readFile(const FileSystem &files, const std::filesystem::path &path, 
 /// Who flushes what is written: the call that writes it, or its caller, later.
 enum class Durability { Now, Later };
 
+/// Copies the bytes of a file to a place where nothing stands.
+void copyFile(FileSystem &files, const File &source, const Place &to);
+
 /// Creates or replaces a file (permissions 600) in one step: whoever reads it sees all the old bytes or all
 /// the new ones; after a loss of power, too, where the durability is `Now`.
 void replaceFile(FileSystem &files, const std::filesystem::path &path, QByteArrayView bytes,

@@ -46,33 +46,26 @@ struct Folder
     std::string path; ///< where it was opened, for messages
 };
 
-/// What an entry takes on the disk by itself.
-struct DiskUse
+/// What the disk says of an entry without reading it. Times are since 1970 (UTC).
+struct EntryStatus
 {
-    std::uint64_t number; ///< of the file on its volume; names of one file share it
-    std::uint64_t names;  ///< how many the file has
-    std::int64_t bytes;
-    bool isFolder;
-};
-
-/// Tells a file from all others, and from what it was before it was changed. Times are since 1970 (UTC).
-struct FileStamp
-{
+    FileKind kind = FileKind::Regular;
     std::uint64_t volume = 0;
-    std::uint64_t number = 0;            ///< of the file on its volume
-    std::int64_t size = 0;               ///< bytes
+    std::uint64_t number = 0;            ///< on the volume; names of one file share it
+    std::uint64_t names = 1;             ///< of a file: a change through any of them is one of this file
+    std::int64_t size = 0;               ///< bytes that can be read
+    std::int64_t room = 0;               ///< bytes that it takes on the disk, without what a folder holds
     std::chrono::nanoseconds modified{}; ///< when its bytes were last written, as anyone may set it
     std::chrono::nanoseconds changed{};  ///< when anything of it last changed, its names too; nobody sets it
 };
 
-/// An open file, with the size and the times that it had when it was opened.
+/// An open file, and what was true of it when it was opened.
 struct File
 {
     Descriptor descriptor;
-    FileStamp stamp = {};
-    std::uint64_t names = 1; ///< how many it has: a change through any of them is one of this file
+    EntryStatus status = {};
 
-    std::int64_t size() const { return stamp.size; }
+    std::int64_t size() const { return status.size; }
 };
 
 /// An entry of an open folder, by its name, whether or not anything stands there.
@@ -151,8 +144,8 @@ public:
     /// nothing stands there.
     virtual std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const = 0;
 
-    /// What the entry takes on the disk, without what a folder holds. Nothing when nothing stands there.
-    virtual std::optional<DiskUse> useOf(const Folder &folder, const std::string &name) const = 0;
+    /// Nothing when nothing stands there.
+    virtual std::optional<EntryStatus> statusOf(const Folder &folder, const std::string &name) const = 0;
 
     /// Everything in the folder, hidden entries too, in no order. An open folder can be listed once, by one
     /// thread.

@@ -11,8 +11,6 @@ namespace vornel::PosixCalls {
 
 namespace fs = std::filesystem;
 
-namespace {
-
 FileKind kindOf(mode_t mode)
 {
     if (S_ISREG(mode))
@@ -21,8 +19,6 @@ FileKind kindOf(mode_t mode)
         return FileKind::Directory;
     return S_ISLNK(mode) ? FileKind::SymbolicLink : FileKind::Other;
 }
-
-} // namespace
 
 void fail(const char *operation, const fs::path &path)
 {

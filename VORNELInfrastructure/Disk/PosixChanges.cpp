@@ -158,7 +158,7 @@ void PosixFileSystem::share(const Place &from, const Place &to)
 /// A part of one step: what overrides the steps has no part in it.
 bool PosixFileSystem::isCloned(const Place &from, const Place &to)
 {
-    const auto status = statusOf(to.folder, ".");
+    const auto status = PosixCalls::statusOf(to.folder, ".");
     if (!status || status->st_dev == m_withoutClones)
         return false;
     const File source = PosixFileSystem::openFile(from.folder, from.name);
@@ -172,7 +172,7 @@ bool PosixFileSystem::isCloned(const Place &from, const Place &to)
 
 void PosixFileSystem::copyAttributes(const Place &from, const Place &to)
 {
-    const auto status = statusOf(from.folder, from.name);
+    const auto status = PosixCalls::statusOf(from.folder, from.name);
     if (!status)
         throw fs::filesystem_error("stat", pathOf(from),
                                    std::make_error_code(std::errc::no_such_file_or_directory));

@@ -62,10 +62,17 @@ std::chrono::nanoseconds sinceEpoch(const timespec &time)
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-FileStamp stampOf(const struct stat &status)
+EntryStatus entryStatus(const struct stat &status)
 {
-    return {status.st_dev, status.st_ino, status.st_size, sinceEpoch(status.st_mtim),
-            sinceEpoch(status.st_ctim)};
+    constexpr std::int64_t block = 512; // in which st_blocks counts, whatever those of the volume
+    return {.kind = kindOf(status.st_mode),
+            .volume = status.st_dev,
+            .number = status.st_ino,
+            .names = status.st_nlink,
+            .size = status.st_size,
+            .room = status.st_blocks * block,
+            .modified = sinceEpoch(status.st_mtim),
+            .changed = sinceEpoch(status.st_ctim)};
 }
 
 } // namespace
@@ -122,24 +129,21 @@ bool PosixFileSystem::isAt(const Folder &folder, const Place &place) const
     {};
     if (::fstat(folder.descriptor.fd(), &self) != 0)
         fail("stat", folder.path);
-    const auto there = statusOf(place.folder, place.name);
+    const auto there = PosixCalls::statusOf(place.folder, place.name);
     return there && there->st_dev == self.st_dev && there->st_ino == self.st_ino;
 }
 
 std::optional<QDateTime> PosixFileSystem::changedAt(const Folder &folder, const std::string &name) const
 {
-    const auto status = statusOf(folder, name);
+    const auto status = PosixCalls::statusOf(folder, name);
     return status ? std::optional(QDateTime::fromSecsSinceEpoch(status->st_ctim.tv_sec, Qt::UTC))
                   : std::nullopt;
 }
 
-std::optional<DiskUse> PosixFileSystem::useOf(const Folder &folder, const std::string &name) const
+std::optional<EntryStatus> PosixFileSystem::statusOf(const Folder &folder, const std::string &name) const
 {
-    constexpr std::int64_t block = 512; // in which st_blocks counts, whatever those of the volume
-    const auto status = statusOf(folder, name);
-    return status ? std::optional(DiskUse{status->st_ino, status->st_nlink, status->st_blocks * block,
-                                          S_ISDIR(status->st_mode)})
-                  : std::nullopt;
+    const auto status = PosixCalls::statusOf(folder, name);
+    return status ? std::optional(entryStatus(*status)) : std::nullopt;
 }
 
 std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
@@ -172,7 +176,7 @@ File PosixFileSystem::openFile(const Folder &folder, const std::string &name) co
     if (!S_ISREG(status.st_mode))
         throw fs::filesystem_error("open", pathOf(folder, name),
                                    std::make_error_code(std::errc::not_supported));
-    return {std::move(descriptor), stampOf(status), status.st_nlink};
+    return {std::move(descriptor), entryStatus(status)};
 }
 
 std::size_t PosixFileSystem::read(const File &file, std::int64_t offset, std::span<char> buffer) const

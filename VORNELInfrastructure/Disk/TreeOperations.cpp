@@ -31,52 +31,39 @@ bool emptyFolder(FileSystem &files, const Folder &top, const Folder &folder, int
     return hasLifted;
 }
 
-/// Calls `work` for every file below a folder and then for the folder itself.
+/// Whether a file has more than one name. One that was only given a further name is on the disk already.
+bool hasFurtherNames(const FileSystem &files, const Folder &folder, const std::string &name)
+{
+    const std::optional<EntryStatus> status = files.statusOf(folder, name);
+    return status && status->names > 1;
+}
+
+/// Calls `work` for every file below a folder that has no further names, and then for the folder itself.
 template <typename Work>
 void forEachBelow(FileSystem &files, const Folder &folder, const Work &work)
 {
     for (const FolderEntry &entry : files.list(folder)) {
         if (entry.kind == FileKind::Directory)
             forEachBelow(files, files.openFolder(folder, entry.name), work);
-        else if (entry.kind == FileKind::Regular)
+        else if (entry.kind == FileKind::Regular && !hasFurtherNames(files, folder, entry.name))
             work(files.openFile(folder, entry.name));
     }
     work(folder);
 }
 
-/// A file that was only given a further name is on the disk already.
-bool isWritten(const File &file)
-{
-    return file.names == 1;
-}
-
 struct WriteStart
 {
     FileSystem &files;
-    void operator()(const File &file) const
-    {
-        if (isWritten(file))
-            files.startWriting(file);
-    }
+    void operator()(const File &file) const { files.startWriting(file); }
     void operator()(const Folder & /*folder*/) const {}
 };
 
 struct WriteWait
 {
     FileSystem &files;
-    void operator()(const File &file) const
-    {
-        if (isWritten(file))
-            files.flush(file);
-    }
+    void operator()(const File &file) const { files.flush(file); }
     void operator()(const Folder &folder) const { files.flush(folder); }
 };
-
-void copyFile(FileSystem &files, const File &source, const Folder &to, const std::string &name)
-{
-    const File copy = files.createFile(to, name);
-    readWhole(files, source, [&](QByteArrayView bytes) { files.write(copy, bytes); });
-}
 
 void copyEntry(FileSystem &files, const Place &from, const Place &to)
 {
@@ -84,7 +71,7 @@ void copyEntry(FileSystem &files, const Place &from, const Place &to)
     if (kind == FileKind::SymbolicLink)
         return files.copyLink(from, to);
     if (kind == FileKind::Regular) {
-        copyFile(files, files.openFile(from.folder, from.name), to.folder, to.name);
+        copyFile(files, files.openFile(from.folder, from.name), to);
     } else if (kind == FileKind::Directory) {
         const Folder inner = files.openFolder(from.folder, from.name);
         const Folder copy = files.createFolder(to.folder, to.name);
@@ -106,7 +93,7 @@ bool holdsFurtherNames(const FileSystem &files, const Folder &folder, int level 
                    if (entry.kind == FileKind::Directory)
                        isFound = holdsFurtherNames(files, files.openFolder(folder, entry.name), level + 1);
                    else if (entry.kind == FileKind::Regular)
-                       isFound = files.openFile(folder, entry.name).names > 1;
+                       isFound = hasFurtherNames(files, folder, entry.name);
                });
                return isFound;
            });

@@ -22,7 +22,7 @@ private:
     /// A file with several names.
     struct Shared
     {
-        DiskUse use;
+        EntryStatus status;
         std::uint64_t found; ///< how many of its names were
     };
 

@@ -7,12 +7,11 @@
 #include <map>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace vornel {
 
-/// Files that entries of a history hold, for other entries of the same history to share: what is equal, byte
-/// for byte or by its digest, is kept once. What others may edit never shares anything.
+/// Files that entries of a history hold, for other entries of the same history to share: what has the same
+/// digest is kept once. What others may edit never shares anything.
 class SharedFiles
 {
 public:
@@ -21,25 +20,13 @@ public:
     SharedFiles(FileSystem &files, const std::filesystem::path &history, std::span<const std::string> entries,
                 FileDigests &known);
 
-    /// Does what `SecureFileTree::copyTree` does, and shares what it can instead of copying it.
-    void copyTree(const std::filesystem::path &source, const std::filesystem::path &destination,
-                  TreeFilter filter) const;
+    /// Copies what was read of a tree to a new folder, and shares what it can instead of copying it.
+    void copyTree(const FileTreeSnapshot &source, const std::filesystem::path &destination) const;
 
 private:
-    struct Held
-    {
-        std::filesystem::path root; ///< of the entry
-        std::string relativePath;
-    };
-
-    bool share(const File &file, const std::string &relativePath, const Place &to) const;
-    bool areEqual(const File &one, const File &other) const;
-    bool shareIfEqual(const File &file, const Held &held, const Place &to) const;
-
     FileSystem &m_files;
-    FileDigests &m_known;
-    std::map<std::int64_t, std::vector<Held>>
-        m_bySize; ///< the files but the manifest, and none that is empty
+    std::map<std::string, std::filesystem::path>
+        m_byDigest; ///< the files but the manifest, and none that is empty
 };
 
 } // namespace vornel

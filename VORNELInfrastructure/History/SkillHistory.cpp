@@ -63,8 +63,10 @@ StagedFolder SkillHistory::stage(const fs::path &place, const fs::path &skillURL
 {
     const bool isFirst = !m_files.kindAt(place.parent_path());
     Stage stage(m_files, m_config.staging());
-    sharedFiles(place.parent_path())
-        .copyTree(skillURL, isFirst ? stage.path() / place.filename() : stage.path(), TreeFilter::all);
+    if (isFirst)
+        SecureFileTree::copyTree(m_files, skillURL, stage.path() / place.filename(), TreeFilter::all);
+    else
+        sharedFiles(place.parent_path()).copyTree(read(skillURL, TreeFilter::all), stage.path());
     return {std::move(stage), {.path = isFirst ? place.parent_path() : place}};
 }
 
@@ -73,11 +75,16 @@ fs::path SkillHistory::placeForReplaced(const SkillManifest &manifest, VersionOr
     return placeFor(manifest.id, replacedEntry(origin, manifest.revision));
 }
 
+FileTreeSnapshot SkillHistory::read(const fs::path &folder, TreeFilter filter) const
+{
+    return SecureFileTree::snapshot(m_files, folder, filter, &m_digests);
+}
+
 /// Nothing for an entry that can't be read, which then counts as holding nothing.
 std::optional<std::string> SkillHistory::digestOf(const fs::path &entry, TreeFilter filter) const
 {
     std::optional<std::string> digest;
-    bestEffort([&] { digest = SecureFileTree::snapshot(m_files, entry, filter, &m_digests).digest; });
+    bestEffort([&] { digest = read(entry, filter).digest; });
     return digest;
 }
 
@@ -138,7 +145,7 @@ std::optional<std::string> SkillHistory::contentOf(const QUuid &id, const std::s
 
 FormerFolder SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    FileTreeSnapshot content = SecureFileTree::snapshot(m_files, skillURL, TreeFilter::all, &m_digests);
+    FileTreeSnapshot content = read(skillURL, TreeFilter::all);
     if (!holdsRevision(manifest, content)) {
         const bool isRevision = ownVersions(manifest).empty();
         StagedFolder copy = isRevision ? stage(manifest, skillURL)
@@ -155,7 +162,7 @@ void SkillHistory::keepMerged(const SkillManifest &manifest, VersionOrigin origi
     const fs::path place = placeFor(manifest.id, mergedEntry(origin, result, manifest.revision));
     createFolders(m_files, place.parent_path(), Durability::Now);
     StagedFolder entry{Stage(m_files, m_config.staging()), {.path = place}};
-    sharedFiles(place.parent_path()).copyTree(copy, entry.stage.path(), TreeFilter::excludingManifest);
+    sharedFiles(place.parent_path()).copyTree(read(copy, TreeFilter::excludingManifest), entry.stage.path());
     commit(m_files, entry);
 }
 
@@ -182,7 +189,7 @@ void SkillHistory::shareReplaced(const fs::path &entry) const noexcept
             return;
         StagedFolder copy{Stage(m_files, m_config.staging()),
                           {.path = entry, .backup = m_config.recovery() / entry.filename()}};
-        sharedFiles(entry.parent_path()).copyTree(entry, copy.stage.path(), TreeFilter::all);
+        sharedFiles(entry.parent_path()).copyTree(content, copy.stage.path());
         if (digestOfAll(copy.stage.path()) != content.digest)
             return;
         const fs::path former = commit(m_files, copy);

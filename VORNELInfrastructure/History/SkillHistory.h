@@ -82,6 +82,7 @@ public:
 
 private:
     std::vector<KeptVersion> versionsIn(const std::filesystem::path &history) const;
+    FileTreeSnapshot read(const std::filesystem::path &folder, TreeFilter filter) const;
     SharedFiles sharedFiles(const std::filesystem::path &history) const;
     bool anyHolds(const QUuid &id, const std::vector<KeptVersion> &versions, TreeFilter filter,
                   const std::string &digest) const;

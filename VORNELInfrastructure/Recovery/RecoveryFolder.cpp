@@ -31,7 +31,7 @@ struct NoSink
     struct Folder
     {};
     static Folder addFolder(const Folder & /*parent*/, const std::string & /*name*/) { return {}; }
-    static void addFile(const Place & /*place*/, const File & /*file*/, const Folder & /*parent*/,
+    static void addFile(const Folder & /*parent*/, const std::string & /*name*/, const File & /*file*/,
                         const FileTreeSnapshot::Entry & /*entry*/)
     {}
 };

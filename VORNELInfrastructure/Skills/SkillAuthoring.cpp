@@ -12,7 +12,7 @@
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
-#include <VORNELInfrastructure/Tree/TreeRenewal.h>
+#include <VORNELInfrastructure/Tree/SharingCopy.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
 using namespace Qt::StringLiterals;
@@ -89,7 +89,7 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
     return revise(skill, [&](const fs::path &stage, const FormerFolder &former) {
         if (former.keptAs.empty())
-            renewTree(m_workspace.files, former.tree, former.tree, stage, TreeFilter::all);
+            copyTakingOver(m_workspace.files, former.tree, former.tree, stage);
         else
             SecureFileTree::copyTree(m_workspace.files, skill.folder, stage, TreeFilter::all);
         m_store.writeSkillMD(skillMD, stage);

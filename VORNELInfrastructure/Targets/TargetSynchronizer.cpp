@@ -8,7 +8,7 @@
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
-#include <VORNELInfrastructure/Tree/TreeRenewal.h>
+#include <VORNELInfrastructure/Tree/SharingCopy.h>
 
 #include <algorithm>
 #include <ranges>
@@ -208,7 +208,7 @@ void TargetSynchronizer::stageCopy(Install &install, const SkillManifest &manife
     }
     StagedFolder copy{m_store.makeStage(), destination};
     if (discarded)
-        renewTree(m_workspace.files, content, *discarded, copy.stage.path(), TreeFilter::excludingManifest);
+        copyTakingOver(m_workspace.files, content, *discarded, copy.stage.path());
     else
         SecureFileTree::copyTree(m_workspace.files, content.root, copy.stage.path(),
                                  TreeFilter::excludingManifest);

@@ -13,10 +13,10 @@ constexpr std::chrono::nanoseconds coarsestTime = 2s;
 
 constexpr std::size_t most = 65'536;
 
-bool hasSettled(const FileStamp &stamp)
+bool hasSettled(const EntryStatus &file)
 {
     const std::chrono::nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
-    return now - stamp.modified > coarsestTime;
+    return now - file.modified > coarsestTime;
 }
 
 } // namespace
@@ -29,27 +29,26 @@ void FileDigests::beginOperation()
         m_known.clear();
 }
 
-std::optional<std::string> FileDigests::find(const File &file)
+std::optional<std::string> FileDigests::find(const EntryStatus &file)
 {
     const std::scoped_lock lock(m_mutex);
-    const auto found = m_known.find({file.stamp.volume, file.stamp.number});
+    const auto found = m_known.find({file.volume, file.number});
     if (found == m_known.end())
         return std::nullopt;
     Known &known = found->second;
     const bool isOfOperation = known.operation == m_operation;
-    if (known.stamp.size != file.stamp.size || known.stamp.modified != file.stamp.modified ||
-        !(isOfOperation || (known.isSettled && known.stamp.changed == file.stamp.changed)))
+    if (known.file.size != file.size || known.file.modified != file.modified ||
+        !(isOfOperation || (known.isSettled && known.file.changed == file.changed)))
         return std::nullopt;
-    known.stamp = file.stamp;
+    known.file = file;
     known.operation = m_operation;
     return known.digest;
 }
 
-void FileDigests::remember(const File &file, const std::string &digest)
+void FileDigests::remember(const EntryStatus &file, const std::string &digest)
 {
     const std::scoped_lock lock(m_mutex);
-    m_known.insert_or_assign({file.stamp.volume, file.stamp.number},
-                             Known{digest, file.stamp, m_operation, hasSettled(file.stamp)});
+    m_known.insert_or_assign({file.volume, file.number}, Known{digest, file, m_operation, hasSettled(file)});
 }
 
 } // namespace vornel

@@ -11,28 +11,27 @@
 namespace vornel {
 
 /// The digests of files that were read before, so that a file that has not changed need not be read again.
-/// They are known by the stamps of the files: the change of one is missed only within the operation in which
-/// it was read, and only where its size and time stay. So what they say must never be a reason to delete
-/// anything. May be used from several threads.
+/// A file is known by its number, size and times: a change is missed only within the operation in which it
+/// was read, as one would be that comes just after. May be used from several threads.
 class FileDigests
 {
 public:
     /// To be called when an operation begins. Within it, a file may be given further names, or lose some,
-    /// which changes its stamp as a change of its bytes would.
+    /// which changes the same time as a change of its bytes does.
     void beginOperation();
 
-    std::optional<std::string> find(const File &file);
+    std::optional<std::string> find(const EntryStatus &file);
 
-    /// Remembers a digest of bytes that were read after the file had been opened.
-    void remember(const File &file, const std::string &digest);
+    /// Remembers a digest of bytes that were read after this was true of the file.
+    void remember(const EntryStatus &file, const std::string &digest);
 
 private:
     struct Known
     {
         std::string digest;
-        FileStamp stamp;
+        EntryStatus file;
         std::uint64_t operation;
-        bool isSettled; ///< whether any later change would show in the stamp
+        bool isSettled; ///< whether any later change would show
     };
 
     std::mutex m_mutex;

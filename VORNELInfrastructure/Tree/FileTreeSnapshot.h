@@ -33,6 +33,7 @@ struct FileTreeSnapshot
         std::int64_t size;                     ///< bytes read; 0 for a directory
         std::optional<std::string> fileDigest; ///< lower-case hexadecimal SHA-256; absent for a directory
         std::int64_t modifiedAt = 0;           ///< of a file, as when it was opened
+        std::uint64_t names = 1;               ///< of a file, at that moment
     };
 
     std::filesystem::path root;

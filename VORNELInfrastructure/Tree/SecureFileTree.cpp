@@ -21,7 +21,7 @@ namespace {
 class FingerprintSink
 {
 public:
-    FingerprintSink(const FileSystem &files, FileDigests *known) : m_files(files), m_known(known) {}
+    explicit FingerprintSink(const FileSystem &files) : m_files(files) {}
 
     /// Nothing is made of the folders.
     struct Folder
@@ -29,28 +29,19 @@ public:
 
     static Folder addFolder(const Folder & /*parent*/, const std::string & /*name*/) { return {}; }
 
-    void addFile(const Place & /*place*/, const File &file, const Folder & /*parent*/,
+    void addFile(const Folder & /*parent*/, const std::string & /*name*/, const File &file,
                  FileTreeSnapshot::Entry &entry) const
     {
-        if (m_known != nullptr)
-            entry.fileDigest = m_known->find(file);
-        if (entry.fileDigest) {
-            entry.size = file.size();
-            return;
-        }
         Sha256 hash;
         readWhole(m_files, file, [&](QByteArrayView bytes) {
             entry.size += bytes.size();
             hash.update(bytes);
         });
         entry.fileDigest = hash.finish();
-        if (m_known != nullptr && entry.size == file.size())
-            m_known->remember(file, *entry.fileDigest);
     }
 
 private:
     const FileSystem &m_files;
-    FileDigests *m_known;
 };
 
 /// Takes the place of `Sha256` in a copy that needs no fingerprint.
@@ -65,7 +56,7 @@ template <typename Hash>
 class CopySink
 {
 public:
-    CopySink(FileSystem &files, const Shortcut &shortcut) : m_files(files), m_shortcut(shortcut) {}
+    explicit CopySink(FileSystem &files) : m_files(files) {}
 
     using Folder = vornel::Folder;
 
@@ -74,12 +65,10 @@ public:
         return m_files.createFolder(parent, name);
     }
 
-    void addFile(const Place &place, const File &file, const Folder &parent,
+    void addFile(const Folder &parent, const std::string &name, const File &file,
                  FileTreeSnapshot::Entry &entry) const
     {
-        if (m_shortcut && m_shortcut({place, file, entry.relativePath}, {parent, place.name}))
-            return;
-        const File copy = m_files.createFile(parent, place.name);
+        const File copy = m_files.createFile(parent, name);
         Hash hash;
         readWhole(m_files, file, [&](QByteArrayView bytes) {
             entry.size += bytes.size();
@@ -91,7 +80,6 @@ public:
 
 private:
     FileSystem &m_files;
-    const Shortcut &m_shortcut;
 };
 
 /// Opens the root of a tree, which must be a folder.
@@ -108,15 +96,14 @@ try {
 FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFilter filter,
                             FileDigests *known = nullptr)
 {
-    TreeWalk walk(files, filter, FingerprintSink(files, known));
+    TreeWalk walk(files, filter, FingerprintSink(files), known);
     walk.run(root, {});
     return walk.finish(root.path);
 }
 
 /// Walks over `source` and copies it; `Hash` is `Sha256`, or `NoHash` for a copy without a fingerprint.
 template <typename Hash>
-auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter,
-                const Shortcut &shortcut)
+auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)
 {
     const fs::path path = standardizedPath(source);
     const Folder from = openedRoot(path.filename(), [&] { return files.openFolder(path); });
@@ -128,7 +115,7 @@ auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &desti
     const Folder to = files.createFolder(createFolders(files, destination.parent_path(), Durability::Later),
                                          destination.filename());
     try {
-        TreeWalk walk(files, filter, CopySink<Hash>(files, shortcut));
+        TreeWalk walk(files, filter, CopySink<Hash>(files));
         walk.run(from, to);
         return walk;
     } catch (...) {
@@ -154,16 +141,15 @@ FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const s
     return snapshotOf(files, folder, filter, known);
 }
 
-void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter,
-              const Shortcut &shortcut)
+void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)
 {
-    copiedWalk<NoHash>(files, source, destination, filter, shortcut);
+    copiedWalk<NoHash>(files, source, destination, filter);
 }
 
 FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const fs::path &source, const fs::path &destination,
                                      TreeFilter filter)
 {
-    return copiedWalk<Sha256>(files, source, destination, filter, {}).finish(source);
+    return copiedWalk<Sha256>(files, source, destination, filter).finish(source);
 }
 
 } // namespace vornel::SecureFileTree

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileDigests.h"
 #include "FileTreeSnapshot.h"
 #include "NaturalOrder.h"
 #include "ParallelMap.h"
@@ -17,15 +18,15 @@ namespace vornel {
 /// Goes through a tree, refuses what is unsafe, and hands the rest to a sink:
 /// - `Sink::Folder` is what the sink makes of a folder of the tree, its counterpart;
 /// - `addFolder(parent, name)` returns the counterpart of a folder, given that of its parent;
-/// - `addFile(place, file, parent, entry)` reads a file that stands there, and fills in the size and digest
-/// of
-///   its entry. Large files of one folder are added by several threads at once.
+/// - `addFile(parent, name, file, entry)` reads a file, and fills in the size and digest of its entry. Large
+///   files of one folder are added by several threads at once.
 template <typename Sink>
 class TreeWalk
 {
 public:
-    TreeWalk(const FileSystem &files, TreeFilter filter, Sink sink)
-        : m_files(files), m_filter(filter), m_sink(sink)
+    /// The sink adds no file whose digest is known.
+    TreeWalk(const FileSystem &files, TreeFilter filter, Sink sink, FileDigests *known = nullptr)
+        : m_files(files), m_filter(filter), m_sink(sink), m_known(known)
     {}
 
     /// Goes through `root`, of which the sink has made `counterpart`.
@@ -97,6 +98,8 @@ private:
             m_isWhole = false;
         } else if (child.kind == FileKind::Directory) {
             addFolder(level, child.name);
+        } else if (std::optional<Entry> known = knownEntry(level, child.name)) {
+            m_entries.push_back(std::move(*known));
         } else {
             const File file = openFile(level, child.name);
             if (file.size() >= largeFile)
@@ -124,10 +127,28 @@ private:
 
     Entry fileEntry(const Level &level, const std::string &name, const File &file)
     {
-        const auto modified = std::chrono::floor<std::chrono::seconds>(file.stamp.modified);
-        Entry entry{level.prefix + name, Entry::Kind::file, 0, std::nullopt, modified.count()};
-        m_sink.addFile({level.folder, name}, file, level.counterpart, entry);
+        Entry entry = emptyEntry(level, name, file.status);
+        m_sink.addFile(level.counterpart, name, file, entry);
+        if (m_known != nullptr && entry.fileDigest && entry.size == file.size())
+            m_known->remember(file.status, *entry.fileDigest);
         return entry;
+    }
+
+    std::optional<Entry> knownEntry(const Level &level, const std::string &name) const
+    {
+        const auto status = m_known != nullptr ? m_files.statusOf(level.folder, name) : std::nullopt;
+        if (!status)
+            return std::nullopt;
+        Entry entry = emptyEntry(level, name, *status);
+        entry.size = status->size;
+        entry.fileDigest = m_known->find(*status);
+        return entry.fileDigest ? std::optional(std::move(entry)) : std::nullopt;
+    }
+
+    static Entry emptyEntry(const Level &level, const std::string &name, const EntryStatus &status)
+    {
+        const auto modified = std::chrono::floor<std::chrono::seconds>(status.modified);
+        return {level.prefix + name, Entry::Kind::file, 0, std::nullopt, modified.count(), status.names};
     }
 
     File openFile(const Level &level, const std::string &name) const
@@ -163,6 +184,7 @@ private:
     const FileSystem &m_files;
     TreeFilter m_filter;
     Sink m_sink;
+    FileDigests *m_known;
     std::vector<Entry> m_entries;
     bool m_isWhole = true;
 };

@@ -47,9 +47,9 @@ bool SteppedFileSystem::isAt(const Folder &folder, const Place &place) const
     return take({Kind::Look}, [&] { return Real::isAt(folder, place); });
 }
 
-std::optional<DiskUse> SteppedFileSystem::useOf(const Folder &folder, const std::string &name) const
+std::optional<EntryStatus> SteppedFileSystem::statusOf(const Folder &folder, const std::string &name) const
 {
-    return take({Kind::Look}, [&] { return Real::useOf(folder, name); });
+    return take({Kind::Look}, [&] { return Real::statusOf(folder, name); });
 }
 
 std::optional<QDateTime> SteppedFileSystem::changedAt(const Folder &folder, const std::string &name) const

@@ -47,7 +47,7 @@ public:
     std::optional<FileKind> kindAt(const Folder &folder, const std::string &name) const override;
     bool isAt(const Folder &folder, const Place &place) const override;
     std::optional<QDateTime> changedAt(const Folder &folder, const std::string &name) const override;
-    std::optional<DiskUse> useOf(const Folder &folder, const std::string &name) const override;
+    std::optional<EntryStatus> statusOf(const Folder &folder, const std::string &name) const override;
     std::vector<FolderEntry> list(const Folder &folder) const override;
     File openFile(const Folder &folder, const std::string &name) const override;
     std::size_t read(const File &file, std::int64_t offset, std::span<char> buffer) const override;

@@ -1,0 +1,108 @@
+#include "SharingCopy.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/Disk/FileOperations.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
+
+#include <algorithm>
+
+namespace vornel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Entry = FileTreeSnapshot::Entry;
+
+/// Opens folders by their paths; one that is asked for again stays open meanwhile.
+class LastFolder
+{
+public:
+    explicit LastFolder(const FileSystem &files) : m_files(files) {}
+
+    const Folder &at(const fs::path &path)
+    {
+        if (!m_folder || m_path != path) {
+            m_folder.emplace(m_files.openFolder(path));
+            m_path = path;
+        }
+        return *m_folder;
+    }
+
+private:
+    const FileSystem &m_files;
+    fs::path m_path;
+    std::optional<Folder> m_folder;
+};
+
+class SharingCopy
+{
+public:
+    SharingCopy(FileSystem &files, const fs::path &destination, const SameFile &sameFile)
+        : m_files(files),
+          m_destination(destination),
+          m_sameFile(sameFile),
+          m_copies(files),
+          m_sources(files),
+          m_shared(files)
+    {}
+
+    void run(const FileTreeSnapshot &source)
+    {
+        m_files.createFolder(createFolders(m_files, m_destination.parent_path(), Durability::Later),
+                             m_destination.filename());
+        for (const Entry &entry : source.entries) {
+            const fs::path copy = m_destination / entry.relativePath;
+            const Place to{m_copies.at(copy.parent_path()), copy.filename()};
+            if (entry.kind == Entry::Kind::directory)
+                m_files.createFolder(to.folder, to.name);
+            else if (!isShared(entry, to))
+                copyFile(source.url(entry), entry, to);
+        }
+    }
+
+private:
+    bool isShared(const Entry &entry, const Place &to)
+    {
+        const fs::path same = m_sameFile(entry);
+        return !same.empty() && !failureOf([&] {
+            m_files.share({m_shared.at(same.parent_path()), same.filename()}, to);
+        });
+    }
+
+    void copyFile(const fs::path &source, const Entry &entry, const Place &to)
+    {
+        const File file = m_files.openFile(m_sources.at(source.parent_path()), source.filename());
+        if (file.size() > SkillFiles::sizeLimit)
+            throw VORNELWorkspaceError::unsafeImport(QString::fromStdString(entry.relativePath));
+        vornel::copyFile(m_files, file, to);
+    }
+
+    FileSystem &m_files;
+    const fs::path &m_destination;
+    const SameFile &m_sameFile;
+    LastFolder m_copies;
+    LastFolder m_sources;
+    LastFolder m_shared;
+};
+
+} // namespace
+
+void copySharing(FileSystem &files, const FileTreeSnapshot &source, const fs::path &destination,
+                 const SameFile &sameFile)
+{
+    SharingCopy(files, destination, sameFile).run(source);
+}
+
+void copyTakingOver(FileSystem &files, const FileTreeSnapshot &source, const FileTreeSnapshot &former,
+                    const fs::path &destination)
+{
+    copySharing(files, source, destination, [&former](const Entry &entry) {
+        const auto own = std::ranges::lower_bound(former.entries, entry.relativePath, {}, &Entry::relativePath);
+        const bool isThere = own != former.entries.end() && own->relativePath == entry.relativePath;
+        return isThere && own->fileDigest == entry.fileDigest && own->names == 1 ? former.url(*own) : fs::path();
+    });
+}
+
+} // namespace vornel

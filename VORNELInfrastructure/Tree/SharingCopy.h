@@ -1,0 +1,25 @@
+#pragma once
+
+#include "FileTreeSnapshot.h"
+
+#include <VORNELInfrastructure/Disk/FileSystem.h>
+
+#include <functional>
+
+namespace vornel {
+
+/// Where a file of the same bytes as a file of a tree stands on the volume; empty where there is none.
+using SameFile = std::function<std::filesystem::path(const FileTreeSnapshot::Entry &)>;
+
+/// Makes a folder, at a path where nothing stands, of what was read of a tree. A file that stands elsewhere, too,
+/// is shared, or copied where it can't be. Throws `unsafeImport` for a file that has become too large.
+void copySharing(FileSystem &files, const FileTreeSnapshot &source, const std::filesystem::path &destination,
+                 const SameFile &sameFile);
+
+/// The same for a folder that is to take the place of a former one, which is deleted then: the new one takes
+/// over what the former one holds already. Until then, that has two names; a file that has further names
+/// already is copied.
+void copyTakingOver(FileSystem &files, const FileTreeSnapshot &source, const FileTreeSnapshot &former,
+                    const std::filesystem::path &destination);
+
+} // namespace vornel
