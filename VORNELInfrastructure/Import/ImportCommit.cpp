@@ -181,7 +181,7 @@ void ImportCommit::commit(std::span<StagedSkill> skills)
         skill.history = commit.rename(*skill.staged.history);
     commit.flushNames(); // what a copy replaces goes into the history, which has to be on the disk by then
     for (CommittedSkill &skill : added)
-        skill.copies = TargetSynchronizer::rename(skill.staged.install, commit);
+        skill.copies = m_targets.rename(skill.staged.install, commit);
     commit.flushNames();
 
     std::exception_ptr failure;

@@ -87,6 +87,7 @@ void TargetSynchronizer::install(const SkillManifest &manifest, Install install,
 {
     for (const TargetKind kind : leftAlone) {
         install.copies.erase(kind);
+        install.renewals.erase(kind);
         install.failures.erase(kind);
     }
     const auto isKept = [](const StagedFolder &copy) { return !copy.destination.keptAs.empty(); };
@@ -199,10 +200,15 @@ void TargetSynchronizer::stageCopy(Install &install, const SkillManifest &manife
         if (former.digest == content.digest)
             return;
         install.formers.emplace(kind, former.digest);
-        if (isHeld(manifest.id, former, looks))
+        if (isHeld(manifest.id, former, looks)) {
+            if (auto renewal = FileRenewal::between(m_workspace.files, former, content)) {
+                install.renewals.emplace(kind, std::move(*renewal));
+                return;
+            }
             discarded = std::move(former);
-        else
+        } else {
             destination.keptAs = m_history.placeForReplaced(manifest, originOfCopy(kind));
+        }
         destination.backup =
             destination.keptAs.empty() ? recoveryPlace(u"-"_s, kind, manifest.slug) : destination.keptAs;
     }
@@ -226,11 +232,13 @@ bool TargetSynchronizer::isHeld(const QUuid &id, const FileTreeSnapshot &copy, L
     return found->second;
 }
 
-CopyResults TargetSynchronizer::rename(Install &install, Commit &commit)
+CopyResults TargetSynchronizer::rename(Install &install, Commit &commit) const
 {
     CopyResults results;
     for (auto &[kind, copy] : install.copies)
         results.emplace(kind, commit.rename(copy));
+    for (const auto &[kind, renewal] : install.renewals)
+        results.emplace(kind, CommitResult{.failure = failureOf([&] { renewal.run(m_workspace.files); })});
     return results;
 }
 
@@ -247,8 +255,9 @@ TargetSynchronizer::Failures TargetSynchronizer::finish(const Install &install,
         const auto former = install.formers.find(kind);
         m_workspace.changes[install.id].copies[kind] = {
             former == install.formers.end() ? std::nullopt : std::optional(former->second), install.digest};
-        if (const fs::path &keptAs = install.copies.at(kind).destination.keptAs; !keptAs.empty())
-            m_history.shareReplaced(keptAs);
+        const auto copy = install.copies.find(kind);
+        if (copy != install.copies.end() && !copy->second.destination.keptAs.empty())
+            m_history.shareReplaced(copy->second.destination.keptAs);
     }
     remember(install.id, failures);
     return failures;

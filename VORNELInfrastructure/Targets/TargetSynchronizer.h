@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FileRenewal.h"
+
 #include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
@@ -16,9 +18,10 @@ namespace vornel {
 struct Install
 {
     QUuid id;
-    std::string digest = {};                                ///< of their content
-    std::map<TargetKind, StagedFolder> copies = {};         ///< for the targets where the copy isn't right
-    std::map<TargetKind, std::string> formers = {};         ///< digests of the copies that are there
+    std::string digest = {};                         ///< of their content
+    std::map<TargetKind, StagedFolder> copies = {};  ///< for the targets where more than a file is wrong
+    std::map<TargetKind, FileRenewal> renewals = {}; ///< for those where one file of it isn't
+    std::map<TargetKind, std::string> formers = {};  ///< digests of the copies that are there
     std::map<TargetKind, std::exception_ptr> failures = {}; ///< of the targets for which none could be staged
 
     std::vector<std::filesystem::path> stages() const;
@@ -66,7 +69,7 @@ public:
                   const Failures &unusable) const;
 
     /// Puts the staged copies, which are flushed, in their places.
-    static CopyResults rename(Install &install, Commit &commit);
+    CopyResults rename(Install &install, Commit &commit) const;
 
     /// Ends an install: removes the former copies, and remembers all that failed, which it returns.
     Failures finish(const Install &install, const CopyResults &results) const;

@@ -44,11 +44,10 @@ std::vector<fs::path> unfinishedParts(const Workspace &workspace)
                 collect(workspace.files, workspace.files.openFolder(folder), reach, found);
         });
     };
-    for (const fs::path &folder :
-         {config.bookkeeping(), config.recovery(), config.events(), config.claude, config.codex})
+    for (const fs::path &folder : {config.bookkeeping(), config.recovery(), config.events()})
         look(folder, Reach::Entries);
-    // A manifest can be rewritten in its place, and its temporary file is then in the skill's folder.
-    for (const fs::path &folder : {config.skills(), config.trash()})
+    // A file can be rewritten in its place, and its temporary file is then in the folder of the skill.
+    for (const fs::path &folder : {config.skills(), config.trash(), config.claude, config.codex})
         look(folder, Reach::EntriesOfEntries);
     bestEffort([&] {
         for (fs::path &stray : TrashMoments(workspace).strays())
