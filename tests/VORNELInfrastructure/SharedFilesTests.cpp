@@ -117,6 +117,57 @@ TEST_F(SharedFiles, OfAReplacedCopyAreThoseOfTheHistory)
         EXPECT_TRUE(file.is_directory() || file.hard_link_count() == 1) << file.path();
 }
 
+TEST_F(SharedFiles, AreTakenOverFromWhatASaveReplaces)
+{
+    const std::vector<fs::path> all = {path("workspace/skills/demo/data/large"),
+                                       path("claude/demo/data/large"), path("codex/demo/data/large")};
+    const auto numbers = [&all] {
+        std::vector<ino_t> found;
+        for (const fs::path &file : all)
+            found.push_back(statusOf(file).st_ino);
+        return found;
+    };
+    const std::vector<ino_t> before = numbers();
+    const ino_t folder = statusOf(path("claude/demo")).st_ino;
+    write("codex/demo/.hidden", "hidden");
+    save(u"one file"_s);
+    EXPECT_EQ(statusOf(path("claude/demo")).st_ino, folder) << "replaced for one file";
+    EXPECT_EQ(bytesOf(path("claude/demo/SKILL.md")), "one file");
+    EXPECT_EQ(numbers(), (std::vector{before[0], before[1], statusOf(all[2]).st_ino}));
+    EXPECT_NE(statusOf(all[2]).st_ino, before[2]) << "shared with the folder that is kept for what it hides";
+    expectNoneOutside();
+
+    fs::create_hard_link(all[1], path("elsewhere"));
+    write("workspace/skills/demo/added", "more");
+    save(u"two files"_s);
+    EXPECT_EQ(statusOf(all[0]).st_ino, before[0]);
+    EXPECT_NE(statusOf(all[1]).st_ino, before[1]) << "shared with a file that is none of ours";
+    for (const char *copy : {"claude/demo", "codex/demo"}) {
+        EXPECT_EQ(bytesOf(path(copy) / "added"), "more");
+        EXPECT_EQ(bytesOf(path(copy) / "data/large"), large);
+    }
+    expectNoneOutside();
+    EXPECT_TRUE(fs::is_empty(path("workspace/.vornel/staging")));
+}
+
+/// Whoever restores a file's time after a change of the same size is noticed all the same.
+TEST_F(SharedFiles, AreReadAgainOnceTheyHaveChanged)
+{
+    const fs::path file = path("workspace/skills/demo/data/large");
+    const auto lately = fs::last_write_time(file) - std::chrono::hours(1);
+    fs::last_write_time(file, lately);
+    save(u"two"_s);
+    save(u"three"_s);
+    std::string changed = large;
+    changed.back() = 'y';
+    write("workspace/skills/demo/data/large", changed);
+    fs::last_write_time(file, lately);
+    save(u"four"_s);
+    EXPECT_EQ(bytesOf(entry("4-") / "data/large"), changed);
+    EXPECT_EQ(bytesOf(path("codex/demo/data/large")), changed);
+    EXPECT_EQ(bytesOf(entry("3-") / "data/large"), large);
+}
+
 TEST_F(SharedFiles, OfOthersChangeNothingThatIsKept)
 {
     for (const bool canExchange : {true, false}) {

@@ -180,13 +180,15 @@ TEST_F(Bootstrap, PutsRightWhatACrashLeft)
     write(recovery + "-codex-kept/SKILL.md", "x");
     write("ws/.vornel/staging/" + uuidText(id).toStdString() + "/SKILL.md", "x");
     write("claude/." + uuidText(id).toStdString() + ".tmp/SKILL.md", "a move that was cut short");
+    write("claude/held/." + uuidText(trashed).toStdString() + ".tmp", "a file that was to be replaced");
     write("claude/.kept.tmp", "x");
 
     const WorkspaceOverview overview = bootstrap();
     ASSERT_EQ(overview.skills.size(), 1);
     EXPECT_EQ(overview.skills.first().revision, 4);
     EXPECT_TRUE(names("ws/.vornel/staging").empty());
-    EXPECT_EQ(names("claude"), std::vector<std::string>{".kept.tmp"});
+    EXPECT_EQ(names("claude"), (std::vector<std::string>{".kept.tmp", "held"}));
+    EXPECT_TRUE(names("claude/held").empty());
     LocalWorkspaceService service(std::make_shared<PosixFileSystem>());
     service.bootstrap(path("ws"), path("claude"), path("codex")).waitForFinished();
     EXPECT_EQ(names("ws/.vornel/recovery").size(), 5U) << "only the folder that was missing may leave";
