@@ -16,7 +16,7 @@ namespace vornel {
 
 namespace {
 
-constexpr qsizetype largestText = 1'048'576;
+constexpr qsizetype largestShown = 1'048'576;
 
 /// No screen needs a picture larger than this, in pixels.
 constexpr QSize largestPicture(2'048, 2'048);
@@ -91,7 +91,7 @@ SkillFileContent::Content SkillFileContent::contentOf(const QString &path, const
         content.explanation = u"Cette image ne peut pas être lue."_s;
         return content;
     }
-    if (bytes.size() > largestText) {
+    if (bytes.size() > largestShown) {
         content.explanation = u"Ce fichier est trop grand pour être affiché ici."_s;
         return content;
     }
