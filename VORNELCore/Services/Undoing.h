@@ -24,7 +24,7 @@ public:
     /// trash or into it, and copies that had content of their own. So nothing that was written is lost, and
     /// undoing once more is redoing. May fail with `notBootstrapped`, `partialSync`, a file-system error or,
     /// before anything is changed, with `integrityFailure` or `duplicateSlug` where something of it has moved
-    /// on.
+    /// on: then it can't be taken back any more. After another failure the same step stands for what is left.
     virtual QFuture<WorkspaceOverview> undo(QUuid step) = 0;
 };
 

@@ -114,7 +114,16 @@ SkillAuthoring::revise(SkillRecord skill,
     change.revision = skill.manifest.revision;
     change.formerContent = former.tree.contentDigest();
 
-    history.add(skill.manifest, skill.folder);
+    try {
+        history.add(skill.manifest, skill.folder);
+    } catch (...) { // what has been done can be taken back
+        bestEffort([&] {
+            change.installedContent =
+                SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::excludingManifest)
+                    .digest;
+        });
+        throw;
+    }
     TargetSynchronizer(m_workspace).synchronize(skill, leftAlone);
     return makeDetail(m_workspace, skill);
 }

@@ -7,6 +7,7 @@
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 
 #include <limits>
@@ -99,7 +100,7 @@ void SkillFolderStore::replaceCanonical(const fs::path &skill, Stage stage, cons
     StagedFolder staged{std::move(stage), {.path = skill, .backup = backup, .keptAs = keptAs}};
     const fs::path former = commit(m_files, staged);
     if (!former.empty())
-        discard(former);
+        bestEffort([&] { discard(former); });
 }
 
 void SkillFolderStore::discard(const fs::path &folder) const

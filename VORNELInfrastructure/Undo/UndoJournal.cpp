@@ -8,25 +8,32 @@ namespace vornel {
 
 void UndoJournal::remember(UndoRecording changes, bool isUndo)
 {
-    std::erase_if(changes, [](const auto &change) { return change.second.isIdle(); });
+    removeIdle(changes);
     const std::scoped_lock lock(m_mutex);
-    m_changes = std::move(changes);
-    m_step = m_changes.empty() ? std::nullopt : std::optional(UndoStep{QUuid::createUuid(), isUndo});
+    m_last.reset();
+    if (!changes.empty())
+        m_last = {.step = {QUuid::createUuid(), isUndo}, .changes = std::move(changes)};
+}
+
+void UndoJournal::resume(UndoableOperation operation)
+{
+    const std::scoped_lock lock(m_mutex);
+    m_last = std::move(operation);
 }
 
 std::optional<UndoStep> UndoJournal::step() const
 {
     const std::scoped_lock lock(m_mutex);
-    return m_step;
+    return m_last ? std::optional(m_last->step) : std::nullopt;
 }
 
-std::pair<UndoStep, UndoRecording> UndoJournal::last(const QUuid &step) const
+UndoableOperation UndoJournal::last(const QUuid &step) const
 {
     const std::scoped_lock lock(m_mutex);
-    if (!m_step || m_step->id != step)
+    if (!m_last || m_last->step.id != step)
         throw VORNELWorkspaceError::integrityFailure(
             u"D’autres changements ont eu lieu depuis\u00A0: il n’est plus possible de revenir en arrière."_s);
-    return {*m_step, m_changes};
+    return *m_last;
 }
 
 } // namespace vornel

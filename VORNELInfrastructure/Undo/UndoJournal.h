@@ -5,9 +5,16 @@
 #include <VORNELCore/Records/UndoStep.h>
 
 #include <mutex>
-#include <utility>
 
 namespace vornel {
+
+/// An operation that can be taken back.
+struct UndoableOperation
+{
+    UndoStep step;
+    UndoRecording changes;   ///< what is to be taken back
+    UndoRecording done = {}; ///< what attempts to do so that have failed have changed
+};
 
 /// Remembers what takes the last operation back, in memory alone. May be asked from any thread.
 class UndoJournal
@@ -17,15 +24,17 @@ public:
     void remember(UndoRecording changes, bool isUndo);
     void forget() { remember({}, false); }
 
+    /// Remembers an operation that could be taken back only in part, or not at all.
+    void resume(UndoableOperation operation);
+
     std::optional<UndoStep> step() const;
 
     /// The last operation; throws `integrityFailure` if that is another one than this.
-    std::pair<UndoStep, UndoRecording> last(const QUuid &step) const;
+    UndoableOperation last(const QUuid &step) const;
 
 private:
     mutable std::mutex m_mutex;
-    std::optional<UndoStep> m_step;
-    UndoRecording m_changes;
+    std::optional<UndoableOperation> m_last;
 };
 
 } // namespace vornel

@@ -12,4 +12,23 @@ bool SkillChange::isIdle() const
     return category.isEmpty() && move == Move::none && !hasNewContent() && !hasReplaced;
 }
 
+void removeDone(UndoRecording &changes, const UndoRecording &done)
+{
+    for (const auto &[id, change] : done) {
+        const auto wanted = changes.find(id);
+        if (wanted == changes.end())
+            continue;
+        for (const TargetKind target : change.copies | std::views::keys)
+            wanted->second.copies.erase(target);
+        if (change.revision != 0)
+            changes.erase(wanted);
+    }
+    removeIdle(changes);
+}
+
+void removeIdle(UndoRecording &changes)
+{
+    std::erase_if(changes, [](const auto &change) { return change.second.isIdle(); });
+}
+
 } // namespace vornel

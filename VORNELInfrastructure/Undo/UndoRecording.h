@@ -36,7 +36,11 @@ struct SkillChange
     Move move = Move::none;
     TakenOut takenOut = {};
 
-    bool hasNewContent() const { return !formerContent.empty() && formerContent != installedContent; }
+    /// Whether the folder has got another content, and one that is known.
+    bool hasNewContent() const
+    {
+        return !formerContent.empty() && !installedContent.empty() && formerContent != installedContent;
+    }
 
     /// Whether there is nothing to take back. A copy that was merely missing need not be so again.
     bool isIdle() const;
@@ -44,5 +48,11 @@ struct SkillChange
 
 /// What an operation has changed, by skill.
 using UndoRecording = std::map<QUuid, SkillChange>;
+
+/// Leaves of `changes` only what is still to be taken back once `done` has been changed to that end.
+void removeDone(UndoRecording &changes, const UndoRecording &done);
+
+/// Leaves only what can be taken back.
+void removeIdle(UndoRecording &changes);
 
 } // namespace vornel

@@ -47,7 +47,7 @@ const SkillRecord &unchanged(const QList<SkillRecord> &records, const QUuid &id,
 
 } // namespace
 
-UndoRun::UndoRun(const Workspace &workspace, const UndoRecording &changes)
+UndoRun::UndoRun(const Workspace &workspace, UndoRecording &changes)
     : m_workspace(workspace),
       m_changes(changes),
       m_active(activeManifests(workspace)),
@@ -56,8 +56,28 @@ UndoRun::UndoRun(const Workspace &workspace, const UndoRecording &changes)
 
 void UndoRun::run()
 {
+    checkAll();
+    try {
+        bringBackAll();
+    } catch (...) {
+        removeDone(m_changes, m_workspace.changes);
+        throw;
+    }
+    m_changes.clear();
+}
+
+/// What can't be read now may be read later; what has moved on won't come back.
+void UndoRun::checkAll()
+try {
     for (const auto &[id, change] : m_changes)
         check(id, change);
+} catch (const VORNELWorkspaceError &) {
+    m_changes.clear();
+    throw;
+}
+
+void UndoRun::bringBackAll() const
+{
     for (const Return &former : m_returns)
         bringBack(former);
     for (const auto &[category, ids] : m_categories)
@@ -136,7 +156,7 @@ FileTreeSnapshot UndoRun::kept(const SkillRecord &skill, const std::string &dige
         u"L’historique de «\u00A0%1\u00A0» n’a plus ce qui a été remplacé"_s.arg(skill.manifest.displayName));
 }
 
-/// The copies come first: once the revision is made, nothing is left that could fail.
+/// The copies come first: as long as the skill is at its revision, what is left can be tried again.
 void UndoRun::bringBack(const Return &former) const
 {
     const TargetSynchronizer targets(m_workspace);

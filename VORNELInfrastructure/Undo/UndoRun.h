@@ -14,7 +14,9 @@ namespace vornel {
 class UndoRun
 {
 public:
-    UndoRun(const Workspace &workspace, const UndoRecording &changes);
+    /// Where `run` fails, `changes` keeps what is left to be taken back: nothing where any of it has moved
+    /// on.
+    UndoRun(const Workspace &workspace, UndoRecording &changes);
 
     void run();
 
@@ -28,14 +30,16 @@ private:
         QSet<TargetKind> leftAlone = {}; ///< by the revision that brings the content back
     };
 
+    void checkAll();
     void check(const QUuid &id, const SkillChange &change);
     void checkTrashed(const QUuid &id, const SkillChange &change) const;
     Return returnOf(const SkillRecord &skill, const SkillChange &change) const;
+    void bringBackAll() const;
     void bringBack(const Return &former) const;
     FileTreeSnapshot kept(const SkillRecord &skill, const std::string &digest) const;
 
     const Workspace &m_workspace;
-    const UndoRecording &m_changes;
+    UndoRecording &m_changes;
     QList<SkillRecord> m_active;
     QList<SkillRecord> m_trashed;
     std::vector<Return> m_returns;

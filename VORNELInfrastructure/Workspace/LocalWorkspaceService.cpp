@@ -69,14 +69,17 @@ auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
 }
 
 template <typename Operation>
-auto LocalWorkspaceService::runUndoable(const Operation &operation, bool isUndo)
+auto LocalWorkspaceService::performUndoable(Operation operation)
 {
-    UndoRecording changes;
-    const auto remember = qScopeGuard([&] {
-        if (!changes.empty())
-            m_undo.remember(std::move(changes), isUndo);
+    using Result = std::invoke_result_t<Operation, const Workspace &>;
+    return m_executor.submit<Result>([this, operation = std::move(operation)](QPromise<Result> &) {
+        UndoRecording changes;
+        const auto remember = qScopeGuard([&] {
+            if (!changes.empty())
+                m_undo.remember(std::move(changes), false);
+        });
+        return runLocked(LockMode::Exclusive, operation, changes);
     });
-    return runLocked(LockMode::Exclusive, operation, changes);
 }
 
 template <typename Operation>
@@ -86,14 +89,6 @@ auto LocalWorkspaceService::perform(LockMode mode, Operation operation)
     return m_executor.submit<Result>([this, mode, operation = std::move(operation)](QPromise<Result> &) {
         return runLocked(mode, operation);
     });
-}
-
-template <typename Operation>
-auto LocalWorkspaceService::performUndoable(Operation operation)
-{
-    using Result = std::invoke_result_t<Operation, const Workspace &>;
-    return m_executor.submit<Result>(
-        [this, operation = std::move(operation)](QPromise<Result> &) { return runUndoable(operation); });
 }
 
 template <typename Operation>
@@ -372,12 +367,18 @@ QFuture<HistoryExtent> LocalWorkspaceService::prune(HistoryPruning pruning)
 QFuture<WorkspaceOverview> LocalWorkspaceService::undo(QUuid step)
 {
     return m_executor.submit<WorkspaceOverview>([this, step](QPromise<WorkspaceOverview> &) {
-        const auto [former, changes] = m_undo.last(step);
-        const auto takeBack = [&, &changes = changes](const Workspace &workspace) {
-            UndoRun(workspace, changes).run();
+        UndoableOperation operation = m_undo.last(step);
+        const auto remember = qScopeGuard([&] {
+            if (operation.changes.empty())
+                m_undo.remember(std::move(operation.done), !operation.step.isUndo);
+            else
+                m_undo.resume(std::move(operation));
+        });
+        const auto takeBack = [&](const Workspace &workspace) {
+            UndoRun(workspace, operation.changes).run();
             return overview(workspace);
         };
-        return runUndoable(takeBack, !former.isUndo);
+        return runLocked(LockMode::Exclusive, takeBack, operation.done);
     });
 }
 

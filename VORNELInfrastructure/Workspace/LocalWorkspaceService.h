@@ -91,15 +91,11 @@ private:
     template <typename Operation>
     auto runLocked(LockMode mode, const Operation &operation);
 
-    /// Runs `operation` so that it can be undone, and what it has changed before it failed as well.
-    template <typename Operation>
-    auto runUndoable(const Operation &operation, bool isUndo = false);
-
     /// Runs `operation` so in its turn, on the service's own thread.
     template <typename Operation>
     auto perform(LockMode mode, Operation operation);
 
-    /// `perform` for an operation that changes skills, and can be undone.
+    /// `perform` for an operation that can be undone, and what it has changed before it failed as well.
     template <typename Operation>
     auto performUndoable(Operation operation);
 

@@ -1,3 +1,4 @@
+#include "FaultyFileSystem.h"
 #include "Scratch.h"
 
 #include <VORNELCore/Records/SerializedForms.h>
@@ -26,8 +27,10 @@ struct Standing
 /// "demo" has files, and was edited by both assistants and by hand; "other" has lost a copy.
 struct EditedLibrary : TestWorkspace
 {
-    EditedLibrary()
-        : demo(create(u"demo"_s, u"one\ntwo\nthree\n"_s).manifest.id), other(create(u"other"_s).manifest.id)
+    explicit EditedLibrary(std::shared_ptr<FileSystem> files = std::make_shared<PosixFileSystem>())
+        : TestWorkspace(std::move(files)),
+          demo(create(u"demo"_s, u"one\ntwo\nthree\n"_s).manifest.id),
+          other(create(u"other"_s).manifest.id)
     {
         write("workspace/skills/demo/notes.md", "notes");
         service->synchronize(demo).waitForFinished();
@@ -240,6 +243,77 @@ TEST(Undoing, TakesBackWhatWasDoneBeforeAFailure)
     fs::remove(library.path("claude/demo/link"));
     EXPECT_EQ(library.standing(), before);
 }
+
+TEST(Undoing, LeavesWhatHasFailedInTheOtherTargetKnown)
+{
+    const auto files = std::make_shared<FaultyFileSystem>();
+    EditedLibrary library(files);
+    files->refusesRename = [copy = library.path("claude/demo")](const fs::path &, const fs::path &to) {
+        return to == copy;
+    };
+    EXPECT_EQ(errorOf([&] { library.service->synchronize(library.demo).result(); }),
+              Error::partialSync({TargetKind::claude}));
+    library.undo();
+    EXPECT_EQ(library.stateOf(u"demo"_s), SyncState::failed);
+}
+
+/// What fails for a passing reason, wherever that is, can be tried again, and comes to its end then.
+class FailingUndo : public testing::TestWithParam<Operation>
+{
+protected:
+    static void tryToUndo(EditedLibrary &library)
+    try {
+        library.undo();
+    } catch (const std::exception &) { // NOLINT(bugprone-empty-catch)
+    }
+
+    /// A copy that can't leave the recovery folder stays there, as its skill is back without it.
+    static Standing checkedOf(const EditedLibrary &library)
+    {
+        Standing standing = library.standing();
+        if (GetParam().name == "trash")
+            standing.claude = standing.codex = {};
+        return standing;
+    }
+};
+
+TEST_P(FailingUndo, CanBeTriedAgain)
+{
+    constexpr auto change = FaultyFileSystem::Call::Change;
+    for (int number = 1;; ++number) {
+        const auto files = std::make_shared<FaultyFileSystem>();
+        EditedLibrary library(files);
+        const Standing before = checkedOf(library);
+        GetParam().run(library);
+        const Standing after = checkedOf(library);
+
+        files->failAt(number, change);
+        tryToUndo(library);
+        if (!files->hasFailed())
+            break;
+        files->failAt(0, change);
+        ASSERT_TRUE(library.step()) << "change " << number;
+        if (!library.step()->isUndo)
+            library.undo();
+        EXPECT_TRUE(checkedOf(library) == before) << "change " << number;
+        library.undo();
+        EXPECT_TRUE(checkedOf(library) == after) << "change " << number;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Every, FailingUndo,
+    testing::Values(
+        Operation{"save", [](auto &library) { library.save(); }},
+        Operation{"synchronize",
+                  [](auto &library) { library.service->synchronize(library.demo).waitForFinished(); }},
+        Operation{"trash", [](auto &library) { library.trash(); }},
+        Operation{
+            "assign",
+            [](auto &library) {
+                library.service->assignSkills({library.demo, library.other}, u"quality"_s).waitForFinished();
+            }}),
+    testing::PrintToStringParamName());
 
 } // namespace
 } // namespace vornel
