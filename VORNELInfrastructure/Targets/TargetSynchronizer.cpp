@@ -70,7 +70,7 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill, const QSet<Target
             unusable.emplace(kind, unreadable);
     }
     m_workspace.changes[skill.manifest.id].installedContent = content.digest;
-    install(skill.manifest, stage(skill.manifest, content, unusable), leftAlone);
+    install(skill.manifest, stage(skill.manifest, content, unusable, leftAlone));
 }
 
 void TargetSynchronizer::putBack(const SkillManifest &manifest, TargetKind kind,
@@ -79,17 +79,11 @@ void TargetSynchronizer::putBack(const SkillManifest &manifest, TargetKind kind,
     const auto targets = allCases<TargetKind>();
     QSet<TargetKind> others(targets.begin(), targets.end());
     others.remove(kind);
-    install(manifest, stage(manifest, kept, prepareRoots()), others);
+    install(manifest, stage(manifest, kept, prepareRoots(), others));
 }
 
-void TargetSynchronizer::install(const SkillManifest &manifest, Install install,
-                                 const QSet<TargetKind> &leftAlone) const
+void TargetSynchronizer::install(const SkillManifest &manifest, Install install) const
 {
-    for (const TargetKind kind : leftAlone) {
-        install.copies.erase(kind);
-        install.renewals.erase(kind);
-        install.failures.erase(kind);
-    }
     const auto isKept = [](const StagedFolder &copy) { return !copy.destination.keptAs.empty(); };
     if (std::ranges::any_of(install.copies | std::views::values, isKept))
         createFolders(m_workspace.files, m_workspace.config.historyOf(manifest.id), Durability::Now);
@@ -142,9 +136,11 @@ void TargetSynchronizer::removeCopies(const SkillRecord &skill) const
         throw VORNELWorkspaceError::partialSync(kindsOf(failures));
 }
 
-void TargetSynchronizer::remember(const QUuid &id, const Failures &failures) const
+void TargetSynchronizer::remember(const QUuid &id, const Failures &failures,
+                                  const QSet<TargetKind> &leftAlone) const
 {
-    TargetReasons reasons;
+    TargetReasons reasons = m_workspace.failedSyncTargets.value(id);
+    reasons.removeIf([&](const auto &reason) { return !leftAlone.contains(reason.key()); });
     for (const auto &[kind, failure] : failures)
         reasons.insert(kind, errorMessage(failure));
     if (reasons.isEmpty())
@@ -172,12 +168,14 @@ void TargetSynchronizer::prepareRoot(TargetKind kind) const
 }
 
 Install TargetSynchronizer::stage(const SkillManifest &manifest, const FileTreeSnapshot &content,
-                                  const Failures &unusable) const
+                                  const Failures &unusable, const QSet<TargetKind> &leftAlone) const
 {
-    Install install{manifest.id, content.digest};
+    Install install{manifest.id, content.digest, leftAlone};
     Looks looks;
     install.failures = failuresOf([&](TargetKind kind) {
         if (unusable.contains(kind))
+        if (leftAlone.contains(kind))
+            return;
             std::rethrow_exception(unusable.at(kind));
         stageCopy(install, manifest, content, kind, looks);
     });
@@ -259,7 +257,7 @@ TargetSynchronizer::Failures TargetSynchronizer::finish(const Install &install,
         if (copy != install.copies.end() && !copy->second.destination.keptAs.empty())
             m_history.shareReplaced(copy->second.destination.keptAs);
     }
-    remember(install.id, failures);
+    remember(install.id, failures, install.leftAlone);
     return failures;
 }
 

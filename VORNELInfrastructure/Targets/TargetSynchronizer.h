@@ -19,6 +19,7 @@ struct Install
 {
     QUuid id;
     std::string digest = {};                         ///< of their content
+    QSet<TargetKind> leftAlone = {};                 ///< the targets that it isn't about
     std::map<TargetKind, StagedFolder> copies = {};  ///< for the targets where more than a file is wrong
     std::map<TargetKind, FileRenewal> renewals = {}; ///< for those where one file of it isn't
     std::map<TargetKind, std::string> formers = {};  ///< digests of the copies that are there
@@ -65,8 +66,8 @@ public:
 
     /// Stages what the targets need for their copies to have this content. What these replace goes into the
     /// history, which has to be there when they are committed.
-    Install stage(const SkillManifest &manifest, const FileTreeSnapshot &content,
-                  const Failures &unusable) const;
+    Install stage(const SkillManifest &manifest, const FileTreeSnapshot &content, const Failures &unusable,
+                  const QSet<TargetKind> &leftAlone = {}) const;
 
     /// Puts the staged copies, which are flushed, in their places.
     CopyResults rename(Install &install, Commit &commit) const;
@@ -80,7 +81,8 @@ private:
 
     void stageCopy(Install &install, const SkillManifest &manifest, const FileTreeSnapshot &content,
                    TargetKind kind, Looks &looks) const;
-    void install(const SkillManifest &manifest, Install install, const QSet<TargetKind> &leftAlone) const;
+    void install(const SkillManifest &manifest, Install install) const;
+    bool holdsOnly(const std::filesystem::path &folder, const std::string &digest) const;
     bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
     void prepareRoot(TargetKind kind) const;
 
@@ -88,8 +90,9 @@ private:
     void discardFormer(const std::filesystem::path &former) const;
     void removeTargetCopy(const SkillManifest &manifest, TargetKind kind) const;
 
-    /// Keeps which targets of a skill failed, if any, each with its reason.
-    void remember(const QUuid &id, const Failures &failures) const;
+    /// Keeps which targets of a skill failed, if any, each with its reason; of those that were left alone,
+    /// what was kept before.
+    void remember(const QUuid &id, const Failures &failures, const QSet<TargetKind> &leftAlone = {}) const;
 
     FileTreeSnapshot contentOf(const std::filesystem::path &folder) const;
     std::filesystem::path recoveryPlace(const QString &label, TargetKind kind, const QString &slug) const;
