@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <ranges>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -173,9 +174,9 @@ Install TargetSynchronizer::stage(const SkillManifest &manifest, const FileTreeS
     Install install{manifest.id, content.digest, leftAlone};
     Looks looks;
     install.failures = failuresOf([&](TargetKind kind) {
-        if (unusable.contains(kind))
         if (leftAlone.contains(kind))
             return;
+        if (unusable.contains(kind))
             std::rethrow_exception(unusable.at(kind));
         stageCopy(install, manifest, content, kind, looks);
     });
@@ -244,6 +245,7 @@ TargetSynchronizer::Failures TargetSynchronizer::finish(const Install &install,
                                                         const CopyResults &results) const
 {
     Failures failures = install.failures;
+    std::set<std::string> kept;
     for (const auto &[kind, result] : results) {
         if (result.failure) {
             failures.emplace(kind, result.failure);
@@ -254,11 +256,29 @@ TargetSynchronizer::Failures TargetSynchronizer::finish(const Install &install,
         m_workspace.changes[install.id].copies[kind] = {
             former == install.formers.end() ? std::nullopt : std::optional(former->second), install.digest};
         const auto copy = install.copies.find(kind);
-        if (copy != install.copies.end() && !copy->second.destination.keptAs.empty())
-            m_history.shareReplaced(copy->second.destination.keptAs);
+        if (copy == install.copies.end() || copy->second.destination.keptAs.empty())
+            continue;
+        const fs::path &keptAs = copy->second.destination.keptAs;
+        const bool isFirst = kept.insert(former->second).second;
+        if (!isFirst && holdsOnly(keptAs, former->second))
+            discardFormer(keptAs); // the other target had the same, which is kept
+        else
+            m_history.shareReplaced(keptAs);
     }
     remember(install.id, failures, install.leftAlone);
     return failures;
+}
+
+/// Whether a folder has this content, and nothing hidden beside it: all of it is read anew.
+bool TargetSynchronizer::holdsOnly(const fs::path &folder, const std::string &digest) const
+{
+    bool holds = false;
+    bestEffort([&] {
+        const FileTreeSnapshot content =
+            SecureFileTree::snapshot(m_workspace.files, folder, TreeFilter::excludingManifest);
+        holds = content.isWhole && content.digest == digest;
+    });
+    return holds;
 }
 
 void TargetSynchronizer::discardFormer(const fs::path &former) const
