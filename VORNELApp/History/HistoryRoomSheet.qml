@@ -32,7 +32,7 @@ Sheet {
     }
     LabelledField {
         label: "Jours pendant lesquels garder toutes les autres"
-        note: "Les versions moins anciennes restent, quel que soit leur nombre."
+        note: "Les versions remplacées depuis moins longtemps restent, quel que soit leur nombre."
         problem: sheet.room.daysProblem
         text: sheet.room.days
         width: parent.width

@@ -110,8 +110,8 @@ QList<Command> historyCommands()
     return {
         {{section, u"history (SKILL | --prune [--keep NOMBRE] [--older-than DURÉE] [--dry-run])"_s,
           u"Les versions gardées, la plus récente d’abord\u00A0; --prune supprime celles qui ne sont ni "
-          u"parmi "
-          "les NOMBRE dernières de leur compétence, ni plus récentes que DURÉE (90d)."_s},
+          "parmi les NOMBRE dernières de leur compétence, ni remplacées depuis moins de DURÉE (90d). Sans "
+          "l’une de ces options, l’autre décide seule\u00A0; les deux dernières révisions restent toujours."_s},
          history},
         {{section, u"revert SKILL VERSION --expect RÉVISION [--file CHEMIN]…"_s,
           u"Fait d’une version gardée, ou de certains de ses fichiers, la révision suivante."_s},

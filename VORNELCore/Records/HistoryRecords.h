@@ -47,7 +47,8 @@ public:
 };
 
 /// Which versions are no longer wanted: of each skill those that are both older than the newest `keep` and
-/// than `days`. What the library has held at its last two revisions always stays.
+/// were replaced `days` ago or earlier, a revision by the next one. What the library has held at its last two
+/// revisions always stays.
 struct HistoryPruning
 {
     qint64 keep = 0;

@@ -9,6 +9,7 @@
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
 
 #include <algorithm>
+#include <map>
 #include <numeric>
 #include <span>
 
@@ -27,6 +28,30 @@ qint64 lastButOneRevision(const std::vector<DatedVersion> &versions)
             revisions.insert(dated.version.revision);
     }
     return revisions.size() < 2 ? 0 : *std::next(revisions.rbegin());
+}
+
+/// When the revisions were made, as far as that is known.
+std::map<qint64, QDateTime> revisionDates(const std::vector<DatedVersion> &versions)
+{
+    std::map<qint64, QDateTime> dates;
+    for (const DatedVersion &dated : versions) {
+        if (dated.version.kind == HistoryKind::revision && dated.isCertain) {
+            QDateTime &date = dates.try_emplace(dated.version.revision, dated.date).first->second;
+            date = std::min(date, dated.date);
+        }
+    }
+    return dates;
+}
+
+/// When a version ceased to be what stood in its place: a revision when the next one was made. Nothing where
+/// that isn't known, or hasn't come.
+std::optional<QDateTime> replacementOf(const DatedVersion &dated,
+                                       const std::map<qint64, QDateTime> &revisions)
+{
+    if (dated.version.kind == HistoryKind::replaced)
+        return dated.date;
+    const auto next = revisions.upper_bound(dated.version.revision);
+    return next == revisions.end() ? std::nullopt : std::optional(next->second);
 }
 
 bool isNeeded(const KeptVersion &version, qint64 oldestNeeded)
@@ -89,11 +114,14 @@ std::set<std::string> HistoryExtents::unwanted(const QUuid &id, const HistoryPru
     const QDateTime now = QDateTime::currentDateTimeUtc();
     std::vector<DatedVersion> versions = datedVersions(m_workspace, id);
     const qint64 oldestNeeded = lastButOneRevision(versions);
+    const std::map<qint64, QDateTime> revisions = revisionDates(versions);
     std::erase_if(versions, [](const DatedVersion &dated) { return !dated.isCertain; });
     const auto kept = std::min(static_cast<std::size_t>(std::max(pruning.keep, qint64(0))), versions.size());
     std::set<std::string> entries;
     for (const DatedVersion &dated : std::span(versions).subspan(kept)) {
-        if (dated.date.secsTo(now) >= pruning.days * secondsOfADay && !isNeeded(dated.version, oldestNeeded))
+        const std::optional<QDateTime> replaced = replacementOf(dated, revisions);
+        const bool isOld = replaced && replaced->secsTo(now) >= pruning.days * secondsOfADay;
+        if (isOld && !isNeeded(dated.version, oldestNeeded))
             entries.insert(dated.version.entry);
     }
     return entries;

@@ -1,6 +1,11 @@
 #include "Scratch.h"
 
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELInfrastructure/History/KeptVersion.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -34,6 +39,11 @@ protected:
         }
         ADD_FAILURE() << "no such version";
         return {};
+    }
+
+    std::string folderOf(const QString &version) const
+    {
+        return "workspace/.vornel/history/" + uuidText(demo).toStdString() + '/' + version.toStdString();
     }
 
     QString revisionNamed(qint64 revision)
@@ -127,6 +137,94 @@ TEST_F(History, PrunesOnlyWhatIsAskedFor)
     EXPECT_EQ(versions().size(), 3) << "what the library held at its last two revisions";
     EXPECT_TRUE(versions().first().isCurrent);
     EXPECT_EQ(stateOf(u"demo"_s), SyncState::inSync);
+}
+
+/// How old a version is counts from when another took its place.
+TEST_F(History, PrunesByTheAgeOfTheReplacement)
+{
+    service->saveSkill(demo, 3, u"four"_s).waitForFinished();
+    const auto made = [this](qint64 revision, int daysAgo) {
+        const std::string file = folderOf(revisionNamed(revision)) + "/vornel.json";
+        QJsonObject manifest =
+            QJsonDocument::fromJson(QByteArray::fromStdString(bytesOf(path(file)))).object();
+        manifest[u"updatedAt"] = currentInstant().addDays(-daysAgo).toString(Qt::ISODate);
+        write(file, QJsonDocument(manifest).toJson().toStdString());
+    };
+    made(1, 300);
+    made(2, 200);
+    made(3, 10);
+    const QString edited = named(HistoryKind::replaced, VersionOrigin::codex, 3);
+    QString agedName = edited;
+    agedName.replace(QRegularExpression(u"-\\d{8}T"_s), u"-20200101T"_s);
+    fs::rename(path(folderOf(edited)), path(folderOf(agedName)));
+    write(folderOf(u"replaced-claude-"_s + uuidText(QUuid::createUuid())) + "/SKILL.md",
+          "of an earlier version");
+    QStringList left;
+    for (const HistoryEntry &version : versions())
+        left.append(version.entry);
+    left.removeOne(
+        revisionNamed(1)); // which the second has replaced long ago, as the third hasn't the second
+    left.removeOne(agedName);
+
+    service->prune({.keep = 0, .days = 90}).waitForFinished();
+    QStringList now;
+    for (const HistoryEntry &version : versions())
+        now.append(version.entry);
+    EXPECT_EQ(now, left);
+}
+
+TEST_F(History, KeepsWhatBothAssistantsHaveOnce)
+{
+    for (const char *target : {"claude", "codex"})
+        write(std::string(target) + "/demo/SKILL.md", "by both");
+    service->synchronize(demo).waitForFinished();
+    const auto count = [this](const std::string &text) {
+        int found = 0;
+        for (const HistoryEntry &version : versions())
+            found += bytesOf(path(folderOf(version.entry) + "/SKILL.md")) == text ? 1 : 0;
+        return found;
+    };
+    EXPECT_EQ(count("by both"), 1);
+
+    for (const char *target : {"claude", "codex"}) {
+        write(std::string(target) + "/demo/SKILL.md", "by both, hidden");
+        write(std::string(target) + "/demo/.own", target);
+    }
+    service->synchronize(demo).waitForFinished();
+    EXPECT_EQ(count("by both, hidden"), 2) << "each has a file of its own";
+}
+
+TEST(KeptVersion, ReadsEveryNameThatWasEverGiven)
+{
+    const std::string uuid = "0A1B2C3D-4E5F-4A6B-8C7D-9E0F1A2B3C4D";
+    const auto revision = KeptVersion::named("12-" + uuid);
+    ASSERT_TRUE(revision);
+    EXPECT_EQ(revision->kind, HistoryKind::revision);
+    EXPECT_EQ(revision->origin, VersionOrigin::library);
+    EXPECT_EQ(revision->revision, 12);
+    EXPECT_FALSE(revision->replacedAt);
+
+    const QDateTime moment(QDate(2026, 3, 3), QTime(14, 32, 5, 123), Qt::UTC);
+    const std::string digest(64, 'a');
+    for (const std::string &name : {"replaced-codex-7-20260303T143205123Z-" + uuid,
+                                    "merged-codex-" + digest + "-7-20260303T143205123Z-" + uuid}) {
+        const auto replaced = KeptVersion::named(name);
+        ASSERT_TRUE(replaced) << name;
+        EXPECT_EQ(replaced->kind, HistoryKind::replaced);
+        EXPECT_EQ(replaced->origin, VersionOrigin::codex);
+        EXPECT_EQ(replaced->revision, 7);
+        EXPECT_EQ(replaced->replacedAt, moment);
+    }
+    for (const std::string &name : {"replaced-library-" + uuid, "merged-library-" + digest + '-' + uuid}) {
+        const auto replaced = KeptVersion::named(name);
+        ASSERT_TRUE(replaced) << name;
+        EXPECT_EQ(replaced->origin, VersionOrigin::library);
+        EXPECT_EQ(replaced->revision, 0);
+        EXPECT_FALSE(replaced->replacedAt);
+    }
+    for (const std::string &name : {uuid, "12-" + uuid + "x", "replaced-other-" + uuid,
+                                    std::string("12-notes"), "replaced-codex-7-" + uuid, std::string("..")})
+        EXPECT_FALSE(KeptVersion::named(name)) << name;
 }
 
 } // namespace
