@@ -169,11 +169,12 @@ void moveApart(FileSystem &files, const fs::path &from, const fs::path &to, cons
 {
     const Folder origin = files.openFolder(from.parent_path());
     const Place source{origin, from.filename()};
-    if (!sharesFiles(files, source))
-        return moveTree(files, from, to);
-    const Folder aside = files.openFolder(staging);
     const Folder destination = files.openFolder(to.parent_path());
-    if (!files.kindAt(destination, to.filename())) {
+    const bool isThere = files.kindAt(destination, to.filename()).has_value();
+    if (!isThere && !sharesFiles(files, source))
+        return moveTree(files, from, to);
+    if (!isThere) {
+        const Folder aside = files.openFolder(staging);
         const Place copy{aside, copyToVolume(files, source, aside)};
         files.rename(copy, {destination, to.filename()}, RenameMode::ToFreePlace);
         flushNames(files, destination);
@@ -199,9 +200,11 @@ void removeTree(FileSystem &files, const Place &place)
 }
 
 bool sharesFiles(const FileSystem &files, const Place &place)
-{
+try {
     return files.kindAt(place.folder, place.name) == FileKind::Directory &&
            holdsFurtherNames(files, files.openFolder(place.folder, place.name));
+} catch (const std::exception &) {
+    return true; // to copy it is right in any case
 }
 
 void flushTrees(FileSystem &files, std::span<const fs::path> folders)

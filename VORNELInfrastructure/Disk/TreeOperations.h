@@ -15,8 +15,8 @@ void moveTree(FileSystem &files, const std::filesystem::path &from, const std::f
               const Folder *staging = nullptr);
 
 /// Moves a folder so that nothing stays shared between its files and any that stay: where it shares some, a
-/// copy goes to the new place, unless one is there already, and then the folder is removed. Both are whole at
-/// every moment. `staging` is a folder of the same volume.
+/// copy goes to the new place, and then the folder is removed. A copy that an earlier attempt has left there
+/// does as well. Both are whole at every moment. `staging` is a folder of the same volume.
 void moveApart(FileSystem &files, const std::filesystem::path &from, const std::filesystem::path &to,
                const std::filesystem::path &staging);
 
@@ -29,7 +29,7 @@ std::string copyToVolume(FileSystem &files, const Place &from, const Folder &to)
 void removeTree(FileSystem &files, const std::filesystem::path &path);
 void removeTree(FileSystem &files, const Place &place);
 
-/// Whether a file in a folder, hidden or not, has a name elsewhere too, through which it may change.
+/// Whether a file in a folder, hidden or not, may have a name elsewhere too, through which it would change.
 bool sharesFiles(const FileSystem &files, const Place &place);
 
 /// Flushes folders of one volume, with everything in them but files that were shared. The disk begins to

@@ -40,9 +40,12 @@ SetAsideName SetAsideName::of(const QString &name)
 
 QString nameOfReplaced(const QString &entry, const QString &slug)
 {
-    const QString origin = entry.section(u'-', 1, 1);
-    return validSlug(slug).isEmpty() ? entry
-                                     : uuidText(QUuid::createUuid()) + u"-replaced-"_s + origin + u'-' + slug;
+    static const QRegularExpression shape(
+        uR"(\A(?:replaced|merged)-(library|claude|codex)-.*([0-9A-F-]{36})\z)"_s);
+    const auto match = shape.match(entry);
+    if (!match.hasMatch() || validSlug(slug).isEmpty())
+        return entry;
+    return match.captured(2) + u"-replaced-"_s + match.captured(1) + u'-' + slug;
 }
 
 } // namespace vornel

@@ -15,8 +15,8 @@ struct SetAsideName
     static SetAsideName of(const QString &name);
 };
 
-/// The name there of an entry of a skill's history that holds what was replaced, by the entry's own name.
-/// Without a valid slug, that name stays.
+/// The name there of an entry of a skill's history that holds what was replaced, by the entry's own name: the
+/// same one whenever it is asked for. Without a valid slug, that name stays.
 QString nameOfReplaced(const QString &entry, const QString &slug);
 
 } // namespace vornel

@@ -191,6 +191,13 @@ TEST_F(Recovery, KnowsWhatDeletedSkillsHadReplaced)
 
     service->deletePermanently(demo).result();
     const std::string id = uuidText(other).toStdString();
+    const std::string history = "workspace/.vornel/history/" + id;
+    for (const std::string &name : names(history)) { // of an attempt that was cut short
+        if (name.starts_with("replaced-"))
+            fs::copy(path(history + '/' + name),
+                     path(folder + name.substr(name.size() - 36) + "-replaced-codex-other"),
+                     fs::copy_options::recursive);
+    }
     fs::rename(path("workspace/.vornel/trash/" + id), path("workspace/.vornel/staging/" + id));
     restart();
     EXPECT_TRUE(names("workspace/.vornel/history").empty());
