@@ -201,11 +201,13 @@ void SkillHistory::shareReplaced(const fs::path &entry) const noexcept
     });
 }
 
-/// Of the latest of the library's own versions: what changes from one to the next is little.
+/// Of the latest of the library's own versions: what changes from one to the next is little. Where they can't
+/// be listed, nothing is shared.
 SharedFiles SkillHistory::sharedFiles(const fs::path &history) const
 {
     constexpr std::size_t most = 2;
-    std::vector<KeptVersion> own = versionsIn(history);
+    std::vector<KeptVersion> own;
+    bestEffort([&] { own = versionsIn(history); });
     std::erase_if(own, [](const KeptVersion &version) { return version.origin != VersionOrigin::library; });
     std::ranges::sort(own, std::ranges::greater{}, [](const KeptVersion &version) {
         return std::pair(version.revision, version.replacedAt);

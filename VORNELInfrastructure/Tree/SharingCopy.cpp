@@ -66,9 +66,14 @@ private:
     bool isShared(const Entry &entry, const Place &to)
     {
         const fs::path same = m_sameFile(entry);
-        return !same.empty() && !failureOf([&] {
+        if (same.empty())
+            return false;
+        const bool isDone = !failureOf([&] {
             m_files.share({m_shared.at(same.parent_path()), same.filename()}, to);
         });
+        if (!isDone) // a disk may have done what it reports as failed
+            bestEffort([&] { m_files.remove(to.folder, to.name); });
+        return isDone;
     }
 
     void copyFile(const fs::path &source, const Entry &entry, const Place &to)
@@ -99,9 +104,11 @@ void copyTakingOver(FileSystem &files, const FileTreeSnapshot &source, const Fil
                     const fs::path &destination)
 {
     copySharing(files, source, destination, [&former](const Entry &entry) {
-        const auto own = std::ranges::lower_bound(former.entries, entry.relativePath, {}, &Entry::relativePath);
+        const auto own =
+            std::ranges::lower_bound(former.entries, entry.relativePath, {}, &Entry::relativePath);
         const bool isThere = own != former.entries.end() && own->relativePath == entry.relativePath;
-        return isThere && own->fileDigest == entry.fileDigest && own->names == 1 ? former.url(*own) : fs::path();
+        return isThere && own->fileDigest == entry.fileDigest && own->names == 1 ? former.url(*own)
+                                                                                 : fs::path();
     });
 }
 
