@@ -36,6 +36,11 @@ struct NoSink
     {}
 };
 
+QString idOf(const FolderEntry &entry)
+{
+    return QString::fromStdString(entry.name);
+}
+
 /// Counts all that is below a folder, hidden entries too, and passes over what can't be opened. No link is
 /// followed.
 void measure(const FileSystem &files, const Folder &folder, SetAsideCopy &copy, int level = 1)
@@ -79,7 +84,7 @@ std::vector<FolderEntry> RecoveryFolder::entries() const
 SetAsideCopy RecoveryFolder::look(const FolderEntry &entry) const
 {
     const FileSystem &files = m_workspace.files;
-    const QString id = QString::fromStdString(entry.name);
+    const QString id = idOf(entry);
     const SetAsideName name = SetAsideName::of(id);
     SetAsideCopy copy{.id = id, .slug = name.slug, .origin = name.origin};
     const Folder recovery = files.openFolder(m_workspace.config.recovery());
@@ -110,21 +115,14 @@ try {
     return errorMessage(error);
 }
 
-std::optional<fs::path> RecoveryFolder::find(const QString &id) const
-{
-    const std::vector<FolderEntry> all = entries();
-    const auto found = std::ranges::find_if(
-        all, [&id](const FolderEntry &entry) { return QString::fromStdString(entry.name) == id; });
-    return found == all.end() ? std::nullopt : std::optional(m_workspace.config.recovery() / found->name);
-}
-
 fs::path RecoveryFolder::place(const QString &id) const
 {
-    const auto found = find(id);
-    if (!found)
+    const std::vector<FolderEntry> all = entries();
+    const auto found = std::ranges::find(all, id, idOf);
+    if (found == all.end())
         throw VORNELWorkspaceError::integrityFailure(
             u"Aucune copie mise de côté ne porte le nom «\u00A0%1\u00A0»."_s.arg(id));
-    return *found;
+    return m_workspace.config.recovery() / found->name;
 }
 
 HistoryComparison RecoveryFolder::compare(const QString &id) const
@@ -147,9 +145,9 @@ std::optional<QByteArray> RecoveryFolder::readFile(const QString &id, const QStr
 
 void RecoveryFolder::remove(const QStringList &ids) const
 {
-    for (const QString &id : ids) {
-        if (const auto place = find(id))
-            SkillFolderStore(m_workspace).discard(*place);
+    for (const FolderEntry &entry : entries()) {
+        if (ids.contains(idOf(entry)))
+            SkillFolderStore(m_workspace).discard(m_workspace.config.recovery() / entry.name);
     }
 }
 

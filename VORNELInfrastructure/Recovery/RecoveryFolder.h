@@ -32,7 +32,6 @@ public:
 
 private:
     std::vector<FolderEntry> entries() const;
-    std::optional<std::filesystem::path> find(const QString &id) const;
     SetAsideCopy look(const FolderEntry &entry) const;
     QString refusalOf(const FolderEntry &entry, const QString &slug) const;
 
