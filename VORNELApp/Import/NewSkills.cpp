@@ -24,13 +24,7 @@ void NewSkills::look()
 
 void NewSkills::ignore()
 {
-    const auto follow = [this, request = ++m_request](const Answer<QList<NewSkill>> &answer) {
-        if (answer.value && m_request == request)
-            show(*answer.value);
-        else if (!answer.value)
-            m_model->showFailure(answer.outcome);
-    };
-    QCoro::connect(answerOf(m_model->newSkills().ignoreNewSkills(m_skills)), this, follow);
+    m_model->ignoreNewSkills(m_skills);
 }
 
 void NewSkills::show(const QList<NewSkill> &skills)

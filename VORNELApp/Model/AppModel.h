@@ -248,6 +248,9 @@ public:
     Q_INVOKABLE void revertToSetAside(const QString &copy, const vornel::SkillSummary &skill);
     Q_INVOKABLE void deleteSetAside(const QString &copy);
 
+    /// Tells of these of the assistants' skills no more.
+    void ignoreNewSkills(const QList<NewSkill> &skills);
+
     // Actions on several skills, one after another and past failures. None begins while an operation runs.
 
     Q_INVOKABLE void synchronizeSkill(QUuid id) { synchronizeSkills({id}); }

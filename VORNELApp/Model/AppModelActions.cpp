@@ -237,6 +237,14 @@ void AppModel::deleteSetAside(const QString &copy)
     });
 }
 
+void AppModel::ignoreNewSkills(const QList<NewSkill> &skills)
+{
+    m_operations.perform([this, skills]() -> QCoro::Task<> {
+        co_await m_service->ignoreNewSkills(skills);
+        co_await m_library.read();
+    });
+}
+
 void AppModel::synchronizeSkills(const QSet<QUuid> &ids)
 {
     runBatch([this, skills = named(ids, skills(Destination::library))] {
