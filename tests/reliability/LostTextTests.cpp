@@ -30,15 +30,23 @@ protected:
         for (int step = 0; step < steps; ++step) {
             editSomewhere();
             const int operation = below(operations);
-            owingWhatGoes([&] { operate(operation); });
+            const Tree former = tree("workspace");
+            bool hasSucceeded = false;
+            owingWhatGoes([&] { hasSucceeded = operate(operation); });
+            if (hasSucceeded && tree("workspace") != former)
+                m_done.insert(operation);
             ASSERT_TRUE(missing().empty()) << "sequence " << seed << ", step " << step << ", operation "
                                            << operation << " has lost " << *missing().begin();
         }
     }
 
+    static constexpr int operations = 12;
+
+    /// The operations that have changed anything.
+    const std::set<int> &done() const { return m_done; }
+
 private:
     static constexpr int steps = 12;
-    static constexpr int operations = 12;
 
     void clear()
     {
@@ -77,22 +85,21 @@ private:
     }
 
     /// What it can't do, for whatever reason, it leaves.
-    void operate(int operation)
-    {
-        try {
-            run(operation, service->reload().result());
-        } catch (const std::exception &) { // NOLINT(bugprone-empty-catch)
-        }
+    bool operate(int operation)
+    try {
+        run(operation, service->reload().result());
+        return true;
+    } catch (const std::exception &) {
+        return false;
     }
 
     void run(int operation, const WorkspaceOverview &overview)
     {
-        if (operation == 0 && !overview.trashedSkills.isEmpty())
-            service->restore(anyOf(overview.trashedSkills).id).result();
-        else if (operation == 1)
+        const QList<SkillSummary> &skills = operation == 0 ? overview.trashedSkills : overview.skills;
+        if (operation == 1)
             import();
-        else if (!overview.skills.isEmpty())
-            runOn(anyOf(overview.skills), operation);
+        else if (!skills.isEmpty())
+            runOn(anyOf(skills), operation);
     }
 
     void runOn(const SkillSummary &skill, int operation)
@@ -102,6 +109,9 @@ private:
         const TargetKind copy = below(2) == 0 ? TargetKind::claude : TargetKind::codex;
         const auto path = QString::fromStdString(anyOf(files));
         switch (operation) {
+        case 0:
+            service->restore(id).result();
+            break;
         case 2:
             service->moveToTrash(id).result();
             break;
@@ -199,6 +209,7 @@ private:
     std::mt19937 m_random;
     int m_texts = 0;
     std::set<std::string> m_owed;
+    std::set<int> m_done;
 };
 
 TEST_P(LostText, IsNoneInRandomSequences)
@@ -206,6 +217,8 @@ TEST_P(LostText, IsNoneInRandomSequences)
     constexpr int sequences = 100;
     for (int sequence = 0; sequence < sequences && !HasFailure(); ++sequence)
         work(static_cast<unsigned>(GetParam() * sequences + sequence));
+    for (int operation = 0; operation < operations; ++operation)
+        EXPECT_TRUE(done().contains(operation)) << "operation " << operation << " has never done anything";
 }
 
 INSTANTIATE_TEST_SUITE_P(Of500, LostText, testing::Range(0, 5));
