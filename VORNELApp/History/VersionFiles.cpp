@@ -9,24 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-namespace {
-
-/// The change in the other direction.
-FileChange reversed(FileChange change)
-{
-    switch (change) {
-    case FileChange::added:
-        return FileChange::removed;
-    case FileChange::removed:
-        return FileChange::added;
-    case FileChange::changed:
-        break;
-    }
-    return change;
-}
-
-} // namespace
-
 VersionFiles::VersionFiles(QObject *parent)
     : QAbstractListModel(parent),
       m_reading(this, [this](const Answer<HistoryComparison> &answer) { show(answer); })

@@ -24,14 +24,10 @@ void SetAsideComparison::show(const HistoryComparison &comparison, bool hasSkill
 {
     QList<FileDifference> found;
     qsizetype same = comparison.files.size();
-    for (FileDifference difference : comparison.differences) {
+    for (const FileDifference &difference : comparison.differences) {
         if (difference.change != FileChange::added && !difference.relativePath.endsWith(u'/'))
             --same;
-        if (difference.change == FileChange::added)
-            difference.change = FileChange::removed;
-        else if (difference.change == FileChange::removed)
-            difference.change = FileChange::added;
-        found.append(difference);
+        found.append({difference.relativePath, reversed(difference.change)});
     }
     if (!hasSkill) {
         for (const QString &file : comparison.files)

@@ -1,5 +1,6 @@
 #include "Wording.h"
 
+#include <VORNELCore/Records/ImportModels.h>
 #include <VORNELCore/Records/SerializedForms.h>
 
 #include <QLocale>
@@ -206,19 +207,19 @@ QString time(const QDateTime &instant)
     return instant.toLocalTime().toString(u"HH:mm"_s);
 }
 
+QString origin(VersionOrigin origin)
+{
+    const auto assistant = fromRawValue<TargetKind>(rawValue(origin));
+    return assistant ? assistantName(*assistant) : u"VORNEL"_s;
+}
+
 QString versionOrigin(const HistoryEntry &version)
 {
     if (version.kind == HistoryKind::revision)
         return u"révision %1"_s.arg(version.revision);
-    switch (version.origin) {
-    case VersionOrigin::claude:
-        return u"modifié par Claude"_s;
-    case VersionOrigin::codex:
-        return u"modifié par Codex"_s;
-    case VersionOrigin::library:
-        break;
-    }
-    return u"modifié à la main"_s;
+    if (version.origin == VersionOrigin::library)
+        return u"modifié à la main"_s;
+    return u"modifié par "_s + origin(version.origin);
 }
 
 QString version(const HistoryEntry &version, const QDateTime &now)

@@ -53,6 +53,9 @@ QString dayAndTime(const QDateTime &instant, const QDateTime &now);
 QString day(const QDateTime &instant, const QDateTime &now);
 QString time(const QDateTime &instant);
 
+/// Whose work something is: "Claude", "Codex", "VORNEL".
+QString origin(VersionOrigin origin);
+
 /// "révision 7", "modifié par Claude".
 QString versionOrigin(const HistoryEntry &version);
 

@@ -36,6 +36,14 @@ Q_ENUM_NS(TargetKind)
 enum class FileChange { added, removed, changed };
 Q_ENUM_NS(FileChange)
 
+/// The same change, told from the other side.
+constexpr FileChange reversed(FileChange change)
+{
+    if (change == FileChange::changed)
+        return change;
+    return change == FileChange::added ? FileChange::removed : FileChange::added;
+}
+
 /// Why a version is in a skill's history: as a revision, or because something was put in its place.
 enum class HistoryKind { revision, replaced };
 Q_ENUM_NS(HistoryKind)

@@ -1,6 +1,5 @@
 #include "SetAsideCopy.h"
 
-#include "ImportModels.h"
 #include "SerializedForms.h"
 
 #include <VORNELCore/Library/Wording.h>
@@ -16,10 +15,7 @@ QVariant SetAsideCopy::originValue() const
 
 QString SetAsideCopy::originText() const
 {
-    if (!origin)
-        return {};
-    const auto assistant = fromRawValue<TargetKind>(rawValue(*origin));
-    return assistant ? assistantName(*assistant) : u"VORNEL"_s;
+    return origin ? Wording::origin(*origin) : QString();
 }
 
 QString SetAsideCopy::contentText() const
