@@ -1,27 +1,17 @@
-#include "LocalWorkspaceService.h"
-
-#include "CrashRecovery.h"
+#include "LocalWorkspaceOperation.h"
 #include "Overview.h"
 #include "WorkspaceBootstrap.h"
 
-#include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Adoption/CopyAdoption.h>
 #include <VORNELInfrastructure/Adoption/CopyMerge.h>
-#include <VORNELInfrastructure/Adoption/VersionReturn.h>
 #include <VORNELInfrastructure/Categories/CategoryEditing.h>
-#include <VORNELInfrastructure/History/HistoryExtents.h>
-#include <VORNELInfrastructure/History/VersionInspector.h>
 #include <VORNELInfrastructure/Import/NewSkills.h>
-#include <VORNELInfrastructure/Recovery/SetAsideRestore.h>
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
 #include <VORNELInfrastructure/Targets/CopyInspector.h>
 #include <VORNELInfrastructure/Targets/SynchronizationPass.h>
 #include <VORNELInfrastructure/Targets/TargetComparer.h>
 #include <VORNELInfrastructure/Targets/TargetOccupancy.h>
-#include <VORNELInfrastructure/Undo/UndoRun.h>
-
-#include <QScopeGuard>
 
 namespace vornel {
 
@@ -43,61 +33,6 @@ WorkspaceOverview LocalWorkspaceService::overview(const Workspace &workspace) co
     if (m_watch)
         m_watch->beginOverview(workspace.files, workspace.config);
     return makeOverview(workspace);
-}
-
-template <typename Operation>
-auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation, UndoRecording &changes)
-{
-    if (!m_configuration)
-        throw VORNELWorkspaceError::notBootstrapped();
-    m_manager->confine(m_configuration->roots());
-    const Folder lock = m_manager->lock(m_configuration->bookkeeping(), mode);
-    const Workspace workspace = workspaceOf(*m_configuration, changes);
-    if (mode == LockMode::Exclusive) {
-        m_undo.forget();
-        refuseNewerWorkspace(workspace);
-        restoreBackups(workspace);
-    }
-    return operation(workspace);
-}
-
-template <typename Operation>
-auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
-{
-    UndoRecording changes;
-    return runLocked(mode, operation, changes);
-}
-
-template <typename Operation>
-auto LocalWorkspaceService::performUndoable(Operation operation)
-{
-    using Result = std::invoke_result_t<Operation, const Workspace &>;
-    return m_executor.submit<Result>([this, operation = std::move(operation)](QPromise<Result> &) {
-        UndoRecording changes;
-        const auto remember = qScopeGuard([&] {
-            if (!changes.empty())
-                m_undo.remember(std::move(changes), false);
-        });
-        return runLocked(LockMode::Exclusive, operation, changes);
-    });
-}
-
-template <typename Operation>
-auto LocalWorkspaceService::perform(LockMode mode, Operation operation)
-{
-    using Result = std::invoke_result_t<Operation, const Workspace &>;
-    return m_executor.submit<Result>([this, mode, operation = std::move(operation)](QPromise<Result> &) {
-        return runLocked(mode, operation);
-    });
-}
-
-template <typename Operation>
-QFuture<WorkspaceOverview> LocalWorkspaceService::change(Operation operation)
-{
-    return perform(LockMode::Exclusive, [this, operation = std::move(operation)](const Workspace &workspace) {
-        operation(workspace);
-        return overview(workspace);
-    });
 }
 
 QFuture<WorkspaceOverview> LocalWorkspaceService::bootstrap(fs::path workspaceURL, fs::path claudeRoot,
@@ -322,66 +257,6 @@ QFuture<QSet<QUuid>> LocalWorkspaceService::editedByHand(QSet<QUuid> ids)
                    [=](const Workspace &workspace) { return CopyAdoption(workspace).editedByHand(ids); });
 }
 
-QFuture<QList<HistoryEntry>> LocalWorkspaceService::history(QUuid id)
-{
-    return perform(LockMode::Shared,
-                   [=](const Workspace &workspace) { return VersionInspector(workspace).history(id); });
-}
-
-QFuture<HistoryComparison> LocalWorkspaceService::compareVersion(QUuid id, QString entry,
-                                                                 std::optional<QString> other)
-{
-    return perform(LockMode::Shared, [=](const Workspace &workspace) {
-        return VersionInspector(workspace).compare(id, entry, other);
-    });
-}
-
-QFuture<std::optional<QByteArray>> LocalWorkspaceService::readVersionFile(QUuid id, QString entry,
-                                                                          QString relativePath)
-{
-    return perform(LockMode::Shared, [=](const Workspace &workspace) {
-        return VersionInspector(workspace).readFile(id, entry, relativePath);
-    });
-}
-
-QFuture<SkillDetail> LocalWorkspaceService::revert(QUuid id, qint64 expectedRevision, QString entry,
-                                                   QStringList paths)
-{
-    return performUndoable([=](const Workspace &workspace) {
-        return returnToVersion(workspace, id, expectedRevision, entry, paths);
-    });
-}
-
-QFuture<HistoryExtent> LocalWorkspaceService::historyExtent()
-{
-    return perform(LockMode::Shared,
-                   [](const Workspace &workspace) { return HistoryExtents(workspace).all(); });
-}
-
-QFuture<HistoryExtent> LocalWorkspaceService::prune(HistoryPruning pruning)
-{
-    return perform(pruning.isRehearsal ? LockMode::Shared : LockMode::Exclusive,
-                   [=](const Workspace &workspace) { return HistoryExtents(workspace).prune(pruning); });
-}
-
-QFuture<WorkspaceOverview> LocalWorkspaceService::undo(QUuid step)
-{
-    return m_executor.submit<WorkspaceOverview>([this, step](QPromise<WorkspaceOverview> &) {
-        UndoableOperation operation = m_undo.last(step);
-        const auto remember = qScopeGuard([&] {
-            if (operation.changes.empty())
-                m_undo.remember(std::move(operation.done), !operation.step.isUndo);
-            else
-                m_undo.resume(std::move(operation));
-        });
-        const auto takeBack = [&](const Workspace &workspace) {
-            UndoRun(workspace, operation.changes).run();
-            return overview(workspace);
-        };
-        return runLocked(LockMode::Exclusive, takeBack, operation.done);
-    });
-}
-
 QFuture<std::optional<QByteArray>> LocalWorkspaceService::readFile(QUuid id, std::optional<TargetKind> copy,
                                                                    QString relativePath)
 {
@@ -427,48 +302,6 @@ QFuture<QHash<QUuid, QDateTime>> LocalWorkspaceService::trashDates()
 {
     return perform(LockMode::Shared,
                    [](const Workspace &workspace) { return SkillTrash(workspace).dates(); });
-}
-
-QFuture<QList<SetAsideCopy>> LocalWorkspaceService::setAsideCopies()
-{
-    return perform(LockMode::Shared,
-                   [](const Workspace &workspace) { return RecoveryFolder(workspace).list(); });
-}
-
-QFuture<HistoryComparison> LocalWorkspaceService::compareSetAside(QString id)
-{
-    return perform(LockMode::Shared,
-                   [=](const Workspace &workspace) { return RecoveryFolder(workspace).compare(id); });
-}
-
-QFuture<std::optional<QByteArray>> LocalWorkspaceService::readSetAsideFile(QString id, QString relativePath)
-{
-    return perform(LockMode::Shared, [=](const Workspace &workspace) {
-        return RecoveryFolder(workspace).readFile(id, relativePath);
-    });
-}
-
-QFuture<SkillDetail> LocalWorkspaceService::restoreAsSkill(QString id, QString slug)
-{
-    return perform(LockMode::Exclusive,
-                   [=](const Workspace &workspace) { return SetAsideRestore(workspace).asSkill(id, slug); });
-}
-
-QFuture<SkillDetail> LocalWorkspaceService::restoreAsRevision(QString id, QUuid skill,
-                                                              std::optional<qint64> expectedRevision)
-{
-    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
-        return SetAsideRestore(workspace).asRevision(id, skill, expectedRevision);
-    });
-}
-
-QFuture<QList<SetAsideCopy>> LocalWorkspaceService::deleteSetAside(QStringList ids)
-{
-    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
-        const RecoveryFolder recovery(workspace);
-        recovery.remove(ids);
-        return recovery.list();
-    });
 }
 
 } // namespace vornel
