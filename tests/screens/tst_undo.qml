@@ -125,6 +125,18 @@ EditorTest {
         verifyOnDisk("d’ailleurs");
     }
 
+    function test_skills_that_are_ignored_end_the_offer() {
+        openShell(["audit", "notes"]);
+        fixture.write("claude/neuve/SKILL.md", "neuve");
+        reload();
+        awaitText("1 nouvelle compétence chez Claude");
+        trash("audit");
+        tryVerify(() => model.undoableStep !== "");
+        click("Ignorer");
+        tryVerify(() => model.undoableStep === "");
+        awaitGone("1 nouvelle compétence chez Claude");
+    }
+
     function test_what_can_not_be_taken_back_offers_nothing() {
         openShell(["audit"]);
         trash("audit");
