@@ -45,16 +45,11 @@ FocusScope {
         onActivated: if (!shell.model.isWorking) shell.model.reload()
     }
     Shortcut {
-        sequence: "Ctrl+Z" // in a text, it is the text's
-        onActivated: shell.model.undo()
-    }
-    Shortcut {
-        sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
-        onActivated: shell.model.redo()
-    }
-    Shortcut {
         sequence: "Ctrl+N"
         onActivated: shell.create()
+    }
+    UndoShortcuts {
+        model: shell.model
     }
     Connections {
         function onErrorMessageChanged() {

@@ -34,6 +34,10 @@ class Skill:
 def edits(program, skill):
     program.sees("list item", skill.name).act("Press")
     types(program, "v")
+    program.type_with_control(ord("z"))
+    program.sees("label", "ENREGISTRÉ")
+    program.type_with_control(ord("y"))
+    program.sees("label", "Modifications non enregistrées")
     program.press("Enregistrer")
     program.sees("alert message", "ENREGISTRÉE")
 

@@ -111,6 +111,9 @@ class Program:
         for key in keys:
             type_key(key)
 
+    def type_with_control(self, key):
+        type_key(key, with_control=True)
+
     def tab_to(self, name, after=-1, key=TAB):
         """Goes from stop to stop to an object of this name, below the place `after` in the tree; returns its place."""
         seen = set()

@@ -130,8 +130,12 @@ def read(source):
     return [node for node in Reading(source).top.branch() if node.is_showing]
 
 
-def type_key(symbol):
-    """Types the key of this X symbol, as a keyboard would."""
-    press_and_release = 3
-    event = GLib.Variant("(isu)", (symbol, "", press_and_release))
-    ask(KEYBOARD, "org.a11y.atspi.DeviceEventController", "GenerateKeyboardEvent", event)
+def type_key(symbol, with_control=False):
+    """Types the key of this X symbol, as a keyboard would, or holds the control key meanwhile."""
+    control, press, release, press_and_release = 37, 0, 1, 3
+    events = [(symbol, press_and_release)]
+    if with_control:
+        events = [(control, press), *events, (control, release)]
+    for key, kind in events:
+        event = GLib.Variant("(isu)", (key, "", kind))
+        ask(KEYBOARD, "org.a11y.atspi.DeviceEventController", "GenerateKeyboardEvent", event)
