@@ -20,8 +20,21 @@ FocusScope {
     /** Whether the skill is on its way to the trash: nothing may be typed that would go with it. */
     property bool isGoing: false
 
+    /** Gives the keyboard to what is shown: the versions, the text or another file. */
+    function takeKeyboard(): void {
+        if (isVersionShown)
+            (history.item as SkillHistory).takeKeyboard();
+        else
+            (selectedFile === "SKILL.md" ? instructions : file).forceActiveFocus(Qt.OtherFocusReason);
+    }
+    /** Comes back from a version that hides the text, which is to be changed or searched. */
+    function showText(): void {
+        (history.item as SkillHistory)?.leaveVersion();
+        takeKeyboard();
+    }
     function find(): void {
-        if (instructions.visible)
+        showText();
+        if (selectedFile === "SKILL.md")
             instructions.find();
         else
             file.find();
@@ -40,8 +53,10 @@ FocusScope {
     /** Brings the keyboard back from the history that is closed. */
     function takeKeyboardBack(): void {
         const former = (history.item as SkillHistory)?.formerFocus ?? null;
-        if (activeFocus)
-            (former?.visible ? former : instructions).forceActiveFocus(Qt.OtherFocusReason);
+        if (activeFocus && former?.visible)
+            former.forceActiveFocus(Qt.OtherFocusReason);
+        else if (activeFocus)
+            takeKeyboard();
     }
 
     Keys.onEscapePressed: event => {
@@ -66,7 +81,11 @@ FocusScope {
     }
     Shortcut {
         sequence: "Ctrl+S"
-        onActivated: editor.skill.save()
+        onActivated: {
+            if (editor.isVersionShown)
+                editor.showText();
+            editor.skill.save();
+        }
     }
     Shortcut {
         sequence: "Ctrl+H"
@@ -82,7 +101,7 @@ FocusScope {
         model: editor.model
         onHistoryAsked: editor.toggleHistory()
         onSaveAsked: {
-            instructions.forceActiveFocus(); // as the button goes grey
+            editor.showText(); // as the button goes grey
             editor.skill.save();
         }
         onTrashAsked: confirmation.open()
@@ -108,7 +127,7 @@ FocusScope {
         canAct: !editor.model.isWorking
         skill: editor.skill
         onComparisonAsked: editor.compareTexts()
-        onDecided: instructions.forceActiveFocus()
+        onDecided: editor.showText()
         onHandEditsAdopted: editor.model.adoption.adoptHandEdits(editor.model.selectedSkillID)
         onReplacementAsked: replacement.open()
     }
@@ -192,7 +211,7 @@ FocusScope {
         replacement: editor.skill.replacement
         onClosed: {
             if (editor.Window.activeFocusItem === editor.Window.contentItem) // as a notice has gone that had the keyboard
-                instructions.forceActiveFocus();
+                editor.takeKeyboard();
         }
     }
     StaleSheet {
@@ -218,7 +237,7 @@ FocusScope {
         message: "Votre texte remplace celui du disque, qui reste dans l’historique de la compétence."
         title: "Remplacer le texte du disque\u00A0?"
         onAccepted: editor.skill.overrule()
-        onClosed: if (isAccepted && !differences.isUsed) instructions.forceActiveFocus() // as the notice goes
+        onClosed: if (isAccepted && !differences.isUsed) editor.showText() // as the notice goes
     }
     ConfirmationDialog {
         id: confirmation

@@ -15,12 +15,18 @@ FocusScope {
     property Item formerFocus
 
     function takeKeyboard(): void {
-        formerFocus = Window.activeFocusItem;
         panel.takeKeyboard();
     }
+    function leaveVersion(): void {
+        versions.chosen = "";
+    }
+    function begin(): void {
+        formerFocus = Window.activeFocusItem;
+        takeKeyboard();
+    }
 
-    Component.onCompleted: if (visible) takeKeyboard()
-    onVisibleChanged: if (visible) takeKeyboard()
+    Component.onCompleted: if (visible) begin()
+    onVisibleChanged: if (visible) begin()
 
     VersionList {
         id: versions

@@ -76,6 +76,26 @@ EditorTest {
         tryVerify(() => text() === "un\n");
     }
 
+    function test_a_version_that_hides_the_text_keeps_the_keyboard_from_it() {
+        openSkill("un\n");
+        saveAll("deux\n");
+        typeAt(0, "x");
+        openHistory();
+        press(Qt.Key_Down);
+        awaitGone("Instructions de la compétence");
+        keyClick(Qt.Key_F, Qt.ControlModifier);
+        awaitText("Instructions de la compétence", "Rechercher dans le texte");
+        press(Qt.Key_Escape);
+
+        list("Versions").forceActiveFocus();
+        press(Qt.Key_Home, Qt.Key_Down);
+        awaitGone("Instructions de la compétence");
+        clickUntil("Enregistrer", "ENREGISTRÉ");
+        verify(textArea().activeFocus);
+        settle();
+        verifyStored("xdeux\n");
+    }
+
     function test_unsaved_edits_and_edited_copies_stay() {
         openSkill("un\n");
         saveAll("deux\n");
