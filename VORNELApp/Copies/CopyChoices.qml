@@ -18,9 +18,6 @@ Column {
     /** Whether there is anything to keep and the user came to put the copies right. */
     readonly property bool isKeeping: copies.hasEdits && replacement.purpose === CopyReplacement.Synchronising
 
-    /** What the copies would become. */
-    readonly property string replacingVersion: ["Votre version", "La version de VORNEL", "La version choisie dans l’historique"][replacement.purpose]
-
     /** What becomes of the edits in the editor. */
     readonly property string fate: isSaving ? " Votre texte reste dans l’éditeur, sans être enregistré." : ""
 
@@ -79,7 +76,7 @@ Column {
         explanation: {
             if (choices.copies.problem !== "")
                 return "";
-            return choices.replacingVersion + " remplace les copies. "
+            return choices.replacement.newVersion + " remplace les copies. "
                 + (choices.copies.hasEdits || choices.copies.hasFailed ? "Ce qu’elle remplace reste dans l’historique."
                 : "Rien n’a été modifié chez les assistants\u00A0: c’est le dossier de VORNEL qui a changé depuis, et rien ne sera perdu.");
         }

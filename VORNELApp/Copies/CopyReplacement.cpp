@@ -13,19 +13,19 @@ CopyReplacement::CopyReplacement(CopyInspecting &inspector, const Operations &op
 
 void CopyReplacement::save(const QString &text)
 {
-    begin(Saving, u"Enregistrer"_s, Step::Looking, text);
+    begin(Saving, {u"Enregistrer"_s, u"Votre version"_s}, Step::Looking, text);
     m_copies.look();
 }
 
 void CopyReplacement::synchronize()
 {
-    begin(Synchronising, u"Synchroniser"_s, Step::Looking);
+    beginSynchronizing(Step::Looking);
     m_copies.look();
 }
 
-void CopyReplacement::bringBack(const QString &verb)
+void CopyReplacement::bringBack(const QString &verb, const QString &newVersion)
 {
-    begin(Returning, verb, Step::Looking);
+    begin(Returning, {verb, newVersion}, Step::Looking);
     m_copies.look();
 }
 
@@ -37,20 +37,25 @@ void CopyReplacement::synchronize(const QUuid &id)
 
 void CopyReplacement::show()
 {
-    begin(Synchronising, u"Synchroniser"_s, Step::Asking);
+    beginSynchronizing(Step::Asking);
 }
 
 void CopyReplacement::show(const QUuid &id)
 {
     m_copies.setSkillID(id);
-    begin(Synchronising, u"Synchroniser"_s, Step::Opening);
+    beginSynchronizing(Step::Opening);
     m_copies.look();
 }
 
-void CopyReplacement::begin(Purpose purpose, const QString &verb, Step step, const QString &newText)
+void CopyReplacement::beginSynchronizing(Step step)
+{
+    begin(Synchronising, {u"Synchroniser"_s, u"La version de VORNEL"_s}, step);
+}
+
+void CopyReplacement::begin(Purpose purpose, const Words &words, Step step, const QString &newText)
 {
     m_purpose = purpose;
-    m_verb = verb;
+    m_words = words;
     m_newText = newText;
     m_step = step;
     Q_EMIT changed();

@@ -20,6 +20,7 @@ class CopyReplacement : public QObject
     Q_PROPERTY(bool isAsking READ isAsking NOTIFY changed)
     Q_PROPERTY(QString newText READ newText NOTIFY changed)
     Q_PROPERTY(QString verb READ verb NOTIFY changed)
+    Q_PROPERTY(QString newVersion READ newVersion NOTIFY changed)
 
 public:
     /// What replaces the copies, last or next: the skill as it is saved, as it is, or as it was once.
@@ -41,14 +42,17 @@ public:
     QString newText() const { return m_newText; }
 
     /// What the user is asked to agree to: "Enregistrer".
-    QString verb() const { return m_verb; }
+    QString verb() const { return m_words.verb; }
+
+    /// What takes the place of the copies: "Votre version".
+    QString newVersion() const { return m_words.newVersion; }
 
     /// Looks at the copies, and asks if need be; `agreed` or `declined` follows. A save or a
     /// return leaves a copy alone that can't be looked at; a synchronisation would only fail with it, so that
     /// it is shown first.
     void save(const QString &text);
     void synchronize();
-    void bringBack(const QString &verb);
+    void bringBack(const QString &verb, const QString &newVersion);
 
     /// The same for a skill of a list.
     Q_INVOKABLE void synchronize(const QUuid &id);
@@ -71,7 +75,15 @@ Q_SIGNALS:
 private:
     enum class Step { Idle, Looking, Opening, Asking }; // after `Opening`, nothing is done unasked
 
-    void begin(Purpose purpose, const QString &verb, Step step, const QString &newText = {});
+    /// How the user reads what is asked.
+    struct Words
+    {
+        QString verb = {};
+        QString newVersion = {};
+    };
+
+    void begin(Purpose purpose, const Words &words, Step step, const QString &newText = {});
+    void beginSynchronizing(Step step);
     void judge();
     void closeSettled();
     void setStep(Step step);
@@ -80,7 +92,7 @@ private:
     SkillCopies m_copies;
     Step m_step = Step::Idle;
     Purpose m_purpose = Synchronising;
-    QString m_verb;
+    Words m_words;
     QString m_newText;
 };
 

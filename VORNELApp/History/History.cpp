@@ -12,6 +12,15 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
+namespace {
+
+QString nounOf(const QString &path)
+{
+    return path.endsWith(u'/') ? u"dossier"_s : u"fichier"_s;
+}
+
+} // namespace
+
 History::History(std::shared_ptr<WindowServicing> service, Operations &operations, Library &library,
                  SelectedSkill &selected, CopyReplacement &replacement)
     : m_service(std::move(service)),
@@ -35,30 +44,45 @@ void History::show(const QUuid &id)
 
 void History::bringBack(const QString &entry)
 {
-    ask(entry, {}, u"Revenir à cette version"_s);
+    ask({.entry = entry, .confirmation = u"VERSION RÉTABLIE"_s}, u"Revenir à cette version"_s,
+        u"La version choisie dans l’historique"_s);
 }
 
 void History::bringBackFile(const QString &entry, const QString &path)
 {
-    ask(entry, {path}, u"Reprendre ce fichier"_s);
+    const QString what = nounOf(path);
+    ask({.entry = entry, .paths = {path}, .confirmation = what.toUpper() + u" REPRIS"_s},
+        u"Reprendre ce "_s + what, u"La version de VORNEL avec ce %1 repris"_s.arg(what));
 }
 
-void History::ask(const QString &entry, const QStringList &paths, const QString &verb)
+void History::removeFile(const QString &entry, const QString &path)
+{
+    const QString what = nounOf(path);
+    ask({.entry = entry, .paths = {path}, .confirmation = what.toUpper() + u" RETIRÉ"_s},
+        u"Retirer ce "_s + what, u"La version de VORNEL sans ce "_s + what);
+}
+
+void History::ask(Return wish, const QString &verb, const QString &newVersion)
 {
     const bool isAsking = m_replacement.isLooking() || m_replacement.isAsking();
     if (m_operations.isWorking() || isAsking || !m_selected.detail())
         return;
     const SkillManifest &shown = m_selected.detail()->manifest;
-    m_return = {shown.id, shown.revision, entry, paths};
-    m_replacement.bringBack(verb);
+    wish.skillID = shown.id;
+    wish.revision = shown.revision;
+    m_return = std::move(wish);
+    m_replacement.bringBack(verb, newVersion);
 }
 
 void History::bringBack()
 {
     m_operations.perform([this, wish = m_return]() -> QCoro::Task<> {
-        m_selected.show(co_await m_service->revert(wish.skillID, wish.revision, wish.entry, wish.paths));
+        const SkillDetail skill =
+            co_await m_service->revert(wish.skillID, wish.revision, wish.entry, wish.paths);
+        m_selected.show(skill);
         co_await m_library.read();
-        m_operations.confirm(wish.paths.isEmpty() ? u"VERSION RÉTABLIE"_s : u"FICHIER REPRIS"_s);
+        const bool isOther = skill.manifest.revision > wish.revision;
+        m_operations.confirm(isOther ? wish.confirmation : u"RIEN À CHANGER"_s);
     });
 }
 

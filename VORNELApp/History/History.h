@@ -28,9 +28,12 @@ public:
 
     /// Makes a version the next revision of the skill that is edited, or this file of it alone, once the user
     /// has agreed where a copy has edits of its own. The text that is edited stays, and counts as changed
-    /// elsewhere where the version has another.
+    /// elsewhere where the version has another. A path that ends in "/" is a folder's.
     Q_INVOKABLE void bringBack(const QString &entry);
     Q_INVOKABLE void bringBackFile(const QString &entry, const QString &path);
+
+    /// The same where the version has no such file: the skill loses it.
+    Q_INVOKABLE void removeFile(const QString &entry, const QString &path);
 
     /// Puts the text of a file of a version on the clipboard.
     Q_INVOKABLE void copyText(const QString &entry, const QString &path);
@@ -49,10 +52,11 @@ private:
         qint64 revision = 0; ///< that the user has seen
         QString entry = {};
         QStringList paths = {};
+        QString confirmation = {};
     };
 
     void show(const QUuid &id);
-    void ask(const QString &entry, const QStringList &paths, const QString &verb);
+    void ask(Return wish, const QString &verb, const QString &newVersion);
     void bringBack();
     QCoro::Task<> readText(QString entry, QString path);
 

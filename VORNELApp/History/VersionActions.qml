@@ -10,8 +10,9 @@ Flow {
     required property bool hasText
     required property bool isCompact
 
-    /** Whether the version has no such file. */
+    /** Whether the version has no such file, and whether it is a folder. */
     required property bool isRemoval
+    required property bool isFolder
 
     signal versionAsked
     signal fileAsked
@@ -28,8 +29,8 @@ Flow {
     ActionButton {
         enabled: actions.canTakeFile
         isCompact: actions.isCompact
-        symbol: "file"
-        text: actions.isRemoval ? "Retirer ce fichier" : "Reprendre ce fichier"
+        symbol: actions.isFolder ? "folder" : "file"
+        text: (actions.isRemoval ? "Retirer ce " : "Reprendre ce ") + (actions.isFolder ? "dossier" : "fichier")
 
         Accessible.description: !enabled ? "indisponible" : actions.isRemoval ? "Cette version ne l’avait pas" : "Lui seul revient à cette version"
         onClicked: actions.fileAsked()

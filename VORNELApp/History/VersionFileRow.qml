@@ -13,6 +13,7 @@ T.ItemDelegate {
     required property string description
     required property bool isInVersion
 
+    readonly property bool isFolder: path.endsWith("/")
     readonly property color hue: symbol === "+" ? Colors.success : symbol === "−" ? Colors.danger : Colors.warning
 
     implicitHeight: 32

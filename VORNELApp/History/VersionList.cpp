@@ -50,6 +50,14 @@ bool VersionList::isChosenCurrent() const
     return m_rows.records().value(rowOf(m_chosen)).version.isCurrent;
 }
 
+bool VersionList::isChosenEqual() const
+{
+    const auto current = std::ranges::find_if(
+        m_rows.records(), [](const VersionRow &row) { return row.version.isCurrent; });
+    return current != m_rows.records().end() &&
+           m_rows.records().value(rowOf(m_chosen)).version.digest == current->version.digest;
+}
+
 int VersionList::rowOf(const QString &entry) const
 {
     const auto found = std::ranges::find(m_rows.records(), entry, &VersionRow::id);

@@ -50,6 +50,7 @@ class VersionList : public QObject, public QQmlParserStatus
     Q_PROPERTY(QString chosenTitle READ chosenTitle NOTIFY shown)
     Q_PROPERTY(QString former READ former NOTIFY shown)
     Q_PROPERTY(bool isChosenCurrent READ isChosenCurrent NOTIFY shown)
+    Q_PROPERTY(bool isChosenEqual READ isChosenEqual NOTIFY shown)
     Q_PROPERTY(QString explanation READ explanation NOTIFY shown)
 
 public:
@@ -65,10 +66,12 @@ public:
     const QString &chosen() const { return m_chosen; }
     void setChosen(const QString &entry);
 
-    /// What the user reads of it, the name of the one before it, and whether it is what the library holds.
+    /// What the user reads of it, the name of the one before it, whether it is the present revision, and
+    /// whether it holds the same, so that there is nothing to return to.
     QString chosenTitle() const;
     QString former() const { return nameAt(rowOf(m_chosen) + 1); }
     bool isChosenCurrent() const;
+    bool isChosenEqual() const;
 
     /// Why there are no rows; empty where there are, or before it is known.
     QString explanation() const { return m_explanation; }

@@ -24,10 +24,18 @@ Surface {
     /** The file that the user has chosen, which stays chosen from version to version; empty before. */
     property string wantedPath
 
-    /** Of what lines are shown. */
+    /** The file that is shown, which stays shown while the version does; and of what lines are. */
+    property string shownPath
     property string shownLines
 
     readonly property VersionFileRow file: list.currentItem as VersionFileRow
+
+    /** Whether taking it may change the skill; since the version before, nothing is known of what there is now. */
+    readonly property bool isFileOther: {
+        if (file === null || versions.isChosenEqual)
+            return false;
+        return isSinceFormer ? file.isInVersion : file.symbol !== "";
+    }
 
     readonly property string legend: {
         if (isSinceFormer && versions.former === "")
@@ -42,8 +50,10 @@ Surface {
     function compare(): void {
         const former = isSinceFormer ? versions.former : "";
         files.compare(versions.skillID, isSinceFormer && former === "" ? "" : versions.chosen, former);
-        if (list.count === 0)
-            lines.clear();
+        if (list.count > 0)
+            return;
+        shownPath = "";
+        lines.clear();
     }
 
     /** Compares the chosen file. */
@@ -53,6 +63,7 @@ Surface {
         if (path === "" || shownLines !== wanted)
             lines.clear();
         shownLines = wanted;
+        shownPath = path;
         if (path === "")
             return;
         if (isSinceFormer)
@@ -84,7 +95,7 @@ Surface {
 
         model: view.model
         onShown: {
-            list.currentIndex = Math.max(0, files.rowOf(view.wantedPath));
+            list.currentIndex = Math.max(0, files.rowOf(view.wantedPath || view.shownPath));
             view.showLines();
         }
     }
@@ -123,13 +134,19 @@ Surface {
             }
         }
         VersionActions {
-            canTakeFile: view.canAct && view.file !== null && !view.versions.isChosenCurrent && (view.file.isInVersion || !view.isSinceFormer)
-            canTakeVersion: view.canAct && !view.versions.isChosenCurrent
-            hasText: view.file?.isInVersion ?? false
+            canTakeFile: view.canAct && view.isFileOther
+            canTakeVersion: view.canAct && !view.versions.isChosenEqual
+            hasText: view.file !== null && view.file.isInVersion && !view.file.isFolder
             isCompact: view.isNarrow
+            isFolder: view.file?.isFolder ?? false
             isRemoval: view.file !== null && !view.file.isInVersion
             width: parent.width
-            onFileAsked: view.model.history.bringBackFile(view.versions.chosen, view.file.path)
+            onFileAsked: {
+                if (isRemoval)
+                    view.model.history.removeFile(view.versions.chosen, view.file.path);
+                else
+                    view.model.history.bringBackFile(view.versions.chosen, view.file.path);
+            }
             onTextAsked: view.model.history.copyText(view.versions.chosen, view.file.path)
             onVersionAsked: view.model.history.bringBack(view.versions.chosen)
         }

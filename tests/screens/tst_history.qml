@@ -96,6 +96,30 @@ EditorTest {
         verifyStored("xdeux\n");
     }
 
+    function test_what_changes_nothing_is_not_offered() {
+        openSkill("un\n");
+        writeEverywhere("dossier/notes.md", "a");
+        reload();
+        click("Prendre en compte");
+        awaitText("PRISE EN COMPTE");
+        settle();
+        saveAll("deux\n", "un\n");
+        openHistory();
+        press(Qt.Key_Down, Qt.Key_Down);
+        tryVerify(() => focusedName().endsWith("révision 2"));
+        awaitText("dossier/notes.md, identique");
+        verify(!control("Revenir à cette version").enabled && !control("Reprendre ce fichier").enabled);
+        press(Qt.Key_Up);
+        tryVerify(() => control("Reprendre ce fichier").enabled);
+        mouseClick(all("dossier/notes.md, identique")[0]);
+        tryVerify(() => !control("Reprendre ce fichier").enabled);
+        mouseClick(all("SKILL.md, modifié")[0]);
+        click("Reprendre ce fichier");
+        awaitText("FICHIER REPRIS", "SKILL.md, identique");
+        settle();
+        verifyStored("deux\n");
+    }
+
     function test_unsaved_edits_and_edited_copies_stay() {
         openSkill("un\n");
         saveAll("deux\n");
@@ -140,7 +164,7 @@ EditorTest {
         awaitText("notes.md, ajouté");
         mouseClick(all("notes.md, ajouté")[0]);
         click("Retirer ce fichier");
-        awaitText("FICHIER REPRIS");
+        awaitText("FICHIER RETIRÉ");
         settle();
         compare(fixture.bytes("codex/audit/rest.md"), fixture.bytesOfText("b"));
         verifyStored("deux\n");
