@@ -304,7 +304,7 @@ private:
     void followImport();
     void runBatch(std::function<QCoro::Task<>()> run);
     void concludeBatch();
-    void takeBack(const QString &confirmation);
+    void takeBack(const QString &verb);
     QCoro::Task<> followSelected();
     void keepBatchFailures();
 

@@ -1,5 +1,7 @@
 #include "AppModel.h"
 
+#include <VORNELCore/Library/Wording.h>
+
 #include <QCoro/QCoroFuture>
 
 using namespace Qt::StringLiterals;
@@ -166,14 +168,14 @@ void AppModel::redo()
         takeBack(u"RÉTABLI"_s);
 }
 
-void AppModel::takeBack(const QString &confirmation)
+void AppModel::takeBack(const QString &verb)
 {
     if (isWorking())
         return;
-    m_operations.perform([this, step = undoableStep()->id, confirmation]() -> QCoro::Task<> {
-        m_library.show(co_await m_service->undo(step));
+    m_operations.perform([this, step = *undoableStep(), verb]() -> QCoro::Task<> {
+        m_library.show(co_await m_service->undo(step.id));
         co_await followSelected();
-        m_operations.confirm(confirmation);
+        m_operations.confirm(verb + u"\u00A0: "_s + Wording::action(step.action).toUpper());
     });
 }
 
@@ -222,9 +224,11 @@ QCoro::Task<Outcome> AppModel::restoreSetAside(QString copy, QString slug)
 void AppModel::revertToSetAside(const QString &copy, const SkillSummary &skill)
 {
     m_operations.perform([this, copy, id = skill.id, revision = skill.revision]() -> QCoro::Task<> {
-        m_selectedSkill.show(co_await m_service->restoreAsRevision(copy, id, revision));
+        const SkillDetail revised = co_await m_service->restoreAsRevision(copy, id, revision);
+        m_selectedSkill.show(revised);
         co_await m_library.read();
-        m_operations.confirm(u"NOUVELLE RÉVISION"_s);
+        const bool isOther = revised.manifest.revision > revision;
+        m_operations.confirm(isOther ? u"NOUVELLE RÉVISION"_s : u"RIEN À CHANGER"_s);
     });
 }
 

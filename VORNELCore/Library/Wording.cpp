@@ -95,6 +95,29 @@ QString syncState(SyncState state, Drift drift)
     return u"inconnu"_s;
 }
 
+QString action(UndoableAction action)
+{
+    switch (action) {
+    case UndoableAction::save:
+        return u"enregistrement"_s;
+    case UndoableAction::assignment:
+        return u"catégorie"_s;
+    case UndoableAction::synchronisation:
+        return u"synchronisation"_s;
+    case UndoableAction::trash:
+        return u"corbeille"_s;
+    case UndoableAction::adoption:
+        return u"adoption"_s;
+    case UndoableAction::handEdits:
+        return u"prise en compte"_s;
+    case UndoableAction::merge:
+        return u"fusion"_s;
+    case UndoableAction::reversion:
+        break;
+    }
+    return u"retour"_s;
+}
+
 QString edits(const QList<CopyInspection> &copies)
 {
     QStringList parts;

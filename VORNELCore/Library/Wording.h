@@ -19,6 +19,9 @@ QStringList maturities();
 /// In lower case: "à jour", "copie manquante". A drifted state is named after its cause: "copie modifiée".
 QString syncState(SyncState state, Drift drift = Drift::unknown);
 
+/// "enregistrement", "corbeille".
+QString action(UndoableAction action);
+
 /// Who has changed what: "Claude a modifié 2 fichiers, Codex 1"; empty where no edits of copies are known.
 QString edits(const QList<CopyInspection> &copies);
 

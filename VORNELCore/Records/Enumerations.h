@@ -52,6 +52,10 @@ Q_ENUM_NS(HistoryKind)
 enum class VersionOrigin { library, claude, codex };
 Q_ENUM_NS(VersionOrigin)
 
+/// What was done that can be taken back.
+enum class UndoableAction { save, assignment, synchronisation, trash, adoption, handEdits, merge, reversion };
+Q_ENUM_NS(UndoableAction)
+
 /// Why a slug, a relative path or a root is refused.
 enum class PathViolation {
     empty,

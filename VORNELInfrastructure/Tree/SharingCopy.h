@@ -11,8 +11,8 @@ namespace vornel {
 /// Where a file of the same bytes as a file of a tree stands on the volume; empty where there is none.
 using SameFile = std::function<std::filesystem::path(const FileTreeSnapshot::Entry &)>;
 
-/// Makes a folder, at a path where nothing stands, of what was read of a tree. A file that stands elsewhere, too,
-/// is shared, or copied where it can't be. Throws `unsafeImport` for a file that has become too large.
+/// Makes a folder, at a path where nothing stands, of what was read of a tree. A file that stands elsewhere,
+/// too, is shared, or copied where it can't be. Throws `unsafeImport` for a file that has become too large.
 void copySharing(FileSystem &files, const FileTreeSnapshot &source, const std::filesystem::path &destination,
                  const SameFile &sameFile);
 

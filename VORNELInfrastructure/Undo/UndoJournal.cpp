@@ -6,13 +6,14 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-void UndoJournal::remember(UndoRecording changes, bool isUndo)
+void UndoJournal::remember(UndoRecording changes, UndoStep step)
 {
     removeIdle(changes);
     const std::scoped_lock lock(m_mutex);
     m_last.reset();
+    step.id = QUuid::createUuid();
     if (!changes.empty())
-        m_last = {.step = {QUuid::createUuid(), isUndo}, .changes = std::move(changes)};
+        m_last = {.step = step, .changes = std::move(changes)};
 }
 
 void UndoJournal::resume(UndoableOperation operation)

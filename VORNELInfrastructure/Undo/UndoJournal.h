@@ -20,9 +20,9 @@ struct UndoableOperation
 class UndoJournal
 {
 public:
-    /// Remembers this operation, unless there is nothing to take back.
-    void remember(UndoRecording changes, bool isUndo);
-    void forget() { remember({}, false); }
+    /// Remembers this operation, unless there is nothing to take back, by an identifier of its own.
+    void remember(UndoRecording changes, UndoStep step);
+    void forget() { remember({}, {}); }
 
     /// Remembers an operation that could be taken back only in part, or not at all.
     void resume(UndoableOperation operation);

@@ -34,7 +34,7 @@ QFuture<std::optional<QByteArray>> LocalWorkspaceService::readVersionFile(QUuid 
 QFuture<SkillDetail> LocalWorkspaceService::revert(QUuid id, qint64 expectedRevision, QString entry,
                                                    QStringList paths)
 {
-    return performUndoable([=](const Workspace &workspace) {
+    return performUndoable(UndoableAction::reversion, [=](const Workspace &workspace) {
         return returnToVersion(workspace, id, expectedRevision, entry, paths);
     });
 }
@@ -57,7 +57,8 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::undo(QUuid step)
         UndoableOperation operation = m_undo.last(step);
         const auto remember = qScopeGuard([&] {
             if (operation.changes.empty())
-                m_undo.remember(std::move(operation.done), !operation.step.isUndo);
+                m_undo.remember(std::move(operation.done),
+                                {.action = operation.step.action, .isUndo = !operation.step.isUndo});
             else
                 m_undo.resume(std::move(operation));
         });

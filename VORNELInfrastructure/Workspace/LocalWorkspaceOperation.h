@@ -35,14 +35,14 @@ auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation)
 }
 
 template <typename Operation>
-auto LocalWorkspaceService::performUndoable(Operation operation)
+auto LocalWorkspaceService::performUndoable(UndoableAction action, Operation operation)
 {
     using Result = std::invoke_result_t<Operation, const Workspace &>;
-    return m_executor.submit<Result>([this, operation = std::move(operation)](QPromise<Result> &) {
+    return m_executor.submit<Result>([this, action, operation = std::move(operation)](QPromise<Result> &) {
         UndoRecording changes;
         const auto remember = qScopeGuard([&] {
             if (!changes.empty())
-                m_undo.remember(std::move(changes), false);
+                m_undo.remember(std::move(changes), {.action = action});
         });
         return runLocked(LockMode::Exclusive, operation, changes);
     });

@@ -121,7 +121,7 @@ QFuture<SkillDetail> LocalWorkspaceService::loadSkill(QUuid id)
 
 QFuture<SkillDetail> LocalWorkspaceService::saveSkill(QUuid id, qint64 expectedRevision, QString skillMD)
 {
-    return performUndoable([=](const Workspace &workspace) {
+    return performUndoable(UndoableAction::save, [=](const Workspace &workspace) {
         return SkillAuthoring(workspace).save(id, expectedRevision, skillMD);
     });
 }
@@ -143,7 +143,7 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::deleteCategory(QString id)
 
 QFuture<WorkspaceOverview> LocalWorkspaceService::assignSkills(QSet<QUuid> ids, QString to)
 {
-    return performUndoable([=, this](const Workspace &workspace) {
+    return performUndoable(UndoableAction::assignment, [=, this](const Workspace &workspace) {
         CategoryEditing(workspace).assign(ids, to);
         return overview(workspace);
     });
@@ -151,8 +151,9 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::assignSkills(QSet<QUuid> ids, 
 
 QFuture<SkillDetail> LocalWorkspaceService::synchronize(QUuid id)
 {
-    return performUndoable(
-        [=](const Workspace &workspace) { return SkillAuthoring(workspace).synchronize(id); });
+    return performUndoable(UndoableAction::synchronisation, [=](const Workspace &workspace) {
+        return SkillAuthoring(workspace).synchronize(id);
+    });
 }
 
 QFuture<QList<SyncOutcome>> LocalWorkspaceService::synchronizeSkills(QList<QUuid> ids, std::stop_token stop)
@@ -176,7 +177,7 @@ QFuture<QList<SyncOutcome>> LocalWorkspaceService::synchronizeSkills(QList<QUuid
         }
         if (!pass->isDone())
             return std::optional<Outcomes>();
-        m_undo.remember(std::move(*changes), false);
+        m_undo.remember(std::move(*changes), {.action = UndoableAction::synchronisation});
         return std::optional(pass->outcomes());
     });
 }
@@ -188,7 +189,7 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::moveToTrash(QUuid id)
 
 QFuture<WorkspaceOverview> LocalWorkspaceService::moveToTrash(QSet<QUuid> ids)
 {
-    return performUndoable([=, this](const Workspace &workspace) {
+    return performUndoable(UndoableAction::trash, [=, this](const Workspace &workspace) {
         SkillTrash(workspace).moveToTrash(ids);
         return overview(workspace);
     });
@@ -231,7 +232,7 @@ QFuture<SkillDetail> LocalWorkspaceService::setAside(QUuid id, TargetKind target
 QFuture<SkillDetail> LocalWorkspaceService::adopt(QUuid id, TargetKind copy,
                                                   std::optional<qint64> expectedRevision, QStringList paths)
 {
-    return performUndoable([=](const Workspace &workspace) {
+    return performUndoable(UndoableAction::adoption, [=](const Workspace &workspace) {
         return CopyAdoption(workspace).adopt(id, copy, expectedRevision, paths);
     });
 }
@@ -239,14 +240,14 @@ QFuture<SkillDetail> LocalWorkspaceService::adopt(QUuid id, TargetKind copy,
 QFuture<MergeResult> LocalWorkspaceService::merge(QUuid id, std::optional<qint64> expectedRevision,
                                                   QList<MergeSettlement> settlements)
 {
-    return performUndoable([=](const Workspace &workspace) {
+    return performUndoable(UndoableAction::merge, [=](const Workspace &workspace) {
         return CopyMerge(workspace).run(id, expectedRevision, settlements);
     });
 }
 
 QFuture<SkillDetail> LocalWorkspaceService::adoptHandEdits(QUuid id, std::optional<qint64> expectedRevision)
 {
-    return performUndoable([=](const Workspace &workspace) {
+    return performUndoable(UndoableAction::handEdits, [=](const Workspace &workspace) {
         return CopyAdoption(workspace).adoptHandEdits(id, expectedRevision);
     });
 }

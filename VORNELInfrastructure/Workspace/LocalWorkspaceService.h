@@ -97,7 +97,7 @@ private:
 
     /// `perform` for an operation that can be undone, and what it has changed before it failed as well.
     template <typename Operation>
-    auto performUndoable(Operation operation);
+    auto performUndoable(UndoableAction action, Operation operation);
 
     /// `perform` for an operation that changes the set of skills or categories, and returns the overview.
     template <typename Operation>

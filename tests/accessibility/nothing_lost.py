@@ -75,10 +75,10 @@ def takes_a_file_back(program, skill):
     program.sees("alert message", "FICHIER REPRIS")
     skill.require(True)
     program.press("Annuler la dernière action (Ctrl+Z)")
-    program.sees("alert message", "ANNULÉ")
+    program.sees("alert message", "ANNULÉ\u00a0: RETOUR")
     skill.require(False)
     program.press("Rétablir la dernière action (Ctrl+Y)")
-    program.sees("alert message", "RÉTABLI")
+    program.sees("alert message", "RÉTABLI\u00a0: RETOUR")
     skill.require(True)
 
 

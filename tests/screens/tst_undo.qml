@@ -26,20 +26,20 @@ EditorTest {
         compare(focusedName(), undoName);
         wait(6500); // as long as it has the keyboard
         verifyShown("ENREGISTRÉE");
-        press(Qt.Key_Return, "ANNULÉ");
+        press(Qt.Key_Return, "ANNULÉ\u00A0: ENREGISTREMENT");
         settle();
         verifyStored("un");
         compare(text(), "un");
         compare(model.selectedSkill.manifest.revision, 3);
         verify(focusedName() !== undoName, "the keyboard is back in the editor");
         awaitGone("ENREGISTRÉE");
-        clickUntil(redoName, "RÉTABLI");
+        clickUntil(redoName, "RÉTABLI\u00A0: ENREGISTREMENT");
         settle();
         verifyStored("neuf un");
         compare(text(), "neuf un");
         verify(shows(undoName));
         undo(); // in the text, where it is the text's
-        wait(0);
+        settle();
         compare(model.selectedSkill.manifest.revision, 4);
         verifyStored("neuf un");
     }
@@ -50,7 +50,7 @@ EditorTest {
         save();
         edit("encore ");
         click(undoName);
-        awaitText("ANNULÉ");
+        awaitText("ANNULÉ\u00A0: ENREGISTREMENT");
         settle();
         verifyStored("un");
         compare(text(), "encore neuf un");
@@ -68,14 +68,14 @@ EditorTest {
         tryVerify(() => !shows(undoName), 7000);
         control("Bibliothèque").forceActiveFocus();
         keyClick(Qt.Key_Z, Qt.ControlModifier);
-        awaitText("ANNULÉ");
+        awaitText("ANNULÉ\u00A0: CATÉGORIE");
         settle();
         compare(categoryOf("audit"), "other");
         keyClick(Qt.Key_Z, Qt.ControlModifier); // once
-        wait(0);
+        settle();
         compare(model.overview.skills.find(skill => skill.slug === "audit").revision, 3);
         keyClick(Qt.Key_Y, Qt.ControlModifier);
-        awaitText("RÉTABLI");
+        awaitText("RÉTABLI\u00A0: CATÉGORIE");
         settle();
         compare(categoryOf("audit"), "design");
         keyClick(Qt.Key_Z, Qt.ControlModifier);
