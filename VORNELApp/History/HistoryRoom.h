@@ -20,6 +20,8 @@ class HistoryRoom : public QObject, public QQmlParserStatus
     Q_PROPERTY(QString keepProblem READ keepProblem NOTIFY wished)
     Q_PROPERTY(QString daysProblem READ daysProblem NOTIFY wished)
     Q_PROPERTY(QString extentText READ extentText NOTIFY changed)
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
+    Q_PROPERTY(bool isRehearsing MEMBER m_isRehearsing WRITE setRehearsing NOTIFY changed)
     Q_PROPERTY(QString forecast READ forecast NOTIFY changed)
     Q_PROPERTY(QString question READ question NOTIFY changed)
     Q_PROPERTY(bool canPrune READ canPrune NOTIFY changed)
@@ -38,13 +40,16 @@ public:
     /// "48 versions, 12,4 Mo"; empty where nothing is kept, or before it is known.
     QString extentText() const;
 
+    /// Why that couldn't be found out, for the user: it is told then as it was. Empty otherwise.
+    const QString &problem() const { return m_problem; }
+
+    /// Whether what would go is worked out, now and whenever it may be something else.
+    void setRehearsing(bool isRehearsing);
+
     /// What would go, as the user reads it; the question before it does; and whether there is anything.
     QString forecast() const;
     QString question() const;
     bool canPrune() const { return m_gone && m_gone->entries > 0; }
-
-    /// Begins to work out what would go; `changed` follows.
-    Q_INVOKABLE void rehearse();
 
     /// Deletes what the rehearsal has named.
     Q_INVOKABLE void prune();
@@ -60,15 +65,21 @@ private:
     using Extent = Answer<HistoryExtent>;
 
     static QString problemOf(const QString &number);
+    void follow();
     void look();
+    void forecastAnew();
+    void rehearse();
+    void showExtent(const Extent &answer);
     void showRehearsal(const Extent &answer);
 
     AppModel *m_model = nullptr;
     QString m_keep = QStringLiteral("50");
     QString m_days = QStringLiteral("90");
     HistoryExtent m_extent;
-    std::optional<HistoryExtent> m_gone; ///< nothing while it isn't known
     QString m_problem;
+    bool m_isRehearsing = false;
+    std::optional<HistoryExtent> m_gone; ///< nothing while it isn't known
+    QString m_rehearsalProblem;
     LatestAnswer<Extent> m_looking;
     LatestAnswer<Extent> m_rehearsing;
 };

@@ -24,8 +24,12 @@ ListFooter {
 
         Label {
             Layout.fillWidth: true
-            color: Colors.secondary
-            text: line.isKnown ? "Historique\u00A0: " + room.extentText : "Historique"
+            color: room.problem === "" ? Colors.secondary : Colors.danger
+            text: {
+                if (room.problem !== "")
+                    return "La taille de l’historique n’a pas pu être mesurée. " + room.problem;
+                return line.isKnown ? "Historique\u00A0: " + room.extentText : "Historique";
+            }
         }
         ActionButton {
             enabled: line.isKnown && !line.model.isWorking

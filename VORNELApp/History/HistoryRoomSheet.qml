@@ -11,7 +11,8 @@ Sheet {
 
     firstFocus: keep
     title: "Alléger l’historique"
-    onAboutToShow: room.rehearse()
+    onAboutToShow: room.isRehearsing = true
+    onClosed: room.isRehearsing = false
 
     Label {
         color: Colors.secondary

@@ -26,7 +26,7 @@ FocusScope {
         selection.end();
     }
     Keys.onPressed: event => {
-        event.accepted = event.matches(StandardKey.SelectAll);
+        event.accepted = event.matches(StandardKey.SelectAll) && !setAside.activeFocus;
         if (event.accepted)
             selection.selectAll();
     }
@@ -128,6 +128,12 @@ FocusScope {
         anchors.right: parent.right
         height: implicitHeight
         model: trash.model
+        onEmptied: {
+            if (activeFocus)
+                view.forceActiveFocus(Qt.OtherFocusReason);
+            else
+                view.takeOver();
+        }
         roomForList: (entries.totalCount === 0 ? 0.4 : 0.5) * (trash.height - header.height)
     }
     TrashSelectionBar {

@@ -4,6 +4,7 @@
 #include <VORNELCore/Library/Wording.h>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -75,14 +76,19 @@ SkillEntry SetAsideList::entryOf(const SetAsideCopy &copy) const
     return entry;
 }
 
+/// They are as they were where only somebody else's change was read, and nothing came of it.
 void SetAsideList::renew()
 {
+    const auto former = std::exchange(m_overview, model()->overview());
+    if (former == m_overview && !model()->isWorking() && m_problem.isEmpty())
+        return;
     m_looking.ask([this] { return answerOf(model()->recovery().setAsideCopies()); });
 }
 
 void SetAsideList::show(const Answer<Copies> &answer)
 {
-    m_copies = answer.value.value_or(Copies());
+    m_copies = answer.value.value_or(m_copies);
+    m_problem = answer.outcome.message;
     refresh();
 }
 

@@ -12,12 +12,16 @@ class SetAsideList : public vornel::SkillList // in full, for the tools that rea
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString summary READ summary NOTIFY countChanged)
+    Q_PROPERTY(QString problem READ problem NOTIFY countChanged)
 
 public:
     explicit SetAsideList(QObject *parent = nullptr);
 
     /// How many there are, and how much they take: "3 copies, 1,4 ko".
     QString summary() const;
+
+    /// Why they couldn't be read, for the user: they are shown then as they were. Empty otherwise.
+    const QString &problem() const { return m_problem; }
 
     /// The name in the recovery folder of what a row shows.
     Q_INVOKABLE QString copyID(QUuid row) const;
@@ -35,6 +39,8 @@ private:
     void show(const Answer<Copies> &answer);
 
     Copies m_copies;
+    QString m_problem;
+    std::optional<WorkspaceOverview> m_overview; ///< what there was when they were last looked for
     LatestAnswer<Answer<Copies>> m_looking;
 };
 

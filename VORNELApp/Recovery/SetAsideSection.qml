@@ -15,9 +15,31 @@ FocusScope {
 
     property bool isOpen: false
 
-    implicitHeight: visible ? bar.height + view.height : 0
-    visible: copies.totalCount > 0
+    readonly property bool hasFailed: copies.problem !== ""
 
+    /** The list has gone, which may have had the keyboard. */
+    signal emptied
+
+    function takeOver(): void {
+        if (isOpen)
+            view.takeOver();
+        else
+            emptied();
+    }
+
+    implicitHeight: visible ? bar.height + view.height : 0
+    visible: copies.totalCount > 0 || hasFailed
+
+    Connections {
+        function onCountChanged() {
+            if (copies.totalCount > 0 || !section.isOpen)
+                return;
+            section.isOpen = false;
+            section.emptied();
+        }
+
+        target: copies
+    }
     SetAsideList {
         id: copies
 
@@ -28,14 +50,14 @@ FocusScope {
 
         copies: copies
         model: section.model
-        onClosed: view.takeOver()
+        onClosed: section.takeOver()
     }
     SetAsideSheet {
         id: sheet
 
         copies: copies
         model: section.model
-        onClosed: view.takeOver()
+        onClosed: section.takeOver()
         onDeletionAsked: record => questions.askToDelete(record)
         onRestorationAsked: record => questions.askToRestore(record)
         onRevisionAsked: record => questions.askToRevert(record)
@@ -44,7 +66,7 @@ FocusScope {
         id: menu
 
         model: section.model
-        onClosed: view.takeOver()
+        onClosed: section.takeOver()
         onDeletionAsked: record => questions.askToDelete(record)
         onRestorationAsked: record => questions.askToRestore(record)
         onRevisionAsked: record => questions.askToRevert(record)
@@ -74,9 +96,9 @@ FocusScope {
             anchors.baseline: title.baseline
             anchors.right: toggle.left
             anchors.rightMargin: Metrics.medium
-            color: Colors.secondary
+            color: section.hasFailed ? Colors.danger : Colors.secondary
             font: Typography.small
-            text: copies.summary
+            text: section.hasFailed ? "Elles n’ont pas pu être lues. " + copies.problem : copies.summary
         }
         ActionButton {
             id: toggle
@@ -86,6 +108,7 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             symbol: section.isOpen ? "chevron-down" : "chevron-up"
             text: section.isOpen ? "Masquer les copies" : "Afficher les copies"
+            visible: copies.totalCount > 0
             onClicked: section.isOpen = !section.isOpen
         }
     }

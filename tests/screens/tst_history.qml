@@ -183,6 +183,9 @@ EditorTest {
         awaitText("Tapez un nombre.");
         retype("Jours pendant lesquels garder toutes les autres", "0");
         awaitText(/^3 versions seraient supprimées, ce qui libérerait /);
+        saveElsewhere("cinq\n");
+        model.refreshOverview();
+        awaitText(/^4 versions seraient supprimées, ce qui libérerait /);
         click("Supprimer ces versions…");
         accept("HISTORIQUE ALLÉGÉ");
         settle();

@@ -257,6 +257,8 @@ ScreenTest {
         awaitText("Copies mises de côté", /^4 copies, /);
         clickUntil("Afficher les copies", "Masquer les copies");
         list("Copies mises de côté").forceActiveFocus();
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        verify(!shows("1 sélectionnée"), "the trash isn't meant");
         press(Qt.Key_Home);
         awaitText(/^reste, Copie de Claude · 1.fichier, 9.octets/);
         compare(all("Revenir à cette version").length, 2, "what is in the trash has no next revision");
@@ -287,5 +289,22 @@ ScreenTest {
         accept("SUPPRIMÉE");
         verify(copyOf("audit", "Claude"));
         tryVerify(() => all(/^audit, Copie de Codex/).length === 0);
+        awaitGone("SUPPRIMÉE");
+
+        copyOf("audit", "Claude").forceActiveFocus();
+        press(Qt.Key_Delete, "Supprimer définitivement cette copie de «\u00A0audit\u00A0»\u00A0?");
+        accept("SUPPRIMÉE");
+        awaitGone("Copies mises de côté");
+        tryVerify(() => list("Corbeille").activeFocus);
+    }
+
+    function test_copies_set_aside_that_can_not_be_read() {
+        openTrash(["audit"]);
+        clickUntil("Afficher les copies", /^2 copies, /);
+        fixture.remove("workspace/.vornel/recovery");
+        fixture.write("workspace/.vornel/recovery", "pas un dossier");
+        reload();
+        awaitText(/^Elles n’ont pas pu être lues\. /);
+        verify(copyOf("audit", "Claude"), "they are shown as they were");
     }
 }
