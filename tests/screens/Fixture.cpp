@@ -14,6 +14,7 @@
 #include <QImage>
 #include <QMimeData>
 #include <QQuickWindow>
+#include <QTest>
 
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
@@ -174,8 +175,8 @@ void Fixture::fillLibrary(const QStringList &slugs)
         write(u"claude/%1/SKILL.md"_s.arg(slug), u"name: "_s + slug);
     QCoro::waitFor(m_model->start());
     m_model->beginImportScan();
-    while (!m_model->canCommitImport())
-        QCoreApplication::processEvents();
+    if (!QTest::qWaitFor([this] { return m_model->canCommitImport(); }))
+        qWarning("The import can't be committed");
     m_model->commitImport();
     restart();
 }
