@@ -1,6 +1,5 @@
 #include "WrongCopies.h"
 
-#include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Library/Wording.h>
 
 #include <algorithm>
@@ -9,16 +8,21 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
+// Without an answer, the skills' state says it, without the reason or the cause.
+WrongCopies::WrongCopies(QObject *parent)
+    : QObject(parent),
+      m_looking(this, [this](const Answer<Copies> &answer) { show(answer.value.value_or(Copies())); })
+{}
+
 void WrongCopies::follow(const QList<SkillSummary> &skills, CopyInspecting &inspector)
 {
     const auto isWrong = [](const SkillSummary &skill) {
         return skill.syncState == SyncState::failed || skill.syncState == SyncState::drifted;
     };
-    if (!std::ranges::any_of(skills, isWrong))
-        return show({});
-    // Without an answer, the skills' state says it, without the reason or the cause.
-    QCoro::connect(answerOf(inspector.wrongCopies()), this,
-                   [this](const Answer<Copies> &answer) { show(answer.value.value_or(Copies())); });
+    if (std::ranges::any_of(skills, isWrong))
+        return m_looking.ask([&inspector] { return answerOf(inspector.wrongCopies()); });
+    m_looking.forget();
+    show({});
 }
 
 void WrongCopies::show(const Copies &copies)

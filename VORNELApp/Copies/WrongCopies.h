@@ -1,5 +1,6 @@
 #pragma once
 
+#include <VORNELApp/Model/LatestAnswer.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 #include <VORNELCore/Services/CopyInspecting.h>
 
@@ -13,7 +14,7 @@ class WrongCopies : public QObject
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    explicit WrongCopies(QObject *parent = nullptr);
 
     /// Asks anew, if any of these skills of an overview has a failed or drifted copy; `changed` follows.
     void follow(const QList<SkillSummary> &skills, CopyInspecting &inspector);
@@ -36,6 +37,7 @@ private:
     void show(const Copies &copies);
 
     Copies m_copies;
+    LatestAnswer<Answer<Copies>> m_looking;
 };
 
 } // namespace vornel

@@ -1,7 +1,5 @@
 #include "OpenSkill.h"
 
-#include <VORNELApp/Model/Answer.h>
-
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -16,7 +14,10 @@ OpenSkill::OpenSkill(std::shared_ptr<WindowServicing> service, DraftKeeping &dra
       m_selected(selected),
       m_departure(departure),
       m_draft(drafts),
-      m_replacement(*m_service, operations)
+      m_replacement(*m_service, operations),
+      m_lookingForHandEdits(this, [this](const Answer<QSet<QUuid>> &answer) {
+          setEditedByHand(answer.value && answer.value->contains(m_id));
+      })
 {
     connect(&m_selected, &SelectedSkill::detailChanged, this, &OpenSkill::followDetail);
     connect(&m_operations, &Operations::isWorkingChanged, this, &OpenSkill::refresh);
@@ -75,11 +76,7 @@ void OpenSkill::begin()
 void OpenSkill::lookAround()
 {
     m_replacement.copies()->look();
-    QCoro::connect(answerOf(m_service->editedByHand({m_id})), this,
-                   [this, id = m_id](const Answer<QSet<QUuid>> &answer) {
-                       if (m_id == id)
-                           setEditedByHand(answer.value && answer.value->contains(id));
-                   });
+    m_lookingForHandEdits.ask([this] { return answerOf(m_service->editedByHand({m_id})); });
 }
 
 void OpenSkill::followDetail()

@@ -3,6 +3,7 @@
 #include <VORNELApp/Copies/CopyReplacement.h>
 #include <VORNELApp/Drafts/SkillDraft.h>
 #include <VORNELApp/Leaving/Departure.h>
+#include <VORNELApp/Model/LatestAnswer.h>
 #include <VORNELApp/Model/Library.h>
 #include <VORNELApp/Model/SelectedSkill.h>
 
@@ -115,6 +116,7 @@ private:
     CopyReplacement m_replacement;
     QUuid m_id; ///< of the skill whose text is edited
     bool m_isEditedByHand = false;
+    LatestAnswer<Answer<QSet<QUuid>>> m_lookingForHandEdits;
     bool m_isUnderWay = false;
     bool m_isAskingToLeave = false;
     bool m_isFresh = false; ///< whether an operation that still runs has returned the skill

@@ -1,6 +1,5 @@
 #include "TrashList.h"
 
-#include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Library/Wording.h>
 
 #include <chrono>
@@ -10,7 +9,11 @@ using namespace std::chrono_literals;
 
 namespace vornel {
 
-TrashList::TrashList(QObject *parent) : SkillList(Destination::trash, parent)
+TrashList::TrashList(QObject *parent)
+    : SkillList(Destination::trash, parent), m_looking(this, [this](const Answer<Dates> &answer) {
+          m_dates = answer.value.value_or(Dates()); // without which the rows do
+          refresh();
+      })
 {
     startTimer(1min); // as the ages that are shown change
 }
@@ -38,12 +41,7 @@ void TrashList::complete(SkillEntry &entry) const
 
 void TrashList::renew()
 {
-    using Dates = QHash<QUuid, QDateTime>;
-    QCoro::connect(answerOf(model()->trashInspector().trashDates()), this,
-                   [this](const Answer<Dates> &answer) {
-                       m_dates = answer.value.value_or(Dates()); // without which the rows do
-                       refresh();
-                   });
+    m_looking.ask([this] { return answerOf(model()->trashInspector().trashDates()); });
 }
 
 } // namespace vornel

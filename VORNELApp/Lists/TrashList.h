@@ -3,6 +3,7 @@
 #include "SkillList.h"
 
 #include <VORNELApp/Actions/SkillSelection.h>
+#include <VORNELApp/Model/LatestAnswer.h>
 
 namespace vornel {
 
@@ -29,8 +30,11 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
+    using Dates = QHash<QUuid, QDateTime>;
+
     SkillSelection *m_selection = nullptr;
-    QHash<QUuid, QDateTime> m_dates;
+    Dates m_dates;
+    LatestAnswer<Answer<Dates>> m_looking;
 };
 
 } // namespace vornel

@@ -1,6 +1,5 @@
 #include "StrayTexts.h"
 
-#include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Records/SerializedForms.h>
 
 #include <QClipboard>
@@ -20,6 +19,10 @@ bool contains(const QList<SkillSummary> &skills, const QUuid &id)
 }
 
 } // namespace
+
+StrayTexts::StrayTexts(QObject *parent)
+    : QObject(parent), m_looking(this, [this](const Answer<Files> &answer) { showAnswer(answer); })
+{}
 
 void StrayTexts::componentComplete()
 {
@@ -75,16 +78,17 @@ void StrayTexts::postpone()
 
 void StrayTexts::look()
 {
-    if (!m_model->overview())
-        return;
-    QCoro::connect(answerOf(m_model->drafts().files()), this, [this](const Answer<QList<DraftFile>> &answer) {
-        if (answer.value)
-            show(*answer.value);
-        else
-            m_lookFailure =
-                u"Les textes non enregistrés n’ont pas pu être cherchés. "_s + answer.outcome.message;
-        Q_EMIT changed();
-    });
+    if (m_model->overview())
+        m_looking.ask([this] { return answerOf(m_model->drafts().files()); });
+}
+
+void StrayTexts::showAnswer(const Answer<Files> &answer)
+{
+    if (answer.value)
+        show(*answer.value);
+    else
+        m_lookFailure = u"Les textes non enregistrés n’ont pas pu être cherchés. "_s + answer.outcome.message;
+    Q_EMIT changed();
 }
 
 bool StrayTexts::isStray(const DraftFile &file) const
@@ -123,7 +127,7 @@ QString StrayTexts::descriptionOf(const DraftFile &file) const
     return u"Un texte "_s + owner + u" n’a pas été enregistré. L’éditeur le reprendra "_s + moment + place;
 }
 
-void StrayTexts::show(const QList<DraftFile> &files)
+void StrayTexts::show(const Files &files)
 {
     m_lookFailure.clear();
     m_shown = files;

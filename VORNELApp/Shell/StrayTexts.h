@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELApp/Model/AppModel.h>
+#include <VORNELApp/Model/LatestAnswer.h>
 
 #include <QQmlParserStatus>
 #include <QUrl>
@@ -23,7 +24,7 @@ class StrayTexts : public QObject, public QQmlParserStatus
     Q_PROPERTY(QUrl folder READ folder NOTIFY changed)
 
 public:
-    using QObject::QObject;
+    explicit StrayTexts(QObject *parent = nullptr);
 
     /// What the user reads of the text that is shown, or of why none can be looked for; empty when there is
     /// nothing to tell.
@@ -53,18 +54,22 @@ Q_SIGNALS:
     void changed();
 
 private:
+    using Files = QList<DraftFile>;
+
     void look();
     bool isStray(const DraftFile &file) const;
     QString nameOf(const QUuid &id) const;
     QString descriptionOf(const DraftFile &file) const;
-    void show(const QList<DraftFile> &files);
+    void showAnswer(const Answer<Files> &answer);
+    void show(const Files &files);
     void conclude(const Outcome &outcome);
 
     AppModel *m_model = nullptr;
-    QList<DraftFile> m_shown;
-    QList<DraftFile> m_postponed;
+    Files m_shown;
+    Files m_postponed;
     QString m_lookFailure;
     QString m_failure; ///< of what was last done with the text that is shown
+    LatestAnswer<Answer<Files>> m_looking;
 };
 
 } // namespace vornel
