@@ -85,6 +85,11 @@ UnsavedText SkillDraft::unsavedText(const QString &text) const
     return {text, m_otherBase.isEmpty() ? m_savedText : QString(), m_otherBase};
 }
 
+std::optional<UnsavedText> SkillDraft::edits() const
+{
+    return m_isModified ? std::optional(unsavedText(text())) : std::nullopt;
+}
+
 void SkillDraft::follow(const SkillDetail &skill)
 {
     m_diskText = skill.skillMD;

@@ -81,6 +81,9 @@ public:
     QString text() const { return m_text ? m_text->text() : QString(); }
     bool differsFrom(const QString &text) const { return m_text && m_text->differsFrom(text); }
 
+    /// What would be lost without being saved; nothing where there are no edits.
+    std::optional<UnsavedText> edits() const;
+
     /// What "SKILL.md" held when it was last looked at.
     const QByteArray &knownBytes() const { return m_knownBytes; }
 

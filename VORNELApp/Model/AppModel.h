@@ -299,12 +299,21 @@ Q_SIGNALS:
     void confirmed();
 
 private:
+    /// The unsaved text of a skill that a step has moved to the trash.
+    struct GivenUpText
+    {
+        QUuid step = {};
+        QUuid skill = {};
+        std::optional<UnsavedText> edits = {};
+    };
+
     void forwardChanges();
     void go(Departure::Exit exit);
     void followImport();
     void runBatch(std::function<QCoro::Task<>()> run);
     void concludeBatch();
     void takeBack(const QString &verb);
+    void keepGivenUpText(const QUuid &undoneStep);
     QCoro::Task<> followSelected();
     void keepBatchFailures();
 
@@ -335,6 +344,7 @@ private:
     Adoption m_adoption;
     History m_history;
     SkillBatch m_batch;
+    GivenUpText m_givenUpText;
     std::optional<Destination> m_selectedDestination = Destination::library;
     bool m_canCommitImport = false;
     QString m_searchText;

@@ -4,6 +4,8 @@
 
 #include <QCoro/QCoroFuture>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -136,13 +138,15 @@ void AppModel::moveSelectedSkillToTrash()
 {
     if (selectedSkillID().isNull())
         return;
-    m_operations.perform([this, id = selectedSkillID()]() -> QCoro::Task<> {
-        const WorkspaceOverview overview = co_await m_service->moveToTrash(id);
-        m_drafts->discardDraft(id); // the user has agreed to lose it
-        m_library.show(overview);
-        closeSkill();
-        m_operations.confirm(u"CORBEILLE"_s);
-    });
+    m_operations.perform(
+        [this, id = selectedSkillID(), edits = m_openSkill.draft()->edits()]() -> QCoro::Task<> {
+            const WorkspaceOverview overview = co_await m_service->moveToTrash(id);
+            m_drafts->discardDraft(id); // the user has agreed to lose it
+            m_library.show(overview);
+            closeSkill();
+            m_operations.confirm(u"CORBEILLE"_s);
+            m_givenUpText = {m_operations.confirmedStep(), id, edits};
+        });
 }
 
 void AppModel::moveSkillsToTrash(QSet<QUuid> ids)
@@ -174,9 +178,18 @@ void AppModel::takeBack(const QString &verb)
         return;
     m_operations.perform([this, step = *undoableStep(), verb]() -> QCoro::Task<> {
         m_library.show(co_await m_service->undo(step.id));
+        keepGivenUpText(step.id);
         co_await followSelected();
         m_operations.confirm(verb + u"\u00A0: "_s + Wording::action(step.action).toUpper());
     });
+}
+
+/// What the user has given up with a skill comes back with it, as the editor's unsaved text.
+void AppModel::keepGivenUpText(const QUuid &undoneStep)
+{
+    const auto [step, skill, edits] = std::exchange(m_givenUpText, {});
+    if (step == undoneStep && edits)
+        m_drafts->keepDraft(skill, *edits);
 }
 
 /// Unsaved edits stay, as those of a skill that has moved on or gone.

@@ -101,6 +101,19 @@ EditorTest {
         tryVerify(() => model.overview.trashedSkills.length === 1);
     }
 
+    function test_an_unsaved_text_comes_back_from_the_trash() {
+        openSkill("un");
+        edit("neuf ");
+        model.moveSelectedSkillToTrash();
+        awaitText("CORBEILLE");
+        settle();
+        click(undoName);
+        awaitText("ANNULÉ\u00A0: CORBEILLE");
+        settle();
+        selectSkill("audit", /^Texte non enregistré du .* retrouvé\.$/);
+        compare(text(), "neuf un");
+    }
+
     function test_an_assistants_edits_that_were_synchronised_over() {
         openSkill("un");
         fixture.write("codex/audit/SKILL.md", "de Codex");
