@@ -84,6 +84,7 @@ Item {
             actionName: isRedo ? "Rétablir la dernière action (Ctrl+Y)" : "Annuler la dernière action (Ctrl+Z)"
             actionSymbol: isRedo ? "rotate-cw" : "undo-2"
             enabled: isOffer && !confirmations.model.isWorking
+            maximumWidth: Metrics.sidebarWidth - 2 * confirmations.x
             text: message
 
             Keys.onEscapePressed: confirmations.decided()

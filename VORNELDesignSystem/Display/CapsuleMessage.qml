@@ -9,6 +9,9 @@ Rectangle {
     property string actionName: action
     property string actionSymbol
 
+    /** Beyond this, the words take two lines. */
+    property real maximumWidth: Infinity
+
     readonly property alias isHovered: pointer.hovered
 
     /** Whether the action has it. */
@@ -48,9 +51,11 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             color: Colors.text
             font: Typography.label
-            maximumLineCount: 1
+            maximumLineCount: 2
             renderType: Text.NativeRendering
             text: capsule.text
+            width: Math.min(implicitWidth, capsule.maximumWidth - row.x - x - Metrics.medium)
+            wrapMode: Text.Wrap
         }
     }
     ActionButton {
