@@ -52,8 +52,8 @@ bool VersionList::isChosenCurrent() const
 
 bool VersionList::isChosenEqual() const
 {
-    const auto current = std::ranges::find_if(
-        m_rows.records(), [](const VersionRow &row) { return row.version.isCurrent; });
+    const auto current =
+        std::ranges::find_if(m_rows.records(), [](const VersionRow &row) { return row.version.isCurrent; });
     return current != m_rows.records().end() &&
            m_rows.records().value(rowOf(m_chosen)).version.digest == current->version.digest;
 }
