@@ -47,6 +47,7 @@ void fill(const fs::path &skill)
         const fs::path file = skill / std::to_string(number % 8) / std::to_string(number);
         fs::create_directories(file.parent_path());
         std::ofstream(file) << noise(random);
+        fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(1));
     }
 }
 

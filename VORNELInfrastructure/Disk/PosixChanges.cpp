@@ -150,9 +150,16 @@ void PosixFileSystem::share(const Place &from, const Place &to)
 {
     refuseSeveralComponents(from.name);
     refuseSeveralComponents(to.name);
-    if (!isCloned(from, to) && ::linkat(from.folder.descriptor.fd(), from.name.c_str(),
-                                        to.folder.descriptor.fd(), to.name.c_str(), 0) != 0)
+    if (isCloned(from, to))
+        return;
+    if (::linkat(from.folder.descriptor.fd(), from.name.c_str(), to.folder.descriptor.fd(), to.name.c_str(),
+                 0) != 0)
         fail("link", pathOf(to));
+    if (kindOf(to.folder, to.name) == FileKind::Regular)
+        return;
+    PosixFileSystem::remove(to.folder, to.name); // what stood there has become a link, say
+    errno = EINVAL;
+    fail("link", pathOf(from));
 }
 
 /// A part of one step: what overrides the steps has no part in it.
@@ -165,7 +172,8 @@ bool PosixFileSystem::isCloned(const Place &from, const Place &to)
     const File clone = PosixFileSystem::createFile(to.folder, to.name);
     if (::ioctl(clone.descriptor.fd(), FICLONE, source.descriptor.fd()) == 0)
         return true;
-    m_withoutClones = status->st_dev;
+    if (errno != EXDEV)
+        m_withoutClones = status->st_dev;
     PosixFileSystem::remove(to.folder, to.name);
     return false;
 }

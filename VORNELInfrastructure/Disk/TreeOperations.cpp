@@ -4,6 +4,7 @@
 #include "FileOperations.h"
 
 #include <algorithm>
+#include <chrono>
 #include <system_error>
 
 namespace vornel {
@@ -31,21 +32,29 @@ bool emptyFolder(FileSystem &files, const Folder &top, const Folder &folder, int
     return hasLifted;
 }
 
-/// Whether a file has more than one name. One that was only given a further name is on the disk already.
 bool hasFurtherNames(const FileSystem &files, const Folder &folder, const std::string &name)
 {
     const std::optional<EntryStatus> status = files.statusOf(folder, name);
     return status && status->names > 1;
 }
 
-/// Calls `work` for every file below a folder that has no further names, and then for the folder itself.
+/// Whether a file has only been given a further name, and was written so long ago that it is on the disk.
+bool isOnDisk(const FileSystem &files, const Folder &folder, const std::string &name)
+{
+    constexpr std::chrono::minutes longAgo(5);
+    const std::optional<EntryStatus> status = files.statusOf(folder, name);
+    const std::chrono::nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
+    return status && status->names > 1 && now - status->modified > longAgo;
+}
+
+/// Calls `work` for every file below a folder that may not be on the disk, and then for the folder itself.
 template <typename Work>
 void forEachBelow(FileSystem &files, const Folder &folder, const Work &work)
 {
     for (const FolderEntry &entry : files.list(folder)) {
         if (entry.kind == FileKind::Directory)
             forEachBelow(files, files.openFolder(folder, entry.name), work);
-        else if (entry.kind == FileKind::Regular && !hasFurtherNames(files, folder, entry.name))
+        else if (entry.kind == FileKind::Regular && !isOnDisk(files, folder, entry.name))
             work(files.openFile(folder, entry.name));
     }
     work(folder);

@@ -32,9 +32,9 @@ void removeTree(FileSystem &files, const Place &place);
 /// Whether a file in a folder, hidden or not, may have a name elsewhere too, through which it would change.
 bool sharesFiles(const FileSystem &files, const Place &place);
 
-/// Flushes folders of one volume, with everything in them but files that were shared. The disk begins to
-/// write all of them before any is waited for; when they are many, their whole volume is flushed at once,
-/// which is faster.
+/// Flushes folders of one volume, with everything in them but files that were shared, and written long
+/// before. The disk begins to write all of them before any is waited for; when they are many, their whole
+/// volume is flushed at once, which is faster.
 void flushTrees(FileSystem &files, std::span<const std::filesystem::path> folders);
 
 } // namespace vornel

@@ -175,6 +175,22 @@ bool SkillHistory::wasMerged(const QUuid &id, VersionOrigin origin, const std::s
     return anyHolds(id, merged, TreeFilter::excludingManifest, digest);
 }
 
+bool SkillHistory::keepIfChanged(const SkillManifest &manifest, VersionOrigin origin, const fs::path &former,
+                                 const FileTreeSnapshot &asRead, TreeFilter filter) const
+{
+    bool isAsRead = false;
+    bestEffort([&] {
+        const FileTreeSnapshot now = read(former, filter);
+        isAsRead = now.digest == asRead.digest && (now.isWhole || !asRead.isWhole);
+    });
+    if (isAsRead)
+        return false;
+    const fs::path place = placeForReplaced(manifest, origin);
+    createFolders(m_files, place.parent_path(), Durability::Now);
+    moveApart(m_files, former, place, m_config.staging());
+    return true;
+}
+
 /// The folder came from a target, and somebody may still stand in it: nothing in it may share a file. So a
 /// copy that does takes its place. One with hidden entries stays, since nobody copies these.
 void SkillHistory::shareReplaced(const fs::path &entry) const noexcept

@@ -71,6 +71,12 @@ public:
     bool wasMerged(const QUuid &id, VersionOrigin origin, const std::string &result,
                    const std::string &digest) const;
 
+    /// Keeps a folder that has been replaced if it is no longer what was read of it, with this filter.
+    /// Returns whether it is kept, and gone from where it stood.
+    bool keepIfChanged(const SkillManifest &manifest, VersionOrigin origin,
+                       const std::filesystem::path &former, const FileTreeSnapshot &asRead,
+                       TreeFilter filter) const;
+
     /// Lets an entry that was put in its place by an exchange share what it has in common with others. What
     /// can't be done is left: nothing is lost by it.
     void shareReplaced(const std::filesystem::path &entry) const noexcept;

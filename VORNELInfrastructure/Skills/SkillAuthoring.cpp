@@ -104,12 +104,13 @@ SkillAuthoring::revise(SkillRecord skill,
     refuseNewer(skill.manifest);
     const SkillHistory history(m_workspace);
     const FormerFolder former = history.keepRevision(skill.manifest, skill.folder);
+    const SkillRecord before = skill;
     advanceRevision(skill.manifest);
 
     Stage stage = m_store.makeStage();
     make(stage.path(), former);
     m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
-    m_store.replaceCanonical(skill.folder, std::move(stage), former.keptAs);
+    replaceFolder(before, std::move(stage), former);
     SkillChange &change = m_workspace.changes[skill.manifest.id];
     change.revision = skill.manifest.revision;
     change.formerContent = former.tree.contentDigest();
@@ -156,6 +157,21 @@ SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
     keepRevision(skill);
     TargetSynchronizer(m_workspace).setAside(skill, target);
     return makeDetail(m_workspace, skill);
+}
+
+void SkillAuthoring::replaceFolder(const SkillRecord &skill, Stage stage, const FormerFolder &former) const
+{
+    const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + skill.manifest.slug;
+    const fs::path backup = m_workspace.config.recovery() / pathFromText(name);
+    StagedFolder staged{std::move(stage), {.path = skill.folder, .backup = backup, .keptAs = former.keptAs}};
+    const fs::path left = commit(m_workspace.files, staged);
+    if (left.empty())
+        return;
+    bestEffort([&] {
+        if (!SkillHistory(m_workspace)
+                 .keepIfChanged(skill.manifest, VersionOrigin::library, left, former.tree, TreeFilter::all))
+            m_store.discard(left);
+    });
 }
 
 /// Keeps what was edited by hand in the history before it is installed. Otherwise the copies would later seem

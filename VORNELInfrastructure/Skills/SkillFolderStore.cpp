@@ -93,16 +93,6 @@ std::optional<QByteArray> SkillFolderStore::fileBytes(const fs::path &folder,
     return readFile(m_files, path, SkillFiles::sizeLimit);
 }
 
-void SkillFolderStore::replaceCanonical(const fs::path &skill, Stage stage, const fs::path &keptAs) const
-{
-    const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + pathText(skill.filename());
-    const fs::path backup = m_config.recovery() / pathFromText(name);
-    StagedFolder staged{std::move(stage), {.path = skill, .backup = backup, .keptAs = keptAs}};
-    const fs::path former = commit(m_files, staged);
-    if (!former.empty())
-        bestEffort([&] { discard(former); });
-}
-
 void SkillFolderStore::discard(const fs::path &folder) const
 {
     const bool isOutOfSight =

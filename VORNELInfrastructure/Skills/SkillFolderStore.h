@@ -43,12 +43,6 @@ public:
     std::optional<QByteArray> fileBytes(const std::filesystem::path &folder,
                                         const QString &relativePath) const;
 
-    /// Replaces the skill's folder by the staged one, flushed to the disk. Whatever fails, the skill stands
-    /// whole in its place or, on a volume that can't exchange two folders, in the recovery folder. The former
-    /// folder is removed unless `keptAs` says where it is kept.
-    void replaceCanonical(const std::filesystem::path &skill, Stage stage,
-                          const std::filesystem::path &keptAs) const;
-
     /// Deletes a folder. It is moved to the staging folder first, so that an interrupted deletion never
     /// leaves half a folder in its place.
     void discard(const std::filesystem::path &folder) const;

@@ -16,15 +16,17 @@ public:
     static std::optional<FileRenewal> between(const FileSystem &files, const FileTreeSnapshot &copy,
                                               const FileTreeSnapshot &content);
 
-    /// Replaces the file in one step; it is on the disk then.
+    /// Replaces the file in one step; it is on the disk then. Throws `integrityFailure` where the file is no
+    /// longer the one that was read.
     void run(FileSystem &files) const;
 
 private:
-    FileRenewal(std::filesystem::path path, QByteArray bytes)
-        : m_path(std::move(path)), m_bytes(std::move(bytes))
+    FileRenewal(std::filesystem::path path, std::string digest, QByteArray bytes)
+        : m_path(std::move(path)), m_formerDigest(std::move(digest)), m_bytes(std::move(bytes))
     {}
 
     std::filesystem::path m_path;
+    std::string m_formerDigest;
     QByteArray m_bytes;
 };
 

@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <ranges>
-#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -171,7 +170,7 @@ void TargetSynchronizer::prepareRoot(TargetKind kind) const
 Install TargetSynchronizer::stage(const SkillManifest &manifest, const FileTreeSnapshot &content,
                                   const Failures &unusable, const QSet<TargetKind> &leftAlone) const
 {
-    Install install{manifest.id, content.digest, leftAlone};
+    Install install{manifest, content.digest, leftAlone};
     Looks looks;
     install.failures = failuresOf([&](TargetKind kind) {
         if (leftAlone.contains(kind))
@@ -193,18 +192,18 @@ void TargetSynchronizer::stageCopy(Install &install, const SkillManifest &manife
                                    const FileTreeSnapshot &content, TargetKind kind, Looks &looks) const
 {
     CommitPlace destination{.path = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
-    std::optional<FileTreeSnapshot> discarded;
+    const FileTreeSnapshot *discarded = nullptr;
     if (m_workspace.files.kindAt(destination.path)) {
-        FileTreeSnapshot former = contentOf(destination.path);
-        if (former.digest == content.digest)
+        FileTreeSnapshot found = contentOf(destination.path);
+        if (found.digest == content.digest)
             return;
-        install.formers.emplace(kind, former.digest);
+        const FileTreeSnapshot &former = install.formers.emplace(kind, std::move(found)).first->second;
         if (isHeld(manifest.id, former, looks)) {
             if (auto renewal = FileRenewal::between(m_workspace.files, former, content)) {
                 install.renewals.emplace(kind, std::move(*renewal));
                 return;
             }
-            discarded = std::move(former);
+            discarded = &former;
         } else {
             destination.keptAs = m_history.placeForReplaced(manifest, originOfCopy(kind));
         }
@@ -245,27 +244,30 @@ TargetSynchronizer::Failures TargetSynchronizer::finish(const Install &install,
                                                         const CopyResults &results) const
 {
     Failures failures = install.failures;
-    std::set<std::string> kept;
+    std::map<std::string, fs::path> kept; // by their digests
     for (const auto &[kind, result] : results) {
         if (result.failure) {
             failures.emplace(kind, result.failure);
             continue;
         }
-        discardFormer(result.former);
         const auto former = install.formers.find(kind);
-        m_workspace.changes[install.id].copies[kind] = {
-            former == install.formers.end() ? std::nullopt : std::optional(former->second), install.digest};
+        const bool hadCopy = former != install.formers.end();
+        m_workspace.changes[install.manifest.id].copies[kind] = {
+            hadCopy ? std::optional(former->second.digest) : std::nullopt, install.digest};
+        if (const auto lost = failureOf([&] { releaseFormer(install, kind, result.former); }))
+            failures.emplace(kind, lost);
         const auto copy = install.copies.find(kind);
         if (copy == install.copies.end() || copy->second.destination.keptAs.empty())
             continue;
         const fs::path &keptAs = copy->second.destination.keptAs;
-        const bool isFirst = kept.insert(former->second).second;
-        if (!isFirst && holdsOnly(keptAs, former->second))
+        const std::string &digest = former->second.digest;
+        const auto [first, isFirst] = kept.try_emplace(digest, keptAs);
+        if (!isFirst && holdsOnly(first->second, digest) && holdsOnly(keptAs, digest))
             discardFormer(keptAs); // the other target had the same, which is kept
         else
             m_history.shareReplaced(keptAs);
     }
-    remember(install.id, failures, install.leftAlone);
+    remember(install.manifest.id, failures, install.leftAlone);
     return failures;
 }
 
@@ -279,6 +281,17 @@ bool TargetSynchronizer::holdsOnly(const fs::path &folder, const std::string &di
         holds = content.isWhole && content.digest == digest;
     });
     return holds;
+}
+
+/// What was written there since the copy was read is kept.
+void TargetSynchronizer::releaseFormer(const Install &install, TargetKind kind, const fs::path &former) const
+{
+    if (former.empty())
+        return;
+    const FileTreeSnapshot &asRead = install.formers.at(kind);
+    if (!m_history.keepIfChanged(install.manifest, originOfCopy(kind), former, asRead,
+                                 TreeFilter::excludingManifest))
+        discardFormer(former);
 }
 
 void TargetSynchronizer::discardFormer(const fs::path &former) const

@@ -17,12 +17,12 @@ namespace vornel {
 /// What is staged of one skill for the targets.
 struct Install
 {
-    QUuid id;
-    std::string digest = {};                         ///< of their content
-    QSet<TargetKind> leftAlone = {};                 ///< the targets that it isn't about
-    std::map<TargetKind, StagedFolder> copies = {};  ///< for the targets where more than a file is wrong
-    std::map<TargetKind, FileRenewal> renewals = {}; ///< for those where one file of it isn't
-    std::map<TargetKind, std::string> formers = {};  ///< digests of the copies that are there
+    SkillManifest manifest;
+    std::string digest = {};                             ///< of their content
+    QSet<TargetKind> leftAlone = {};                     ///< the targets that it isn't about
+    std::map<TargetKind, StagedFolder> copies = {};      ///< for the targets where more than a file is wrong
+    std::map<TargetKind, FileRenewal> renewals = {};     ///< for those where one file of it isn't
+    std::map<TargetKind, FileTreeSnapshot> formers = {}; ///< the copies that are there
     std::map<TargetKind, std::exception_ptr> failures = {}; ///< of the targets for which none could be staged
 
     std::vector<std::filesystem::path> stages() const;
@@ -86,6 +86,7 @@ private:
     bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
     void prepareRoot(TargetKind kind) const;
 
+    void releaseFormer(const Install &install, TargetKind kind, const std::filesystem::path &former) const;
     /// Removes the folder that a copy has replaced, unless it is kept.
     void discardFormer(const std::filesystem::path &former) const;
     void removeTargetCopy(const SkillManifest &manifest, TargetKind kind) const;

@@ -11,8 +11,9 @@
 namespace vornel {
 
 /// The digests of files that were read before, so that a file that has not changed need not be read again.
-/// A file is known by its number, size and times: a change is missed only within the operation in which it
-/// was read, as one would be that comes just after. May be used from several threads.
+/// A file is known by its number, size and times. A change is missed where it comes within the operation that
+/// reads the file, as one would be that comes just after, and leaves the size and the time as they were. May
+/// be used from several threads.
 class FileDigests
 {
 public:

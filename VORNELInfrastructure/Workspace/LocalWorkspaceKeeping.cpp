@@ -98,7 +98,7 @@ QFuture<SkillDetail> LocalWorkspaceService::restoreAsSkill(QString id, QString s
 QFuture<SkillDetail> LocalWorkspaceService::restoreAsRevision(QString id, QUuid skill,
                                                               std::optional<qint64> expectedRevision)
 {
-    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+    return performUndoable(UndoableAction::reversion, [=](const Workspace &workspace) {
         return SetAsideRestore(workspace).asRevision(id, skill, expectedRevision);
     });
 }

@@ -232,6 +232,76 @@ TEST(Install, KeepsAStrangersFolderEvenWhenTheSkillIsDeleted)
     EXPECT_EQ(workspace.trees(history, "replaced-codex-"), std::vector{stranger});
 }
 
+/// A skill whose copies are written to just before something takes the place of what stands at a path.
+class LateWriter : public testing::Test, protected TestWorkspace
+{
+protected:
+    LateWriter() : TestWorkspace(std::make_shared<SteppedFileSystem>()), demo(create(u"demo"_s).manifest.id)
+    {}
+
+    void writeBefore(RenameMode mode, const std::string &replaced, const std::string &file)
+    {
+        static_cast<SteppedFileSystem &>(*manager).around =
+            [=, this, isDone = false](const Step &step, const SteppedFileSystem::Make &make) mutable {
+                if (step.kind == Step::Kind::Rename && step.mode == mode && !isDone &&
+                    fs::path(step.to->folder.path) / step.to->name == path(replaced)) {
+                    isDone = true;
+                    write(file, "late");
+                }
+                make();
+            };
+    }
+
+    /// How many texts of this kind the history holds.
+    std::ptrdiff_t kept(const std::string &text) const
+    {
+        const fs::path history = path("workspace/.vornel/history/" + uuidText(demo).toStdString());
+        std::ptrdiff_t found = 0;
+        for (const auto &entry : fs::recursive_directory_iterator(history)) {
+            const bool isThere = entry.is_regular_file() && bytesOf(entry.path()) == text;
+            EXPECT_TRUE(!isThere || entry.hard_link_count() == 1) << entry.path();
+            found += isThere ? 1 : 0;
+        }
+        return found;
+    }
+
+    const QUuid demo;
+};
+
+TEST_F(LateWriter, LosesNothingInAFolderThatIsReplaced)
+{
+    write("workspace/skills/demo/added", "more");
+    writeBefore(RenameMode::Exchange, "claude/demo", "claude/demo/late");
+    service->saveSkill(demo, 1, u"two"_s).result();
+    EXPECT_EQ(kept("late"), 1);
+    EXPECT_FALSE(fs::exists(path("claude/demo/late")));
+
+    writeBefore(RenameMode::Exchange, "workspace/skills/demo", "workspace/skills/demo/late");
+    service->saveSkill(demo, 2, u"three"_s).result();
+    EXPECT_EQ(kept("late"), 2);
+}
+
+TEST_F(LateWriter, LosesNothingThatTheOtherCopyHadToo)
+{
+    for (const char *copy : {"claude/demo/own", "codex/demo/own"})
+        write(copy, "of both");
+    writeBefore(RenameMode::Exchange, "claude/demo", "claude/demo/own");
+    service->synchronize(demo).result();
+    EXPECT_EQ(kept("late"), 1);
+    EXPECT_EQ(kept("of both"), 1);
+}
+
+TEST_F(LateWriter, KeepsAFileThatWasToBeReplaced)
+{
+    writeBefore(RenameMode::OntoFile, "claude/demo/SKILL.md", "codex/demo/SKILL.md");
+    EXPECT_EQ(errorOf([&] { service->saveSkill(demo, 1, u"two"_s).result(); }),
+              Error::partialSync({TargetKind::codex}));
+    EXPECT_EQ(bytesOf(path("codex/demo/SKILL.md")), "late");
+    service->synchronize(demo).result();
+    EXPECT_EQ(kept("late"), 1);
+    EXPECT_EQ(bytesOf(path("codex/demo/SKILL.md")), "two");
+}
+
 TEST(Swap, WorksWhereAFolderCannotEvenBeRenamed)
 {
     const auto files = std::make_shared<FaultyFileSystem>();
