@@ -89,6 +89,14 @@ void photographSetAside(const Photographer &photographer, Studio &studio)
     photographer.click(u"Masquer les copies"_s);
 }
 
+void photographHistoryRoom(const Photographer &photographer)
+{
+    photographer.click(u"Libérer de la place…"_s);
+    Studio::rest();
+    photographer.take(u"trash-history"_s);
+    photographer.click(u"Fermer"_s);
+}
+
 } // namespace
 
 void photographTrash(Photographer &photographer, Studio &studio)
@@ -99,6 +107,7 @@ void photographTrash(Photographer &photographer, Studio &studio)
     photographer.take(u"trash"_s);
     photographQuestions(photographer);
     photographSetAside(photographer, studio);
+    photographHistoryRoom(photographer);
     photographer.click(u"Sélectionner"_s);
     for (const int number : {0, 2, 3})
         photographer.click(names.at(number));
