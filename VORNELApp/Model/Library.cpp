@@ -57,12 +57,25 @@ QCoro::Task<> Library::read()
 {
     ++m_readings;
     const auto end = qScopeGuard([this] { --m_readings; });
+    const quint64 number = ++m_asked;
     try {
-        show(co_await m_service->reload());
+        const WorkspaceOverview overview = co_await m_service->reload();
+        if (isNews(number))
+            show(overview);
     } catch (const std::exception &) {
-        setCurrent(false);
+        if (isNews(number))
+            setCurrent(false);
         throw;
     }
+}
+
+/// Whether this reading's answer comes before those of the later ones.
+bool Library::isNews(quint64 number)
+{
+    if (number < m_answered)
+        return false;
+    m_answered = number;
+    return true;
 }
 
 QCoro::Task<> Library::readQuietly()

@@ -65,6 +65,7 @@ Q_SIGNALS:
     void wasRead();
 
 private:
+    bool isNews(quint64 number);
     void setCurrent(bool isCurrent);
 
     const std::shared_ptr<WindowServicing> m_service;
@@ -74,7 +75,9 @@ private:
     WrongCopies m_wrongCopies;
     HandEdits m_handEdits;
     bool m_isCurrent = true;
-    int m_readings = 0; ///< that are under way
+    int m_readings = 0;     ///< that are under way
+    quint64 m_asked = 0;    ///< the number of the last reading
+    quint64 m_answered = 0; ///< and of the last that has ended
 };
 
 } // namespace vornel
