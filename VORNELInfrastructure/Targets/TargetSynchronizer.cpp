@@ -211,7 +211,7 @@ void TargetSynchronizer::stageCopy(Install &install, const SkillManifest &manife
             destination.keptAs.empty() ? recoveryPlace(u"-"_s, kind, manifest.slug) : destination.keptAs;
     }
     StagedFolder copy{m_store.makeStage(), destination};
-    if (discarded)
+    if (discarded != nullptr)
         copyTakingOver(m_workspace.files, content, *discarded, copy.stage.path());
     else
         SecureFileTree::copyTree(m_workspace.files, content.root, copy.stage.path(),
