@@ -235,8 +235,11 @@ CopyResults TargetSynchronizer::rename(Install &install, Commit &commit) const
     CopyResults results;
     for (auto &[kind, copy] : install.copies)
         results.emplace(kind, commit.rename(copy));
-    for (const auto &[kind, renewal] : install.renewals)
-        results.emplace(kind, CommitResult{.failure = failureOf([&] { renewal.run(m_workspace.files); })});
+    for (const auto &staged : install.renewals) {
+        const FileRenewal &renewal = staged.second;
+        results.emplace(staged.first,
+                        CommitResult{.failure = failureOf([&] { renewal.run(m_workspace.files); })});
+    }
     return results;
 }
 
@@ -244,31 +247,45 @@ TargetSynchronizer::Failures TargetSynchronizer::finish(const Install &install,
                                                         const CopyResults &results) const
 {
     Failures failures = install.failures;
-    std::map<std::string, fs::path> kept; // by their digests
+    KeptCopies kept;
     for (const auto &[kind, result] : results) {
-        if (result.failure) {
-            failures.emplace(kind, result.failure);
-            continue;
-        }
-        const auto former = install.formers.find(kind);
-        const bool hadCopy = former != install.formers.end();
-        m_workspace.changes[install.manifest.id].copies[kind] = {
-            hadCopy ? std::optional(former->second.digest) : std::nullopt, install.digest};
-        if (const auto lost = failureOf([&] { releaseFormer(install, kind, result.former); }))
-            failures.emplace(kind, lost);
-        const auto copy = install.copies.find(kind);
-        if (copy == install.copies.end() || copy->second.destination.keptAs.empty())
-            continue;
-        const fs::path &keptAs = copy->second.destination.keptAs;
-        const std::string &digest = former->second.digest;
-        const auto [first, isFirst] = kept.try_emplace(digest, keptAs);
-        if (!isFirst && holdsOnly(first->second, digest) && holdsOnly(keptAs, digest))
-            discardFormer(keptAs); // the other target had the same, which is kept
-        else
-            m_history.shareReplaced(keptAs);
+        if (const auto failure = result.failure ? result.failure : settle(install, kind, result.former, kept))
+            failures.emplace(kind, failure);
     }
     remember(install.manifest.id, failures, install.leftAlone);
     return failures;
+}
+
+/// What was written into the former copy since it was read is kept.
+std::exception_ptr TargetSynchronizer::settle(const Install &install, TargetKind kind, const fs::path &left,
+                                              KeptCopies &kept) const
+{
+    const auto former = install.formers.find(kind);
+    const bool hadCopy = former != install.formers.end();
+    m_workspace.changes[install.manifest.id].copies[kind] = {
+        hadCopy ? std::optional(former->second.digest) : std::nullopt, install.digest};
+    if (!hadCopy)
+        return nullptr;
+    const FileTreeSnapshot &asRead = former->second;
+    const auto copy = install.copies.find(kind);
+    if (copy != install.copies.end() && !copy->second.destination.keptAs.empty())
+        keepOnce(copy->second.destination.keptAs, asRead.digest, kept);
+    if (left.empty())
+        return nullptr;
+    return failureOf([&] {
+        if (!m_history.keepIfChanged(install.manifest, originOfCopy(kind), left, asRead,
+                                     TreeFilter::excludingManifest))
+            discardFormer(left);
+    });
+}
+
+void TargetSynchronizer::keepOnce(const fs::path &entry, const std::string &digest, KeptCopies &kept) const
+{
+    const auto [first, isFirst] = kept.try_emplace(digest, entry);
+    if (!isFirst && holdsOnly(first->second, digest) && holdsOnly(entry, digest))
+        discardFormer(entry);
+    else
+        m_history.shareReplaced(entry);
 }
 
 /// Whether a folder has this content, and nothing hidden beside it: all of it is read anew.
@@ -281,17 +298,6 @@ bool TargetSynchronizer::holdsOnly(const fs::path &folder, const std::string &di
         holds = content.isWhole && content.digest == digest;
     });
     return holds;
-}
-
-/// What was written there since the copy was read is kept.
-void TargetSynchronizer::releaseFormer(const Install &install, TargetKind kind, const fs::path &former) const
-{
-    if (former.empty())
-        return;
-    const FileTreeSnapshot &asRead = install.formers.at(kind);
-    if (!m_history.keepIfChanged(install.manifest, originOfCopy(kind), former, asRead,
-                                 TreeFilter::excludingManifest))
-        discardFormer(former);
 }
 
 void TargetSynchronizer::discardFormer(const fs::path &former) const

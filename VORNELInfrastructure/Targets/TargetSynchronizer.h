@@ -79,6 +79,9 @@ private:
     /// By the digest of a content, whether the history holds all of it.
     using Looks = std::map<std::string, bool>;
 
+    /// By the digest of a content, where an install has kept a copy that had it.
+    using KeptCopies = std::map<std::string, std::filesystem::path>;
+
     void stageCopy(Install &install, const SkillManifest &manifest, const FileTreeSnapshot &content,
                    TargetKind kind, Looks &looks) const;
     void install(const SkillManifest &manifest, Install install) const;
@@ -86,7 +89,9 @@ private:
     bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
     void prepareRoot(TargetKind kind) const;
 
-    void releaseFormer(const Install &install, TargetKind kind, const std::filesystem::path &former) const;
+    std::exception_ptr settle(const Install &install, TargetKind kind, const std::filesystem::path &left,
+                              KeptCopies &kept) const;
+    void keepOnce(const std::filesystem::path &entry, const std::string &digest, KeptCopies &kept) const;
     /// Removes the folder that a copy has replaced, unless it is kept.
     void discardFormer(const std::filesystem::path &former) const;
     void removeTargetCopy(const SkillManifest &manifest, TargetKind kind) const;
