@@ -10,9 +10,9 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-namespace {
-
 using Entry = FileTreeSnapshot::Entry;
+
+namespace {
 
 bool haveSamePlace(const Entry &one, const Entry &other)
 {

@@ -11,9 +11,9 @@ namespace vornel {
 
 namespace fs = std::filesystem;
 
-namespace {
-
 using Entry = FileTreeSnapshot::Entry;
+
+namespace {
 
 /// Opens folders by their paths; one that is asked for again stays open meanwhile.
 class LastFolder
