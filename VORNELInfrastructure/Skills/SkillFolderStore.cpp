@@ -7,7 +7,6 @@
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 
 #include <limits>
