@@ -18,6 +18,7 @@
 #include <fstream>
 #include <random>
 #include <set>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -113,6 +114,7 @@ int main()
     Edited many(service, u"many"_s);
     fill(path / "workspace/skills/many");
     many.synchronize();
+    std::this_thread::sleep_for(std::chrono::seconds(3)); // files that are just being written are read each time
 
     std::vector<double> ratios;
     std::vector<double> seconds;

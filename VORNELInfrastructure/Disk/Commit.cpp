@@ -2,7 +2,6 @@
 
 #include "BestEffort.h"
 #include "FileOperations.h"
-#include "TreeOperations.h"
 
 #include <ranges>
 #include <system_error>
@@ -174,6 +173,11 @@ void Commit::flush(const std::vector<fs::path> &stages)
     m_flushFailure = failureOf([&] { flushTrees(m_files, stages); });
 }
 
+void Commit::flush(const Unflushed &unflushed)
+{
+    m_flushFailure = failureOf([&] { vornel::flush(m_files, unflushed); });
+}
+
 CommitResult Commit::rename(StagedFolder &folder)
 {
     if (m_flushFailure)
@@ -194,6 +198,15 @@ const Folder &Commit::opened(const fs::path &path)
                                       : m_renamedIn.emplace(path, m_files.openFolder(path)).first->second;
 }
 
+fs::path Commit::finish(StagedFolder &folder)
+{
+    CommitResult result = rename(folder);
+    flushNames();
+    if (result.failure)
+        std::rethrow_exception(result.failure);
+    return std::move(result.former);
+}
+
 void Commit::flushNames() noexcept
 {
     for (const Folder &folder : m_renamedIn | std::views::values)
@@ -204,12 +217,15 @@ void Commit::flushNames() noexcept
 fs::path commit(FileSystem &files, StagedFolder &folder)
 {
     Commit one(files);
-    one.flush({folder.stage.path()});
-    CommitResult result = one.rename(folder);
-    one.flushNames();
-    if (result.failure)
-        std::rethrow_exception(result.failure);
-    return std::move(result.former);
+    one.flush(std::vector{folder.stage.path()});
+    return one.finish(folder);
+}
+
+fs::path commit(FileSystem &files, StagedFolder &folder, const Unflushed &unflushed)
+{
+    Commit one(files);
+    one.flush(unflushed);
+    return one.finish(folder);
 }
 
 } // namespace vornel

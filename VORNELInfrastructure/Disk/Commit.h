@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Stage.h"
+#include "TreeOperations.h"
 
 #include <exception>
 #include <map>
@@ -50,12 +51,19 @@ public:
     /// for the same reason, and does nothing.
     void flush(const std::vector<std::filesystem::path> &stages);
 
+    /// The same for what is known not to be there yet.
+    void flush(const Unflushed &unflushed);
+
     /// Puts a flushed folder in its place. The folder that it replaces is never missing where the volume can
     /// exchange two folders; elsewhere it is for the moment between two renames.
     CommitResult rename(StagedFolder &folder);
 
     /// Waits until the new names are on the disk.
     void flushNames() noexcept;
+
+    /// `rename` and `flushNames` for a single folder. Throws its failure; returns where the former folder
+    /// stands.
+    std::filesystem::path finish(StagedFolder &folder);
 
 private:
     const Folder &opened(const std::filesystem::path &path);
@@ -65,7 +73,8 @@ private:
     std::map<std::filesystem::path, Folder> m_renamedIn; ///< the folders whose names have changed
 };
 
-/// Does all three for one folder. Throws its failure; returns where the former folder stands.
+/// Flushes one folder, or what is known not to be on the disk of it, and finishes it.
 std::filesystem::path commit(FileSystem &files, StagedFolder &folder);
+std::filesystem::path commit(FileSystem &files, StagedFolder &folder, const Unflushed &unflushed);
 
 } // namespace vornel

@@ -46,6 +46,12 @@ struct Folder
     std::string path; ///< where it was opened, for messages
 };
 
+/// How a file has been put at another place.
+enum class Sharing {
+    Clone, ///< where the volume makes such; its bytes are to be flushed
+    Name   ///< of the same file
+};
+
 /// What the disk says of an entry without reading it. Times are since 1970 (UTC).
 struct EntryStatus
 {
@@ -183,11 +189,10 @@ public:
     /// when anything stands at `to`.
     virtual void copyLink(const Place &from, const Place &to) = 0;
 
-    /// Puts what a file holds at another place of its volume, where it takes no room of its own: as a clone
-    /// where the volume makes such, whose bytes are to be flushed, and otherwise as a further name of the
-    /// file. `file_exists` when anything stands at `to`; other errors where the volume can do neither, or the
-    /// file has as many names as it may.
-    virtual void share(const Place &from, const Place &to) = 0;
+    /// Puts what a file holds at another place of its volume, where it takes no room of its own.
+    /// `file_exists` when anything stands at `to`; other errors where the volume can do neither, or the file
+    /// has as many names as it may.
+    virtual Sharing share(const Place &from, const Place &to) = 0;
 
     /// Gives a file or folder the permissions and times of another. Both must exist.
     virtual void copyAttributes(const Place &from, const Place &to) = 0;

@@ -146,17 +146,17 @@ void PosixFileSystem::copyLink(const Place &from, const Place &to)
         fail("symlink", pathOf(to));
 }
 
-void PosixFileSystem::share(const Place &from, const Place &to)
+Sharing PosixFileSystem::share(const Place &from, const Place &to)
 {
     refuseSeveralComponents(from.name);
     refuseSeveralComponents(to.name);
     if (isCloned(from, to))
-        return;
+        return Sharing::Clone;
     if (::linkat(from.folder.descriptor.fd(), from.name.c_str(), to.folder.descriptor.fd(), to.name.c_str(),
                  0) != 0)
         fail("link", pathOf(to));
     if (kindOf(to.folder, to.name) == FileKind::Regular)
-        return;
+        return Sharing::Name;
     PosixFileSystem::remove(to.folder, to.name); // what stood there has become a link, say
     errno = EINVAL;
     fail("link", pathOf(from));

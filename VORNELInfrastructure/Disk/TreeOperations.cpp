@@ -2,6 +2,7 @@
 
 #include "BestEffort.h"
 #include "FileOperations.h"
+#include "LastFolder.h"
 
 #include <algorithm>
 #include <chrono>
@@ -47,32 +48,19 @@ bool isOnDisk(const FileSystem &files, const Folder &folder, const std::string &
     return status && status->names > 1 && now - status->modified > longAgo;
 }
 
-/// Calls `work` for every file below a folder that may not be on the disk, and then for the folder itself.
-template <typename Work>
-void forEachBelow(FileSystem &files, const Folder &folder, const Work &work)
+/// Has the files below a folder written that may not be on the disk, without waiting for it.
+void startWriting(FileSystem &files, const Folder &folder, Unflushed &unflushed)
 {
     for (const FolderEntry &entry : files.list(folder)) {
-        if (entry.kind == FileKind::Directory)
-            forEachBelow(files, files.openFolder(folder, entry.name), work);
-        else if (entry.kind == FileKind::Regular && !isOnDisk(files, folder, entry.name))
-            work(files.openFile(folder, entry.name));
+        if (entry.kind == FileKind::Directory) {
+            startWriting(files, files.openFolder(folder, entry.name), unflushed);
+        } else if (entry.kind == FileKind::Regular && !isOnDisk(files, folder, entry.name)) {
+            files.startWriting(files.openFile(folder, entry.name));
+            unflushed.files.push_back(fs::path(folder.path) / entry.name);
+        }
     }
-    work(folder);
+    unflushed.folders.emplace_back(folder.path);
 }
-
-struct WriteStart
-{
-    FileSystem &files;
-    void operator()(const File &file) const { files.startWriting(file); }
-    void operator()(const Folder & /*folder*/) const {}
-};
-
-struct WriteWait
-{
-    FileSystem &files;
-    void operator()(const File &file) const { files.flush(file); }
-    void operator()(const Folder &folder) const { files.flush(folder); }
-};
 
 void copyEntry(FileSystem &files, const Place &from, const Place &to)
 {
@@ -114,7 +102,7 @@ void flushEntry(FileSystem &files, const Place &place)
     if (kind == FileKind::Regular)
         files.flush(files.openFile(place.folder, place.name));
     else if (kind == FileKind::Directory)
-        forEachBelow(files, files.openFolder(place.folder, place.name), WriteWait{files});
+        flushTrees(files, {{fs::path(place.folder.path) / place.name}});
 }
 
 /// Gives an entry a temporary name. Returns false where not even its name can be changed, as that of a folder
@@ -216,15 +204,24 @@ try {
     return true; // to copy it is right in any case
 }
 
+void flush(FileSystem &files, const Unflushed &unflushed)
+{
+    LastFolder folders(files);
+    for (const fs::path &file : unflushed.files)
+        files.flush(files.openFile(folders.at(file.parent_path()), file.filename()));
+    for (const fs::path &folder : unflushed.folders)
+        files.flush(files.openFolder(folder));
+}
+
 void flushTrees(FileSystem &files, std::span<const fs::path> folders)
 {
     constexpr std::size_t many = 8;
     if (folders.size() >= many)
         return files.flushVolume(files.openFolder(folders.front()));
+    Unflushed unflushed;
     for (const fs::path &folder : folders)
-        forEachBelow(files, files.openFolder(folder), WriteStart{files});
-    for (const fs::path &folder : folders)
-        forEachBelow(files, files.openFolder(folder), WriteWait{files});
+        startWriting(files, files.openFolder(folder), unflushed);
+    flush(files, unflushed);
 }
 
 std::string copyToVolume(FileSystem &files, const Place &from, const Folder &to)

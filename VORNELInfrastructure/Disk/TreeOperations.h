@@ -32,6 +32,16 @@ void removeTree(FileSystem &files, const Place &place);
 /// Whether a file in a folder, hidden or not, may have a name elsewhere too, through which it would change.
 bool sharesFiles(const FileSystem &files, const Place &place);
 
+/// What has to be waited for until it is on the disk: files, and folders, each after those in it.
+struct Unflushed
+{
+    std::vector<std::filesystem::path> files;
+    std::vector<std::filesystem::path> folders;
+};
+
+/// Flushes these.
+void flush(FileSystem &files, const Unflushed &unflushed);
+
 /// Flushes folders of one volume, with everything in them but files that were shared, and written long
 /// before. The disk begins to write all of them before any is waited for; when they are many, their whole
 /// volume is flushed at once, which is faster.

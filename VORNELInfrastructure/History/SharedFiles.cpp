@@ -1,9 +1,9 @@
 #include "SharedFiles.h"
 
-#include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
-#include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Tree/SharingCopy.h>
+
+#include <algorithm>
 
 namespace vornel {
 
@@ -18,27 +18,47 @@ bool isShareable(const FileTreeSnapshot::Entry &entry)
 
 } // namespace
 
-SharedFiles::SharedFiles(FileSystem &files, const fs::path &history, std::span<const std::string> entries,
-                         FileDigests &known)
-    : m_files(files)
+SharedFiles::SharedFiles(FileSystem &files, std::vector<fs::path> entries,
+                         std::function<Tree(const fs::path &)> read)
+    : m_files(files), m_unread(std::move(entries)), m_read(std::move(read))
 {
-    for (const std::string &entry : entries) {
-        bestEffort([&] {
-            const auto tree = SecureFileTree::snapshot(files, history / entry, TreeFilter::all, &known);
-            for (const FileTreeSnapshot::Entry &file : tree.entries) {
-                if (tree.isWhole && isShareable(file))
-                    m_byDigest.try_emplace(*file.fileDigest, tree.url(file));
-            }
-        });
+    std::ranges::reverse(m_unread);
+    readNext();
+}
+
+/// One with hidden files has nothing to share: it is a folder that somebody has worked in, and may still have
+/// open.
+void SharedFiles::readNext()
+{
+    if (m_unread.empty())
+        return;
+    const Tree entry = m_read(m_unread.back());
+    m_unread.pop_back();
+    if (!entry || !entry->isWhole)
+        return;
+    for (const FileTreeSnapshot::Entry &file : entry->entries) {
+        if (isShareable(file))
+            m_byDigest.try_emplace(*file.fileDigest, entry->url(file));
     }
 }
 
-void SharedFiles::copyTree(const FileTreeSnapshot &source, const fs::path &destination) const
+fs::path SharedFiles::find(const FileTreeSnapshot::Entry &file)
 {
-    copySharing(m_files, source, destination, [this](const FileTreeSnapshot::Entry &entry) {
-        const auto same = isShareable(entry) ? m_byDigest.find(*entry.fileDigest) : m_byDigest.end();
-        return same == m_byDigest.end() ? fs::path() : same->second;
-    });
+    constexpr std::int64_t much = 65'536;
+    if (!isShareable(file))
+        return {};
+    auto found = m_byDigest.find(*file.fileDigest);
+    while (found == m_byDigest.end() && file.size >= much && !m_unread.empty()) {
+        readNext();
+        found = m_byDigest.find(*file.fileDigest);
+    }
+    return found == m_byDigest.end() ? fs::path() : found->second;
+}
+
+Unflushed SharedFiles::copyTree(const FileTreeSnapshot &source, const fs::path &destination)
+{
+    return copySharing(m_files, source, destination,
+                       [this](const FileTreeSnapshot::Entry &entry) { return find(entry); });
 }
 
 } // namespace vornel

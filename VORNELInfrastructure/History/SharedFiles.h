@@ -1,12 +1,13 @@
 #pragma once
 
-#include <VORNELInfrastructure/Disk/FileSystem.h>
-#include <VORNELInfrastructure/Tree/FileDigests.h>
+#include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
 
+#include <functional>
 #include <map>
-#include <span>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace vornel {
 
@@ -15,16 +16,24 @@ namespace vornel {
 class SharedFiles
 {
 public:
-    /// An entry that can't be read has nothing to share. Nor has one with hidden entries: it is a folder that
-    /// somebody has worked in, and may still have open.
-    SharedFiles(FileSystem &files, const std::filesystem::path &history, std::span<const std::string> entries,
-                FileDigests &known);
+    using Tree = std::shared_ptr<const FileTreeSnapshot>;
 
-    /// Copies what was read of a tree to a new folder, and shares what it can instead of copying it.
-    void copyTree(const FileTreeSnapshot &source, const std::filesystem::path &destination) const;
+    /// The files of these entries, which are on the disk. `read` reads one, and returns nothing where that
+    /// can't be done: the first, and the others only where much is missing in those before.
+    SharedFiles(FileSystem &files, std::vector<std::filesystem::path> entries,
+                std::function<Tree(const std::filesystem::path &)> read);
+
+    /// Copies what was read of a tree to a new folder, and shares what it can instead of copying it. Returns
+    /// what of it isn't on the disk.
+    Unflushed copyTree(const FileTreeSnapshot &source, const std::filesystem::path &destination);
 
 private:
+    std::filesystem::path find(const FileTreeSnapshot::Entry &file);
+    void readNext();
+
     FileSystem &m_files;
+    std::vector<std::filesystem::path> m_unread; ///< the next one last
+    std::function<Tree(const std::filesystem::path &)> m_read;
     std::map<std::string, std::filesystem::path>
         m_byDigest; ///< the files but the manifest, and none that is empty
 };

@@ -48,26 +48,32 @@ fs::path SkillHistory::placeFor(const QUuid &id, const QString &name) const
     return m_config.historyOf(id) / pathFromText(name);
 }
 
-void SkillHistory::add(const SkillManifest &manifest, const fs::path &skillURL) const
+FileTreeSnapshot SkillHistory::add(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    StagedFolder copy = stage(manifest, skillURL);
-    commit(m_files, copy);
+    FileTreeSnapshot content = read(skillURL, TreeFilter::all);
+    keep(placeFor(manifest.id, revisionEntry(manifest.revision)), content);
+    return content;
 }
 
-StagedFolder SkillHistory::stage(const SkillManifest &manifest, const fs::path &skillURL) const
+StagedFolder SkillHistory::stageFirst(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    return stage(placeFor(manifest.id, revisionEntry(manifest.revision)), skillURL);
+    StagedFolder history{Stage(m_files, m_config.staging()), {.path = m_config.historyOf(manifest.id)}};
+    const fs::path entry = history.stage.path() / pathFromText(revisionEntry(manifest.revision));
+    SecureFileTree::copyTree(m_files, skillURL, entry, TreeFilter::all);
+    return history;
 }
 
-StagedFolder SkillHistory::stage(const fs::path &place, const fs::path &skillURL) const
+void SkillHistory::keep(const fs::path &place, const FileTreeSnapshot &content) const
 {
-    const bool isFirst = !m_files.kindAt(place.parent_path());
-    Stage stage(m_files, m_config.staging());
+    const fs::path history = place.parent_path();
+    const bool isFirst = !m_files.kindAt(history);
+    StagedFolder entry{Stage(m_files, m_config.staging()), {.path = isFirst ? history : place}};
+    const fs::path &stage = entry.stage.path();
+    Unflushed made = sharedFiles(history).copyTree(content, isFirst ? stage / place.filename() : stage);
     if (isFirst)
-        SecureFileTree::copyTree(m_files, skillURL, stage.path() / place.filename(), TreeFilter::all);
-    else
-        sharedFiles(place.parent_path()).copyTree(read(skillURL, TreeFilter::all), stage.path());
-    return {std::move(stage), {.path = isFirst ? place.parent_path() : place}};
+        made.folders.push_back(stage);
+    commit(m_files, entry, made);
+    treeOf(place); // a further name changes what is known of a file
 }
 
 fs::path SkillHistory::placeForReplaced(const SkillManifest &manifest, VersionOrigin origin) const
@@ -80,12 +86,27 @@ FileTreeSnapshot SkillHistory::read(const fs::path &folder, TreeFilter filter) c
     return SecureFileTree::snapshot(m_files, folder, filter, &m_digests);
 }
 
-/// Nothing for an entry that can't be read, which then counts as holding nothing.
+/// Nothing for an entry that can't be read, which then counts as holding nothing. What has come out of a
+/// target is read anew each time: somebody may still stand in it.
+EntryTrees::Tree SkillHistory::treeOf(const fs::path &entry) const
+{
+    EntryTrees::Tree tree;
+    bestEffort([&] {
+        const auto version = KeptVersion::named(entry.filename());
+        if (version && version->kind == HistoryKind::revision)
+            tree = m_entries.read(m_files, entry, m_digests);
+        else
+            tree = std::make_shared<FileTreeSnapshot>(read(entry, TreeFilter::all));
+    });
+    return tree;
+}
+
 std::optional<std::string> SkillHistory::digestOf(const fs::path &entry, TreeFilter filter) const
 {
-    std::optional<std::string> digest;
-    bestEffort([&] { digest = read(entry, filter).digest; });
-    return digest;
+    const EntryTrees::Tree tree = treeOf(entry);
+    if (!tree)
+        return std::nullopt;
+    return filter == TreeFilter::all ? tree->digest : tree->contentDigest();
 }
 
 std::vector<KeptVersion> SkillHistory::versions(const QUuid &id) const
@@ -119,10 +140,13 @@ std::vector<KeptVersion> SkillHistory::ownVersions(const SkillManifest &manifest
     return own;
 }
 
-bool SkillHistory::anyHolds(const QUuid &id, const std::vector<KeptVersion> &versions, TreeFilter filter,
+/// Those that have been read are asked first.
+bool SkillHistory::anyHolds(const QUuid &id, std::vector<KeptVersion> versions, TreeFilter filter,
                             const std::string &digest) const
 {
     const fs::path history = m_config.historyOf(id);
+    std::ranges::stable_partition(
+        versions, [&](const KeptVersion &version) { return m_entries.isRead(history / version.entry); });
     return std::ranges::any_of(versions, [&](const KeptVersion &version) {
         return digestOf(history / version.entry, filter) == digest;
     });
@@ -148,9 +172,9 @@ FormerFolder SkillHistory::keepRevision(const SkillManifest &manifest, const fs:
     FileTreeSnapshot content = read(skillURL, TreeFilter::all);
     if (!holdsRevision(manifest, content)) {
         const bool isRevision = ownVersions(manifest).empty();
-        StagedFolder copy = isRevision ? stage(manifest, skillURL)
-                                       : stage(placeForReplaced(manifest, VersionOrigin::library), skillURL);
-        commit(m_files, copy);
+        keep(isRevision ? placeFor(manifest.id, revisionEntry(manifest.revision))
+                        : placeForReplaced(manifest, VersionOrigin::library),
+             content);
     }
     const fs::path keptAs = content.isWhole ? fs::path() : placeForReplaced(manifest, VersionOrigin::library);
     return {std::move(content), keptAs};
@@ -160,10 +184,7 @@ void SkillHistory::keepMerged(const SkillManifest &manifest, VersionOrigin origi
                               const fs::path &copy) const
 {
     const fs::path place = placeFor(manifest.id, mergedEntry(origin, result, manifest.revision));
-    createFolders(m_files, place.parent_path(), Durability::Now);
-    StagedFolder entry{Stage(m_files, m_config.staging()), {.path = place}};
-    sharedFiles(place.parent_path()).copyTree(read(copy, TreeFilter::excludingManifest), entry.stage.path());
-    commit(m_files, entry);
+    keep(place, read(copy, TreeFilter::excludingManifest));
 }
 
 bool SkillHistory::wasMerged(const QUuid &id, VersionOrigin origin, const std::string &result,
@@ -187,6 +208,7 @@ bool SkillHistory::keepIfChanged(const SkillManifest &manifest, VersionOrigin or
         return false;
     const fs::path place = placeForReplaced(manifest, origin);
     createFolders(m_files, place.parent_path(), Durability::Now);
+    bestEffort([&] { flushTrees(m_files, {{former}}); });
     moveApart(m_files, former, place, m_config.staging());
     return true;
 }
@@ -205,10 +227,10 @@ void SkillHistory::shareReplaced(const fs::path &entry) const noexcept
             return;
         StagedFolder copy{Stage(m_files, m_config.staging()),
                           {.path = entry, .backup = m_config.recovery() / entry.filename()}};
-        sharedFiles(entry.parent_path()).copyTree(content, copy.stage.path());
+        const Unflushed made = sharedFiles(entry.parent_path()).copyTree(content, copy.stage.path());
         if (digestOfAll(copy.stage.path()) != content.digest)
             return;
-        const fs::path former = commit(m_files, copy);
+        const fs::path former = commit(m_files, copy, made);
         if (digestOfAll(former) != content.digest) // somebody has written there meanwhile
             moveTree(m_files, former,
                      entry.parent_path() / pathFromText(replacedEntry(version->origin, version->revision)));
@@ -228,10 +250,10 @@ SharedFiles SkillHistory::sharedFiles(const fs::path &history) const
     std::ranges::sort(own, std::ranges::greater{}, [](const KeptVersion &version) {
         return std::pair(version.revision, version.replacedAt);
     });
-    std::vector<std::string> latest;
+    std::vector<fs::path> latest;
     for (const KeptVersion &version : own | std::views::take(most))
-        latest.push_back(version.entry);
-    return {m_files, history, latest, m_digests};
+        latest.push_back(history / version.entry);
+    return {m_files, std::move(latest), [this](const fs::path &entry) { return treeOf(entry); }};
 }
 
 void SkillHistory::remove(const QUuid &id, const fs::path &skillURL) const

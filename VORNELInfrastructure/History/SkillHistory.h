@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EntryTrees.h"
 #include "KeptVersion.h"
 #include "SharedFiles.h"
 
@@ -27,14 +28,17 @@ class SkillHistory
 {
 public:
     explicit SkillHistory(const Workspace &workspace)
-        : m_files(workspace.files), m_config(workspace.config), m_digests(workspace.digests)
+        : m_files(workspace.files),
+          m_config(workspace.config),
+          m_digests(workspace.digests),
+          m_entries(workspace.entries)
     {}
 
-    /// Adds a copy of the skill's folder.
-    void add(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+    /// Adds a copy of the skill's folder, and returns what it holds.
+    FileTreeSnapshot add(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
-    /// Stages such a copy, to be committed by the caller.
-    StagedFolder stage(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
+    /// Stages the history of a new skill with the first copy of its folder, to be committed by the caller.
+    StagedFolder stageFirst(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
     /// Whether a version of the library's at the manifest's revision holds this content of the skill's
     /// folder.
@@ -90,15 +94,17 @@ private:
     std::vector<KeptVersion> versionsIn(const std::filesystem::path &history) const;
     FileTreeSnapshot read(const std::filesystem::path &folder, TreeFilter filter) const;
     SharedFiles sharedFiles(const std::filesystem::path &history) const;
-    bool anyHolds(const QUuid &id, const std::vector<KeptVersion> &versions, TreeFilter filter,
+    bool anyHolds(const QUuid &id, std::vector<KeptVersion> versions, TreeFilter filter,
                   const std::string &digest) const;
-    StagedFolder stage(const std::filesystem::path &place, const std::filesystem::path &skillURL) const;
+    void keep(const std::filesystem::path &place, const FileTreeSnapshot &content) const;
+    EntryTrees::Tree treeOf(const std::filesystem::path &entry) const;
     std::optional<std::string> digestOf(const std::filesystem::path &entry, TreeFilter filter) const;
     std::filesystem::path placeFor(const QUuid &id, const QString &name) const;
 
     FileSystem &m_files;
     const Configuration &m_config;
     FileDigests &m_digests;
+    EntryTrees &m_entries;
 };
 
 } // namespace vornel

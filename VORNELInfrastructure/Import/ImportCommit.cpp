@@ -126,7 +126,7 @@ try {
     const fs::path &folder = skill.canonical->stage.path();
     const FileTreeSnapshot content = stageContent(candidate, folder);
     const SkillManifest manifest = stageManifest(candidate, folder);
-    skill.history.emplace(SkillHistory(m_workspace).stage(manifest, folder));
+    skill.history.emplace(SkillHistory(m_workspace).stageFirst(manifest, folder));
     skill.install = m_targets.stage(manifest, content, m_unusableTargets);
     return skill;
 } catch (...) {

@@ -64,9 +64,14 @@ SkillDetail SkillAuthoring::add(const SkillManifest &manifest,
     m_store.writeManifest(manifest, folder.stage.path(), Durability::Later);
     commit(m_workspace.files, folder);
 
-    SkillHistory(m_workspace).add(skill.manifest, skill.folder);
-    TargetSynchronizer(m_workspace).synchronize(skill);
-    return makeDetail(m_workspace, skill);
+    return install(skill, SkillHistory(m_workspace).add(skill.manifest, skill.folder), {});
+}
+
+SkillDetail SkillAuthoring::install(const SkillRecord &skill, const FileTreeSnapshot &tree,
+                                    const QSet<TargetKind> &leftAlone) const
+{
+    TargetSynchronizer(m_workspace).synchronize(skill.manifest, tree, leftAlone);
+    return makeDetail(m_workspace, skill, tree);
 }
 
 SkillDetail SkillAuthoring::load(const QUuid &id) const
@@ -115,8 +120,9 @@ SkillAuthoring::revise(SkillRecord skill,
     change.revision = skill.manifest.revision;
     change.formerContent = former.tree.contentDigest();
 
+    FileTreeSnapshot tree;
     try {
-        history.add(skill.manifest, skill.folder);
+        tree = history.add(skill.manifest, skill.folder);
     } catch (...) { // what has been done can be taken back
         bestEffort([&] {
             change.installedContent =
@@ -125,8 +131,7 @@ SkillAuthoring::revise(SkillRecord skill,
         });
         throw;
     }
-    TargetSynchronizer(m_workspace).synchronize(skill, leftAlone);
-    return makeDetail(m_workspace, skill);
+    return install(skill, tree, leftAlone);
 }
 
 SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill, const QSet<TargetKind> &leftAlone) const
@@ -134,9 +139,7 @@ SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill, const QSet<TargetKi
     advanceRevision(skill.manifest);
     m_store.writeManifest(skill.manifest, skill.folder, Durability::Now);
     m_workspace.changes[skill.manifest.id].revision = skill.manifest.revision;
-    SkillHistory(m_workspace).add(skill.manifest, skill.folder);
-    TargetSynchronizer(m_workspace).synchronize(skill, leftAlone);
-    return makeDetail(m_workspace, skill);
+    return install(skill, SkillHistory(m_workspace).add(skill.manifest, skill.folder), leftAlone);
 }
 
 SkillDetail SkillAuthoring::synchronize(const QUuid &id) const

@@ -59,6 +59,8 @@ private:
     /// whole in its place or, on a volume that can't exchange two folders, in the recovery folder. The former
     /// folder is removed unless it is to be kept, or is no longer what was read of it.
     void replaceFolder(const SkillRecord &skill, Stage stage, const FormerFolder &former) const;
+    SkillDetail install(const SkillRecord &skill, const FileTreeSnapshot &tree,
+                        const QSet<TargetKind> &leftAlone) const;
     void keepRevision(const SkillRecord &skill) const;
 
     const Workspace &m_workspace;

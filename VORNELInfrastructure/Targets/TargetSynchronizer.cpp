@@ -61,7 +61,7 @@ std::vector<fs::path> Install::stages() const
     return all;
 }
 
-void TargetSynchronizer::synchronize(const SkillRecord &skill, const QSet<TargetKind> &leftAlone) const
+void TargetSynchronizer::synchronize(const SkillRecord &skill) const
 {
     Failures unusable = prepareRoots();
     FileTreeSnapshot content;
@@ -69,8 +69,20 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill, const QSet<Target
         for (const TargetKind kind : allCases<TargetKind>())
             unusable.emplace(kind, unreadable);
     }
-    m_workspace.changes[skill.manifest.id].installedContent = content.digest;
-    install(skill.manifest, stage(skill.manifest, content, unusable, leftAlone));
+    installAll(skill.manifest, content, unusable, {});
+}
+
+void TargetSynchronizer::synchronize(const SkillManifest &manifest, const FileTreeSnapshot &tree,
+                                     const QSet<TargetKind> &leftAlone) const
+{
+    installAll(manifest, tree.content(), prepareRoots(), leftAlone);
+}
+
+void TargetSynchronizer::installAll(const SkillManifest &manifest, const FileTreeSnapshot &content,
+                                    const Failures &unusable, const QSet<TargetKind> &leftAlone) const
+{
+    m_workspace.changes[manifest.id].installedContent = content.digest;
+    install(manifest, stage(manifest, content, unusable, leftAlone));
 }
 
 void TargetSynchronizer::putBack(const SkillManifest &manifest, TargetKind kind,

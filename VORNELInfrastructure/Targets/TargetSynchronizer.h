@@ -42,7 +42,11 @@ public:
     /// Makes both copies equal to the canonical folder. What stood there goes into the skill's history,
     /// unless that holds it already. A failed target doesn't stop the other: failures are remembered, then
     /// thrown as `partialSync`. Targets that are left alone stay as they are.
-    void synchronize(const SkillRecord &skill, const QSet<TargetKind> &leftAlone = {}) const;
+    void synchronize(const SkillRecord &skill) const;
+
+    /// The same for a skill of which all files have just been read.
+    void synchronize(const SkillManifest &manifest, const FileTreeSnapshot &tree,
+                     const QSet<TargetKind> &leftAlone = {}) const;
 
     /// Puts a content that the history has kept into one target, as a synchronisation does.
     void putBack(const SkillManifest &manifest, TargetKind kind, const FileTreeSnapshot &kept) const;
@@ -85,6 +89,8 @@ private:
     void stageCopy(Install &install, const SkillManifest &manifest, const FileTreeSnapshot &content,
                    TargetKind kind, Looks &looks) const;
     void install(const SkillManifest &manifest, Install install) const;
+    void installAll(const SkillManifest &manifest, const FileTreeSnapshot &content, const Failures &unusable,
+                    const QSet<TargetKind> &leftAlone) const;
     bool holdsOnly(const std::filesystem::path &folder, const std::string &digest) const;
     bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
     void prepareRoot(TargetKind kind) const;

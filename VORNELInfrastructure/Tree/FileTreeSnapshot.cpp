@@ -9,6 +9,20 @@
 
 namespace vornel {
 
+namespace {
+
+std::vector<FileTreeSnapshot::Entry> contentOf(const std::vector<FileTreeSnapshot::Entry> &entries)
+{
+    const std::string manifest = std::string("/") + SkillFiles::manifest + '/';
+    std::vector<FileTreeSnapshot::Entry> content;
+    std::ranges::copy_if(entries, std::back_inserter(content), [&](const FileTreeSnapshot::Entry &entry) {
+        return ('/' + entry.relativePath + '/').find(manifest) == std::string::npos;
+    });
+    return content;
+}
+
+} // namespace
+
 bool includes(TreeFilter filter, std::string_view relativePath)
 {
     const bool hidden = relativePath.starts_with('.') || relativePath.find("/.") != std::string_view::npos;
@@ -26,14 +40,17 @@ QStringList FileTreeSnapshot::relativeFiles() const
     return files;
 }
 
+FileTreeSnapshot FileTreeSnapshot::content() const
+{
+    std::vector<Entry> content = contentOf(entries);
+    std::string contentDigest = digestOf(content);
+    const bool isAll = content.size() == entries.size();
+    return {root, std::move(content), std::move(contentDigest), isWhole && isAll};
+}
+
 std::string FileTreeSnapshot::contentDigest() const
 {
-    const std::string manifest = std::string("/") + SkillFiles::manifest + '/';
-    std::vector<Entry> content;
-    std::ranges::copy_if(entries, std::back_inserter(content), [&manifest](const Entry &entry) {
-        return ('/' + entry.relativePath + '/').find(manifest) == std::string::npos;
-    });
-    return digestOf(content);
+    return digestOf(contentOf(entries));
 }
 
 std::string FileTreeSnapshot::digestOf(const std::vector<Entry> &entries)

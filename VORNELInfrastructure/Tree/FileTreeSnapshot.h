@@ -44,7 +44,10 @@ struct FileTreeSnapshot
     /// The paths of the files, in the order of the entries.
     QStringList relativeFiles() const;
 
-    /// The digest that a snapshot with `excludingManifest` would have.
+    /// What a snapshot with `excludingManifest` would be.
+    FileTreeSnapshot content() const;
+
+    /// The digest of that.
     std::string contentDigest() const;
 
     /// The digest of the listing of these entries.

@@ -3,6 +3,7 @@
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
+#include <VORNELInfrastructure/Disk/LastFolder.h>
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <algorithm>
@@ -14,27 +15,6 @@ namespace fs = std::filesystem;
 using Entry = FileTreeSnapshot::Entry;
 
 namespace {
-
-/// Opens folders by their paths; one that is asked for again stays open meanwhile.
-class LastFolder
-{
-public:
-    explicit LastFolder(const FileSystem &files) : m_files(files) {}
-
-    const Folder &at(const fs::path &path)
-    {
-        if (!m_folder || m_path != path) {
-            m_folder.emplace(m_files.openFolder(path));
-            m_path = path;
-        }
-        return *m_folder;
-    }
-
-private:
-    const FileSystem &m_files;
-    fs::path m_path;
-    std::optional<Folder> m_folder;
-};
 
 class SharingCopy
 {
@@ -48,32 +28,40 @@ public:
           m_shared(files)
     {}
 
-    void run(const FileTreeSnapshot &source)
+    Unflushed run(const FileTreeSnapshot &source)
     {
         m_files.createFolder(createFolders(m_files, m_destination.parent_path(), Durability::Later),
                              m_destination.filename());
+        m_made.folders.push_back(m_destination);
         for (const Entry &entry : source.entries) {
             const fs::path copy = m_destination / entry.relativePath;
             const Place to{m_copies.at(copy.parent_path()), copy.filename()};
-            if (entry.kind == Entry::Kind::directory)
+            if (entry.kind == Entry::Kind::directory) {
                 m_files.createFolder(to.folder, to.name);
-            else if (!isShared(entry, to))
-                copyFile(source.url(entry), entry, to);
+                m_made.folders.push_back(copy);
+            } else {
+                const std::optional<Sharing> sharing = share(entry, to);
+                if (!sharing)
+                    copyFile(source.url(entry), entry, to);
+                if (sharing != Sharing::Name)
+                    m_made.files.push_back(copy);
+            }
         }
+        std::ranges::reverse(m_made.folders);
+        return std::move(m_made);
     }
 
 private:
-    bool isShared(const Entry &entry, const Place &to)
+    std::optional<Sharing> share(const Entry &entry, const Place &to)
     {
         const fs::path same = m_sameFile(entry);
         if (same.empty())
-            return false;
-        const bool isDone = !failureOf([&] {
-            m_files.share({m_shared.at(same.parent_path()), same.filename()}, to);
-        });
-        if (!isDone) // a disk may have done what it reports as failed
+            return std::nullopt;
+        std::optional<Sharing> sharing;
+        bestEffort([&] { sharing = m_files.share({m_shared.at(same.parent_path()), same.filename()}, to); });
+        if (!sharing) // a disk may have done what it reports as failed
             bestEffort([&] { m_files.remove(to.folder, to.name); });
-        return isDone;
+        return sharing;
     }
 
     void copyFile(const fs::path &source, const Entry &entry, const Place &to)
@@ -90,14 +78,15 @@ private:
     LastFolder m_copies;
     LastFolder m_sources;
     LastFolder m_shared;
+    Unflushed m_made;
 };
 
 } // namespace
 
-void copySharing(FileSystem &files, const FileTreeSnapshot &source, const fs::path &destination,
-                 const SameFile &sameFile)
+Unflushed copySharing(FileSystem &files, const FileTreeSnapshot &source, const fs::path &destination,
+                      const SameFile &sameFile)
 {
-    SharingCopy(files, destination, sameFile).run(source);
+    return SharingCopy(files, destination, sameFile).run(source);
 }
 
 void copyTakingOver(FileSystem &files, const FileTreeSnapshot &source, const FileTreeSnapshot &former,

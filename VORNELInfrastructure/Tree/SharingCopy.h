@@ -2,7 +2,7 @@
 
 #include "FileTreeSnapshot.h"
 
-#include <VORNELInfrastructure/Disk/FileSystem.h>
+#include <VORNELInfrastructure/Disk/TreeOperations.h>
 
 #include <functional>
 
@@ -13,8 +13,9 @@ using SameFile = std::function<std::filesystem::path(const FileTreeSnapshot::Ent
 
 /// Makes a folder, at a path where nothing stands, of what was read of a tree. A file that stands elsewhere,
 /// too, is shared, or copied where it can't be. Throws `unsafeImport` for a file that has become too large.
-void copySharing(FileSystem &files, const FileTreeSnapshot &source, const std::filesystem::path &destination,
-                 const SameFile &sameFile);
+/// Returns what is to be flushed if all that was shared is on the disk.
+Unflushed copySharing(FileSystem &files, const FileTreeSnapshot &source,
+                      const std::filesystem::path &destination, const SameFile &sameFile);
 
 /// The same for a folder that is to take the place of a former one, which is deleted then: the new one takes
 /// over what the former one holds already. Until then, that has two names; a file that has further names

@@ -25,7 +25,9 @@ LocalWorkspaceService::LocalWorkspaceService(std::shared_ptr<FileSystem> manager
 Workspace LocalWorkspaceService::workspaceOf(const Configuration &config, UndoRecording &changes)
 {
     m_digests.beginOperation();
-    return {*m_manager, config, m_failedSyncTargets, m_foundCopies, changes, m_digests, m_failureScope};
+    m_entries.beginOperation();
+    return {*m_manager, config,    m_failedSyncTargets, m_foundCopies,
+            changes,    m_digests, m_entries,           m_failureScope};
 }
 
 WorkspaceOverview LocalWorkspaceService::overview(const Workspace &workspace) const

@@ -114,6 +114,7 @@ private:
     FailedSyncTargets m_failedSyncTargets;
     FoundCopies m_foundCopies;
     FileDigests m_digests;
+    EntryTrees m_entries;
     UndoJournal m_undo;
     SerialExecutor m_executor; // last, so that it ends before what its functions use
 };

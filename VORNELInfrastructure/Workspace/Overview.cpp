@@ -41,6 +41,28 @@ void remember(const Workspace &workspace, const QUuid &id, const CopyFindings &f
         workspace.foundCopies.insert(id, findings);
 }
 
+QString textOf(const Workspace &workspace, const SkillRecord &skill)
+{
+    return locating(workspace, skill.folder, [&] {
+        return SkillFolderStore(workspace).readSkillMD(skill.folder, skill.manifest.slug);
+    });
+}
+
+SkillDetail detailOf(const Workspace &workspace, const SkillRecord &skill, const QString &skillMD,
+                     const FileTreeSnapshot &tree)
+{
+    SkillDetail detail;
+    detail.manifest = skill.manifest;
+    detail.skillMD = skillMD;
+    detail.relativeFiles = tree.relativeFiles();
+    detail.contentRevision = QString::fromStdString(tree.digest);
+    const SyncCheck::Result check =
+        SyncCheck(workspace).of(skill.manifest, tree.contentDigest(), &workspace.digests);
+    detail.syncState = check.state;
+    remember(workspace, skill.manifest.id, check.findings);
+    return detail;
+}
+
 } // namespace
 
 WorkspaceOverview makeOverview(const Workspace &workspace)
@@ -65,21 +87,16 @@ WorkspaceOverview makeOverview(const Workspace &workspace)
 
 SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
 {
-    SkillDetail detail;
-    detail.manifest = skill.manifest;
-    std::string content;
-    locating(workspace, skill.folder, [&] {
-        detail.skillMD = SkillFolderStore(workspace).readSkillMD(skill.folder, skill.manifest.slug);
-        const FileTreeSnapshot tree =
-            SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all, &workspace.digests);
-        content = tree.contentDigest();
-        detail.relativeFiles = tree.relativeFiles();
-        detail.contentRevision = QString::fromStdString(tree.digest);
-    });
-    const SyncCheck::Result check = SyncCheck(workspace).of(skill.manifest, content, &workspace.digests);
-    detail.syncState = check.state;
-    remember(workspace, skill.manifest.id, check.findings);
-    return detail;
+    const QString skillMD = textOf(workspace, skill);
+    return detailOf(workspace, skill, skillMD, locating(workspace, skill.folder, [&] {
+                        return SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all,
+                                                        &workspace.digests);
+                    }));
+}
+
+SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill, const FileTreeSnapshot &tree)
+{
+    return detailOf(workspace, skill, textOf(workspace, skill), tree);
 }
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include "Configuration.h"
 
 #include <VORNELInfrastructure/Disk/FileSystem.h>
+#include <VORNELInfrastructure/History/EntryTrees.h>
 #include <VORNELInfrastructure/Tree/FileDigests.h>
 #include <VORNELInfrastructure/Undo/UndoRecording.h>
 
@@ -47,6 +48,7 @@ struct Workspace
     FoundCopies &foundCopies;
     UndoRecording &changes; ///< what the present operation has changed
     FileDigests &digests;   ///< of the files that the skills' operations have read; an overview reads anew
+    EntryTrees &entries;    ///< of histories that the present operation has read
     FailureScope failureScope = FailureScope::Library;
 };
 

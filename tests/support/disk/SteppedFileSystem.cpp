@@ -105,9 +105,9 @@ void SteppedFileSystem::copyLink(const Place &from, const Place &to)
     take({Kind::Create, &to.folder.descriptor, &to}, [&] { Real::copyLink(from, to); });
 }
 
-void SteppedFileSystem::share(const Place &from, const Place &to)
+Sharing SteppedFileSystem::share(const Place &from, const Place &to)
 {
-    take({Kind::Share, &to.folder.descriptor, &to}, [&] { Real::share(from, to); });
+    return take({Kind::Share, &to.folder.descriptor, &to}, [&] { return Real::share(from, to); });
 }
 
 void SteppedFileSystem::flush(const File &file)
