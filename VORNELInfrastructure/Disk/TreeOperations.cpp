@@ -96,6 +96,21 @@ bool holdsFurtherNames(const FileSystem &files, const Folder &folder, int level 
            });
 }
 
+void unshareFile(FileSystem &files, const Place &place, std::int64_t limit)
+{
+    const File file = files.openFile(place.folder, place.name);
+    if (file.size() > limit)
+        return files.remove(place.folder, place.name);
+    const Place copy{place.folder, temporaryName()};
+    try {
+        copyFile(files, file, copy);
+        files.rename(copy, place, RenameMode::OntoFile);
+    } catch (...) {
+        bestEffort([&] { files.remove(copy.folder, copy.name); });
+        throw;
+    }
+}
+
 void flushEntry(FileSystem &files, const Place &place)
 {
     const std::optional<FileKind> kind = files.kindAt(place.folder, place.name);
@@ -202,6 +217,16 @@ try {
            holdsFurtherNames(files, files.openFolder(place.folder, place.name));
 } catch (const std::exception &) {
     return true; // to copy it is right in any case
+}
+
+void unshare(FileSystem &files, const Folder &folder, std::int64_t limit)
+{
+    for (const FolderEntry &entry : files.list(folder)) {
+        if (entry.kind == FileKind::Directory)
+            unshare(files, files.openFolder(folder, entry.name), limit);
+        else if (entry.kind == FileKind::Regular && hasFurtherNames(files, folder, entry.name))
+            unshareFile(files, {folder, entry.name}, limit);
+    }
 }
 
 void flush(FileSystem &files, const Unflushed &unflushed)

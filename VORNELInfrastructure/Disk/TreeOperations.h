@@ -32,6 +32,10 @@ void removeTree(FileSystem &files, const Place &place);
 /// Whether a file in a folder, hidden or not, may have a name elsewhere too, through which it would change.
 bool sharesFiles(const FileSystem &files, const Place &place);
 
+/// Gives the files of a folder bytes of their own where they have names elsewhere too. One with more than
+/// `limit` bytes goes instead: it is kept under its other name.
+void unshare(FileSystem &files, const Folder &folder, std::int64_t limit);
+
 /// What has to be waited for until it is on the disk: files, and folders, each after those in it.
 struct Unflushed
 {

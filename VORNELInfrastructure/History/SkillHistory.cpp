@@ -4,6 +4,7 @@
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Recovery/SetAsideName.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
@@ -208,8 +209,9 @@ bool SkillHistory::keepIfChanged(const SkillManifest &manifest, VersionOrigin or
         return false;
     const fs::path place = placeForReplaced(manifest, origin);
     createFolders(m_files, place.parent_path(), Durability::Now);
+    unshare(m_files, m_files.openFolder(former), SkillFiles::sizeLimit);
     bestEffort([&] { flushTrees(m_files, {{former}}); });
-    moveApart(m_files, former, place, m_config.staging());
+    moveTree(m_files, former, place);
     return true;
 }
 

@@ -281,6 +281,30 @@ TEST_F(LateWriter, LosesNothingInAFolderThatIsReplaced)
     EXPECT_EQ(kept("late"), 2);
 }
 
+/// Nor does it copy what is too large to be a skill's.
+TEST_F(LateWriter, IsKeptWithoutCopyingWhatNothingShares)
+{
+    constexpr std::uintmax_t endless = 1'000'000'000'000;
+    const fs::path history = path("workspace/.vornel/history/" + uuidText(demo).toStdString());
+    write("workspace/skills/demo/same", "same");
+    static_cast<SteppedFileSystem &>(*manager).around = [&](const Step &step, const auto &make) {
+        make();
+        if (step.kind == Step::Kind::Rename && step.mode == RenameMode::Exchange)
+            fs::resize_file(fs::path(step.from->folder.path) / step.from->name / "SKILL.md", endless);
+    };
+    service->saveSkill(demo, 1, u"two"_s).result();
+    const auto entries = fs::recursive_directory_iterator(history);
+    EXPECT_EQ(std::ranges::count_if(entries,
+                                    [](const fs::directory_entry &entry) {
+                                        return entry.is_regular_file() && entry.file_size() == endless;
+                                    }),
+              3)
+        << "the former folder of the library, and both copies";
+    EXPECT_EQ(bytesOf(path("workspace/skills/demo/same")), "same");
+    for (const auto &entry : fs::recursive_directory_iterator(path("workspace/skills")))
+        EXPECT_TRUE(entry.is_directory() || entry.hard_link_count() == 1) << entry.path();
+}
+
 TEST_F(LateWriter, LosesNothingThatTheOtherCopyHadToo)
 {
     for (const char *copy : {"claude/demo/own", "codex/demo/own"})
