@@ -61,10 +61,10 @@ int run(const Invocation &invocation)
     const WorkspaceRoots roots = rootsFor(invocation);
     LocalWorkspaceService service(std::make_shared<PosixFileSystem>(), FailureScope::Skill);
     const WorkspaceOverview overview = service.bootstrap(roots.workspace, roots.claude, roots.codex).result();
-    return runCommand(
-        invocation,
-        {service, service, service, service, service, service, service, service, service, service, service},
-        overview);
+    return runCommand(invocation,
+                      {service, service, service, service, service, service, service, service, service,
+                       service, service, service},
+                      overview);
 }
 
 bool isUsageError(const std::exception &error)

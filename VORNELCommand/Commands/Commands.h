@@ -8,6 +8,7 @@
 #include <VORNELCore/Services/HistoryKeeping.h>
 #include <VORNELCore/Services/ImportReviewing.h>
 #include <VORNELCore/Services/NewSkillFinding.h>
+#include <VORNELCore/Services/PropertyEditing.h>
 #include <VORNELCore/Services/RecoveryKeeping.h>
 #include <VORNELCore/Services/TargetComparing.h>
 #include <VORNELCore/Services/TrashInspecting.h>
@@ -40,6 +41,7 @@ struct Services
     HistoryKeeping &history;
     CreationReviewing &creations;
     RecoveryKeeping &recovery;
+    PropertyEditing &properties;
 };
 
 /// Runs a command on services whose `bootstrap` returned `overview`, prints its result and returns the exit

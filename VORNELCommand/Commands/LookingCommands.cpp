@@ -58,6 +58,9 @@ LibraryQuery::Filter typedFilter(const Invocation &invocation)
     const QString category = u"category"_s;
     const QString maturity = u"maturity"_s;
     LibraryQuery::Filter filter{invocation.value(u"search"_s), std::nullopt, std::nullopt};
+    for (const QString &tag : invocation.value(u"tag"_s).split(u',', Qt::SkipEmptyParts))
+        filter.tags.append(tag.trimmed());
+    filter.order = caseOf<LibraryOrder>(invocation.value(u"sort"_s, rawValue(LibraryOrder::category)));
     if (invocation.has(category))
         filter.category = invocation.value(category);
     if (invocation.has(maturity))
@@ -108,7 +111,7 @@ QList<Command> lookingCommands()
         {{section, u"status"_s, u"L’état du workspace\u00A0; code 1 si une copie est à réparer."_s}, status},
         {{section,
           u"list [--search TEXTE] [--category CATÉGORIE] [--maturity "_s + alternatives<Maturity>() +
-              u"] [--trash]"_s,
+              u"] [--tag A,B] [--sort "_s + alternatives<LibraryOrder>() + u"] [--trash]"_s,
           u"Les compétences actives, ou celles de la corbeille."_s},
          list},
         {{section, u"show SKILL"_s, u"Tout ce qui est connu d’une compétence."_s}, show},

@@ -40,6 +40,12 @@ bool hasEach(const QString &text, const QStringList &words)
     return std::ranges::all_of(words, [&text](const QString &word) { return text.contains(word); });
 }
 
+bool hasTags(const SkillSummary &skill, const QStringList &tags)
+{
+    return std::ranges::all_of(
+        tags, [&skill](const QString &tag) { return skill.tags.contains(tag, Qt::CaseInsensitive); });
+}
+
 QList<qsizetype> categoryRanks(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories)
 {
     QHash<QString, qsizetype> rankOf;
@@ -112,12 +118,15 @@ LibraryIndex::LibraryIndex(QList<SkillSummary> skills, QList<SkillCategory> cate
       m_categories(std::move(categories)),
       m_ranks(categoryRanks(m_skills, m_categories)),
       m_byName(positionsByName(m_skills)),
-      m_byCategory(m_byName)
+      m_byCategory(m_byName),
+      m_byChange(m_byName)
 {
     m_searchedTexts.reserve(m_skills.size());
     for (const SkillSummary &skill : std::as_const(m_skills))
         m_searchedTexts.append(searchedText(skill));
     std::ranges::stable_sort(m_byCategory, {}, [this](qsizetype position) { return m_ranks.at(position); });
+    std::ranges::stable_sort(m_byChange, std::ranges::greater{},
+                             [this](qsizetype position) { return m_skills.at(position).updatedAt; });
 }
 
 QList<SkillSummary> LibraryIndex::filteredSkills(const LibraryQuery::Filter &filter) const
@@ -141,19 +150,26 @@ SkillPage LibraryIndex::skillPage(const LibraryQuery::Filter &filter, qint64 req
     return {pagination, skillsAt(shown), groups(shown, ordered), ungroupedCount(ordered)};
 }
 
-/// The positions of the skills that pass the filter, in the library's order.
+const LibraryIndex::Positions &LibraryIndex::inOrder(const LibraryQuery::Filter &filter) const
+{
+    if (filter.order == LibraryOrder::updated)
+        return m_byChange;
+    return filter.order == LibraryOrder::name || filter.category ? m_byName : m_byCategory;
+}
+
+/// The positions of the skills that pass the filter, in its order.
 LibraryIndex::Positions LibraryIndex::matching(const LibraryQuery::Filter &filter) const
 {
     const QStringList words = searchedWords(filter.searchText);
     const auto passes = [&](qsizetype position) {
         const SkillSummary &skill = m_skills.at(position);
         return (!filter.category || skill.category.compare(*filter.category, Qt::CaseInsensitive) == 0) &&
-               (!filter.maturity || skill.maturity == *filter.maturity) &&
+               (!filter.maturity || skill.maturity == *filter.maturity) && hasTags(skill, filter.tags) &&
                hasEach(m_searchedTexts.at(position), words);
     };
     // A part of an ordered list is ordered, so nothing has to be sorted at each key stroke.
     Positions kept;
-    std::ranges::copy_if(filter.category ? m_byName : m_byCategory, std::back_inserter(kept), passes);
+    std::ranges::copy_if(inOrder(filter), std::back_inserter(kept), passes);
     return kept;
 }
 

@@ -13,12 +13,14 @@ namespace vornel {
 /// Which skills of a library are shown, and in what order. Pure functions of what they are given.
 namespace LibraryQuery {
 
-/// The filters of the library. An empty search and absent choices let everything pass.
+/// The filters of the library, and its order. An empty search and absent choices let everything pass.
 struct Filter
 {
-    QString searchText; ///< each word is looked for in the name, slug, summary, category and each tag
-    std::optional<QString> category; ///< identifier of a category, compared without regard to case
-    std::optional<Maturity> maturity;
+    QString searchText = {}; ///< each word is looked for in the name, slug, summary, category and each tag
+    std::optional<QString> category = {}; ///< identifier of a category, compared without regard to case
+    std::optional<Maturity> maturity = {};
+    QStringList tags = {}; ///< a skill must have them all, whatever their case
+    LibraryOrder order = LibraryOrder::category;
 };
 
 /// The skills that a search finds, as the library's filter does, in their order.
@@ -78,8 +80,8 @@ public:
     /// The skills that pass all three tests of `filter`, in the order in which they were given.
     QList<SkillSummary> filteredSkills(const LibraryQuery::Filter &filter) const;
 
-    /// The same skills in the library's order: by the category's place in the catalog, unless the filter
-    /// names one category, then by display name, then by slug.
+    /// The same skills in the filter's order: by the category's place in the catalog, unless the filter names
+    /// one category, or by the time of their last change; then by display name, then by slug.
     QList<SkillSummary> orderedFilteredSkills(const LibraryQuery::Filter &filter) const;
 
     /// A page of the ordered skills, counted from 1; the nearest one where the requested page doesn't exist.
@@ -88,6 +90,7 @@ public:
 private:
     using Positions = QList<qsizetype>;
 
+    const Positions &inOrder(const LibraryQuery::Filter &filter) const;
     Positions matching(const LibraryQuery::Filter &filter) const;
     QList<SkillSummary> skillsAt(const Positions &positions) const;
     QList<SkillGroup> groups(const Positions &shown, const Positions &ordered) const;
@@ -99,6 +102,7 @@ private:
     QList<qsizetype> m_ranks; ///< each skill's category in the catalog; unknown ones have the catalog's size
     Positions m_byName;
     Positions m_byCategory;
+    Positions m_byChange;
 };
 
 } // namespace vornel

@@ -112,6 +112,8 @@ QString action(UndoableAction action)
         return u"prise en compte"_s;
     case UndoableAction::merge:
         return u"fusion"_s;
+    case UndoableAction::properties:
+        return u"propriétés"_s;
     case UndoableAction::reversion:
         break;
     }

@@ -52,8 +52,22 @@ Q_ENUM_NS(HistoryKind)
 enum class VersionOrigin { library, claude, codex };
 Q_ENUM_NS(VersionOrigin)
 
+/// In what order a library is shown: by its categories, by name, or what was changed last first.
+enum class LibraryOrder { category, name, updated };
+Q_ENUM_NS(LibraryOrder)
+
 /// What was done that can be taken back.
-enum class UndoableAction { save, assignment, synchronisation, trash, adoption, handEdits, merge, reversion };
+enum class UndoableAction {
+    save,
+    assignment,
+    synchronisation,
+    trash,
+    adoption,
+    handEdits,
+    merge,
+    reversion,
+    properties
+};
 Q_ENUM_NS(UndoableAction)
 
 /// Why a slug, a relative path or a root is refused.

@@ -10,7 +10,7 @@
 namespace vornel {
 
 /// Takes back the last operation of this service, if that was a save, an adoption, a merge, a
-/// synchronisation, a return to a version, a move to the trash or a change of category.
+/// synchronisation, a return to a version, a move to the trash or a change of category or other properties.
 class Undoing
 {
 public:
@@ -20,7 +20,7 @@ public:
     /// Waits for nothing: an operation that has ended is in it.
     virtual std::optional<UndoStep> undoableStep() const = 0;
 
-    /// Brings back what that step has changed: contents and categories by new revisions, skills from the
+    /// Brings back what that step has changed: contents and properties by new revisions, skills from the
     /// trash or into it, and copies that had content of their own. So nothing that was written is lost, and
     /// undoing once more is redoing. May fail with `notBootstrapped`, `partialSync`, a file-system error or,
     /// before anything is changed, with `integrityFailure` or `duplicateSlug` where something of it has moved

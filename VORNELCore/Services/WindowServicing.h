@@ -6,6 +6,7 @@
 #include "HistoryKeeping.h"
 #include "ImportReviewing.h"
 #include "NewSkillFinding.h"
+#include "PropertyEditing.h"
 #include "RecoveryKeeping.h"
 #include "TargetComparing.h"
 #include "TrashInspecting.h"
@@ -25,7 +26,8 @@ class WindowServicing : public WorkspaceServicing,
                         public CopyAdopting,
                         public HistoryKeeping,
                         public Undoing,
-                        public RecoveryKeeping
+                        public RecoveryKeeping,
+                        public PropertyEditing
 {};
 
 } // namespace vornel

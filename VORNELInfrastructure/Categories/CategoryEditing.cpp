@@ -4,7 +4,7 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Library/CategoryRules.h>
-#include <VORNELInfrastructure/History/SkillHistory.h>
+#include <VORNELInfrastructure/Skills/PropertyEdit.h>
 #include <VORNELInfrastructure/Skills/SchemaVersion.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 
@@ -105,12 +105,9 @@ void CategoryEditing::rewrite(SkillRecord &skill, const QString &category) const
 
 void CategoryEditing::setCategory(SkillRecord skill, const QString &category) const
 {
-    const SkillHistory history(m_workspace);
-    history.keepRevision(skill.manifest, skill.folder);
-    const QString former = skill.manifest.category;
-    rewrite(skill, category);
-    m_workspace.changes[skill.manifest.id] = {.revision = skill.manifest.revision, .category = former};
-    history.add(skill.manifest, skill.folder);
+    SkillProperties wanted = SkillProperties::of(skill.manifest);
+    wanted.category = category;
+    PropertyEdit(m_workspace).revise(skill, wanted);
 }
 
 } // namespace vornel

@@ -1,13 +1,12 @@
 #include "SkillAuthoring.h"
 
+#include "PropertyRules.h"
 #include "SchemaVersion.h"
 #include "SkillText.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
-#include <VORNELCore/Library/CategoryRules.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Categories/CategoryCatalog.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
@@ -26,24 +25,18 @@ SkillManifest SkillAuthoring::newManifest(const CreateSkillRequest &request) con
     WorkspaceValidation::validateSlug(request.slug);
     ensureUnique(request.slug, activeManifests(m_workspace));
     ensureUnique(request.slug, trashedManifests(m_workspace));
-    const QString displayName = request.displayName.trimmed();
-    if (displayName.isEmpty())
-        throw VORNELWorkspaceError::integrityFailure(u"Le nom du skill est vide."_s);
-    const QString category = CategoryRules::normalizedCategory(request.category);
-    readCategoryCatalog(m_workspace).find(category);
-
     const QDateTime now = currentInstant();
-    return {.schemaVersion = 1,
-            .id = QUuid::createUuid(),
-            .slug = request.slug,
-            .displayName = displayName,
-            .summary = request.summary,
-            .category = category,
-            .tags = SkillText::normalizedTags(request.tags),
-            .maturity = request.maturity,
-            .revision = 1,
-            .createdAt = now,
-            .updatedAt = now};
+    SkillManifest manifest;
+    manifest.id = QUuid::createUuid();
+    manifest.createdAt = manifest.updatedAt = now;
+    validProperties(m_workspace, {.slug = request.slug,
+                                  .displayName = request.displayName,
+                                  .summary = request.summary,
+                                  .category = request.category,
+                                  .tags = request.tags,
+                                  .maturity = request.maturity})
+        .writeTo(manifest);
+    return manifest;
 }
 
 SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const

@@ -110,7 +110,7 @@ void TargetSynchronizer::install(const SkillManifest &manifest, Install install)
 
 void TargetSynchronizer::putBack(const SkillManifest &manifest, const TakenOut &copies) const
 {
-    const Failures failures = failuresOf([&](TargetKind kind) {
+    changeBoth(manifest.id, [&](TargetKind kind) {
         const auto copy = copies.find(kind);
         if (copy == copies.end())
             return;
@@ -118,7 +118,26 @@ void TargetSynchronizer::putBack(const SkillManifest &manifest, const TakenOut &
         moveTree(m_workspace.files, copy->second,
                  m_workspace.config.target(kind) / pathFromText(manifest.slug));
     });
-    remember(manifest.id, failures);
+}
+
+void TargetSynchronizer::renameCopies(const SkillManifest &manifest, const QString &from) const
+{
+    changeBoth(manifest.id, [&](TargetKind kind) {
+        const fs::path &root = m_workspace.config.target(kind);
+        refuseLinkedRoot(m_workspace.files, root);
+        const fs::path copy = root / pathFromText(from);
+        const fs::path renamed = root / pathFromText(manifest.slug);
+        const bool isToMove = m_workspace.files.kindAt(root) && m_workspace.files.kindAt(copy) &&
+                              !m_workspace.files.kindAt(renamed);
+        if (isToMove)
+            blaming(copy, [&] { moveTree(m_workspace.files, copy, renamed); });
+    });
+}
+
+void TargetSynchronizer::changeBoth(const QUuid &id, const std::function<void(TargetKind)> &change) const
+{
+    const Failures failures = failuresOf(change);
+    remember(id, failures);
     if (!failures.empty())
         throw VORNELWorkspaceError::partialSync(kindsOf(failures));
 }
@@ -142,10 +161,7 @@ void TargetSynchronizer::setAside(const SkillRecord &skill, TargetKind kind) con
 
 void TargetSynchronizer::removeCopies(const SkillRecord &skill) const
 {
-    const Failures failures = failuresOf([&](TargetKind kind) { removeTargetCopy(skill.manifest, kind); });
-    remember(skill.manifest.id, failures);
-    if (!failures.empty())
-        throw VORNELWorkspaceError::partialSync(kindsOf(failures));
+    changeBoth(skill.manifest.id, [&](TargetKind kind) { removeTargetCopy(skill.manifest, kind); });
 }
 
 void TargetSynchronizer::remember(const QUuid &id, const Failures &failures,

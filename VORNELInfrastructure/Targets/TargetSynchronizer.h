@@ -7,6 +7,7 @@
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 
 #include <exception>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -59,6 +60,11 @@ public:
     /// is.
     void setAside(const SkillRecord &skill, TargetKind kind) const;
 
+    /// Gives the copies that are there the name of the skill, which had the slug `from` before, unless
+    /// something has that name. A failed
+    /// target doesn't stop the other: failures are remembered, then thrown as `partialSync`.
+    void renameCopies(const SkillManifest &manifest, const QString &from) const;
+
     /// Moves both copies into the recovery folder. A failed target doesn't stop the other: failures are
     /// remembered, then thrown as `partialSync`.
     void removeCopies(const SkillRecord &skill) const;
@@ -94,6 +100,9 @@ private:
     bool holdsOnly(const std::filesystem::path &folder, const std::string &digest) const;
     bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
     void prepareRoot(TargetKind kind) const;
+
+    /// Does this for both targets; failures are remembered, then thrown as `partialSync`.
+    void changeBoth(const QUuid &id, const std::function<void(TargetKind)> &change) const;
 
     std::exception_ptr settle(const Install &install, TargetKind kind, const std::filesystem::path &left,
                               KeptCopies &kept) const;

@@ -9,7 +9,7 @@ bool SkillChange::isIdle() const
 {
     const bool hasReplaced = std::ranges::any_of(copies | std::views::values,
                                                  [](const Copy &copy) { return copy.former.has_value(); });
-    return category.isEmpty() && move == Move::none && !hasNewContent() && !hasReplaced;
+    return !properties && move == Move::none && !hasNewContent() && !hasReplaced;
 }
 
 void removeDone(UndoRecording &changes, const UndoRecording &done)

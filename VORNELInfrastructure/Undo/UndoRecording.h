@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VORNELCore/Records/Enumerations.h>
+#include <VORNELCore/Records/SkillProperties.h>
 
 #include <QString>
 #include <QUuid>
@@ -28,8 +28,8 @@ struct SkillChange
 
     enum class Move { none, toTrash, fromTrash };
 
-    qint64 revision = 0;               ///< the one that was made; 0 without one
-    QString category = {};             ///< the former one; empty where it is the same
+    qint64 revision = 0;                            ///< the one that was made; 0 without one
+    std::optional<SkillProperties> properties = {}; ///< the former ones; nothing where they are the same
     std::string formerContent = {};    ///< of the skill's folder; empty where that wasn't replaced
     std::string installedContent = {}; ///< what the targets were to hold; empty where that was no matter
     std::map<TargetKind, Copy> copies = {};

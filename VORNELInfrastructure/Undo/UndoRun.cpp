@@ -4,9 +4,9 @@
 #include <VORNELCore/Records/ImportModels.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Adoption/ComposedRevision.h>
-#include <VORNELInfrastructure/Categories/CategoryCatalog.h>
-#include <VORNELInfrastructure/Categories/CategoryEditing.h>
 #include <VORNELInfrastructure/History/SkillHistory.h>
+#include <VORNELInfrastructure/Skills/PropertyEdit.h>
+#include <VORNELInfrastructure/Skills/PropertyRules.h>
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
 #include <VORNELInfrastructure/Targets/TargetFolder.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
@@ -80,8 +80,10 @@ void UndoRun::bringBackAll() const
 {
     for (const Return &former : m_returns)
         bringBack(former);
-    for (const auto &[category, ids] : m_categories)
-        CategoryEditing(m_workspace).assign(ids, category);
+    for (const auto &[skill, properties] : m_properties) {
+        SkillRecord changing = skill;
+        PropertyEdit(m_workspace).revise(changing, properties);
+    }
     for (const QUuid &id : inTextOrder(m_fromTrash))
         SkillTrash(m_workspace).restore(id, m_changes.at(id).takenOut);
     SkillTrash(m_workspace).moveToTrash(m_toTrash);
@@ -97,9 +99,9 @@ void UndoRun::check(const QUuid &id, const SkillChange &change)
     const SkillRecord &skill = unchanged(m_active, id, change);
     if (change.move == SkillChange::Move::fromTrash) {
         m_toTrash.insert(id);
-    } else if (!change.category.isEmpty()) {
-        readCategoryCatalog(m_workspace).find(change.category);
-        m_categories[change.category].insert(id);
+    } else if (change.properties) {
+        PropertyEdit(m_workspace).check(skill.manifest, *change.properties);
+        m_properties.emplace_back(skill, validProperties(m_workspace, *change.properties));
     } else {
         m_returns.push_back(returnOf(skill, change));
     }

@@ -43,7 +43,7 @@ private:
     QList<SkillRecord> m_active;
     QList<SkillRecord> m_trashed;
     std::vector<Return> m_returns;
-    std::map<QString, QSet<QUuid>> m_categories; ///< which skills go back to which category
+    std::vector<std::pair<SkillRecord, SkillProperties>> m_properties; ///< which skills get back which ones
     QSet<QUuid> m_toTrash;
     QSet<QUuid> m_fromTrash;
 };

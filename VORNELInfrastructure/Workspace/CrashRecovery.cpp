@@ -10,6 +10,7 @@
 #include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
+#include <VORNELInfrastructure/Skills/SkillRename.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 #include <QRegularExpression>
@@ -119,8 +120,9 @@ void discardBackups(const Workspace &workspace, const QUuid &id)
     }
 }
 
-void restoreBackups(const Workspace &workspace)
+void restoreSkills(const Workspace &workspace)
 {
+    SkillRename(workspace).finish();
     for (const SkillRecord &backup : canonicalBackups(workspace)) {
         const fs::path canonical = workspace.config.canonical(backup.manifest.slug);
         if (isMissing(workspace, backup.manifest))
@@ -147,12 +149,13 @@ bool needsRecovery(const Workspace &workspace)
 {
     const fs::path staging = workspace.config.staging();
     return !workspace.files.list(workspace.files.openFolder(staging)).empty() ||
-           !canonicalBackups(workspace).isEmpty() || !unfinishedParts(workspace).empty();
+           !canonicalBackups(workspace).isEmpty() || SkillRename(workspace).isUnfinished() ||
+           !unfinishedParts(workspace).empty();
 }
 
 void recoverFromCrash(const Workspace &workspace)
 {
-    restoreBackups(workspace);
+    restoreSkills(workspace);
     removeAbandonedStages(workspace);
     for (const fs::path &part : unfinishedParts(workspace))
         bestEffort([&] { removeTree(workspace.files, part); });

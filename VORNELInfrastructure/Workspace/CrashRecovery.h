@@ -12,11 +12,11 @@ namespace vornel {
 /// removed. What only the user can judge stays in the recovery folder.
 void recoverFromCrash(const Workspace &workspace);
 
-/// Only brings back skills whose replacement was cut short. This is repeated before every change, as another
-/// program may have been interrupted since the start.
-void restoreBackups(const Workspace &workspace);
+/// Only brings back skills whose replacement was cut short, and finishes renames. This is repeated before
+/// every change, as another program may have been interrupted since the start.
+void restoreSkills(const Workspace &workspace);
 
-/// The names in the recovery folder with which `restoreBackups` has something to do.
+/// The names in the recovery folder with which `restoreSkills` has something to do.
 std::set<std::string> backupsToSettle(const Workspace &workspace);
 
 /// Whether there is anything to put right.

@@ -22,7 +22,7 @@ auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation,
     if (mode == LockMode::Exclusive) {
         m_undo.forget();
         refuseNewerWorkspace(workspace);
-        restoreBackups(workspace);
+        restoreSkills(workspace);
     }
     return operation(workspace);
 }

@@ -6,6 +6,7 @@
 #include <VORNELInfrastructure/Adoption/CopyMerge.h>
 #include <VORNELInfrastructure/Categories/CategoryEditing.h>
 #include <VORNELInfrastructure/Import/NewSkills.h>
+#include <VORNELInfrastructure/Skills/PropertyEdit.h>
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
 #include <VORNELInfrastructure/Skills/SkillTrash.h>
 #include <VORNELInfrastructure/Targets/CopyInspector.h>
@@ -148,6 +149,14 @@ QFuture<WorkspaceOverview> LocalWorkspaceService::assignSkills(QSet<QUuid> ids, 
     return performUndoable(UndoableAction::assignment, [=, this](const Workspace &workspace) {
         CategoryEditing(workspace).assign(ids, to);
         return overview(workspace);
+    });
+}
+
+QFuture<QList<SkillDetail>> LocalWorkspaceService::setProperties(QList<QUuid> ids, PropertyChange change,
+                                                                 std::optional<qint64> expectedRevision)
+{
+    return performUndoable(UndoableAction::properties, [=](const Workspace &workspace) {
+        return PropertyEdit(workspace).run(ids, change, expectedRevision);
     });
 }
 

@@ -80,6 +80,8 @@ public:
     QFuture<SkillDetail> restoreAsRevision(QString id, QUuid skill,
                                            std::optional<qint64> expectedRevision) override;
     QFuture<QList<SetAsideCopy>> deleteSetAside(QStringList ids) override;
+    QFuture<QList<SkillDetail>> setProperties(QList<QUuid> ids, PropertyChange change,
+                                              std::optional<qint64> expectedRevision) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
 
 private:

@@ -88,6 +88,14 @@ TEST_F(Vornelctl, CarriesASkillThroughItsLife)
               u"Groupe"_s);
     EXPECT_EQ(run("category -- delete equipe").code, 0);
 
+    const Result set = run("set demo --name Autre --add-tags c --maturity ready --slug autre --json");
+    EXPECT_EQ(set.json()[0][u"manifest"][u"tags"], (QJsonArray{u"a"_s, u"b"_s, u"c"_s}));
+    EXPECT_EQ(run("list --tag C,a --sort updated --json").json()[0][u"slug"], u"autre"_s);
+    EXPECT_EQ(run("list --tag c,d --sort name --json").json().array().size(), 0);
+    EXPECT_EQ(run("set autre").code, 64);
+    EXPECT_EQ(run("set autre autre2 --name x --expect 1").code, 2);
+    EXPECT_EQ(run("set autre --slug demo --name Démo --maturity draft").output, "demo  révision 5  à jour\n");
+
     EXPECT_EQ(run("trash demo").code, 0);
     EXPECT_EQ(run("show demo").code, 2);
     EXPECT_EQ(run("list --json").json().array().size(), 0);

@@ -340,6 +340,15 @@ TEST(LibraryQuery, OrdersWhatPassesTheFilter)
                         .orderedFilteredSkills({})),
               u"d q"_s);
 
+    SkillSummary tagged = summary("t", "Tagged", "design");
+    tagged.tags = {u"api"_s, u"web"_s};
+    tagged.updatedAt = QDateTime::fromSecsSinceEpoch(2'000'000'000, Qt::UTC);
+    const LibraryIndex more({tagged, summary("b", "B", "quality"), summary("a", "A", "design")});
+    EXPECT_EQ(slugs(more.orderedFilteredSkills({.tags = {u"WEB"_s, u"api"_s}})), u"t"_s);
+    EXPECT_EQ(slugs(more.orderedFilteredSkills({.tags = {u"web"_s, u"ap"_s}})), QString());
+    EXPECT_EQ(slugs(more.orderedFilteredSkills({.order = LibraryOrder::name})), u"a b t"_s);
+    EXPECT_EQ(slugs(more.orderedFilteredSkills({.order = LibraryOrder::updated})), u"t a b"_s);
+
     const SkillSummary upper = summary("A", "Same", "design");
     const SkillSummary lower = summary("a", "same", "design");
     for (const auto &[given, order] :

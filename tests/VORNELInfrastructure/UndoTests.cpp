@@ -135,6 +135,10 @@ INSTANTIATE_TEST_SUITE_P(
                       library.service->synchronizeSkills({library.other, library.demo}, {}).waitForFinished();
                   }},
         Operation{"trash", [](auto &library) { library.trash(); }},
+        Operation{"rename",
+                  [](auto &library) {
+                      library.service->setProperties({library.demo}, {.slug = u"renamed"_s}, {}).result();
+                  }},
         Operation{
             "assign",
             [](auto &library) {

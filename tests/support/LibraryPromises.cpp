@@ -158,7 +158,7 @@ private:
             return;
         const std::string slug = skill.manifest.slug.toStdString();
         if (name.starts_with("replaced-library-")) {
-            EXPECT_TRUE(isOfLibrary(skillIn(historyOf(skill) / name), slug)) << name << " never stood there";
+            EXPECT_TRUE(isOfLibrary(skillIn(historyOf(skill) / name), skill)) << name << " never stood there";
             return;
         }
         const auto &before = name.find("-claude-") != std::string::npos ? m_before.claude : m_before.codex;
@@ -167,11 +167,13 @@ private:
             << name << " never stood there";
     }
 
-    /// Whether the library holds this before or after the operation.
-    bool isOfLibrary(const SkillOnDisk &entry, const std::string &slug) const
+    /// Whether the library holds this of the skill before or after the operation.
+    bool isOfLibrary(const SkillOnDisk &entry, const SkillOnDisk &skill) const
     {
+        const std::string slug = skill.manifest.slug.toStdString();
         return std::ranges::any_of(std::array{&m_before, &m_after}, [&](const WorkspaceState *state) {
-            const SkillOnDisk *expected = state->find(slug);
+            const SkillOnDisk *known = state->findByID(idText(skill));
+            const SkillOnDisk *expected = known != nullptr ? known : state->find(slug);
             return expected != nullptr && areAlike(entry, *expected, m_before.find(slug) == nullptr);
         });
     }
@@ -193,7 +195,7 @@ private:
             return;
         const SkillOnDisk entry = skillIn(historyOf(skill) / name);
         EXPECT_TRUE(name.starts_with(std::to_string(entry.manifest.revision) + '-')) << name;
-        EXPECT_TRUE(isOfLibrary(entry, skill.manifest.slug.toStdString())) << name;
+        EXPECT_TRUE(isOfLibrary(entry, skill)) << name;
     }
 
     /// A name that needn't be ignored any more may be forgotten later, whatever was reported.

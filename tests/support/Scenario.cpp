@@ -57,6 +57,25 @@ void assign(Service &service)
     service.assignSkills(activeIDs(service, {u"demo"_s, u"second"_s}), u"design"_s).result();
 }
 
+/// The order in which a command names them.
+QList<QUuid> demoAndSecond(Service &service)
+{
+    return {*activeIDs(service, {u"demo"_s}).cbegin(), *activeIDs(service, {u"second"_s}).cbegin()};
+}
+
+void setProperties(Service &service)
+{
+    service
+        .setProperties(demoAndSecond(service), {.addedTags = {u"essai"_s}, .maturity = Maturity::ready}, {})
+        .result();
+}
+
+void rename(Service &service)
+{
+    const QUuid demo = *activeIDs(service, {u"demo"_s}).cbegin();
+    service.setProperties({demo}, {.slug = u"renamed"_s, .displayName = u"Autre"_s}, 3).result();
+}
+
 void deleteCategory(Service &service)
 {
     service.deleteCategory(u"equipe"_s).result();
@@ -223,6 +242,8 @@ std::vector<Scenario> allScenarios()
                   Error::duplicateSlug(u"fresh"_s)),
         operation("save", save, "save demo --expect 3 --file text", Error::revisionConflict(3, 4)),
         operation("assign", assign, "assign design demo second"),
+        operation("setProperties", setProperties, "set demo second --add-tags essai --maturity ready"),
+        operation("rename", rename, "set demo --slug renamed --name Autre --expect 3", done),
         operation("deleteCategory", deleteCategory, "category delete equipe",
                   Error::integrityFailure(u"Catégorie introuvable."_s)),
         operation("synchronize", synchronize, "sync demo second"),

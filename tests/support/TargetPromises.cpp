@@ -105,8 +105,9 @@ private:
     {
         for (const auto &[before, now] :
              {std::pair{&m_before.claude, &m_now.claude}, {&m_before.codex, &m_now.codex}}) {
-            for (const auto &[slug, copy] : *before) {
-                if (!isActive(m_before, slug) || !isActive(m_now, slug))
+            for (const auto &[formerSlug, copy] : *before) {
+                const std::string slug = slugIn(m_now, m_before, formerSlug);
+                if (!isActive(m_before, formerSlug) || !isActive(m_now, slug))
                     continue;
                 const bool isInstalled = now->contains(slug) && now->at(slug) == copy;
                 const bool isTakenOut = std::ranges::any_of(
@@ -115,6 +116,16 @@ private:
                     << "the edits in " << slug << " are lost";
             }
         }
+    }
+
+    /// The slug that a skill has in one state, when it has this one in another; the same where it isn't
+    /// there.
+    static std::string slugIn(const WorkspaceState &state, const WorkspaceState &other,
+                              const std::string &slug)
+    {
+        const SkillOnDisk *skill = other.find(slug);
+        const SkillOnDisk *same = skill != nullptr ? state.findByID(idText(*skill)) : nullptr;
+        return same != nullptr ? same->manifest.slug.toStdString() : slug;
     }
 
     bool isInHistory(const std::string &slug, const Tree &copy) const
@@ -176,7 +187,7 @@ private:
                 const SkillOnDisk *skill = state.find(slug);
                 return skill != nullptr && withoutManifest(skill->files) == copy;
             };
-            const auto former = before.find(slug);
+            const auto former = before.find(slugIn(m_before, m_now, slug));
             EXPECT_TRUE((former != before.end() && former->second == copy) || isOf(m_before) || isOf(m_now))
                 << "the copy of " << slug << " is neither old nor new";
         }

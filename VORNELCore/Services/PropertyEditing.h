@@ -1,0 +1,27 @@
+#pragma once
+
+#include <VORNELCore/Records/SkillProperties.h>
+
+#include <QFuture>
+
+#include <optional>
+
+namespace vornel {
+
+/// Changes what skills are called and how they are classified.
+class PropertyEditing
+{
+public:
+    virtual ~PropertyEditing() = default;
+
+    /// Makes the next revision of each of these active skills that the change concerns, and returns them all
+    /// in their order. Another slug renames the skill's folder and its copies, whatever these hold. May fail
+    /// with `notBootstrapped` and, before anything is changed, with `skillNotFound`, `revisionConflict` where
+    /// one isn't at the expected revision, `invalidPath` or `duplicateSlug` for a slug that can't be given,
+    /// `integrityFailure` for a blank name, an unknown category, a slug for several skills, or a copy's place
+    /// that is taken. Throws `partialSync` where a copy couldn't be renamed.
+    virtual QFuture<QList<SkillDetail>> setProperties(QList<QUuid> ids, PropertyChange change,
+                                                      std::optional<qint64> expectedRevision) = 0;
+};
+
+} // namespace vornel

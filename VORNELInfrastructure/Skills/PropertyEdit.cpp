@@ -1,0 +1,86 @@
+#include "PropertyEdit.h"
+
+#include "PropertyRules.h"
+#include "SchemaVersion.h"
+#include "SkillFolderStore.h"
+#include "SkillRename.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/History/SkillHistory.h>
+#include <VORNELInfrastructure/Workspace/Overview.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+namespace {
+
+/// A skill, and how it is to be.
+struct Planned
+{
+    SkillRecord skill;
+    SkillProperties wanted;
+
+    bool isChange() const { return wanted != SkillProperties::of(skill.manifest); }
+};
+
+} // namespace
+
+QList<SkillDetail> PropertyEdit::run(const QList<QUuid> &ids, const PropertyChange &change,
+                                     std::optional<qint64> expectedRevision) const
+{
+    if (change.slug && ids.size() > 1)
+        throw VORNELWorkspaceError::integrityFailure(
+            u"Un identifiant ne peut être donné qu’à une seule compétence."_s);
+    const QList<SkillRecord> active = activeManifests(m_workspace);
+    std::vector<Planned> plan;
+    for (const QUuid &id : ids) {
+        const SkillRecord &skill = findRecord(active, id);
+        if (expectedRevision && skill.manifest.revision != *expectedRevision)
+            throw VORNELWorkspaceError::revisionConflict(*expectedRevision, skill.manifest.revision);
+        plan.push_back({skill, changedProperties(m_workspace, SkillProperties::of(skill.manifest), change)});
+        if (plan.back().isChange())
+            check(skill.manifest, plan.back().wanted);
+    }
+
+    QList<SkillDetail> details;
+    for (Planned &planned : plan) {
+        if (planned.isChange()) {
+            const FileTreeSnapshot tree = revise(planned.skill, planned.wanted);
+            details.append(makeDetail(m_workspace, planned.skill, tree));
+        } else {
+            details.append(makeDetail(m_workspace, planned.skill));
+        }
+    }
+    return details;
+}
+
+void PropertyEdit::check(const SkillManifest &skill, const SkillProperties &wanted) const
+{
+    refuseNewer(skill);
+    if (wanted.slug != skill.slug)
+        SkillRename(m_workspace).check(skill, wanted.slug);
+}
+
+FileTreeSnapshot PropertyEdit::revise(SkillRecord &skill, const SkillProperties &wanted) const
+{
+    const SkillHistory history(m_workspace);
+    const SkillRename rename(m_workspace);
+    history.keepRevision(skill.manifest, skill.folder);
+    const SkillProperties former = SkillProperties::of(skill.manifest);
+    const bool isRenamed = wanted.slug != former.slug;
+    wanted.writeTo(skill.manifest);
+    advanceRevision(skill.manifest);
+    skill.folder = m_workspace.config.canonical(skill.manifest.slug);
+    if (isRenamed)
+        rename.renameFolder(skill.manifest, former.slug);
+    else
+        SkillFolderStore(m_workspace).writeManifest(skill.manifest, skill.folder, Durability::Now);
+    m_workspace.changes[skill.manifest.id] = {.revision = skill.manifest.revision, .properties = former};
+    FileTreeSnapshot tree = history.add(skill.manifest, skill.folder);
+    if (isRenamed)
+        rename.renameCopies(skill.manifest, former.slug);
+    return tree;
+}
+
+} // namespace vornel

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "SkillRecords.h"
+
+#include <VORNELCore/Records/SkillProperties.h>
+#include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
+
+#include <optional>
+
+namespace vornel {
+
+/// Changes the properties of skills.
+class PropertyEdit
+{
+public:
+    explicit PropertyEdit(const Workspace &workspace) : m_workspace(workspace) {}
+
+    /// Does what `PropertyEditing::setProperties` says.
+    QList<SkillDetail> run(const QList<QUuid> &ids, const PropertyChange &change,
+                           std::optional<qint64> expectedRevision) const;
+
+    /// Throws what makes these properties impossible for the skill.
+    void check(const SkillManifest &skill, const SkillProperties &wanted) const;
+
+    /// Makes the skill's next revision with these properties, which have been checked. The history keeps the
+    /// one before too. Returns what the skill's folder holds then.
+    FileTreeSnapshot revise(SkillRecord &skill, const SkillProperties &wanted) const;
+
+private:
+    const Workspace &m_workspace;
+};
+
+} // namespace vornel
