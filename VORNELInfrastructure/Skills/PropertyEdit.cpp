@@ -6,6 +6,7 @@
 #include "SkillRename.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/History/SkillHistory.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
@@ -77,9 +78,12 @@ FileTreeSnapshot PropertyEdit::revise(SkillRecord &skill, const SkillProperties 
     else
         SkillFolderStore(m_workspace).writeManifest(skill.manifest, skill.folder, Durability::Now);
     m_workspace.changes[skill.manifest.id] = {.revision = skill.manifest.revision, .properties = former};
-    FileTreeSnapshot tree = history.add(skill.manifest, skill.folder);
+    std::exception_ptr failure; // of a copy, which must not keep the revision out of the history
     if (isRenamed)
-        rename.renameCopies(skill.manifest, former.slug);
+        failure = failureOf([&] { rename.renameCopies(skill.manifest, former.slug); });
+    FileTreeSnapshot tree = history.add(skill.manifest, skill.folder);
+    if (failure)
+        std::rethrow_exception(failure);
     return tree;
 }
 

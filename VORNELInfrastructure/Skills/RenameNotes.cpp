@@ -30,6 +30,8 @@ std::vector<RenameNotes::Note> RenameNotes::all() const
     constexpr std::int64_t longest = 10'000;
     static const QRegularExpression shape(uR"(\Arenaming-([0-9A-F-]{36})\.json\z)"_s);
     std::vector<Note> notes;
+    if (m_files.kindAt(m_config.events()) != FileKind::Directory)
+        return notes;
     for (const FolderEntry &entry : m_files.list(m_files.openFolder(m_config.events()))) {
         const auto match = shape.match(QString::fromStdString(entry.name));
         const auto id = match.hasMatch() ? uuidFromText(match.captured(1)) : std::nullopt;

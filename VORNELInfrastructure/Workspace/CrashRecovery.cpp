@@ -1,6 +1,7 @@
 #include "CrashRecovery.h"
 
 #include "UnfinishedParts.h"
+#include "WorkspaceBootstrap.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
@@ -145,11 +146,24 @@ std::set<std::string> backupsToSettle(const Workspace &workspace)
     return names;
 }
 
+bool hasHalfRenamedSkills(const Workspace &workspace)
+{
+    return SkillRename(workspace).isUnfinished();
+}
+
+void finishRenames(const Workspace &workspace)
+{
+    bestEffort([&] {
+        refuseNewerWorkspace(workspace);
+        SkillRename(workspace).finish();
+    });
+}
+
 bool needsRecovery(const Workspace &workspace)
 {
     const fs::path staging = workspace.config.staging();
     return !workspace.files.list(workspace.files.openFolder(staging)).empty() ||
-           !canonicalBackups(workspace).isEmpty() || SkillRename(workspace).isUnfinished() ||
+           !canonicalBackups(workspace).isEmpty() || hasHalfRenamedSkills(workspace) ||
            !unfinishedParts(workspace).empty();
 }
 

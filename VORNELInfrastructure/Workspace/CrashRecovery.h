@@ -16,6 +16,12 @@ void recoverFromCrash(const Workspace &workspace);
 /// every change, as another program may have been interrupted since the start.
 void restoreSkills(const Workspace &workspace);
 
+/// Whether a skill was getting another slug when that was cut short: it can't be read then.
+bool hasHalfRenamedSkills(const Workspace &workspace);
+
+/// Puts these right, unless a newer version has written the workspace.
+void finishRenames(const Workspace &workspace);
+
 /// The names in the recovery folder with which `restoreSkills` has something to do.
 std::set<std::string> backupsToSettle(const Workspace &workspace);
 

@@ -8,6 +8,8 @@
 
 #include <QScopeGuard>
 
+#include <optional>
+
 /// How an operation of the service runs: for the files that hold the operations.
 namespace vornel {
 
@@ -17,8 +19,13 @@ auto LocalWorkspaceService::runLocked(LockMode mode, const Operation &operation,
     if (!m_configuration)
         throw VORNELWorkspaceError::notBootstrapped();
     m_manager->confine(m_configuration->roots());
-    const Folder lock = m_manager->lock(m_configuration->bookkeeping(), mode);
+    auto lock = std::make_optional(m_manager->lock(m_configuration->bookkeeping(), mode));
     const Workspace workspace = workspaceOf(*m_configuration, changes);
+    if (mode == LockMode::Shared && hasHalfRenamedSkills(workspace)) {
+        lock.reset();
+        lock.emplace(m_manager->lock(m_configuration->bookkeeping(), LockMode::Exclusive));
+        finishRenames(workspace);
+    }
     if (mode == LockMode::Exclusive) {
         m_undo.forget();
         refuseNewerWorkspace(workspace);

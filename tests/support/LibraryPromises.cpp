@@ -156,13 +156,13 @@ private:
         const auto former = m_before.history.find(idText(skill));
         if (former != m_before.history.end() && former->second.contains(name))
             return;
-        const std::string slug = skill.manifest.slug.toStdString();
         if (name.starts_with("replaced-library-")) {
             EXPECT_TRUE(isOfLibrary(skillIn(historyOf(skill) / name), skill)) << name << " never stood there";
             return;
         }
         const auto &before = name.find("-claude-") != std::string::npos ? m_before.claude : m_before.codex;
-        const auto old = before.find(slug);
+        const SkillOnDisk *same = m_before.findByID(idText(skill));
+        const auto old = before.find((same != nullptr ? *same : skill).manifest.slug.toStdString());
         EXPECT_TRUE(tree == withoutManifest(skill.files) || (old != before.end() && old->second == tree))
             << name << " never stood there";
     }
