@@ -114,7 +114,7 @@ int main()
     Edited many(service, u"many"_s);
     fill(path / "workspace/skills/many");
     many.synchronize();
-    std::this_thread::sleep_for(std::chrono::seconds(3)); // files that are just being written are read each time
+    std::this_thread::sleep_for(std::chrono::seconds(3)); // a file that was just written is read each time
 
     std::vector<double> ratios;
     std::vector<double> seconds;

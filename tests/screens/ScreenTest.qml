@@ -71,7 +71,7 @@ TestCase {
     function click(...names) {
         for (const name of names) {
             const item = control(name);
-            verify(item.enabled, name);
+            tryVerify(() => item.enabled, 5000, name);
             waitForItemPolished(item.parent);
             mouseClick(item);
         }
