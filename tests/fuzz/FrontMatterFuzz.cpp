@@ -1,8 +1,8 @@
 #include "Promise.h"
 
-#include <VORNELCore/Library/LocaleText.h>
+#include <VORNELCore/Library/NewSkillText.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Skills/SkillText.h>
+#include <VORNELInfrastructure/Skills/FrontMatter.h>
 
 using namespace Qt::StringLiterals;
 using namespace vornel;
@@ -10,50 +10,39 @@ using Fuzz::promise;
 
 namespace {
 
-const QString slug = u"pdf-tools"_s;
-
-bool isOneTrimmedLine(const QString &value)
+void checkLines(const FrontMatter &head, qint64 last)
 {
-    return value == value.trimmed() && !value.contains(u'\n');
+    const auto isInside = [last](qint64 line) { return line >= 1 && line <= last; };
+    for (const FrontMatter::Field &field : head.fields) {
+        promise(isInside(field.line), "a field has a line of the text");
+        promise(head.find(field.name) == &field, "a name stands for one field");
+    }
+    promise(!head.failure || (isInside(head.failure->line) && head.fields.isEmpty()),
+            "a failure has a line of the text, and leaves no fields");
 }
 
-/// The manifest that an import makes from a text. It must stay the same when it is written and read.
-SkillManifest imported(const SkillText::Metadata &metadata)
+/// A text that VORNEL writes for a new skill is read as what was put into it.
+void checkWritten(const QString &summary)
 {
-    SkillManifest manifest;
-    manifest.slug = slug;
-    manifest.displayName = metadata.name;
-    manifest.summary = metadata.summary;
-    manifest.tags = SkillText::normalizedTags({metadata.name, metadata.summary});
-    manifest.createdAt = manifest.updatedAt = QDateTime::fromSecsSinceEpoch(0, Qt::UTC);
-    return manifest;
+    const CreateSkillRequest request{u"demo"_s, u"Démo"_s, summary, {}, {}, Maturity::draft, {}};
+    const FrontMatter head = readFrontMatter(readableSkillText(request));
+    const FrontMatter::Field *field = head.find(u"description");
+    promise(field != nullptr && field->text == summary, "what is written into a head is read from it");
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    const QByteArray bytes = Fuzz::bytes(data, size);
-    const auto text = textFromUtf8(bytes);
-    promise(text.has_value() == QByteArrayView(bytes).isValidUtf8(), "UTF-8, and nothing else, is a text");
+    const auto text = textFromUtf8(Fuzz::bytes(data, size));
     if (!text)
         return 0;
-    const SkillText::Metadata metadata = SkillText::frontmatterMetadata(*text, slug);
-    promise(!metadata.name.isEmpty() && isOneTrimmedLine(metadata.name), "a name is one trimmed line");
-    promise(isOneTrimmedLine(metadata.summary), "a summary is one trimmed line");
-    promise(text->contains(metadata.name) || metadata.name == LocaleText::titleFromIdentifier(slug),
-            "a name is from the text or the slug");
-    promise(text->contains(metadata.summary), "a summary is from the text");
-    promise(SkillText::frontmatterMetadata(*text + u"\nname: last"_s, slug).name == u"last"_s,
-            "the last name is the one");
-
-    const SkillManifest manifest = imported(metadata);
-    const SkillText::Metadata own =
-        SkillText::frontmatterMetadata(SkillText::defaultSkillMD(manifest), manifest.slug);
-    promise(own.name == manifest.slug && own.summary == manifest.summary,
-            "a new text tells what its manifest does");
-    promise(RecordJson::decodeDocument<SkillManifest>(RecordJson::document(RecordJson::encode(manifest))) ==
-                manifest,
-            "an imported manifest can be read");
+    const FrontMatter head = readFrontMatter(*text);
+    promise(head.isPresent || (head.fields.isEmpty() && !head.failure), "what isn't there holds nothing");
+    checkLines(head, text->count(u'\n') + 1);
+    for (const FrontMatter::Field &field : head.fields) {
+        if (field.text)
+            checkWritten(*field.text);
+    }
     return 0;
 }
