@@ -5,6 +5,7 @@
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Library/CategoryRules.h>
+#include <VORNELCore/Library/LocaleText.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Workspace/Locating.h>
@@ -97,6 +98,24 @@ QList<SkillRecord> trashedManifests(const Workspace &workspace)
                        u"Le dossier de corbeille ne correspond pas à l’identifiant du manifeste."_s));
     }
     return trashed;
+}
+
+QList<SkillRecord> byName(const QList<SkillRecord> &records)
+{
+    struct Keyed
+    {
+        QCollatorSortKey key;
+        const SkillRecord *record;
+    };
+    std::vector<Keyed> order = parallelMap(records, [](const SkillRecord &record) {
+        return Keyed{LocaleText::sortKey(record.manifest.displayName), &record};
+    });
+    std::ranges::stable_sort(order, [](const Keyed &a, const Keyed &b) { return a.key < b.key; });
+    QList<SkillRecord> sorted;
+    sorted.reserve(records.size());
+    for (const Keyed &next : order)
+        sorted.append(*next.record);
+    return sorted;
 }
 
 const SkillRecord &findRecord(const QList<SkillRecord> &records, const QUuid &id)

@@ -23,6 +23,9 @@ QList<SkillRecord> activeManifests(const Workspace &workspace);
 /// The skills in the trash, under the same rules; a folder there is named after the skill's identifier.
 QList<SkillRecord> trashedManifests(const Workspace &workspace);
 
+/// The records in the order of their display names, as an overview has them.
+QList<SkillRecord> byName(const QList<SkillRecord> &records);
+
 /// The record of this identifier; throws `skillNotFound`.
 const SkillRecord &findRecord(const QList<SkillRecord> &records, const QUuid &id);
 

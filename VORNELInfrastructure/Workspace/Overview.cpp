@@ -2,36 +2,15 @@
 
 #include "Locating.h"
 
-#include <VORNELCore/Library/LocaleText.h>
 #include <VORNELInfrastructure/Categories/CategoryCatalog.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Targets/SyncCheck.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
-#include <algorithm>
-
 namespace vornel {
 
 namespace {
-
-QList<SkillSummary> sortedByName(const std::vector<SkillSummary> &summaries)
-{
-    struct Keyed
-    {
-        QCollatorSortKey key;
-        const SkillSummary *summary;
-    };
-    std::vector<Keyed> order = parallelMap(summaries, [](const SkillSummary &summary) {
-        return Keyed{LocaleText::sortKey(summary.displayName), &summary};
-    });
-    std::ranges::stable_sort(order, [](const Keyed &a, const Keyed &b) { return a.key < b.key; });
-    QList<SkillSummary> sorted;
-    sorted.reserve(static_cast<qsizetype>(order.size()));
-    for (const Keyed &next : order)
-        sorted.append(*next.summary);
-    return sorted;
-}
 
 void remember(const Workspace &workspace, const QUuid &id, const CopyFindings &findings)
 {
@@ -68,21 +47,20 @@ SkillDetail detailOf(const Workspace &workspace, const SkillRecord &skill, const
 WorkspaceOverview makeOverview(const Workspace &workspace)
 {
     const SyncCheck check(workspace);
-    const QList<SkillRecord> records = activeManifests(workspace);
+    const QList<SkillRecord> records = byName(activeManifests(workspace));
     const std::vector<SyncCheck::Result> results =
         parallelMap(records, [&check](const SkillRecord &skill) { return check.of(skill.manifest); });
-    std::vector<SkillSummary> active;
+    QList<SkillSummary> active;
     workspace.foundCopies.clear();
     for (std::size_t index = 0; index < results.size(); ++index) {
         const SkillManifest &manifest = records.at(static_cast<qsizetype>(index)).manifest;
-        active.emplace_back(manifest, results[index].state);
+        active.append({manifest, results[index].state});
         remember(workspace, manifest.id, results[index].findings);
     }
-    std::vector<SkillSummary> trashed;
-    for (const SkillRecord &skill : trashedManifests(workspace))
-        trashed.emplace_back(skill.manifest, SyncState::unknown);
-    return {workspace.config.workspace, sortedByName(active), sortedByName(trashed),
-            readCategoryCatalog(workspace).categories};
+    QList<SkillSummary> trashed;
+    for (const SkillRecord &skill : byName(trashedManifests(workspace)))
+        trashed.append({skill.manifest, SyncState::unknown});
+    return {workspace.config.workspace, active, trashed, readCategoryCatalog(workspace).categories};
 }
 
 SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
