@@ -70,6 +70,10 @@ enum class UndoableAction {
 };
 Q_ENUM_NS(UndoableAction)
 
+/// Whether what a check has found keeps assistants from reading a skill, or is an advice.
+enum class ProblemSeverity { error, hint };
+Q_ENUM_NS(ProblemSeverity)
+
 /// Why a slug, a relative path or a root is refused.
 enum class PathViolation {
     empty,

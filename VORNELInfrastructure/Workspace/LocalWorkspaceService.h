@@ -5,6 +5,7 @@
 #include "WorkspaceWatch.h"
 
 #include <VORNELCore/Services/CreationReviewing.h>
+#include <VORNELCore/Services/SkillChecking.h>
 #include <VORNELCore/Services/WindowServicing.h>
 #include <VORNELInfrastructure/Import/PendingImport.h>
 #include <VORNELInfrastructure/Undo/UndoJournal.h>
@@ -16,7 +17,7 @@ namespace vornel {
 
 /// The workspace on this machine's disk. Operations run one at a time, in the order of the calls. Each locks
 /// the workspace while it runs, so that several programs can share one.
-class LocalWorkspaceService : public WindowServicing, public CreationReviewing
+class LocalWorkspaceService : public WindowServicing, public CreationReviewing, public SkillChecking
 {
 public:
     /// `watch`, if any, is told when an overview begins.
@@ -83,6 +84,7 @@ public:
     QFuture<QList<SkillDetail>> setProperties(QList<QUuid> ids, PropertyChange change,
                                               std::optional<qint64> expectedRevision) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
+    QFuture<QList<SkillProblem>> checkSkills(QList<QUuid> ids) override;
 
 private:
     /// Runs `operation` on the open workspace, locked, and tells what it has changed; throws

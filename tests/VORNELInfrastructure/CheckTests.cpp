@@ -2,6 +2,8 @@
 
 #include <VORNELInfrastructure/Skills/FrontMatter.h>
 
+#include <cstdlib>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -93,6 +95,156 @@ TEST(FrontMatter, TellsWhereItIsWrong)
     for (const QString &open :
          {u"---\nname: a\n"_s, u"---"_s, u"---\n"_s + QString(70'000, u'\n') + u"---\n"_s})
         EXPECT_TRUE(shown(readFrontMatter(open)).startsWith(u"! 1 aucune"));
+}
+
+/// "error name-missing SKILL.md:1", a line for each.
+std::string listed(const QList<SkillProblem> &problems)
+{
+    std::string text;
+    for (const SkillProblem &problem : problems) {
+        EXPECT_FALSE(problem.message.isEmpty());
+        text += (rawValue(problem.severity) + u' ' + problem.rule + u' ' + problem.path + u':' +
+                 QString::number(problem.line) + u'\n')
+                    .toStdString();
+    }
+    return text;
+}
+
+std::string times(int count, const std::string &text)
+{
+    std::string all;
+    for (int index = 0; index < count; ++index)
+        all += text;
+    return all;
+}
+
+class Check : public testing::Test, protected TestWorkspace
+{
+protected:
+    std::string check(const QList<QUuid> &ids = {}) { return listed(service->checkSkills(ids).result()); }
+};
+
+const std::string head = "---\nname: demo\ndescription: Montre.\n";
+const std::string soundText = head + R"(license: MIT
+compatibility: )" + times(500, "é") +
+                              R"(
+metadata: {version: 1}
+allowed-tools: Read
+---
+Voir [le guide](docs/guide.md#début "Guide"), ![l’image](<docs/une image.png>), [elle](docs/une%20image.png?raw=true)
+et [le tout](./docs), [ici](#ici), [ailleurs](https://example.org/rien.md), [plus haut](../autre/SKILL.md), [là][réf].
+
+« outils/ » contient le reste. `[rien](rien.md)`
+
+```
+[rien](rien.md)
+```
+
+    [rien](rien.md)
+
+[réf]: docs/guide.md
+)";
+
+TEST_F(Check, FindsNothingInASoundSkill)
+{
+    create(u"demo"_s, QString::fromStdString(soundText));
+    write("workspace/skills/demo/docs/guide.md",
+          "[le texte](../SKILL.md), [une image](docs/une%20image.png)");
+    write("workspace/skills/demo/docs/une image.png", std::string("\x89PNG\0", 5));
+    write("workspace/skills/demo/outils/deux/main.py", "from outils.formes import carré\n");
+    write("workspace/skills/demo/formes.py", "");
+    write("workspace/skills/demo/.caché", "");
+    write("workspace/skills/demo/LICENSE.txt", "MIT");
+    EXPECT_EQ(check(), "");
+}
+
+TEST_F(Check, FindsEachProblem)
+{
+    struct Case
+    {
+        std::map<std::string, std::string> files; ///< "SKILL.md" is written anew for each case
+        std::string found;
+    };
+    const std::string end = "---\n";
+    const std::vector<Case> cases{
+        {{{"SKILL.md", "# Démo\n"}}, "error front-matter-missing SKILL.md:1\n"},
+        {{{"SKILL.md", head + "license: a: b\n" + end}}, "error front-matter-invalid SKILL.md:4\n"},
+        {{{"SKILL.md", "---\ndescription: x\n---\n"}}, "error name-missing SKILL.md:1\n"},
+        {{{"SKILL.md", "---\ndescription: x\nname: [demo]\n---\n"}}, "error name-missing SKILL.md:3\n"},
+        {{{"SKILL.md", "---\nname: Démo\ndescription: x\n---\n"}}, "error name-invalid SKILL.md:2\n"},
+        {{{"SKILL.md", "---\nname: de--mo\ndescription: x\n---\n"}}, "error name-invalid SKILL.md:2\n"},
+        {{{"SKILL.md", "---\nname: " + times(65, "a") + "\ndescription: x\n---\n"}},
+         "error name-invalid SKILL.md:2\n"},
+        {{{"SKILL.md", "---\nname: " + times(64, "a") + "\ndescription: x\n---\n"}},
+         "error name-differs SKILL.md:2\n"},
+        {{{"SKILL.md", "---\nname: demo\ndescription: ' '\n---\n"}},
+         "error description-missing SKILL.md:3\n"},
+        {{{"SKILL.md", "---\nname: demo\ndescription: |\n  " + times(1024, "🎈") + "\n---\n"}}, ""},
+        {{{"SKILL.md", "---\nname: demo\ndescription: |\n  " + times(1025, "🎈") + "\n---\n"}},
+         "error description-too-long SKILL.md:3\n"},
+        {{{"SKILL.md", head + "compatibility: " + times(501, "é") + "\n" + end}},
+         "error compatibility-too-long SKILL.md:4\n"},
+        {{{"SKILL.md", head + "version: 1\nauthor: x\n" + end}},
+         "hint field-unknown SKILL.md:4\nhint field-unknown SKILL.md:5\n"},
+        {{{"SKILL.md", head + end + times(496, "\n")}}, ""},
+        {{{"SKILL.md", head + end + times(496, "\n") + "x"}}, "hint text-too-long SKILL.md:501\n"},
+        {{{"SKILL.md", head + end + "\n[a](b.md)\n\ndeux\n![c](d.png) et [e](f)\n"},
+          {"docs/g.md", "[a](h.md) docs/"}},
+         "error link-broken SKILL.md:6\nerror link-broken SKILL.md:9\nerror link-broken SKILL.md:9\n"
+         "hint file-unmentioned docs/g.md:0\nerror link-broken docs/g.md:1\n"},
+        {{{"SKILL.md", head + end + "vieux.guide.md, docs/, guide.mdx\n"}, {"guide.md", "voir guide.md"}},
+         "hint file-unmentioned guide.md:0\n"},
+        {{{"SKILL.md", head + end + "scripts/run\n"}, {"scripts/run", "#!/usr/bin/env -S python3 -u\n"}},
+         "hint script-not-executable scripts/run:1\n"},
+        {{{"SKILL.md", head + "\xFF\n" + end}}, "error skill-unreadable SKILL.md:0\n"},
+    };
+    const QUuid demo = create(u"demo"_s).manifest.id;
+    for (const Case &next : cases) {
+        for (const auto &[file, bytes] : next.files)
+            write("workspace/skills/demo/" + file, bytes);
+        EXPECT_EQ(check({demo}), next.found) << next.files.at("SKILL.md");
+        for (const auto &[file, bytes] : next.files)
+            fs::remove(path("workspace/skills/demo/" + file));
+    }
+    EXPECT_EQ(check(), "error skill-unreadable SKILL.md:0\n");
+}
+
+TEST_F(Check, GoesOnPastASkillThatCanNotBeRead)
+{
+    const QString sound = QString::fromStdString(head + "---\n");
+    const QUuid demo = create(u"demo"_s, sound).manifest.id;
+    const QUuid other = create(u"other"_s, sound).manifest.id;
+    fs::create_symlink(path(), path("workspace/skills/demo/lien"));
+    const QList<SkillProblem> problems = service->checkSkills({other, demo}).result();
+    EXPECT_EQ(listed(problems), "error name-differs SKILL.md:2\nerror skill-unreadable SKILL.md:0\n");
+    EXPECT_EQ(problems.first().slug, u"other"_s);
+    EXPECT_EQ(listed(service->checkSkills({}).result()),
+              "error skill-unreadable SKILL.md:0\nerror name-differs SKILL.md:2\n");
+    const QUuid nobody = QUuid::createUuid();
+    EXPECT_EQ(errorOf([&] { check({nobody}); }), Error::skillNotFound(nobody));
+}
+
+/// The folders that `VORNEL_REAL_SKILLS` names are those of both assistants, "claude" and "codex".
+TEST_F(Check, FindsInPublicSkillsWhatAReaderDoes)
+{
+    const char *folder = std::getenv("VORNEL_REAL_SKILLS");
+    if (folder == nullptr)
+        GTEST_SKIP() << "without VORNEL_REAL_SKILLS";
+    for (const std::string assistant : {"claude", "codex"}) {
+        for (const auto &[file, bytes] : treeOf(fs::path(folder) / assistant)) {
+            if (!file.ends_with('/'))
+                write(assistant + '/' + file, bytes);
+        }
+    }
+    service->scanImports().result();
+    const ImportPlan plan = service->resolveCollisions(CollisionChoice::codex).result();
+    ASSERT_EQ(service->commitImport(plan.id).result().skills.size(), 8);
+
+    QStringList found;
+    for (const SkillProblem &problem : service->checkSkills({}).result())
+        found.append(problem.slug + u' ' + problem.rule + u' ' + problem.path + u':' +
+                     QString::number(problem.line));
+    EXPECT_EQ(found, (QStringList{u"slack-gif-creator file-unmentioned requirements.txt:0"_s}));
 }
 
 } // namespace

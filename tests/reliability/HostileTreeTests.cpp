@@ -133,6 +133,7 @@ private:
             [this] { import(); },
             [this] { save(); },
             [this] { answer("inspect", service->inspectCopies(m_demo)); },
+            [this] { answer("check", service->checkSkills({})); },
             [this] { answer("read", service->readFile(m_demo, TargetKind::claude, u"sub/a"_s)); },
             [this] { answer("synchronize", service->synchronize(m_demo)); },
             [this] {

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <VORNELCore/Records/SkillProblem.h>
+
+#include <QFuture>
+#include <QList>
+#include <QUuid>
+
+namespace vornel {
+
+/// Tells what assistants will stumble over, and changes nothing. The operation may fail with
+/// `notBootstrapped`, `skillNotFound`, or a failure to read the library as a whole.
+class SkillChecking
+{
+public:
+    virtual ~SkillChecking() = default;
+
+    /// The problems of these active skills, in their order, or of all in the overview's order; those of a
+    /// skill by path and line. A skill that can't be read has that as its one problem.
+    virtual QFuture<QList<SkillProblem>> checkSkills(QList<QUuid> ids) = 0;
+};
+
+} // namespace vornel
