@@ -73,7 +73,7 @@ void checkOperands(const Invocation &invocation, const CommandSyntax &command)
     const QStringList &typed = invocation.operands;
     const QStringList forms = invocation.has(command.standIn) ? QStringList() : command.operands;
     const bool isLastRepeated = !forms.isEmpty() && forms.last().endsWith(u'…');
-    if (typed.size() < forms.size())
+    if (typed.size() < std::min(command.requiredOperands, forms.size()))
         throw UsageError(u"Il manque un argument à la commande "_s + invocation.command + u'.');
     if (typed.size() > forms.size() && !isLastRepeated)
         throw UsageError(u"Argument de trop\u00A0: "_s + typed.last());

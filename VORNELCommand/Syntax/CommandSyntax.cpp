@@ -70,8 +70,10 @@ CommandSyntax::CommandSyntax(QString itsSection, QString itsUsage, QString itsMe
 {
     static const QRegularExpression gaps(u"[ ()]+(?:\\|[ ()]*)?"_s);
     for (const QString &word : QString(usage).remove(optionPattern()).split(gaps, Qt::SkipEmptyParts)) {
+        const bool isOptional = word.startsWith(u'[');
         const bool isOfTheName = word.front().isLower() && !word.contains(u'|');
-        (isOfTheName ? name : operands).append(word);
+        (isOfTheName ? name : operands).append(isOptional ? word.sliced(1, word.size() - 2) : word);
+        requiredOperands += isOfTheName || isOptional ? 0 : 1;
     }
     static const QRegularExpression alternative(uR"(\| --([a-z-]+))"_s);
     standIn = alternative.match(usage).captured(1);

@@ -43,8 +43,9 @@ struct CommandSyntax
 
     QStringList name; ///< one word, or two: "category", "create"
     QList<OptionSyntax> options;
-    QStringList operands; ///< their placeholders; the last one may be repeated if it ends in "…"
-    QString standIn;      ///< the flag, if any, that stands for all operands: "all" in "(SKILL… | --all)"
+    QStringList operands;           ///< their placeholders; the last one may be repeated if it ends in "…"
+    qsizetype requiredOperands = 0; ///< how many of them stand outside brackets
+    QString standIn; ///< the flag, if any, that stands for all operands: "all" in "(SKILL… | --all)"
 };
 
 } // namespace vornel
