@@ -10,6 +10,7 @@
 #include <VORNELCore/Services/NewSkillFinding.h>
 #include <VORNELCore/Services/PropertyEditing.h>
 #include <VORNELCore/Services/RecoveryKeeping.h>
+#include <VORNELCore/Services/SkillChecking.h>
 #include <VORNELCore/Services/TargetComparing.h>
 #include <VORNELCore/Services/TrashInspecting.h>
 #include <VORNELCore/Services/WorkspaceServicing.h>
@@ -42,6 +43,7 @@ struct Services
     CreationReviewing &creations;
     RecoveryKeeping &recovery;
     PropertyEditing &properties;
+    SkillChecking &checks;
 };
 
 /// Runs a command on services whose `bootstrap` returned `overview`, prints its result and returns the exit

@@ -1,5 +1,6 @@
 #include "Command.h"
 
+#include <VORNELCommand/Output/CheckReport.h>
 #include <VORNELCommand/Output/Report.h>
 #include <VORNELCore/Library/LibraryQuery.h>
 
@@ -102,6 +103,17 @@ int diff(const Session &session)
     return std::ranges::all_of(copies, isInSync) ? ExitCode::success : ExitCode::needsAttention;
 }
 
+int check(const Session &session)
+{
+    const QList<SkillProblem> problems =
+        session.services.checks.checkSkills(activeSkills(session, session.invocation.operands)).result();
+    output(session, problems, Report::problems);
+    const auto isError = [](const SkillProblem &problem) {
+        return problem.severity == ProblemSeverity::error;
+    };
+    return std::ranges::any_of(problems, isError) ? ExitCode::needsAttention : ExitCode::success;
+}
+
 } // namespace
 
 QList<Command> lookingCommands()
@@ -120,6 +132,9 @@ QList<Command> lookingCommands()
           u"changé "
           "depuis cette version. Code 1 s’il y a une différence."_s},
          diff},
+        {{section, u"check [SKILL…]"_s,
+          u"Ce qui gêne les assistants dans ces compétences, ou dans toutes\u00A0; code 1 s’il y a une erreur."_s},
+         check},
     };
 }
 

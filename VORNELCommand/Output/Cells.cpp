@@ -25,4 +25,12 @@ QString localDate(const QDateTime &date)
     return date.toLocalTime().toString(u"yyyy-MM-dd HH:mm"_s);
 }
 
+QString section(const QString &title, const QList<QList<Cell>> &rows)
+{
+    if (rows.isEmpty())
+        return {};
+    const QString heading = title + u" ("_s + QString::number(rows.size()) + u')';
+    return Terminal::coloured(heading, Colour::Muted) + u'\n' + Terminal::table(rows);
+}
+
 } // namespace vornel::Report

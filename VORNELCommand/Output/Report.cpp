@@ -46,17 +46,6 @@ Cell stateCell(const QUuid &id, const Record &record, const SkillDrift &drift)
     return edits.isEmpty() ? stateCell(record.syncState, drift.of(id)) : Cell{edits, Colour::Warning};
 }
 
-QString heading(const QString &title, qsizetype count)
-{
-    return Terminal::coloured(title + u" ("_s + QString::number(count) + u')', Colour::Muted) + u'\n';
-}
-
-/// A headed table; nothing without rows.
-QString section(const QString &title, const QList<QList<Cell>> &rows)
-{
-    return rows.isEmpty() ? QString() : heading(title, rows.size()) + Terminal::table(rows);
-}
-
 /// One row for each skill; `lastCell` makes the last cell of each row.
 template <typename LastCell>
 QString skillTable(const QList<SkillSummary> &skills, const QList<SkillCategory> &categories,

@@ -161,8 +161,10 @@ QString usageText(const QList<CommandSyntax> &commands)
            "catégorie\u00A0;\nID, le nom d’une copie mise de côté, ou son début.\nFICHIER «\u00A0-\u00A0» "
            "est l’entrée standard.\n"
            "--replace remplace les dossiers que VORNEL n’a pas installés\u00A0; ils sont gardés dans "
-           "l’historique.\nCodes de sortie\u00A0: 0 réussite, 1 copie à réparer (status, diff), dossiers "
-           "différents (compare) ou conflits à régler (merge), 2 échec, 64 usage incorrect.\n"_s;
+           "l’historique.\nCodes de sortie\u00A0: 0 réussite, 1 copie à réparer (status, diff), erreurs dans "
+           "une compétence (check), dossiers différents (compare) ou conflits à régler (merge), 2 échec, 64 "
+           "usage "
+           "incorrect.\n"_s;
 }
 
 } // namespace vornel

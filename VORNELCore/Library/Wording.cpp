@@ -154,6 +154,24 @@ QString countedSkills(qsizetype count)
     return QString::number(count) + (count < 2 ? u" compétence"_s : u" compétences"_s);
 }
 
+QString severity(ProblemSeverity severity)
+{
+    return severity == ProblemSeverity::error ? u"erreur"_s : u"conseil"_s;
+}
+
+QString countedProblems(qsizetype errors, qsizetype hints)
+{
+    const auto counted = [](qsizetype count, const QString &noun) {
+        return QString::number(count) + u' ' + noun + (count < 2 ? QString() : u"s"_s);
+    };
+    QStringList parts;
+    if (errors > 0)
+        parts.append(counted(errors, u"erreur"_s));
+    if (hints > 0)
+        parts.append(counted(hints, u"conseil"_s));
+    return parts.isEmpty() ? u"Aucun problème"_s : parts.join(u", "_s);
+}
+
 QString newSkills(const QList<NewSkill> &skills)
 {
     QStringList counts;

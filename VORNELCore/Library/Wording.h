@@ -34,6 +34,12 @@ QString countedFiles(qsizetype count);
 /// "1 compétence", "2 compétences".
 QString countedSkills(qsizetype count);
 
+/// "erreur", "conseil".
+QString severity(ProblemSeverity severity);
+
+/// "2 erreurs, 1 conseil"; "Aucun problème" for none.
+QString countedProblems(qsizetype errors, qsizetype hints);
+
 /// "2 nouvelles compétences chez Claude et 1 chez Codex. « audit » est dans la corbeille."; empty for none.
 QString newSkills(const QList<NewSkill> &skills);
 

@@ -205,6 +205,34 @@ TEST_F(Vornelctl, ListsWhatDiffersInTheCopies)
     EXPECT_EQ(run("diff rien").code, 2);
 }
 
+TEST_F(Vornelctl, ChecksWhatAssistantsWillRead)
+{
+    EXPECT_EQ(run("check").output, "Aucun problème\n");
+    ASSERT_EQ(run("create alpha --name A --file -", "---\nname: alpha\ndescription: x\n---\n").code, 0);
+    ASSERT_EQ(run("create beta --name B --file -", "---\nname: gamma\nmodel: x\n---\n").code, 0);
+    write("ws/skills/alpha/notes.md", "x");
+
+    const Result hints = run("check alpha --json");
+    EXPECT_EQ(hints.code, 0) << hints.errors.constData();
+    ASSERT_EQ(hints.json().array().size(), 1);
+    const QJsonObject hint = hints.json()[0].toObject();
+    EXPECT_EQ(hint.keys(),
+              (QStringList{u"line"_s, u"message"_s, u"path"_s, u"rule"_s, u"severity"_s, u"slug"_s}));
+    EXPECT_EQ(hint[u"severity"], u"hint"_s);
+    EXPECT_EQ(hint[u"line"], 0);
+
+    const Result all = run("check");
+    EXPECT_EQ(all.code, 1);
+    EXPECT_TRUE(all.output.startsWith("alpha (1)\n  conseil  notes.md  file-unmentioned  "))
+        << all.output.constData();
+    EXPECT_TRUE(all.output.contains("\n\nbeta (3)\n  erreur   SKILL.md:1  description-missing  "))
+        << all.output.constData();
+    EXPECT_TRUE(all.output.endsWith("\n\n2 erreurs, 2 conseils\n"));
+    EXPECT_EQ(run("check beta alpha --json").json().array().size(), 4);
+    EXPECT_EQ(run("check alpha rien").code, 2);
+    EXPECT_EQ(run("check --all").code, 64);
+}
+
 TEST_F(Vornelctl, TellsWhoHasChangedWhat)
 {
     ASSERT_EQ(run("create edited --name E --file -", "texte").code, 0);
