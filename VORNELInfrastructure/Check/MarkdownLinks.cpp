@@ -10,7 +10,7 @@ namespace vornel {
 
 namespace {
 
-constexpr qsizetype largestText = 262'144;
+constexpr qsizetype largestChecked = 262'144;
 
 /// The path that a link leads to; empty where it leads to no file beside the text.
 QString relativePath(const char *target)
@@ -29,7 +29,7 @@ bool isLink(cmark_node *node)
 
 QList<MarkdownLink> markdownLinks(QByteArrayView text)
 {
-    if (text.size() > largestText)
+    if (text.size() > largestChecked)
         return {};
     const std::unique_ptr<cmark_node, decltype(&cmark_node_free)> document(
         cmark_parse_document(text.data(), static_cast<std::size_t>(text.size()), CMARK_OPT_DEFAULT),
