@@ -76,18 +76,19 @@ void discardIfReplaced(const Workspace &workspace, const SkillRecord &backup)
                   workspace.config.staging());
 }
 
-/// Whether a backup has no folder in its place, and is no skill of the trash.
-bool isMissing(const Workspace &workspace, const SkillManifest &backup)
-{
-    return !workspace.files.kindAt(workspace.config.canonical(backup.slug)) &&
-           !workspace.files.kindAt(workspace.config.trashed(backup.id));
-}
-
 bool isInLibraryOrTrash(const Workspace &workspace, const QUuid &id)
 {
     const auto hasID = [&id](const SkillRecord &record) { return record.manifest.id == id; };
     return workspace.files.kindAt(workspace.config.trashed(id)) ||
            std::ranges::any_of(activeManifests(workspace), hasID);
+}
+
+/// Whether a backup has no folder in its place, and its skill is nowhere else, under another slug for
+/// example.
+bool isMissing(const Workspace &workspace, const SkillManifest &backup)
+{
+    return !workspace.files.kindAt(workspace.config.canonical(backup.slug)) &&
+           !isInLibraryOrTrash(workspace, backup.id);
 }
 
 /// A skill that is being deleted for good is staged under its identifier until its history is gone.

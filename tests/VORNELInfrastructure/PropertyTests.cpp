@@ -100,6 +100,19 @@ TEST_F(Properties, ASlugIsThatOfTheFolderAndOfBothCopies)
     EXPECT_EQ(service->loadSkill(demo).result().manifest.slug, u"renamed"_s);
 }
 
+/// What an interruption has left of it under the former slug doesn't come back.
+TEST_F(Properties, ARenamedSkillIsNotMissingUnderItsFormerSlug)
+{
+    fs::copy(path("workspace/skills/demo"),
+             path("workspace/.vornel/recovery/" + uuidText(QUuid::createUuid()).toStdString() +
+                  "-canonical-demo"));
+    write("workspace/skills/demo/SKILL.md", "by hand");
+    fs::remove_all(path("workspace/.vornel/history/" + uuidText(demo).toStdString()));
+    set({.slug = u"renamed"_s});
+    service->emptyTrash().waitForFinished();
+    EXPECT_EQ(names("workspace/skills"), std::vector<std::string>{"renamed"});
+}
+
 TEST_F(Properties, ASlugThatIsTakenAnywhereIsRefused)
 {
     create(u"other"_s);
