@@ -5,7 +5,8 @@ window_packages=(fonts-dejavu-core libgit2-dev libgl-dev pkg-config qcoro-qt6-de
     qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-layouts
     qml6-module-qtquick-templates qml6-module-qtquick-window qt6-declarative-dev qt6-declarative-dev-tools
     qt6-qpa-plugins qt6-svg-dev)
-build_packages=(cmake g++ libcmark-dev librsvg2-bin libssl-dev libyaml-cpp-dev ninja-build qt6-base-dev "${window_packages[@]}")
+build_packages=(cmake g++ libarchive-dev libcmark-dev librsvg2-bin libssl-dev libyaml-cpp-dev ninja-build qt6-base-dev
+    "${window_packages[@]}")
 test_packages=("${build_packages[@]}" at-spi2-core bash-completion dbus libgtest-dev libx11-6 python3-gi
     qml6-module-qttest strace xvfb zsh)
 package_packages=("${build_packages[@]}" dpkg-dev file)

@@ -22,6 +22,7 @@ QList<Command> historyCommands();
 QList<Command> categoryCommands();
 QList<Command> trashCommands();
 QList<Command> recoveryCommands();
+QList<Command> exchangeCommands();
 
 /// Prints what differs between the version that is named and another one, or what the library holds now;
 /// returns the exit code.

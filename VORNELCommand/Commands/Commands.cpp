@@ -11,9 +11,10 @@ namespace {
 /// In the order of the help.
 const QList<Command> &commands()
 {
-    static const QList<Command> all =
-        lookingCommands() + importCommands() + editingCommands() + propertyCommands() + syncCommands() +
-        adoptionCommands() + historyCommands() + categoryCommands() + trashCommands() + recoveryCommands();
+    static const QList<Command> all = lookingCommands() + importCommands() + exchangeCommands() +
+                                      editingCommands() + propertyCommands() + syncCommands() +
+                                      adoptionCommands() + historyCommands() + categoryCommands() +
+                                      trashCommands() + recoveryCommands();
     return all;
 }
 

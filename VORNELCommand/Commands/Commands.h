@@ -11,6 +11,7 @@
 #include <VORNELCore/Services/PropertyEditing.h>
 #include <VORNELCore/Services/RecoveryKeeping.h>
 #include <VORNELCore/Services/SkillChecking.h>
+#include <VORNELCore/Services/SkillExchange.h>
 #include <VORNELCore/Services/TargetComparing.h>
 #include <VORNELCore/Services/TrashInspecting.h>
 #include <VORNELCore/Services/WorkspaceServicing.h>
@@ -44,6 +45,7 @@ struct Services
     RecoveryKeeping &recovery;
     PropertyEditing &properties;
     SkillChecking &checks;
+    SkillExchange &exchange;
 };
 
 /// Runs a command on services whose `bootstrap` returned `overview`, prints its result and returns the exit

@@ -1,3 +1,4 @@
+#include "Choices.h"
 #include "Command.h"
 #include "OccupiedPlaces.h"
 
@@ -39,23 +40,11 @@ ImportPlan exclude(const Session &session, ImportPlan plan)
     return plan;
 }
 
-/// The choices typed as "SLUG=claude" or "SLUG=codex".
-QHash<QString, CollisionChoice> typedChoices(const Session &session)
-{
-    QHash<QString, CollisionChoice> choices;
-    for (const QString &typed : session.invocation.values.value(u"choose"_s))
-        choices.insert(typed.section(u'=', 0, 0), caseOf<CollisionChoice>(typed.section(u'=', 1)));
-    return choices;
-}
-
 /// Resolves the collisions of `plan` as the user asked, and returns the plan as it is then.
 ImportPlan resolveCollisions(const Session &session, ImportPlan plan)
 {
-    const QString prefer = u"prefer"_s;
-    std::optional<CollisionChoice> preferred;
-    if (session.invocation.has(prefer))
-        preferred = caseOf<CollisionChoice>(session.invocation.value(prefer));
-    QHash<QString, CollisionChoice> choices = typedChoices(session);
+    const std::optional<CollisionChoice> preferred = preferredChoice<CollisionChoice>(session);
+    QHash<QString, CollisionChoice> choices = typedChoices<CollisionChoice>(session);
 
     QStringList undecided;
     QList<std::pair<QUuid, CollisionChoice>> decided;
@@ -73,13 +62,10 @@ ImportPlan resolveCollisions(const Session &session, ImportPlan plan)
     for (const SkillSummary &skill : session.overview.skills)
         choices.remove(skill.slug);
     if (!choices.isEmpty())
-        throw CommandFailure(u"collisionNotFound"_s,
-                             u"Collision d’import introuvable : "_s + choices.begin().key());
+        throw unknownCollision(choices.begin().key());
     for (const auto &[id, choice] : decided)
         plan = session.services.workspace.resolveCollision(id, choice).result();
-    if (!undecided.isEmpty() && !session.invocation.has(u"json"_s))
-        Terminal::printError(u"À choisir avec --choose IDENTIFIANT="_s + alternatives<CollisionChoice>() +
-                             u" ou --prefer\u00A0: "_s + undecided.join(u", "_s));
+    tellUndecided<CollisionChoice>(session, undecided);
     return plan;
 }
 

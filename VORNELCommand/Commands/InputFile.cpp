@@ -18,11 +18,12 @@ namespace vornel {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-QByteArray readToEnd(const Descriptor &input, const fs::path &path)
+void readInput(const QString &name, const std::function<void(QByteArrayView)> &sink)
 {
-    QByteArray bytes;
+    const fs::path path = pathFromText(name);
+    const Descriptor input(name == u"-" ? ::dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (input.fd() < 0)
+        throw fs::filesystem_error("open", path, std::error_code(errno, std::system_category()));
     std::array<char, 64UL * 1024> buffer;
     while (true) {
         const ssize_t count = ::read(input.fd(), buffer.data(), buffer.size());
@@ -31,22 +32,21 @@ QByteArray readToEnd(const Descriptor &input, const fs::path &path)
         if (count < 0 && errno != EINTR)
             throw fs::filesystem_error("read", path, std::error_code(errno, std::system_category()));
         if (count == 0)
-            return bytes;
-        bytes.append(buffer.data(), std::max<ssize_t>(count, 0));
-        if (bytes.size() > SkillFiles::sizeLimit)
-            throw fs::filesystem_error("read", path, std::make_error_code(std::errc::file_too_large));
+            return;
+        sink(QByteArrayView(buffer.data(), std::max<ssize_t>(count, 0)));
     }
 }
-
-} // namespace
 
 QString textOfFile(const QString &name)
 {
     const fs::path path = pathFromText(name);
-    const Descriptor input(name == u"-" ? ::dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (input.fd() < 0)
-        throw fs::filesystem_error("open", path, std::error_code(errno, std::system_category()));
-    const auto text = textFromUtf8(readToEnd(input, path));
+    QByteArray content;
+    readInput(name, [&](QByteArrayView bytes) {
+        content.append(bytes);
+        if (content.size() > SkillFiles::sizeLimit)
+            throw fs::filesystem_error("read", path, std::make_error_code(std::errc::file_too_large));
+    });
+    const auto text = textFromUtf8(content);
     if (!text)
         throw fs::filesystem_error("decode", path, std::make_error_code(std::errc::illegal_byte_sequence));
     return *text;

@@ -158,8 +158,9 @@ QString usageText(const QList<CommandSyntax> &commands)
     }
     return text +
            u"\nSKILL est l’identifiant d’une compétence, ou son UUID\u00A0; CATÉGORIE, l’identifiant d’une "
-           "catégorie\u00A0;\nID, le nom d’une copie mise de côté, ou son début.\nFICHIER «\u00A0-\u00A0» "
-           "est l’entrée standard.\n"
+           "catégorie\u00A0;\nID, le nom d’une copie mise de côté, ou son début.\nFICHIER ou SOURCE "
+           "«\u00A0-\u00A0» "
+           "est l’entrée standard, et pour export, la sortie standard.\n"
            "--replace remplace les dossiers que VORNEL n’a pas installés\u00A0; ils sont gardés dans "
            "l’historique.\nCodes de sortie\u00A0: 0 réussite, 1 copie à réparer (status, diff), erreurs dans "
            "une compétence (check), dossiers différents (compare) ou conflits à régler (merge), 2 échec, 64 "

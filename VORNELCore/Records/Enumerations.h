@@ -95,6 +95,15 @@ Q_ENUM_NS(ImportClassification)
 enum class CollisionChoice { claude, codex };
 Q_ENUM_NS(CollisionChoice)
 
+/// How a skill that is to be added stands to the library: unknown there, there with the same content, or with
+/// other content.
+enum class AdditionKind { added, identical, different };
+Q_ENUM_NS(AdditionKind)
+
+/// Which content the user keeps where they differ.
+enum class AdditionChoice { library, added };
+Q_ENUM_NS(AdditionChoice)
+
 template <typename E>
 requires std::is_enum_v<E> size_t qHash(E value, size_t seed = 0)
 {

@@ -128,7 +128,8 @@ public:
     /// Where a path leads once its links are followed. It need not exist, nor lie in a root.
     virtual std::filesystem::path resolved(const std::filesystem::path &path) const = 0;
 
-    /// Opens a folder that holds a root, or one above it; its links are followed, as they are the user's own.
+    /// Opens a folder that holds a root, one above it, or another one that the user has named; its links are
+    /// followed, as they are the user's own.
     /// `no_such_file_or_directory` when nothing stands there, `not_a_directory` when it is none.
     virtual Folder openAbove(const std::filesystem::path &path) const = 0;
 

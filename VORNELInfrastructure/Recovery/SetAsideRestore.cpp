@@ -2,7 +2,6 @@
 
 #include <VORNELInfrastructure/Adoption/ComposedRevision.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
-#include <VORNELInfrastructure/Skills/SkillText.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
@@ -13,16 +12,7 @@ namespace fs = std::filesystem;
 SkillDetail SetAsideRestore::asSkill(const QString &id, const QString &slug) const
 {
     const fs::path copy = m_recovery.place(id);
-    const SkillText::Metadata metadata =
-        SkillText::frontmatterMetadata(m_store.readSkillMD(copy, slug), slug);
-    const SkillManifest manifest =
-        m_authoring.newManifest({.slug = slug,
-                                 .displayName = metadata.name.left(SkillText::longestMetadata),
-                                 .summary = metadata.summary.left(SkillText::longestMetadata),
-                                 .category = SkillCategory::otherID,
-                                 .tags = {},
-                                 .maturity = Maturity::active,
-                                 .skillMD = {}});
+    const SkillManifest manifest = m_authoring.manifestFor(copy, slug);
     SkillDetail made = m_authoring.add(manifest, [&](const fs::path &stage) {
         SecureFileTree::copyTree(m_workspace.files, copy, stage, TreeFilter::excludingManifest);
     });

@@ -39,6 +39,19 @@ SkillManifest SkillAuthoring::newManifest(const CreateSkillRequest &request) con
     return manifest;
 }
 
+SkillManifest SkillAuthoring::manifestFor(const fs::path &folder, const QString &slug) const
+{
+    const SkillText::Metadata metadata =
+        SkillText::frontmatterMetadata(m_store.readSkillMD(folder, slug), slug);
+    return newManifest({.slug = slug,
+                        .displayName = metadata.name.left(SkillText::longestMetadata),
+                        .summary = metadata.summary.left(SkillText::longestMetadata),
+                        .category = SkillCategory::otherID,
+                        .tags = {},
+                        .maturity = Maturity::active,
+                        .skillMD = {}});
+}
+
 SkillDetail SkillAuthoring::create(const CreateSkillRequest &request) const
 {
     const SkillManifest manifest = newManifest(request);

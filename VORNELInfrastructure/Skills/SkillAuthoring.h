@@ -21,6 +21,11 @@ public:
     /// `integrityFailure` for a blank name or an unknown category.
     SkillManifest newManifest(const CreateSkillRequest &request) const;
 
+    /// The manifest of a new active skill that a folder is to become, named as an import would name it.
+    /// Throws what `newManifest` does, `missingSkillFile`, and a `filesystem_error` for a text that isn't
+    /// UTF-8.
+    SkillManifest manifestFor(const std::filesystem::path &folder, const QString &slug) const;
+
     SkillDetail create(const CreateSkillRequest &request) const;
 
     /// Adds a skill with a manifest of `newManifest`, and installs it. `make` makes the folder, all but the

@@ -101,12 +101,21 @@ FileTreeSnapshot snapshotOf(const FileSystem &files, const Folder &root, TreeFil
     return walk.finish(root.path);
 }
 
-/// Walks over `source` and copies it; `Hash` is `Sha256`, or `NoHash` for a copy without a fingerprint.
-template <typename Hash>
-auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)
+Folder openedRoot(const FileSystem &files, const fs::path &root)
 {
-    const fs::path path = standardizedPath(source);
-    const Folder from = openedRoot(path.filename(), [&] { return files.openFolder(path); });
+    const fs::path path = standardizedPath(root);
+    return openedRoot(path.filename(), [&] { return files.openFolder(path); });
+}
+
+Folder openedRoot(const FileSystem &files, const Folder &parent, const std::string &name)
+{
+    return openedRoot(name, [&] { return files.openFolder(parent, name); });
+}
+
+/// Walks over `from` and copies it; `Hash` is `Sha256`, or `NoHash` for a copy without a fingerprint.
+template <typename Hash>
+auto copiedWalk(FileSystem &files, const Folder &from, const fs::path &destination, TreeFilter filter)
+{
     if (files.kindAt(destination)) {
         snapshotOf(files, from, filter); // an error in the source comes first
         throw VORNELWorkspaceError::integrityFailure(u"La destination existe déjà : "_s +
@@ -129,27 +138,31 @@ auto copiedWalk(FileSystem &files, const fs::path &source, const fs::path &desti
 FileTreeSnapshot snapshot(const FileSystem &files, const fs::path &root, TreeFilter filter,
                           FileDigests *known)
 {
-    const fs::path path = standardizedPath(root);
-    const Folder folder = openedRoot(path.filename(), [&] { return files.openFolder(path); });
-    return snapshotOf(files, folder, filter, known);
+    return snapshotOf(files, openedRoot(files, root), filter, known);
 }
 
 FileTreeSnapshot snapshot(const FileSystem &files, const Folder &parent, const std::string &name,
                           TreeFilter filter, FileDigests *known)
 {
-    const Folder folder = openedRoot(name, [&] { return files.openFolder(parent, name); });
-    return snapshotOf(files, folder, filter, known);
+    return snapshotOf(files, openedRoot(files, parent, name), filter, known);
 }
 
 void copyTree(FileSystem &files, const fs::path &source, const fs::path &destination, TreeFilter filter)
 {
-    copiedWalk<NoHash>(files, source, destination, filter);
+    copiedWalk<NoHash>(files, openedRoot(files, source), destination, filter);
 }
 
 FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const fs::path &source, const fs::path &destination,
                                      TreeFilter filter)
 {
-    return copiedWalk<Sha256>(files, source, destination, filter).finish(source);
+    return copiedWalk<Sha256>(files, openedRoot(files, source), destination, filter).finish(source);
+}
+
+FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const Folder &parent, const std::string &name,
+                                     const fs::path &destination, TreeFilter filter)
+{
+    return copiedWalk<Sha256>(files, openedRoot(files, parent, name), destination, filter)
+        .finish(destination);
 }
 
 } // namespace vornel::SecureFileTree

@@ -29,4 +29,8 @@ void copyTree(FileSystem &files, const std::filesystem::path &source,
 FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const std::filesystem::path &source,
                                      const std::filesystem::path &destination, TreeFilter filter);
 
+/// The same for a folder in an open one. The snapshot is that of the copy.
+FileTreeSnapshot copyTreeAndSnapshot(FileSystem &files, const Folder &parent, const std::string &name,
+                                     const std::filesystem::path &destination, TreeFilter filter);
+
 } // namespace vornel::SecureFileTree

@@ -147,6 +147,8 @@ _vornelctl() {
             read -ra forms <<<"${_vornelctl_operands[$command]-}"
             if [[ $cur == -* ]]; then
                 _vornelctl_offer < <(printf '%s' "${_vornelctl_options[vornelctl]}" "${_vornelctl_options[$command]-}" | tr ' ' '\n')
+            elif [[ ${forms[0]-} == SOURCE… ]]; then
+                _filedir
             elif ((${#forms[@]} > operands)); then
                 _vornelctl_offer < <(_vornelctl_candidates "${forms[operands]}")
             elif [[ ${forms[*]: -1} == *… ]]; then

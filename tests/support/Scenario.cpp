@@ -188,6 +188,21 @@ void deleteSetAside(Service &service)
     service.deleteSetAside({setAsideFound, setAsideNotes}).result();
 }
 
+/// Adds a skill that is offered beside the roots, also where the library has other content.
+std::function<void(Service &)> add(const char *slug)
+{
+    return [slug](Service &service) {
+        const std::filesystem::path folder = service.reload().result().workspaceURL.parent_path();
+        const QList<std::filesystem::path> offered{folder / "offered" / slug};
+        QList<SkillAddition> additions = service.reviewAddition(offered).result();
+        for (SkillAddition &addition : additions) {
+            if (addition.kind == AdditionKind::different)
+                addition.choice = AdditionChoice::added;
+        }
+        service.addSkills(offered, additions).result();
+    };
+}
+
 void import(Service &service)
 {
     ImportPlan plan = service.scanImports().result();
@@ -234,6 +249,12 @@ Scenario recovering(const char *name, std::function<void(Service &)> run, const 
     return {name, buildSetAsideLibrary, std::move(run), line.split(u' '), std::move(refusal)};
 }
 
+/// The addition of a skill that is offered.
+Scenario adding(const char *name, const char *slug, const char *line)
+{
+    return {name, buildOfferedSkills, add(slug), QString::fromUtf8(line).split(u' ')};
+}
+
 std::vector<Scenario> allScenarios()
 {
     const Error done = Error::skillNotFound({});
@@ -273,6 +294,8 @@ std::vector<Scenario> allScenarios()
                    Error::revisionConflict(3, 4)),
         recovering("deleteSetAside", deleteSetAside,
                    u"recovery delete %1 %2"_s.arg(setAsideFound, setAsideNotes)),
+        adding("add", "fresh", "add offered/fresh --replace"),
+        adding("addRevision", "demo", "add offered/demo --choose demo=added"),
         operation("ignore", ignore, "ignore --all"),
         operation("import", import, "import --prefer codex --replace"),
         {"firstImport",

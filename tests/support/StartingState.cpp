@@ -147,6 +147,16 @@ void buildSetAsideLibrary(const fs::path &folder)
     writeStrangersFolder(folder / "claude/found");
 }
 
+void buildOfferedSkills(const fs::path &folder)
+{
+    buildLibrary(folder);
+    for (const char *slug : {"fresh", "demo"}) {
+        writeFile(folder / "offered" / slug / "SKILL.md", "name: Offert\ndescription: de quelqu’un");
+        addByHand(folder / "offered" / slug);
+        writeFile(folder / "offered" / slug / ".hidden/draft", "for nobody");
+    }
+}
+
 void buildInterruptedLibrary(const fs::path &folder)
 {
     buildLibrary(folder);

@@ -40,6 +40,10 @@ extern const QString setAsideFound;
 extern const QString setAsideDemo;
 extern const QString setAsideNotes;
 
+/// The same library, beside which "offered" holds a skill "fresh", whose place is taken in an assistant's
+/// folder, and other content for "demo".
+void buildOfferedSkills(const std::filesystem::path &folder);
+
 /// The same library as several killed programs left it: in the middle of a swap, at its end, in a permanent
 /// deletion, and while writing a file.
 void buildInterruptedLibrary(const std::filesystem::path &folder);
