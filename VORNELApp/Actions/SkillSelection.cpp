@@ -37,6 +37,8 @@ void SkillSelection::follow()
     for (const auto changed : {&AppModel::overviewChanged, &AppModel::searchTextChanged,
                                &AppModel::selectedCategoryChanged, &AppModel::selectedMaturityChanged})
         connect(m_model, changed, this, &SkillSelection::followShown);
+    connect(m_model, &AppModel::checksChanged, this, &SkillSelection::followShown);
+    connect(m_model->filters(), &LibraryFilters::changed, this, &SkillSelection::followShown);
 }
 
 QList<SkillSummary> SkillSelection::held() const

@@ -6,11 +6,20 @@ import VORNELDesignSystem
 FocusScope {
     id: pane
 
-    required property OpenSkill skill
+    required property AppModel model
     property bool isLocked: false
+
+    readonly property OpenSkill skill: model.openSkill
+
+    /** A problem is in another file. */
+    signal fileAsked(path: string)
 
     function find(): void {
         findBar.open();
+    }
+    function goTo(position: int): void {
+        text.area.cursorPosition = position;
+        text.area.forceActiveFocus(Qt.OtherFocusReason);
     }
 
     Component.onCompleted: {
@@ -60,7 +69,7 @@ FocusScope {
     CodePane {
         id: text
 
-        anchors.bottom: parent.bottom
+        anchors.bottom: problems.top
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: findBar.visible ? findBar.bottom : header.bottom
@@ -68,5 +77,21 @@ FocusScope {
 
         area.Accessible.name: "Instructions de la compétence"
         area.readOnly: pane.isLocked
+    }
+    CheckPanel {
+        id: problems
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        model: pane.model
+        pane: text
+        onEscaped: text.area.forceActiveFocus(Qt.OtherFocusReason)
+        onPlaceAsked: (path, position) => {
+            if (path === "SKILL.md")
+                pane.goTo(position);
+            else
+                pane.fileAsked(path);
+        }
     }
 }

@@ -163,8 +163,9 @@ FocusScope {
             anchors.top: parent.top
             focus: true
             isLocked: editor.isGoing
-            skill: editor.skill
+            model: editor.model
             visible: editor.selectedFile === "SKILL.md"
+            onFileAsked: path => editor.selectedFile = path
         }
         AssociatedFilePane {
             id: file

@@ -38,7 +38,8 @@ QString CardPage::categoryName() const
 
 bool CardPage::isFiltered() const
 {
-    return m_model != nullptr && (!m_model->selectedCategory().isEmpty() || m_model->selectedMaturity());
+    return m_model != nullptr && (!m_model->selectedCategory().isEmpty() || m_model->selectedMaturity() ||
+                                  m_model->filters()->isSet());
 }
 
 void CardPage::clearFilters()
@@ -46,6 +47,7 @@ void CardPage::clearFilters()
     m_isWaiting = true;
     m_model->setSelectedCategory({});
     m_model->setSelectedMaturity({});
+    m_model->filters()->clear();
     m_isWaiting = false;
     begin();
 }
@@ -89,7 +91,9 @@ void CardPage::follow()
     for (const auto changed : {&AppModel::searchTextChanged, &AppModel::selectedCategoryChanged,
                                &AppModel::selectedMaturityChanged})
         connect(m_model, changed, this, &CardPage::begin);
-    connect(m_model, &AppModel::overviewChanged, this, &CardPage::refresh);
+    connect(m_model->filters(), &LibraryFilters::changed, this, &CardPage::begin);
+    for (const auto changed : {&AppModel::overviewChanged, &AppModel::checksChanged})
+        connect(m_model, changed, this, &CardPage::refresh);
     connect(m_model, &AppModel::isOverviewCurrentChanged, this, &CardPage::refresh);
     connect(&m_model->wrongCopies(), &WrongCopies::changed, this, &CardPage::refresh);
     connect(m_selection, &SkillSelection::changed, this, &CardPage::refresh);
@@ -124,16 +128,21 @@ bool CardPage::update()
     m_isLibraryEmpty = !overview || overview->skills.isEmpty();
     m_pagination = page.pagination;
     m_currentPage = static_cast<int>(page.pagination.page());
-    layOut(sections(page), m_model->selectedCategory().isEmpty());
+    layOut(sections(page), isByCategory());
     Q_EMIT changed();
     return m_currentPage != before;
 }
 
-/// With a category filter, all skills are one section. Skills of unknown categories, which come last, have
-/// one of their own.
+/// Whether each category has a section of its own.
+bool CardPage::isByCategory() const
+{
+    return m_model->selectedCategory().isEmpty() && m_model->filter().order == LibraryOrder::category;
+}
+
+/// Skills of unknown categories, which come last, have a section of their own.
 QList<SkillGroup> CardPage::sections(const SkillPage &page) const
 {
-    if (!m_model->selectedCategory().isEmpty())
+    if (!isByCategory())
         return {{{}, page.skills, page.pagination.itemCount()}};
     QList<SkillGroup> sections = page.groups;
     qsizetype grouped = 0;
@@ -156,6 +165,8 @@ LibraryCard CardPage::card(const SkillSummary &skill) const
     card.age = Wording::age(skill.updatedAt, QDateTime::currentDateTimeUtc());
     card.stateText = m_model->wrongCopies().stateText(card.skill);
     card.problem = m_model->wrongCopies().problem(skill.id);
+    const int errors = m_model->checks().errorCount(skill.id);
+    card.errorText = errors == 0 ? QString() : Wording::countedProblems(errors, 0);
     card.isShown = true;
     card.isSelected = m_selection->contains(skill.id);
     return card;

@@ -52,10 +52,10 @@ public:
     /// What the user reads for each maturity, in their order.
     static QStringList maturityTexts();
 
-    /// Whether a category or a maturity is set as a filter.
+    /// Whether anything but the search narrows the library.
     bool isFiltered() const;
 
-    /// Shows every category and maturity; the search stays.
+    /// Lets all that the search finds be shown.
     Q_INVOKABLE void clearFilters();
 
     /// Whether there is no skill at all, whatever the filters say.
@@ -98,6 +98,7 @@ private:
     void begin();
     void refresh();
     bool update();
+    bool isByCategory() const;
     QList<SkillGroup> sections(const SkillPage &page) const;
     LibraryCard card(const SkillSummary &skill) const;
     void layOut(const QList<SkillGroup> &sections, bool areHeaded);

@@ -12,7 +12,8 @@ StateView {
     signal creationAsked
     signal importAsked
 
-    readonly property bool isCategoryEmpty: !page.isLibraryEmpty && model.searchText.trim() === "" && model.selectedMaturity === undefined
+    readonly property bool isCategoryEmpty: !page.isLibraryEmpty && model.searchText.trim() === ""
+        && model.selectedMaturity === undefined && !model.filters.isSet
 
     line: {
         if (page.isLibraryEmpty)

@@ -17,6 +17,7 @@ struct LibraryCard
     Q_PROPERTY(QString stateText MEMBER stateText)
     Q_PROPERTY(QString problem MEMBER problem)
     Q_PROPERTY(int syncStateNumber READ syncStateNumber STORED false)
+    Q_PROPERTY(QString errorText MEMBER errorText)
     Q_PROPERTY(bool isShown MEMBER isShown)
     Q_PROPERTY(bool isSelected MEMBER isSelected)
     Q_PROPERTY(int row MEMBER row)
@@ -29,6 +30,7 @@ public:
     QString age;          ///< how long ago the skill was changed
     QString stateText;    ///< how the copies stand
     QString problem;      ///< why copies of the skill have failed; empty without such ones
+    QString errorText;    ///< how many errors a check has found: "2 erreurs"; empty without any
     bool isShown = false; ///< whether there is a skill at this place of the page
     bool isSelected = false;
     int row = 0; ///< counted over all sections

@@ -15,7 +15,7 @@ Item {
     readonly property bool isNarrow: width < 700
     readonly property bool hasResults: page.skillCount > 0
 
-    implicitHeight: 88
+    implicitHeight: 88 + (chips.isUseful ? chips.height + Metrics.tiny : 0)
 
     Label {
         id: title
@@ -77,10 +77,24 @@ Item {
             text: header.selection.isSelecting ? "Terminer la sélection" : "Sélectionner"
             onClicked: header.selection.isSelecting ? header.selection.end() : header.selection.begin()
         }
-        MaturityFilter {
+        ChoiceFilter {
+            current: header.model.selectedMaturity ?? -1
             isCompact: header.isNarrow
-            maturityTexts: header.page.maturityTexts
-            model: header.model
+            name: "Filtrer par état"
+            noneText: "Tous les états"
+            symbol: "gauge"
+            texts: header.page.maturityTexts
+            title: "Maturité"
+            onChosen: index => header.model.selectedMaturity = index === -1 ? undefined : index
+        }
+        ChoiceFilter {
+            current: header.model.filters.order
+            isCompact: true
+            name: "Trier"
+            symbol: "arrow-down-narrow-wide"
+            texts: header.model.filters.orderTexts
+            title: "Ordre"
+            onChosen: index => header.model.filters.order = index
         }
         ActionButton {
             enabled: !header.model.isWorking
@@ -89,5 +103,16 @@ Item {
             text: "Nouvelle compétence"
             onClicked: header.creationAsked()
         }
+    }
+    TagFilters {
+        id: chips
+
+        anchors.left: title.left
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.huge
+        anchors.top: clear.bottom
+        anchors.topMargin: Metrics.tiny
+        model: header.model
+        visible: isUseful
     }
 }

@@ -32,7 +32,7 @@ T.ItemDelegate {
     visible: record.isShown
 
     Accessible.description: `${skill.slug}, ${record.category.name}, ${skill.maturityText}, ${record.stateText}`
-        + (record.problem === "" ? "" : ", " + record.problem) + (record.isSelected ? ", sélectionnée" : "")
+        + (record.problem === "" ? "" : ", " + record.problem) + (record.errorText === "" ? "" : ", " + record.errorText) + (record.isSelected ? ", sélectionnée" : "")
     Accessible.name: text
     Accessible.role: Accessible.ListItem
     Accessible.onPressAction: if (enabled) clicked()

@@ -35,7 +35,8 @@ Item {
 
         anchors.left: tile.right
         anchors.leftMargin: Metrics.medium
-        anchors.right: parent.right
+        anchors.right: mark.visible ? mark.left : parent.right
+        anchors.rightMargin: mark.visible ? Metrics.small : 0
         anchors.top: tile.top
         color: Colors.text
         font: Typography.section
@@ -60,6 +61,17 @@ Item {
         maximumLineCount: content.record.problem === "" ? 2 : 3
         text: content.record.problem === "" ? content.skill.summary : content.record.problem
         wrapMode: Text.Wrap
+    }
+    Symbol {
+        id: mark
+
+        anchors.right: parent.right
+        anchors.verticalCenter: name.verticalCenter
+        color: Colors.danger
+        height: Metrics.symbol
+        name: "triangle-alert"
+        visible: content.record.errorText !== ""
+        width: Metrics.symbol
     }
     TagRow {
         anchors.bottom: state.top

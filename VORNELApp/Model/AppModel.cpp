@@ -34,17 +34,20 @@ AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::pa
       m_operations(*m_service),
       m_library(m_service, m_operations),
       m_liveReading(std::move(watch), m_library, m_operations),
-      m_startUp(m_service, m_operations, m_library, std::move(defaults)),
+      m_startUp(m_service, m_operations, m_library, defaults),
       m_import(m_service),
       m_selectedSkill(m_service, m_drafts, m_operations),
       m_openSkill(m_service, *m_drafts, m_operations, m_library, m_selectedSkill, m_departure),
       m_replacement(*m_service, m_operations),
       m_adoption(m_service, m_operations, m_library, m_selectedSkill),
-      m_history(m_service, m_operations, m_library, m_selectedSkill, *m_openSkill.replacement())
+      m_history(m_service, m_operations, m_library, m_selectedSkill, *m_openSkill.replacement()),
+      m_filters(std::move(defaults))
 {
     forwardChanges();
     connect(&m_departure, &Departure::left, this, &AppModel::go);
     connect(&m_library, &Library::overviewChanged, this, &AppModel::keepBatchFailures);
+    connect(&m_library, &Library::overviewChanged, &m_filters,
+            [this] { m_filters.keepTags(overview()->skills); });
     connect(&m_operations, &Operations::isWorkingChanged, &m_replacement, [this] {
         if (!isWorking() && (m_replacement.isLooking() || m_replacement.isAsking()))
             m_replacement.copies()->look();
@@ -66,6 +69,7 @@ void AppModel::forwardChanges()
     connect(&m_startUp, &StartUp::phaseChanged, this, &AppModel::phaseChanged);
     connect(&m_startUp, &StartUp::stepChanged, this, &AppModel::onboardingStepChanged);
     connect(&m_library, &Library::overviewChanged, this, &AppModel::overviewChanged);
+    connect(&m_library.checks(), &SkillChecks::changed, this, &AppModel::checksChanged);
     connect(&m_library, &Library::isCurrentChanged, this, &AppModel::isOverviewCurrentChanged);
     connect(&m_library, &Library::wasRead, this, &AppModel::overviewRead);
     connect(&m_import, &ImportSession::planChanged, this, &AppModel::importPlanChanged);
@@ -109,7 +113,7 @@ QString AppModel::message(const std::exception &error)
 LibraryQuery::Filter AppModel::filter() const
 {
     const auto category = m_selectedCategory.isEmpty() ? std::nullopt : std::optional(m_selectedCategory);
-    return {m_searchText, category, m_selectedMaturity};
+    return m_filters.narrowed({m_searchText, category, m_selectedMaturity}, checks().faulty());
 }
 
 QList<SkillSummary> AppModel::filteredSkills() const

@@ -11,6 +11,7 @@
 #include <VORNELApp/History/History.h>
 #include <VORNELApp/Import/ImportSession.h>
 #include <VORNELApp/Leaving/Departure.h>
+#include <VORNELApp/Library/LibraryFilters.h>
 
 #include <QUrl>
 
@@ -56,6 +57,7 @@ class AppModel : public QObject
     Q_PROPERTY(int needsAttentionCount READ needsAttentionCount NOTIFY overviewChanged)
     Q_PROPERTY(qreal commitProgress READ commitProgress NOTIFY commitProgressChanged)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY isBusyChanged)
+    Q_PROPERTY(vornel::LibraryFilters *filters READ filters CONSTANT)
     Q_PROPERTY(vornel::Departure *departure READ departure CONSTANT)
     Q_PROPERTY(vornel::OpenSkill *openSkill READ openSkill CONSTANT)
     Q_PROPERTY(vornel::CopyReplacement *replacement READ replacement CONSTANT)
@@ -156,6 +158,12 @@ public:
     const WrongCopies &wrongCopies() const { return m_library.wrongCopies(); }
     const HandEdits &handEdits() const { return m_library.handEdits(); }
 
+    /// What was found by checking the library's skills.
+    const SkillChecks &checks() const { return m_library.checks(); }
+
+    /// What narrows the library beside the fields above, and its order.
+    LibraryFilters *filters() { return &m_filters; }
+
     /// What asks before unsaved edits are left.
     Departure *departure() { return &m_departure; }
 
@@ -167,6 +175,7 @@ public:
     CopyInspecting &inspector() const { return *m_service; }
     TrashInspecting &trashInspector() const { return *m_service; }
     RecoveryKeeping &recovery() const { return *m_service; }
+    SkillChecking &checker() const { return *m_service; }
     NewSkillFinding &newSkills() const { return *m_service; }
     TargetComparing &targetComparer() const { return *m_service; }
     HistoryKeeping &histories() const { return *m_service; }
@@ -271,6 +280,7 @@ Q_SIGNALS:
     void phaseChanged();
     void onboardingStepChanged();
     void overviewChanged();
+    void checksChanged();
     void isOverviewCurrentChanged();
     void importPlanChanged();
     void selectedDestinationChanged();
@@ -344,6 +354,7 @@ private:
     Adoption m_adoption;
     History m_history;
     SkillBatch m_batch;
+    LibraryFilters m_filters;
     GivenUpText m_givenUpText;
     std::optional<Destination> m_selectedDestination = Destination::library;
     bool m_canCommitImport = false;

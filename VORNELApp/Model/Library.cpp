@@ -9,7 +9,7 @@
 namespace vornel {
 
 Library::Library(std::shared_ptr<WindowServicing> service, Operations &operations)
-    : m_service(std::move(service)), m_operations(operations)
+    : m_service(std::move(service)), m_operations(operations), m_checks(*m_service)
 {}
 
 QList<SkillSummary> Library::skills(Destination destination) const
@@ -50,6 +50,7 @@ void Library::show(const WorkspaceOverview &overview)
     }
     m_wrongCopies.follow(overview.skills, *m_service);
     m_handEdits.follow(LibraryQuery::needsAttention(overview), *m_service);
+    m_checks.follow(overview.skills);
     Q_EMIT wasRead();
 }
 

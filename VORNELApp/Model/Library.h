@@ -3,6 +3,7 @@
 #include "AppStates.h"
 #include "Operations.h"
 
+#include <VORNELApp/Check/SkillChecks.h>
 #include <VORNELApp/Copies/HandEdits.h>
 #include <VORNELApp/Copies/WrongCopies.h>
 #include <VORNELCore/Library/LibraryQuery.h>
@@ -39,6 +40,9 @@ public:
     /// Which skills that need attention were edited by hand.
     const HandEdits &handEdits() const { return m_handEdits; }
 
+    /// Which skills have errors.
+    const SkillChecks &checks() const { return m_checks; }
+
     /// The skills that a destination lists, in the overview's order.
     QList<SkillSummary> skills(Destination destination) const;
 
@@ -74,6 +78,7 @@ private:
     LibraryIndex m_index;
     WrongCopies m_wrongCopies;
     HandEdits m_handEdits;
+    SkillChecks m_checks;
     bool m_isCurrent = true;
     int m_readings = 0;     ///< that are under way
     quint64 m_asked = 0;    ///< the number of the last reading

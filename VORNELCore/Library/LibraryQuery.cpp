@@ -165,6 +165,7 @@ LibraryIndex::Positions LibraryIndex::matching(const LibraryQuery::Filter &filte
         const SkillSummary &skill = m_skills.at(position);
         return (!filter.category || skill.category.compare(*filter.category, Qt::CaseInsensitive) == 0) &&
                (!filter.maturity || skill.maturity == *filter.maturity) && hasTags(skill, filter.tags) &&
+               (!filter.among || filter.among->contains(skill.id)) &&
                hasEach(m_searchedTexts.at(position), words);
     };
     // A part of an ordered list is ordered, so nothing has to be sorted at each key stroke.

@@ -4,7 +4,9 @@
 
 #include <VORNELCore/Records/WorkspaceModels.h>
 
+#include <QSet>
 #include <QString>
+#include <QUuid>
 
 #include <optional>
 
@@ -21,6 +23,7 @@ struct Filter
     std::optional<Maturity> maturity = {};
     QStringList tags = {}; ///< a skill must have them all, whatever their case
     LibraryOrder order = LibraryOrder::category;
+    std::optional<QSet<QUuid>> among = {}; ///< the skills that may pass
 };
 
 /// The skills that a search finds, as the library's filter does, in their order.

@@ -78,6 +78,11 @@ QStringList maturities()
     return texts;
 }
 
+QStringList orders()
+{
+    return {u"Par catégorie"_s, u"Par nom"_s, u"Par date de modification"_s};
+}
+
 QString syncState(SyncState state, Drift drift)
 {
     switch (state) {

@@ -16,6 +16,9 @@ QString maturity(Maturity maturity);
 /// The names of all maturities, in their order.
 QStringList maturities();
 
+/// The names of the library's orders, in theirs.
+QStringList orders();
+
 /// In lower case: "à jour", "copie manquante". A drifted state is named after its cause: "copie modifiée".
 QString syncState(SyncState state, Drift drift = Drift::unknown);
 

@@ -8,6 +8,8 @@
 #include "NewSkillFinding.h"
 #include "PropertyEditing.h"
 #include "RecoveryKeeping.h"
+#include "SkillChecking.h"
+#include "SkillExchange.h"
 #include "TargetComparing.h"
 #include "TrashInspecting.h"
 #include "Undoing.h"
@@ -27,7 +29,9 @@ class WindowServicing : public WorkspaceServicing,
                         public HistoryKeeping,
                         public Undoing,
                         public RecoveryKeeping,
-                        public PropertyEditing
+                        public PropertyEditing,
+                        public SkillChecking,
+                        public SkillExchange
 {};
 
 } // namespace vornel

@@ -3,6 +3,7 @@
 #include "MarkdownLinks.h"
 
 #include <VORNELCore/Text/IsText.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <QDir>
 #include <QRegularExpression>
@@ -40,8 +41,8 @@ bool isMarkdown(const QString &path)
 
 } // namespace
 
-FileCheck::FileCheck(const SkillFolderStore &store, const FileTreeSnapshot &tree)
-    : m_store(store), m_tree(tree), m_paths{u"."_s}, m_mentions(tree)
+FileCheck::FileCheck(const SkillFolderStore &store, const FileTreeSnapshot &tree, const QString &text)
+    : m_store(store), m_tree(tree), m_text(text.toUtf8()), m_paths{u"."_s}, m_mentions(tree)
 {
     for (const FileTreeSnapshot::Entry &entry : tree.entries)
         m_paths.insert(QString::fromStdString(entry.relativePath));
@@ -52,7 +53,7 @@ QList<SkillProblem> FileCheck::run()
     for (const FileTreeSnapshot::Entry &entry : m_tree.entries) {
         const QString path = QString::fromStdString(entry.relativePath);
         if (entry.kind == FileTreeSnapshot::Entry::Kind::file && entry.size <= largestText)
-            check(path, m_store.fileBytes(m_tree.root, path).value_or(QByteArray()));
+            check(path, bytesOf(path));
     }
     for (const QString &path : m_mentions.unmentioned())
         add(ProblemSeverity::hint, u"file-unmentioned"_s, path, 0,
@@ -60,6 +61,13 @@ QList<SkillProblem> FileCheck::run()
             u"est là. "
             "Nommez-le dans SKILL.md, ou supprimez-le."_s);
     return m_problems;
+}
+
+QByteArray FileCheck::bytesOf(const QString &path) const
+{
+    if (path == QLatin1StringView(SkillFiles::text))
+        return m_text;
+    return m_store.fileBytes(m_tree.root, path).value_or(QByteArray());
 }
 
 void FileCheck::check(const QString &path, const QByteArray &bytes)

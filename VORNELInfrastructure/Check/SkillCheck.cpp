@@ -45,21 +45,23 @@ QList<SkillProblem> unreadable(const std::exception &error)
                  errorMessage(error)}};
 }
 
-QList<SkillProblem> foundIn(const Workspace &workspace, const SkillRecord &skill)
+QList<SkillProblem> foundIn(const Workspace &workspace, const SkillRecord &skill,
+                            const std::optional<QString> &otherText)
 try {
     const SkillFolderStore store(workspace);
-    const QString text = store.readSkillMD(skill.folder, skill.manifest.slug);
+    const QString text = otherText ? *otherText : store.readSkillMD(skill.folder, skill.manifest.slug);
     const FileTreeSnapshot tree = SecureFileTree::snapshot(workspace.files, skill.folder,
                                                            TreeFilter::excludingManifest, &workspace.digests);
     return frontMatterProblems(readFrontMatter(text), skill.manifest.slug) + lengthProblems(text) +
-           FileCheck(store, tree).run();
+           FileCheck(store, tree, text).run();
 } catch (const std::exception &error) {
     return unreadable(error);
 }
 
-QList<SkillProblem> problemsOf(const Workspace &workspace, const SkillRecord &skill)
+QList<SkillProblem> problemsOf(const Workspace &workspace, const SkillRecord &skill,
+                               const std::optional<QString> &otherText = {})
 {
-    QList<SkillProblem> problems = foundIn(workspace, skill);
+    QList<SkillProblem> problems = foundIn(workspace, skill, otherText);
     for (SkillProblem &problem : problems)
         problem.slug = skill.manifest.slug;
     std::ranges::stable_sort(
@@ -88,6 +90,11 @@ QList<SkillProblem> checkSkills(const Workspace &workspace, const QList<QUuid> &
                      [&](const SkillRecord &skill) { return problemsOf(workspace, skill); }))
         all.append(problems);
     return all;
+}
+
+QList<SkillProblem> checkText(const Workspace &workspace, const QUuid &id, const QString &text)
+{
+    return problemsOf(workspace, findRecord(activeManifests(workspace), id), text);
 }
 
 } // namespace vornel

@@ -5,8 +5,6 @@
 #include "WorkspaceWatch.h"
 
 #include <VORNELCore/Services/CreationReviewing.h>
-#include <VORNELCore/Services/SkillChecking.h>
-#include <VORNELCore/Services/SkillExchange.h>
 #include <VORNELCore/Services/WindowServicing.h>
 #include <VORNELInfrastructure/Import/PendingImport.h>
 #include <VORNELInfrastructure/Undo/UndoJournal.h>
@@ -18,10 +16,7 @@ namespace vornel {
 
 /// The workspace on this machine's disk. Operations run one at a time, in the order of the calls. Each locks
 /// the workspace while it runs, so that several programs can share one.
-class LocalWorkspaceService : public WindowServicing,
-                              public CreationReviewing,
-                              public SkillChecking,
-                              public SkillExchange
+class LocalWorkspaceService : public WindowServicing, public CreationReviewing
 {
 public:
     /// `watch`, if any, is told when an overview begins.
@@ -89,6 +84,7 @@ public:
                                               std::optional<qint64> expectedRevision) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
     QFuture<QList<SkillProblem>> checkSkills(QList<QUuid> ids) override;
+    QFuture<QList<SkillProblem>> checkText(QUuid id, QString text) override;
     QFuture<SkillExport> exportSkills(QList<QUuid> ids, std::filesystem::path file) override;
     QFuture<QList<SkillAddition>> reviewAddition(QList<std::filesystem::path> sources) override;
     QFuture<QList<SkillDetail>> addSkills(QList<std::filesystem::path> sources,

@@ -100,8 +100,8 @@ ScreenTest {
         edit("audit");
         fixture.write("workspace/skills/notes/SKILL.md", "retouché à la main");
         reload();
-        tryVerify(() => control("audit").Accessible.description.endsWith("copie modifiée"), 5000, "on the card");
-        tryVerify(() => control("notes").Accessible.description.endsWith("copie périmée"));
+        tryVerify(() => control("audit").Accessible.description.includes("copie modifiée"), 5000, "on the card");
+        tryVerify(() => control("notes").Accessible.description.includes("copie périmée"));
         openAttention();
         awaitLine("audit", " · Codex a modifié 1 fichier · Claude : à jour");
         awaitLine("notes", " · modifiée à la main · Claude : copie périmée · Codex : copie périmée");

@@ -52,6 +52,35 @@ EditorTest {
         verifyStored("Prix\r\n\r\n\u00a0: 3\u202f000\r\n\u2028fin\r\n");
     }
 
+    function test_problems_of_the_text() {
+        openSkill("---\nname: Audit\n---\n[a](absent.md)\n");
+        awaitText("3 erreurs");
+        press(Qt.Key_F8);
+        press(Qt.Key_F8);
+        verify(shows(/^Erreur, ligne 2, Le nom/));
+        compare(textArea().cursorPosition, 4);
+        verify(textArea().activeFocus);
+        press(Qt.Key_F8);
+        press(Qt.Key_F8);
+        verify(shows(/^Erreur, ligne 1, La description manque/), "after the last one comes the first");
+        keyClick(Qt.Key_F8, Qt.ShiftModifier);
+        verify(shows(/^Erreur, ligne 4, Le lien/));
+
+        click("3 erreurs");
+        compare(all(/^Erreur, /).length, 4);
+        mouseClick(all(/^Erreur, ligne 2/)[0]);
+        compare(textArea().cursorPosition, 4);
+        typeAt(10, "a");
+        keyClick(Qt.Key_Delete);
+        press(Qt.Key_End, Qt.Key_Return);
+        type("description: Audite");
+        awaitText("1 erreur");
+        writeEverywhere("absent.md", "là");
+        reload();
+        awaitGone("1 erreur");
+        verify(shows("MODIFIÉ"), "nothing was saved");
+    }
+
     function test_state_of_the_draft() {
         openSkill("texte");
         for (const text of ["Arborescence", "MARKDOWN", "5 caractères", "CATÉGORIE"])

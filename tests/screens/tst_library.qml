@@ -50,6 +50,39 @@ ScreenTest {
         showsSkills(["plan"]);
     }
 
+    function test_tags_errors_and_order() {
+        openLibrary(); // two of its skills have no front matter
+        fixture.create("zoo", "Zoo", "Résumé", "design", ["deux", "image"]);
+        awaitText("deux, 3 compétences", "image, 1 compétence", "Compétences à corriger : 2");
+
+        control("Compétences à corriger : 2").forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_Right);
+        compare(focusedName(), "deux, 3 compétences");
+        press(Qt.Key_Space);
+        awaitGone("audit");
+        press(Qt.Key_End);
+        compare(focusedName(), "image, 1 compétence");
+        press(Qt.Key_Return);
+        awaitGone("plan");
+        verify(shows("Zoo") && !shows("quatre, 2 compétences"), "what would leave nothing isn't offered");
+        click("Effacer les filtres");
+
+        click("Compétences à corriger : 2");
+        showsSkills(["audit", "notes"]);
+        click("Compétences à corriger : 2");
+
+        click("Trier", "Par date de modification");
+        awaitGone("2 compétences");
+        compare(all(/^(audit|notes|plan|revue|Zoo)$/)[0].Accessible.name, "Zoo");
+        click("deux, 3 compétences");
+        close();
+        fixture.restart();
+        open();
+        awaitText("Zoo");
+        verify(control("deux, 3 compétences").checked && !shows("audit"), "the tags last");
+        compare(control("Trier").Accessible.description, "Par date de modification");
+    }
+
     function test_no_result() {
         openLibrary();
         model.searchText = "introuvable";
@@ -116,7 +149,7 @@ ScreenTest {
         clickUntil("Sélectionner", "0 sélectionnées");
         verify(!control("Déplacer").enabled && !control("Supprimer").enabled);
         clickUntil("s01", "1 sélectionnée");
-        compare(control("s01").Accessible.description, "s01, Autre, Actif, à jour, sélectionnée");
+        tryVerify(() => control("s01").Accessible.description === "s01, Autre, Actif, à jour, 1 erreur, sélectionnée");
         clickUntil("Tout sélectionner", "25 sélectionnées");
         clickUntil("Supprimer", "Placer 25 compétences dans la corbeille ?");
         cancel();

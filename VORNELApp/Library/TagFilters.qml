@@ -1,0 +1,74 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** What else narrows the library: its errors, and its tags. The arrows, Home and End go from one to another. */
+Item {
+    id: bar
+
+    required property AppModel model
+
+    readonly property bool isUseful: faulty.isUseful || !tags.isEmpty
+
+    implicitHeight: faulty.implicitHeight
+
+    FilterChip {
+        id: faulty
+
+        readonly property bool isUseful: tags.faultyCount > 0 || isChosen
+
+        hue: Colors.danger
+        isChosen: bar.model.filters.isFaultyOnly
+        symbol: "triangle-alert"
+        text: tags.faultyCount + " à corriger"
+        visible: isUseful
+        width: isUseful ? implicitWidth : 0
+        onClicked: bar.model.filters.isFaultyOnly = !bar.model.filters.isFaultyOnly
+
+        Accessible.name: "Compétences à corriger : " + tags.faultyCount
+        KeyNavigation.right: view
+    }
+    ListView {
+        id: view
+
+        anchors.bottom: parent.bottom
+        anchors.left: faulty.right
+        anchors.leftMargin: faulty.isUseful ? Metrics.small : 0
+        anchors.right: parent.right
+        anchors.top: parent.top
+        activeFocusOnTab: count > 0
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        orientation: ListView.Horizontal
+        spacing: Metrics.small - 2
+
+        delegate: FilterChip {
+            required property int index
+            required property tagFilter record
+
+            focusPolicy: Qt.ClickFocus
+            isChosen: record.isChosen
+            text: record.id
+            onActiveFocusChanged: if (activeFocus) view.currentIndex = index
+            onClicked: bar.model.filters.toggleTag(record.id)
+
+            Accessible.name: record.spokenName
+        }
+        model: TagFilterList {
+            id: tags
+
+            model: bar.model
+        }
+
+        Accessible.name: "Étiquettes"
+        Accessible.role: Accessible.List
+        Keys.onPressed: event => {
+            const ends = { [Qt.Key_Home]: 0, [Qt.Key_End]: count - 1 };
+            event.accepted = event.key in ends;
+            if (event.accepted)
+                currentIndex = ends[event.key];
+        }
+    }
+}
