@@ -30,6 +30,7 @@ PropertyChange typedChange(const Invocation &invocation)
         change.tags = typedTags(invocation, u"tags"_s);
     if (invocation.has(u"maturity"_s))
         change.maturity = caseOf<Maturity>(invocation.value(u"maturity"_s));
+    change.isFromText = invocation.has(u"from-skill-md"_s);
     if (change == PropertyChange())
         throw UsageError(u"Indiquez au moins une propriété à changer."_s);
     return change;
@@ -61,11 +62,12 @@ QList<Command> propertyCommands()
 {
     return {
         {{u"Écrire"_s,
-          u"set SKILL… [--name NOM] [--summary TEXTE] [--tags A,B] [--add-tags A,B] [--remove-tags A,B] "
+          u"set SKILL… [--from-skill-md] [--name NOM] [--summary TEXTE] [--tags A,B] [--add-tags A,B] [--remove-tags A,B] "
           "[--maturity "_s +
               alternatives<Maturity>() +
               u"] [--category CATÉGORIE] [--slug IDENTIFIANT] [--expect RÉVISION]"_s,
-          u"Change ce qui est dit d’une ou de plusieurs compétences\u00A0; --slug renomme aussi les copies."_s},
+          u"Change ce qui est dit d’une ou de plusieurs compétences\u00A0; --slug renomme aussi les copies, "
+          "--from-skill-md prend le nom et la description dans l’en-tête du texte."_s},
          set},
     };
 }

@@ -33,6 +33,7 @@ struct PropertyChange
     QStringList addedTags = {};
     QStringList removedTags = {};
     std::optional<Maturity> maturity = {};
+    bool isFromText = false; ///< the name and the summary are those that the head of "SKILL.md" gives
 
     /// The change that leads to these.
     static PropertyChange to(const SkillProperties &properties);

@@ -22,6 +22,10 @@ public:
     /// that is taken. Throws `partialSync` where a copy couldn't be renamed.
     virtual QFuture<QList<SkillDetail>> setProperties(QList<QUuid> ids, PropertyChange change,
                                                       std::optional<qint64> expectedRevision) = 0;
+
+    /// What the properties of these skills would be after a change, in their order; changes nothing. Fails as
+    /// the change would before anything is changed.
+    virtual QFuture<QList<SkillProperties>> reviewProperties(QList<QUuid> ids, PropertyChange change) = 0;
 };
 
 } // namespace vornel

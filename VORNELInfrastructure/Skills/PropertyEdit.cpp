@@ -4,6 +4,7 @@
 #include "SchemaVersion.h"
 #include "SkillFolderStore.h"
 #include "SkillRename.h"
+#include "TextProperties.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
@@ -14,21 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-namespace {
-
-/// A skill, and how it is to be.
-struct Planned
-{
-    SkillRecord skill;
-    SkillProperties wanted;
-
-    bool isChange() const { return wanted != SkillProperties::of(skill.manifest); }
-};
-
-} // namespace
-
-QList<SkillDetail> PropertyEdit::run(const QList<QUuid> &ids, const PropertyChange &change,
-                                     std::optional<qint64> expectedRevision) const
+std::vector<PropertyEdit::Planned> PropertyEdit::plan(const QList<QUuid> &ids, const PropertyChange &change,
+                                                      std::optional<qint64> expectedRevision) const
 {
     if (change.slug && ids.size() > 1)
         throw VORNELWorkspaceError::integrityFailure(
@@ -39,13 +27,27 @@ QList<SkillDetail> PropertyEdit::run(const QList<QUuid> &ids, const PropertyChan
         const SkillRecord &skill = findRecord(active, id);
         if (expectedRevision && skill.manifest.revision != *expectedRevision)
             throw VORNELWorkspaceError::revisionConflict(*expectedRevision, skill.manifest.revision);
-        plan.push_back({skill, changedProperties(m_workspace, SkillProperties::of(skill.manifest), change)});
+        plan.push_back({skill, changedProperties(m_workspace, SkillProperties::of(skill.manifest),
+                                                 withTextProperties(m_workspace, skill, change))});
         if (plan.back().isChange())
             check(skill.manifest, plan.back().wanted);
     }
+    return plan;
+}
 
+QList<SkillProperties> PropertyEdit::review(const QList<QUuid> &ids, const PropertyChange &change) const
+{
+    QList<SkillProperties> wanted;
+    for (const Planned &planned : plan(ids, change, {}))
+        wanted.append(planned.wanted);
+    return wanted;
+}
+
+QList<SkillDetail> PropertyEdit::run(const QList<QUuid> &ids, const PropertyChange &change,
+                                     std::optional<qint64> expectedRevision) const
+{
     QList<SkillDetail> details;
-    for (Planned &planned : plan) {
+    for (Planned &planned : plan(ids, change, expectedRevision)) {
         if (planned.isChange()) {
             const FileTreeSnapshot tree = revise(planned.skill, planned.wanted);
             details.append(makeDetail(m_workspace, planned.skill, tree));

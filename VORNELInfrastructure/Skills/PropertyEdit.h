@@ -6,6 +6,7 @@
 #include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
 
 #include <optional>
+#include <vector>
 
 namespace vornel {
 
@@ -19,6 +20,9 @@ public:
     QList<SkillDetail> run(const QList<QUuid> &ids, const PropertyChange &change,
                            std::optional<qint64> expectedRevision) const;
 
+    /// Does what `PropertyEditing::reviewProperties` says.
+    QList<SkillProperties> review(const QList<QUuid> &ids, const PropertyChange &change) const;
+
     /// Throws what makes these properties impossible for the skill.
     void check(const SkillManifest &skill, const SkillProperties &wanted) const;
 
@@ -27,6 +31,18 @@ public:
     FileTreeSnapshot revise(SkillRecord &skill, const SkillProperties &wanted) const;
 
 private:
+    /// A skill, and how it is to be.
+    struct Planned
+    {
+        SkillRecord skill;
+        SkillProperties wanted;
+
+        bool isChange() const { return wanted != SkillProperties::of(skill.manifest); }
+    };
+
+    std::vector<Planned> plan(const QList<QUuid> &ids, const PropertyChange &change,
+                              std::optional<qint64> expectedRevision) const;
+
     const Workspace &m_workspace;
 };
 

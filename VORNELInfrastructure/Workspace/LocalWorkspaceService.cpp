@@ -160,6 +160,13 @@ QFuture<QList<SkillDetail>> LocalWorkspaceService::setProperties(QList<QUuid> id
     });
 }
 
+QFuture<QList<SkillProperties>> LocalWorkspaceService::reviewProperties(QList<QUuid> ids,
+                                                                        PropertyChange change)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return PropertyEdit(workspace).review(ids, change); });
+}
+
 QFuture<SkillDetail> LocalWorkspaceService::synchronize(QUuid id)
 {
     return performUndoable(UndoableAction::synchronisation, [=](const Workspace &workspace) {

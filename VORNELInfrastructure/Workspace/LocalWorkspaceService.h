@@ -82,6 +82,7 @@ public:
     QFuture<QList<SetAsideCopy>> deleteSetAside(QStringList ids) override;
     QFuture<QList<SkillDetail>> setProperties(QList<QUuid> ids, PropertyChange change,
                                               std::optional<qint64> expectedRevision) override;
+    QFuture<QList<SkillProperties>> reviewProperties(QList<QUuid> ids, PropertyChange change) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
     QFuture<QList<SkillProblem>> checkSkills(QList<QUuid> ids) override;
     QFuture<QList<SkillProblem>> checkText(QUuid id, QString text) override;

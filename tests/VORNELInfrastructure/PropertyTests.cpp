@@ -76,6 +76,35 @@ TEST_F(Properties, OfSeveralAreTakenBackTogether)
     EXPECT_FALSE(service->undoableStep()) << "nothing was changed";
 }
 
+TEST_F(Properties, CanBeThoseOfTheText)
+{
+    const QUuid other = create(u"other"_s).manifest.id;
+    const QUuid broken = create(u"broken"_s).manifest.id;
+    const auto write = [&](const QUuid &id, const QString &head) {
+        service->saveSkill(id, 1, u"---\n"_s + head + u"---\nname: suite\n"_s).result();
+    };
+    write(demo, u"name: \"demo\"\ndescription: |-\n  Une ligne,\n  puis une autre\n"_s);
+    write(other, u"description: Autre chose\n"_s);
+    write(broken, u"name: [\n"_s);
+    const auto before = everything();
+    const PropertyChange change{.addedTags = {u"lu"_s}, .isFromText = true};
+    const QList<SkillProperties> wanted = service->reviewProperties({demo, other, broken}, change).result();
+    EXPECT_EQ(everything(), before) << "a review has changed something";
+    const auto names = [](const auto &skill) { return skill.displayName + u" / "_s + skill.summary; };
+    QStringList reviewed;
+    std::ranges::transform(wanted, std::back_inserter(reviewed), names);
+    EXPECT_EQ(reviewed[0], u"demo / Une ligne, puis une autre"_s);
+    EXPECT_TRUE(reviewed[1].endsWith(u" / Autre chose"_s)) << reviewed[1].toStdString();
+    EXPECT_EQ(wanted[2].tags, QStringList{u"lu"_s});
+
+    QStringList written;
+    const QList<SkillDetail> details = service->setProperties({demo, other, broken}, change, {}).result();
+    std::ranges::transform(details, std::back_inserter(written),
+                           [&](const SkillDetail &detail) { return names(detail.manifest); });
+    EXPECT_EQ(written, reviewed);
+    EXPECT_EQ(set({.summary = u"Mieux"_s, .isFromText = true}).summary, u"Mieux"_s);
+}
+
 /// Whatever the copies hold, hidden files and edits too, goes with them.
 TEST_F(Properties, ASlugIsThatOfTheFolderAndOfBothCopies)
 {
