@@ -27,16 +27,15 @@ void requireText(const Workspace &workspace, const SkillRecord &skill, const Com
 SkillDetail makeRevision(const Workspace &workspace, const SkillRecord &skill, ComposedTree tree,
                          const QSet<TargetKind> &leftAlone)
 {
-    const FileTreeSnapshot all = SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all);
-    for (const FileTreeSnapshot::Entry &entry : all.entries) {
-        if (!includes(TreeFilter::excludingManifest, entry.relativePath) &&
-            !tree.isBelowFile(entry.relativePath))
-            tree.take(all, entry);
-    }
-    const auto make = [&](const std::filesystem::path &stage, const FormerFolder & /*former*/) {
-        tree.write(workspace.files, stage);
+    const auto compose = [&tree](const FileTreeSnapshot &former) {
+        for (const FileTreeSnapshot::Entry &entry : former.entries) {
+            if (!includes(TreeFilter::excludingManifest, entry.relativePath) &&
+                !tree.isBelowFile(entry.relativePath))
+                tree.take(former, entry);
+        }
+        return tree;
     };
-    return SkillAuthoring(workspace).revise(skill, make, leftAlone);
+    return SkillAuthoring(workspace).revise(skill, compose, leftAlone);
 }
 
 } // namespace vornel

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "ComposedTree.h"
-
 #include <VORNELInfrastructure/Skills/SkillAuthoring.h>
+#include <VORNELInfrastructure/Tree/ComposedTree.h>
 
 namespace vornel {
 

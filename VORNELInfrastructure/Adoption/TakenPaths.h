@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ComposedTree.h"
+#include <VORNELInfrastructure/Tree/ComposedTree.h>
 
 #include <QStringList>
 

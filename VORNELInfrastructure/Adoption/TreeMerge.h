@@ -1,8 +1,7 @@
 #pragma once
 
-#include "ComposedTree.h"
-
 #include <VORNELCore/Records/SkillMerge.h>
+#include <VORNELInfrastructure/Tree/ComposedTree.h>
 
 #include <map>
 #include <set>

@@ -2,6 +2,7 @@
 
 #include "PropertyRules.h"
 #include "SchemaVersion.h"
+#include "SkillFiles.h"
 #include "SkillText.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
@@ -10,8 +11,8 @@
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
+#include <VORNELInfrastructure/Tree/ComposedTree.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
-#include <VORNELInfrastructure/Tree/SharingCopy.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
 using namespace Qt::StringLiterals;
@@ -98,19 +99,17 @@ SkillDetail SkillAuthoring::save(const QUuid &id, qint64 expectedRevision, const
     const SkillRecord skill = recordAt(id, expectedRevision);
     if (skillMD.trimmed().isEmpty())
         throw VORNELWorkspaceError::missingSkillFile(skill.manifest.slug);
-    return revise(skill, [&](const fs::path &stage, const FormerFolder &former) {
-        if (former.keptAs.empty())
-            copyTakingOver(m_workspace.files, former.tree, former.tree, stage);
-        else
-            SecureFileTree::copyTree(m_workspace.files, skill.folder, stage, TreeFilter::all);
-        m_store.writeSkillMD(skillMD, stage);
+    return revise(skill, [&](const FileTreeSnapshot &former) {
+        ComposedTree tree;
+        tree.takeAll(former);
+        tree.put(SkillFiles::text, skillMD.toUtf8());
+        return tree;
     });
 }
 
-SkillDetail
-SkillAuthoring::revise(SkillRecord skill,
-                       const std::function<void(const fs::path &stage, const FormerFolder &former)> &make,
-                       const QSet<TargetKind> &leftAlone) const
+SkillDetail SkillAuthoring::revise(SkillRecord skill,
+                                   const std::function<ComposedTree(const FileTreeSnapshot &former)> &compose,
+                                   const QSet<TargetKind> &leftAlone) const
 {
     refuseNewer(skill.manifest);
     const SkillHistory history(m_workspace);
@@ -119,7 +118,8 @@ SkillAuthoring::revise(SkillRecord skill,
     advanceRevision(skill.manifest);
 
     Stage stage = m_store.makeStage();
-    make(stage.path(), former);
+    compose(former.tree)
+        .write(m_workspace.files, stage.path(), former.keptAs.empty() ? former.tree.root : fs::path());
     m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
     replaceFolder(before, std::move(stage), former);
     SkillChange &change = m_workspace.changes[skill.manifest.id];

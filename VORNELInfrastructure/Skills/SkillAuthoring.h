@@ -5,6 +5,7 @@
 
 #include <VORNELCore/Records/WorkspaceModels.h>
 #include <VORNELInfrastructure/History/SkillHistory.h>
+#include <VORNELInfrastructure/Tree/ComposedTree.h>
 
 #include <functional>
 #include <optional>
@@ -42,12 +43,10 @@ public:
     SkillDetail save(const QUuid &id, qint64 expectedRevision, const QString &skillMD) const;
 
     /// Makes the skill's next revision, and installs it everywhere but in the targets that are left alone.
-    /// `make` makes the folder, all but the manifest, at the path that it is given; the former one is deleted
-    /// then unless it is kept.
-    SkillDetail
-    revise(SkillRecord skill,
-           const std::function<void(const std::filesystem::path &stage, const FormerFolder &former)> &make,
-           const QSet<TargetKind> &leftAlone = {}) const;
+    /// `compose` says what the folder is to hold, given all that it holds; the manifest is made anew.
+    SkillDetail revise(SkillRecord skill,
+                       const std::function<ComposedTree(const FileTreeSnapshot &former)> &compose,
+                       const QSet<TargetKind> &leftAlone = {}) const;
 
     /// Makes a revision of the skill's folder as it stands, and installs it in the same way.
     SkillDetail reviseInPlace(SkillRecord skill, const QSet<TargetKind> &leftAlone) const;

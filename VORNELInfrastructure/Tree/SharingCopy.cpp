@@ -19,8 +19,10 @@ namespace {
 class SharingCopy
 {
 public:
-    SharingCopy(FileSystem &files, const fs::path &destination, const SameFile &sameFile)
+    SharingCopy(FileSystem &files, const PlaceOfBytes &source, const fs::path &destination,
+                const PlaceOfBytes &sameFile)
         : m_files(files),
+          m_source(source),
           m_destination(destination),
           m_sameFile(sameFile),
           m_copies(files),
@@ -28,12 +30,12 @@ public:
           m_shared(files)
     {}
 
-    Unflushed run(const FileTreeSnapshot &source)
+    Unflushed run(const std::vector<Entry> &entries)
     {
         m_files.createFolder(createFolders(m_files, m_destination.parent_path(), Durability::Later),
                              m_destination.filename());
         m_made.folders.push_back(m_destination);
-        for (const Entry &entry : source.entries) {
+        for (const Entry &entry : entries) {
             const fs::path copy = m_destination / entry.relativePath;
             const Place to{m_copies.at(copy.parent_path()), copy.filename()};
             if (entry.kind == Entry::Kind::directory) {
@@ -42,7 +44,7 @@ public:
             } else {
                 const std::optional<Sharing> sharing = share(entry, to);
                 if (!sharing)
-                    copyFile(source.url(entry), entry, to);
+                    copyFile(m_source(entry), entry, to);
                 if (sharing != Sharing::Name)
                     m_made.files.push_back(copy);
             }
@@ -73,8 +75,9 @@ private:
     }
 
     FileSystem &m_files;
+    const PlaceOfBytes &m_source;
     const fs::path &m_destination;
-    const SameFile &m_sameFile;
+    const PlaceOfBytes &m_sameFile;
     LastFolder m_copies;
     LastFolder m_sources;
     LastFolder m_shared;
@@ -84,9 +87,16 @@ private:
 } // namespace
 
 Unflushed copySharing(FileSystem &files, const FileTreeSnapshot &source, const fs::path &destination,
-                      const SameFile &sameFile)
+                      const PlaceOfBytes &sameFile)
 {
-    return SharingCopy(files, destination, sameFile).run(source);
+    const auto place = [&source](const Entry &entry) { return source.url(entry); };
+    return copySharing(files, source.entries, place, destination, sameFile);
+}
+
+Unflushed copySharing(FileSystem &files, const std::vector<Entry> &entries, const PlaceOfBytes &source,
+                      const fs::path &destination, const PlaceOfBytes &sameFile)
+{
+    return SharingCopy(files, source, destination, sameFile).run(entries);
 }
 
 void copyTakingOver(FileSystem &files, const FileTreeSnapshot &source, const FileTreeSnapshot &former,

@@ -1,9 +1,11 @@
 #include "ComposedTree.h"
 
+#include "Sha256.h"
+#include "SharingCopy.h"
+
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
-#include <VORNELInfrastructure/Tree/Sha256.h>
 
 #include <algorithm>
 #include <ranges>
@@ -31,11 +33,35 @@ void ComposedTree::takeAll(const FileTreeSnapshot &tree)
 
 void ComposedTree::replace(const FileTreeSnapshot &tree, const std::string &path)
 {
-    std::erase_if(m_pieces, [&](const auto &piece) { return isAtOrBelow(piece.first, path); });
+    remove(path);
     for (const Entry &entry : tree.entries) {
         if (isAtOrBelow(entry.relativePath, path))
             take(tree, entry);
     }
+}
+
+void ComposedTree::putFolder(const std::string &path)
+{
+    add({.entry = {path, Entry::Kind::directory, 0, std::nullopt}});
+}
+
+void ComposedTree::move(const std::string &from, const std::string &to)
+{
+    for (Piece &piece : extract(from)) {
+        piece.entry.relativePath.replace(0, from.size(), to);
+        add(std::move(piece));
+    }
+}
+
+std::vector<ComposedTree::Piece> ComposedTree::extract(const std::string &path)
+{
+    std::vector<Piece> pieces;
+    for (auto piece = m_pieces.lower_bound(path); piece != m_pieces.end();) {
+        const auto here = piece++;
+        if (isAtOrBelow(here->first, path))
+            pieces.push_back(std::move(m_pieces.extract(here).mapped()));
+    }
+    return pieces;
 }
 
 void ComposedTree::put(const std::string &path, const QByteArray &bytes)
@@ -60,6 +86,12 @@ void ComposedTree::add(Piece piece)
     m_pieces.insert_or_assign(path, std::move(piece));
 }
 
+std::optional<Entry::Kind> ComposedTree::kindAt(const std::string &path) const
+{
+    const auto piece = m_pieces.find(path);
+    return piece == m_pieces.end() ? std::nullopt : std::optional(piece->second.entry.kind);
+}
+
 bool ComposedTree::isBelowFile(const std::string &path) const
 {
     return std::ranges::any_of(m_pieces, [&](const auto &piece) {
@@ -68,12 +100,12 @@ bool ComposedTree::isBelowFile(const std::string &path) const
     });
 }
 
-std::string ComposedTree::digest() const
+std::vector<Entry> ComposedTree::entries() const
 {
     std::vector<Entry> entries;
     for (const Piece &piece : m_pieces | std::views::values)
         entries.push_back(piece.entry);
-    return FileTreeSnapshot::digestOf(entries);
+    return entries;
 }
 
 std::optional<QByteArray> ComposedTree::bytesOf(const FileSystem &files, const std::string &path) const
@@ -89,14 +121,21 @@ QByteArray ComposedTree::bytesOf(const FileSystem &files, const Piece &piece)
     return piece.bytes ? *piece.bytes : readFile(files, piece.source, SkillFiles::sizeLimit);
 }
 
-void ComposedTree::write(FileSystem &files, const fs::path &folder) const
+void ComposedTree::write(FileSystem &files, const fs::path &folder, const fs::path &former) const
 {
-    createFolders(files, folder, Durability::Later);
+    std::vector<Entry> copied;
+    for (const Piece &piece : m_pieces | std::views::values) {
+        if (!piece.bytes)
+            copied.push_back(piece.entry);
+    }
+    const auto source = [this](const Entry &entry) { return m_pieces.at(entry.relativePath).source; };
+    copySharing(files, copied, source, folder, [&](const Entry &entry) {
+        const bool isTakenOver = !former.empty() && entry.names == 1 && isInside(source(entry), former);
+        return isTakenOver ? source(entry) : fs::path();
+    });
     for (const auto &[path, piece] : m_pieces) {
-        if (piece.entry.kind == Entry::Kind::directory)
-            createFolders(files, folder / path, Durability::Later);
-        else
-            replaceFile(files, folder / path, bytesOf(files, piece), Durability::Later);
+        if (piece.bytes)
+            replaceFile(files, folder / path, *piece.bytes, Durability::Later);
     }
 }
 

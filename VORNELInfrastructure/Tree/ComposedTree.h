@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vornel {
 
@@ -25,20 +26,35 @@ public:
     /// Makes what is at and below a path that of a tree: nothing where the tree has nothing there.
     void replace(const FileTreeSnapshot &tree, const std::string &path);
 
+    /// Makes an empty folder where nothing stands.
+    void putFolder(const std::string &path);
+
+    /// Takes away what is at and below a path.
+    void remove(const std::string &path) { extract(path); }
+
+    /// Moves what is at and below a path to one where nothing stands.
+    void move(const std::string &from, const std::string &to);
+
     /// Makes a file of these bytes; throws `unsafeImport` where a skill may hold none so large.
     void put(const std::string &path, const QByteArray &bytes);
+
+    /// What stands at a path; nothing where there is nothing.
+    std::optional<FileTreeSnapshot::Entry::Kind> kindAt(const std::string &path) const;
 
     /// Whether a file stands where a path would need a folder.
     bool isBelowFile(const std::string &path) const;
 
-    /// The digest that a snapshot of the folder would have.
-    std::string digest() const;
+    /// The entries that a snapshot of the folder would have, and its digest.
+    std::vector<FileTreeSnapshot::Entry> entries() const;
+    std::string digest() const { return FileTreeSnapshot::digestOf(entries()); }
 
     /// The bytes of the file at a path; nothing where there is none.
     std::optional<QByteArray> bytesOf(const FileSystem &files, const std::string &path) const;
 
-    /// Makes the folder, in which nothing may stand yet. Whoever calls it flushes it.
-    void write(FileSystem &files, const std::filesystem::path &folder) const;
+    /// Makes the folder where nothing stands yet. What it has from `former`, a folder that is deleted once
+    /// this one is in its place, it takes over; the rest is copied. Whoever calls it flushes it.
+    void write(FileSystem &files, const std::filesystem::path &folder,
+               const std::filesystem::path &former = {}) const;
 
 private:
     /// An entry, and where its bytes are.
@@ -50,6 +66,10 @@ private:
     };
 
     void add(Piece piece);
+
+    /// Takes out what is at and below a path.
+    std::vector<Piece> extract(const std::string &path);
+
     static QByteArray bytesOf(const FileSystem &files, const Piece &piece);
 
     std::map<std::string, Piece> m_pieces;
