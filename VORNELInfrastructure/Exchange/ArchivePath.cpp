@@ -1,6 +1,7 @@
 #include "ArchivePath.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <QRegularExpression>
 
@@ -27,7 +28,6 @@ bool leadsElsewhere(const QString &name)
 
 std::string archivePath(const std::string &name)
 {
-    constexpr qsizetype deepestLevel = 100;
     if (!QByteArrayView(name).isValidUtf8())
         throw refusal(name, u"dont le nom n’est pas de l’UTF-8 valide"_s);
     const QString text = QString::fromStdString(name);
@@ -35,7 +35,7 @@ std::string archivePath(const std::string &name)
         throw refusal(name, u"qui mène hors de son dossier"_s);
     QStringList components = text.split(u'/', Qt::SkipEmptyParts);
     components.removeAll(u"."_s);
-    if (components.size() > deepestLevel)
+    if (components.size() > SkillFiles::deepestLevel)
         throw refusal(name, u"dont les dossiers sont trop imbriqués"_s);
     return components.join(u'/').toStdString();
 }

@@ -42,9 +42,6 @@ public:
 private:
     using Entry = FileTreeSnapshot::Entry;
 
-    /// Every open level costs a descriptor, of which a process has about a thousand.
-    static constexpr int deepestLevel = 100;
-
     /// From this size on, the files of a folder are read side by side.
     static constexpr std::int64_t largeFile = 1'048'576;
 
@@ -62,7 +59,7 @@ private:
     /// same.
     void visit(const Level &level)
     {
-        if (level.depth > deepestLevel)
+        if (level.depth > SkillFiles::deepestLevel)
             throw unsafe(level.prefix.substr(0, level.prefix.size() - 1));
 
         std::vector<FolderEntry> children = m_files.list(level.folder);
