@@ -119,6 +119,8 @@ QString action(UndoableAction action)
         return u"fusion"_s;
     case UndoableAction::properties:
         return u"propriétés"_s;
+    case UndoableAction::files:
+        return u"fichiers"_s;
     case UndoableAction::reversion:
         break;
     }

@@ -66,7 +66,8 @@ enum class UndoableAction {
     handEdits,
     merge,
     reversion,
-    properties
+    properties,
+    files
 };
 Q_ENUM_NS(UndoableAction)
 

@@ -10,7 +10,8 @@
 namespace vornel {
 
 /// Takes back the last operation of this service, if that was a save, an adoption, a merge, a
-/// synchronisation, a return to a version, a move to the trash or a change of category or other properties.
+/// synchronisation, a return to a version, a move to the trash or a change of files, of category or of other
+/// properties.
 class Undoing
 {
 public:

@@ -3,6 +3,7 @@
 #include "CopyAdopting.h"
 #include "CopyInspecting.h"
 #include "CopyRepairing.h"
+#include "FileEditing.h"
 #include "HistoryKeeping.h"
 #include "ImportReviewing.h"
 #include "NewSkillFinding.h"
@@ -31,7 +32,8 @@ class WindowServicing : public WorkspaceServicing,
                         public RecoveryKeeping,
                         public PropertyEditing,
                         public SkillChecking,
-                        public SkillExchange
+                        public SkillExchange,
+                        public FileEditing
 {};
 
 } // namespace vornel

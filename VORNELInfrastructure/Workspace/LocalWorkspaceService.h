@@ -83,6 +83,8 @@ public:
     QFuture<QList<SkillDetail>> setProperties(QList<QUuid> ids, PropertyChange change,
                                               std::optional<qint64> expectedRevision) override;
     QFuture<QList<SkillProperties>> reviewProperties(QList<QUuid> ids, PropertyChange change) override;
+    QFuture<SkillDetail> changeFiles(QUuid id, QList<PathChange> changes, qint64 expectedRevision) override;
+    QFuture<SkillDetail> duplicateSkill(QUuid id, QString slug, std::optional<QString> displayName) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
     QFuture<QList<SkillProblem>> checkSkills(QList<QUuid> ids) override;
     QFuture<QList<SkillProblem>> checkText(QUuid id, QString text) override;

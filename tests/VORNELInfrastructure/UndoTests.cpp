@@ -128,6 +128,16 @@ INSTANTIATE_TEST_SUITE_P(
                       const QString first = library.service->history(library.demo).result().last().entry;
                       library.service->revert(library.demo, 1, first, {}).waitForFinished();
                   }},
+        Operation{"changeFiles",
+                  [](auto &library) {
+                      library.service
+                          ->changeFiles(library.demo,
+                                        {MovedPath{u"notes.md"_s, u"deep/notes.md"_s},
+                                         RemovedPath{u"by-hand.md"_s}, WrittenFile{u"SKILL.md"_s, "new"},
+                                         NewFolder{u"empty"_s}},
+                                        1)
+                          .waitForFinished();
+                  }},
         Operation{"synchronize",
                   [](auto &library) { library.service->synchronize(library.demo).waitForFinished(); }},
         Operation{"synchronizeSeveral",

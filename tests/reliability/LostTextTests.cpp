@@ -40,7 +40,7 @@ protected:
         }
     }
 
-    static constexpr int operations = 12;
+    static constexpr int operations = 13;
 
     /// The operations that have changed anything.
     const std::set<int> &done() const { return m_done; }
@@ -139,9 +139,19 @@ private:
         case 10:
             service->saveSkill(id, revision, freshText()).result();
             break;
+        case 11:
+            service->changeFiles(id, {freshChange(path)}, revision).result();
+            break;
         default:
             service->synchronize(id).result();
         }
+    }
+
+    PathChange freshChange(const QString &path)
+    {
+        if (below(2) == 0)
+            return RemovedPath{path};
+        return WrittenFile{path, freshText().toUtf8()};
     }
 
     QList<MergeSettlement> settlements(const QUuid &id, TargetKind side)

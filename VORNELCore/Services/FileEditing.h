@@ -1,0 +1,32 @@
+#pragma once
+
+#include <VORNELCore/Records/PathChange.h>
+#include <VORNELCore/Records/WorkspaceModels.h>
+
+#include <QFuture>
+
+#include <optional>
+
+namespace vornel {
+
+/// Changes the files of skills, and makes skills of the files of others.
+class FileEditing
+{
+public:
+    virtual ~FileEditing() = default;
+
+    /// Makes these changes, one after the other, the next revision of an active skill, and installs it as a
+    /// save does; none where nothing changes. Nothing is written unless all of them can be. May fail with
+    /// `notBootstrapped`, `skillNotFound`, `revisionConflict`, `invalidPath` for a path out of the folder,
+    /// `integrityFailure` for one that no skill may have or that is taken or missing, `missingSkillFile` for
+    /// a blank "SKILL.md", what a walk over the skill throws, `partialSync` or a file-system error.
+    virtual QFuture<SkillDetail> changeFiles(QUuid id, QList<PathChange> changes,
+                                             qint64 expectedRevision) = 0;
+
+    /// Makes a new skill with the files and properties of an active one; without a name of its own it gets
+    /// that of the other, and " (copie)". May fail with `skillNotFound` and as `createSkill` does.
+    virtual QFuture<SkillDetail> duplicateSkill(QUuid id, QString slug,
+                                                std::optional<QString> displayName) = 0;
+};
+
+} // namespace vornel

@@ -1,0 +1,118 @@
+#include "FileEdit.h"
+
+#include "FilePath.h"
+#include "SkillFiles.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELInfrastructure/Adoption/ComposedRevision.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
+#include <VORNELInfrastructure/Workspace/Locating.h>
+#include <VORNELInfrastructure/Workspace/Overview.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+using Entry = FileTreeSnapshot::Entry;
+
+namespace {
+
+VORNELWorkspaceError refusal(const QString &sentence, const std::string &path)
+{
+    return VORNELWorkspaceError::integrityFailure(sentence.arg(QString::fromStdString(path)));
+}
+
+/// Makes changes in a tree, or refuses those that can't be made in it as it stands then.
+class TreeEdit
+{
+public:
+    explicit TreeEdit(ComposedTree &tree) : m_tree(tree) {}
+
+    void operator()(const WrittenFile &file) const
+    {
+        const std::string path = filePath(file.path);
+        if (file.bytes.size() > SkillFiles::sizeLimit)
+            throw refusal(u"«\u00A0%1\u00A0» dépasse 25\u00A0Mio."_s, path);
+        if (m_tree.kindAt(path) == Entry::Kind::directory)
+            throw refusal(u"«\u00A0%1\u00A0» est un dossier."_s, path);
+        requireFoldersAbove(path);
+        m_tree.put(path, file.bytes);
+    }
+
+    void operator()(const NewFolder &folder) const { m_tree.putFolder(freePath(folder.path)); }
+
+    void operator()(const MovedPath &moved) const
+    {
+        const std::string from = movablePath(moved.from);
+        const std::string to = freePath(moved.to);
+        if (isAtOrBelow(to, from))
+            throw refusal(u"«\u00A0%1\u00A0» ne peut pas être déplacé dans lui-même."_s, from);
+        m_tree.move(from, to);
+    }
+
+    void operator()(const RemovedPath &removed) const { m_tree.remove(movablePath(removed.path)); }
+
+private:
+    /// The path of what may be a folder, which may end in "/".
+    static std::string pathOf(QString typed)
+    {
+        while (typed.size() > 1 && typed.endsWith(u'/'))
+            typed.chop(1);
+        return filePath(typed);
+    }
+
+    std::string freePath(const QString &typed) const
+    {
+        std::string path = pathOf(typed);
+        if (m_tree.kindAt(path))
+            throw refusal(u"«\u00A0%1\u00A0» existe déjà."_s, path);
+        requireFoldersAbove(path);
+        return path;
+    }
+
+    std::string movablePath(const QString &typed) const
+    {
+        std::string path = pathOf(typed);
+        if (path == SkillFiles::text)
+            throw refusal(u"«\u00A0%1\u00A0» ne peut être ni supprimé ni déplacé."_s, path);
+        if (!m_tree.kindAt(path))
+            throw refusal(u"La compétence ne contient pas «\u00A0%1\u00A0»."_s, path);
+        return path;
+    }
+
+    void requireFoldersAbove(const std::string &path) const
+    {
+        if (m_tree.isBelowFile(path))
+            throw refusal(u"Un fichier est sur le chemin de «\u00A0%1\u00A0»."_s, path);
+    }
+
+    ComposedTree &m_tree;
+};
+
+} // namespace
+
+SkillDetail FileEdit::run(const QUuid &id, const QList<PathChange> &changes, qint64 expectedRevision) const
+{
+    const SkillRecord skill = m_authoring.recordAt(id, expectedRevision);
+    const FileTreeSnapshot former = treeOf(skill);
+    ComposedTree tree;
+    tree.takeAll(former);
+    for (const PathChange &change : changes)
+        std::visit(TreeEdit(tree), change);
+    for (const Entry &entry : tree.entries())
+        requireReachable(entry);
+    if (tree.digest() == former.digest)
+        return makeDetail(m_workspace, skill, former);
+    requireText(m_workspace, skill, tree);
+    return m_authoring.revise(skill, [&](const FileTreeSnapshot & /*former*/) { return tree; });
+}
+
+FileTreeSnapshot FileEdit::treeOf(const SkillRecord &skill) const
+{
+    return locating(m_workspace, skill.folder, [&] {
+        return SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::all,
+                                        &m_workspace.digests);
+    });
+}
+
+} // namespace vornel
