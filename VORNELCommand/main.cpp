@@ -63,7 +63,7 @@ int run(const Invocation &invocation)
     const WorkspaceOverview overview = service.bootstrap(roots.workspace, roots.claude, roots.codex).result();
     return runCommand(invocation,
                       {service, service, service, service, service, service, service, service, service,
-                       service, service, service, service, service},
+                       service, service, service, service, service, service},
                       overview);
 }
 

@@ -21,9 +21,8 @@ QString FoundProblem::place() const
 
 // Without an answer, as when the skill has gone, nothing is said of it.
 TextCheck::TextCheck(QObject *parent)
-    : FixedRowListModel(parent), m_checking(this, [this](const Problems &answer) {
-          show(answer.value.value_or(QList<SkillProblem>()));
-      })
+    : FixedRowListModel(parent),
+      m_checking(this, [this](const Problems &answer) { show(answer.value.value_or(QList<SkillProblem>())); })
 {
     m_pause.setSingleShot(true);
     m_pause.setInterval(400ms);
@@ -48,10 +47,9 @@ void TextCheck::check()
         m_checking.forget();
         return show({});
     }
-    m_checking.ask([&checker = m_model->checker(), id = skill->manifest.id,
-                    text = m_model->openSkill()->draft()->text()] {
-        return answerOf(checker.checkText(id, text));
-    });
+    m_checking.ask(
+        [&checker = m_model->checker(), id = skill->manifest.id,
+         text = m_model->openSkill()->draft()->text()] { return answerOf(checker.checkText(id, text)); });
 }
 
 void TextCheck::show(const QList<SkillProblem> &problems)

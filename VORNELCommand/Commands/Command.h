@@ -15,6 +15,7 @@ struct Command
 QList<Command> lookingCommands();
 QList<Command> importCommands();
 QList<Command> editingCommands();
+QList<Command> fileCommands();
 QList<Command> propertyCommands();
 QList<Command> syncCommands();
 QList<Command> adoptionCommands();

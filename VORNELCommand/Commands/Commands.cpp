@@ -12,9 +12,9 @@ namespace {
 const QList<Command> &commands()
 {
     static const QList<Command> all = lookingCommands() + importCommands() + exchangeCommands() +
-                                      editingCommands() + propertyCommands() + syncCommands() +
-                                      adoptionCommands() + historyCommands() + categoryCommands() +
-                                      trashCommands() + recoveryCommands();
+                                      editingCommands() + fileCommands() + propertyCommands() +
+                                      syncCommands() + adoptionCommands() + historyCommands() +
+                                      categoryCommands() + trashCommands() + recoveryCommands();
     return all;
 }
 

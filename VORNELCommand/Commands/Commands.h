@@ -5,6 +5,7 @@
 #include <VORNELCore/Services/CopyInspecting.h>
 #include <VORNELCore/Services/CopyRepairing.h>
 #include <VORNELCore/Services/CreationReviewing.h>
+#include <VORNELCore/Services/FileEditing.h>
 #include <VORNELCore/Services/HistoryKeeping.h>
 #include <VORNELCore/Services/ImportReviewing.h>
 #include <VORNELCore/Services/NewSkillFinding.h>
@@ -46,6 +47,7 @@ struct Services
     PropertyEditing &properties;
     SkillChecking &checks;
     SkillExchange &exchange;
+    FileEditing &files;
 };
 
 /// Runs a command on services whose `bootstrap` returned `overview`, prints its result and returns the exit

@@ -30,6 +30,20 @@ int create(const Session &session)
     return ExitCode::success;
 }
 
+int duplicate(const Session &session)
+{
+    const Invocation &invocation = session.invocation;
+    const QUuid id = activeSkill(session, invocation.operands.first());
+    const QString slug = invocation.operands.last();
+    const auto name = invocation.has(u"name"_s) ? std::optional(invocation.value(u"name"_s)) : std::nullopt;
+    session.services.creations
+        .reviewCreation({slug, name.value_or(slug), {}, SkillCategory::otherID, {}, Maturity::draft, {}})
+        .result();
+    refuseOccupied(session, placesOf({slug}));
+    output(session, session.services.files.duplicateSkill(id, slug, name).result(), Report::state);
+    return ExitCode::success;
+}
+
 int save(const Session &session)
 {
     const qint64 revision = session.invocation.value(u"expect"_s).toLongLong();
@@ -51,6 +65,9 @@ QList<Command> editingCommands()
               alternatives<Maturity>() + u"] [--file FICHIER] [--replace]"_s,
           u"Crée une compétence."_s},
          create},
+        {{section, u"duplicate SKILL IDENTIFIANT [--name NOM] [--replace]"_s,
+          u"Fait d’une compétence une autre, avec les mêmes fichiers et propriétés."_s},
+         duplicate},
         {{section, u"save SKILL --expect RÉVISION --file FICHIER"_s,
           u"Remplace le SKILL.md, si la compétence en est encore à cette révision."_s},
          save},

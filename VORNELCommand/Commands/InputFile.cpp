@@ -37,18 +37,24 @@ void readInput(const QString &name, const std::function<void(QByteArrayView)> &s
     }
 }
 
-QString textOfFile(const QString &name)
+QByteArray bytesOfFile(const QString &name)
 {
-    const fs::path path = pathFromText(name);
     QByteArray content;
     readInput(name, [&](QByteArrayView bytes) {
         content.append(bytes);
         if (content.size() > SkillFiles::sizeLimit)
-            throw fs::filesystem_error("read", path, std::make_error_code(std::errc::file_too_large));
+            throw fs::filesystem_error("read", pathFromText(name),
+                                       std::make_error_code(std::errc::file_too_large));
     });
-    const auto text = textFromUtf8(content);
+    return content;
+}
+
+QString textOfFile(const QString &name)
+{
+    const auto text = textFromUtf8(bytesOfFile(name));
     if (!text)
-        throw fs::filesystem_error("decode", path, std::make_error_code(std::errc::illegal_byte_sequence));
+        throw fs::filesystem_error("decode", pathFromText(name),
+                                   std::make_error_code(std::errc::illegal_byte_sequence));
     return *text;
 }
 

@@ -11,9 +11,10 @@ namespace vornel {
 /// when it can't be read, and `CommandFailure` "closedInput".
 void readInput(const QString &name, const std::function<void(QByteArrayView)> &sink);
 
-/// The text of a file, byte for byte; "-" is standard input. Throws `std::filesystem::filesystem_error` when
-/// it can't be read, is larger than a skill's file may be, or isn't UTF-8, and `CommandFailure`
-/// "closedInput".
+/// The same bytes at once; a file that is larger than a skill's may be is a `filesystem_error`, too.
+QByteArray bytesOfFile(const QString &name);
+
+/// The same as a text, byte for byte; one that isn't UTF-8 is a `filesystem_error`, too.
 QString textOfFile(const QString &name);
 
 } // namespace vornel

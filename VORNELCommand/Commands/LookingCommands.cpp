@@ -3,6 +3,7 @@
 #include <VORNELCommand/Output/CheckReport.h>
 #include <VORNELCommand/Output/Report.h>
 #include <VORNELCore/Library/LibraryQuery.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QJsonArray>
 
@@ -90,6 +91,32 @@ int show(const Session &session)
     return ExitCode::success;
 }
 
+/// The bytes of a file as JSON can hold them.
+QJsonObject encodedFile(const QString &path, const QByteArray &bytes)
+{
+    const auto text = textFromUtf8(bytes);
+    return {{u"content"_s, text.value_or(QString::fromLatin1(bytes.toBase64()))},
+            {u"encoding"_s, text ? u"utf-8"_s : u"base64"_s},
+            {u"path"_s, path},
+            {u"size"_s, bytes.size()}};
+}
+
+int cat(const Session &session)
+{
+    const QStringList &operands = session.invocation.operands;
+    const QUuid id = activeSkill(session, operands.first());
+    const QString path = operands.value(1, u"SKILL.md"_s);
+    const std::optional<QByteArray> bytes = session.services.copies.readFile(id, {}, path).result();
+    if (!bytes)
+        throw CommandFailure(u"fileNotFound"_s,
+                             u"La compétence ne contient pas de fichier «\u00A0%1\u00A0»."_s.arg(path));
+    if (session.invocation.has(u"json"_s))
+        Terminal::printBytes(RecordJson::document(encodedFile(path, *bytes)));
+    else
+        Terminal::printBytes(*bytes);
+    return ExitCode::success;
+}
+
 int diff(const Session &session)
 {
     const QUuid id = activeSkill(session, session.invocation.operands.first());
@@ -127,6 +154,9 @@ QList<Command> lookingCommands()
           u"Les compétences actives, ou celles de la corbeille."_s},
          list},
         {{section, u"show SKILL"_s, u"Tout ce qui est connu d’une compétence."_s}, show},
+        {{section, u"cat SKILL [CHEMIN]"_s,
+          u"Un fichier d’une compétence, tel qu’il est\u00A0; sans chemin, son SKILL.md."_s},
+         cat},
         {{section, u"diff SKILL [--entry VERSION] [--with VERSION]"_s,
           u"Ce que chaque copie a en plus (+), en moins (-) ou de modifié (~)\u00A0; avec --entry, ce qui a "
           u"changé "

@@ -62,7 +62,8 @@ QList<Command> propertyCommands()
 {
     return {
         {{u"Écrire"_s,
-          u"set SKILL… [--from-skill-md] [--name NOM] [--summary TEXTE] [--tags A,B] [--add-tags A,B] [--remove-tags A,B] "
+          u"set SKILL… [--from-skill-md] [--name NOM] [--summary TEXTE] [--tags A,B] [--add-tags A,B] "
+          u"[--remove-tags A,B] "
           "[--maturity "_s +
               alternatives<Maturity>() +
               u"] [--category CATÉGORIE] [--slug IDENTIFIANT] [--expect RÉVISION]"_s,

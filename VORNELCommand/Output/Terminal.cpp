@@ -124,9 +124,13 @@ QString table(const QList<QList<Cell>> &rows)
 
 void print(const QString &text)
 {
-    const QByteArray bytes = text.toUtf8();
+    printBytes(text.toUtf8());
+}
+
+void printBytes(QByteArrayView bytes)
+{
     const auto size = static_cast<size_t>(bytes.size());
-    if (std::fwrite(bytes.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0)
+    if (std::fwrite(bytes.data(), 1, size, stdout) != size || std::fflush(stdout) != 0)
         throw std::system_error(errno, std::system_category());
 }
 

@@ -32,6 +32,9 @@ QString table(const QList<QList<Cell>> &rows);
 /// Writes to standard output; throws `std::system_error` when that can't be written.
 void print(const QString &text);
 
+/// The same for bytes, of a file for example, as they are.
+void printBytes(QByteArrayView bytes);
+
 /// Writes a line to standard error.
 void printError(const QString &line);
 

@@ -82,6 +82,15 @@ _vornelctl_versions() {
     done
 }
 
+# The files of the skill that stands on the command line.
+_vornelctl_paths() {
+    local word
+    for word in "${words[@]}"; do
+        [[ -f $1/skills/$word/vornel.json ]] &&
+            find "$1/skills/$word" -mindepth 1 -name '.*' -prune -o -type f ! -name vornel.json -printf '%P\n'
+    done
+}
+
 # The words that go on from a command: "create" from "vornelctl category".
 _vornelctl_continuations() {
     printf '%s\n' "${!_vornelctl_operands[@]}" | sed -n "s/^$1 \([^ ]*\).*/\1/p" | sort -u
@@ -117,6 +126,7 @@ _vornelctl_candidates() {
         ID:* | ID…:*) _vornelctl_recovery "$workspace/.vornel/recovery" ;;
         CATÉGORIE*) _vornelctl_values id "$workspace/.vornel/categories.json" ;;
         VERSION*) _vornelctl_versions "$workspace" ;;
+        CHEMIN*) _vornelctl_paths "$workspace" ;;
         *=*) ;;
         *'|'*) tr '|' '\n' <<<"$1" ;;
     esac

@@ -116,6 +116,49 @@ TEST_F(Vornelctl, CarriesASkillThroughItsLife)
     EXPECT_EQ(run("empty-trash --json").json()[u"trashedSkills"].toArray().size(), 0);
 }
 
+TEST_F(Vornelctl, ChangesFiles)
+{
+    ASSERT_EQ(run("create demo --name Démo").code, 0);
+    const QByteArray bytes("\0\xFF\r\n", 4);
+    EXPECT_EQ(run("put demo docs/data.bin --file - --expect 1", bytes).output, "demo  révision 2  à jour\n");
+    write("text", "Démo sans fin");
+    EXPECT_EQ(run("put demo SKILL.md --file text --expect 2 --json").json()[u"skillMD"], u"Démo sans fin"_s);
+    EXPECT_EQ(run("mkdir demo a b/c --expect 3").code, 0);
+    EXPECT_EQ(run("mv demo docs/data.bin b/c/moved --expect 4").code, 0);
+    EXPECT_EQ(run("cat demo b/c/moved").output, bytes);
+    EXPECT_EQ(run("cat demo").output, "Démo sans fin");
+    const QJsonObject file = run("cat demo b/c/moved --json").json().object();
+    EXPECT_EQ(file, (QJsonObject{{u"content"_s, u"AP8NCg=="_s},
+                                 {u"encoding"_s, u"base64"_s},
+                                 {u"path"_s, u"b/c/moved"_s},
+                                 {u"size"_s, 4}}));
+    EXPECT_EQ(run("cat demo --json").json()[u"content"], u"Démo sans fin"_s);
+    EXPECT_EQ(run("rm demo a docs b/ --expect 5 --json").json()[u"relativeFiles"],
+              (QJsonArray{u"SKILL.md"_s, u"vornel.json"_s}));
+    EXPECT_EQ(tree("codex/demo"), (Tree{{"SKILL.md", "Démo sans fin"}}));
+
+    EXPECT_EQ(run("rm demo SKILL.md --expect 5 --json").error()[u"error"], u"revisionConflict"_s);
+    EXPECT_EQ(run("rm demo SKILL.md --expect 6 --json").error()[u"error"], u"integrityFailure"_s);
+    EXPECT_EQ(run("put demo ../out --file text --expect 6 --json").error()[u"error"], u"invalidPath"_s);
+    EXPECT_EQ(run("put demo x --file nowhere --expect 6 --json").error()[u"error"], u"fileSystem"_s);
+    EXPECT_EQ(run("cat demo a --json").error()[u"error"], u"fileNotFound"_s);
+    for (const char *line : {"put demo x --file text", "rm demo --expect 6", "mv demo x --expect 6", "cat"})
+        EXPECT_EQ(run(line).code, 64) << line;
+}
+
+TEST_F(Vornelctl, DuplicatesASkill)
+{
+    ASSERT_EQ(run("create demo --name Démo --category design").code, 0);
+    write("codex/other/notes.txt", "theirs");
+    EXPECT_EQ(run("duplicate demo other --json").error()[u"error"], u"targetOccupied"_s);
+    const QJsonObject copy = run("duplicate demo other --replace --json").json()[u"manifest"].toObject();
+    EXPECT_EQ(copy[u"displayName"], u"Démo (copie)"_s);
+    EXPECT_EQ(copy[u"category"], u"design"_s);
+    EXPECT_EQ(run("duplicate demo third --name Trois").output, "third  révision 1  à jour\n");
+    EXPECT_EQ(tree("codex/third"), tree("codex/demo"));
+    EXPECT_EQ(run("duplicate demo other --json").error()[u"error"], u"duplicateSlug"_s);
+}
+
 TEST_F(Vornelctl, AdoptsAndMergesWhatAssistantsHaveWritten)
 {
     ASSERT_EQ(run("create demo --name Démo --file -", "base\n").code, 0);

@@ -52,6 +52,28 @@ void save(Service &service)
     service.saveSkill(*activeIDs(service, {u"demo"_s}).cbegin(), 3, savedText).result();
 }
 
+void changeFiles(Service &service)
+{
+    const QUuid demo = *activeIDs(service, {u"demo"_s}).cbegin();
+    service.changeFiles(demo, {MovedPath{u"reference"_s, u"moved/here"_s}}, 3).result();
+}
+
+void changeFilesTogether(Service &service)
+{
+    service
+        .changeFiles(*activeIDs(service, {u"demo"_s}).cbegin(),
+                     {MovedPath{u"reference"_s, u"moved"_s}, RemovedPath{u"run.sh"_s},
+                      WrittenFile{u"moved/new.bin"_s, QByteArray("\0\xFF", 2)},
+                      WrittenFile{u"SKILL.md"_s, savedText.toUtf8()}},
+                     3)
+        .result();
+}
+
+void duplicate(Service &service)
+{
+    service.duplicateSkill(*activeIDs(service, {u"demo"_s}).cbegin(), u"fresh"_s, {}).result();
+}
+
 void assign(Service &service)
 {
     service.assignSkills(activeIDs(service, {u"demo"_s, u"second"_s}), u"design"_s).result();
@@ -262,6 +284,10 @@ std::vector<Scenario> allScenarios()
         operation("create", create, "create fresh --name Frais --summary Nouveau --replace",
                   Error::duplicateSlug(u"fresh"_s)),
         operation("save", save, "save demo --expect 3 --file text", Error::revisionConflict(3, 4)),
+        operation("duplicate", duplicate, "duplicate demo fresh --replace", Error::duplicateSlug(u"fresh"_s)),
+        operation("changeFiles", changeFiles, "mv demo reference moved/here --expect 3",
+                  Error::revisionConflict(3, 4)),
+        {"changeFilesTogether", buildLibrary, changeFilesTogether, {}, Error::revisionConflict(3, 4)},
         operation("assign", assign, "assign design demo second"),
         operation("setProperties", setProperties, "set demo second --add-tags essai --maturity ready"),
         operation("rename", rename, "set demo --slug renamed --name Autre --expect 3", done),
