@@ -1,10 +1,9 @@
 #include "PropertyRules.h"
 
-#include "SkillText.h"
-
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Library/CategoryRules.h>
+#include <VORNELCore/Library/TagRules.h>
 #include <VORNELInfrastructure/Categories/CategoryCatalog.h>
 
 using namespace Qt::StringLiterals;
@@ -19,7 +18,7 @@ SkillProperties validProperties(const Workspace &workspace, SkillProperties prop
         throw VORNELWorkspaceError::integrityFailure(u"Le nom du skill est vide."_s);
     properties.category = CategoryRules::normalizedCategory(properties.category);
     readCategoryCatalog(workspace).find(properties.category);
-    properties.tags = SkillText::normalizedTags(properties.tags);
+    properties.tags = TagRules::normalizedTags(properties.tags);
     return properties;
 }
 
@@ -31,8 +30,8 @@ SkillProperties changedProperties(const Workspace &workspace, SkillProperties pr
     properties.summary = change.summary.value_or(properties.summary);
     properties.category = change.category.value_or(properties.category);
     properties.maturity = change.maturity.value_or(properties.maturity);
-    properties.tags = SkillText::normalizedTags(change.tags.value_or(properties.tags));
-    for (const QString &tag : SkillText::normalizedTags(change.removedTags))
+    properties.tags = TagRules::normalizedTags(change.tags.value_or(properties.tags));
+    for (const QString &tag : TagRules::normalizedTags(change.removedTags))
         properties.tags.removeAll(tag);
     properties.tags += change.addedTags;
     return validProperties(workspace, std::move(properties));

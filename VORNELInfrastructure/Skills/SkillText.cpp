@@ -5,23 +5,9 @@
 
 #include <QStringTokenizer>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace vornel::SkillText {
-
-QStringList normalizedTags(const QStringList &tags)
-{
-    QStringList kept;
-    for (const QString &tag : tags) {
-        const QString normalized = tag.trimmed().toLower();
-        if (!normalized.isEmpty() && !kept.contains(normalized))
-            kept.append(normalized);
-    }
-    std::ranges::stable_sort(kept, LocaleText::comesBefore);
-    return kept;
-}
 
 Metadata frontmatterMetadata(const QString &text, const QString &slug)
 {

@@ -3,13 +3,9 @@
 #include <VORNELCore/Records/WorkspaceModels.h>
 
 #include <QString>
-#include <QStringList>
 
 /// What is read from the text of a "SKILL.md", and what is written into a new one.
 namespace vornel::SkillText {
-
-/// The tags trimmed, in lower case, each once, without empty ones, in the user's alphabetical order.
-QStringList normalizedTags(const QStringList &tags);
 
 struct Metadata
 {

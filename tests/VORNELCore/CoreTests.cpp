@@ -6,6 +6,7 @@
 #include <VORNELCore/Library/LibraryQuery.h>
 #include <VORNELCore/Library/LocaleText.h>
 #include <VORNELCore/Library/NewSkillText.h>
+#include <VORNELCore/Library/TagRules.h>
 #include <VORNELCore/Library/Wording.h>
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
@@ -168,7 +169,7 @@ TEST(Text, IsFoldedAndOrderedAsAReaderExpects)
         EXPECT_EQ(LocaleText::characterCount(text), count) << text.toStdString();
     }
     EXPECT_EQ(
-        SkillText::normalizedTags({u" Foo"_s, u"foo"_s, u" "_s, u"Bar"_s, u"v9"_s, u"École"_s, u"V10"_s}),
+        TagRules::normalizedTags({u" Foo"_s, u"foo"_s, u" "_s, u"Bar"_s, u"v9"_s, u"École"_s, u"V10"_s}),
         (QStringList{u"bar"_s, u"école"_s, u"foo"_s, u"v10"_s, u"v9"_s}));
 }
 

@@ -1,6 +1,7 @@
 #include "Promise.h"
 
 #include <VORNELCore/Library/LocaleText.h>
+#include <VORNELCore/Library/TagRules.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Skills/SkillText.h>
 
@@ -24,7 +25,7 @@ SkillManifest imported(const SkillText::Metadata &metadata)
     manifest.slug = slug;
     manifest.displayName = metadata.name;
     manifest.summary = metadata.summary;
-    manifest.tags = SkillText::normalizedTags({metadata.name, metadata.summary});
+    manifest.tags = TagRules::normalizedTags({metadata.name, metadata.summary});
     manifest.createdAt = manifest.updatedAt = QDateTime::fromSecsSinceEpoch(0, Qt::UTC);
     return manifest;
 }
