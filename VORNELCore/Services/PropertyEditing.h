@@ -8,7 +8,7 @@
 
 namespace vornel {
 
-/// Changes what skills are called and how they are classified.
+/// What skills are called, how they are classified, and how large they are.
 class PropertyEditing
 {
 public:
@@ -26,6 +26,10 @@ public:
     /// What the properties of these skills would be after a change, in their order; changes nothing. Fails as
     /// the change would before anything is changed.
     virtual QFuture<QList<SkillProperties>> reviewProperties(QList<QUuid> ids, PropertyChange change) = 0;
+
+    /// The bytes of an active skill's files, without what VORNEL adds to them. May fail with
+    /// `notBootstrapped`, `skillNotFound` or what keeps its folder from being read.
+    virtual QFuture<qint64> sizeOf(QUuid id) = 0;
 };
 
 } // namespace vornel

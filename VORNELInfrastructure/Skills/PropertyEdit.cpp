@@ -9,7 +9,10 @@
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/History/SkillHistory.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
+
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -56,6 +59,15 @@ QList<SkillDetail> PropertyEdit::run(const QList<QUuid> &ids, const PropertyChan
         }
     }
     return details;
+}
+
+qint64 PropertyEdit::sizeOf(const QUuid &id) const
+{
+    const SkillRecord skill = activeRecord(m_workspace, id);
+    const FileTreeSnapshot tree = SecureFileTree::snapshot(
+        m_workspace.files, skill.folder, TreeFilter::excludingManifest, &m_workspace.digests);
+    const auto add = [](qint64 sum, const FileTreeSnapshot::Entry &entry) { return sum + entry.size; };
+    return std::accumulate(tree.entries.begin(), tree.entries.end(), qint64(0), add);
 }
 
 void PropertyEdit::check(const SkillManifest &skill, const SkillProperties &wanted) const

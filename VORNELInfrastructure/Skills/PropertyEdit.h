@@ -23,6 +23,9 @@ public:
     /// Does what `PropertyEditing::reviewProperties` says.
     QList<SkillProperties> review(const QList<QUuid> &ids, const PropertyChange &change) const;
 
+    /// The same for `PropertyEditing::sizeOf`.
+    qint64 sizeOf(const QUuid &id) const;
+
     /// Throws what makes these properties impossible for the skill.
     void check(const SkillManifest &skill, const SkillProperties &wanted) const;
 

@@ -167,6 +167,12 @@ QFuture<QList<SkillProperties>> LocalWorkspaceService::reviewProperties(QList<QU
                    [=](const Workspace &workspace) { return PropertyEdit(workspace).review(ids, change); });
 }
 
+QFuture<qint64> LocalWorkspaceService::sizeOf(QUuid id)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return PropertyEdit(workspace).sizeOf(id); });
+}
+
 QFuture<SkillDetail> LocalWorkspaceService::synchronize(QUuid id)
 {
     return performUndoable(UndoableAction::synchronisation, [=](const Workspace &workspace) {

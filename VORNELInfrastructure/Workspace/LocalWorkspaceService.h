@@ -85,6 +85,7 @@ public:
     QFuture<QList<SkillProperties>> reviewProperties(QList<QUuid> ids, PropertyChange change) override;
     QFuture<SkillDetail> changeFiles(QUuid id, QList<PathChange> changes, qint64 expectedRevision) override;
     QFuture<SkillDetail> duplicateSkill(QUuid id, QString slug, std::optional<QString> displayName) override;
+    QFuture<qint64> sizeOf(QUuid id) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;
     QFuture<QList<SkillProblem>> checkSkills(QList<QUuid> ids) override;
     QFuture<QList<SkillProblem>> checkText(QUuid id, QString text) override;
