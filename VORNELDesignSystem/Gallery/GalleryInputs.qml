@@ -40,6 +40,22 @@ GallerySection {
         text: "Texte"
         width: 240
     }
+    LabelledText {
+        label: "Champ de plusieurs lignes"
+        text: "Un texte plus long que la ligne, qui se poursuit sur la suivante."
+        width: 240
+    }
+    ChipField {
+        hint: "Ajouter un mot-clé"
+        label: "Mots-clés"
+        suggestions: ["qualité", "sécurité"]
+        texts: ["accessibilité", "audit", "web"]
+        typed: ""
+        width: 240
+        onAdded: text => texts = texts.concat([text])
+        onEdited: text => typed = text
+        onRemoved: text => texts = texts.filter(other => other !== text)
+    }
     ColorPicker {
         width: 320
     }
