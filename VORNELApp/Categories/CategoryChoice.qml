@@ -3,12 +3,16 @@ import VORNELApp
 import VORNELDesignSystem
 
 /** A category to choose, with its name above. */
-Column {
+Field {
     id: choice
 
     required property AppModel model
     required property string currentID
 
+    /** What stands for no category, which is an empty identifier; without a text, it can't be chosen. */
+    property string noneText
+
+    readonly property bool isNone: currentID === "" && noneText !== ""
     readonly property skillCategory category: {
         void model.overview; // which the categories come from
         return model.category(currentID);
@@ -16,21 +20,15 @@ Column {
 
     signal chosen(id: string)
 
-    spacing: Metrics.small
+    label: "Catégorie"
 
-    Label {
-        color: Colors.secondary
-        font: Typography.small
-        text: "Catégorie"
-
-        Accessible.ignored: true
-    }
     ActionButton {
         id: button
 
+        focus: true
         leftPadding: 0
         rightPadding: Metrics.controlHeight
-        text: choice.category.name
+        text: choice.isNone ? choice.noneText : choice.category.name
         width: parent.width
 
         Accessible.description: "Changer de catégorie"
@@ -39,8 +37,8 @@ Column {
 
         contentItem: CategoryRailLine {
             color: Colors.text
-            symbol: CategoryVisuals.symbol(choice.category.id)
-            symbolColor: CategoryVisuals.hue(choice.category.colorHex)
+            symbol: choice.isNone ? "circle" : CategoryVisuals.symbol(choice.category.id)
+            symbolColor: choice.isNone ? Colors.muted : CategoryVisuals.hue(choice.category.colorHex)
             text: button.text
         }
 
@@ -56,8 +54,9 @@ Column {
         CategoryMenu {
             id: choices
 
-            currentID: choice.category.id
+            currentID: choice.currentID === "" ? "" : choice.category.id
             model: choice.model
+            noneText: choice.noneText
             width: button.width
             onChosen: id => choice.chosen(id)
         }

@@ -11,6 +11,9 @@ ActionMenu {
     required property AppModel model
     property string currentID
 
+    /** What stands for no category, which is an empty identifier; without a text, it can't be chosen. */
+    property string noneText
+
     signal chosen(id: string)
 
     Instantiator {
@@ -28,7 +31,21 @@ ActionMenu {
             onTriggered: choices.chosen(record.category.id)
         }
 
-        onObjectAdded: (index, object) => choices.insertItem(index, object)
+        onObjectAdded: (index, object) => choices.insertItem(index + (choices.noneText === "" ? 0 : 1), object)
+        onObjectRemoved: (index, object) => choices.removeItem(object)
+    }
+    Instantiator {
+        active: choices.noneText !== ""
+
+        ActionMenuItem {
+            isChosen: choices.currentID === ""
+            symbol: "circle"
+            symbolColor: Colors.muted
+            text: choices.noneText
+            onTriggered: choices.chosen("")
+        }
+
+        onObjectAdded: (index, object) => choices.insertItem(0, object)
         onObjectRemoved: (index, object) => choices.removeItem(object)
     }
 }

@@ -1,20 +1,16 @@
 #include "CreateSkillForm.h"
 
+#include <VORNELApp/Model/SlugRules.h>
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
-#include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Library/LocaleText.h>
 #include <VORNELCore/Library/NewSkillText.h>
 #include <VORNELCore/Library/Wording.h>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace vornel {
 
 namespace {
-
-const QString allowedInSlug = u"Utilisez uniquement des lettres, chiffres et tirets."_s;
 
 QStringList splitTags(const QString &text)
 {
@@ -91,22 +87,17 @@ QString CreateSkillForm::slugProblem() const
 {
     if (!hasName() && slug().isEmpty())
         return {};
-    constexpr qsizetype longest = WorkspaceValidation::longestSlug;
-    if (slug().size() > longest)
-        return u"L’identifiant dépasse %1 caractères."_s.arg(longest);
-    if (!hasValidSlug())
-        return allowedInSlug;
-    if (!isSlugTaken())
-        return {};
-    return holdsSlug(Destination::trash) ? u"Une compétence de la corbeille porte déjà cet identifiant."_s
-                                         : u"Une compétence porte déjà cet identifiant."_s;
+    const QString problem = SlugRules::formProblem(slug());
+    if (!problem.isEmpty() || !isSlugTaken())
+        return problem;
+    return SlugRules::takenProblem(*model(), slug());
 }
 
 QString CreateSkillForm::validationHint() const
 {
     if (!hasName())
         return u"Le nom est requis."_s;
-    return hasValidSlug() ? u"Prête à être créée."_s : allowedInSlug;
+    return hasValidSlug() ? u"Prête à être créée."_s : SlugRules::formProblem(slug());
 }
 
 bool CreateSkillForm::isModified() const
@@ -119,7 +110,7 @@ bool CreateSkillForm::isSlugTaken() const
     if (isWaiting()) // then it may be this very skill's
         return false;
     return refusalCase() == QLatin1StringView(WorkspaceErrorCase::DuplicateSlug::name) ||
-           holdsSlug(Destination::library) || holdsSlug(Destination::trash);
+           (model() != nullptr && SlugRules::isTaken(*model(), slug()));
 }
 
 void CreateSkillForm::submit()
@@ -142,22 +133,9 @@ void CreateSkillForm::reset()
     Q_EMIT changed();
 }
 
-bool CreateSkillForm::holdsSlug(Destination destination) const
-{
-    const auto hasIt = [this](const SkillSummary &skill) {
-        return skill.slug.compare(slug(), Qt::CaseInsensitive) == 0;
-    };
-    return model() != nullptr && std::ranges::any_of(model()->skills(destination), hasIt);
-}
-
 bool CreateSkillForm::hasValidSlug() const
 {
-    try {
-        WorkspaceValidation::validateSlug(m_request.slug);
-        return true;
-    } catch (const VORNELWorkspaceError &) {
-        return false;
-    }
+    return SlugRules::formProblem(slug()).isEmpty();
 }
 
 /// A former identifier's refusal says nothing of this one.

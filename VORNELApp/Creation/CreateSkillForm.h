@@ -78,7 +78,6 @@ Q_SIGNALS:
 
 private:
     bool hasValidSlug() const;
-    bool holdsSlug(Destination destination) const;
     void takeSlug(const QString &slug);
 
     CreateSkillRequest m_request;

@@ -176,8 +176,10 @@ Sheet {
                 onChosen: id => form.category = id
             }
             MaturityChoice {
-                form: form
+                current: form.maturity
+                texts: form.maturityTexts
                 width: parent.width
+                onChosen: index => form.maturity = index
             }
         }
     }

@@ -1,20 +1,26 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import VORNELApp
 import VORNELDesignSystem
 
 /** A maturity to choose, with its name above. It is one stop of Tab; the arrows choose. */
 Column {
     id: choice
 
-    required property CreateSkillForm form
+    required property var texts
+
+    /** The number of the one that is chosen. */
+    required property int current
+
+    property int columns: 2
+
+    signal chosen(index: int)
 
     /** Chooses the maturity so many places further on, and gives it the keyboard. */
     function step(places: int): void {
-        const next = Math.max(0, Math.min(choices.count - 1, form.maturity + places));
+        const next = Math.max(0, Math.min(choices.count - 1, current + places));
         choices.itemAt(next).forceActiveFocus(Qt.TabFocusReason);
-        form.maturity = next;
+        chosen(next);
     }
 
     spacing: Metrics.small
@@ -30,7 +36,7 @@ Column {
         Accessible.ignored: true
     }
     Grid {
-        columns: 2
+        columns: choice.columns
         spacing: Metrics.small
         width: parent.width
 
@@ -42,17 +48,17 @@ Column {
         Repeater {
             id: choices
 
-            model: choice.form.maturityTexts
+            model: choice.texts
 
             ChoiceButton {
                 required property int index
                 required property string modelData
 
                 focusPolicy: isChosen ? Qt.StrongFocus : Qt.ClickFocus
-                isChosen: choice.form.maturity === index
+                isChosen: choice.current === index
                 text: modelData
-                width: (choice.width - Metrics.small) / 2
-                onClicked: choice.form.maturity = index
+                width: (choice.width - (choice.columns - 1) * Metrics.small) / choice.columns
+                onClicked: choice.chosen(index)
             }
         }
     }

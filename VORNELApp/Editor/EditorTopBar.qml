@@ -11,7 +11,11 @@ RowLayout {
 
     readonly property OpenSkill skill: model.openSkill
 
+    /** Whether there are edits of the properties that aren't saved. */
+    required property bool arePropertiesModified
+
     signal historyAsked
+    signal propertiesAsked
     signal saveAsked
     signal trashAsked
 
@@ -32,13 +36,22 @@ RowLayout {
     }
     ActionButton {
         isCompact: bar.width < Metrics.roomForTexts
+        symbol: "sliders-horizontal"
+        symbolColor: bar.arePropertiesModified ? Colors.warning : foreground
+        text: "Propriétés"
+
+        Accessible.description: bar.arePropertiesModified ? "modifiées, non enregistrées" : ""
+        onClicked: bar.propertiesAsked()
+    }
+    ActionButton {
+        isCompact: bar.width < Metrics.roomForTexts
         symbol: "history"
         text: "Historique"
         onClicked: bar.historyAsked()
     }
     ActionButton {
         enabled: !bar.model.isWorking
-        isCompact: bar.width < Metrics.roomForTexts
+        isCompact: bar.width < 1040 // the toolbar above has it in words, too
         symbol: "folder-sync"
         text: "Synchroniser"
         onClicked: bar.skill.synchronize()

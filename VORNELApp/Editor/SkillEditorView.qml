@@ -4,7 +4,7 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** The chosen skill: its files, its instructions to edit, its category, and how its copies stand. */
+/** The chosen skill: its files, its instructions to edit, its properties, and how its copies stand. */
 FocusScope {
     id: editor
 
@@ -15,7 +15,20 @@ FocusScope {
     readonly property string skillID: String(model.selectedSkillID)
     readonly property bool isHistoryOpen: model.history.isOpen
     readonly property bool isVersionShown: (history.item as SkillHistory)?.isVersionShown ?? false
+    readonly property PropertiesPanel propertiesPanel: panel.item as PropertiesPanel
     property string selectedFile: "SKILL.md"
+    property bool arePropertiesOpen: false
+
+    /** How much of the width is taken by what is open beside the text. */
+    readonly property real sideWidth: {
+        if (isHistoryOpen)
+            return (history.item as SkillHistory)?.panelWidth ?? 0;
+        return arePropertiesOpen ? panel.width : 0;
+    }
+    readonly property bool isSideOpen: isHistoryOpen || arePropertiesOpen
+
+    /** What had the keyboard before the properties. */
+    property Item formerFocus
 
     /** Whether the skill is on its way to the trash: nothing may be typed that would go with it. */
     property bool isGoing: false
@@ -50,9 +63,26 @@ FocusScope {
         else
             model.history.open();
     }
-    /** Brings the keyboard back from the history that is closed. */
-    function takeKeyboardBack(): void {
-        const former = (history.item as SkillHistory)?.formerFocus ?? null;
+    function toggleProperties(): void {
+        if (arePropertiesOpen)
+            closeProperties();
+        else
+            openProperties();
+    }
+    function openProperties(): void {
+        model.history.close();
+        formerFocus = Window.activeFocusItem;
+        arePropertiesOpen = true;
+        propertiesPanel.takeKeyboard();
+    }
+    function closeProperties(): void {
+        const hadKeyboard = panel.activeFocus;
+        arePropertiesOpen = false;
+        if (hadKeyboard)
+            takeKeyboardBack(formerFocus);
+    }
+    /** Brings the keyboard back from what is closed to where it was. */
+    function takeKeyboardBack(former: Item): void {
         if (activeFocus && former?.visible)
             former.forceActiveFocus(Qt.OtherFocusReason);
         else if (activeFocus)
@@ -60,10 +90,22 @@ FocusScope {
     }
 
     Keys.onEscapePressed: event => {
-        event.accepted = isHistoryOpen;
+        event.accepted = isSideOpen;
         model.history.close();
+        closeProperties();
     }
+    onIsHistoryOpenChanged: if (isHistoryOpen) arePropertiesOpen = false
     onSkillIDChanged: selectedFile = "SKILL.md"
+
+    PropertyForm {
+        id: propertyForm
+
+        model: editor.model
+    }
+    DepartureGuard {
+        departure: editor.model.departure
+        isActive: propertyForm.isModified
+    }
 
     Connections {
         function onRefused() {
@@ -82,10 +124,16 @@ FocusScope {
     Shortcut {
         sequence: "Ctrl+S"
         onActivated: {
+            if (panel.activeFocus)
+                return editor.propertiesPanel.save();
             if (editor.isVersionShown)
                 editor.showText();
             editor.skill.save();
         }
+    }
+    Shortcut {
+        sequences: ["Alt+Return", "Alt+Enter"]
+        onActivated: editor.toggleProperties()
     }
     Shortcut {
         sequence: "Ctrl+H"
@@ -98,8 +146,10 @@ FocusScope {
         anchors.margins: Metrics.huge
         anchors.right: parent.right
         anchors.top: parent.top
+        arePropertiesModified: propertyForm.isModified
         model: editor.model
         onHistoryAsked: editor.toggleHistory()
+        onPropertiesAsked: editor.toggleProperties()
         onSaveAsked: {
             editor.showText(); // as the button goes grey
             editor.skill.save();
@@ -141,7 +191,7 @@ FocusScope {
         anchors.topMargin: Metrics.medium
         relativeFiles: editor.detail?.relativeFiles ?? []
         selectedFile: editor.selectedFile
-        visible: !editor.isHistoryOpen || (editor.width > Metrics.roomForTexts && !editor.isVersionShown)
+        visible: !editor.isSideOpen || (editor.width > Metrics.roomForTexts && !(editor.isHistoryOpen && editor.isVersionShown))
         width: visible ? Math.min(240, parent.width / 4) : 0
         onFileChosen: path => editor.selectedFile = path
     }
@@ -150,7 +200,7 @@ FocusScope {
         anchors.left: tree.right
         anchors.leftMargin: tree.visible ? Metrics.medium : 0
         anchors.right: facts.right
-        anchors.rightMargin: editor.isHistoryOpen ? ((history.item as SkillHistory)?.panelWidth ?? 0) + Metrics.medium : 0
+        anchors.rightMargin: editor.isSideOpen ? editor.sideWidth + Metrics.medium : 0
         anchors.top: tree.top
         visible: !editor.isVersionShown || !editor.isHistoryOpen
 
@@ -203,7 +253,25 @@ FocusScope {
         file: "SkillHistory.qml"
         isWanted: editor.isHistoryOpen
         properties: ({ model: editor.model })
-        onVisibleChanged: if (!visible) editor.takeKeyboardBack()
+        onVisibleChanged: if (!visible) editor.takeKeyboardBack((item as SkillHistory)?.formerFocus ?? null)
+    }
+    DeferredItem {
+        id: panel
+
+        anchors.bottom: tree.bottom
+        anchors.right: facts.right
+        anchors.top: tree.top
+        file: "PropertiesPanel.qml"
+        isWanted: editor.arePropertiesOpen
+        properties: ({ form: propertyForm, model: editor.model })
+        width: Math.max(304, Math.min(340, facts.width / 3))
+    }
+    Connections {
+        function onClosingAsked() {
+            editor.closeProperties();
+        }
+
+        target: editor.propertiesPanel
     }
     DifferencesSheet {
         id: differences
@@ -230,6 +298,8 @@ FocusScope {
     }
     UnsavedSheet {
         model: editor.model
+        properties: propertyForm
+        onPropertiesRefused: if (!editor.arePropertiesOpen) editor.openProperties()
     }
     ConfirmationDialog {
         id: replacement
@@ -246,7 +316,7 @@ FocusScope {
         acceptText: "Placer dans la corbeille"
         isDestructive: true
         message: "Vous pourrez restaurer cette compétence depuis la corbeille."
-            + (editor.skill.draft.isModified ? "\n\nLes modifications non enregistrées seront perdues." : "")
+            + (editor.skill.draft.isModified || propertyForm.isModified ? "\n\nLes modifications non enregistrées seront perdues." : "")
         title: "Placer « " + (editor.detail?.manifest.displayName ?? "") + " » dans la corbeille ?"
         onAccepted: {
             editor.isGoing = true;

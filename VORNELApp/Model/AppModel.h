@@ -171,7 +171,7 @@ public:
     const SelectedSkill &selection() const { return m_selectedSkill; }
 
     /// For the screens that show skills' files, the trash, what was set aside, new skills, collisions,
-    /// histories and unsaved texts.
+    /// histories, properties and unsaved texts.
     CopyInspecting &inspector() const { return *m_service; }
     TrashInspecting &trashInspector() const { return *m_service; }
     RecoveryKeeping &recovery() const { return *m_service; }
@@ -179,6 +179,7 @@ public:
     NewSkillFinding &newSkills() const { return *m_service; }
     TargetComparing &targetComparer() const { return *m_service; }
     HistoryKeeping &histories() const { return *m_service; }
+    PropertyEditing &properties() const { return *m_service; }
     DraftKeeping &drafts() const { return *m_drafts; }
 
     /// The library, prepared for queries of which the fields above are the filter.
@@ -270,6 +271,8 @@ public:
     // Actions that tell how they ended. They never throw.
 
     QCoro::Task<Outcome> createSkill(CreateSkillRequest request);
+    QCoro::Task<Outcome> setProperties(QList<QUuid> ids, PropertyChange change,
+                                       std::optional<qint64> expectedRevision);
     QCoro::Task<Outcome> restoreSetAside(QString copy, QString slug);
     QCoro::Task<Outcome> saveSelectedSkill(QString skillMD) { return m_openSkill.write(std::move(skillMD)); }
     QCoro::Task<Outcome> createCategory(QString name, QString colorHex);

@@ -4,6 +4,7 @@
 
 #include <QCoro/QCoroFuture>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -76,6 +77,23 @@ QCoro::Task<Outcome> AppModel::createSkill(CreateSkillRequest request)
         m_selectedSkill.open(created);
         co_await m_library.read();
         m_operations.confirm(u"CRÉÉE"_s);
+    });
+}
+
+QCoro::Task<Outcome> AppModel::setProperties(QList<QUuid> ids, PropertyChange change,
+                                             std::optional<qint64> expectedRevision)
+{
+    return m_operations.perform([this, ids = std::move(ids), change = std::move(change),
+                                 expectedRevision]() -> QCoro::Task<> {
+        const QList<SkillDetail> skills = co_await m_service->setProperties(ids, change, expectedRevision);
+        const bool isChange = std::ranges::any_of(skills, [this](const SkillDetail &skill) {
+            const std::optional<SkillSummary> former = m_library.skill(skill.manifest.id);
+            return !former || former->revision < skill.manifest.revision;
+        });
+        for (const SkillDetail &skill : skills)
+            m_selectedSkill.show(skill);
+        co_await m_library.read();
+        m_operations.confirm(isChange ? u"PROPRIÉTÉS MODIFIÉES"_s : u"RIEN À CHANGER"_s);
     });
 }
 

@@ -32,4 +32,17 @@ PropertyChange PropertyChange::to(const SkillProperties &properties)
             .maturity = properties.maturity};
 }
 
+PropertyChange PropertyChange::between(const SkillProperties &former, const SkillProperties &wanted)
+{
+    const auto changed = [&](auto SkillProperties::*property) {
+        return wanted.*property == former.*property ? std::nullopt : std::optional(wanted.*property);
+    };
+    return {.slug = changed(&SkillProperties::slug),
+            .displayName = changed(&SkillProperties::displayName),
+            .summary = changed(&SkillProperties::summary),
+            .category = changed(&SkillProperties::category),
+            .tags = changed(&SkillProperties::tags),
+            .maturity = changed(&SkillProperties::maturity)};
+}
+
 } // namespace vornel

@@ -35,8 +35,9 @@ struct PropertyChange
     std::optional<Maturity> maturity = {};
     bool isFromText = false; ///< the name and the summary are those that the head of "SKILL.md" gives
 
-    /// The change that leads to these.
+    /// The change that leads to these, and the one that says no more than what differs from `former`.
     static PropertyChange to(const SkillProperties &properties);
+    static PropertyChange between(const SkillProperties &former, const SkillProperties &wanted);
 
     bool operator==(const PropertyChange &) const = default;
 };
