@@ -15,6 +15,13 @@ Item {
     /** A sheet, a question or a menu has closed. */
     signal closed
 
+    /** Opens the properties of the held skills. */
+    function askForProperties(): void {
+        if (model.isWorking)
+            return;
+        propertySheet.make();
+        (propertySheet.item as SelectionPropertiesSheet).ask();
+    }
     /** Asks about the held skills. */
     function askToTrash(): void {
         if (!model.isWorking)
@@ -27,8 +34,23 @@ Item {
         model: actions.model
         selection: actions.selection
         onClosed: actions.closed()
+        onPropertiesAsked: actions.askForProperties()
         onSynchronizationAsked: synchronization.synchronize(actions.selection.ids())
         onTrashAsked: actions.askToTrash()
+    }
+    DeferredItem {
+        id: propertySheet
+
+        file: "SelectionPropertiesSheet.qml"
+        properties: ({ model: actions.model, selection: actions.selection })
+    }
+    Connections {
+        function onClosed() {
+            actions.closed();
+        }
+
+        ignoreUnknownSignals: true
+        target: propertySheet.item
     }
     SkillSynchronization {
         id: synchronization

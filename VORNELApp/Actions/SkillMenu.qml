@@ -30,6 +30,7 @@ Item {
     readonly property string all: isAlone ? "" : " les " + number
 
     signal closed
+    signal propertiesAsked
     signal synchronizationAsked
     signal trashAsked
 
@@ -65,6 +66,12 @@ Item {
             symbol: "folder"
             text: "Déplacer" + chooser.all + "…"
             onSettled: chooser.chooseCategory()
+        }
+        ActionMenuItem {
+            enabled: !chooser.model.isWorking
+            symbol: "sliders-horizontal"
+            text: chooser.isAlone ? "Propriétés…" : "Propriétés des " + chooser.number + "…"
+            onSettled: chooser.propertiesAsked()
         }
         ActionMenuItem {
             enabled: !chooser.model.isWorking

@@ -10,6 +10,7 @@ ListFooter {
     required property CardPage page
     required property SkillSelection selection
 
+    signal propertiesAsked
     signal trashAsked
 
     implicitHeight: 60 // also while it is hidden
@@ -26,6 +27,10 @@ ListFooter {
         properties: ({ model: footer.model, page: footer.page, selection: footer.selection })
     }
     Connections {
+        function onPropertiesAsked() {
+            footer.propertiesAsked();
+        }
+
         function onTrashAsked() {
             footer.trashAsked();
         }

@@ -22,6 +22,11 @@ FocusScope {
         actions.make();
         (actions.item as SkillActions).askToTrash();
     }
+    function askForProperties(): void {
+        selection.hold();
+        actions.make();
+        (actions.item as SkillActions).askForProperties();
+    }
     function enterResults(): void {
         grid.go(0, Qt.NoModifier);
     }
@@ -132,6 +137,7 @@ FocusScope {
         page: page
         selection: selection
         visible: library.hasResults || selection.isSelecting
+        onPropertiesAsked: library.askForProperties()
         onTrashAsked: library.askToTrash()
     }
     DeferredItem {

@@ -13,9 +13,10 @@ Row {
     required property SkillSelection selection
     required property CardPage page
 
+    signal propertiesAsked
     signal trashAsked
 
-    readonly property bool isCompact: width < 570
+    readonly property bool isCompact: width < 600
     readonly property bool canAct: selection.count > 0 && !model.isWorking
 
     spacing: Metrics.small
@@ -32,7 +33,7 @@ Row {
     }
     ActionButton {
         enabled: bar.page.skillCount > 0
-        isCompact: bar.isCompact
+        isCompact: bar.width < 710
         symbol: bar.selection.holdsAll ? "list-x" : "list-checks"
         text: bar.selection.holdsAll ? "Tout désélectionner" : "Tout sélectionner"
         onClicked: bar.selection.holdsAll ? bar.selection.selectNone() : bar.selection.selectAll()
@@ -56,6 +57,13 @@ Row {
             y: -height - Metrics.tiny
             onChosen: id => bar.selection.assign(id)
         }
+    }
+    ActionButton {
+        enabled: bar.canAct
+        isCompact: bar.isCompact
+        symbol: "sliders-horizontal"
+        text: "Propriétés…"
+        onClicked: bar.propertiesAsked()
     }
     ActionButton {
         enabled: bar.canAct
