@@ -52,6 +52,34 @@ void photographChoices(const Photographer &photographer, Studio &studio)
     studio.model().closeSkill();
 }
 
+/// What is said of a skill beside its text, while it is changed.
+void photographProperties(const Photographer &photographer, Studio &studio)
+{
+    studio.open(u"revue-de-securite"_s);
+    photographer.click(u"Propriétés"_s);
+    Studio::rest();
+    photographer.take(u"editor-properties"_s);
+    photographer.press(Qt::Key_Tab);
+    photographer.press(Qt::Key_Tab);
+    photographer.write(u"sé"_s);
+    Studio::rest();
+    photographer.take(u"editor-properties-tags"_s);
+    photographer.press(Qt::Key_Tab);
+    photographer.press(Qt::Key_Return);
+    for (int stop = 0; stop < 3; ++stop)
+        photographer.press(Qt::Key_Tab);
+    photographer.press(Qt::Key_End);
+    photographer.write(u"-2"_s);
+    Studio::rest();
+    photographer.take(u"editor-properties-renamed"_s);
+    photographer.press(Qt::Key_Escape);
+    photographer.press(Qt::Key_Escape);
+    Studio::rest();
+    photographer.take(u"editor-properties-unsaved"_s);
+    photographer.click(u"Ne pas enregistrer"_s);
+    studio.settle();
+}
+
 void photographPicture(const Photographer &photographer, Studio &studio)
 {
     studio.open(u"maquette-vers-composant"_s);
@@ -297,6 +325,7 @@ void photographEditor(Photographer &photographer, Studio &studio)
 {
     photographEdits(photographer, studio);
     photographChoices(photographer, studio);
+    photographProperties(photographer, studio);
     photographPicture(photographer, studio);
     photographStale(photographer, studio);
     photographFound(photographer, studio);

@@ -19,6 +19,11 @@ void photographSelection(const Photographer &photographer, const AppModel &model
     photographer.click(u"Déplacer"_s);
     photographer.take(u"library-move"_s);
     photographer.press(Qt::Key_Escape);
+    photographer.click(u"Propriétés…"_s);
+    Studio::rest();
+    photographer.take(u"library-properties"_s);
+    photographer.press(Qt::Key_Escape);
+    Studio::rest();
     photographer.click(u"Supprimer"_s);
     photographer.take(u"library-trash"_s);
     photographer.click(u"Annuler"_s);

@@ -2,7 +2,7 @@
 
 import shutil
 
-from program import UNAVAILABLE
+from program import RETURN, UNAVAILABLE
 
 NAME = "Essai de marche"
 
@@ -34,6 +34,23 @@ def fill_in(program):
     program.type(*map(ord, NAME))
 
 
+def properties(program):
+    """One more tag for the skill that is open."""
+    program.press("Propriétés")
+    program.sees("panel", "Propriétés")
+    program.sees("text", "Nom", states={"focused", "editable"})
+    program.sees("push button", "Enregistrer les propriétés", description=UNAVAILABLE)
+    program.tab_to("Mots-clés")
+    program.type(*map(ord, "marche"), RETURN)
+    program.sees("push button", "Retirer marche")
+    program.sees_page()
+    program.press("Enregistrer les propriétés")
+    program.sees("alert message", "PROPRIÉTÉS MODIFIÉES")
+    program.tab_to("Identifiant")
+    program.sees("label", "Révision\u00a0: 2")
+    program.press("Fermer les propriétés")
+
+
 def category(program):
     program.press("Gérer les catégories")
     program.sees("dialog", "Catégories")
@@ -53,10 +70,25 @@ def selection(program, *names):
         program.sees("list item", name).act("Press")
     program.sees("label", f"{len(names)} sélectionnées")
     program.sees_page()
+    matures(program, len(names))
     program.press("Supprimer")
     program.sees("dialog", f"Placer {len(names)} compétences dans la corbeille ?")
     program.press("Placer dans la corbeille")
     program.sees("alert message", f"{len(names)} DÉPLACÉES")
+    closes(program)
+
+
+def matures(program, count):
+    """Another maturity for the selected skills."""
+    program.press("Propriétés…")
+    program.sees("dialog", f"Propriétés de {count} compétences")
+    program.sees("push button", "Catégorie, Inchangée", states={"focused"})
+    program.sees("radio button", "Inchangée", states={"checked"})
+    program.press("Prêt", "radio button")
+    program.sees("radio button", "Prêt", states={"checked"})
+    program.sees_page()
+    program.press(f"Modifier {count} compétences")
+    program.sees("alert message", "PROPRIÉTÉS MODIFIÉES")
     closes(program)
 
 
