@@ -48,6 +48,32 @@ ScrollColumn {
         width: parent.width
         onEdited: text => fields.form.summary = text
     }
+    Column {
+        spacing: Metrics.tiny
+        width: parent.width
+
+        ActionButton {
+            enabled: !fields.model.isWorking
+            font: Typography.small
+            height: 28
+            isFlat: true
+            leftPadding: Metrics.small
+            symbol: "file-text"
+            text: "Reprendre du SKILL.md"
+            x: -Metrics.small
+            onClicked: fields.form.takeFromText()
+
+            Accessible.description: "Prend le nom et la description dans l’en-tête du texte enregistré"
+        }
+        Label {
+            color: Colors.secondary
+            font: Typography.small
+            text: fields.form.textNote
+            visible: text !== ""
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+    }
     TagField {
         label: "Mots-clés"
         model: fields.model

@@ -9,7 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-PropertyForm::PropertyForm(QObject *parent) : EntryForm(parent)
+PropertyForm::PropertyForm(QObject *parent)
+    : EntryForm(parent), m_reading(this, [this](const Reviewed &answer) { takeReviewed(answer); })
 {
     connect(this, &EntryForm::modelChanged, this, &PropertyForm::listen);
     connect(this, &EntryForm::refusalChanged, this, &PropertyForm::changed);
@@ -115,6 +116,28 @@ SkillProperties PropertyForm::wanted() const
     return wanted;
 }
 
+void PropertyForm::takeFromText()
+{
+    m_reading.ask(
+        [this] { return answerOf(model()->properties().reviewProperties({m_id}, {.isFromText = true})); });
+}
+
+void PropertyForm::takeReviewed(const Reviewed &answer)
+{
+    if (!answer.value) {
+        m_textNote = answer.outcome.message;
+        return Q_EMIT changed();
+    }
+    const SkillProperties &given = answer.value->constFirst();
+    const bool isNews = given.displayName != m_typed.displayName || given.summary != m_typed.summary;
+    m_typed.displayName = given.displayName;
+    set(m_typed.summary, given.summary);
+    if (!isNews) {
+        m_textNote = u"L’en-tête du SKILL.md ne dit rien d’autre."_s;
+        Q_EMIT changed();
+    }
+}
+
 void PropertyForm::submit()
 {
     if (!isModified() || !isValid() || model()->isWorking())
@@ -131,6 +154,8 @@ void PropertyForm::reset()
     m_typed = m_read;
     m_typedTag.clear();
     m_overtaken.clear();
+    m_textNote.clear();
+    m_reading.forget();
     Q_EMIT changed();
 }
 

@@ -22,6 +22,7 @@ class PropertyForm : public vornel::EntryForm // by its full name, under which Q
     Q_PROPERTY(QString slugProblem READ slugProblem NOTIFY changed)
     Q_PROPERTY(QString newSlug READ newSlug NOTIFY changed)
     Q_PROPERTY(QString overtaken READ overtaken NOTIFY changed)
+    Q_PROPERTY(QString textNote READ textNote NOTIFY changed)
     Q_PROPERTY(bool isOutdated READ isOutdated NOTIFY changed)
     Q_PROPERTY(bool isValid READ isValid NOTIFY changed)
     Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
@@ -74,6 +75,11 @@ public:
     /// Whether anything would be lost with the form.
     bool isModified() const { return wanted() != m_read; }
 
+    /// Takes the name and the description that the head of the skill's saved text gives, as if they had been
+    /// typed; and what came of it, where that shows nowhere else.
+    Q_INVOKABLE void takeFromText();
+    const QString &textNote() const { return m_textNote; }
+
     /// Saves what was changed as one revision, unless nothing is to be saved, or can be now.
     Q_INVOKABLE void submit();
 
@@ -88,6 +94,7 @@ private:
     void set(T &property, const T &value)
     {
         property = value;
+        m_textNote.clear();
         forgetRefusal();
         Q_EMIT changed();
     }
@@ -95,7 +102,10 @@ private:
     template <typename T>
     void takeOver(T SkillProperties::*property, const SkillProperties &read, const QString &name);
 
+    using Reviewed = Answer<QList<SkillProperties>>;
+
     void listen();
+    void takeReviewed(const Reviewed &answer);
     void follow();
     void followAgain(const SkillProperties &read);
     SkillProperties wanted() const;
@@ -106,6 +116,8 @@ private:
     SkillProperties m_typed;
     QString m_typedTag;
     QStringList m_overtaken;
+    QString m_textNote;
+    LatestAnswer<Reviewed> m_reading; ///< of the text
 };
 
 } // namespace vornel

@@ -53,6 +53,30 @@ Sheet {
         Accessible.name: sheet.title
         Accessible.role: Accessible.Form
 
+        Field {
+            label: "Nom et description"
+            visible: form.textChanges.length > 0
+            width: parent.width
+
+            Column {
+                spacing: Metrics.small
+                width: parent.width
+
+                FilterChip {
+                    isChosen: form.isFromText
+                    text: "Reprendre du SKILL.md"
+                    onClicked: form.isFromText = !form.isFromText
+                }
+                Label {
+                    color: Colors.secondary
+                    font: Typography.small
+                    maximumLineCount: 8
+                    text: form.textChanges.join("\n")
+                    width: parent.width
+                    wrapMode: Text.Wrap
+                }
+            }
+        }
         CategoryChoice {
             id: category
 

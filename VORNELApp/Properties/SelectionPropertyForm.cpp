@@ -7,7 +7,23 @@ using namespace Qt::StringLiterals;
 
 namespace vornel {
 
-SelectionPropertyForm::SelectionPropertyForm(QObject *parent) : EntryForm(parent)
+namespace {
+
+/// "notes : nom « Notes de version », description « Rédige… »"; empty where nothing would change.
+QString textChange(const SkillSummary &skill, const SkillProperties &given)
+{
+    QStringList parts;
+    if (given.displayName != skill.displayName)
+        parts.append(u"nom «\u00A0"_s + given.displayName + u"\u00A0»"_s);
+    if (given.summary != skill.summary)
+        parts.append(u"description «\u00A0"_s + given.summary + u"\u00A0»"_s);
+    return parts.isEmpty() ? QString() : skill.slug + u"\u00A0: "_s + parts.join(u", "_s);
+}
+
+} // namespace
+
+SelectionPropertyForm::SelectionPropertyForm(QObject *parent)
+    : EntryForm(parent), m_reading(this, [this](const Reviewed &answer) { showTextChanges(answer); })
 {
     connect(this, &SelectionPropertyForm::changed, this, &EntryForm::forgetRefusal);
 }
@@ -62,6 +78,26 @@ void SelectionPropertyForm::toggleRemoved(const QString &tag)
     Q_EMIT changed();
 }
 
+void SelectionPropertyForm::setFromText(bool isFromText)
+{
+    m_change.isFromText = isFromText;
+    Q_EMIT changed();
+}
+
+/// Where the texts can't be read, nothing is offered to be taken from them.
+void SelectionPropertyForm::showTextChanges(const Reviewed &answer)
+{
+    m_textChanges.clear();
+    for (const SkillProperties &given : answer.value.value_or(QList<SkillProperties>())) {
+        for (const SkillSummary &skill : model()->skills(Destination::library)) {
+            if (skill.slug == given.slug)
+                m_textChanges.append(textChange(skill, given));
+        }
+    }
+    m_textChanges.removeAll(QString());
+    Q_EMIT changed();
+}
+
 PropertyChange SelectionPropertyForm::change() const
 {
     PropertyChange change = m_change;
@@ -84,6 +120,9 @@ void SelectionPropertyForm::begin(const QVariantList &ids)
             tags += skill.tags;
     }
     m_presentTags = TagRules::normalizedTags(tags);
+    m_textChanges.clear();
+    m_reading.ask(
+        [this] { return answerOf(model()->properties().reviewProperties(m_ids, {.isFromText = true})); });
     Q_EMIT changed();
 }
 

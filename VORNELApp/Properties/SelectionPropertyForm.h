@@ -17,6 +17,8 @@ class SelectionPropertyForm : public vornel::EntryForm // by its full name, unde
     Q_PROPERTY(QString typedTag READ typedTag WRITE setTypedTag NOTIFY changed)
     Q_PROPERTY(QStringList presentTags READ presentTags NOTIFY changed)
     Q_PROPERTY(QStringList removedTags READ removedTags NOTIFY changed)
+    Q_PROPERTY(bool isFromText READ isFromText WRITE setFromText NOTIFY changed)
+    Q_PROPERTY(QStringList textChanges READ textChanges NOTIFY changed)
     Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
 
 public:
@@ -47,6 +49,12 @@ public:
     const QStringList &removedTags() const { return m_change.removedTags; }
     Q_INVOKABLE void toggleRemoved(const QString &tag);
 
+    /// Whether the names and descriptions are taken from the heads of the texts, and what that would change:
+    /// a line for each skill.
+    bool isFromText() const { return m_change.isFromText; }
+    void setFromText(bool isFromText);
+    const QStringList &textChanges() const { return m_textChanges; }
+
     bool isModified() const { return change() != PropertyChange(); }
 
     /// Begins with these skills, and nothing to change.
@@ -57,12 +65,17 @@ Q_SIGNALS:
     void changed();
 
 private:
+    using Reviewed = Answer<QList<SkillProperties>>;
+
     PropertyChange change() const;
+    void showTextChanges(const Reviewed &answer);
 
     QList<QUuid> m_ids;
     PropertyChange m_change;
     QString m_typedTag;
     QStringList m_presentTags;
+    QStringList m_textChanges;
+    LatestAnswer<Reviewed> m_reading; ///< of the texts
 };
 
 } // namespace vornel
