@@ -2,7 +2,7 @@
 
 import shutil
 
-from program import RETURN, UNAVAILABLE
+from program import BACKTAB, RETURN, UNAVAILABLE
 
 NAME = "Essai de marche"
 
@@ -35,7 +35,7 @@ def fill_in(program):
 
 
 def properties(program):
-    """One more tag for the skill that is open."""
+    """One more tag for the skill that is open, and then no longer."""
     program.press("Propriétés")
     program.sees("panel", "Propriétés")
     program.sees("text", "Nom", states={"focused", "editable"})
@@ -48,6 +48,11 @@ def properties(program):
     program.sees("alert message", "PROPRIÉTÉS MODIFIÉES")
     program.tab_to("Identifiant")
     program.sees("label", "Révision\u00a0: 2")
+    program.tab_to("Nom", key=BACKTAB)
+    program.press("Retirer marche")
+    program.press("Enregistrer les propriétés")
+    program.tab_to("Identifiant")
+    program.sees("label", "Révision\u00a0: 3")
     program.press("Fermer les propriétés")
 
 
