@@ -129,13 +129,13 @@ void PropertyForm::takeReviewed(const Reviewed &answer)
         return Q_EMIT changed();
     }
     const SkillProperties &given = answer.value->constFirst();
-    const bool isNews = given.displayName != m_typed.displayName || given.summary != m_typed.summary;
-    m_typed.displayName = given.displayName;
-    set(m_typed.summary, given.summary);
-    if (!isNews) {
+    if (given == m_read)
         m_textNote = u"L’en-tête du SKILL.md ne dit rien d’autre."_s;
-        Q_EMIT changed();
-    }
+    if (given.displayName != m_read.displayName)
+        m_typed.displayName = given.displayName;
+    if (given.summary != m_read.summary)
+        m_typed.summary = given.summary;
+    Q_EMIT changed();
 }
 
 void PropertyForm::submit()

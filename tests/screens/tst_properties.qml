@@ -34,12 +34,39 @@ EditorTest {
         tryVerify(() => control("Catégorie, Inchangée").activeFocus);
     }
 
+    function test_what_the_texts_say() {
+        openShell(["audit", "notes"]);
+        const head = slug => "---\nname: " + slug + "\ndescription: >-\n  Dit\n  mieux\n---\n";
+        for (const slug of ["audit", "notes"])
+            verify(fixture.saveElsewhere(slug, head(slug)));
+        reload();
+        model.selectSkill(fixture.idOf("audit"));
+        awaitText("INSTRUCTIONS");
+        keyClick(Qt.Key_Return, Qt.AltModifier);
+        click("Reprendre du SKILL.md");
+        tryVerify(() => control("Description").text === "Dit mieux");
+        compare(skill("audit").summary, "", "nothing was saved");
+        saveProperties();
+        compare(manifest().summary, "Dit mieux");
+
+        click("Bibliothèque");
+        awaitText("Compétences");
+        clickUntil("Sélectionner", "0 sélectionnées");
+        click("Tout sélectionner");
+        clickUntil("Propriétés…", "notes\u00a0: description «\u00a0Dit mieux\u00a0»");
+        click("Reprendre du SKILL.md", "Modifier 2 compétences");
+        awaitText("PROPRIÉTÉS MODIFIÉES");
+        settle();
+        compare(skill("notes").summary, "Dit mieux");
+        compare(skill("audit").revision, 3, "which says so already");
+    }
+
     function test_all_by_keyboard() {
         openPanel();
         retype("Nom", "Audit complet");
         press(Qt.Key_Tab);
         type("Ce que je dis");
-        press(Qt.Key_Tab);
+        press(Qt.Key_Tab, Qt.Key_Return, "L’en-tête du SKILL.md ne dit rien d’autre.", Qt.Key_Tab);
         type("Web,api");
         press(Qt.Key_Return);
         awaitText("Retirer api", "Retirer web");
