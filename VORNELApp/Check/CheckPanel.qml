@@ -54,12 +54,6 @@ FocusScope {
 
         target: panel.model.openSkill.draft
     }
-    TextCheck {
-        id: check
-
-        document: panel.pane.area.textDocument
-        model: panel.model
-    }
     Shortcut {
         enabled: panel.visible
         sequence: "F8"
@@ -129,6 +123,11 @@ FocusScope {
                 panel.choose(index);
             }
         }
-        model: check
+        model: TextCheck {
+            id: check
+
+            document: panel.pane.area.textDocument
+            model: panel.model
+        }
     }
 }

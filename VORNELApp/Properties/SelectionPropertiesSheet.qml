@@ -11,6 +11,7 @@ Sheet {
     required property AppModel model
     required property SkillSelection selection
 
+    readonly property var removedTags: form.removedTags
     readonly property bool canSave: form.isModified && !form.isWaiting && !model.isWorking
     readonly property string skills: form.count === 1 ? "la compétence" : form.count + " compétences"
 
@@ -55,7 +56,7 @@ Sheet {
 
         Field {
             label: "Nom et description"
-            visible: form.textChanges.length > 0
+            visible: form.textChanges !== ""
             width: parent.width
 
             Column {
@@ -71,7 +72,7 @@ Sheet {
                     color: Colors.secondary
                     font: Typography.small
                     maximumLineCount: 8
-                    text: form.textChanges.join("\n")
+                    text: form.textChanges
                     width: parent.width
                     wrapMode: Text.Wrap
                 }
@@ -122,7 +123,7 @@ Sheet {
                     FilterChip {
                         required property string modelData
 
-                        isChosen: form.removedTags.includes(modelData)
+                        isChosen: sheet.removedTags.includes(modelData)
                         text: modelData
                         onClicked: form.toggleRemoved(modelData)
                     }

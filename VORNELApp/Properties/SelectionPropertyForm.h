@@ -18,7 +18,7 @@ class SelectionPropertyForm : public vornel::EntryForm // by its full name, unde
     Q_PROPERTY(QStringList presentTags READ presentTags NOTIFY changed)
     Q_PROPERTY(QStringList removedTags READ removedTags NOTIFY changed)
     Q_PROPERTY(bool isFromText READ isFromText WRITE setFromText NOTIFY changed)
-    Q_PROPERTY(QStringList textChanges READ textChanges NOTIFY changed)
+    Q_PROPERTY(QString textChanges READ textChanges NOTIFY changed)
     Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
 
 public:
@@ -53,7 +53,7 @@ public:
     /// a line for each skill.
     bool isFromText() const { return m_change.isFromText; }
     void setFromText(bool isFromText);
-    const QStringList &textChanges() const { return m_textChanges; }
+    QString textChanges() const { return m_textChanges.join(u'\n'); }
 
     bool isModified() const { return change() != PropertyChange(); }
 
