@@ -59,8 +59,8 @@ void photographProperties(const Photographer &photographer, Studio &studio)
     photographer.click(u"Propriétés"_s);
     Studio::rest();
     photographer.take(u"editor-properties"_s);
-    photographer.press(Qt::Key_Tab);
-    photographer.press(Qt::Key_Tab);
+    for (int stop = 0; stop < 3; ++stop)
+        photographer.press(Qt::Key_Tab);
     photographer.write(u"sé"_s);
     Studio::rest();
     photographer.take(u"editor-properties-tags"_s);
@@ -77,6 +77,18 @@ void photographProperties(const Photographer &photographer, Studio &studio)
     Studio::rest();
     photographer.take(u"editor-properties-unsaved"_s);
     photographer.click(u"Ne pas enregistrer"_s);
+    studio.settle();
+}
+
+/// What assistants will stumble over in a skill.
+void photographProblems(const Photographer &photographer, Studio &studio)
+{
+    studio.open(u"maquette-vers-composant"_s);
+    Studio::rest();
+    photographer.click(u"1 erreur, 1 conseil"_s);
+    Studio::rest();
+    photographer.take(u"editor-problems"_s);
+    studio.model().closeSkill();
     studio.settle();
 }
 
@@ -326,6 +338,7 @@ void photographEditor(Photographer &photographer, Studio &studio)
     photographEdits(photographer, studio);
     photographChoices(photographer, studio);
     photographProperties(photographer, studio);
+    photographProblems(photographer, studio);
     photographPicture(photographer, studio);
     photographStale(photographer, studio);
     photographFound(photographer, studio);

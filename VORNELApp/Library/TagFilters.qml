@@ -62,7 +62,7 @@ Item {
             model: bar.model
         }
 
-        Accessible.name: "Étiquettes"
+        Accessible.name: "Mots-clés"
         Accessible.role: Accessible.List
         Keys.onPressed: event => {
             const ends = { [Qt.Key_Home]: 0, [Qt.Key_End]: count - 1 };

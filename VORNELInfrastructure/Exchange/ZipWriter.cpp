@@ -13,11 +13,11 @@ namespace vornel {
 
 namespace {
 
-using Entry = std::unique_ptr<archive_entry, decltype(&::archive_entry_free)>;
+using EntryHandle = std::unique_ptr<archive_entry, decltype(&::archive_entry_free)>;
 
-Entry makeEntry(const std::string &path, unsigned int type, mode_t permissions)
+EntryHandle makeEntry(const std::string &path, unsigned int type, mode_t permissions)
 {
-    Entry entry(::archive_entry_new(), &::archive_entry_free);
+    EntryHandle entry(::archive_entry_new(), &::archive_entry_free);
     ::archive_entry_set_pathname(entry.get(), path.c_str());
     ::archive_entry_set_filetype(entry.get(), type);
     ::archive_entry_set_perm(entry.get(), permissions);
@@ -57,7 +57,7 @@ void ZipWriter::addFolder(const std::string &path)
 void ZipWriter::addFile(const std::string &path, QByteArrayView bytes)
 {
     const ArchiveNames names(encodingFor(path));
-    const Entry entry = makeEntry(path, AE_IFREG, 0644);
+    const EntryHandle entry = makeEntry(path, AE_IFREG, 0644);
     ::archive_entry_set_size(entry.get(), bytes.size());
     require(::archive_write_header(m_archive.get(), entry.get()));
     require(::archive_write_data(m_archive.get(), bytes.data(), static_cast<std::size_t>(bytes.size())));
