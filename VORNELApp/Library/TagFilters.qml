@@ -33,16 +33,19 @@ Item {
     ListView {
         id: view
 
-        anchors.bottom: parent.bottom
+        readonly property real frame: Metrics.tiny // for the one around the chip that has the keyboard
+
         anchors.left: faulty.right
-        anchors.leftMargin: faulty.isUseful ? Metrics.small : 0
+        anchors.leftMargin: (faulty.isUseful ? Metrics.small : 0) - frame
         anchors.right: parent.right
-        anchors.top: parent.top
         activeFocusOnTab: count > 0
         boundsBehavior: Flickable.StopAtBounds
         clip: true
+        height: bar.height + 2 * frame
+        leftMargin: frame
         orientation: ListView.Horizontal
         spacing: Metrics.small - 2
+        y: -frame
 
         delegate: FilterChip {
             required property int index
@@ -51,6 +54,7 @@ Item {
             focusPolicy: Qt.ClickFocus
             isChosen: record.isChosen
             text: record.id
+            y: view.frame
             onActiveFocusChanged: if (activeFocus) view.currentIndex = index
             onClicked: bar.model.filters.toggleTag(record.id)
 
