@@ -56,7 +56,7 @@ Item {
             color: Colors.secondary
             font: Typography.small
             text: "Modifications non enregistrées"
-            visible: footer.isDraft && !footer.draft.isSaved && !footer.isLeftBehind
+            visible: footer.isDraft && !footer.draft.isSaved && !footer.isLeftBehind && footer.width > 480 // else the badge says it alone
         }
     }
     Row {
