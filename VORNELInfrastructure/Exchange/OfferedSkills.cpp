@@ -30,17 +30,17 @@ bool isSkill(const FileSystem &files, const Folder &folder)
 /// put what belongs to no file into an archive, under a name of its own.
 std::vector<std::string> foldersIn(const FileSystem &files, const Folder &folder)
 {
-    std::vector<std::string> names;
+    std::vector<std::string> folders;
     for (const FolderEntry &entry : files.list(folder)) {
         if (entry.name.starts_with('.') || entry.name == "__MACOSX")
             continue;
         if (entry.kind == FileKind::SymbolicLink)
             throw VORNELWorkspaceError::symlinkUnsupported(QString::fromStdString(entry.name));
         if (entry.kind == FileKind::Directory)
-            names.push_back(entry.name);
+            folders.push_back(entry.name);
     }
-    std::ranges::sort(names);
-    return names;
+    std::ranges::sort(folders);
+    return folders;
 }
 
 bool isSlug(const QString &text)
