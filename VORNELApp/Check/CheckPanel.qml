@@ -55,12 +55,12 @@ FocusScope {
         target: panel.model.openSkill.draft
     }
     Shortcut {
-        enabled: panel.visible
+        enabled: check.count > 0
         sequence: "F8"
         onActivated: panel.choose(panel.current + 1)
     }
     Shortcut {
-        enabled: panel.visible
+        enabled: check.count > 0
         sequence: "Shift+F8"
         onActivated: panel.choose(Math.max(0, panel.current) - 1)
     }

@@ -46,7 +46,9 @@ void SkillChecks::checkNext()
     constexpr qsizetype mostAtOnce = 16;
     QList<QUuid> ids;
     for (const SkillSummary &skill : std::as_const(m_skills)) {
-        if (m_found.value(skill.id).revision == skill.revision || ids.size() == mostAtOnce)
+        const Found found = m_found.value(skill.id);
+        const bool isKnown = found.revision == skill.revision && found.state == skill.syncState;
+        if (isKnown || ids.size() == mostAtOnce)
             continue;
         m_asked.append(skill);
         ids.append(skill.id);
@@ -63,7 +65,7 @@ void SkillChecks::take(const Problems &answer)
         return;
     bool isNews = false;
     for (const SkillSummary &skill : asked) {
-        const Found found{skill.revision, countErrors(*answer.value, skill.slug)};
+        const Found found{skill.revision, skill.syncState, countErrors(*answer.value, skill.slug)};
         isNews |= std::exchange(m_found[skill.id], found).errors != found.errors;
     }
     if (isNews)

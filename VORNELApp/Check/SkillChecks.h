@@ -11,7 +11,8 @@
 namespace vornel {
 
 /// How many errors the skills of an overview have, as assistants read them. They are checked a few at a time,
-/// so that nothing else waits for long, and again once they have another revision.
+/// so that nothing else waits for long, and again once they have another revision or their copies stand
+/// otherwise.
 class SkillChecks : public QObject
 {
     Q_OBJECT
@@ -34,6 +35,7 @@ private:
     struct Found
     {
         qint64 revision = 0;
+        SyncState state = SyncState::unknown; ///< of the copies, which an edit by hand changes
         int errors = 0;
     };
     using Problems = Answer<QList<SkillProblem>>;

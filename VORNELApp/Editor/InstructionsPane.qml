@@ -11,7 +11,7 @@ FocusScope {
 
     readonly property OpenSkill skill: model.openSkill
 
-    /** A problem is in another file. */
+    /** A problem is in this file. */
     signal fileAsked(path: string)
 
     function find(): void {
@@ -88,10 +88,9 @@ FocusScope {
         pane: text
         onEscaped: text.area.forceActiveFocus(Qt.OtherFocusReason)
         onPlaceAsked: (path, position) => {
+            pane.fileAsked(path);
             if (path === "SKILL.md")
                 pane.goTo(position);
-            else
-                pane.fileAsked(path);
         }
     }
 }

@@ -15,7 +15,6 @@ FocusScope {
     readonly property string skillID: String(model.selectedSkillID)
     readonly property bool isHistoryOpen: model.history.isOpen
     readonly property bool isVersionShown: (history.item as SkillHistory)?.isVersionShown ?? false
-    readonly property PropertiesPanel propertiesPanel: panel.item as PropertiesPanel
     property string selectedFile: "SKILL.md"
     property bool arePropertiesOpen: false
 
@@ -73,7 +72,7 @@ FocusScope {
         model.history.close();
         formerFocus = Window.activeFocusItem;
         arePropertiesOpen = true;
-        propertiesPanel.takeKeyboard();
+        (panel.item as PropertiesPanel).takeKeyboard();
     }
     function closeProperties(): void {
         const hadKeyboard = panel.activeFocus;
@@ -125,7 +124,7 @@ FocusScope {
         sequence: "Ctrl+S"
         onActivated: {
             if (panel.activeFocus)
-                return editor.propertiesPanel.save();
+                return (panel.item as PropertiesPanel).save();
             if (editor.isVersionShown)
                 editor.showText();
             editor.skill.save();
@@ -271,7 +270,7 @@ FocusScope {
             editor.closeProperties();
         }
 
-        target: editor.propertiesPanel
+        target: panel.item as PropertiesPanel
     }
     DifferencesSheet {
         id: differences

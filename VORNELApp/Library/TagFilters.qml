@@ -27,7 +27,7 @@ Item {
         width: isUseful ? implicitWidth : 0
         onClicked: bar.model.filters.isFaultyOnly = !bar.model.filters.isFaultyOnly
 
-        Accessible.name: "Compétences à corriger : " + tags.faultyCount
+        Accessible.name: "Compétences à corriger\u00A0: " + tags.faultyCount
         KeyNavigation.right: view
     }
     ListView {

@@ -210,12 +210,12 @@ void AppModel::keepGivenUpText(const QUuid &undoneStep)
         m_drafts->keepDraft(skill, *edits);
 }
 
-/// Unsaved edits stay, as those of a skill that has moved on or gone.
+/// Unsaved edits and properties stay, as those of a skill that has moved on or gone.
 QCoro::Task<> AppModel::followSelected()
 {
     if (m_library.skill(selectedSkillID()))
         co_await m_selectedSkill.read(selectedSkillID());
-    else if (!m_openSkill.draft()->isModified())
+    else if (!m_departure.isGuarded())
         closeSkill();
 }
 

@@ -56,7 +56,8 @@ Sheet {
 
         Field {
             label: "Nom et description"
-            visible: form.textChanges !== ""
+            problem: form.textFailure
+            visible: form.textChanges !== "" || form.textFailure !== ""
             width: parent.width
 
             Column {
@@ -64,6 +65,7 @@ Sheet {
                 width: parent.width
 
                 FilterChip {
+                    enabled: form.textFailure === ""
                     isChosen: form.isFromText
                     text: "Reprendre du SKILL.md"
                     onClicked: form.isFromText = !form.isFromText
@@ -71,7 +73,6 @@ Sheet {
                 Label {
                     color: Colors.secondary
                     font: Typography.small
-                    maximumLineCount: 8
                     text: form.textChanges
                     width: parent.width
                     wrapMode: Text.Wrap

@@ -84,7 +84,6 @@ void SelectionPropertyForm::setFromText(bool isFromText)
     Q_EMIT changed();
 }
 
-/// Where the texts can't be read, nothing is offered to be taken from them.
 void SelectionPropertyForm::showTextChanges(const Reviewed &answer)
 {
     m_textChanges.clear();
@@ -95,6 +94,7 @@ void SelectionPropertyForm::showTextChanges(const Reviewed &answer)
         }
     }
     m_textChanges.removeAll(QString());
+    m_textFailure = answer.outcome.message;
     Q_EMIT changed();
 }
 
@@ -121,6 +121,7 @@ void SelectionPropertyForm::begin(const QVariantList &ids)
     }
     m_presentTags = TagRules::normalizedTags(tags);
     m_textChanges.clear();
+    m_textFailure.clear();
     m_reading.ask(
         [this] { return answerOf(model()->properties().reviewProperties(m_ids, {.isFromText = true})); });
     Q_EMIT changed();

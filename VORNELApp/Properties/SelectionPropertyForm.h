@@ -19,6 +19,7 @@ class SelectionPropertyForm : public vornel::EntryForm // by its full name, unde
     Q_PROPERTY(QStringList removedTags READ removedTags NOTIFY changed)
     Q_PROPERTY(bool isFromText READ isFromText WRITE setFromText NOTIFY changed)
     Q_PROPERTY(QString textChanges READ textChanges NOTIFY changed)
+    Q_PROPERTY(QString textFailure READ textFailure NOTIFY changed)
     Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
 
 public:
@@ -55,6 +56,9 @@ public:
     void setFromText(bool isFromText);
     QString textChanges() const { return m_textChanges.join(u'\n'); }
 
+    /// Why that isn't known; empty where it is.
+    const QString &textFailure() const { return m_textFailure; }
+
     bool isModified() const { return change() != PropertyChange(); }
 
     /// Begins with these skills, and nothing to change.
@@ -75,6 +79,7 @@ private:
     QString m_typedTag;
     QStringList m_presentTags;
     QStringList m_textChanges;
+    QString m_textFailure;
     LatestAnswer<Reviewed> m_reading; ///< of the texts
 };
 

@@ -13,6 +13,7 @@ T.TextField {
     color: enabled ? Colors.text : Colors.muted
     font: Typography.body
     leftPadding: Metrics.medium
+    maximumLength: 1000000 // as long as what other programs may have written; Qt would cut it
     placeholderTextColor: Colors.muted
     rightPadding: Metrics.medium
     selectByMouse: true

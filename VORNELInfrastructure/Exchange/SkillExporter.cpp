@@ -42,7 +42,7 @@ QByteArray bytesOf(const FileSystem &files, const FileTreeSnapshot &tree, const 
     Sha256 hash;
     hash.update(bytes);
     if (hash.finish() != entry.fileDigest)
-        throw VORNELWorkspaceError::integrityFailure(u"Un fichier a changé pendant l’export : "_s +
+        throw VORNELWorkspaceError::integrityFailure(u"Un fichier a changé pendant l’export\u00A0: "_s +
                                                      pathText(tree.url(entry)));
     return bytes;
 }
@@ -53,6 +53,7 @@ void addSkill(ZipWriter &zip, ArchiveBudget &budget, const Workspace &workspace,
     const FileTreeSnapshot tree =
         SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::excludingManifest);
     const std::string slug = skill.manifest.slug.toStdString();
+    budget.takeEntry();
     zip.addFolder(slug);
     for (const Entry &entry : tree.entries) {
         const std::string path = archivePath(slug + '/' + entry.relativePath);

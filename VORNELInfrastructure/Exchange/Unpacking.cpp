@@ -41,6 +41,8 @@ private:
             throw VORNELWorkspaceError::symlinkUnsupported(QString::fromStdString(path));
         if (entry.kind == FileKind::Other)
             throw refusal(path, u"qui n’est ni un fichier ni un dossier"_s);
+        if (path.empty() && entry.kind != FileKind::Directory)
+            throw VORNELWorkspaceError::integrityFailure(u"L’archive contient un fichier sans nom."_s);
         claim(path, entry.kind);
         if (path.empty())
             return;
@@ -65,14 +67,17 @@ private:
         });
     }
 
-    /// A place holds one file, or any number of times the same folder.
-    void claim(const std::string &path, FileKind kind)
+    /// A place holds one file, or any number of times the same folder. Folders that are only named by what is
+    /// in them count, too.
+    void claim(const std::string &path, FileKind kind, bool isImplied = false)
     {
         const auto [place, isNew] = m_claims.emplace(path, kind);
         if (!isNew && (kind != FileKind::Directory || place->second != FileKind::Directory))
             throw refusal(path, u"qui y est deux fois"_s);
+        if (isNew && isImplied)
+            m_budget.takeEntry();
         if (const auto slash = path.rfind('/'); isNew && slash != std::string::npos)
-            claim(path.substr(0, slash), FileKind::Directory);
+            claim(path.substr(0, slash), FileKind::Directory, true);
     }
 
     static VORNELWorkspaceError refusal(const std::string &path, const QString &reason)

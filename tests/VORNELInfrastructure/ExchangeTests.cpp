@@ -360,6 +360,12 @@ TEST_F(Exchange, IsNotFilledByABomb)
               integrity(u"L’archive contient plus de 2 éléments."_s));
     EXPECT_EQ(errorOf([&] { unpackWithin("workspace/bytes", {.entries = 3, .bytes = 3}); }),
               integrity(u"Le contenu de l’archive dépasse 3\u00A0octets."_s));
+
+    makeArchive(path("many.tar.gz"), {{"a/b/c/d", ""}});
+    unpackWithin("workspace/deep", {.entries = 4, .bytes = 0});
+    EXPECT_EQ(errorOf([&] { unpackWithin("workspace/deeper", {.entries = 3, .bytes = 0}); }),
+              integrity(u"L’archive contient plus de 3 éléments."_s))
+        << "folders that are only named by what is in them";
 }
 
 } // namespace

@@ -79,6 +79,13 @@ EditorTest {
         reload();
         awaitGone("1 erreur");
         verify(shows("MODIFIÉ"), "nothing was saved");
+
+        writeEverywhere("seul.txt", "que rien ne mentionne");
+        typeAt(0, "-");
+        reload();
+        awaitText(/^1 erreur, /);
+        press(Qt.Key_F8, Qt.Key_F8, "LECTURE SEULE", Qt.Key_F8, "MODIFIÉ");
+        verify(textArea().activeFocus, "it leads from one file to another and back");
     }
 
     function test_state_of_the_draft() {

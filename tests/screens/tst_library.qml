@@ -53,9 +53,9 @@ ScreenTest {
     function test_tags_errors_and_order() {
         openLibrary(); // two of its skills have no front matter
         fixture.create("zoo", "Zoo", "Résumé", "design", ["deux", "image"]);
-        awaitText("deux, 3 compétences", "image, 1 compétence", "Compétences à corriger : 2");
+        awaitText("deux, 3 compétences", "image, 1 compétence", "Compétences à corriger\u00a0: 2");
 
-        control("Compétences à corriger : 2").forceActiveFocus(Qt.TabFocusReason);
+        control("Compétences à corriger\u00a0: 2").forceActiveFocus(Qt.TabFocusReason);
         press(Qt.Key_Right);
         compare(focusedName(), "deux, 3 compétences");
         press(Qt.Key_Space);
@@ -67,9 +67,9 @@ ScreenTest {
         verify(shows("Zoo"));
         click("Effacer les filtres");
 
-        click("Compétences à corriger : 2");
+        click("Compétences à corriger\u00a0: 2");
         showsSkills(["audit", "notes"]);
-        click("Compétences à corriger : 2");
+        click("Compétences à corriger\u00a0: 2");
 
         const first = () => all(/^(audit|notes|plan|revue|Zoo)$/)[0].Accessible.name;
         tryVerify(() => first() === "revue");
