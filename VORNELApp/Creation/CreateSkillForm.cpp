@@ -87,7 +87,7 @@ QString CreateSkillForm::slugProblem() const
 {
     if (!hasName() && slug().isEmpty())
         return {};
-    const QString problem = SlugRules::formProblem(slug());
+    QString problem = SlugRules::formProblem(slug());
     if (!problem.isEmpty() || !isSlugTaken())
         return problem;
     return SlugRules::takenProblem(*model(), slug());

@@ -11,9 +11,22 @@ Item {
     required property AppModel model
 
     readonly property bool isUseful: faulty.isUseful || !tags.isEmpty
+    readonly property var source: TagFilterList {
+        id: tags
+
+        model: bar.model
+    }
+
+    /** Whether the library around it is made: chips that were made along with it could be gone before they are. */
+    property bool isMade: false
 
     implicitHeight: faulty.implicitHeight
 
+    Timer {
+        interval: 0
+        running: true
+        onTriggered: bar.isMade = true
+    }
     FilterChip {
         id: faulty
 
@@ -47,6 +60,8 @@ Item {
         spacing: Metrics.small - 2
         y: -frame
 
+        onCountChanged: currentIndex = Math.max(0, currentIndex)
+
         delegate: FilterChip {
             required property int index
             required property tagFilter record
@@ -60,11 +75,7 @@ Item {
 
             Accessible.name: record.spokenName
         }
-        model: TagFilterList {
-            id: tags
-
-            model: bar.model
-        }
+        model: bar.isMade ? bar.source : null
 
         Accessible.name: "Mots-clés"
         Accessible.role: Accessible.List

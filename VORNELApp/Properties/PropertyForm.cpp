@@ -88,7 +88,7 @@ QString PropertyForm::slugProblem() const
 {
     if (m_typed.slug == m_read.slug)
         return {};
-    const QString problem = SlugRules::formProblem(m_typed.slug);
+    QString problem = SlugRules::formProblem(m_typed.slug);
     const bool isRefused = refusalCase() == QLatin1StringView(WorkspaceErrorCase::DuplicateSlug::name);
     if (!problem.isEmpty() || !(isRefused || SlugRules::isTaken(*model(), m_typed.slug, m_id)))
         return problem;

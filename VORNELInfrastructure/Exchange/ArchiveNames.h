@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <clocale>
 
 namespace vornel {
@@ -13,8 +15,7 @@ public:
 
     explicit ArchiveNames(Encoding encoding);
     ~ArchiveNames() { ::uselocale(m_former); }
-    ArchiveNames(const ArchiveNames &) = delete;
-    ArchiveNames &operator=(const ArchiveNames &) = delete;
+    Q_DISABLE_COPY_MOVE(ArchiveNames)
 
 private:
     locale_t m_former;

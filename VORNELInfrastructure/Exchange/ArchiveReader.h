@@ -23,8 +23,6 @@ class ArchiveReader
 {
 public:
     explicit ArchiveReader(const File &file);
-    ArchiveReader(const ArchiveReader &) = delete;
-    ArchiveReader &operator=(const ArchiveReader &) = delete;
 
     /// The next entry; nothing at the end.
     std::optional<ArchiveEntry> next();

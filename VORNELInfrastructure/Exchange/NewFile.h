@@ -12,8 +12,7 @@ public:
     /// Throws `file_exists` when anything stands at the absolute path, a link too.
     NewFile(FileSystem &files, const std::filesystem::path &path);
     ~NewFile();
-    NewFile(const NewFile &) = delete;
-    NewFile &operator=(const NewFile &) = delete;
+    Q_DISABLE_COPY_MOVE(NewFile)
 
     const File &file() const { return m_file; }
 

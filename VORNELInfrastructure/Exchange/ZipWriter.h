@@ -18,8 +18,8 @@ class ZipWriter
 {
 public:
     ZipWriter(FileSystem &files, const File &file);
-    ZipWriter(const ZipWriter &) = delete;
-    ZipWriter &operator=(const ZipWriter &) = delete;
+    ~ZipWriter() = default;
+    Q_DISABLE_COPY_MOVE(ZipWriter)
 
     void addFolder(const std::string &path);
     void addFile(const std::string &path, QByteArrayView bytes);
@@ -36,7 +36,7 @@ private:
         void operator()(archive *archive) const;
     };
 
-    static ssize_t writeTo(archive *, void *writer, const void *bytes, std::size_t count);
+    static ssize_t writeTo(archive *archive, void *writer, const void *bytes, std::size_t count);
     void require(ssize_t result) const;
 
     FileSystem &m_files;
