@@ -130,7 +130,8 @@ void print(const QString &text)
 void printBytes(QByteArrayView bytes)
 {
     const auto size = static_cast<size_t>(bytes.size());
-    if (std::fwrite(bytes.data(), 1, size, stdout) != size || std::fflush(stdout) != 0)
+    const bool isWritten = bytes.isEmpty() || std::fwrite(bytes.data(), 1, size, stdout) == size;
+    if (!isWritten || std::fflush(stdout) != 0)
         throw std::system_error(errno, std::system_category());
 }
 

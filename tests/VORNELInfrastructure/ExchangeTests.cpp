@@ -17,7 +17,8 @@ namespace {
 /// What a zip holds, as libarchive reads it: folders end in "/".
 Tree zipTree(const fs::path &file)
 {
-    const locale_t former = ::uselocale(::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr));
+    static const locale_t utf8 = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    const locale_t former = ::uselocale(utf8);
     archive *zip = ::archive_read_new();
     ::archive_read_support_format_zip(zip);
     EXPECT_EQ(::archive_read_open_filename(zip, file.c_str(), 10'240), ARCHIVE_OK);
