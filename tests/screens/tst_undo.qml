@@ -156,7 +156,7 @@ EditorTest {
         model.emptyTrash();
         awaitText("CORBEILLE VIDÉE");
         settle();
-        verify(!shows(undoName));
+        awaitGone(undoName); // which stays for longer than this waits
         awaitGone("CORBEILLE VIDÉE");
     }
 }
