@@ -12,9 +12,9 @@ namespace vornel {
 namespace {
 
 constexpr std::uint32_t aboutFolder = IN_ISDIR | IN_DELETE_SELF | IN_MOVE_SELF | IN_UNMOUNT | IN_IGNORED;
-constexpr std::uint32_t names =
+constexpr std::uint32_t nameEvents =
     IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF;
-constexpr std::uint32_t everything = names | IN_MODIFY | IN_CLOSE_WRITE;
+constexpr std::uint32_t everything = nameEvents | IN_MODIFY | IN_CLOSE_WRITE;
 
 } // namespace
 
@@ -28,7 +28,7 @@ std::optional<int> FolderEvents::watch(const Folder &folder, Interest interest)
 {
     // By its descriptor: whatever stands at its path by now, it is this folder.
     const std::string itself = "/proc/self/fd/" + std::to_string(folder.descriptor.fd());
-    const std::uint32_t mask = interest == Interest::Everything ? everything : names;
+    const std::uint32_t mask = interest == Interest::Everything ? everything : nameEvents;
     const int watch = ::inotify_add_watch(m_inotify.fd(), itself.c_str(), mask | IN_ONLYDIR | IN_EXCL_UNLINK);
     if (watch >= 0 && watch <= m_mostWatches) // they are numbered from 1 on
         return watch;
