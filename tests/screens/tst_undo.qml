@@ -156,7 +156,7 @@ EditorTest {
         model.emptyTrash();
         awaitText("CORBEILLE VIDÉE");
         settle();
-        awaitGone(undoName); // which stays for longer than this waits
+        tryVerify(() => !shows(undoName), 1000); // an offer stays for six seconds
         awaitGone("CORBEILLE VIDÉE");
     }
 }
