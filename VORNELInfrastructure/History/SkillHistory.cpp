@@ -2,6 +2,7 @@
 
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
+#include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Recovery/SetAsideName.h>
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
@@ -216,7 +217,8 @@ bool SkillHistory::keepIfChanged(const SkillManifest &manifest, VersionOrigin or
 }
 
 /// The folder came from a target, and somebody may still stand in it: nothing in it may share a file. So a
-/// copy that does takes its place. One with hidden entries stays, since nobody copies these.
+/// copy that does takes its place, where that can be done in one step. One with hidden entries stays, since
+/// nobody copies these.
 void SkillHistory::shareReplaced(const fs::path &entry) const noexcept
 {
     const auto digestOfAll = [this](const fs::path &folder) {
@@ -227,18 +229,24 @@ void SkillHistory::shareReplaced(const fs::path &entry) const noexcept
         const auto version = KeptVersion::named(entry.filename());
         if (!content.isWhole || !version)
             return;
-        StagedFolder copy{Stage(m_files, m_config.staging()),
-                          {.path = entry, .backup = m_config.recovery() / entry.filename()}};
-        const Unflushed made = sharedFiles(entry.parent_path()).copyTree(content, copy.stage.path());
-        if (digestOfAll(copy.stage.path()) != content.digest)
+        const Stage copy(m_files, m_config.staging());
+        const Unflushed made = sharedFiles(entry.parent_path()).copyTree(content, copy.path());
+        if (digestOfAll(copy.path()) != content.digest)
             return;
-        const fs::path former = commit(m_files, copy, made);
-        if (digestOfAll(former) != content.digest) // somebody has written there meanwhile
-            moveTree(m_files, former,
+        flush(m_files, made);
+        exchange(copy.path(), entry);
+        if (digestOfAll(copy.path()) != content.digest) // somebody has written there meanwhile
+            moveTree(m_files, copy.path(),
                      entry.parent_path() / pathFromText(replacedEntry(version->origin, version->revision)));
-        else
-            SkillFolderStore(m_files, m_config).discard(former);
     });
+}
+
+void SkillHistory::exchange(const fs::path &stage, const fs::path &entry) const
+{
+    const Folder staging = m_files.openFolder(stage.parent_path());
+    const Folder history = m_files.openFolder(entry.parent_path());
+    m_files.rename({staging, stage.filename()}, {history, entry.filename()}, RenameMode::Exchange);
+    flushNames(m_files, history);
 }
 
 /// Of the latest of the library's own versions: what changes from one to the next is little. Where they can't

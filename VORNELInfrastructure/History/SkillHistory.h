@@ -93,6 +93,7 @@ public:
 private:
     std::vector<KeptVersion> versionsIn(const std::filesystem::path &history) const;
     FileTreeSnapshot read(const std::filesystem::path &folder, TreeFilter filter) const;
+    void exchange(const std::filesystem::path &stage, const std::filesystem::path &entry) const;
     SharedFiles sharedFiles(const std::filesystem::path &history) const;
     bool anyHolds(const QUuid &id, std::vector<KeptVersion> versions, TreeFilter filter,
                   const std::string &digest) const;
