@@ -81,7 +81,7 @@ Column {
                 : "Rien n’a été modifié chez les assistants\u00A0: c’est le dossier de VORNEL qui a changé depuis, et rien ne sera perdu.");
         }
         isPrimary: !choices.isKeeping && !choices.copies.hasUnreadable // which can't replace all
-        symbol: ["save", "folder-sync", "undo-2"][choices.replacement.purpose]
+        symbol: ["save", "folder-sync", "undo-2", "file-text"][choices.replacement.purpose]
         text: choices.replacement.verb
         width: choices.width
         onChosen: choices.replacement.agree()

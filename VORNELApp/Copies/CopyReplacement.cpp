@@ -29,6 +29,12 @@ void CopyReplacement::bringBack(const QString &verb, const QString &newVersion)
     m_copies.look();
 }
 
+void CopyReplacement::change(const QString &verb)
+{
+    begin(Changing, {verb, u"Votre version"_s}, Step::Looking);
+    m_copies.look();
+}
+
 void CopyReplacement::synchronize(const QUuid &id)
 {
     m_copies.setSkillID(id);

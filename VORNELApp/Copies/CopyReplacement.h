@@ -23,8 +23,9 @@ class CopyReplacement : public QObject
     Q_PROPERTY(QString newVersion READ newVersion NOTIFY changed)
 
 public:
-    /// What replaces the copies, last or next: the skill as it is saved, as it is, or as it was once.
-    enum Purpose { Saving, Synchronising, Returning };
+    /// What replaces the copies, last or next: the skill as it is saved, as it is, as it was once, or with
+    /// other files.
+    enum Purpose { Saving, Synchronising, Returning, Changing };
     Q_ENUM(Purpose)
 
     CopyReplacement(CopyInspecting &inspector, const Operations &operations);
@@ -53,6 +54,7 @@ public:
     void save(const QString &text);
     void synchronize();
     void bringBack(const QString &verb, const QString &newVersion);
+    void change(const QString &verb);
 
     /// The same for a skill of a list.
     Q_INVOKABLE void synchronize(const QUuid &id);

@@ -14,6 +14,8 @@ SkillDraft::SkillDraft(DraftKeeping &drafts) : m_drafts(drafts)
 {
     m_counting.setSingleShot(true);
     connect(&m_counting, &QTimer::timeout, this, &SkillDraft::count);
+    connect(&m_files, &FileDrafts::changed, this, &SkillDraft::changed);
+    connect(&m_files, &FileDrafts::edited, this, &SkillDraft::followFiles);
 }
 
 void SkillDraft::attach(QTextDocument *document)
@@ -39,7 +41,8 @@ void SkillDraft::detach()
     m_standing = Current;
     m_foundMoment.clear();
     m_lookFailure.clear();
-    m_isModified = false;
+    m_isTextModified = false;
+    m_files.begin({});
     Q_EMIT changed();
 }
 
@@ -51,6 +54,7 @@ void SkillDraft::begin(const SkillDetail &skill, const FoundDraft &found)
     m_sentText.reset();
     m_isSaving = false;
     m_text->begin(skill.skillMD);
+    m_files.begin(found.draft ? found.draft->files : QList<UnsavedFile>());
     adopt(skill.skillMD);
     takeUp(found);
     count();
@@ -66,28 +70,36 @@ void SkillDraft::takeUp(const FoundDraft &found)
     m_keeper->begin(m_skillID, {});
     if (!found.draft)
         return;
-    const bool isEdit = m_text->differsFrom(found.draft->text);
-    if (isEdit && found.isStale)
+    const bool isTextEdit = isEditOfText(*found.draft);
+    if (isTextEdit && found.isStale)
         m_otherBase = found.draft->baseDigest;
-    m_keeper->begin(m_skillID, unsavedText(found.draft->text));
-    if (!isEdit) {
+    m_keeper->begin(m_skillID, unsavedText(isTextEdit ? found.draft->text : m_savedText));
+    if (isTextEdit)
+        m_text->replace(found.draft->text);
+    if (!isModified()) {
         m_keeper->forget();
         return;
     }
-    m_text->replace(found.draft->text);
     setFoundMoment(Wording::dayAndTime(found.draft->keptAt, QDateTime::currentDateTimeUtc()));
-    if (found.isStale)
+    if (isTextEdit && found.isStale)
         setStanding(Stale);
+}
+
+/// A draft that was kept for other files holds the text with which they began.
+bool SkillDraft::isEditOfText(const KeptDraft &draft) const
+{
+    const bool isOfFiles = !draft.files.isEmpty() && KeptDraft::digestOf(draft.text) == draft.baseDigest;
+    return !isOfFiles && m_text->differsFrom(draft.text);
 }
 
 UnsavedText SkillDraft::unsavedText(const QString &text) const
 {
-    return {text, m_otherBase.isEmpty() ? m_savedText : QString(), m_otherBase};
+    return {text, m_otherBase.isEmpty() ? m_savedText : QString(), m_otherBase, m_files.edits()};
 }
 
 std::optional<UnsavedText> SkillDraft::edits() const
 {
-    return m_isModified ? std::optional(unsavedText(text())) : std::nullopt;
+    return isModified() ? std::optional(unsavedText(text())) : std::nullopt;
 }
 
 void SkillDraft::follow(const SkillDetail &skill)
@@ -95,8 +107,8 @@ void SkillDraft::follow(const SkillDetail &skill)
     m_diskText = skill.skillMD;
     if (m_otherBase.isEmpty() && m_diskText == m_savedText)
         adopt(m_diskText);
-    else if (isSaved() || m_diskText == m_sentText || !m_text->differsFrom(m_diskText))
-        m_isModified ? adopt(m_diskText) : take(m_diskText);
+    else if (isTextSaved() || m_diskText == m_sentText || !m_text->differsFrom(m_diskText))
+        m_isTextModified ? adopt(m_diskText) : take(m_diskText);
     else
         setStanding(Stale);
 }
@@ -120,6 +132,7 @@ void SkillDraft::beginSaving(const QString &text)
 {
     m_isSaving = true;
     m_sentText = text;
+    m_files.beginSaving();
 }
 
 void SkillDraft::endSaving(bool isSaved)
@@ -127,6 +140,7 @@ void SkillDraft::endSaving(bool isSaved)
     m_isSaving = false;
     if (!isSaved)
         m_sentText.reset();
+    m_files.endSaving(isSaved);
 }
 
 void SkillDraft::take(const QString &text)
@@ -156,6 +170,7 @@ void SkillDraft::keepNow()
 void SkillDraft::discard()
 {
     m_text->replace(m_savedText);
+    m_files.discard();
 }
 
 void SkillDraft::copy() const
@@ -165,10 +180,22 @@ void SkillDraft::copy() const
 
 void SkillDraft::measure()
 {
-    setModified(m_text->differsFrom(m_savedText));
-    m_isModified ? m_keeper->keepSoon() : settle();
+    setTextModified(m_text->differsFrom(m_savedText));
+    keep();
     m_counting.start();
     Q_EMIT edited();
+}
+
+void SkillDraft::followFiles()
+{
+    keep();
+    Q_EMIT edited();
+}
+
+void SkillDraft::keep()
+{
+    if (m_keeper)
+        isModified() ? m_keeper->keepSoon() : settle();
 }
 
 /// There are no edits any more. The next ones begin with the saved text, also where recovered ones did not.
@@ -187,9 +214,9 @@ void SkillDraft::count()
         Q_EMIT characterCountChanged();
 }
 
-void SkillDraft::setModified(bool isModified)
+void SkillDraft::setTextModified(bool isModified)
 {
-    if (std::exchange(m_isModified, isModified) != isModified)
+    if (std::exchange(m_isTextModified, isModified) != isModified)
         Q_EMIT changed();
 }
 

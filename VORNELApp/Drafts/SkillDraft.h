@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DraftKeeper.h"
+#include "FileDrafts.h"
 #include "FoundDraft.h"
 
 #include <VORNELApp/Text/FaithfulText.h>
@@ -14,8 +15,9 @@
 
 namespace vornel {
 
-/// The text of a skill while it is edited in a document. When the skill is read again, unsaved edits stay; a
-/// draft of them is kept, which is taken up when the skill is opened the next time.
+/// The text of a skill while it is edited in a document, and what is typed in its other files. When the skill
+/// is read again, unsaved edits stay; a draft of them is kept, which is taken up when the skill is opened the
+/// next time.
 class SkillDraft : public QObject
 {
     Q_OBJECT
@@ -23,6 +25,8 @@ class SkillDraft : public QObject
     QML_UNCREATABLE("belongs to the open skill")
     Q_PROPERTY(QString text READ text STORED false NOTIFY edited)
     Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
+    Q_PROPERTY(bool isTextModified READ isTextModified NOTIFY changed)
+    Q_PROPERTY(vornel::FileDrafts *files READ files CONSTANT)
     Q_PROPERTY(bool isSaved READ isSaved NOTIFY changed)
     Q_PROPERTY(Standing standing READ standing NOTIFY changed)
     Q_PROPERTY(QString foundMoment READ foundMoment NOTIFY changed)
@@ -70,12 +74,16 @@ public:
     void adopt(const QString &text) { adopt(text, text.toUtf8()); }
     void adopt(const QString &text, const QByteArray &bytes);
 
-    /// Whether there are edits.
-    bool isModified() const { return m_isModified; }
+    /// Whether there are edits: of any file, or of the text.
+    bool isModified() const { return m_isTextModified || !m_files.isEmpty(); }
+    bool isTextModified() const { return m_isTextModified; }
 
-    /// Whether the text is what the skill holds: neither edited nor left behind by a skill that has moved on
-    /// or gone.
-    bool isSaved() const { return !m_isModified && m_standing == Current; }
+    /// The edits of the other files.
+    FileDrafts *files() { return &m_files; }
+
+    /// Whether all texts are what the skill holds: neither edited nor left behind by a skill that has moved
+    /// on or gone.
+    bool isSaved() const { return !isModified() && m_standing == Current; }
 
     /// The text as it would be saved; and whether it is another than this one.
     QString text() const { return m_text ? m_text->text() : QString(); }
@@ -109,7 +117,7 @@ public:
     /// Goes on with the text that was found.
     Q_INVOKABLE void keepFound() { setFoundMoment({}); }
 
-    /// Goes back to the saved text. The edits can be brought back by undoing.
+    /// Goes back to the saved texts. The edits can be brought back by undoing in the documents.
     Q_INVOKABLE void discard();
 
     /// Puts the whole text on the clipboard.
@@ -128,11 +136,15 @@ Q_SIGNALS:
 
 private:
     void detach();
+    bool isTextSaved() const { return !m_isTextModified && m_standing == Current; }
+    bool isEditOfText(const KeptDraft &draft) const;
     UnsavedText unsavedText(const QString &text) const;
     void takeUp(const FoundDraft &found);
     void measure();
     void count();
-    void setModified(bool isModified);
+    void followFiles();
+    void keep();
+    void setTextModified(bool isModified);
     void settle();
     void setStanding(Standing standing);
     void setFoundMoment(const QString &moment);
@@ -150,7 +162,8 @@ private:
     bool m_isSaving = false;
     QString m_foundMoment;
     QString m_lookFailure;
-    bool m_isModified = false;
+    bool m_isTextModified = false;
+    FileDrafts m_files;
     int m_characterCount = 0;
     QTimer m_counting; ///< as soon as nothing else is to be done: the whole text is counted
     Standing m_standing = Current;

@@ -2,18 +2,24 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** A file of the selected skill beside its instructions, to look at. */
+/** A file of the selected skill beside its instructions: a text to edit, a picture, or what else it is. */
 FocusScope {
     id: pane
 
     required property AppModel model
     required property string path
+    property bool isLocked: false
 
     readonly property SkillFileContent content: content
+    readonly property EditedFile edited: edited
 
     function find(): void {
-        if (content.kind === SkillFileContent.Text)
+        if (edited.isShown)
             findBar.open();
+    }
+    /** Reads the file again, which others have changed. */
+    function refresh(): void {
+        content.refresh();
     }
 
     Keys.onEscapePressed: event => {
@@ -28,6 +34,24 @@ FocusScope {
         model: pane.model
         path: pane.path
     }
+    EditedFile {
+        id: edited
+
+        content: content
+        document: text.area.textDocument
+        drafts: pane.model.openSkill.draft.files
+    }
+    Instantiator {
+        active: pane.path.endsWith(".md")
+
+        MarkdownHighlighter {
+            codeColor: Colors.code
+            document: text.area.textDocument
+            headingColor: Colors.accent
+            linkColor: Colors.link
+            markColor: Colors.muted
+        }
+    }
     PaneHeader {
         id: header
 
@@ -36,23 +60,23 @@ FocusScope {
         anchors.top: parent.top
         text: pane.path
     }
-    Label {
-        id: line
+    StaleFileNotice {
+        id: notice
 
         anchors.left: parent.left
-        anchors.leftMargin: Metrics.large
+        anchors.margins: Metrics.small
+        anchors.right: parent.right
         anchors.top: header.bottom
-        anchors.topMargin: Metrics.medium
-        color: Colors.secondary
-        text: "Fichier associé à cette compétence."
+        file: edited
+        onDecided: text.area.forceActiveFocus(Qt.OtherFocusReason)
     }
     FindBar {
         id: findBar
 
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.top: line.bottom
-        anchors.topMargin: Metrics.small
+        anchors.top: notice.visible ? notice.bottom : header.bottom
+        anchors.topMargin: notice.visible ? Metrics.small : 0
         pane: text
     }
     CodePane {
@@ -61,20 +85,19 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.top: findBar.visible ? findBar.bottom : line.bottom
+        anchors.top: findBar.visible ? findBar.bottom : findBar.top
         focus: visible
-        visible: content.kind === SkillFileContent.Text
+        visible: edited.isShown
 
         area.Accessible.name: "Contenu de " + pane.path
-        area.readOnly: true
-        area.text: content.text
+        area.readOnly: pane.isLocked
     }
     PictureView {
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.margins: Metrics.large
         anchors.right: parent.right
-        anchors.top: line.bottom
+        anchors.top: header.bottom
         content: content
         visible: content.kind === SkillFileContent.Picture
 
@@ -85,7 +108,7 @@ FocusScope {
         anchors.centerIn: parent
         symbol: "file"
         title: content.explanation
-        visible: content.kind === SkillFileContent.Unshown
+        visible: content.kind === SkillFileContent.Unshown && !edited.isShown
         width: parent.width - 2 * Metrics.huge
     }
 }

@@ -2,12 +2,12 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** How the text above stands: the draft, saved or not, or a file that is only looked at; and whether something runs. */
+/** How the file above stands: a text, saved or not, or one that is only looked at; and whether something runs. */
 Item {
     id: footer
 
     required property AppModel model
-    required property SkillFileContent file
+    required property AssociatedFilePane file
 
     /** Of what is shown; empty where nothing is chosen. */
     required property string path
@@ -15,21 +15,23 @@ Item {
     readonly property OpenSkill skill: model.openSkill
     readonly property SkillDraft draft: skill.draft
     readonly property bool isDraft: path === "SKILL.md"
+    readonly property bool isText: isDraft || file.edited.isShown
+    readonly property bool isSaved: isDraft ? !draft.isTextModified && draft.standing === SkillDraft.Current : !file.edited.isModified
 
     /** Whether nothing was edited, and the skill that held the text is gone. */
-    readonly property bool isLeftBehind: draft.standing === SkillDraft.Gone && !draft.isModified
+    readonly property bool isLeftBehind: isDraft && draft.standing === SkillDraft.Gone && !draft.isTextModified
 
     readonly property string standing: {
-        if (!isDraft)
-            return file.size === "" ? "" : "LECTURE SEULE";
-        return draft.isSaved ? "ENREGISTRÉ" : isLeftBehind ? "HORS BIBLIOTHÈQUE" : "MODIFIÉ";
+        if (!isText)
+            return file.content.size === "" ? "" : "LECTURE SEULE";
+        return isSaved ? "ENREGISTRÉ" : isLeftBehind ? "HORS BIBLIOTHÈQUE" : "MODIFIÉ";
     }
     readonly property string extent: {
         if (isDraft)
             return draft.characterCount + " caractères";
-        if (file.kind !== SkillFileContent.Text)
-            return file.size;
-        return file.lineCount + (file.lineCount < 2 ? " ligne, " : " lignes, ") + file.size;
+        if (file.content.kind !== SkillFileContent.Text)
+            return file.content.size;
+        return file.content.lineCount + (file.content.lineCount < 2 ? " ligne, " : " lignes, ") + file.content.size;
     }
 
     implicitHeight: 40
@@ -48,7 +50,7 @@ Item {
         StatusBadge {
             anchors.verticalCenter: parent.verticalCenter
             text: footer.standing
-            tone: !footer.isDraft ? StatusBadge.Neutral : footer.draft.isSaved ? StatusBadge.Success : StatusBadge.Warning
+            tone: !footer.isText ? StatusBadge.Neutral : footer.isSaved ? StatusBadge.Success : StatusBadge.Warning
             visible: text !== ""
         }
         Label {
@@ -56,7 +58,7 @@ Item {
             color: Colors.secondary
             font: Typography.small
             text: "Modifications non enregistrées"
-            visible: footer.isDraft && !footer.draft.isSaved && !footer.isLeftBehind && footer.width > 480 // else the badge says it alone
+            visible: footer.isText && !footer.isSaved && !footer.isLeftBehind && footer.width > 480 // else the badge says it alone
         }
     }
     Row {

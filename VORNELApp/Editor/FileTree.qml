@@ -4,30 +4,73 @@ import QtQuick
 import VORNELApp
 import VORNELDesignSystem
 
-/** A skill's files. Up and Down choose; Left and Right close and open a folder. */
+/**
+ * A skill's files. Up and Down choose; Left and Right close and open a folder; F2 renames, Del deletes; what is copied
+ * in a file manager is pasted, or dropped, here.
+ */
 Surface {
     id: tree
 
-    required property var relativeFiles
+    required property AppModel model
     required property string selectedFile
+
+    readonly property SkillDraft draft: model.openSkill.draft
+    readonly property var modifiedFiles: draft.files.paths
+
+    /** The row that has the keyboard; null while none has. */
+    readonly property FileTreeRow currentRow: view.activeFocus ? view.currentItem as FileTreeRow : null
 
     signal fileChosen(path: string)
 
+    function openMenu(row: FileTreeRow, place: point): void {
+        if (row !== null)
+            menu.openFor(row.path, row.isFolder, row, place);
+        else
+            menu.openFor("", true, tree, place);
+    }
+
     Accessible.name: "Arborescence"
     Accessible.role: Accessible.Pane
-    border.color: view.activeFocus ? Colors.accent : Colors.line
+    border.color: view.activeFocus || dropArea.containsDrag ? Colors.accent : Colors.line
 
+    FileTreeActions {
+        id: actions
+
+        model: tree.model
+    }
+    FileMenu {
+        id: menu
+
+        actions: actions
+    }
+    Shortcut {
+        enabled: tree.currentRow !== null
+        sequences: ["Menu", "Shift+F10"]
+        onActivated: tree.openMenu(tree.currentRow, Qt.point(Metrics.large, tree.currentRow.height))
+    }
     Label {
         id: heading
 
         anchors.left: parent.left
-        anchors.margins: Metrics.large
-        anchors.top: parent.top
+        anchors.leftMargin: Metrics.large
+        anchors.verticalCenter: more.verticalCenter
         color: Colors.secondary
         font: Typography.label
         text: "ARBORESCENCE"
 
         Accessible.name: "Arborescence"
+    }
+    ActionButton {
+        id: more
+
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.tiny
+        anchors.top: parent.top
+        anchors.topMargin: Metrics.tiny
+        isCompact: true
+        symbol: "plus"
+        text: "Nouveau fichier, nouveau dossier…"
+        onClicked: menu.openFor("", true, more, Qt.point(more.width - menu.width, more.height + Metrics.tiny))
     }
     RowList {
         id: view
@@ -36,10 +79,12 @@ Surface {
         anchors.left: parent.left
         anchors.margins: Metrics.small
         anchors.right: parent.right
-        anchors.top: heading.bottom
+        anchors.top: more.bottom
+        anchors.topMargin: Metrics.tiny
         name: "Fichiers"
 
         delegate: FileTreeRow {
+            isModified: path === "SKILL.md" ? tree.draft.isTextModified : tree.modifiedFiles.includes(path)
             selectedFile: tree.selectedFile
             width: view.width - (view.rail.visible ? view.rail.width : 0)
             onClicked: {
@@ -48,12 +93,52 @@ Surface {
                 else
                     tree.fileChosen(path);
             }
+            onMenuAsked: place => tree.openMenu(this, place)
             onOpenAsked: isOpen => files.setOpen(index, isOpen)
+
+            Keys.onDeletePressed: actions.askToRemove(path, isFolder)
+            Keys.onPressed: event => {
+                event.accepted = true;
+                if (event.key === Qt.Key_F2)
+                    actions.askForName(path, isFolder);
+                else if (event.matches(StandardKey.Copy))
+                    actions.copy(path);
+                else if (event.matches(StandardKey.Paste))
+                    actions.paste(isFolder ? path : actions.folderOf(path));
+                else
+                    event.accepted = false;
+            }
         }
         model: SkillFileListModel {
             id: files
 
-            relativeFiles: tree.relativeFiles
+            emptyFolders: tree.model.openSkill.files.emptyFolders
+            relativeFiles: tree.model.selectedSkill?.relativeFiles ?? []
+            unsavedFiles: tree.modifiedFiles
+        }
+    }
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => tree.openMenu(null, eventPoint.position)
+    }
+    DropArea {
+        id: dropArea
+
+        /** The folder below the pointer; the skill's own elsewhere. */
+        function folderAt(x: real, y: real): string {
+            const place = mapToItem(view.contentItem, x, y);
+            const row = view.itemAt(place.x, place.y) as FileTreeRow;
+            if (row === null)
+                return "";
+            return row.isFolder ? row.path : actions.folderOf(row.path);
+        }
+
+        anchors.fill: parent
+        enabled: actions.canChange
+        keys: ["text/uri-list"]
+        onDropped: drop => {
+            drop.accept(Qt.CopyAction);
+            actions.bring(drop.urls, folderAt(drop.x, drop.y));
         }
     }
 }

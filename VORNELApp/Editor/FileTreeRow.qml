@@ -15,11 +15,14 @@ T.ItemDelegate {
     required property bool isFolder
     required property bool isOpen
     required property string selectedFile
+    required property bool isModified
 
     readonly property bool isSelected: path === selectedFile
 
     /** The folder is to be opened, or closed. */
     signal openAsked(isOpen: bool)
+
+    signal menuAsked(place: point)
 
     implicitHeight: 32
     focusPolicy: Qt.ClickFocus
@@ -30,13 +33,26 @@ T.ItemDelegate {
     text: name
     onActiveFocusChanged: if (activeFocus && index >= 0) ListView.view.currentIndex = index // it is -1 once the row goes
 
-    Accessible.description: isFolder ? (isOpen ? "dossier ouvert" : "dossier fermé") : isSelected ? "affiché" : ""
+    Accessible.description: {
+        if (isFolder)
+            return isOpen ? "dossier ouvert" : "dossier fermé";
+        return [isSelected ? "affiché" : "", isModified ? "modifié, non enregistré" : ""].filter(word => word !== "").join(", ");
+    }
     Accessible.name: text
     Accessible.onPressAction: if (enabled) clicked()
     Keys.onEnterPressed: clicked()
     Keys.onLeftPressed: openAsked(false)
     Keys.onReturnPressed: clicked()
     Keys.onRightPressed: openAsked(true)
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        gesturePolicy: TapHandler.ReleaseWithinBounds // the tree below opens no menu of its own
+        onTapped: eventPoint => {
+            row.forceActiveFocus(Qt.MouseFocusReason);
+            row.menuAsked(eventPoint.position);
+        }
+    }
 
     background: Rectangle {
         color: row.isSelected ? Colors.tint(Colors.accent) : row.hovered ? Colors.hover : "transparent"
@@ -70,7 +86,17 @@ T.ItemDelegate {
             renderType: Text.NativeRendering
             text: row.text
             textFormat: Text.PlainText
-            width: row.availableWidth - x
+            width: row.availableWidth - x - (mark.visible ? mark.width + parent.spacing : 0)
+        }
+        Rectangle {
+            id: mark
+
+            anchors.verticalCenter: parent.verticalCenter
+            color: Colors.warning
+            height: width
+            radius: width / 2
+            visible: row.isModified
+            width: 7
         }
     }
 }

@@ -15,6 +15,7 @@ OpenSkill::OpenSkill(std::shared_ptr<WindowServicing> service, DraftKeeping &dra
       m_departure(departure),
       m_draft(drafts),
       m_replacement(*m_service, operations),
+      m_files(m_service, operations, library, selected, m_replacement, *m_draft.files()),
       m_lookingForHandEdits(this, [this](const Answer<QSet<QUuid>> &answer) {
           setEditedByHand(answer.value && answer.value->contains(m_id));
       })

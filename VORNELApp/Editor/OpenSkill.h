@@ -1,6 +1,7 @@
 #pragma once
 
-#include <VORNELApp/Copies/CopyReplacement.h>
+#include "FileChanges.h"
+
 #include <VORNELApp/Drafts/SkillDraft.h>
 #include <VORNELApp/Leaving/Departure.h>
 #include <VORNELApp/Model/LatestAnswer.h>
@@ -21,6 +22,7 @@ class OpenSkill : public QObject
     Q_PROPERTY(State state READ state NOTIFY stateChanged)
     Q_PROPERTY(vornel::SkillDraft *draft READ draft CONSTANT)
     Q_PROPERTY(vornel::CopyReplacement *replacement READ replacement CONSTANT)
+    Q_PROPERTY(vornel::FileChanges *files READ files CONSTANT)
     Q_PROPERTY(bool isEditedByHand READ isEditedByHand NOTIFY isEditedByHandChanged)
 
 public:
@@ -44,6 +46,9 @@ public:
     SkillDraft *draft() { return &m_draft; }
     CopyReplacement *replacement() { return &m_replacement; }
 
+    /// What changes which files the skill has.
+    FileChanges *files() { return &m_files; }
+
     /// Whether the skill's folder holds what was written past VORNEL.
     bool isEditedByHand() const { return m_isEditedByHand; }
 
@@ -51,7 +56,7 @@ public:
     Q_INVOKABLE void edit(QQuickTextDocument *document) { edit(document->textDocument()); }
     void edit(QTextDocument *document);
 
-    /// Saves the text, once it is known that it replaces no text and no copy that the user hasn't seen, and
+    /// Saves the texts, once it is known that it replaces no text and no copy that the user hasn't seen, and
     /// then leaves where that was asked for.
     Q_INVOKABLE void save();
 
@@ -68,7 +73,8 @@ public:
     Q_INVOKABLE void discardAndLeave();
     Q_INVOKABLE void stay();
 
-    /// Saves a text as the next revision of the skill, or synchronises its copies, without a question.
+    /// Saves a text, and the edits of the other files, as the next revision of the skill, or synchronises its
+    /// copies, without a question.
     QCoro::Task<Outcome> write(QString skillMD);
     QCoro::Task<Outcome> installCopies();
 
@@ -78,6 +84,9 @@ Q_SIGNALS:
 
     /// The text was not saved, because the skill is no longer what was opened.
     void refused();
+
+    /// The texts were not saved, because this file is no longer what the edits of it began with.
+    void fileRefused(const QString &path);
 
 private:
     void begin();
@@ -93,7 +102,11 @@ private:
     QCoro::Task<> checkAndSave();
     QCoro::Task<> checkAndWrite();
     QCoro::Task<bool> isUnchanged();
+    QCoro::Task<bool> isTextUnchanged();
+    QCoro::Task<bool> areFilesUnchanged();
+    QFuture<SkillDetail> saved(const SkillManifest &skill, const QString &skillMD);
     QCoro::Task<std::optional<QByteArray>> readText();
+    QCoro::Task<std::optional<QByteArray>> readFile(QString path);
     void conclude(const QString &text, const Outcome &outcome);
     void refuse();
 
@@ -114,6 +127,7 @@ private:
     Departure &m_departure;
     SkillDraft m_draft;
     CopyReplacement m_replacement;
+    FileChanges m_files;
     QUuid m_id; ///< of the skill whose text is edited
     bool m_isEditedByHand = false;
     LatestAnswer<Answer<QSet<QUuid>>> m_lookingForHandEdits;

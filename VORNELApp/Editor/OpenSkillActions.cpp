@@ -58,9 +58,29 @@ QCoro::Task<> OpenSkill::checkAndWrite()
     conclude(text, outcome);
 }
 
-/// Sees whether "SKILL.md" still holds what is known of it: a save would replace what isn't known here. The
-/// service compares revisions, and whoever edits the file in place leaves the revision as it is.
+/// Sees whether the files still hold what is known of them: a save would replace what isn't known here. The
+/// service compares revisions, and whoever edits a file in place leaves the revision as it is.
 QCoro::Task<bool> OpenSkill::isUnchanged()
+{
+    co_return co_await isTextUnchanged() && co_await areFilesUnchanged();
+}
+
+QCoro::Task<bool> OpenSkill::areFilesUnchanged()
+{
+    const QUuid id = m_id;
+    for (const UnsavedFile &file : QList(m_draft.files()->edits())) {
+        const std::optional<QByteArray> bytes = co_await readFile(file.path);
+        if (!bytes || !isEditing(id))
+            co_return false;
+        if (FileDrafts::digestOf(*bytes) == file.baseDigest)
+            continue;
+        Q_EMIT fileRefused(file.path);
+        co_return false;
+    }
+    co_return true;
+}
+
+QCoro::Task<bool> OpenSkill::isTextUnchanged()
 {
     const QUuid id = m_id;
     const QByteArray known = m_draft.knownBytes();
@@ -77,12 +97,12 @@ QCoro::Task<bool> OpenSkill::isUnchanged()
     co_return bytes &&m_draft.standing() == SkillDraft::Current;
 }
 
-/// The bytes of "SKILL.md", whatever they are, and none where it is missing; nothing when they can't be read.
-QCoro::Task<std::optional<QByteArray>> OpenSkill::readText()
+/// The bytes of a file, whatever they are, and none where it is missing; nothing when they can't be read.
+QCoro::Task<std::optional<QByteArray>> OpenSkill::readFile(QString path)
 {
     const QUuid id = m_id;
     m_operations.clearError();
-    const auto answer = co_await answerOf(m_service->readFile(m_id, std::nullopt, u"SKILL.md"_s));
+    const auto answer = co_await answerOf(m_service->readFile(m_id, std::nullopt, path));
     if (answer.value)
         co_return answer.value->value_or(QByteArray());
     m_operations.showFailure(answer.outcome);
@@ -91,16 +111,33 @@ QCoro::Task<std::optional<QByteArray>> OpenSkill::readText()
     co_return std::nullopt;
 }
 
+QCoro::Task<std::optional<QByteArray>> OpenSkill::readText()
+{
+    return readFile(u"SKILL.md"_s);
+}
+
 QCoro::Task<Outcome> OpenSkill::write(QString skillMD)
 {
     if (!m_selected.detail())
         co_return Outcome::nothingDone();
     const SkillManifest shown = m_selected.detail()->manifest;
     co_return co_await m_operations.perform([this, &shown, &skillMD]() -> QCoro::Task<> {
-        m_selected.show(co_await m_service->saveSkill(shown.id, shown.revision, skillMD));
+        m_selected.show(co_await saved(shown, skillMD));
         co_await m_library.read();
         m_operations.confirm(u"ENREGISTRÉE"_s);
     });
+}
+
+/// All texts make one revision.
+QFuture<SkillDetail> OpenSkill::saved(const SkillManifest &skill, const QString &skillMD)
+{
+    QList<PathChange> changes;
+    for (const UnsavedFile &file : m_draft.files()->edits())
+        changes.append(WrittenFile{file.path, file.text.toUtf8()});
+    if (changes.isEmpty())
+        return m_service->saveSkill(skill.id, skill.revision, skillMD);
+    changes.append(WrittenFile{u"SKILL.md"_s, skillMD.toUtf8()});
+    return m_service->changeFiles(skill.id, changes, skill.revision);
 }
 
 QCoro::Task<Outcome> OpenSkill::installCopies()

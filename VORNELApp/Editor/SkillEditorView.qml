@@ -107,11 +107,34 @@ FocusScope {
     }
 
     Connections {
+        function onFileRefused(path) {
+            editor.selectedFile = path;
+            file.refresh();
+        }
+
         function onRefused() {
             refusal.open();
         }
 
         target: editor.skill
+    }
+    Connections {
+        function onCreated(path) {
+            if (editor.detail?.relativeFiles.includes(path) ?? false)
+                editor.selectedFile = path;
+        }
+
+        function onMoved(from, to) {
+            if (editor.selectedFile === from || editor.selectedFile.startsWith(from + "/"))
+                editor.selectedFile = to + editor.selectedFile.substring(from.length);
+        }
+
+        function onRemoved(path) {
+            if (editor.selectedFile === path || editor.selectedFile.startsWith(path + "/"))
+                editor.selectedFile = "SKILL.md";
+        }
+
+        target: editor.skill.files
     }
     Connections {
         function onIsWorkingChanged() {
@@ -188,7 +211,7 @@ FocusScope {
         anchors.left: facts.left
         anchors.top: notices.bottom
         anchors.topMargin: Metrics.medium
-        relativeFiles: editor.detail?.relativeFiles ?? []
+        model: editor.model
         selectedFile: editor.selectedFile
         visible: !editor.isSideOpen || (editor.width > Metrics.roomForTexts && !(editor.isHistoryOpen && editor.isVersionShown))
         width: visible ? Math.min(240, parent.width / 4) : 0
@@ -220,6 +243,7 @@ FocusScope {
             id: file
 
             anchors.fill: instructions
+            isLocked: editor.isGoing
             model: editor.model
             path: visible ? editor.selectedFile : ""
             visible: editor.selectedFile !== "" && editor.selectedFile !== "SKILL.md"
@@ -237,7 +261,7 @@ FocusScope {
             anchors.bottom: parent.bottom
             anchors.left: parent.left
             anchors.right: parent.right
-            file: file.content
+            file: file
             model: editor.model
             path: editor.selectedFile
         }

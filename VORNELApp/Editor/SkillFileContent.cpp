@@ -2,12 +2,14 @@
 
 #include "SkillFileNode.h"
 
+#include <VORNELApp/Drafts/FileDrafts.h>
 #include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Library/Wording.h>
+#include <VORNELCore/Records/SerializedForms.h>
 
 #include <QBuffer>
 #include <QImageReader>
-#include <QStringDecoder>
+#include <QMimeDatabase>
 #include <QtConcurrentRun>
 
 using namespace Qt::StringLiterals;
@@ -37,6 +39,13 @@ int lineCountOf(const QString &text)
 {
     const bool isLastOpen = !text.isEmpty() && !text.endsWith(u'\n');
     return static_cast<int>(text.count(u'\n')) + (isLastOpen ? 1 : 0);
+}
+
+/// A line that tells what a file is, "Document PDF"; empty where nobody knows.
+QString typeOf(const QString &path, const QByteArray &bytes)
+{
+    const QMimeType type = QMimeDatabase().mimeTypeForFileNameAndData(path, bytes);
+    return type.isDefault() || type.comment().isEmpty() ? QString() : type.comment() + u'\n';
 }
 
 } // namespace
@@ -71,7 +80,7 @@ void SkillFileContent::refresh()
 QCoro::Task<SkillFileContent::Content> SkillFileContent::read(QFuture<std::optional<QByteArray>> file,
                                                               QString path)
 {
-    Content content{.kind = Unshown};
+    Content content{.kind = Unshown, .digest = FileDrafts::digestOf({})};
     const auto answer = co_await answerOf(std::move(file));
     if (!answer.value)
         content.explanation = answer.outcome.message;
@@ -84,7 +93,8 @@ QCoro::Task<SkillFileContent::Content> SkillFileContent::read(QFuture<std::optio
 
 SkillFileContent::Content SkillFileContent::contentOf(const QString &path, const QByteArray &bytes)
 {
-    Content content{.kind = Unshown, .size = Wording::fileSize(bytes.size())};
+    Content content{
+        .kind = Unshown, .digest = FileDrafts::digestOf(bytes), .size = Wording::fileSize(bytes.size())};
     if (icon({path, path, std::nullopt}) == u"image"_s) {
         content.picture = decodedPicture(bytes);
         content.kind = content.picture.isNull() ? Unshown : Picture;
@@ -95,11 +105,14 @@ SkillFileContent::Content SkillFileContent::contentOf(const QString &path, const
         content.explanation = u"Ce fichier est trop grand pour être affiché ici."_s;
         return content;
     }
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    content.text = decoder(bytes);
+    const std::optional<QString> text = textFromUtf8(bytes);
+    if (!text || bytes.contains('\0')) {
+        content.explanation = typeOf(path, bytes) + u"Ce fichier n’est pas un texte."_s;
+        return content;
+    }
+    content.kind = Text;
+    content.text = *text;
     content.lineCount = lineCountOf(content.text);
-    content.kind = decoder.hasError() || bytes.contains('\0') ? Unshown : Text;
-    content.explanation = u"Ce fichier n’est pas un texte."_s;
     return content;
 }
 

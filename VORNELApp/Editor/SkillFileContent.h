@@ -35,6 +35,9 @@ public:
     Kind kind() const { return m_content.kind; }
     QString text() const { return m_content.text; }
 
+    /// Identifies the bytes of the file, as `FileDrafts` does; a missing one is empty.
+    QString digest() const { return m_content.digest; }
+
     /// No larger than screens need; null where the file holds none.
     QImage picture() const { return m_content.picture; }
 
@@ -44,8 +47,11 @@ public:
     /// How many lines the text has, of which the last need not be ended.
     int lineCount() const { return m_content.lineCount; }
 
-    /// Why a file isn't shown.
+    /// Why a file isn't shown, and what it is.
     QString explanation() const { return m_content.explanation; }
+
+    /// Reads the file anew.
+    Q_INVOKABLE void refresh();
 
     void classBegin() override {}
     void componentComplete() override;
@@ -59,6 +65,7 @@ private:
     {
         Kind kind = Nothing;
         QString text = {};
+        QString digest = {};
         QImage picture = {};
         QString size = {};
         int lineCount = 0;
@@ -67,7 +74,6 @@ private:
 
     static QCoro::Task<Content> read(QFuture<std::optional<QByteArray>> file, QString path);
     static Content contentOf(const QString &path, const QByteArray &bytes);
-    void refresh();
     void show(Content content);
 
     AppModel *m_model = nullptr;

@@ -25,14 +25,53 @@ void SkillFileListModel::setRelativeFiles(const QStringList &files)
 {
     if (std::exchange(m_relativeFiles, files) == files)
         return;
+    rebuild();
+    Q_EMIT relativeFilesChanged();
+}
+
+void SkillFileListModel::setEmptyFolders(const QStringList &folders)
+{
+    if (std::exchange(m_emptyFolders, folders) == folders)
+        return;
+    rebuild();
+    Q_EMIT emptyFoldersChanged();
+}
+
+void SkillFileListModel::setUnsavedFiles(const QStringList &files)
+{
+    if (std::exchange(m_unsavedFiles, files) == files)
+        return;
+    rebuild();
+    Q_EMIT unsavedFilesChanged();
+}
+
+QStringList SkillFileListModel::allPaths() const
+{
+    QStringList paths = m_relativeFiles;
+    for (const QString &file : m_unsavedFiles) {
+        if (!paths.contains(file))
+            paths.append(file);
+    }
+    for (const QString &folder : m_emptyFolders)
+        paths.append(folder + u'/');
+    return paths;
+}
+
+/// A folder that the user has closed stays so while its skill is shown.
+void SkillFileListModel::rebuild()
+{
+    const QStringList paths = allPaths();
+    if (std::exchange(m_paths, paths) == paths)
+        return;
     beginResetModel();
-    const QList<SkillFileNode> tree = skillFileTree(files);
-    m_openFolders.clear();
-    if (files.size() <= mostFilesShownAtOnce)
-        collectFolders(tree, m_openFolders);
+    const QList<SkillFileNode> tree = skillFileTree(paths);
+    QSet<QString> folders;
+    if (paths.size() <= mostFilesShownAtOnce)
+        collectFolders(tree, folders);
+    m_openFolders.unite(folders - m_knownFolders);
+    m_knownFolders = folders;
     m_rows = rows(tree, 0);
     endResetModel();
-    Q_EMIT relativeFilesChanged();
 }
 
 int SkillFileListModel::rowCount(const QModelIndex &parent) const

@@ -15,12 +15,21 @@ class SkillFileListModel : public QAbstractListModel
     QML_ELEMENT
     Q_PROPERTY(
         QStringList relativeFiles READ relativeFiles WRITE setRelativeFiles NOTIFY relativeFilesChanged)
+    Q_PROPERTY(QStringList emptyFolders READ emptyFolders WRITE setEmptyFolders NOTIFY emptyFoldersChanged)
+    Q_PROPERTY(QStringList unsavedFiles READ unsavedFiles WRITE setUnsavedFiles NOTIFY unsavedFilesChanged)
 
 public:
     using QAbstractListModel::QAbstractListModel;
 
     QStringList relativeFiles() const { return m_relativeFiles; }
     void setRelativeFiles(const QStringList &files);
+
+    /// The folders that hold no file; and the files of which something isn't saved, whether they are there or
+    /// not.
+    QStringList emptyFolders() const { return m_emptyFolders; }
+    void setEmptyFolders(const QStringList &folders);
+    QStringList unsavedFiles() const { return m_unsavedFiles; }
+    void setUnsavedFiles(const QStringList &files);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -31,6 +40,8 @@ public:
 
 Q_SIGNALS:
     void relativeFilesChanged();
+    void emptyFoldersChanged();
+    void unsavedFilesChanged();
 
 private:
     enum Role { NameRole = Qt::UserRole, PathRole, SymbolRole, DepthRole, IsFolderRole, IsOpenRole };
@@ -41,10 +52,16 @@ private:
         int depth;
     };
 
+    void rebuild();
+    QStringList allPaths() const;
     QList<Row> rows(const QList<SkillFileNode> &nodes, int depth) const;
 
     QStringList m_relativeFiles;
+    QStringList m_emptyFolders;
+    QStringList m_unsavedFiles;
+    QStringList m_paths; ///< of which the rows are made
     QSet<QString> m_openFolders;
+    QSet<QString> m_knownFolders; ///< that were open to begin with, or may have been closed since
     QList<Row> m_rows;
 };
 

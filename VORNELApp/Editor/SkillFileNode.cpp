@@ -59,7 +59,8 @@ QList<SkillFileNode> skillFileTree(const QStringList &relativeFiles)
             siblings = &*folder(*siblings, path.mid(begin, end - begin), path.left(end)).children;
             begin = end + 1;
         }
-        siblings->append({path.mid(begin), path, std::nullopt});
+        if (begin < path.size())
+            siblings->append({path.mid(begin), path, std::nullopt});
     }
     return tree;
 }

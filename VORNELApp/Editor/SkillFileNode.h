@@ -19,7 +19,8 @@ struct SkillFileNode
 };
 size_t qHash(const SkillFileNode &node, size_t seed = 0);
 
-/// The files of a skill, nested by folder. Each folder stands where its first file does.
+/// The files of a skill, nested by folder. Each folder stands where its first file does. A path that ends in
+/// "/" is that of a folder.
 QList<SkillFileNode> skillFileTree(const QStringList &relativeFiles);
 
 /// The name of the symbol that stands for a node.

@@ -11,12 +11,29 @@
 
 namespace vornel {
 
-/// A text of "SKILL.md" that is typed and not saved yet.
+/// A text of another file of a skill that is typed and not saved yet.
+struct UnsavedFile
+{
+    Q_GADGET
+    Q_PROPERTY(QString path MEMBER path)
+    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString baseDigest MEMBER baseDigest)
+
+public:
+    QString path; ///< below the skill's folder
+    QString text;
+    QString baseDigest; ///< of the bytes with which the edits began, SHA-256; a missing file is empty
+
+    bool operator==(const UnsavedFile &) const = default;
+};
+
+/// A text of "SKILL.md" that is typed and not saved yet, and those of the skill's other files.
 struct UnsavedText
 {
     QString text;
     QString baseText;   ///< the saved text with which the edits began
     QString baseDigest; ///< its digest, where the text itself is no longer known; otherwise empty
+    QList<UnsavedFile> files = {};
 
     bool operator==(const UnsavedText &) const = default;
 };
@@ -29,9 +46,10 @@ struct KeptDraft
     Q_PROPERTY(QString text MEMBER text)
     Q_PROPERTY(QString baseDigest MEMBER baseDigest)
     Q_PROPERTY(QDateTime keptAt MEMBER keptAt)
+    Q_PROPERTY(QList<vornel::UnsavedFile> files MEMBER files)
 
 public:
-    static constexpr qint64 currentVersion = 1;
+    static constexpr qint64 currentVersion = 2; ///< the first one had no files
 
     /// Identifies the saved text that a draft was made from: SHA-256, in lower-case hexadecimal digits. Slow
     /// for a long text.
@@ -41,6 +59,7 @@ public:
     QString text;
     QString baseDigest; ///< of the saved text when the edits began
     QDateTime keptAt;   ///< UTC, whole seconds
+    QList<UnsavedFile> files = {};
 
     bool operator==(const KeptDraft &) const = default;
 };

@@ -23,6 +23,9 @@ public:
     virtual QFuture<SkillDetail> changeFiles(QUuid id, QList<PathChange> changes,
                                              qint64 expectedRevision) = 0;
 
+    /// The folders of an active skill that hold no file, by path.
+    virtual QFuture<QStringList> emptyFolders(QUuid id) = 0;
+
     /// Makes a new skill with the files and properties of an active one; without a name of its own it gets
     /// that of the other, and " (copie)". May fail with `skillNotFound` and as `createSkill` does.
     virtual QFuture<SkillDetail> duplicateSkill(QUuid id, QString slug,

@@ -8,6 +8,8 @@
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Workspace/UnfinishedParts.h>
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -34,7 +36,18 @@ std::optional<DraftFile> draftFile(const fs::path &folder, const std::string &na
 KeptDraft draftOf(const UnsavedText &text)
 {
     const QString base = text.baseDigest.isEmpty() ? KeptDraft::digestOf(text.baseText) : text.baseDigest;
-    return {.text = text.text, .baseDigest = base, .keptAt = currentInstant()};
+    return {.text = text.text, .baseDigest = base, .keptAt = currentInstant(), .files = text.files};
+}
+
+/// A draft of the first version as one of the second.
+QByteArray withFiles(const QByteArray &document)
+{
+    QJsonObject draft = QJsonDocument::fromJson(document).object();
+    if (draft.value(u"schemaVersion"_s) != 1)
+        return document;
+    draft.insert(u"schemaVersion"_s, KeptDraft::currentVersion);
+    draft.insert(u"files"_s, QJsonArray());
+    return RecordJson::document(draft);
 }
 
 } // namespace
@@ -117,7 +130,8 @@ std::optional<KeptDraft> SkillDrafts::decoded(const fs::path &file) const
 {
     if (m_files.kindAt(file) != FileKind::Regular)
         return std::nullopt;
-    const auto draft = RecordJson::decodeDocument<KeptDraft>(readFile(m_files, file, SkillFiles::sizeLimit));
+    const QByteArray document = readFile(m_files, file, SkillFiles::sizeLimit);
+    const auto draft = RecordJson::decodeDocument<KeptDraft>(withFiles(document));
     return draft && draft->schemaVersion == KeptDraft::currentVersion ? draft : std::nullopt;
 }
 

@@ -9,6 +9,8 @@
 #include <VORNELInfrastructure/Workspace/Locating.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -105,6 +107,20 @@ SkillDetail FileEdit::run(const QUuid &id, const QList<PathChange> &changes, qin
         return makeDetail(m_workspace, skill, former);
     requireText(m_workspace, skill, tree);
     return m_authoring.revise(skill, [&](const FileTreeSnapshot & /*former*/) { return tree; });
+}
+
+QStringList FileEdit::emptyFolders(const QUuid &id) const
+{
+    const FileTreeSnapshot tree = treeOf(activeRecord(m_workspace, id));
+    QStringList folders;
+    for (const Entry &folder : tree.entries) {
+        const auto isFileInside = [&](const Entry &entry) {
+            return entry.kind == Entry::Kind::file && isAtOrBelow(entry.relativePath, folder.relativePath);
+        };
+        if (folder.kind == Entry::Kind::directory && std::ranges::none_of(tree.entries, isFileInside))
+            folders.append(QString::fromStdString(folder.relativePath));
+    }
+    return folders;
 }
 
 FileTreeSnapshot FileEdit::treeOf(const SkillRecord &skill) const

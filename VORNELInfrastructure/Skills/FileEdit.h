@@ -16,6 +16,9 @@ public:
     /// Does and throws what `FileEditing::changeFiles` says.
     SkillDetail run(const QUuid &id, const QList<PathChange> &changes, qint64 expectedRevision) const;
 
+    /// Returns and throws what `FileEditing::emptyFolders` says.
+    QStringList emptyFolders(const QUuid &id) const;
+
 private:
     FileTreeSnapshot treeOf(const SkillRecord &skill) const;
 

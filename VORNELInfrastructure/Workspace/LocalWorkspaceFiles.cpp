@@ -14,6 +14,12 @@ QFuture<SkillDetail> LocalWorkspaceService::changeFiles(QUuid id, QList<PathChan
     });
 }
 
+QFuture<QStringList> LocalWorkspaceService::emptyFolders(QUuid id)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return FileEdit(workspace).emptyFolders(id); });
+}
+
 QFuture<SkillDetail> LocalWorkspaceService::duplicateSkill(QUuid id, QString slug,
                                                            std::optional<QString> displayName)
 {

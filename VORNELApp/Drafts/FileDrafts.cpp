@@ -1,0 +1,120 @@
+#include "FileDrafts.h"
+
+#include <QCryptographicHash>
+
+#include <algorithm>
+#include <utility>
+
+namespace vornel {
+
+namespace {
+
+bool isAtOrBelow(const QString &path, const QString &ancestor)
+{
+    return path == ancestor || path.startsWith(ancestor + u'/');
+}
+
+} // namespace
+
+QStringList FileDrafts::paths() const
+{
+    QStringList paths;
+    for (const UnsavedFile &file : m_edits)
+        paths.append(file.path);
+    return paths;
+}
+
+std::optional<UnsavedFile> FileDrafts::find(const QString &path) const
+{
+    const qsizetype index = indexOf(path);
+    return index < 0 ? std::nullopt : std::optional(m_edits.at(index));
+}
+
+void FileDrafts::begin(const QList<UnsavedFile> &found)
+{
+    m_sent.clear();
+    m_edits = found;
+    Q_EMIT changed();
+}
+
+void FileDrafts::edit(const UnsavedFile &file)
+{
+    const qsizetype index = indexOf(file.path);
+    if (index >= 0)
+        m_edits[index] = file;
+    else
+        m_edits.append(file);
+    if (index < 0)
+        Q_EMIT changed();
+    Q_EMIT edited();
+}
+
+void FileDrafts::forget(const QString &path)
+{
+    const qsizetype index = indexOf(path);
+    if (index < 0)
+        return;
+    m_edits.remove(index);
+    Q_EMIT changed();
+    Q_EMIT edited();
+}
+
+void FileDrafts::rebase(const QString &path, const QString &digest)
+{
+    if (const qsizetype index = indexOf(path); index >= 0) {
+        m_edits[index].baseDigest = digest;
+        Q_EMIT edited();
+    }
+}
+
+void FileDrafts::move(const QString &from, const QString &to)
+{
+    for (UnsavedFile &file : m_edits) {
+        if (isAtOrBelow(file.path, from))
+            file.path.replace(0, from.size(), to);
+    }
+    Q_EMIT changed();
+    Q_EMIT edited();
+}
+
+void FileDrafts::remove(const QString &path)
+{
+    m_edits.removeIf([&](const UnsavedFile &file) { return isAtOrBelow(file.path, path); });
+    Q_EMIT changed();
+    Q_EMIT edited();
+}
+
+void FileDrafts::discard()
+{
+    if (m_edits.isEmpty())
+        return;
+    m_edits.clear();
+    Q_EMIT changed();
+    Q_EMIT edited();
+    Q_EMIT discarded();
+}
+
+void FileDrafts::endSaving(bool isSaved)
+{
+    for (const UnsavedFile &sent : std::exchange(m_sent, {})) {
+        if (!isSaved)
+            continue;
+        rebase(sent.path, digestOf(sent.text.toUtf8()));
+        Q_EMIT saved(sent.path, sent.text);
+        if (const auto now = find(sent.path); now && now->text == sent.text)
+            forget(sent.path);
+    }
+}
+
+QString FileDrafts::digestOf(const QByteArray &bytes)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
+}
+
+qsizetype FileDrafts::indexOf(const QString &path) const
+{
+    const auto found = std::ranges::find(m_edits, path, &UnsavedFile::path);
+    return found == m_edits.end() ? -1 : found - m_edits.begin();
+}
+
+} // namespace vornel

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <VORNELCore/Services/DraftKeeping.h>
+
+#include <QObject>
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+#include <optional>
+
+namespace vornel {
+
+/// The unsaved texts of the open skill's files beside "SKILL.md".
+class FileDrafts : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("belongs to the draft")
+    Q_PROPERTY(QStringList paths READ paths NOTIFY changed)
+
+public:
+    using QObject::QObject;
+
+    const QList<UnsavedFile> &edits() const { return m_edits; }
+    bool isEmpty() const { return m_edits.isEmpty(); }
+    QStringList paths() const;
+
+    /// The edits of a file; nothing where there are none.
+    std::optional<UnsavedFile> find(const QString &path) const;
+
+    /// Begins with what was found of another skill.
+    void begin(const QList<UnsavedFile> &found);
+
+    /// A text was typed, or is what the file holds once more.
+    void edit(const UnsavedFile &file);
+    void forget(const QString &path);
+
+    /// The edits may stand over a file with this digest, whatever it held when they began.
+    void rebase(const QString &path, const QString &digest);
+
+    /// A file, or a folder with its files, has another path or is gone.
+    void move(const QString &from, const QString &to);
+    void remove(const QString &path);
+
+    /// Forgets all of them.
+    void discard();
+
+    /// The texts as they are now are being saved; and how that ended.
+    void beginSaving() { m_sent = m_edits; }
+    void endSaving(bool isSaved);
+
+    /// Identifies the bytes of a file: SHA-256, in lower-case hexadecimal digits.
+    static QString digestOf(const QByteArray &bytes);
+
+Q_SIGNALS:
+    /// There are edits of other files than before.
+    void changed();
+    void edited();
+
+    /// A file holds this text now; `changed` follows where it is the one that is typed.
+    void saved(const QString &path, const QString &text);
+
+    /// The edits were given up.
+    void discarded();
+
+private:
+    qsizetype indexOf(const QString &path) const;
+
+    QList<UnsavedFile> m_edits; ///< in the order in which they began
+    QList<UnsavedFile> m_sent;
+};
+
+} // namespace vornel

@@ -1,0 +1,169 @@
+#include "FileChanges.h"
+
+#include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
+
+#include <QtConcurrentRun>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace vornel {
+
+FileChanges::FileChanges(std::shared_ptr<WindowServicing> service, Operations &operations, Library &library,
+                         SelectedSkill &selected, CopyReplacement &replacement, FileDrafts &drafts)
+    : m_service(std::move(service)),
+      m_operations(operations),
+      m_library(library),
+      m_selected(selected),
+      m_replacement(replacement),
+      m_drafts(drafts),
+      m_looking(this, [this](const Answer<QStringList> &answer) {
+          const QStringList folders = answer.value.value_or(QStringList());
+          if (std::exchange(m_emptyFolders, folders) != folders)
+              Q_EMIT emptyFoldersChanged();
+      })
+{
+    connect(&m_selected, &SelectedSkill::detailChanged, this, &FileChanges::look);
+    connect(&m_replacement, &CopyReplacement::agreed, this, [this](CopyReplacement::Purpose purpose) {
+        if (purpose == CopyReplacement::Changing)
+            run(std::exchange(m_change, {}));
+    });
+}
+
+void FileChanges::look()
+{
+    if (m_selected.shows(m_selected.id()))
+        m_looking.ask([this, id = m_selected.id()] { return answerOf(m_service->emptyFolders(id)); });
+}
+
+QString FileChanges::problem(const QString &path) const
+{
+    const auto isThere = [&path](const QString &other) {
+        return other == path || other.startsWith(path + u'/');
+    };
+    if (path.isEmpty() || !m_selected.detail())
+        return {};
+    if (std::ranges::any_of(m_selected.detail()->relativeFiles + m_emptyFolders, isThere))
+        return u"Ce nom est déjà pris."_s;
+    try {
+        WorkspaceValidation::validateRelativePath(path.toUtf8());
+    } catch (const VORNELWorkspaceError &error) {
+        return error.errorDescription();
+    }
+    return {};
+}
+
+void FileChanges::createFile(const QString &path)
+{
+    if (problem(path).isEmpty())
+        ask({.changes = {WrittenFile{path, {}}},
+             .confirmation = u"FICHIER CRÉÉ"_s,
+             .conclude = [this, path] { Q_EMIT created(path); }},
+            u"Créer ce fichier"_s);
+}
+
+void FileChanges::createFolder(const QString &path)
+{
+    if (problem(path).isEmpty())
+        ask({.changes = {NewFolder{path}},
+             .confirmation = u"DOSSIER CRÉÉ"_s,
+             .conclude = [this, path] { Q_EMIT created(path); }},
+            u"Créer ce dossier"_s);
+}
+
+void FileChanges::move(const QString &from, const QString &to)
+{
+    if (from != to)
+        ask({.changes = {MovedPath{from, to}},
+             .confirmation = u"DÉPLACÉ"_s,
+             .conclude =
+                 [this, from, to] {
+                     m_drafts.move(from, to);
+                     Q_EMIT moved(from, to);
+                 }},
+            u"Déplacer"_s);
+}
+
+void FileChanges::remove(const QString &path)
+{
+    ask({.changes = {RemovedPath{path}},
+         .confirmation = u"SUPPRIMÉ"_s,
+         .conclude =
+             [this, path] {
+                 m_drafts.remove(path);
+                 Q_EMIT removed(path);
+             }},
+        u"Supprimer"_s);
+}
+
+void FileChanges::ask(Change change, const QString &verb)
+{
+    const bool isAsking = m_replacement.isLooking() || m_replacement.isAsking();
+    if (m_operations.isWorking() || isAsking || !m_selected.detail())
+        return;
+    const SkillManifest &shown = m_selected.detail()->manifest;
+    change.skillID = shown.id;
+    change.revision = shown.revision;
+    m_change = std::move(change);
+    m_replacement.change(verb);
+}
+
+QCoro::Task<> FileChanges::run(Change change)
+{
+    const Outcome outcome = co_await m_operations.perform([this, &change]() -> QCoro::Task<> {
+        m_selected.show(co_await m_service->changeFiles(change.skillID, change.changes, change.revision));
+        co_await m_library.read();
+        m_operations.confirm(change.confirmation);
+    });
+    const bool isDone = outcome || outcome.isSynchronizationIncomplete();
+    if (isDone && m_selected.shows(change.skillID))
+        change.conclude();
+}
+
+void FileChanges::bring(const QList<QUrl> &urls, const QString &folder)
+{
+    QCoro::connect(read(urls, folder), this, [this](const DroppedFiles &dropped) { receive(dropped); });
+}
+
+QCoro::Task<DroppedFiles> FileChanges::read(QList<QUrl> urls, QString folder)
+{
+    co_return co_await QtConcurrent::run(readDropped, urls, folder);
+}
+
+void FileChanges::receive(const DroppedFiles &dropped)
+{
+    m_new = dropped.files;
+    if (!dropped.failure.isEmpty())
+        return m_operations.showFailure({.succeeded = false, .message = dropped.failure});
+    QStringList replaced;
+    for (const WrittenFile &file : m_new) {
+        const bool isThere = m_selected.detail() && m_selected.detail()->relativeFiles.contains(file.path);
+        if (isThere || m_drafts.find(file.path))
+            replaced.append(file.path);
+    }
+    if (replaced.isEmpty())
+        add();
+    else
+        Q_EMIT replacementAsked(replaced);
+}
+
+void FileChanges::add()
+{
+    const QList<WrittenFile> files = std::exchange(m_new, {});
+    if (files.isEmpty())
+        return;
+    ask({.changes = QList<PathChange>(files.begin(), files.end()),
+         .confirmation = files.size() == 1 ? u"FICHIER COPIÉ"_s : u"FICHIERS COPIÉS"_s,
+         .conclude =
+             [this, files] {
+                 for (const WrittenFile &file : files)
+                     m_drafts.remove(file.path);
+                 Q_EMIT created(files.first().path);
+             }},
+        files.size() == 1 ? u"Copier ce fichier"_s : u"Copier ces fichiers"_s);
+}
+
+} // namespace vornel

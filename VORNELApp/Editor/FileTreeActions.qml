@@ -1,0 +1,96 @@
+import QtQuick
+import VORNELApp
+import VORNELDesignSystem
+
+/** What is done with the files of the skill that is edited, and what is asked before. */
+Item {
+    id: actions
+
+    required property AppModel model
+
+    readonly property FileChanges changes: model.openSkill.files
+    readonly property bool canChange: !model.isWorking && model.openSkill.draft.standing !== SkillDraft.Gone
+
+    function folderOf(path: string): string {
+        return path.includes("/") ? path.substring(0, path.lastIndexOf("/")) : "";
+    }
+    function askForFile(folder: string): void {
+        sheet.askForNew(folder, false);
+    }
+    function askForFolder(folder: string): void {
+        sheet.askForNew(folder, true);
+    }
+    function askForName(path: string, isFolder: bool): void {
+        if (canChange && path !== "SKILL.md")
+            sheet.askForName(path, isFolder);
+    }
+    function askToRemove(path: string, isFolder: bool): void {
+        if (canChange && path !== "SKILL.md")
+            removal.ask(path, isFolder);
+    }
+    function bring(urls: var, folder: string): void {
+        if (canChange)
+            changes.bring(urls, folder);
+    }
+    function paste(folder: string): void {
+        bring(outside.copied(), folder);
+    }
+    function copy(path: string): void {
+        outside.copy(path);
+    }
+    function copyPath(path: string): void {
+        outside.copyPath(path);
+    }
+    function open(path: string): void {
+        outside.open(path);
+    }
+
+    OutsideFiles {
+        id: outside
+
+        model: actions.model
+    }
+    FilePathSheet {
+        id: sheet
+
+        changes: actions.changes
+    }
+    ConfirmationDialog {
+        id: removal
+
+        property string path
+
+        function ask(path: string, isFolder: bool): void {
+            removal.path = path;
+            title = "Supprimer ce " + (isFolder ? "dossier" : "fichier") + "\u00A0?";
+            message = (isFolder ? "Le dossier et ce qu’il contient restent" : "Le fichier reste") + " dans l’historique de la compétence."
+                + (actions.model.openSkill.draft.files.paths.some(edited => edited === path || edited.startsWith(path + "/"))
+                   ? "\n\nCe qui n’y est pas enregistré sera perdu." : "");
+            open();
+        }
+
+        acceptText: "Supprimer"
+        isDestructive: true
+        message: ""
+        subject: path
+        title: ""
+        onAccepted: actions.changes.remove(path)
+    }
+    ConfirmationDialog {
+        id: replacement
+
+        acceptText: "Remplacer"
+        message: "Ce qui est remplacé reste dans l’historique de la compétence, sauf ce qui n’est pas enregistré."
+        title: ""
+        onAccepted: actions.changes.add()
+    }
+    Connections {
+        function onReplacementAsked(paths) {
+            replacement.title = paths.length === 1 ? "Remplacer ce fichier\u00A0?" : "Remplacer " + paths.length + " fichiers\u00A0?";
+            replacement.subject = paths.slice(0, 5).join("\n") + (paths.length > 5 ? "\n…" : "");
+            replacement.open();
+        }
+
+        target: actions.changes
+    }
+}
