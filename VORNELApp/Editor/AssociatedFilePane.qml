@@ -40,6 +40,7 @@ FocusScope {
         content: content
         document: text.area.textDocument
         drafts: pane.model.openSkill.draft.files
+        onBegun: text.area.cursorPosition = 0
     }
     Instantiator {
         active: pane.path.endsWith(".md")
@@ -90,7 +91,7 @@ FocusScope {
         visible: edited.isShown
 
         area.Accessible.name: "Contenu de " + pane.path
-        area.readOnly: pane.isLocked
+        area.readOnly: pane.isLocked || edited.isReadOnly
     }
     PictureView {
         anchors.bottom: parent.bottom

@@ -16,6 +16,11 @@ void EditedFile::componentComplete()
     follow();
 }
 
+bool EditedFile::isReadOnly() const
+{
+    return m_path.section(u'/', -1) == u"vornel.json";
+}
+
 bool EditedFile::isStale() const
 {
     const auto edits = isShown() ? m_drafts->find(m_path) : std::nullopt;
@@ -49,6 +54,8 @@ void EditedFile::show(const std::optional<UnsavedFile> &edits)
     if (const QString text = edits ? edits->text : m_savedText; m_text->differsFrom(text))
         m_text->replace(text);
     Q_EMIT changed();
+    if (isOther)
+        Q_EMIT begun();
 }
 
 void EditedFile::close()

@@ -20,6 +20,7 @@ class EditedFile : public QObject, public QQmlParserStatus
     Q_PROPERTY(vornel::FileDrafts *drafts MEMBER m_drafts REQUIRED)
     Q_PROPERTY(QQuickTextDocument *document MEMBER m_document REQUIRED)
     Q_PROPERTY(bool isShown READ isShown NOTIFY changed)
+    Q_PROPERTY(bool isReadOnly READ isReadOnly NOTIFY changed)
     Q_PROPERTY(bool isModified READ isModified NOTIFY changed)
     Q_PROPERTY(bool isStale READ isStale NOTIFY changed)
 
@@ -28,6 +29,10 @@ public:
 
     /// Whether there is a text to edit.
     bool isShown() const { return !m_path.isEmpty(); }
+
+    /// Whether the file is VORNEL's own.
+    bool isReadOnly() const;
+
     bool isModified() const { return isShown() && m_drafts->find(m_path).has_value(); }
 
     /// Whether the file holds something else than what the edits began with.
@@ -42,6 +47,9 @@ public:
 
 Q_SIGNALS:
     void changed();
+
+    /// The text of another file is shown.
+    void begun();
 
 private:
     void follow();

@@ -15,7 +15,7 @@ Item {
     readonly property OpenSkill skill: model.openSkill
     readonly property SkillDraft draft: skill.draft
     readonly property bool isDraft: path === "SKILL.md"
-    readonly property bool isText: isDraft || file.edited.isShown
+    readonly property bool isText: isDraft || (file.edited.isShown && !file.edited.isReadOnly)
     readonly property bool isSaved: isDraft ? !draft.isTextModified && draft.standing === SkillDraft.Current : !file.edited.isModified
 
     /** Whether nothing was edited, and the skill that held the text is gone. */

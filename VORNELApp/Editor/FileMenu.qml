@@ -11,7 +11,8 @@ ActionMenu {
     property string path
     property bool isFolder: true
 
-    readonly property bool isText: path === "SKILL.md"
+    /** Whether it is one that stays where it is. */
+    readonly property bool isFixed: path === "" || actions.isFixed(path)
 
     /** Where something new goes. */
     readonly property string folder: isFolder ? path : actions.folderOf(path)
@@ -38,7 +39,7 @@ ActionMenu {
         onSettled: menu.actions.askForFolder(menu.folder)
     }
     ActionMenuItem {
-        enabled: menu.actions.canChange && menu.path !== "" && !menu.isText
+        enabled: menu.actions.canChange && !menu.isFixed
         symbol: "pencil"
         text: "Renommer ou déplacer…"
         onSettled: menu.actions.askForName(menu.path, menu.isFolder)
@@ -72,7 +73,7 @@ ActionMenu {
         onTriggered: menu.actions.open(menu.folder)
     }
     ActionMenuItem {
-        enabled: menu.actions.canChange && menu.path !== "" && !menu.isText
+        enabled: menu.actions.canChange && !menu.isFixed
         isDestructive: true
         symbol: "trash-2"
         text: "Supprimer…"

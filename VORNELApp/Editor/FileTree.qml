@@ -23,10 +23,7 @@ Surface {
     signal fileChosen(path: string)
 
     function openMenu(row: FileTreeRow, place: point): void {
-        if (row !== null)
-            menu.openFor(row.path, row.isFolder, row, place);
-        else
-            menu.openFor("", true, tree, place);
+        menu.openFor(row.path, row.isFolder, row, place);
     }
 
     Accessible.name: "Arborescence"
@@ -116,10 +113,6 @@ Surface {
             relativeFiles: tree.model.selectedSkill?.relativeFiles ?? []
             unsavedFiles: tree.modifiedFiles
         }
-    }
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: eventPoint => tree.openMenu(null, eventPoint.position)
     }
     DropArea {
         id: dropArea

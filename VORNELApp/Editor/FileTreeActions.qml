@@ -14,6 +14,10 @@ Item {
     function folderOf(path: string): string {
         return path.includes("/") ? path.substring(0, path.lastIndexOf("/")) : "";
     }
+    /** Whether every skill has this file. */
+    function isFixed(path: string): bool {
+        return ["SKILL.md", "vornel.json"].includes(path);
+    }
     function askForFile(folder: string): void {
         sheet.askForNew(folder, false);
     }
@@ -21,11 +25,11 @@ Item {
         sheet.askForNew(folder, true);
     }
     function askForName(path: string, isFolder: bool): void {
-        if (canChange && path !== "SKILL.md")
+        if (canChange && !isFixed(path))
             sheet.askForName(path, isFolder);
     }
     function askToRemove(path: string, isFolder: bool): void {
-        if (canChange && path !== "SKILL.md")
+        if (canChange && !isFixed(path))
             removal.ask(path, isFolder);
     }
     function bring(urls: var, folder: string): void {

@@ -47,7 +47,6 @@ T.ItemDelegate {
 
     TapHandler {
         acceptedButtons: Qt.RightButton
-        gesturePolicy: TapHandler.ReleaseWithinBounds // the tree below opens no menu of its own
         onTapped: eventPoint => {
             row.forceActiveFocus(Qt.MouseFocusReason);
             row.menuAsked(eventPoint.position);
