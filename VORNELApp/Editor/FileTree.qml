@@ -20,7 +20,21 @@ Surface {
     /** The row that has the keyboard; null while none has. */
     readonly property FileTreeRow currentRow: view.activeFocus ? view.currentItem as FileTreeRow : null
 
+    /** Where the keyboard was before the rows were made anew. */
+    property int formerRow: -1
+    property string formerPath
+
     signal fileChosen(path: string)
+
+    /** A file is new, and is to be edited. */
+    signal fileOpened(path: string)
+
+    /** Gives the keyboard to the row of a path or, where none shows it, to one near the current row. */
+    function takeKeyboard(path: string): void {
+        const row = files.rowOf(path);
+        view.forceLayout();
+        view.moveTo(row >= 0 ? row : view.currentIndex);
+    }
 
     function openMenu(row: FileTreeRow, place: point): void {
         menu.openFor(row.path, row.isFolder, row, place);
@@ -34,6 +48,27 @@ Surface {
         id: actions
 
         model: tree.model
+        onSettled: (path, isNew) => {
+            if (isNew && tree.model.selectedSkill.relativeFiles.includes(path))
+                tree.fileOpened(path);
+            else
+                tree.takeKeyboard(path);
+        }
+    }
+    Connections {
+        function onModelAboutToBeReset() {
+            tree.formerRow = view.activeFocus ? view.currentIndex : -1;
+            tree.formerPath = tree.currentRow?.path ?? "";
+        }
+
+        function onModelReset() {
+            if (tree.formerRow < 0)
+                return;
+            view.currentIndex = tree.formerRow;
+            tree.takeKeyboard(tree.formerPath);
+        }
+
+        target: files
     }
     FileMenu {
         id: menu

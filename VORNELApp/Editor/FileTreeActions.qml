@@ -9,10 +9,29 @@ Item {
     required property AppModel model
 
     readonly property FileChanges changes: model.openSkill.files
+    /** What has been made or changed, until the question about it has closed. */
+    property string changedPath
+    property bool isNew: false
+
     readonly property bool canChange: !model.isWorking && model.openSkill.draft.standing !== SkillDraft.Gone
 
     function folderOf(path: string): string {
         return path.includes("/") ? path.substring(0, path.lastIndexOf("/")) : "";
+    }
+    /** A change is done, and nothing is asked any more: what is shown of it may have the keyboard. */
+    signal settled(path: string, isNew: bool)
+
+    function conclude(path: string, isNew: bool): void {
+        changedPath = path;
+        actions.isNew = isNew;
+        settle();
+    }
+    function settle(): void {
+        if (changedPath === "" || sheet.visible || removal.visible || replacement.visible)
+            return;
+        const path = changedPath;
+        changedPath = "";
+        settled(path, isNew);
     }
     /** Whether every skill has this file. */
     function isFixed(path: string): bool {
@@ -58,6 +77,7 @@ Item {
         id: sheet
 
         changes: actions.changes
+        onClosed: actions.settle()
     }
     ConfirmationDialog {
         id: removal
@@ -79,6 +99,7 @@ Item {
         subject: path
         title: ""
         onAccepted: actions.changes.remove(path)
+        onClosed: actions.settle()
     }
     ConfirmationDialog {
         id: replacement
@@ -87,8 +108,21 @@ Item {
         message: "Ce qui est remplacé reste dans l’historique de la compétence, sauf ce qui n’est pas enregistré."
         title: ""
         onAccepted: actions.changes.add()
+        onClosed: actions.settle()
     }
     Connections {
+        function onCreated(path) {
+            actions.conclude(path, true);
+        }
+
+        function onMoved(from, to) {
+            actions.conclude(to, false);
+        }
+
+        function onRemoved(path) {
+            actions.conclude(actions.folderOf(path) || "SKILL.md", false);
+        }
+
         function onReplacementAsked(paths) {
             replacement.title = paths.length === 1 ? "Remplacer ce fichier\u00A0?" : "Remplacer " + paths.length + " fichiers\u00A0?";
             replacement.subject = paths.slice(0, 5).join("\n") + (paths.length > 5 ? "\n…" : "");

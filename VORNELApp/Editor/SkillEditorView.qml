@@ -119,11 +119,6 @@ FocusScope {
         target: editor.skill
     }
     Connections {
-        function onCreated(path) {
-            if (editor.detail?.relativeFiles.includes(path) ?? false)
-                editor.selectedFile = path;
-        }
-
         function onMoved(from, to) {
             if (editor.selectedFile === from || editor.selectedFile.startsWith(from + "/"))
                 editor.selectedFile = to + editor.selectedFile.substring(from.length);
@@ -216,6 +211,10 @@ FocusScope {
         visible: !editor.isSideOpen || (editor.width > Metrics.roomForTexts && !(editor.isHistoryOpen && editor.isVersionShown))
         width: visible ? Math.min(240, parent.width / 4) : 0
         onFileChosen: path => editor.selectedFile = path
+        onFileOpened: path => {
+            editor.selectedFile = path;
+            editor.takeKeyboard();
+        }
     }
     Surface {
         anchors.bottom: tree.bottom

@@ -1,5 +1,7 @@
 #include "SkillFileListModel.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -106,6 +108,12 @@ QHash<int, QByteArray> SkillFileListModel::roleNames() const
 {
     return {{NameRole, "name"},   {PathRole, "path"},         {SymbolRole, "symbol"},
             {DepthRole, "depth"}, {IsFolderRole, "isFolder"}, {IsOpenRole, "isOpen"}};
+}
+
+int SkillFileListModel::rowOf(const QString &path) const
+{
+    const auto found = std::ranges::find(m_rows, path, [](const Row &row) { return row.node.path; });
+    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
 }
 
 void SkillFileListModel::setOpen(int row, bool isOpen)

@@ -35,6 +35,9 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
+    /// The row of a file or folder; -1 where none shows it.
+    Q_INVOKABLE int rowOf(const QString &path) const;
+
     /// Opens or closes the folder of this row; of a file, nothing happens.
     Q_INVOKABLE void setOpen(int row, bool isOpen);
 

@@ -114,6 +114,7 @@ EditorTest {
         saveOverCopies();
         verifyFile("docs/guide.txt", "aun\r\ndeux\r\n");
 
+        area("guide.txt").cursorPosition = 0;
         type("b");
         fixture.remove(guide);
         keyClick(Qt.Key_S, Qt.ControlModifier);
@@ -133,6 +134,8 @@ EditorTest {
         retype("Chemin dans la compétence", "manuel.txt");
         press(Qt.Key_Return);
         awaitText("Contenu de manuel.txt");
+        awaitGone("Renommer ou déplacer");
+        tryVerify(() => focusedName() === "manuel.txt");
         compare(area("manuel.txt").text, "aun\ndeux\n", "what isn't saved goes along");
         verifyFile("manuel.txt", "un\r\ndeux\r\n");
         awaitGone("guide.txt");
@@ -144,6 +147,7 @@ EditorTest {
         accept("SKILL.md");
         awaitGone("LICENCE");
         settle();
+        tryVerify(() => focusedName() === "SKILL.md");
         model.undo();
         awaitText("LICENCE");
         verifyFile("LICENCE", "libre\n");
@@ -154,7 +158,7 @@ EditorTest {
         type("neuf.md");
         press(Qt.Key_Return);
         awaitText("Contenu de docs/neuf.md");
-        area("neuf.md").forceActiveFocus();
+        tryVerify(() => focusedName() === "Contenu de docs/neuf.md");
         type("x");
         saveAll();
         verifyFile("docs/neuf.md", "x");
