@@ -4,7 +4,7 @@ set(vornel_bundle ${PROJECT_BINARY_DIR}/VORNELApp/VORNEL_VORNELApp.bundle)
 set(vornel_font_weights 400Regular 500Medium 600SemiBold)
 set(vornel_symbols
     archive arrow-down-narrow-wide arrow-left arrow-right badge-check brain check chevron-down chevron-left chevron-right chevron-up circle circle-check
-    circle-dot clipboard-paste code-xml copy download ellipsis external-link file file-braces file-code file-plus file-text folder
+    circle-dot clipboard-paste code-xml copy copy-plus download ellipsis external-link file file-braces file-code file-plus file-text folder
     folder-open folder-plus folder-sync gauge grid-2x2 history image info layout-grid link list-checks list-x palette pencil plus refresh-cw rotate-cw save search settings shield-half sliders-horizontal sparkles
     trash-2 triangle-alert undo-2 wrench x)
 

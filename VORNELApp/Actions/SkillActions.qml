@@ -34,6 +34,10 @@ Item {
         model: actions.model
         selection: actions.selection
         onClosed: actions.closed()
+        onDuplicateAsked: {
+            duplication.make();
+            (duplication.item as DuplicationSheet).ask(skill.id, skill.slug, skill.displayName);
+        }
         onPropertiesAsked: actions.askForProperties()
         onSynchronizationAsked: synchronization.synchronize(actions.selection.ids())
         onTrashAsked: actions.askToTrash()
@@ -51,6 +55,20 @@ Item {
 
         ignoreUnknownSignals: true
         target: propertySheet.item
+    }
+    DeferredItem {
+        id: duplication
+
+        file: "DuplicationSheet.qml"
+        properties: ({ model: actions.model })
+    }
+    Connections {
+        function onClosed() {
+            actions.closed();
+        }
+
+        ignoreUnknownSignals: true
+        target: duplication.item
     }
     SkillSynchronization {
         id: synchronization

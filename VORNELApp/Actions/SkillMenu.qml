@@ -30,6 +30,7 @@ Item {
     readonly property string all: isAlone ? "" : " les " + number
 
     signal closed
+    signal duplicateAsked
     signal propertiesAsked
     signal synchronizationAsked
     signal trashAsked
@@ -72,6 +73,12 @@ Item {
             symbol: "sliders-horizontal"
             text: chooser.isAlone ? "Propriétés…" : "Propriétés des " + chooser.number + "…"
             onSettled: chooser.propertiesAsked()
+        }
+        ActionMenuItem {
+            enabled: chooser.isAlone && !chooser.model.isWorking
+            symbol: "copy-plus"
+            text: "Dupliquer…"
+            onSettled: chooser.duplicateAsked()
         }
         ActionMenuItem {
             enabled: !chooser.model.isWorking

@@ -14,6 +14,7 @@ RowLayout {
     /** Whether there are edits of the properties that aren't saved. */
     required property bool arePropertiesModified
 
+    signal duplicateAsked
     signal historyAsked
     signal propertiesAsked
     signal saveAsked
@@ -74,6 +75,12 @@ RowLayout {
         ActionMenu {
             id: menu
 
+            ActionMenuItem {
+                enabled: !bar.model.isWorking
+                symbol: "copy-plus"
+                text: "Dupliquer…"
+                onSettled: bar.duplicateAsked()
+            }
             ActionMenuItem {
                 enabled: !bar.model.isWorking
                 isDestructive: true

@@ -165,6 +165,10 @@ FocusScope {
         anchors.top: parent.top
         arePropertiesModified: propertyForm.isModified
         model: editor.model
+        onDuplicateAsked: {
+            duplication.make();
+            (duplication.item as DuplicationSheet).ask(editor.detail.manifest.id, editor.detail.manifest.slug, editor.detail.manifest.displayName);
+        }
         onHistoryAsked: editor.toggleHistory()
         onPropertiesAsked: editor.toggleProperties()
         onSaveAsked: {
@@ -316,6 +320,12 @@ FocusScope {
         id: comparison
 
         file: "TextComparisonSheet.qml"
+        properties: ({ model: editor.model })
+    }
+    DeferredItem {
+        id: duplication
+
+        file: "DuplicationSheet.qml"
         properties: ({ model: editor.model })
     }
     UnsavedSheet {

@@ -271,6 +271,7 @@ public:
     // Actions that tell how they ended. They never throw.
 
     QCoro::Task<Outcome> createSkill(CreateSkillRequest request);
+    QCoro::Task<Outcome> duplicateSkill(QUuid id, QString slug);
     QCoro::Task<Outcome> setProperties(QList<QUuid> ids, PropertyChange change,
                                        std::optional<qint64> expectedRevision);
     QCoro::Task<Outcome> restoreSetAside(QString copy, QString slug);

@@ -80,6 +80,15 @@ QCoro::Task<Outcome> AppModel::createSkill(CreateSkillRequest request)
     });
 }
 
+QCoro::Task<Outcome> AppModel::duplicateSkill(QUuid id, QString slug)
+{
+    return m_operations.perform([this, id, slug = std::move(slug)]() -> QCoro::Task<> {
+        co_await m_service->duplicateSkill(id, slug, std::nullopt);
+        co_await m_library.read();
+        m_operations.confirm(u"DUPLIQUÉE"_s);
+    });
+}
+
 QCoro::Task<Outcome> AppModel::setProperties(QList<QUuid> ids, PropertyChange change,
                                              std::optional<qint64> expectedRevision)
 {

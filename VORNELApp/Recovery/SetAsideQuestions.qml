@@ -23,7 +23,7 @@ Item {
         if (model.isWorking)
             return;
         choose(record);
-        naming.ask(copy, record.skill.slug, record.skill.displayName);
+        naming.ask();
     }
     function askToRevert(record: skillEntry): void {
         if (model.isWorking)
@@ -38,9 +38,24 @@ Item {
         deletion.open();
     }
 
+    SetAsideForm {
+        id: copyForm
+
+        model: questions.model
+        onAccepted: naming.close()
+    }
     SlugSheet {
         id: naming
 
+        function ask(): void {
+            copyForm.begin(questions.copy, questions.record.skill.slug);
+            title = "Restaurer «\u00A0" + questions.record.skill.displayName + "\u00A0»";
+            open();
+        }
+
+        acceptText: "Restaurer la copie"
+        explanation: "Une nouvelle compétence est créée avec les fichiers de cette copie, et installée chez vos assistants."
+        form: copyForm
         model: questions.model
         onClosed: questions.closed()
     }

@@ -83,6 +83,18 @@ TEST_F(Draft, IsReadAsItWasKeptUntilItIsDiscarded)
     EXPECT_TRUE(names(folder).empty());
 }
 
+TEST_F(Draft, HoldsTheTextsOfOtherFilesToo)
+{
+    const QList<UnsavedFile> files{{u"docs/é.md"_s, u"a\r\nb"_s, u"0a1b"_s}, {u"x"_s, u""_s, {}}};
+    drafts->keepDraft(id, {u"texte"_s, u"texte"_s, {}, files}).waitForFinished();
+    restart();
+    EXPECT_EQ(read().value_or(KeptDraft()).files, files);
+
+    write(file, R"({"schemaVersion": 1, "text": "x", "baseDigest": "", "keptAt": "2026-11-22T13:32:00Z"})");
+    EXPECT_EQ(readText(), u"x"_s) << "as the first version has kept it";
+    EXPECT_TRUE(read().value_or(KeptDraft()).files.isEmpty());
+}
+
 TEST_F(Draft, WaitsForNobodyWhoHoldsTheWorkspace)
 {
     const WorkspaceHold held(path("workspace"));
@@ -163,7 +175,7 @@ TEST_F(Draft, ThatIsNoneIsSetAside)
         [&] { write(file, R"({"schemaVersion": 1, "text": 3, "baseDigest": "", "keptAt": "hier"})"); },
         [&] {
             write(file,
-                  R"({"schemaVersion": 2, "text": "x", "baseDigest": "", "keptAt": "2026-11-22T13:32:00Z"})");
+                  R"({"schemaVersion": 3, "text": "x", "baseDigest": "", "keptAt": "2026-11-22T13:32:00Z", "files": []})");
         },
         [&] { fs::create_directories(path(file) / "in"); },
         [&] { fs::create_symlink(path("outside"), path(file)); },

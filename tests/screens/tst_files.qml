@@ -164,6 +164,21 @@ EditorTest {
         verifyFile("docs/neuf.md", "x");
     }
 
+    function test_duplicate() {
+        openFile();
+        type("a");
+        click("Plus d’actions");
+        clickUntil("Dupliquer…", "Dupliquer «\u00a0audit\u00a0»");
+        compare(control("Identifiant").text, "audit-copie");
+        retype("Identifiant", "notes");
+        awaitText("Une compétence de la bibliothèque porte cet identifiant.");
+        retype("Identifiant", "revue");
+        press(Qt.Key_Return);
+        awaitText("DUPLIQUÉE");
+        compare(fixture.bytes("codex/revue/docs/guide.txt"), fixture.bytesOfText("un\r\ndeux\r\n"), "as it is saved");
+        verify(shows("MODIFIÉ"), "what is typed stays");
+    }
+
     function test_files_from_elsewhere() {
         openFile();
         fixture.write("dehors/lot/a.txt", "a");
