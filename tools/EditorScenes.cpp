@@ -47,6 +47,14 @@ void photographChoices(const Photographer &photographer, Studio &studio)
     photographer.press(Qt::Key_Down);
     photographer.press(Qt::Key_Return);
     Studio::rest();
+    photographer.take(u"editor-duplicate"_s);
+    photographer.click(u"Annuler"_s);
+    Studio::rest();
+    photographer.click(u"Plus d’actions"_s);
+    photographer.press(Qt::Key_Down);
+    photographer.press(Qt::Key_Down);
+    photographer.press(Qt::Key_Return);
+    Studio::rest();
     photographer.take(u"editor-trash"_s);
     photographer.click(u"Annuler"_s);
     studio.model().closeSkill();
@@ -250,6 +258,30 @@ void abandon(Studio &studio)
     studio.settle();
 }
 
+/// An edited file beside the text, and what can be done with files.
+void photographFiles(const Photographer &photographer, Studio &studio)
+{
+    const std::string path = "references/grille-de-controle.md";
+    std::stringstream text;
+    text << std::ifstream(studio.path("VORNEL/skills/audit-accessibilite") / path).rdbuf();
+    const QByteArray bytes = QByteArray::fromStdString(text.str());
+    studio.open(u"audit-accessibilite"_s);
+    studio.model().openSkill()->draft()->files()->edit(
+        {QString::fromStdString(path), QString::fromUtf8(bytes).replace(u"Une copie"_s, u"Une page"_s),
+         FileDrafts::digestOf(bytes)});
+    photographer.click(u"grille-de-controle.md"_s);
+    Studio::rest();
+    photographer.take(u"editor-files"_s);
+    photographer.click(u"Nouveau fichier, nouveau dossier…"_s);
+    Studio::rest();
+    photographer.take(u"editor-file-menu"_s);
+    photographer.click(u"Nouveau fichier…"_s);
+    Studio::rest();
+    photographer.take(u"editor-file-name"_s);
+    photographer.press(Qt::Key_Escape);
+    abandon(studio);
+}
+
 /// An edit here while the skill is edited, and then removed, in the workspace.
 void photographStale(const Photographer &photographer, Studio &studio)
 {
@@ -339,6 +371,7 @@ void photographEditor(Photographer &photographer, Studio &studio)
     photographChoices(photographer, studio);
     photographProperties(photographer, studio);
     photographProblems(photographer, studio);
+    photographFiles(photographer, studio);
     photographPicture(photographer, studio);
     photographStale(photographer, studio);
     photographFound(photographer, studio);

@@ -18,6 +18,17 @@ bool contains(const QList<SkillSummary> &skills, const QUuid &id)
     return std::ranges::find(skills, id, &SkillSummary::id) != skills.end();
 }
 
+/// All that a draft holds, each text below the path of its file where there are several.
+QString allTexts(const KeptDraft &draft)
+{
+    if (draft.files.isEmpty())
+        return draft.text;
+    QString all = u"SKILL.md\n\n"_s + draft.text;
+    for (const UnsavedFile &file : draft.files)
+        all += u"\n\n"_s + file.path + u"\n\n"_s + file.text;
+    return all;
+}
+
 } // namespace
 
 StrayTexts::StrayTexts(QObject *parent)
@@ -53,7 +64,7 @@ void StrayTexts::copy()
     QCoro::connect(answerOf(m_model->drafts().draft(m_shown.first().id)), this,
                    [this](const Answer<Draft> &answer) {
                        if (const Draft draft = answer.value.value_or(Draft()))
-                           QGuiApplication::clipboard()->setText(draft->text);
+                           QGuiApplication::clipboard()->setText(allTexts(*draft));
                        conclude(answer.outcome);
                    });
 }
