@@ -9,7 +9,8 @@
 #include <VORNELInfrastructure/Workspace/Locating.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
-#include <algorithm>
+#include <ranges>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -113,12 +114,12 @@ QStringList FileEdit::emptyFolders(const QUuid &id) const
 {
     const FileTreeSnapshot tree = treeOf(activeRecord(m_workspace, id));
     QStringList folders;
-    for (const Entry &folder : tree.entries) {
-        const auto isFileInside = [&](const Entry &entry) {
-            return entry.kind == Entry::Kind::file && isAtOrBelow(entry.relativePath, folder.relativePath);
-        };
-        if (folder.kind == Entry::Kind::directory && std::ranges::none_of(tree.entries, isFileInside))
-            folders.append(QString::fromStdString(folder.relativePath));
+    std::set<std::filesystem::path> filled;                         // each with the folders above it
+    for (const Entry &entry : tree.entries | std::views::reverse) { // what a folder holds comes before it
+        if (entry.kind == Entry::Kind::file || filled.contains(entry.relativePath))
+            filled.insert(std::filesystem::path(entry.relativePath).parent_path());
+        else
+            folders.prepend(QString::fromStdString(entry.relativePath));
     }
     return folders;
 }

@@ -66,6 +66,7 @@ TEST_F(Files, ChangeTogetherInOneRevision)
                                {"docs/reference/deep/", ""},
                                {"docs/reference/deep/next.md", "next"},
                                {"docs/reference/deep/page.md", "page"}}));
+    EXPECT_EQ(service->emptyFolders(demo).result(), (QStringList{u"data.bin"_s, u"data.bin/empty"_s}));
     EXPECT_EQ(permissionsOf(path("workspace/skills/demo/docs/reference/deep/page.md")), 0700)
         << "a file that moves isn't written anew";
 
