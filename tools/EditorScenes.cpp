@@ -67,9 +67,9 @@ void photographProperties(const Photographer &photographer, Studio &studio)
     photographer.click(u"Propriétés"_s);
     Studio::rest();
     photographer.take(u"editor-properties"_s);
-    for (int stop = 0; stop < 3; ++stop)
+    for (int stop = 0; stop < 4; ++stop)
         photographer.press(Qt::Key_Tab);
-    photographer.write(u"sé"_s);
+    photographer.write(u"ré"_s);
     Studio::rest();
     photographer.take(u"editor-properties-tags"_s);
     photographer.press(Qt::Key_Tab);

@@ -21,7 +21,7 @@ void photographEmptyDestinations(Photographer &photographer, Studio &studio)
 void photographUndo(const Photographer &photographer, Studio &studio)
 {
     AppModel &model = studio.model();
-    model.moveSkillsToTrash({model.overview()->skills.at(0).id});
+    model.moveSkillsToTrash({studio.idOf(u"veille-technique"_s)});
     studio.settle();
     Studio::rest();
     photographer.take(u"library-undo"_s);

@@ -26,6 +26,9 @@ public:
     /// Makes a folder that isn't VORNEL's, with a note in it.
     void occupy(const std::filesystem::path &folder) const;
 
+    /// Gives the imported skills a name for people, their description in full, a category and tags.
+    void classifySkills();
+
     /// The identifier of the skill of this slug, which has to be in the library.
     QUuid idOf(const QString &slug);
 

@@ -18,20 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Sorts the imported skills, which have no category yet, into several.
-void sortSkills(Studio &studio)
-{
-    AppModel &model = studio.model();
-    const QList<SkillSummary> skills = model.overview()->skills;
-    const QStringList categories{u"development"_s, u"quality"_s, u"operations"_s, u"knowledge"_s};
-    for (qsizetype number = 0; number < skills.size(); ++number) {
-        model.assignSkills({skills.at(number).id}, categories.at(number % categories.size()));
-        studio.settle();
-    }
-    studio.quieten();
-}
-
-/// A skill with keywords, which an imported one doesn't have.
+/// A skill with more keywords than a card has room for.
 void createSkill(Studio &studio)
 {
     CreateSkillRequest request;
@@ -58,18 +45,18 @@ void loseCopy(Studio &studio)
 void photographShell(Photographer &photographer, Studio &studio)
 {
     photographEmptyDestinations(photographer, studio);
-    sortSkills(studio);
-    photographUndo(photographer, studio);
+    studio.classifySkills();
     createSkill(studio);
+    photographUndo(photographer, studio);
     photographEditor(photographer, studio);
     loseCopy(studio);
     photographLibrary(photographer, studio);
     photographCategories(photographer);
+    photographCreation(photographer, studio);
     photographTrash(photographer, studio);
     photographAttention(photographer, studio);
     photographError(photographer, studio);
     photographUnreadable(photographer, studio);
-    photographCreation(photographer, studio);
     photographEmptyLibrary(photographer, studio);
     photographClosing(photographer, studio);
 }

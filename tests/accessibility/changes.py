@@ -112,7 +112,7 @@ def trash(program, restored, deleted):
 
 
 def attention(program, folder):
-    missing, drifted = "Audit d’accessibilité", "Tests de charge"
+    missing, drifted = "audit-accessibilite", "tests-de-charge"
     shutil.rmtree(folder / "claude/audit-accessibilite")
     (folder / "codex/tests-de-charge/SKILL.md").write_text("edited in place", encoding="utf-8")
     program.press("Actualiser")

@@ -1,4 +1,3 @@
-#!/usr/bin/env python3
 """Envoie des appels simultanés à une adresse et affiche les délais observés."""
 
 import argparse
