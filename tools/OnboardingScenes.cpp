@@ -50,6 +50,20 @@ void photographImport(const Photographer &photographer, Studio &studio)
     photographer.take(u"library-confirmation"_s);
 }
 
+/// What the heads of the imported texts would mend.
+void photographImportedTexts(const Photographer &photographer, Studio &studio)
+{
+    studio.quieten();
+    Studio::rest();
+    photographer.take(u"library-texts"_s);
+    photographer.click(u"Reprendre…"_s);
+    Studio::rest();
+    photographer.take(u"library-texts-sheet"_s);
+    photographer.press(Qt::Key_Escape);
+    Studio::rest();
+    photographer.click(u"Ignorer"_s);
+}
+
 } // namespace
 
 void photographFailure(Photographer &photographer)
@@ -103,6 +117,7 @@ void photographOnboarding(Photographer &photographer, Studio &studio)
         studio.model().advanceOnboarding();
     }
     photographImport(photographer, studio);
+    photographImportedTexts(photographer, studio);
 }
 
 } // namespace vornel

@@ -115,6 +115,13 @@ void SkillSelection::assign(const QString &category)
     m_model->assignSkills(m_held, category);
 }
 
+void SkillSelection::holdThese(const QVariantList &ids)
+{
+    m_held.clear();
+    for (const QVariant &id : ids)
+        m_held.insert(id.toUuid());
+}
+
 QString SkillSelection::heldNames() const
 {
     constexpr qsizetype mostNames = 3;

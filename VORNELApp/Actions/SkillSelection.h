@@ -64,6 +64,9 @@ public:
     Q_INVOKABLE void hold() { m_held = m_shown; }
     Q_INVOKABLE void hold(QUuid id) { m_held = carried(id); }
 
+    /// Takes these skills, selected or not.
+    Q_INVOKABLE void holdThese(const QVariantList &ids);
+
     Q_INVOKABLE int heldCount() const { return static_cast<int>(m_held.size()); }
 
     /// The held skills in the order of the list: identifiers, slugs, and the only one, which is an invalid

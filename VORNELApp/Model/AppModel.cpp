@@ -36,6 +36,7 @@ AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::pa
       m_liveReading(std::move(watch), m_library, m_operations),
       m_startUp(m_service, m_operations, m_library, defaults),
       m_import(m_service),
+      m_importedTexts(m_service, m_library),
       m_selectedSkill(m_service, m_drafts, m_operations),
       m_openSkill(m_service, *m_drafts, m_operations, m_library, m_selectedSkill, m_departure),
       m_replacement(*m_service, m_operations),

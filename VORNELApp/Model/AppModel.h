@@ -12,6 +12,7 @@
 #include <VORNELApp/Import/ImportSession.h>
 #include <VORNELApp/Leaving/Departure.h>
 #include <VORNELApp/Library/LibraryFilters.h>
+#include <VORNELApp/Properties/ImportedTexts.h>
 
 #include <QUrl>
 
@@ -58,6 +59,7 @@ class AppModel : public QObject
     Q_PROPERTY(qreal commitProgress READ commitProgress NOTIFY commitProgressChanged)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY isBusyChanged)
     Q_PROPERTY(vornel::LibraryFilters *filters READ filters CONSTANT)
+    Q_PROPERTY(vornel::ImportedTexts *importedTexts READ importedTexts CONSTANT)
     Q_PROPERTY(vornel::Departure *departure READ departure CONSTANT)
     Q_PROPERTY(vornel::OpenSkill *openSkill READ openSkill CONSTANT)
     Q_PROPERTY(vornel::CopyReplacement *replacement READ replacement CONSTANT)
@@ -163,6 +165,9 @@ public:
 
     /// What narrows the library beside the fields above, and its order.
     LibraryFilters *filters() { return &m_filters; }
+
+    /// What the texts of the skills just imported would mend.
+    ImportedTexts *importedTexts() { return &m_importedTexts; }
 
     /// What asks before unsaved edits are left.
     Departure *departure() { return &m_departure; }
@@ -351,6 +356,7 @@ private:
     LiveReading m_liveReading;
     StartUp m_startUp;
     ImportSession m_import;
+    ImportedTexts m_importedTexts;
     SelectedSkill m_selectedSkill;
     Departure m_departure;
     OpenSkill m_openSkill;

@@ -20,6 +20,17 @@ QList<SkillSummary> named(const QSet<QUuid> &ids, QList<SkillSummary> skills)
     return skills;
 }
 
+/// What the plan would import.
+QSet<QString> slugsOf(const ImportPlan &plan)
+{
+    QSet<QString> slugs;
+    for (const ImportCandidate &candidate : plan.candidates)
+        slugs.insert(candidate.slug);
+    for (const ImportCollision &collision : plan.collisions)
+        slugs.insert(collision.slug);
+    return slugs;
+}
+
 } // namespace
 
 QCoro::Task<> AppModel::start()
@@ -57,7 +68,9 @@ void AppModel::commitImport()
     if (!importPlan())
         return;
     m_operations.perform([this]() -> QCoro::Task<> {
+        const QSet<QString> slugs = slugsOf(*importPlan());
         m_library.show(co_await m_import.commit());
+        m_importedTexts.lookAt(slugs);
         m_startUp.complete();
         setSelectedDestination(Destination::library);
         m_operations.confirm(u"PRÊT"_s);

@@ -11,12 +11,18 @@ Sheet {
     required property AppModel model
     required property SkillSelection selection
 
+    /** Whether it opens with the names and descriptions of the texts chosen. */
+    property bool isFromText: false
+
+    readonly property alias acceptButton: accept
+
     readonly property var removedTags: form.removedTags
     readonly property bool canSave: form.isModified && !form.isWaiting && !model.isWorking
     readonly property string skills: form.count === 1 ? "la compétence" : form.count + " compétences"
 
     function ask(): void {
         form.begin(selection.ids());
+        form.isFromText = isFromText;
         names.text = selection.heldNames();
         if (form.count > 0) // they may be gone by now
             open();
@@ -73,6 +79,7 @@ Sheet {
                 Label {
                     color: Colors.secondary
                     font: Typography.small
+                    lineHeight: 1.25
                     text: form.textChanges
                     width: parent.width
                     wrapMode: Text.Wrap
@@ -149,6 +156,8 @@ Sheet {
             onClicked: sheet.close()
         }
         ActionButton {
+            id: accept
+
             enabled: sheet.canSave
             role: ActionButton.Primary
             text: "Modifier " + sheet.skills

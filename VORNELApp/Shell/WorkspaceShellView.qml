@@ -175,8 +175,8 @@ FocusScope {
     ShellContent {
         id: content
 
-        anchors.bottom: news.top
-        anchors.bottomMargin: news.visible ? Metrics.large : 0
+        anchors.bottom: texts.top
+        anchors.bottomMargin: texts.visible || news.visible ? Metrics.large : 0
         anchors.left: sidebar.right
         anchors.right: parent.right
         anchors.top: stray.bottom
@@ -190,6 +190,26 @@ FocusScope {
             if (!isSkillOpen)
                 shell.model.clearError();
         }
+    }
+    DeferredItem {
+        id: texts
+
+        anchors.bottom: news.top
+        anchors.bottomMargin: visible ? Metrics.large : 0
+        anchors.left: stray.left
+        anchors.right: stray.right
+        file: "ImportedTextsNotice.qml"
+        height: visible ? implicitHeight : 0
+        isWanted: shell.model.importedTexts.notice !== ""
+        properties: ({ model: shell.model })
+    }
+    Connections {
+        function onDecided() {
+            content.takeKeyboard();
+        }
+
+        ignoreUnknownSignals: true
+        target: texts.item
     }
     DeferredItem {
         id: news

@@ -5,6 +5,7 @@ import shutil
 from program import BACKTAB, RETURN, UNAVAILABLE
 
 NAME = "Essai de marche"
+MENDED_BY_TEXTS = "«\u00a0Reprendre du SKILL.md\u00a0» corrigerait la description de 2 compétences importées."
 
 
 def creation(program):
@@ -127,6 +128,19 @@ def attention(program, folder):
     program.sees("label", "1 compétence")
 
 
+def texts(program):
+    """Assistants will read two of the imported descriptions otherwise than the import has."""
+    program.sees("alert message", MENDED_BY_TEXTS)
+    program.sees("push button", "Reprendre…")
+    program.sees_page()
+    ignores(program)
+
+
+def ignores(program):
+    program.press("Ignorer")
+    program.wait("no word of it any more", lambda nodes: nodes and not any(node.name == "Ignorer" for node in nodes))
+
+
 def news(program, folder):
     made = folder / "claude/trouvaille"
     made.mkdir()
@@ -139,8 +153,7 @@ def news(program, folder):
 
     program.wait("the new skill with its buttons", lambda nodes: any(map(tells, nodes)))
     program.sees_page()
-    program.press("Ignorer")
-    program.wait("no word of it any more", lambda nodes: nodes and not any(node.name == "Ignorer" for node in nodes))
+    ignores(program)
     shutil.rmtree(made)
 
 

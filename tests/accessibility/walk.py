@@ -4,7 +4,7 @@ import pathlib
 import shutil
 import sys
 
-from changes import NAME, attention, category, creation, news, properties, selection, trash
+from changes import NAME, attention, category, creation, news, properties, selection, texts, trash
 from drafts import ends_with_edits, ends_with_edits_while_others_work, finds_edits, tells_what_it_loses
 from first_start import failure, onboarding, opens_at_once, preparation, settles
 from program import BACKTAB, DOWN, END, ESCAPE, HOME, LEFT, MENU, RETURN, RIGHT, SPACE, UNAVAILABLE, Program
@@ -149,6 +149,7 @@ def main(executable, command_line, demo, folder):
         onboarding(program)
         preparation(program)
         program.sees("alert message", "PRÊT")
+        texts(program)
         shell(program, names)
         destinations(program)
         creation(program)

@@ -37,7 +37,7 @@ ScreenTest {
     function test_collision() {
         fixture.write("claude/audit/SKILL.md", "un");
         fixture.write("codex/audit/SKILL.md", "deux");
-        fixture.write("claude/notes/SKILL.md", "name: Notes");
+        fixture.write("claude/notes/SKILL.md", "---\nname: Notes\ndescription: >-\n  Prend des notes\n---\n");
         fixture.write("codex/vide/notes.md", "sans SKILL.md");
         enterImportPage();
         tryVerify(() => control("Claude").activeFocus);
@@ -71,6 +71,7 @@ ScreenTest {
         all("Claude")[1].clicked();
         awaitText("Prêt à commencer.");
         clickUntil("Ouvrir la bibliothèque", "Bibliothèque", "PRÊT", "Notes");
+        awaitText("«\u00a0Reprendre du SKILL.md\u00a0» corrigerait la description d’une compétence importée.");
 
         close();
         fixture.restart();

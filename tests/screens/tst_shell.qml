@@ -57,6 +57,53 @@ ScreenTest {
         verify(!shows("Ignorer"));
     }
 
+    function isInLibrary() {
+        return all("Compétences").some(item => item.activeFocus);
+    }
+    function importAll(count) {
+        reload();
+        clickUntil("Importer…", "Importer des compétences", count + " COMPÉTENCES");
+        tryVerify(() => focusedName() === "Importer");
+        press(Qt.Key_Return);
+        awaitGone("Importer des compétences");
+    }
+
+    function test_texts_that_say_more_than_the_import_has_read() {
+        const offer = rest => "«\u00a0Reprendre du SKILL.md\u00a0» corrigerait " + rest;
+        openShell(["audit"]);
+        fixture.write("claude/plan/SKILL.md", "---\nname: 'Plan'\ndescription: >-\n  Prépare\n  tout\n---\n");
+        fixture.write("codex/revue/SKILL.md", "---\nname: revue\ndescription: \"Relit\"\n---\n");
+        fixture.write("codex/juste/SKILL.md", "---\nname: juste\ndescription: Relit\n---\n");
+        importAll(3);
+        const both = offer("le nom ou la description de 2 compétences importées.");
+        awaitText(both);
+        control("Reprendre…").forceActiveFocus();
+        press(Qt.Key_Escape);
+        tryVerify(isInLibrary, 1000, "Esc turns from the notice");
+
+        control("Reprendre…").forceActiveFocus();
+        press(Qt.Key_Return, "Propriétés de 2 compétences");
+        awaitText("plan\u00a0: nom «\u00a0Plan\u00a0», description «\u00a0Prépare tout\u00a0»\nrevue\u00a0: description «\u00a0Relit\u00a0»");
+        tryVerify(() => focusedName() === "Modifier 2 compétences");
+        press(Qt.Key_Return, "PROPRIÉTÉS MODIFIÉES");
+        awaitGone("Propriétés de 2 compétences", both);
+        tryVerify(isInLibrary);
+        compare(model.overview.skills.map(skill => skill.summary).sort(), ["", "Prépare tout", "Relit", "Relit"]);
+
+        fixture.write("claude/autre/SKILL.md", "---\nname: autre\ndescription: 'Une autre'\n---\n");
+        importAll(1);
+        const other = offer("la description d’une compétence importée.");
+        awaitText(other);
+        reload();
+        verify(shows(other));
+        click("Ignorer");
+        awaitGone(other);
+        tryVerify(isInLibrary);
+        reload();
+        wait(100);
+        verify(!shows(other), "it is offered once");
+    }
+
     function test_destinations_and_a_skill() {
         openShell(["audit", "notes"]);
         verifyShown("VORNEL", "Tout est à jour");
