@@ -12,6 +12,7 @@ PATIENCE = 30  # seconds that anything may take, on a machine with much else to 
 UNAVAILABLE = "indisponible"
 TAB, BACKTAB, RETURN, ESCAPE, SPACE, DELETE = 0xFF09, 0xFE20, 0xFF0D, 0xFF1B, 0x20, 0xFFFF
 HOME, LEFT, RIGHT, DOWN, END, MENU = 0xFF50, 0xFF51, 0xFF53, 0xFF54, 0xFF57, 0xFF67
+BACKSPACE, F8 = 0xFF08, 0xFFC5
 
 
 def focus(nodes):
