@@ -23,7 +23,9 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${VORNEL_MAINTAINER}")
 set(CPACK_DEBIAN_PACKAGE_SECTION non-free/utils) # as long as no licence is granted
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The libraries are found in the programs; the modules of QML and the plugins are loaded only at run time.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme, qml6-module-qtqml, qml6-module-qtqml-models, \
-qml6-module-qtqml-workerscript, qml6-module-qtquick, qml6-module-qtquick-layouts, qml6-module-qtquick-templates")
+# Where the desktop has no dialogs for files, Qt's own need the modules of controls and of folders' lists, too.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme, qml6-module-qt-labs-folderlistmodel, qml6-module-qtqml, \
+qml6-module-qtqml-models, qml6-module-qtqml-workerscript, qml6-module-qtquick, qml6-module-qtquick-controls, \
+qml6-module-qtquick-dialogs, qml6-module-qtquick-layouts, qml6-module-qtquick-templates")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, fonts-noto-color-emoji, qt6-image-formats-plugins, qt6-wayland")
 include(CPack)

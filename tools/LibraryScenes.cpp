@@ -64,6 +64,42 @@ void photographNewSkills(const Photographer &photographer, Studio &studio)
     Studio::rest();
 }
 
+/// What somebody has sent: a skill that is new, one that is there, and one with another text.
+void photographAddition(const Photographer &photographer, Studio &studio)
+{
+    const fs::path given = studio.path("Téléchargements/compétences");
+    fs::create_directories(given);
+    fs::copy(studio.path("claude/relecture-de-code"), given / "plan-de-tests");
+    for (const char *slug : {"revue-de-securite", "relecture-de-code"})
+        fs::copy(studio.path("VORNEL/skills") / slug, given / slug, fs::copy_options::recursive);
+    std::ofstream(given / "relecture-de-code/SKILL.md", std::ios::app) << "Une remarque de plus.\n";
+    studio.occupy("claude/plan-de-tests");
+
+    const QList<QUrl> sources{QUrl::fromLocalFile(QString::fromStdString(given))};
+    photographer.hold(sources);
+    photographer.take(u"library-drop"_s);
+    photographer.letGo();
+    photographer.hold({QUrl(u"https://exemple.fr/archive.zip"_s)});
+    photographer.take(u"library-drop-refused"_s);
+    photographer.letGo();
+    studio.model().addition()->begin(sources);
+    Studio::rest();
+    photographer.take(u"library-addition-open"_s);
+    fs::remove_all(studio.path("claude/plan-de-tests"));
+    photographer.click(u"Relancer l’analyse"_s);
+    Studio::rest();
+    photographer.click(u"Prendre la nouvelle"_s);
+    Studio::rest();
+    photographer.take(u"library-addition"_s);
+    photographer.press(Qt::Key_Escape);
+    Studio::rest();
+    studio.model().addition()->begin({QUrl::fromLocalFile(u"/inconnu/archive.zip"_s)});
+    Studio::rest();
+    photographer.take(u"library-addition-failed"_s);
+    photographer.press(Qt::Key_Escape);
+    Studio::rest();
+}
+
 } // namespace
 
 void photographLibrary(Photographer &photographer, Studio &studio)
@@ -80,6 +116,7 @@ void photographLibrary(Photographer &photographer, Studio &studio)
     photographer.take(u"library-drag"_s);
     photographer.letGo();
     photographNewSkills(photographer, studio);
+    photographAddition(photographer, studio);
 }
 
 void photographEmptyLibrary(Photographer &photographer, Studio &studio)

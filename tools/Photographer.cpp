@@ -94,9 +94,20 @@ void Photographer::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 void Photographer::hold(const QString &payload, const QString &text) const
 {
     QQuickItem *target = button(text);
-    const QPoint place = target->mapToScene(target->boundingRect().center()).toPoint();
     QMimeData data;
     data.setText(payload);
+    hold(data, target->mapToScene(target->boundingRect().center()).toPoint());
+}
+
+void Photographer::hold(const QList<QUrl> &files) const
+{
+    QMimeData data;
+    data.setUrls(files);
+    hold(data, QPoint(m_size.width(), m_size.height()) / 2);
+}
+
+void Photographer::hold(const QMimeData &data, const QPoint &place) const
+{
     QDragEnterEvent enter({}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(m_window, &enter);
     QDragMoveEvent move(place, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);

@@ -4,7 +4,9 @@
 
 #include <QSize>
 #include <QStringList>
+#include <QUrl>
 
+class QMimeData;
 class QQuickItem;
 class QQuickWindow;
 
@@ -36,6 +38,9 @@ public:
     /// Holds a dragged text over the button that reads `text`.
     void hold(const QString &payload, const QString &text) const;
 
+    /// Holds files over the middle of the window.
+    void hold(const QList<QUrl> &files) const;
+
     /// Ends the drag without a drop.
     void letGo() const;
 
@@ -49,6 +54,7 @@ public:
     void type(const QString &text) const;
 
 private:
+    void hold(const QMimeData &data, const QPoint &place) const;
     QQuickItem *button(const QString &text, const QString &row = {}) const;
 
     QString m_folder;

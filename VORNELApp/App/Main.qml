@@ -25,6 +25,23 @@ Window {
     title: "VORNEL"
     width: 1240
 
+    // For the file dialogs of Qt.
+    palette {
+        base: Colors.surface
+        button: Colors.raised
+        buttonText: Colors.text
+        dark: Colors.line
+        highlight: Colors.accent
+        highlightedText: Colors.inkOnAccent
+        light: Colors.raised
+        mid: Colors.line
+        midlight: Colors.hover
+        placeholderText: Colors.muted
+        text: Colors.text
+        window: Colors.raised
+        windowText: Colors.text
+    }
+
     onActiveChanged: if (active) model.lookForChanges()
 
     onClosing: event => {

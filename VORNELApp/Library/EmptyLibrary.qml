@@ -17,7 +17,7 @@ StateView {
 
     line: {
         if (page.isLibraryEmpty)
-            return "Créez la première, ou importez celles que vos assistants ont déjà.";
+            return "Créez la première, importez celles que vos assistants ont déjà, ou ajoutez un dossier ou une archive.";
         return isCategoryEmpty ? "La catégorie «\u00A0" + page.categoryName + "\u00A0» est vide."
             : "Aucune compétence ne correspond à ces critères.";
     }
@@ -38,6 +38,10 @@ StateView {
         text: "Importer…"
         visible: view.page.isLibraryEmpty
         onClicked: view.importAsked()
+    }
+    AdditionButton {
+        model: view.model
+        visible: view.page.isLibraryEmpty
     }
     ActionButton {
         text: "Effacer la recherche"

@@ -12,6 +12,11 @@ Item {
 
     signal creationAsked
 
+    /** Opens the menu of what can be added, for the keyboard. */
+    function openAddition(): void {
+        addition.openForKeyboard();
+    }
+
     readonly property bool isNarrow: width < 700
     readonly property bool hasResults: page.skillCount > 0
 
@@ -95,6 +100,12 @@ Item {
             texts: header.model.filters.orderTexts
             title: "Ordre"
             onChosen: index => header.model.filters.order = index
+        }
+        AdditionButton {
+            id: addition
+
+            isCompact: true
+            model: header.model
         }
         ActionButton {
             enabled: !header.model.isWorking

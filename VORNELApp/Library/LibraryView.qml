@@ -54,6 +54,11 @@ FocusScope {
             selection.selectAll();
     }
 
+    Shortcut {
+        enabled: library.visible && !library.model.isWorking
+        sequence: "Ctrl+O"
+        onActivated: header.openAddition()
+    }
     SkillSelection {
         id: selection
 
@@ -145,6 +150,10 @@ FocusScope {
 
         file: "CategoriesView.qml"
         properties: ({ model: library.model })
+    }
+    AdditionDrop {
+        anchors.fill: parent
+        model: library.model
     }
     DeferredItem {
         id: actions

@@ -42,11 +42,13 @@ AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::pa
       m_replacement(*m_service, m_operations),
       m_adoption(m_service, m_operations, m_library, m_selectedSkill),
       m_history(m_service, m_operations, m_library, m_selectedSkill, *m_openSkill.replacement()),
+      m_addition(m_service, m_operations, m_library, m_selectedSkill),
       m_filters(std::move(defaults))
 {
     forwardChanges();
     connect(&m_departure, &Departure::left, this, &AppModel::go);
     connect(&m_library, &Library::overviewChanged, this, &AppModel::keepBatchFailures);
+    connect(&m_addition, &Addition::added, this, &AppModel::showAdded);
     connect(&m_library, &Library::overviewChanged, &m_filters,
             [this] { m_filters.keepTags(overview()->skills); });
     connect(&m_operations, &Operations::isWorkingChanged, &m_replacement, [this] {
@@ -97,6 +99,16 @@ void AppModel::go(Departure::Exit exit)
         setSelectedDestination(m_departure.destination());
     if (exit == Departure::ToDestination || exit == Departure::ToList)
         closeSkill();
+}
+
+/// No filter hides what has come.
+void AppModel::showAdded()
+{
+    setSelectedDestination(Destination::library);
+    setSearchText({});
+    setSelectedCategory({});
+    setSelectedMaturity({});
+    m_filters.clear();
 }
 
 void AppModel::followImport()

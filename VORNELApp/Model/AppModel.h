@@ -8,6 +8,7 @@
 #include <VORNELApp/Actions/SkillBatch.h>
 #include <VORNELApp/Copies/Adoption.h>
 #include <VORNELApp/Editor/OpenSkill.h>
+#include <VORNELApp/Exchange/Addition.h>
 #include <VORNELApp/History/History.h>
 #include <VORNELApp/Import/ImportSession.h>
 #include <VORNELApp/Leaving/Departure.h>
@@ -66,6 +67,7 @@ class AppModel : public QObject
     Q_PROPERTY(vornel::Adoption *adoption READ adoption CONSTANT)
     Q_PROPERTY(vornel::History *history READ history CONSTANT)
     Q_PROPERTY(vornel::SkillBatch *batch READ batch CONSTANT)
+    Q_PROPERTY(vornel::Addition *addition READ addition CONSTANT)
 
 public:
     /// `drafts` lie beside what `service` keeps; `defaults` holds what the user's machine remembers between
@@ -155,6 +157,9 @@ public:
 
     /// The changes made to several skills.
     SkillBatch *batch() { return &m_batch; }
+
+    /// How skills come into the library from elsewhere.
+    Addition *addition() { return &m_addition; }
 
     /// What is known of the overview's skills of which a copy isn't right.
     const WrongCopies &wrongCopies() const { return m_library.wrongCopies(); }
@@ -335,6 +340,7 @@ private:
     void keepGivenUpText(const QUuid &undoneStep);
     QCoro::Task<> followSelected();
     void keepBatchFailures();
+    void showAdded();
 
     QVariant overviewValue() const;
     QVariant importPlanValue() const;
@@ -364,6 +370,7 @@ private:
     Adoption m_adoption;
     History m_history;
     SkillBatch m_batch;
+    Addition m_addition;
     LibraryFilters m_filters;
     GivenUpText m_givenUpText;
     std::optional<Destination> m_selectedDestination = Destination::library;

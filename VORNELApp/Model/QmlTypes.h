@@ -4,6 +4,7 @@
 
 #include <VORNELCore/Library/LibraryQuery.h>
 #include <VORNELCore/Records/CopyInspection.h>
+#include <VORNELCore/Records/ExchangeRecords.h>
 #include <VORNELCore/Records/ImportModels.h>
 #include <VORNELCore/Records/TargetComparison.h>
 #include <VORNELCore/Records/TargetOccupant.h>
@@ -115,6 +116,13 @@ struct ComparedFolderType
     Q_GADGET
     QML_FOREIGN(vornel::ComparedFolder)
     QML_VALUE_TYPE(comparedFolder)
+};
+
+struct AdditionType
+{
+    Q_GADGET
+    QML_FOREIGN(vornel::SkillAddition)
+    QML_VALUE_TYPE(skillAddition)
 };
 
 struct OccupantType

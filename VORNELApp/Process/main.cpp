@@ -3,6 +3,7 @@
 #include "TerminationSignals.h"
 
 #include <VORNELApp/App/VORNELApp.h>
+#include <VORNELApp/Exchange/DialogTranslator.h>
 #include <VORNELApp/Model/AppModel.h>
 #include <VORNELCore/Errors/ErrorMessage.h>
 #include <VORNELInfrastructure/Workspace/DefaultWorkspaceLocator.h>
@@ -109,6 +110,8 @@ int main(int argc, char *argv[])
     QGuiApplication::setApplicationName(u"vornel"_s);
     QGuiApplication::setApplicationDisplayName(u"VORNEL"_s);
     QGuiApplication::setDesktopFileName(u"com.brindlecove.vornel"_s);
+    DialogTranslator translator;
+    QGuiApplication::installTranslator(&translator);
     try {
         return chosen.showsGallery ? showGallery() : showApplication(chosen.endsAfterFirstFrame);
     } catch (const std::exception &error) {

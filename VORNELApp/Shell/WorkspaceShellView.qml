@@ -157,6 +157,29 @@ FocusScope {
         target: importing.item
     }
     Connections {
+        function onBegun() {
+            adding.make();
+            (adding.item as AdditionSheet).open();
+        }
+
+        target: shell.model.addition
+    }
+    DeferredItem {
+        id: adding
+
+        file: "AdditionSheet.qml"
+        properties: ({ model: shell.model })
+    }
+    Connections {
+        function onClosed() {
+            if (!shell.activeFocus || !shell.Window.activeFocusItem.visible) // who asked for it may have gone
+                content.takeKeyboard();
+        }
+
+        ignoreUnknownSignals: true
+        target: adding.item
+    }
+    Connections {
         function onIsMergingChanged() {
             if (!shell.model.adoption.isMerging)
                 return;

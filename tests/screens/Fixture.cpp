@@ -54,6 +54,43 @@ private:
     int &m_count;
 };
 
+/// A text, or the addresses of files, as a drag carries them.
+std::unique_ptr<QMimeData> carried(const QString &text)
+{
+    auto data = std::make_unique<QMimeData>();
+    data->setText(text);
+    return data;
+}
+
+std::unique_ptr<QMimeData> carried(const QList<QUrl> &files)
+{
+    auto data = std::make_unique<QMimeData>();
+    data->setUrls(files);
+    return data;
+}
+
+QPoint middleOf(const QQuickItem &item)
+{
+    return item.mapToScene(item.boundingRect().center()).toPoint();
+}
+
+void drag(const QQuickItem &item, const QMimeData &data)
+{
+    QDragLeaveEvent leave; // what is before
+    QCoreApplication::sendEvent(item.window(), &leave);
+    QDragEnterEvent enter({}, Qt::MoveAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(item.window(), &enter);
+    QDragMoveEvent move(middleOf(item), Qt::MoveAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(item.window(), &move);
+}
+
+void dragAndDrop(const QQuickItem &item, const QMimeData &data)
+{
+    drag(item, data);
+    QDropEvent drop(middleOf(item), Qt::MoveAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(item.window(), &drop);
+}
+
 QUuid idAmong(const QList<SkillSummary> &skills, const QString &slug)
 {
     const auto found = std::ranges::find(skills, slug, &SkillSummary::slug);
@@ -235,25 +272,22 @@ void Fixture::emptyTrashElsewhere() const
 
 void Fixture::dragOver(QQuickItem *item, const QString &text)
 {
-    QDragLeaveEvent leave; // what is before
-    QCoreApplication::sendEvent(item->window(), &leave);
-    QMimeData data;
-    data.setText(text);
-    const QPoint middle = item->mapToScene(item->boundingRect().center()).toPoint();
-    QDragEnterEvent enter({}, Qt::MoveAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(item->window(), &enter);
-    QDragMoveEvent move(middle, Qt::MoveAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(item->window(), &move);
+    drag(*item, *carried(text));
 }
 
 void Fixture::drop(QQuickItem *item, const QString &text)
 {
-    dragOver(item, text);
-    QMimeData data;
-    data.setText(text);
-    const QPointF middle = item->mapToScene(item->boundingRect().center());
-    QDropEvent drop(middle, Qt::MoveAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(item->window(), &drop);
+    dragAndDrop(*item, *carried(text));
+}
+
+void Fixture::dragOver(QQuickItem *item, const QList<QUrl> &files)
+{
+    drag(*item, *carried(files));
+}
+
+void Fixture::drop(QQuickItem *item, const QList<QUrl> &files)
+{
+    dragAndDrop(*item, *carried(files));
 }
 
 void Fixture::holdWorkspace(bool onlyReads)

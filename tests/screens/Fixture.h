@@ -92,6 +92,10 @@ public:
     Q_INVOKABLE static void dragOver(QQuickItem *item, const QString &text);
     Q_INVOKABLE static void drop(QQuickItem *item, const QString &text);
 
+    /// The same with files of these addresses.
+    Q_INVOKABLE static void dragOver(QQuickItem *item, const QList<QUrl> &files);
+    Q_INVOKABLE static void drop(QQuickItem *item, const QList<QUrl> &files);
+
     /// Locks the workspace, as another program would: operations wait until it is released; those that only
     /// read don't where the other program only reads.
     Q_INVOKABLE void holdWorkspace(bool onlyReads = false);
