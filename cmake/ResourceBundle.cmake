@@ -6,7 +6,7 @@ set(vornel_symbols
     archive arrow-down-narrow-wide arrow-left arrow-right badge-check brain check chevron-down chevron-left chevron-right chevron-up circle circle-check
     circle-dot clipboard-paste code-xml copy copy-plus download ellipsis external-link file file-braces file-code file-plus file-text folder
     folder-open folder-plus folder-sync gauge grid-2x2 history image info layout-grid link list-checks list-x palette pencil plus refresh-cw rotate-cw save search settings shield-half sliders-horizontal sparkles
-    trash-2 triangle-alert undo-2 wrench x)
+    trash-2 triangle-alert undo-2 upload wrench x)
 
 set(vornel_artwork Design Development Knowledge Operations Other Quality)
 

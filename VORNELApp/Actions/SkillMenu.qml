@@ -108,6 +108,12 @@ Item {
         }
         ActionMenuItem {
             enabled: !chooser.model.isWorking
+            symbol: "upload"
+            text: "Exporter" + chooser.all + "…"
+            onSettled: chooser.selection.exportHeld()
+        }
+        ActionMenuItem {
+            enabled: !chooser.model.isWorking
             isDestructive: true
             symbol: "trash-2"
             text: "Placer" + chooser.all + " dans la corbeille"

@@ -85,6 +85,9 @@ public:
     Q_INVOKABLE void restore();
     Q_INVOKABLE void deletePermanently();
 
+    /// Asks where the held skills are to be exported.
+    Q_INVOKABLE void exportHeld() const { m_model->skillExport()->begin(m_held); }
+
     /// Puts the places of the held skills on the clipboard, one on a line.
     Q_INVOKABLE void copyPaths() const;
 

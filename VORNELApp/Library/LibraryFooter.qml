@@ -10,6 +10,7 @@ ListFooter {
     required property CardPage page
     required property SkillSelection selection
 
+    signal exportAsked
     signal propertiesAsked
     signal trashAsked
 
@@ -27,6 +28,10 @@ ListFooter {
         properties: ({ model: footer.model, page: footer.page, selection: footer.selection })
     }
     Connections {
+        function onExportAsked() {
+            footer.exportAsked();
+        }
+
         function onPropertiesAsked() {
             footer.propertiesAsked();
         }

@@ -142,6 +142,10 @@ FocusScope {
         page: page
         selection: selection
         visible: library.hasResults || selection.isSelecting
+        onExportAsked: {
+            selection.hold();
+            selection.exportHeld();
+        }
         onPropertiesAsked: library.askForProperties()
         onTrashAsked: library.askToTrash()
     }

@@ -13,6 +13,7 @@ Row {
     required property SkillSelection selection
     required property CardPage page
 
+    signal exportAsked
     signal propertiesAsked
     signal trashAsked
 
@@ -64,6 +65,13 @@ Row {
         symbol: "sliders-horizontal"
         text: "Propriétés…"
         onClicked: bar.propertiesAsked()
+    }
+    ActionButton {
+        enabled: bar.canAct
+        isCompact: true
+        symbol: "upload"
+        text: "Exporter…"
+        onClicked: bar.exportAsked()
     }
     ActionButton {
         enabled: bar.canAct

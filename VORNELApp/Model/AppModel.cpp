@@ -43,6 +43,7 @@ AppModel::AppModel(std::shared_ptr<WindowServicing> service, std::filesystem::pa
       m_adoption(m_service, m_operations, m_library, m_selectedSkill),
       m_history(m_service, m_operations, m_library, m_selectedSkill, *m_openSkill.replacement()),
       m_addition(m_service, m_operations, m_library, m_selectedSkill),
+      m_export(m_service, m_operations, m_library),
       m_filters(std::move(defaults))
 {
     forwardChanges();

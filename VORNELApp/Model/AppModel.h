@@ -9,6 +9,7 @@
 #include <VORNELApp/Copies/Adoption.h>
 #include <VORNELApp/Editor/OpenSkill.h>
 #include <VORNELApp/Exchange/Addition.h>
+#include <VORNELApp/Exchange/ExportRequest.h>
 #include <VORNELApp/History/History.h>
 #include <VORNELApp/Import/ImportSession.h>
 #include <VORNELApp/Leaving/Departure.h>
@@ -68,6 +69,7 @@ class AppModel : public QObject
     Q_PROPERTY(vornel::History *history READ history CONSTANT)
     Q_PROPERTY(vornel::SkillBatch *batch READ batch CONSTANT)
     Q_PROPERTY(vornel::Addition *addition READ addition CONSTANT)
+    Q_PROPERTY(vornel::ExportRequest *skillExport READ skillExport CONSTANT)
 
 public:
     /// `drafts` lie beside what `service` keeps; `defaults` holds what the user's machine remembers between
@@ -158,8 +160,9 @@ public:
     /// The changes made to several skills.
     SkillBatch *batch() { return &m_batch; }
 
-    /// How skills come into the library from elsewhere.
+    /// How skills come into the library from elsewhere, and leave it for others.
     Addition *addition() { return &m_addition; }
+    ExportRequest *skillExport() { return &m_export; }
 
     /// What is known of the overview's skills of which a copy isn't right.
     const WrongCopies &wrongCopies() const { return m_library.wrongCopies(); }
@@ -371,6 +374,7 @@ private:
     History m_history;
     SkillBatch m_batch;
     Addition m_addition;
+    ExportRequest m_export;
     LibraryFilters m_filters;
     GivenUpText m_givenUpText;
     std::optional<Destination> m_selectedDestination = Destination::library;

@@ -180,6 +180,20 @@ FocusScope {
         target: adding.item
     }
     Connections {
+        function onPlaceAsked() {
+            exporting.make();
+            (exporting.item as ExportDialogs).ask();
+        }
+
+        target: shell.model.skillExport
+    }
+    DeferredItem {
+        id: exporting
+
+        file: "ExportDialogs.qml"
+        properties: ({ model: shell.model })
+    }
+    Connections {
         function onIsMergingChanged() {
             if (!shell.model.adoption.isMerging)
                 return;

@@ -1,7 +1,7 @@
 import QtQuick
 import VORNELApp
 
-/** Skills that come from elsewhere. */
+/** Skills that come from elsewhere, and leave for elsewhere. */
 ScreenTest {
     id: test
 
@@ -110,6 +110,25 @@ ScreenTest {
             model.clearError();
             verify(!shows("Ajouter des compétences"));
         }
+    }
+
+    function test_an_export_replaces_no_file() {
+        openShell(["audit", "notes"]);
+        fixture.write("audit.zip", "à garder");
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        awaitText("2 sélectionnées");
+        click("Exporter…");
+        tryVerify(() => model.skillExport.proposedName === "skills.zip");
+        press(Qt.Key_Escape);
+        model.skillExport.write(addressOf("audit"));
+        awaitText("«\u00A0audit.zip\u00A0» existe déjà");
+        accept("L’archive est écrite", fixture.path("audit (2).zip"), /^2 compétences, /);
+        compare(fixture.bytes("audit.zip"), fixture.bytesOfText("à garder"));
+        click("Ouvrir le dossier");
+        compare(fixture.openedFolder, fixture.path(""));
+        awaitGone("L’archive est écrite");
+        drop(addressOf("audit (2).zip"));
+        awaitText("La bibliothèque reste telle quelle\u00A0: il n’y a rien à ajouter.");
     }
 
     function test_the_menu_is_there_for_the_keyboard() {
