@@ -31,6 +31,7 @@ Sheet {
     title: "Ajouter des compétences"
     onAboutToShow: occupants.look([])
     onClosed: addition.leave()
+    onOpened: settleFocus() // what was found before then
 
     Connections {
         function onAdded() {

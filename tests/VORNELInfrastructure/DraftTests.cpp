@@ -174,8 +174,9 @@ TEST_F(Draft, ThatIsNoneIsSetAside)
         [&] { write(file, "{"); },
         [&] { write(file, R"({"schemaVersion": 1, "text": 3, "baseDigest": "", "keptAt": "hier"})"); },
         [&] {
-            write(file,
-                  R"({"schemaVersion": 3, "text": "x", "baseDigest": "", "keptAt": "2026-11-22T13:32:00Z", "files": []})");
+            write(
+                file,
+                R"({"schemaVersion": 3, "text": "x", "baseDigest": "", "keptAt": "2026-11-22T13:32:00Z", "files": []})");
         },
         [&] { fs::create_directories(path(file) / "in"); },
         [&] { fs::create_symlink(path("outside"), path(file)); },

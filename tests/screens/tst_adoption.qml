@@ -81,8 +81,8 @@ EditorTest {
         settle();
         compare(fixture.bytes("codex/audit/b.md"), fixture.bytesOfText("deux"));
         verifyOnDisk(base);
-        verifyShown("Différences avec les copies", "a.md, ajouté, Claude", "Adopter la version de Claude");
         awaitGone("b.md, ajouté, Claude");
+        awaitText("Différences avec les copies", "a.md, ajouté, Claude", "Adopter la version de Claude");
         compare(fixture.bytes("claude/audit/SKILL.md"), fixture.bytesOfText("de Claude"));
     }
 

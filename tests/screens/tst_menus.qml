@@ -109,7 +109,7 @@ ScreenTest {
         tryVerify(() => focusedName() === "Ouvrir", 5000, "the first command");
         press(Qt.Key_Down, Qt.Key_Return, "1 sélectionnée");
         compare(focusedName(), "notes");
-        press(Qt.Key_Menu, ...Array(10).fill(Qt.Key_Down), Qt.Key_Return);
+        press(Qt.Key_Menu, ...Array(11).fill(Qt.Key_Down), Qt.Key_Return);
         tryVerify(() => focusedName() === "Annuler", 5000, "the question has the keyboard");
         press(Qt.Key_Escape);
         tryVerify(() => focusedName() === "notes");
