@@ -12,7 +12,7 @@ SlugSheet {
     }
 
     acceptText: "Dupliquer"
-    explanation: "Une nouvelle compétence est créée avec les mêmes fichiers et les mêmes propriétés, et installée chez vos assistants."
+    explanation: "Une nouvelle compétence est créée avec les mêmes fichiers, tels qu’ils sont enregistrés, et les mêmes propriétés. Elle est installée chez vos assistants."
     form: duplication
 
     DuplicationForm {

@@ -30,9 +30,17 @@ std::optional<UnsavedFile> FileDrafts::find(const QString &path) const
     return index < 0 ? std::nullopt : std::optional(m_edits.at(index));
 }
 
+std::optional<UnsavedFile> FileDrafts::next(const QSet<QString> &paths) const
+{
+    const auto isOther = [&paths](const UnsavedFile &file) { return !paths.contains(file.path); };
+    const auto found = std::ranges::find_if(m_edits, isOther);
+    return found == m_edits.end() ? std::nullopt : std::optional(*found);
+}
+
 void FileDrafts::begin(const QList<UnsavedFile> &found)
 {
     m_sent.clear();
+    m_givenUp.clear();
     m_edits = found;
     Q_EMIT changed();
 }
@@ -79,6 +87,10 @@ void FileDrafts::move(const QString &from, const QString &to)
 
 void FileDrafts::remove(const QString &path)
 {
+    for (const UnsavedFile &file : m_edits) {
+        if (isAtOrBelow(file.path, path))
+            m_givenUp.insert(file.path, file.text);
+    }
     m_edits.removeIf([&](const UnsavedFile &file) { return isAtOrBelow(file.path, path); });
     Q_EMIT changed();
     Q_EMIT edited();
@@ -88,10 +100,17 @@ void FileDrafts::discard()
 {
     if (m_edits.isEmpty())
         return;
-    m_edits.clear();
+    Q_EMIT discarded();
+    for (const UnsavedFile &file : std::exchange(m_edits, {}))
+        m_givenUp.insert(file.path, file.text);
     Q_EMIT changed();
     Q_EMIT edited();
-    Q_EMIT discarded();
+}
+
+std::optional<QString> FileDrafts::givenUp(const QString &path) const
+{
+    const auto text = m_givenUp.constFind(path);
+    return text == m_givenUp.cend() ? std::nullopt : std::optional(*text);
 }
 
 void FileDrafts::endSaving(bool isSaved)

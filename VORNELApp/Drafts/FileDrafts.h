@@ -2,7 +2,9 @@
 
 #include <VORNELCore/Services/DraftKeeping.h>
 
+#include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
@@ -28,6 +30,9 @@ public:
     /// The edits of a file; nothing where there are none.
     std::optional<UnsavedFile> find(const QString &path) const;
 
+    /// The edits of the first file that is none of these; nothing where there is none.
+    std::optional<UnsavedFile> next(const QSet<QString> &paths) const;
+
     /// Begins with what was found of another skill.
     void begin(const QList<UnsavedFile> &found);
 
@@ -42,8 +47,11 @@ public:
     void move(const QString &from, const QString &to);
     void remove(const QString &path);
 
-    /// Forgets all of them.
+    /// Gives all of them up.
     void discard();
+
+    /// What was given up last of a file; nothing where that is nothing.
+    std::optional<QString> givenUp(const QString &path) const;
 
     /// The texts as they are now are being saved; and how that ended.
     void beginSaving() { m_sent = m_edits; }
@@ -60,7 +68,7 @@ Q_SIGNALS:
     /// A file holds this text now; `changed` follows where it is the one that is typed.
     void saved(const QString &path, const QString &text);
 
-    /// The edits were given up.
+    /// The edits are given up now.
     void discarded();
 
 private:
@@ -68,6 +76,7 @@ private:
 
     QList<UnsavedFile> m_edits; ///< in the order in which they began
     QList<UnsavedFile> m_sent;
+    QHash<QString, QString> m_givenUp; ///< texts, by the paths of their files
 };
 
 } // namespace vornel

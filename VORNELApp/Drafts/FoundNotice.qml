@@ -10,7 +10,15 @@ Notice {
     /** The notice goes, or the user turns from it. */
     signal decided
 
-    text: "Texte non enregistré du " + draft.foundMoment + " retrouvé."
+    /** Where it is, unless it is in the skill's text alone. */
+    readonly property string files: {
+        const paths = draft.files.paths;
+        if (paths.length === 0)
+            return "";
+        return "\u00A0: " + (draft.isTextModified ? "SKILL.md, " : "") + paths.slice(0, 4).join(", ") + (paths.length > 4 ? "…" : "");
+    }
+
+    text: "Texte non enregistré du " + draft.foundMoment + " retrouvé" + files + (files.endsWith("…") ? "" : ".")
     Keys.onEscapePressed: decided()
 
     ActionButton {

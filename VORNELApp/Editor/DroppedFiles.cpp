@@ -41,6 +41,8 @@ public:
 private:
     void readFolder(const QFileInfo &folder, const QString &path)
     {
+        if (!folder.isReadable() || !folder.isExecutable())
+            return refuse(u"«\u00A0%1\u00A0» ne peut pas être lu."_s, folder);
         const auto entries =
             QDir(folder.filePath()).entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
         for (const QFileInfo &entry : entries)

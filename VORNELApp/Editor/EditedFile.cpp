@@ -9,7 +9,7 @@ void EditedFile::componentComplete()
     m_text.emplace(m_document->textDocument());
     connect(m_content, &SkillFileContent::changed, this, &EditedFile::follow);
     connect(m_document->textDocument(), &QTextDocument::contentsChanged, this, &EditedFile::measure);
-    connect(m_drafts, &FileDrafts::changed, this, &EditedFile::changed);
+    connect(m_drafts, &FileDrafts::changed, this, &EditedFile::followDrafts);
     connect(m_drafts, &FileDrafts::edited, this, &EditedFile::changed);
     connect(m_drafts, &FileDrafts::saved, this, &EditedFile::conclude);
     connect(m_drafts, &FileDrafts::discarded, this, &EditedFile::takeDisk);
@@ -50,12 +50,35 @@ void EditedFile::show(const std::optional<UnsavedFile> &edits)
     m_savedText = m_content->text();
     const QScopedValueRollback filling(m_isFilling, true);
     if (isOther)
-        m_text->begin(m_savedText);
+        begin();
+    if (edits && edits->text == m_savedText && m_content->kind() == SkillFileContent::Text)
+        m_drafts->forget(m_path);
     if (const QString text = edits ? edits->text : m_savedText; m_text->differsFrom(text))
         m_text->replace(text);
     Q_EMIT changed();
     if (isOther)
         Q_EMIT begun();
+}
+
+/// What was given up can be brought back by undoing.
+void EditedFile::begin()
+{
+    m_text->begin(m_savedText);
+    const std::optional<QString> givenUp = m_drafts->givenUp(m_path);
+    if (!givenUp || *givenUp == m_savedText)
+        return;
+    m_text->replace(*givenUp);
+    m_text->replace(m_savedText);
+}
+
+/// Without edits, the document shows what the file holds.
+void EditedFile::followDrafts()
+{
+    if (isShown() && !isModified() && m_text->differsFrom(m_savedText)) {
+        const QScopedValueRollback filling(m_isFilling, true);
+        m_text->replace(m_savedText);
+    }
+    Q_EMIT changed();
 }
 
 void EditedFile::close()
@@ -93,8 +116,14 @@ void EditedFile::keepMine()
 
 void EditedFile::takeDisk()
 {
-    if (isShown() && m_text->differsFrom(m_savedText))
+    if (!isShown() || !isModified())
+        return;
+    if (m_content->kind() == SkillFileContent::Text) {
         m_text->replace(m_savedText);
+    } else {
+        m_drafts->remove(m_path);
+        close();
+    }
 }
 
 } // namespace vornel

@@ -54,6 +54,8 @@ Q_SIGNALS:
 private:
     void follow();
     void show(const std::optional<UnsavedFile> &edits);
+    void begin();
+    void followDrafts();
     void close();
     void measure();
     void conclude(const QString &path, const QString &text);

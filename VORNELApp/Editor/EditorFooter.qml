@@ -29,6 +29,8 @@ Item {
     readonly property string extent: {
         if (isDraft)
             return draft.characterCount + " caractères";
+        if (file.edited.isModified)
+            return "";
         if (file.content.kind !== SkillFileContent.Text)
             return file.content.size;
         return file.content.lineCount + (file.content.lineCount < 2 ? " ligne, " : " lignes, ") + file.content.size;

@@ -46,8 +46,10 @@ QString FileChanges::problem(const QString &path) const
     };
     if (path.isEmpty() || !m_selected.detail())
         return {};
-    if (std::ranges::any_of(m_selected.detail()->relativeFiles + m_emptyFolders, isThere))
+    if (std::ranges::any_of(m_selected.detail()->relativeFiles + m_emptyFolders + m_drafts.paths(), isThere))
         return u"Ce nom est déjà pris."_s;
+    if (path.startsWith(u'.') || path.contains(u"/."_s))
+        return u"Un nom ne peut pas commencer par un point\u00A0: une compétence ne garde rien de caché."_s;
     try {
         WorkspaceValidation::validateRelativePath(path.toUtf8());
     } catch (const VORNELWorkspaceError &error) {
@@ -61,7 +63,7 @@ void FileChanges::createFile(const QString &path)
     if (problem(path).isEmpty())
         ask({.changes = {WrittenFile{path, {}}},
              .confirmation = u"FICHIER CRÉÉ"_s,
-             .conclude = [this, path] { Q_EMIT created(path); }},
+             .tell = [this, path] { Q_EMIT created(path); }},
             u"Créer ce fichier"_s);
 }
 
@@ -70,7 +72,7 @@ void FileChanges::createFolder(const QString &path)
     if (problem(path).isEmpty())
         ask({.changes = {NewFolder{path}},
              .confirmation = u"DOSSIER CRÉÉ"_s,
-             .conclude = [this, path] { Q_EMIT created(path); }},
+             .tell = [this, path] { Q_EMIT created(path); }},
             u"Créer ce dossier"_s);
 }
 
@@ -79,11 +81,8 @@ void FileChanges::move(const QString &from, const QString &to)
     if (from != to)
         ask({.changes = {MovedPath{from, to}},
              .confirmation = u"DÉPLACÉ"_s,
-             .conclude =
-                 [this, from, to] {
-                     m_drafts.move(from, to);
-                     Q_EMIT moved(from, to);
-                 }},
+             .followEdits = [this, from, to] { m_drafts.move(from, to); },
+             .tell = [this, from, to] { Q_EMIT moved(from, to); }},
             u"Déplacer"_s);
 }
 
@@ -91,45 +90,60 @@ void FileChanges::remove(const QString &path)
 {
     ask({.changes = {RemovedPath{path}},
          .confirmation = u"SUPPRIMÉ"_s,
-         .conclude =
-             [this, path] {
-                 m_drafts.remove(path);
-                 Q_EMIT removed(path);
-             }},
+         .followEdits = [this, path] { m_drafts.remove(path); },
+         .tell = [this, path] { Q_EMIT removed(path); }},
         u"Supprimer"_s);
 }
 
-void FileChanges::ask(Change change, const QString &verb)
+bool FileChanges::ask(Change change, const QString &verb)
 {
     const bool isAsking = m_replacement.isLooking() || m_replacement.isAsking();
     if (m_operations.isWorking() || isAsking || !m_selected.detail())
-        return;
+        return false;
     const SkillManifest &shown = m_selected.detail()->manifest;
     change.skillID = shown.id;
     change.revision = shown.revision;
     m_change = std::move(change);
     m_replacement.change(verb);
+    return true;
 }
 
+/// The edits follow as soon as the change is made, whatever is read and shown after it.
 QCoro::Task<> FileChanges::run(Change change)
 {
     const Outcome outcome = co_await m_operations.perform([this, &change]() -> QCoro::Task<> {
-        m_selected.show(co_await m_service->changeFiles(change.skillID, change.changes, change.revision));
+        const SkillDetail skill =
+            co_await m_service->changeFiles(change.skillID, change.changes, change.revision);
+        if (m_selected.shows(change.skillID))
+            change.followEdits();
+        m_selected.show(skill);
+        if (m_selected.shows(change.skillID))
+            change.tell();
         co_await m_library.read();
         m_operations.confirm(change.confirmation);
     });
-    const bool isDone = outcome || outcome.isSynchronizationIncomplete();
-    if (isDone && m_selected.shows(change.skillID))
-        change.conclude();
+    if (outcome.isSynchronizationIncomplete() && m_selected.shows(change.skillID)) {
+        change.followEdits();
+        change.tell();
+    }
 }
 
 void FileChanges::bring(const QList<QUrl> &urls, const QString &folder)
 {
-    QCoro::connect(read(urls, folder), this, [this](const DroppedFiles &dropped) { receive(dropped); });
+    if (m_isReading || m_operations.isWorking())
+        return m_operations.showFailure(
+            {.succeeded = false, .message = u"VORNEL travaille encore. Réessayez dans un instant."_s});
+    m_isReading = true;
+    QCoro::connect(read(urls, folder), this, [this, id = m_selected.id()](const DroppedFiles &dropped) {
+        m_isReading = false;
+        if (m_selected.shows(id))
+            receive(dropped);
+    });
 }
 
 QCoro::Task<DroppedFiles> FileChanges::read(QList<QUrl> urls, QString folder)
 {
+    const Operations::Running running(m_operations);
     co_return co_await QtConcurrent::run(readDropped, urls, folder);
 }
 
@@ -155,15 +169,17 @@ void FileChanges::add()
     const QList<WrittenFile> files = std::exchange(m_new, {});
     if (files.isEmpty())
         return;
-    ask({.changes = QList<PathChange>(files.begin(), files.end()),
-         .confirmation = files.size() == 1 ? u"FICHIER COPIÉ"_s : u"FICHIERS COPIÉS"_s,
-         .conclude =
-             [this, files] {
-                 for (const WrittenFile &file : files)
-                     m_drafts.remove(file.path);
-                 Q_EMIT created(files.first().path);
-             }},
-        files.size() == 1 ? u"Copier ce fichier"_s : u"Copier ces fichiers"_s);
+    Change change{.changes = QList<PathChange>(files.begin(), files.end()),
+                  .confirmation = files.size() == 1 ? u"FICHIER COPIÉ"_s : u"FICHIERS COPIÉS"_s,
+                  .followEdits =
+                      [this, files] {
+                          for (const WrittenFile &file : files)
+                              m_drafts.remove(file.path);
+                      },
+                  .tell = [this, path = files.first().path] { Q_EMIT created(path); }};
+    if (!ask(std::move(change), files.size() == 1 ? u"Copier ce fichier"_s : u"Copier ces fichiers"_s))
+        m_operations.showFailure(
+            {.succeeded = false, .message = u"VORNEL travaille encore\u00A0: rien n’a été copié."_s});
 }
 
 } // namespace vornel

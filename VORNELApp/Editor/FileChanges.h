@@ -60,13 +60,14 @@ private:
         qint64 revision = 0;
         QList<PathChange> changes = {};
         QString confirmation = {};
-        std::function<void()> conclude = [] {};
+        std::function<void()> followEdits = [] {}; ///< of what isn't saved
+        std::function<void()> tell = [] {};
     };
 
     void look();
-    void ask(Change change, const QString &verb);
+    bool ask(Change change, const QString &verb);
     QCoro::Task<> run(Change change);
-    static QCoro::Task<DroppedFiles> read(QList<QUrl> urls, QString folder);
+    QCoro::Task<DroppedFiles> read(QList<QUrl> urls, QString folder);
     void receive(const DroppedFiles &dropped);
 
     const std::shared_ptr<WindowServicing> m_service;
@@ -77,7 +78,8 @@ private:
     FileDrafts &m_drafts;
     QStringList m_emptyFolders;
     LatestAnswer<Answer<QStringList>> m_looking;
-    Change m_change;          ///< that the user is asked about
+    Change m_change; ///< that the user is asked about
+    bool m_isReading = false;
     QList<WrittenFile> m_new; ///< what is to be copied
 };
 

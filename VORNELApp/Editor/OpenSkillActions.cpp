@@ -65,17 +65,20 @@ QCoro::Task<bool> OpenSkill::isUnchanged()
     co_return co_await isTextUnchanged() && co_await areFilesUnchanged();
 }
 
+/// A file whose first edit begins meanwhile is looked at too.
 QCoro::Task<bool> OpenSkill::areFilesUnchanged()
 {
     const QUuid id = m_id;
-    for (const UnsavedFile &file : QList(m_draft.files()->edits())) {
-        const std::optional<QByteArray> bytes = co_await readFile(file.path);
+    QSet<QString> checked;
+    for (auto file = m_draft.files()->next(checked); file; file = m_draft.files()->next(checked)) {
+        const std::optional<QByteArray> bytes = co_await readFile(file->path);
         if (!bytes || !isEditing(id))
             co_return false;
-        if (FileDrafts::digestOf(*bytes) == file.baseDigest)
-            continue;
-        Q_EMIT fileRefused(file.path);
-        co_return false;
+        if (FileDrafts::digestOf(*bytes) != file->baseDigest) {
+            Q_EMIT fileRefused(file->path);
+            co_return false;
+        }
+        checked.insert(file->path);
     }
     co_return true;
 }
@@ -122,7 +125,9 @@ QCoro::Task<Outcome> OpenSkill::write(QString skillMD)
         co_return Outcome::nothingDone();
     const SkillManifest shown = m_selected.detail()->manifest;
     co_return co_await m_operations.perform([this, &shown, &skillMD]() -> QCoro::Task<> {
-        m_selected.show(co_await saved(shown, skillMD));
+        const SkillDetail skill = co_await saved(shown, skillMD);
+        m_draft.files()->endSaving(true);
+        m_selected.show(skill);
         co_await m_library.read();
         m_operations.confirm(u"ENREGISTRÉE"_s);
     });

@@ -42,7 +42,7 @@ void OutsideFiles::open(const QString &path) const
 {
     if (!QDesktopServices::openUrl(url(path)))
         m_model->showFailure(
-            {.succeeded = false, .message = u"Aucun programme de cet ordinateur n’ouvre ce fichier."_s});
+            {.succeeded = false, .message = u"Aucun programme de cet ordinateur ne peut l’ouvrir."_s});
 }
 
 } // namespace vornel

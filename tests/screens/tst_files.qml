@@ -80,7 +80,7 @@ EditorTest {
         type("a");
         tryVerify(() => fixture.keptTexts().length === 1);
         reopen();
-        awaitText(/^Texte non enregistré du .* retrouvé\.$/);
+        awaitText(/^Texte non enregistré du .* retrouvé\u00a0: docs\/guide\.txt\.$/);
         showFile("guide.txt");
         compare(area("guide.txt").text, "aun\ndeux\n");
         saveAll();
