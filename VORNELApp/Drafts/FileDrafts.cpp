@@ -24,6 +24,12 @@ QStringList FileDrafts::paths() const
     return paths;
 }
 
+bool FileDrafts::holds(const QString &path) const
+{
+    return std::ranges::any_of(m_edits,
+                               [&path](const UnsavedFile &file) { return isAtOrBelow(file.path, path); });
+}
+
 std::optional<UnsavedFile> FileDrafts::find(const QString &path) const
 {
     const qsizetype index = indexOf(path);

@@ -27,6 +27,9 @@ public:
     bool isEmpty() const { return m_edits.isEmpty(); }
     QStringList paths() const;
 
+    /// Whether there are edits of a file, or in a folder.
+    Q_INVOKABLE bool holds(const QString &path) const;
+
     /// The edits of a file; nothing where there are none.
     std::optional<UnsavedFile> find(const QString &path) const;
 

@@ -35,7 +35,7 @@ Item {
     }
     /** Whether every skill has this file. */
     function isFixed(path: string): bool {
-        return ["SKILL.md", "vornel.json"].includes(path);
+        return path === "SKILL.md" || path === "vornel.json";
     }
     function askForFile(folder: string): void {
         sheet.askForNew(folder, false);
@@ -88,8 +88,7 @@ Item {
             removal.path = path;
             title = "Supprimer ce " + (isFolder ? "dossier" : "fichier") + "\u00A0?";
             message = (isFolder ? "Le dossier et ce qu’il contient restent" : "Le fichier reste") + " dans l’historique de la compétence."
-                + (actions.model.openSkill.draft.files.paths.some(edited => edited === path || edited.startsWith(path + "/"))
-                   ? "\n\nCe qui n’y est pas enregistré sera perdu." : "");
+                + (actions.model.openSkill.draft.files.holds(path) ? "\n\nCe qui n’y est pas enregistré sera perdu." : "");
             open();
         }
 

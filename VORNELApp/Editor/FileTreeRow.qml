@@ -36,7 +36,7 @@ T.ItemDelegate {
     Accessible.description: {
         if (isFolder)
             return isOpen ? "dossier ouvert" : "dossier fermé";
-        return [isSelected ? "affiché" : "", isModified ? "modifié, non enregistré" : ""].filter(word => word !== "").join(", ");
+        return (isSelected ? "affiché" : "") + (isSelected && isModified ? ", " : "") + (isModified ? "modifié, non enregistré" : "");
     }
     Accessible.name: text
     Accessible.onPressAction: if (enabled) clicked()
@@ -85,7 +85,7 @@ T.ItemDelegate {
             renderType: Text.NativeRendering
             text: row.text
             textFormat: Text.PlainText
-            width: row.availableWidth - x - (mark.visible ? mark.width + parent.spacing : 0)
+            width: row.availableWidth - x - (mark.visible ? mark.width + Metrics.small : 0)
         }
         Rectangle {
             id: mark

@@ -88,6 +88,19 @@ EditorTest {
         tryCompare(fixture.keptTexts(), "length", 0);
     }
 
+    function test_what_is_given_up_comes_back_by_undoing() {
+        openFile();
+        type("a");
+        tryVerify(() => fixture.keptTexts().length === 1);
+        reopen();
+        clickUntil("Abandonner", "ENREGISTRÉ");
+        showFile("guide.txt");
+        compare(area("guide.txt").text, "un\ndeux\n");
+        keyClick(Qt.Key_Z, Qt.ControlModifier);
+        compare(area("guide.txt").text, "aun\ndeux\n");
+        awaitText("MODIFIÉ");
+    }
+
     function test_leaving_asks() {
         openFile();
         type("a");
@@ -190,6 +203,22 @@ EditorTest {
         settle();
         verifyFile("lot/a.txt", "a");
         verifyFile("LICENCE", "autre");
+
+        awaitGone("Remplacer ce fichier\u00a0?");
+        awaitText("Contenu de lot/a.txt");
+        showFile("LICENCE");
+        type("vieux ");
+        model.openSkill.files.bring([urls[1]], "");
+        awaitText("Remplacer ce fichier\u00a0?");
+        accept("ENREGISTRÉ");
+        tryVerify(() => area("LICENCE").text === "autre", 5000, "what was typed isn't shown as saved");
+        settle();
+        awaitGone("Remplacer ce fichier\u00a0?");
+        area("LICENCE").forceActiveFocus();
+        keyClick(Qt.Key_Z, Qt.ControlModifier);
+        tryVerify(() => area("LICENCE").text === "vieux autre", 5000, "it can be brought back");
+        saveAll();
+        verifyFile("LICENCE", "vieux autre");
 
         model.openSkill.files.bring(["file://" + fixture.path("dehors/absent")], "");
         awaitText(/absent.* n’est ni un fichier ni un dossier/);
