@@ -29,7 +29,7 @@ T.ItemDelegate {
     highlighted: activeFocus
     hoverEnabled: true
     leftPadding: Metrics.small + depth * Metrics.large
-    rightPadding: Metrics.small
+    rightPadding: Metrics.small + (isModified ? mark.width + Metrics.small : 0)
     text: name
     onActiveFocusChanged: if (activeFocus && index >= 0) ListView.view.currentIndex = index // it is -1 once the row goes
 
@@ -45,6 +45,18 @@ T.ItemDelegate {
     Keys.onReturnPressed: clicked()
     Keys.onRightPressed: openAsked(true)
 
+    Rectangle {
+        id: mark
+
+        anchors.right: parent.right
+        anchors.rightMargin: Metrics.small
+        anchors.verticalCenter: parent.verticalCenter
+        color: Colors.warning
+        height: width
+        radius: width / 2
+        visible: row.isModified
+        width: 7
+    }
     TapHandler {
         acceptedButtons: Qt.RightButton
         onTapped: eventPoint => {
@@ -85,17 +97,7 @@ T.ItemDelegate {
             renderType: Text.NativeRendering
             text: row.text
             textFormat: Text.PlainText
-            width: row.availableWidth - x - (mark.visible ? mark.width + Metrics.small : 0)
-        }
-        Rectangle {
-            id: mark
-
-            anchors.verticalCenter: parent.verticalCenter
-            color: Colors.warning
-            height: width
-            radius: width / 2
-            visible: row.isModified
-            width: 7
+            width: row.availableWidth - x
         }
     }
 }
