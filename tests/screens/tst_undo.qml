@@ -156,7 +156,7 @@ EditorTest {
         model.emptyTrash();
         awaitText("CORBEILLE VIDÉE");
         settle();
-        tryVerify(() => !shows(undoName), 1000); // an offer stays for six seconds
+        tryVerify(() => !shows(undoName), 3000); // an offer stays for six seconds
         awaitGone("CORBEILLE VIDÉE");
     }
 }
