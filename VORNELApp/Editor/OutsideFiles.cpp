@@ -32,7 +32,7 @@ void OutsideFiles::copyPath(const QString &path) const
     QGuiApplication::clipboard()->setText(url(path).toLocalFile());
 }
 
-QList<QUrl> OutsideFiles::copied() const
+QList<QUrl> OutsideFiles::copied()
 {
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
     return data != nullptr ? data->urls() : QList<QUrl>();

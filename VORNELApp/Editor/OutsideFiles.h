@@ -24,7 +24,7 @@ public:
     Q_INVOKABLE void copyPath(const QString &path) const;
 
     /// The files and folders that another program has put there.
-    Q_INVOKABLE QList<QUrl> copied() const;
+    Q_INVOKABLE static QList<QUrl> copied();
 
     /// Opens a file or folder in the program that the desktop has for it, or tells that there is none.
     Q_INVOKABLE void open(const QString &path) const;
