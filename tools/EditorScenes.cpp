@@ -15,6 +15,13 @@ namespace fs = std::filesystem;
 namespace vornel {
 namespace {
 
+QByteArray bytesOf(const fs::path &file)
+{
+    std::stringstream bytes;
+    bytes << std::ifstream(file).rdbuf();
+    return QByteArray::fromStdString(bytes.str());
+}
+
 void photographEdits(const Photographer &photographer, Studio &studio)
 {
     studio.model().selectSkill(studio.idOf(u"revue-de-securite"_s));
@@ -114,9 +121,8 @@ void photographPicture(const Photographer &photographer, Studio &studio)
 void editCopies(const Studio &studio)
 {
     const fs::path copy = studio.path("claude/audit-accessibilite");
-    std::stringstream text;
-    text << std::ifstream(copy / "SKILL.md").rdbuf();
-    const QString edited = QString::fromStdString(text.str()).replace(u"## "_s, u"## Étape\u00A0: "_s);
+    const QString edited =
+        QString::fromUtf8(bytesOf(copy / "SKILL.md")).replace(u"## "_s, u"## Étape\u00A0: "_s);
     std::ofstream(copy / "SKILL.md") << edited.toStdString();
     std::ofstream(copy / "exemples.md") << "# Exemples\n";
     fs::remove_all(studio.path("codex/audit-accessibilite/references"));
@@ -204,9 +210,7 @@ void backdateHistory(Studio &studio)
         const qint64 revision =
             QString::fromStdString(entry.path().filename()).section(u'-', 0, 0).toLongLong();
         const fs::path file = entry.path() / "vornel.json";
-        std::stringstream text;
-        text << std::ifstream(file).rdbuf();
-        auto kept = RecordJson::decodeDocument<SkillManifest>(QByteArray::fromStdString(text.str()));
+        auto kept = RecordJson::decodeDocument<SkillManifest>(bytesOf(file));
         if (revision == 0 || !kept)
             continue;
         kept->updatedAt =
@@ -262,9 +266,7 @@ void abandon(Studio &studio)
 void photographFiles(const Photographer &photographer, Studio &studio)
 {
     const std::string path = "references/grille-de-controle.md";
-    std::stringstream text;
-    text << std::ifstream(studio.path("VORNEL/skills/audit-accessibilite") / path).rdbuf();
-    const QByteArray bytes = QByteArray::fromStdString(text.str());
+    const QByteArray bytes = bytesOf(studio.path("VORNEL/skills/audit-accessibilite") / path);
     studio.open(u"audit-accessibilite"_s);
     studio.model().openSkill()->draft()->files()->edit(
         {QString::fromStdString(path), QString::fromUtf8(bytes).replace(u"Une copie"_s, u"Une page"_s),

@@ -16,7 +16,6 @@ class SkillFileContent : public QObject, public QQmlParserStatus
     Q_PROPERTY(vornel::AppModel *model MEMBER m_model REQUIRED)
     Q_PROPERTY(QString path READ path WRITE setPath NOTIFY pathChanged)
     Q_PROPERTY(Kind kind READ kind NOTIFY changed)
-    Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(QString size READ size NOTIFY changed)
     Q_PROPERTY(int lineCount READ lineCount NOTIFY changed)
     Q_PROPERTY(QString explanation READ explanation NOTIFY changed)
