@@ -5,7 +5,6 @@
 #include "LastFolder.h"
 
 #include <algorithm>
-#include <chrono>
 #include <system_error>
 
 namespace vornel {
@@ -39,25 +38,21 @@ bool hasFurtherNames(const FileSystem &files, const Folder &folder, const std::s
     return status && status->names > 1;
 }
 
-/// Whether a file has only been given a further name, and was written so long ago that it is on the disk.
+/// Whether a file has only been given a further name, and is on the disk.
 bool isOnDisk(const FileSystem &files, const Folder &folder, const std::string &name)
 {
-    constexpr std::chrono::minutes longAgo(5);
     const std::optional<EntryStatus> status = files.statusOf(folder, name);
-    const std::chrono::nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
-    return status && status->names > 1 && now - status->modified > longAgo;
+    return status && status->names > 1 && wasWrittenLongAgo(status->modified);
 }
 
-/// Has the files below a folder written that may not be on the disk, without waiting for it.
-void startWriting(FileSystem &files, const Folder &folder, Unflushed &unflushed)
+/// Appends what may not be on the disk of a folder.
+void collectUnflushed(const FileSystem &files, const Folder &folder, Unflushed &unflushed)
 {
     for (const FolderEntry &entry : files.list(folder)) {
-        if (entry.kind == FileKind::Directory) {
-            startWriting(files, files.openFolder(folder, entry.name), unflushed);
-        } else if (entry.kind == FileKind::Regular && !isOnDisk(files, folder, entry.name)) {
-            files.startWriting(files.openFile(folder, entry.name));
+        if (entry.kind == FileKind::Directory)
+            collectUnflushed(files, files.openFolder(folder, entry.name), unflushed);
+        else if (entry.kind == FileKind::Regular && !isOnDisk(files, folder, entry.name))
             unflushed.files.push_back(fs::path(folder.path) / entry.name);
-        }
     }
     unflushed.folders.emplace_back(folder.path);
 }
@@ -229,11 +224,23 @@ void unshare(FileSystem &files, const Folder &folder, std::int64_t limit)
     }
 }
 
+bool wasWrittenLongAgo(std::chrono::nanoseconds modified)
+{
+    constexpr std::chrono::minutes longAgo(5);
+    const std::chrono::nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
+    return now - modified > longAgo;
+}
+
 void flush(FileSystem &files, const Unflushed &unflushed)
 {
     LastFolder folders(files);
+    const auto opened = [&](const fs::path &file) {
+        return files.openFile(folders.at(file.parent_path()), file.filename());
+    };
     for (const fs::path &file : unflushed.files)
-        files.flush(files.openFile(folders.at(file.parent_path()), file.filename()));
+        files.startWriting(opened(file));
+    for (const fs::path &file : unflushed.files)
+        files.flush(opened(file));
     for (const fs::path &folder : unflushed.folders)
         files.flush(files.openFolder(folder));
 }
@@ -245,7 +252,7 @@ void flushTrees(FileSystem &files, std::span<const fs::path> folders)
         return files.flushVolume(files.openFolder(folders.front()));
     Unflushed unflushed;
     for (const fs::path &folder : folders)
-        startWriting(files, files.openFolder(folder), unflushed);
+        collectUnflushed(files, files.openFolder(folder), unflushed);
     flush(files, unflushed);
 }
 

@@ -2,6 +2,7 @@
 
 #include "FileSystem.h"
 
+#include <chrono>
 #include <span>
 
 /// What is done with whole files and folders, all that is below them included. Paths are absolute and must
@@ -42,6 +43,9 @@ struct Unflushed
     std::vector<std::filesystem::path> files;
     std::vector<std::filesystem::path> folders;
 };
+
+/// Whether a file was last written so long ago that the system has brought it to the disk since.
+bool wasWrittenLongAgo(std::chrono::nanoseconds modified);
 
 /// Flushes these.
 void flush(FileSystem &files, const Unflushed &unflushed);

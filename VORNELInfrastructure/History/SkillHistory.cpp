@@ -53,8 +53,13 @@ fs::path SkillHistory::placeFor(const QUuid &id, const QString &name) const
 FileTreeSnapshot SkillHistory::add(const SkillManifest &manifest, const fs::path &skillURL) const
 {
     FileTreeSnapshot content = read(skillURL, TreeFilter::all);
-    keep(placeFor(manifest.id, revisionEntry(manifest.revision)), content);
+    add(manifest, content);
     return content;
+}
+
+void SkillHistory::add(const SkillManifest &manifest, const FileTreeSnapshot &content) const
+{
+    keep(placeFor(manifest.id, revisionEntry(manifest.revision)), content);
 }
 
 StagedFolder SkillHistory::stageFirst(const SkillManifest &manifest, const fs::path &skillURL) const

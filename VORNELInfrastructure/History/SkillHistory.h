@@ -37,6 +37,9 @@ public:
     /// Adds a copy of the skill's folder, and returns what it holds.
     FileTreeSnapshot add(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
+    /// The same for a folder of which is known what it holds.
+    void add(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
+
     /// Stages the history of a new skill with the first copy of its folder, to be committed by the caller.
     StagedFolder stageFirst(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 

@@ -12,7 +12,6 @@
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
 #include <VORNELInfrastructure/Tree/ComposedTree.h>
-#include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
 using namespace Qt::StringLiterals;
@@ -117,26 +116,15 @@ SkillDetail SkillAuthoring::revise(SkillRecord skill,
     const SkillRecord before = skill;
     advanceRevision(skill.manifest);
 
-    Stage stage = m_store.makeStage();
-    compose(former.tree)
-        .write(m_workspace.files, stage.path(), former.keptAs.empty() ? former.tree.root : fs::path());
-    m_store.writeManifest(skill.manifest, stage.path(), Durability::Later);
-    replaceFolder(before, std::move(stage), former);
+    ComposedTree composed = compose(former.tree);
+    composed.put(SkillFiles::manifest, SkillFolderStore::bytesOf(skill.manifest));
+    const FileTreeSnapshot tree = composed.snapshotAt(skill.folder);
+    replaceFolder(before, composed, former);
     SkillChange &change = m_workspace.changes[skill.manifest.id];
     change.revision = skill.manifest.revision;
     change.formerContent = former.tree.contentDigest();
-
-    FileTreeSnapshot tree;
-    try {
-        tree = history.add(skill.manifest, skill.folder);
-    } catch (...) { // what has been done can be taken back
-        bestEffort([&] {
-            change.installedContent =
-                SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::excludingManifest)
-                    .digest;
-        });
-        throw;
-    }
+    change.installedContent = tree.contentDigest();
+    history.add(skill.manifest, tree);
     return install(skill, tree, leftAlone);
 }
 
@@ -168,12 +156,16 @@ SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
     return makeDetail(m_workspace, skill);
 }
 
-void SkillAuthoring::replaceFolder(const SkillRecord &skill, Stage stage, const FormerFolder &former) const
+void SkillAuthoring::replaceFolder(const SkillRecord &skill, const ComposedTree &tree,
+                                   const FormerFolder &former) const
 {
+    Stage stage = m_store.makeStage();
+    const Unflushed made =
+        tree.write(m_workspace.files, stage.path(), former.keptAs.empty() ? former.tree.root : fs::path());
     const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + skill.manifest.slug;
     const fs::path backup = m_workspace.config.recovery() / pathFromText(name);
     StagedFolder staged{std::move(stage), {.path = skill.folder, .backup = backup, .keptAs = former.keptAs}};
-    const fs::path left = commit(m_workspace.files, staged);
+    const fs::path left = commit(m_workspace.files, staged, made);
     if (left.empty())
         return;
     bestEffort([&] {

@@ -46,8 +46,12 @@ void SkillFolderStore::writeManifest(const SkillManifest &manifest, const fs::pa
                                      Durability durability) const
 {
     refuseNewer(manifest);
-    replaceSkillFile(m_files, folder / SkillFiles::manifest,
-                     RecordJson::document(RecordJson::encode(manifest)), durability);
+    replaceSkillFile(m_files, folder / SkillFiles::manifest, bytesOf(manifest), durability);
+}
+
+QByteArray SkillFolderStore::bytesOf(const SkillManifest &manifest)
+{
+    return RecordJson::document(RecordJson::encode(manifest));
 }
 
 SkillManifest SkillFolderStore::readManifest(const fs::path &folder) const

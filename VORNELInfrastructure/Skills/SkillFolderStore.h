@@ -26,6 +26,9 @@ public:
 
     void writeSkillMD(const QString &text, const std::filesystem::path &folder) const;
 
+    /// What a skill's manifest file holds.
+    static QByteArray bytesOf(const SkillManifest &manifest);
+
     /// Throws `integrityFailure` for a manifest that a newer version wrote.
     void writeManifest(const SkillManifest &manifest, const std::filesystem::path &folder,
                        Durability durability) const;

@@ -5,6 +5,7 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
+#include <VORNELInfrastructure/Disk/LastFolder.h>
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <algorithm>
@@ -121,7 +122,14 @@ QByteArray ComposedTree::bytesOf(const FileSystem &files, const Piece &piece)
     return piece.bytes ? *piece.bytes : readFile(files, piece.source, SkillFiles::sizeLimit);
 }
 
-void ComposedTree::write(FileSystem &files, const fs::path &folder, const fs::path &former) const
+FileTreeSnapshot ComposedTree::snapshotAt(const fs::path &root) const
+{
+    std::vector<Entry> all = entries();
+    std::string digest = FileTreeSnapshot::digestOf(all);
+    return {root, std::move(all), std::move(digest)};
+}
+
+Unflushed ComposedTree::write(FileSystem &files, const fs::path &folder, const fs::path &former) const
 {
     std::vector<Entry> copied;
     for (const Piece &piece : m_pieces | std::views::values) {
@@ -129,14 +137,19 @@ void ComposedTree::write(FileSystem &files, const fs::path &folder, const fs::pa
             copied.push_back(piece.entry);
     }
     const auto source = [this](const Entry &entry) { return m_pieces.at(entry.relativePath).source; };
-    copySharing(files, copied, source, folder, [&](const Entry &entry) {
+    Unflushed made = copySharing(files, copied, source, folder, [&](const Entry &entry) {
         const bool isTakenOver = !former.empty() && entry.names == 1 && isInside(source(entry), former);
         return isTakenOver ? source(entry) : fs::path();
     });
+    LastFolder folders(files);
     for (const auto &[path, piece] : m_pieces) {
+        const fs::path place = folder / path;
         if (piece.bytes)
-            replaceFile(files, folder / path, *piece.bytes, Durability::Later);
+            files.write(files.createFile(folders.at(place.parent_path()), place.filename()), *piece.bytes);
+        if (piece.bytes || !wasWrittenLongAgo(std::chrono::seconds(piece.entry.modifiedAt)))
+            made.files.push_back(place);
     }
+    return made;
 }
 
 } // namespace vornel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VORNELInfrastructure/Disk/FileSystem.h>
+#include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
 
 #include <QByteArray>
@@ -51,10 +52,13 @@ public:
     /// The bytes of the file at a path; nothing where there is none.
     std::optional<QByteArray> bytesOf(const FileSystem &files, const std::string &path) const;
 
+    /// What a snapshot of the folder would be if it stood there.
+    FileTreeSnapshot snapshotAt(const std::filesystem::path &root) const;
+
     /// Makes the folder where nothing stands yet. What it has from `former`, a folder that is deleted once
-    /// this one is in its place, it takes over; the rest is copied. Whoever calls it flushes it.
-    void write(FileSystem &files, const std::filesystem::path &folder,
-               const std::filesystem::path &former = {}) const;
+    /// this one is in its place, it takes over; the rest is copied. Returns what may not be on the disk.
+    Unflushed write(FileSystem &files, const std::filesystem::path &folder,
+                    const std::filesystem::path &former = {}) const;
 
 private:
     /// An entry, and where its bytes are.
