@@ -1,5 +1,5 @@
-# Headers that nearly every source of a target reaches, compiled once for it. Sources still include what they use: clang-tidy
-# reads them without these.
+# Headers that nearly every source of a target reaches, compiled once for it. Sources still include what they use: those
+# that are read several at a time, by clang-tidy, are read without these.
 set(vornel_core_headers
     <algorithm> <array> <chrono> <exception> <filesystem> <functional> <map> <memory> <optional> <ranges> <set> <span>
     <string> <string_view> <system_error> <utility> <variant> <vector>
