@@ -64,13 +64,13 @@ ActionMenu {
     ActionMenuItem {
         enabled: menu.path !== "" && !menu.isFolder
         symbol: "external-link"
-        text: "Ouvrir dans son application"
-        onTriggered: menu.actions.open(menu.path)
+        text: "Ouvrir avec…"
+        onTriggered: menu.actions.openWith(menu.path)
     }
     ActionMenuItem {
         symbol: "folder-open"
         text: "Ouvrir le dossier"
-        onTriggered: menu.actions.open(menu.folder)
+        onTriggered: menu.actions.openFolder(menu.folder)
     }
     ActionMenuItem {
         enabled: menu.actions.canChange && !menu.isFixed

@@ -64,8 +64,11 @@ Item {
     function copyPath(path: string): void {
         outside.copyPath(path);
     }
-    function open(path: string): void {
-        outside.open(path);
+    function openWith(path: string): void {
+        outside.openWith(path);
+    }
+    function openFolder(path: string): void {
+        outside.openFolder(path);
     }
 
     OutsideFiles {

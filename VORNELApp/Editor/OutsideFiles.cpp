@@ -1,5 +1,9 @@
 #include "OutsideFiles.h"
 
+#include "ApplicationChoice.h"
+
+#include <VORNELApp/Model/Answer.h>
+
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
@@ -38,9 +42,27 @@ QList<QUrl> OutsideFiles::copied()
     return data != nullptr ? data->urls() : QList<QUrl>();
 }
 
-void OutsideFiles::open(const QString &path) const
+/// The service opens it: no link leads another program out of the skill.
+void OutsideFiles::openWith(const QString &path)
 {
-    if (!QDesktopServices::openUrl(url(path)))
+    QCoro::connect(answerOf(m_model->files().openFile(m_model->selectedSkillID(), path)), this,
+                   [this, place = url(path)](const Answer<std::shared_ptr<QFile>> &answer) {
+                       if (answer.value)
+                           choose(**answer.value, place);
+                       else
+                           m_model->showFailure(answer.outcome);
+                   });
+}
+
+void OutsideFiles::choose(const QFile &file, const QUrl &place)
+{
+    const auto *const choice = new ApplicationChoice(QDBusConnection::sessionBus(), file, this);
+    connect(choice, &ApplicationChoice::failed, this, [this, place] { open(place); });
+}
+
+void OutsideFiles::open(const QUrl &place) const
+{
+    if (!QDesktopServices::openUrl(place))
         m_model->showFailure(
             {.succeeded = false, .message = u"Aucun programme de cet ordinateur ne peut l’ouvrir."_s});
 }

@@ -2,6 +2,7 @@
 
 #include <VORNELApp/Model/AppModel.h>
 
+#include <QFile>
 #include <QUrl>
 
 namespace vornel {
@@ -26,10 +27,17 @@ public:
     /// The files and folders that another program has put there.
     Q_INVOKABLE static QList<QUrl> copied();
 
-    /// Opens a file or folder in the program that the desktop has for it, or tells that there is none.
-    Q_INVOKABLE void open(const QString &path) const;
+    /// Opens a folder in the desktop's file manager, or tells that there is none.
+    Q_INVOKABLE void openFolder(const QString &path) const { open(url(path)); }
+
+    /// Opens a file in the application that the user chooses; in the one that the desktop has for it where
+    /// the desktop doesn't ask.
+    Q_INVOKABLE void openWith(const QString &path);
 
 private:
+    void choose(const QFile &file, const QUrl &place);
+    void open(const QUrl &place) const;
+
     AppModel *m_model = nullptr;
 };
 

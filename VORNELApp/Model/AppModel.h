@@ -193,6 +193,7 @@ public:
     TargetComparing &targetComparer() const { return *m_service; }
     HistoryKeeping &histories() const { return *m_service; }
     PropertyEditing &properties() const { return *m_service; }
+    FileEditing &files() const { return *m_service; }
     DraftKeeping &drafts() const { return *m_drafts; }
 
     /// The library, prepared for queries of which the fields above are the filter.

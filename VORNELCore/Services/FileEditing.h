@@ -3,13 +3,15 @@
 #include <VORNELCore/Records/PathChange.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
+#include <QFile>
 #include <QFuture>
 
+#include <memory>
 #include <optional>
 
 namespace vornel {
 
-/// Changes the files of skills, and makes skills of the files of others.
+/// Changes the files of skills, opens them for other programs, and makes skills of the files of others.
 class FileEditing
 {
 public:
@@ -25,6 +27,11 @@ public:
 
     /// The folders of an active skill that hold no file, by path.
     virtual QFuture<QStringList> emptyFolders(QUuid id) = 0;
+
+    /// Opens a file of an active skill for another program, to be changed where it stands, or only read where
+    /// its permissions say so. May fail with `skillNotFound`, `invalidPath` for a path out of the folder,
+    /// `symlinkUnsupported` for a link on the way, or a file-system error.
+    virtual QFuture<std::shared_ptr<QFile>> openFile(QUuid id, QString relativePath) = 0;
 
     /// Makes a new skill with the files and properties of an active one; without a name of its own it gets
     /// that of the other, and " (copie)". May fail with `skillNotFound` and as `createSkill` does.

@@ -3,10 +3,12 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QDateTime>
+#include <QFile>
 
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -34,6 +36,9 @@ public:
     ~Descriptor();
 
     int fd() const { return m_fd; }
+
+    /// Gives it to whoever closes it then.
+    int release() { return std::exchange(m_fd, -1); }
 
 private:
     int m_fd;
@@ -161,6 +166,9 @@ public:
     /// Opens a regular file for reading. `no_such_file_or_directory` when nothing stands there; a folder,
     /// pipe or device is refused too, and never waited for.
     virtual File openFile(const Folder &folder, const std::string &name) const = 0;
+
+    /// Opens a regular file for another program, for writing too where that is allowed. Fails as `openFile`.
+    virtual std::shared_ptr<QFile> openForOthers(const Folder &folder, const std::string &name) const = 0;
 
     /// Reads bytes from `offset` on into `buffer`. Returns their number, which may be less than asked for; 0
     /// at the end.

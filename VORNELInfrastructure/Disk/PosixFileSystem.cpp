@@ -75,6 +75,20 @@ EntryStatus entryStatus(const struct stat &status)
             .changed = sinceEpoch(status.st_ctim)};
 }
 
+/// Opens a file that is neither folder, pipe nor device; none of these is waited for.
+File openRegular(const Folder &folder, const std::string &name, int access)
+{
+    Descriptor descriptor = open(folder, name, access | O_NONBLOCK);
+    struct stat status
+    {};
+    if (::fstat(descriptor.fd(), &status) != 0)
+        fail("stat", pathOf(folder, name));
+    if (!S_ISREG(status.st_mode))
+        throw fs::filesystem_error("open", pathOf(folder, name),
+                                   std::make_error_code(std::errc::not_supported));
+    return {std::move(descriptor), entryStatus(status)};
+}
+
 } // namespace
 
 fs::path PosixFileSystem::resolved(const fs::path &path) const
@@ -168,15 +182,21 @@ std::vector<FolderEntry> PosixFileSystem::list(const Folder &folder) const
 
 File PosixFileSystem::openFile(const Folder &folder, const std::string &name) const
 {
-    Descriptor descriptor = open(folder, name, O_RDONLY | O_NONBLOCK);
-    struct stat status
-    {};
-    if (::fstat(descriptor.fd(), &status) != 0)
-        fail("stat", pathOf(folder, name));
-    if (!S_ISREG(status.st_mode))
-        throw fs::filesystem_error("open", pathOf(folder, name),
-                                   std::make_error_code(std::errc::not_supported));
-    return {std::move(descriptor), entryStatus(status)};
+    return openRegular(folder, name, O_RDONLY);
+}
+
+std::shared_ptr<QFile> PosixFileSystem::openForOthers(const Folder &folder, const std::string &name) const
+{
+    const auto opened = [&](int access, QIODevice::OpenMode mode) {
+        auto file = std::make_shared<QFile>();
+        file->open(openRegular(folder, name, access).descriptor.release(), mode, QFile::AutoCloseHandle);
+        return file;
+    };
+    try {
+        return opened(O_RDWR, QIODevice::ReadWrite);
+    } catch (const fs::filesystem_error &) { // what may not be written may perhaps be read
+        return opened(O_RDONLY, QIODevice::ReadOnly);
+    }
 }
 
 std::size_t PosixFileSystem::read(const File &file, std::int64_t offset, std::span<char> buffer) const

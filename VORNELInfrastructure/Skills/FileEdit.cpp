@@ -4,6 +4,8 @@
 #include "SkillFiles.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Adoption/ComposedRevision.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Workspace/Locating.h>
@@ -122,6 +124,13 @@ QStringList FileEdit::emptyFolders(const QUuid &id) const
             folders.prepend(QString::fromStdString(entry.relativePath));
     }
     return folders;
+}
+
+std::shared_ptr<QFile> FileEdit::open(const QUuid &id, const QString &relativePath) const
+{
+    WorkspaceValidation::validateRelativePath(relativePath.toUtf8());
+    const std::filesystem::path path = activeRecord(m_workspace, id).folder / pathFromText(relativePath);
+    return m_workspace.files.openForOthers(m_workspace.files.openFolder(path.parent_path()), path.filename());
 }
 
 FileTreeSnapshot FileEdit::treeOf(const SkillRecord &skill) const

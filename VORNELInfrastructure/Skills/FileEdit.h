@@ -19,6 +19,9 @@ public:
     /// Returns and throws what `FileEditing::emptyFolders` says.
     QStringList emptyFolders(const QUuid &id) const;
 
+    /// Returns and throws what `FileEditing::openFile` says.
+    std::shared_ptr<QFile> open(const QUuid &id, const QString &relativePath) const;
+
 private:
     FileTreeSnapshot treeOf(const SkillRecord &skill) const;
 

@@ -20,6 +20,12 @@ QFuture<QStringList> LocalWorkspaceService::emptyFolders(QUuid id)
                    [=](const Workspace &workspace) { return FileEdit(workspace).emptyFolders(id); });
 }
 
+QFuture<std::shared_ptr<QFile>> LocalWorkspaceService::openFile(QUuid id, QString relativePath)
+{
+    return perform(LockMode::Shared,
+                   [=](const Workspace &workspace) { return FileEdit(workspace).open(id, relativePath); });
+}
+
 QFuture<SkillDetail> LocalWorkspaceService::duplicateSkill(QUuid id, QString slug,
                                                            std::optional<QString> displayName)
 {

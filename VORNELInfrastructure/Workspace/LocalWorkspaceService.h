@@ -85,6 +85,7 @@ public:
     QFuture<QList<SkillProperties>> reviewProperties(QList<QUuid> ids, PropertyChange change) override;
     QFuture<SkillDetail> changeFiles(QUuid id, QList<PathChange> changes, qint64 expectedRevision) override;
     QFuture<QStringList> emptyFolders(QUuid id) override;
+    QFuture<std::shared_ptr<QFile>> openFile(QUuid id, QString relativePath) override;
     QFuture<SkillDetail> duplicateSkill(QUuid id, QString slug, std::optional<QString> displayName) override;
     QFuture<qint64> sizeOf(QUuid id) override;
     QFuture<SkillManifest> reviewCreation(CreateSkillRequest request) override;

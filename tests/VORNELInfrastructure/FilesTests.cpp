@@ -3,6 +3,8 @@
 
 #include <VORNELInfrastructure/Skills/SkillFiles.h>
 
+#include <unistd.h>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -162,8 +164,26 @@ TEST_F(Files, AreNotChangedThroughLinks)
                                            MovedPath{u"link/file"_s, u"x"_s}, RemovedPath{u"link"_s}})
         EXPECT_EQ(refusal({each}), link);
     EXPECT_EQ(errorOf([&] { service->duplicateSkill(demo, u"other"_s, {}).result(); }), link);
+    EXPECT_TRUE(errorOf([&] { service->openFile(demo, u"link/file"_s).result(); }));
+    fs::create_symlink(path("outside/file"), path("workspace/skills/demo/reference/link"));
+    EXPECT_TRUE(errorOf([&] { service->openFile(demo, u"reference/link"_s).result(); }));
+    fs::remove(path("workspace/skills/demo/reference/link"));
     EXPECT_EQ(everything(), before);
     EXPECT_EQ(bytesOf(path("outside/file")), "outside");
+}
+
+TEST_F(Files, AreOpenedForOtherPrograms)
+{
+    const auto page = path("workspace/skills/demo/reference/deep/page.md");
+    const auto open = [this] { return service->openFile(demo, u"reference/deep/page.md"_s).result(); };
+    EXPECT_TRUE(open()->isWritable());
+    EXPECT_EQ(open()->readAll(), "page");
+    fs::permissions(page, fs::perms::owner_read);
+    EXPECT_EQ(open()->readAll(), "page");
+    EXPECT_EQ(open()->isWritable(), ::access(page.c_str(), W_OK) == 0);
+    EXPECT_EQ(errorOf([&] { service->openFile(demo, u"../notes/SKILL.md"_s).result(); }),
+              Error::invalidPath(PathViolation::parentTraversal));
+    EXPECT_THROW(service->openFile(demo, u"reference"_s).result(), fs::filesystem_error);
 }
 
 /// What was edited by hand and the hidden files of the former folder are kept.

@@ -177,6 +177,14 @@ EditorTest {
         verifyFile("docs/neuf.md", "x");
     }
 
+    function test_other_programs() {
+        openFile();
+        row("guide.txt").forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_Menu);
+        clickUntil("Ouvrir avec…", "ENREGISTRÉ");
+        tryCompare(fixture, "openedFolder", fixture.path(guide), 5000, "no desktop asks which");
+    }
+
     function test_duplicate() {
         openFile();
         type("a");

@@ -67,6 +67,11 @@ File SteppedFileSystem::openFile(const Folder &folder, const std::string &name) 
     return take({Kind::Look}, [&] { return Real::openFile(folder, name); });
 }
 
+std::shared_ptr<QFile> SteppedFileSystem::openForOthers(const Folder &folder, const std::string &name) const
+{
+    return take({Kind::Look}, [&] { return Real::openForOthers(folder, name); });
+}
+
 std::size_t SteppedFileSystem::read(const File &file, std::int64_t offset, std::span<char> buffer) const
 {
     return take({Kind::Look}, [&] { return Real::read(file, offset, buffer); });

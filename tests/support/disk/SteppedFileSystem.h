@@ -50,6 +50,7 @@ public:
     std::optional<EntryStatus> statusOf(const Folder &folder, const std::string &name) const override;
     std::vector<FolderEntry> list(const Folder &folder) const override;
     File openFile(const Folder &folder, const std::string &name) const override;
+    std::shared_ptr<QFile> openForOthers(const Folder &folder, const std::string &name) const override;
     std::size_t read(const File &file, std::int64_t offset, std::span<char> buffer) const override;
     Folder createFolder(const Folder &parent, const std::string &name) override;
     File createFile(const Folder &folder, const std::string &name) override;
