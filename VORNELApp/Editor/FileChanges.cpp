@@ -1,7 +1,7 @@
 #include "FileChanges.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
-#include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Library/FilePathRules.h>
 
 #include <QtConcurrentRun>
 
@@ -39,28 +39,34 @@ void FileChanges::look()
         m_looking.ask([this, id = m_selected.id()] { return answerOf(m_service->emptyFolders(id)); });
 }
 
-QString FileChanges::problem(const QString &path) const
-{
-    const auto isThere = [&path](const QString &other) {
-        return other == path || other.startsWith(path + u'/');
-    };
+QString FileChanges::problem(const QString &path, bool isFolder, const QString &former) const
+try {
     if (path.isEmpty() || !m_selected.detail())
         return {};
-    if (std::ranges::any_of(m_selected.detail()->relativeFiles + m_emptyFolders + m_drafts.paths(), isThere))
+    FilePathRules::requireUsable(path);
+    FilePathRules::requireReachable(path, isFolder);
+    if (isTaken(path))
         return u"Ce nom est déjà pris."_s;
-    if (path.startsWith(u'.') || path.contains(u"/."_s))
-        return u"Un nom ne peut pas commencer par un point\u00A0: une compétence ne garde rien de caché."_s;
-    try {
-        WorkspaceValidation::validateRelativePath(path.toUtf8());
-    } catch (const VORNELWorkspaceError &error) {
-        return error.errorDescription();
-    }
+    const QStringList files = m_selected.detail()->relativeFiles + m_drafts.paths();
+    FilePathRules::requireFoldersAbove(path,
+                                       [&files](const QString &above) { return files.contains(above); });
+    if (!former.isEmpty())
+        FilePathRules::requireElsewhere(former, path);
     return {};
+} catch (const VORNELWorkspaceError &error) {
+    return error.errorDescription();
+}
+
+bool FileChanges::isTaken(const QString &path) const
+{
+    const QStringList known = m_selected.detail()->relativeFiles + m_emptyFolders + m_drafts.paths();
+    return std::ranges::any_of(
+        known, [&path](const QString &other) { return other == path || other.startsWith(path + u'/'); });
 }
 
 void FileChanges::createFile(const QString &path)
 {
-    if (problem(path).isEmpty())
+    if (problem(path, false).isEmpty())
         ask({.changes = {WrittenFile{path, {}}},
              .confirmation = u"FICHIER CRÉÉ"_s,
              .tell = [this, path] { Q_EMIT created(path); }},
@@ -69,7 +75,7 @@ void FileChanges::createFile(const QString &path)
 
 void FileChanges::createFolder(const QString &path)
 {
-    if (problem(path).isEmpty())
+    if (problem(path, true).isEmpty())
         ask({.changes = {NewFolder{path}},
              .confirmation = u"DOSSIER CRÉÉ"_s,
              .tell = [this, path] { Q_EMIT created(path); }},

@@ -28,8 +28,9 @@ public:
     /// The folders that hold no file, by path.
     const QStringList &emptyFolders() const { return m_emptyFolders; }
 
-    /// Why nothing new can have this path, as the user reads it; empty where nothing is known to be wrong.
-    Q_INVOKABLE QString problem(const QString &path) const;
+    /// Why a file or folder can't have this path, a new one or the one that is moved from `former`, as the
+    /// user reads it; empty where nothing is known to be wrong.
+    Q_INVOKABLE QString problem(const QString &path, bool isFolder, const QString &former = {}) const;
 
     /// Begins a change, once the user has agreed where it replaces copies with edits of their own.
     Q_INVOKABLE void createFile(const QString &path);
@@ -64,6 +65,7 @@ private:
         std::function<void()> tell = [] {};
     };
 
+    bool isTaken(const QString &path) const;
     void look();
     bool ask(Change change, const QString &verb);
     QCoro::Task<> run(Change change);

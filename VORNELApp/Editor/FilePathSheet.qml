@@ -16,7 +16,7 @@ Sheet {
     property bool isFolder: false
 
     readonly property string noun: isFolder ? "dossier" : "fichier"
-    readonly property string problem: path === former || path.endsWith("/") ? "" : changes.problem(path)
+    readonly property string problem: path === former || path.endsWith("/") ? "" : changes.problem(path, isFolder, former)
     readonly property bool canAccept: path !== "" && path !== former && !path.endsWith("/") && problem === ""
 
     signal chosen

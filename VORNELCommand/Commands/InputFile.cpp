@@ -2,8 +2,8 @@
 
 #include <VORNELCommand/Output/CommandFailure.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/FileSystem.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <fcntl.h>
 #include <unistd.h>

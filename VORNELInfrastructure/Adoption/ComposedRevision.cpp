@@ -2,7 +2,7 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 namespace vornel {

@@ -1,9 +1,9 @@
 #include "TreeMerge.h"
 
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELCore/Text/TextMerge.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <algorithm>
 

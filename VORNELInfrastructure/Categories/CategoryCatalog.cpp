@@ -4,9 +4,9 @@
 #include <VORNELCore/Library/CategoryRules.h>
 #include <VORNELCore/Library/LocaleText.h>
 #include <VORNELCore/Records/RecordJson.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Skills/SchemaVersion.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 #include <VORNELInfrastructure/Workspace/Locating.h>
 

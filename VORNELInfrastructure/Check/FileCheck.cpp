@@ -2,8 +2,8 @@
 
 #include "MarkdownLinks.h"
 
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELCore/Text/IsText.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <QDir>
 #include <QRegularExpression>

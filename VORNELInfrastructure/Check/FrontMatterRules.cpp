@@ -1,7 +1,7 @@
 #include "FrontMatterRules.h"
 
 #include <VORNELCore/Library/LocaleText.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 
 #include <QRegularExpression>
 #include <QStringList>

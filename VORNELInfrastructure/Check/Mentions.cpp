@@ -1,6 +1,6 @@
 #include "Mentions.h"
 
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 
 #include <algorithm>
 #include <utility>

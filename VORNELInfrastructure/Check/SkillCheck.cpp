@@ -4,7 +4,7 @@
 #include "FrontMatterRules.h"
 
 #include <VORNELCore/Errors/ErrorMessage.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 #include <VORNELInfrastructure/Tree/ParallelMap.h>

@@ -2,10 +2,10 @@
 
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Workspace/UnfinishedParts.h>
 
 #include <QJsonArray>

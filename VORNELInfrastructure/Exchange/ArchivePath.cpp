@@ -1,7 +1,7 @@
 #include "ArchivePath.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 
 #include <QRegularExpression>
 

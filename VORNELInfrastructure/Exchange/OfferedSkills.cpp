@@ -6,7 +6,7 @@
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillText.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 

@@ -7,8 +7,8 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Tree/Sha256.h>

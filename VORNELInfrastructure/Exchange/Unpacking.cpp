@@ -4,8 +4,8 @@
 #include "ArchiveReader.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <map>
 

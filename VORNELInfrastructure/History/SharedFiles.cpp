@@ -1,6 +1,6 @@
 #include "SharedFiles.h"
 
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Tree/SharingCopy.h>
 
 #include <algorithm>

@@ -1,11 +1,11 @@
 #include "SkillHistory.h"
 
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Recovery/SetAsideName.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 

@@ -3,7 +3,7 @@
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 #include <VORNELInfrastructure/Skills/SkillText.h>

@@ -4,8 +4,8 @@
 
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 #include <VORNELInfrastructure/Skills/SkillRecords.h>
 
 #include <QSet>

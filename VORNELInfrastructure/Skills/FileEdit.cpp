@@ -1,11 +1,10 @@
 #include "FileEdit.h"
 
-#include "FilePath.h"
-#include "SkillFiles.h"
-
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Library/FilePathRules.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Adoption/ComposedRevision.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Workspace/Locating.h>
@@ -27,6 +26,15 @@ VORNELWorkspaceError refusal(const QString &sentence, const std::string &path)
     return VORNELWorkspaceError::integrityFailure(sentence.arg(QString::fromStdString(path)));
 }
 
+/// The path of what may be a folder, which may end in "/".
+std::string usablePath(QString typed)
+{
+    while (typed.size() > 1 && typed.endsWith(u'/'))
+        typed.chop(1);
+    FilePathRules::requireUsable(typed);
+    return typed.toStdString();
+}
+
 /// Makes changes in a tree, or refuses those that can't be made in it as it stands then.
 class TreeEdit
 {
@@ -35,7 +43,8 @@ public:
 
     void operator()(const WrittenFile &file) const
     {
-        const std::string path = filePath(file.path);
+        FilePathRules::requireUsable(file.path);
+        const std::string path = file.path.toStdString();
         if (file.bytes.size() > SkillFiles::sizeLimit)
             throw refusal(u"«\u00A0%1\u00A0» dépasse 25\u00A0Mio."_s, path);
         if (m_tree.kindAt(path) == Entry::Kind::directory)
@@ -50,25 +59,16 @@ public:
     {
         const std::string from = movablePath(moved.from);
         const std::string to = freePath(moved.to);
-        if (isAtOrBelow(to, from))
-            throw refusal(u"«\u00A0%1\u00A0» ne peut pas être déplacé dans lui-même."_s, from);
+        FilePathRules::requireElsewhere(QString::fromStdString(from), QString::fromStdString(to));
         m_tree.move(from, to);
     }
 
     void operator()(const RemovedPath &removed) const { m_tree.remove(movablePath(removed.path)); }
 
 private:
-    /// The path of what may be a folder, which may end in "/".
-    static std::string pathOf(QString typed)
-    {
-        while (typed.size() > 1 && typed.endsWith(u'/'))
-            typed.chop(1);
-        return filePath(typed);
-    }
-
     std::string freePath(const QString &typed) const
     {
-        std::string path = pathOf(typed);
+        std::string path = usablePath(typed);
         if (m_tree.kindAt(path))
             throw refusal(u"«\u00A0%1\u00A0» existe déjà."_s, path);
         requireFoldersAbove(path);
@@ -77,7 +77,7 @@ private:
 
     std::string movablePath(const QString &typed) const
     {
-        std::string path = pathOf(typed);
+        std::string path = usablePath(typed);
         if (path == SkillFiles::text)
             throw refusal(u"«\u00A0%1\u00A0» ne peut être ni supprimé ni déplacé."_s, path);
         if (!m_tree.kindAt(path))
@@ -87,8 +87,9 @@ private:
 
     void requireFoldersAbove(const std::string &path) const
     {
-        if (m_tree.isBelowFile(path))
-            throw refusal(u"Un fichier est sur le chemin de «\u00A0%1\u00A0»."_s, path);
+        FilePathRules::requireFoldersAbove(QString::fromStdString(path), [this](const QString &above) {
+            return m_tree.kindAt(above.toStdString()) == Entry::Kind::file;
+        });
     }
 
     ComposedTree &m_tree;
@@ -105,7 +106,8 @@ SkillDetail FileEdit::run(const QUuid &id, const QList<PathChange> &changes, qin
     for (const PathChange &change : changes)
         std::visit(TreeEdit(tree), change);
     for (const Entry &entry : tree.entries())
-        requireReachable(entry);
+        FilePathRules::requireReachable(QString::fromStdString(entry.relativePath),
+                                        entry.kind == Entry::Kind::directory);
     if (tree.digest() == former.digest)
         return makeDetail(m_workspace, skill, former);
     requireText(m_workspace, skill, tree);

@@ -1,12 +1,12 @@
 #include "SkillFolderStore.h"
 
 #include "SchemaVersion.h"
-#include "SkillFiles.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 
 #include <limits>

@@ -4,9 +4,9 @@
 #include "SharingCopy.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Disk/LastFolder.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <algorithm>
 #include <ranges>

@@ -2,7 +2,7 @@
 
 #include "Sha256.h"
 
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 
 #include <algorithm>
 #include <iterator>

@@ -1,10 +1,10 @@
 #include "SharingCopy.h"
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Disk/LastFolder.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <algorithm>
 

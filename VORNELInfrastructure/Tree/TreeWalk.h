@@ -7,9 +7,9 @@
 
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Errors/WorkspaceValidation.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileSystem.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 #include <algorithm>
 

@@ -6,11 +6,11 @@
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELCore/Records/VORNELProduct.h>
 #include <VORNELInfrastructure/Categories/CategoryCatalog.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Skills/SchemaVersion.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
 
 using namespace Qt::StringLiterals;
 

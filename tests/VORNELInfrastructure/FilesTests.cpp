@@ -1,7 +1,7 @@
 #include "FaultyFileSystem.h"
 #include "Scratch.h"
 
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 
 #include <unistd.h>
 

@@ -144,6 +144,11 @@ EditorTest {
         press(Qt.Key_F2);
         retype("Chemin dans la compétence", "LICENCE");
         awaitText("Ce nom est déjà pris.");
+        retype("Chemin dans la compétence", "docs/vornel.json");
+        awaitText("«\u00a0docs/vornel.json\u00a0» porte le nom d’un fichier réservé à VORNEL.");
+        retype("Chemin dans la compétence", "LICENCE/a");
+        awaitText("Un fichier est sur le chemin de «\u00a0LICENCE/a\u00a0».");
+        verify(!control("Renommer").enabled);
         retype("Chemin dans la compétence", "manuel.txt");
         press(Qt.Key_Return);
         awaitText("Contenu de manuel.txt");

@@ -1,7 +1,7 @@
 #include "Aftermath.h"
 
 #include <VORNELCore/Records/SerializedForms.h>
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 
 #include <QRegularExpression>
 

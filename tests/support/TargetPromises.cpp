@@ -1,6 +1,6 @@
 #include "Aftermath.h"
 
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 
 #include <algorithm>
 

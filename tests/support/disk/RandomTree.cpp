@@ -1,6 +1,6 @@
 #include "RandomTree.h"
 
-#include <VORNELInfrastructure/Skills/SkillFiles.h>
+#include <VORNELCore/Records/SkillFiles.h>
 
 #include <fcntl.h>
 #include <sys/stat.h>
