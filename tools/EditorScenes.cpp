@@ -2,6 +2,7 @@
 
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Text/Digest.h>
 
 #include <QTest>
 
@@ -270,7 +271,7 @@ void photographFiles(const Photographer &photographer, Studio &studio)
     studio.open(u"audit-accessibilite"_s);
     studio.model().openSkill()->draft()->files()->edit(
         {QString::fromStdString(path), QString::fromUtf8(bytes).replace(u"Une copie"_s, u"Une page"_s),
-         FileDrafts::digestOf(bytes)});
+         sha256Of(bytes)});
     photographer.click(u"grille-de-controle.md"_s);
     Studio::rest();
     photographer.take(u"editor-files"_s);
@@ -333,7 +334,7 @@ void photographFound(const Photographer &photographer, Studio &studio)
     for (const auto &[base, picture] :
          {std::pair(saved, u"editor-found"_s), std::pair(u"x"_s, u"editor-found-stale"_s)}) {
         studio.model().closeSkill();
-        keep(studio, id, {.text = text, .baseDigest = KeptDraft::digestOf(base), .keptAt = moment});
+        keep(studio, id, {.text = text, .baseDigest = sha256Of(base.toUtf8()), .keptAt = moment});
         studio.open(u"notes-de-version"_s);
         photographer.take(picture);
         abandon(studio);

@@ -1,6 +1,6 @@
 #include "FileDrafts.h"
 
-#include <QCryptographicHash>
+#include <VORNELCore/Text/Digest.h>
 
 #include <algorithm>
 #include <utility>
@@ -124,16 +124,11 @@ void FileDrafts::endSaving(bool isSaved)
     for (const UnsavedFile &sent : std::exchange(m_sent, {})) {
         if (!isSaved)
             continue;
-        rebase(sent.path, digestOf(sent.text.toUtf8()));
+        rebase(sent.path, sha256Of(sent.text.toUtf8()));
         Q_EMIT saved(sent.path, sent.text);
         if (const auto now = find(sent.path); now && now->text == sent.text)
             forget(sent.path);
     }
-}
-
-QString FileDrafts::digestOf(const QByteArray &bytes)
-{
-    return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
 }
 
 qsizetype FileDrafts::indexOf(const QString &path) const

@@ -60,9 +60,6 @@ public:
     void beginSaving() { m_sent = m_edits; }
     void endSaving(bool isSaved);
 
-    /// Identifies the bytes of a file: SHA-256, in lower-case hexadecimal digits.
-    static QString digestOf(const QByteArray &bytes);
-
 Q_SIGNALS:
     /// There are edits of other files than before.
     void changed();

@@ -2,6 +2,7 @@
 
 #include <VORNELCore/Library/LocaleText.h>
 #include <VORNELCore/Library/Wording.h>
+#include <VORNELCore/Text/Digest.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -88,7 +89,7 @@ void SkillDraft::takeUp(const FoundDraft &found)
 /// A draft that was kept for other files holds the text with which they began.
 bool SkillDraft::isEditOfText(const KeptDraft &draft) const
 {
-    const bool isOfFiles = !draft.files.isEmpty() && KeptDraft::digestOf(draft.text) == draft.baseDigest;
+    const bool isOfFiles = !draft.files.isEmpty() && sha256Of(draft.text.toUtf8()) == draft.baseDigest;
     return !isOfFiles && m_text->differsFrom(draft.text);
 }
 

@@ -1,5 +1,7 @@
 #include "EditedFile.h"
 
+#include <VORNELCore/Text/Digest.h>
+
 #include <QScopedValueRollback>
 
 namespace vornel {
@@ -106,7 +108,7 @@ void EditedFile::conclude(const QString &path, const QString &text)
     if (path != m_path)
         return;
     m_savedText = text;
-    m_digest = FileDrafts::digestOf(text.toUtf8());
+    m_digest = sha256Of(text.toUtf8());
 }
 
 void EditedFile::keepMine()

@@ -1,6 +1,7 @@
 #include "OpenSkill.h"
 
 #include <VORNELApp/Model/Answer.h>
+#include <VORNELCore/Text/Digest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -74,7 +75,7 @@ QCoro::Task<bool> OpenSkill::areFilesUnchanged()
         const std::optional<QByteArray> bytes = co_await readFile(file->path);
         if (!bytes || !isEditing(id))
             co_return false;
-        if (FileDrafts::digestOf(*bytes) != file->baseDigest) {
+        if (sha256Of(*bytes) != file->baseDigest) {
             Q_EMIT fileRefused(file->path);
             co_return false;
         }

@@ -2,10 +2,10 @@
 
 #include "SkillFileNode.h"
 
-#include <VORNELApp/Drafts/FileDrafts.h>
 #include <VORNELApp/Model/Answer.h>
 #include <VORNELCore/Library/Wording.h>
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Text/Digest.h>
 
 #include <QBuffer>
 #include <QImageReader>
@@ -80,7 +80,7 @@ void SkillFileContent::refresh()
 QCoro::Task<SkillFileContent::Content> SkillFileContent::read(QFuture<std::optional<QByteArray>> file,
                                                               QString path)
 {
-    Content content{.kind = Unshown, .digest = FileDrafts::digestOf({})};
+    Content content{.kind = Unshown, .digest = sha256Of({})};
     const auto answer = co_await answerOf(std::move(file));
     if (!answer.value)
         content.explanation = answer.outcome.message;
@@ -93,8 +93,7 @@ QCoro::Task<SkillFileContent::Content> SkillFileContent::read(QFuture<std::optio
 
 SkillFileContent::Content SkillFileContent::contentOf(const QString &path, const QByteArray &bytes)
 {
-    Content content{
-        .kind = Unshown, .digest = FileDrafts::digestOf(bytes), .size = Wording::fileSize(bytes.size())};
+    Content content{.kind = Unshown, .digest = sha256Of(bytes), .size = Wording::fileSize(bytes.size())};
     if (icon({path, path, std::nullopt}) == u"image"_s) {
         content.picture = decodedPicture(bytes);
         content.kind = content.picture.isNull() ? Unshown : Picture;

@@ -1,6 +1,7 @@
 #include "SelectedSkill.h"
 
 #include <VORNELCore/Errors/ErrorMessage.h>
+#include <VORNELCore/Text/Digest.h>
 
 #include <QCoro/QCoroFuture>
 #include <QtConcurrentRun>
@@ -61,7 +62,7 @@ QCoro::Task<FoundDraft> SelectedSkill::findDraft(SkillDetail skill)
     try {
         found.draft = co_await m_drafts->draft(skill.manifest.id);
         if (found.draft) {
-            const QString digest = co_await QtConcurrent::run(KeptDraft::digestOf, skill.skillMD);
+            const QString digest = co_await QtConcurrent::run(sha256Of, skill.skillMD.toUtf8());
             found.isStale = found.draft->baseDigest != digest;
         }
     } catch (const std::exception &error) {

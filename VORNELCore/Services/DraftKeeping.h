@@ -22,7 +22,7 @@ struct UnsavedFile
 public:
     QString path; ///< below the skill's folder
     QString text;
-    QString baseDigest; ///< of the bytes with which the edits began, SHA-256; a missing file is empty
+    QString baseDigest; ///< of the bytes with which the edits began (`sha256Of`); a missing file is empty
 
     bool operator==(const UnsavedFile &) const = default;
 };
@@ -51,13 +51,9 @@ struct KeptDraft
 public:
     static constexpr qint64 currentVersion = 2; ///< the first one had no files
 
-    /// Identifies the saved text that a draft was made from: SHA-256, in lower-case hexadecimal digits. Slow
-    /// for a long text.
-    static QString digestOf(const QString &savedText);
-
     qint64 schemaVersion = currentVersion;
     QString text;
-    QString baseDigest; ///< of the saved text when the edits began
+    QString baseDigest; ///< of the saved text when the edits began (`sha256Of`)
     QDateTime keptAt;   ///< UTC, whole seconds
     QList<UnsavedFile> files = {};
 

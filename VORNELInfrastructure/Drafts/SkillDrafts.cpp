@@ -3,6 +3,7 @@
 #include <VORNELCore/Records/RecordJson.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELCore/Records/SkillFiles.h>
+#include <VORNELCore/Text/Digest.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
@@ -35,7 +36,7 @@ std::optional<DraftFile> draftFile(const fs::path &folder, const std::string &na
 
 KeptDraft draftOf(const UnsavedText &text)
 {
-    const QString base = text.baseDigest.isEmpty() ? KeptDraft::digestOf(text.baseText) : text.baseDigest;
+    const QString base = text.baseDigest.isEmpty() ? sha256Of(text.baseText.toUtf8()) : text.baseDigest;
     return {.text = text.text, .baseDigest = base, .keptAt = currentInstant(), .files = text.files};
 }
 

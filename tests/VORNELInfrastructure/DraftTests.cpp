@@ -4,6 +4,7 @@
 #include "Scratch.h"
 
 #include <VORNELCore/Records/SerializedForms.h>
+#include <VORNELCore/Text/Digest.h>
 #include <VORNELInfrastructure/Drafts/LocalDrafts.h>
 
 #include <QElapsedTimer>
@@ -72,7 +73,7 @@ TEST_F(Draft, IsReadAsItWasKeptUntilItIsDiscarded)
         const auto kept = read();
         ASSERT_TRUE(kept);
         EXPECT_EQ(kept->text, text);
-        EXPECT_EQ(kept->baseDigest, KeptDraft::digestOf(u"texte"_s));
+        EXPECT_EQ(kept->baseDigest, sha256Of("texte"));
         EXPECT_LE(kept->keptAt.secsTo(currentInstant()), 60);
     }
     EXPECT_EQ(drafts->files().result(), (QList<DraftFile>{{id, false, path(file)}}));
