@@ -1,5 +1,7 @@
 #include "DroppedFiles.h"
 
+#include <VORNELCore/Records/SkillFiles.h>
+
 #include <QDir>
 #include <QFile>
 
@@ -9,9 +11,9 @@ namespace vornel {
 
 namespace {
 
-constexpr qsizetype mostFiles = 10'000;
-constexpr qint64 mostBytes = 250 * 1'048'576LL;
-constexpr qint64 mostBytesOfFile = 25 * 1'048'576LL;
+// All of it is held in memory.
+constexpr qsizetype mostEntries = 10'000;
+constexpr qint64 mostBytes = 10 * SkillFiles::sizeLimit;
 
 /// Reads files until one can't be taken; then `failure` says why.
 class Reading
@@ -33,8 +35,8 @@ public:
 
     DroppedFiles result()
     {
-        if (m_dropped.failure.isEmpty() && m_dropped.files.isEmpty())
-            m_dropped.failure = u"Il n’y a aucun fichier à copier."_s;
+        if (m_dropped.failure.isEmpty() && m_dropped.files.isEmpty() && m_dropped.emptyFolders.isEmpty())
+            m_dropped.failure = u"Il n’y a rien à copier."_s;
         return std::move(m_dropped);
     }
 
@@ -45,6 +47,8 @@ private:
             return refuse(u"«\u00A0%1\u00A0» ne peut pas être lu."_s, folder);
         const auto entries =
             QDir(folder.filePath()).entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+        if (entries.isEmpty() && takesOneMore(folder))
+            m_dropped.emptyFolders.append(path);
         for (const QFileInfo &entry : entries)
             read(entry, path + u'/' + entry.fileName());
     }
@@ -52,19 +56,27 @@ private:
     void readFile(const QFileInfo &entry, const QString &path)
     {
         QFile file(entry.filePath());
-        if (entry.size() > mostBytesOfFile)
+        if (entry.size() > SkillFiles::sizeLimit)
             return refuse(u"«\u00A0%1\u00A0» dépasse 25\u00A0Mio."_s, entry);
-        if (m_dropped.files.size() == mostFiles)
-            return refuse(u"Il y a plus de 10\u202F000 fichiers à copier."_s, entry);
+        if (!takesOneMore(entry))
+            return;
         if (!file.open(QIODevice::ReadOnly))
             return refuse(u"«\u00A0%1\u00A0» ne peut pas être lu. "_s + file.errorString(), entry);
-        const QByteArray bytes = file.read(mostBytesOfFile + 1);
+        const QByteArray bytes = file.read(SkillFiles::sizeLimit + 1);
         m_bytes += bytes.size();
-        if (file.error() != QFileDevice::NoError || bytes.size() > mostBytesOfFile)
+        if (file.error() != QFileDevice::NoError || bytes.size() > SkillFiles::sizeLimit)
             return refuse(u"«\u00A0%1\u00A0» ne peut pas être lu."_s, entry);
         if (m_bytes > mostBytes)
             return refuse(u"Il y a plus de 250\u00A0Mio à copier."_s, entry);
         m_dropped.files.append({path, bytes});
+    }
+
+    bool takesOneMore(const QFileInfo &entry)
+    {
+        const bool takes = m_dropped.files.size() + m_dropped.emptyFolders.size() < mostEntries;
+        if (!takes)
+            refuse(u"Il y a plus de 10\u202F000 éléments à copier."_s, entry);
+        return takes;
     }
 
     void refuse(const QString &sentence, const QFileInfo &entry)
@@ -83,7 +95,7 @@ DroppedFiles readDropped(const QList<QUrl> &urls, const QString &folder)
     Reading reading;
     for (const QUrl &url : urls) {
         if (!url.isLocalFile())
-            return {{}, u"Seuls des fichiers de cet ordinateur peuvent être copiés."_s};
+            return {.failure = u"Seuls des fichiers de cet ordinateur peuvent être copiés."_s};
         const QFileInfo entry(QDir::cleanPath(url.toLocalFile()));
         reading.read(entry, folder.isEmpty() ? entry.fileName() : folder + u'/' + entry.fileName());
     }

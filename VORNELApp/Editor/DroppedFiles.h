@@ -11,10 +11,11 @@ namespace vornel {
 struct DroppedFiles
 {
     QList<WrittenFile> files = {}; ///< with paths below a skill's folder
-    QString failure = {};          ///< as the user reads it; empty where all was read
+    QStringList emptyFolders = {};
+    QString failure = {}; ///< as the user reads it; empty where all was read
 };
 
-/// Reads files, and folders with their files but the hidden ones, to be copied into this folder of a skill.
+/// Reads files, and folders with all but what is hidden, to be copied into this folder of a skill.
 /// Refuses links, what is no file, and more than a skill may hold. Slow: for a thread of its own.
 DroppedFiles readDropped(const QList<QUrl> &urls, const QString &folder);
 

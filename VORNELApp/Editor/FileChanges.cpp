@@ -64,6 +64,13 @@ bool FileChanges::isTaken(const QString &path) const
         known, [&path](const QString &other) { return other == path || other.startsWith(path + u'/'); });
 }
 
+bool FileChanges::isFolder(const QString &path) const
+{
+    const auto isBelow = [&path](const QString &other) { return other.startsWith(path + u'/'); };
+    return m_emptyFolders.contains(path) ||
+           std::ranges::any_of(m_selected.detail()->relativeFiles + m_emptyFolders, isBelow);
+}
+
 void FileChanges::createFile(const QString &path)
 {
     if (problem(path, false).isEmpty())
@@ -153,17 +160,19 @@ QCoro::Task<DroppedFiles> FileChanges::read(QList<QUrl> urls, QString folder)
     co_return co_await QtConcurrent::run(readDropped, urls, folder);
 }
 
-void FileChanges::receive(const DroppedFiles &dropped)
+void FileChanges::receive(DroppedFiles dropped)
 {
-    m_new = dropped.files;
+    dropped.emptyFolders.removeIf([this](const QString &folder) { return isFolder(folder); });
+    if (dropped.failure.isEmpty() && dropped.files.isEmpty() && dropped.emptyFolders.isEmpty())
+        dropped.failure = u"Il n’y a rien de nouveau à copier."_s;
     if (!dropped.failure.isEmpty())
         return m_operations.showFailure({.succeeded = false, .message = dropped.failure});
     QStringList replaced;
-    for (const WrittenFile &file : m_new) {
-        const bool isThere = m_selected.detail() && m_selected.detail()->relativeFiles.contains(file.path);
-        if (isThere || m_drafts.find(file.path))
+    for (const WrittenFile &file : dropped.files) {
+        if (m_selected.detail()->relativeFiles.contains(file.path) || m_drafts.find(file.path))
             replaced.append(file.path);
     }
+    m_new = std::move(dropped);
     if (replaced.isEmpty())
         add();
     else
@@ -172,18 +181,25 @@ void FileChanges::receive(const DroppedFiles &dropped)
 
 void FileChanges::add()
 {
-    const QList<WrittenFile> files = std::exchange(m_new, {});
-    if (files.isEmpty())
+    const DroppedFiles added = std::exchange(m_new, {});
+    QList<PathChange> changes(added.files.begin(), added.files.end());
+    for (const QString &folder : added.emptyFolders)
+        changes.append(NewFolder{folder});
+    if (changes.isEmpty())
         return;
-    Change change{.changes = QList<PathChange>(files.begin(), files.end()),
-                  .confirmation = files.size() == 1 ? u"FICHIER COPIÉ"_s : u"FICHIERS COPIÉS"_s,
+    const bool isOne = changes.size() == 1;
+    const bool isOfFolders = added.files.isEmpty();
+    const QString noun = (isOfFolders ? u"dossier"_s : u"fichier"_s) + (isOne ? u""_s : u"s"_s);
+    const QString first = isOfFolders ? added.emptyFolders.first() : added.files.first().path;
+    Change change{.changes = changes,
+                  .confirmation = noun.toUpper() + (isOne ? u" COPIÉ"_s : u" COPIÉS"_s),
                   .followEdits =
-                      [this, files] {
-                          for (const WrittenFile &file : files)
+                      [this, added] {
+                          for (const WrittenFile &file : added.files)
                               m_drafts.remove(file.path);
                       },
-                  .tell = [this, path = files.first().path] { Q_EMIT created(path); }};
-    if (!ask(std::move(change), files.size() == 1 ? u"Copier ce fichier"_s : u"Copier ces fichiers"_s))
+                  .tell = [this, first] { Q_EMIT created(first); }};
+    if (!ask(std::move(change), (isOne ? u"Copier ce "_s : u"Copier ces "_s) + noun))
         m_operations.showFailure(
             {.succeeded = false, .message = u"VORNEL travaille encore\u00A0: rien n’a été copié."_s});
 }

@@ -66,11 +66,12 @@ private:
     };
 
     bool isTaken(const QString &path) const;
+    bool isFolder(const QString &path) const;
     void look();
     bool ask(Change change, const QString &verb);
     QCoro::Task<> run(Change change);
     QCoro::Task<DroppedFiles> read(QList<QUrl> urls, QString folder);
-    void receive(const DroppedFiles &dropped);
+    void receive(DroppedFiles dropped);
 
     const std::shared_ptr<WindowServicing> m_service;
     Operations &m_operations;
@@ -82,7 +83,7 @@ private:
     LatestAnswer<Answer<QStringList>> m_looking;
     Change m_change; ///< that the user is asked about
     bool m_isReading = false;
-    QList<WrittenFile> m_new; ///< what is to be copied
+    DroppedFiles m_new; ///< what is to be copied
 };
 
 } // namespace vornel

@@ -66,7 +66,8 @@ protected:
     {
         const auto place = scratch.path("bus");
         const auto file = scratch.write(
-            "bus.conf", QString::fromLatin1(busConfiguration).arg(QString::fromStdString(place)).toStdString());
+            "bus.conf",
+            QString::fromLatin1(busConfiguration).arg(QString::fromStdString(place)).toStdString());
         daemon.start(u"dbus-daemon"_s,
                      {u"--nofork"_s, u"--print-address"_s, u"--config-file"_s, QString::fromStdString(file)});
         EXPECT_TRUE(daemon.waitForReadyRead()) << daemon.errorString().toStdString();

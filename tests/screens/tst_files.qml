@@ -208,6 +208,7 @@ EditorTest {
     function test_files_from_elsewhere() {
         openFile();
         fixture.write("dehors/lot/a.txt", "a");
+        fixture.write("dehors/lot/vide/.cache", "");
         fixture.write("dehors/LICENCE", "autre");
         const urls = ["lot", "LICENCE"].map(name => "file://" + fixture.path("dehors/" + name));
         model.openSkill.files.bring(urls, "");
@@ -215,6 +216,7 @@ EditorTest {
         accept("lot");
         settle();
         verifyFile("lot/a.txt", "a");
+        awaitText("vide");
         verifyFile("LICENCE", "autre");
 
         awaitGone("Remplacer ce fichier\u00a0?");
