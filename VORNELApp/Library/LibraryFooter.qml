@@ -22,6 +22,7 @@ ListFooter {
         anchors.left: parent.left
         anchors.leftMargin: Metrics.huge
         anchors.right: pages.left
+        anchors.rightMargin: Metrics.huge
         anchors.verticalCenter: parent.verticalCenter
         file: "SelectionBar.qml"
         isWanted: footer.selection.isSelecting

@@ -22,7 +22,7 @@ Row {
         color: Colors.secondary
         horizontalAlignment: Text.AlignHCenter
         text: controls.page.currentPage + " sur " + controls.page.pageCount
-        width: Math.max(72, implicitWidth)
+        width: Math.max(56, implicitWidth)
     }
     ActionButton {
         enabled: controls.page.hasNextPage

@@ -17,24 +17,28 @@ Row {
     signal propertiesAsked
     signal trashAsked
 
-    readonly property bool isCompact: width < 600
+    readonly property real room: width - count.width
+    readonly property bool isCompact: room < 470
+    readonly property real roomForSymbols: 5 * (Metrics.controlHeight + Metrics.tiny)
     readonly property bool canAct: selection.count > 0 && !model.isWorking
 
-    spacing: Metrics.small
+    spacing: isCompact ? Metrics.tiny : Metrics.small
 
     Accessible.name: "Sélection"
     Accessible.role: Accessible.ToolBar
 
     Label {
+        id: count
+
         anchors.verticalCenter: parent.verticalCenter
         color: Colors.accent
         font: Typography.control
         text: bar.selection.countText
-        width: Math.max(124, implicitWidth)
+        width: Math.min(Math.max(112, implicitWidth), bar.width - bar.roomForSymbols)
     }
     ActionButton {
         enabled: bar.page.skillCount > 0
-        isCompact: bar.width < 710
+        isCompact: bar.room < 630
         symbol: bar.selection.holdsAll ? "list-x" : "list-checks"
         text: bar.selection.holdsAll ? "Tout désélectionner" : "Tout sélectionner"
         onClicked: bar.selection.holdsAll ? bar.selection.selectNone() : bar.selection.selectAll()
@@ -44,6 +48,7 @@ Row {
     ActionButton {
         enabled: bar.canAct
         isCompact: bar.isCompact
+        leftPadding: isCompact ? 0 : Metrics.medium
         symbol: "folder"
         text: "Déplacer"
         onClicked: {
@@ -62,6 +67,7 @@ Row {
     ActionButton {
         enabled: bar.canAct
         isCompact: bar.isCompact
+        leftPadding: isCompact ? 0 : Metrics.medium
         symbol: "sliders-horizontal"
         text: "Propriétés…"
         onClicked: bar.propertiesAsked()
@@ -76,6 +82,7 @@ Row {
     ActionButton {
         enabled: bar.canAct
         isCompact: bar.isCompact
+        leftPadding: isCompact ? 0 : Metrics.medium
         role: ActionButton.Destructive
         symbol: "trash-2"
         text: "Supprimer"
