@@ -5,8 +5,8 @@ import VORNELApp
 import VORNELDesignSystem
 
 /**
- * The line under a text that says what assistants will stumble over; it opens to all problems. F8 goes from one to the
- * next, Shift+F8 back.
+ * The line under a text that says what assistants will stumble over; it opens to all problems, and is their heading then.
+ * F8 goes from one to the next, Shift+F8 back.
  */
 FocusScope {
     id: panel
@@ -33,11 +33,13 @@ FocusScope {
 
     function choose(index: int): void {
         current = (index + check.count) % check.count;
+        list.currentIndex = current;
+        list.positionViewAtIndex(current, ListView.Contain);
         const chosen = check.at(current);
         placeAsked(chosen.path, check.position(chosen.line));
     }
 
-    implicitHeight: visible ? line.height + (isOpen ? list.height : 0) : 0
+    implicitHeight: visible ? line.height + (isOpen ? list.height + Metrics.tiny : 0) : 0
     visible: check.count > 0
 
     Keys.onEscapePressed: event => {
@@ -69,6 +71,17 @@ FocusScope {
         height: Metrics.hairline
         width: parent.width
     }
+    Label {
+        anchors.left: parent.left
+        anchors.leftMargin: Metrics.large
+        anchors.verticalCenter: line.verticalCenter
+        color: Colors.secondary
+        font: Typography.label
+        text: "PROBLÈMES"
+        visible: panel.isOpen
+
+        Accessible.name: "Problèmes"
+    }
     ProblemRow {
         id: line
 
@@ -77,11 +90,11 @@ FocusScope {
         anchors.right: toggle.left
         anchors.top: parent.top
         focusPolicy: Qt.StrongFocus
-        height: Math.max(40, implicitHeight)
-        highlighted: false
+        height: panel.isOpen ? 40 : Math.max(40, implicitHeight)
         index: panel.told
         isShort: true
         record: panel.problem
+        visible: !panel.isOpen
         Keys.onEnterPressed: clicked()
         Keys.onReturnPressed: clicked()
         onClicked: panel.choose(panel.told)
@@ -107,21 +120,20 @@ FocusScope {
         id: list
 
         anchors.left: parent.left
-        anchors.margins: Metrics.tiny
+        anchors.leftMargin: Metrics.tiny
         anchors.right: parent.right
+        anchors.rightMargin: Metrics.tiny
         anchors.top: line.bottom
         height: Math.min(contentHeight, 176)
         name: "Problèmes"
         visible: panel.isOpen
 
         delegate: ProblemRow {
+            highlighted: index === panel.current
             width: list.width - (list.rail.visible ? list.rail.width : 0)
             Keys.onEnterPressed: clicked()
             Keys.onReturnPressed: clicked()
-            onClicked: {
-                list.currentIndex = index;
-                panel.choose(index);
-            }
+            onClicked: panel.choose(index)
         }
         model: TextCheck {
             id: check

@@ -16,7 +16,6 @@ T.ItemDelegate {
 
     implicitHeight: implicitContentHeight + 2 * Metrics.small
     focusPolicy: Qt.NoFocus
-    highlighted: ListView.isCurrentItem
     horizontalPadding: Metrics.large
     hoverEnabled: true
     text: record.message
@@ -27,7 +26,7 @@ T.ItemDelegate {
     background: Rectangle {
         border.color: Colors.accent
         border.width: row.visualFocus ? Metrics.focusWidth : 0
-        color: row.hovered ? Colors.hover : "transparent"
+        color: row.highlighted ? Colors.tint(Colors.accent) : row.hovered ? Colors.hover : "transparent"
         radius: Metrics.controlRadius
     }
     contentItem: RowLayout {
