@@ -88,6 +88,11 @@ void photographAddition(const Photographer &photographer, Studio &studio)
     fs::remove_all(studio.path("claude/plan-de-tests"));
     photographer.click(u"Relancer l’analyse"_s);
     Studio::rest();
+    photographer.click(u"Comparer…"_s);
+    Studio::rest();
+    photographer.take(u"library-addition-compared"_s);
+    photographer.press(Qt::Key_Escape);
+    Studio::rest();
     photographer.click(u"Prendre la nouvelle"_s);
     Studio::rest();
     photographer.take(u"library-addition"_s);

@@ -34,7 +34,7 @@ void DifferentFileList::setComparison(const TargetComparison &comparison)
     setRows(rows);
 }
 
-void DifferentFileList::setSetAside(const QList<FileDifference> &differences)
+void DifferentFileList::setDifferences(const QList<FileDifference> &differences)
 {
     QList<Row> rows;
     for (const FileDifference &difference : differences)

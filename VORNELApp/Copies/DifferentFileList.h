@@ -8,7 +8,7 @@
 namespace vornel {
 
 /// The files in which copies differ from the canonical folder, copy by copy, or both targets' folders from
-/// each other, or a copy that was set aside from the library.
+/// each other, or a copy that was set aside, or is to be added, from the library.
 class DifferentFileList : public QAbstractListModel
 {
     Q_OBJECT
@@ -23,8 +23,8 @@ public:
     void setInspections(const QList<CopyInspection> &inspections);
     void setComparison(const TargetComparison &comparison);
 
-    /// What leads from the library to a copy that was set aside.
-    void setSetAside(const QList<FileDifference> &differences);
+    /// What leads from the library to a copy that was set aside, or to what is to be added.
+    void setDifferences(const QList<FileDifference> &differences);
 
     /// Chooses this file, or no longer does, if its copy holds anything to adopt.
     Q_INVOKABLE void toggle(int row);

@@ -98,6 +98,14 @@ void FileComparison::compareSetAside(const QString &copy, const QString &path)
           [this, copy, path] { return m_model->recovery().readSetAsideFile(copy, path); });
 }
 
+void FileComparison::compareAdded(const QString &slug, const QString &path)
+{
+    if (isFolder(path))
+        return showFolder();
+    begin(fileOf(std::nullopt, path),
+          [addition = m_model->addition(), slug, path] { return addition->readFile(slug, path); });
+}
+
 void FileComparison::copy(int first, int last) const
 {
     QStringList texts;

@@ -9,7 +9,7 @@
 namespace vornel {
 
 /// The lines in which a file of a skill's folder, of a version, of an assistant's copy, of one that was set
-/// aside or of a collision, or a text, differs from another.
+/// aside, of a collision or of what is to be added, or a text, differs from another.
 class FileComparison : public QAbstractListModel
 {
     Q_OBJECT
@@ -35,6 +35,9 @@ public:
 
     /// Begins to compare this file of a copy that was set aside with that of the skill, if there is one.
     Q_INVOKABLE void compareSetAside(const QString &copy, const QString &path);
+
+    /// Begins to compare this file of a skill that is to be added with that of the skill.
+    Q_INVOKABLE void compareAdded(const QString &slug, const QString &path);
 
     /// Begins to compare this file of a version with what it has become, or with what it was in the version
     /// before. Until then, what was shown stays.

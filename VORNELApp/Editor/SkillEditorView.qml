@@ -11,7 +11,6 @@ FocusScope {
     required property AppModel model
 
     readonly property OpenSkill skill: model.openSkill
-    readonly property var detail: model.selectedSkill
     readonly property string skillID: String(model.selectedSkillID)
     readonly property bool isHistoryOpen: model.history.isOpen
     readonly property bool isVersionShown: (history.item as SkillHistory)?.isVersionShown ?? false
@@ -51,11 +50,6 @@ FocusScope {
         else
             file.find();
     }
-    function compareTexts(): void {
-        comparison.make();
-        (comparison.item as TextComparisonSheet).compare();
-    }
-
     function toggleHistory(): void {
         if (isHistoryOpen)
             model.history.close();
@@ -112,10 +106,6 @@ FocusScope {
             file.refresh();
         }
 
-        function onRefused() {
-            refusal.open();
-        }
-
         target: editor.skill
     }
     Connections {
@@ -165,17 +155,14 @@ FocusScope {
         anchors.top: parent.top
         arePropertiesModified: propertyForm.isModified
         model: editor.model
-        onDuplicateAsked: {
-            duplication.make();
-            (duplication.item as DuplicationSheet).ask(editor.detail.manifest.id, editor.detail.manifest.slug, editor.detail.manifest.displayName);
-        }
+        onDuplicateAsked: questions.askForDuplicate()
         onHistoryAsked: editor.toggleHistory()
         onPropertiesAsked: editor.toggleProperties()
         onSaveAsked: {
             editor.showText(); // as the button goes grey
             editor.skill.save();
         }
-        onTrashAsked: confirmation.open()
+        onTrashAsked: questions.askToTrash()
     }
     EditorFacts {
         id: facts
@@ -197,10 +184,10 @@ FocusScope {
         anchors.topMargin: height > 0 ? Metrics.medium : 0
         canAct: !editor.model.isWorking
         skill: editor.skill
-        onComparisonAsked: editor.compareTexts()
+        onComparisonAsked: questions.compareTexts()
         onDecided: editor.showText()
         onHandEditsAdopted: editor.model.adoption.adoptHandEdits(editor.model.selectedSkillID)
-        onReplacementAsked: replacement.open()
+        onReplacementAsked: questions.askToReplace()
     }
     FileTree {
         id: tree
@@ -299,58 +286,18 @@ FocusScope {
 
         target: panel.item as PropertiesPanel
     }
-    DifferencesSheet {
-        id: differences
+    EditorQuestions {
+        id: questions
 
         model: editor.model
-        replacement: editor.skill.replacement
-        onClosed: {
+        properties: propertyForm
+        onEnded: {
             if (editor.Window.activeFocusItem === editor.Window.contentItem) // as a notice has gone that had the keyboard
                 editor.takeKeyboard();
         }
-    }
-    StaleSheet {
-        id: refusal
-
-        skill: editor.skill
-        onComparisonAsked: editor.compareTexts()
-        onReplacementAsked: replacement.open()
-    }
-    DeferredItem {
-        id: comparison
-
-        file: "TextComparisonSheet.qml"
-        properties: ({ model: editor.model })
-    }
-    DeferredItem {
-        id: duplication
-
-        file: "DuplicationSheet.qml"
-        properties: ({ model: editor.model })
-    }
-    UnsavedSheet {
-        model: editor.model
-        properties: propertyForm
-        onPropertiesRefused: if (!editor.arePropertiesOpen) editor.openProperties()
-    }
-    ConfirmationDialog {
-        id: replacement
-
-        acceptText: "Garder mon texte"
-        message: "Votre texte remplace celui du disque, qui reste dans l’historique de la compétence."
-        title: "Remplacer le texte du disque\u00A0?"
-        onAccepted: editor.skill.overrule()
-        onClosed: if (isAccepted && !differences.isUsed) editor.showText() // as the notice goes
-    }
-    ConfirmationDialog {
-        id: confirmation
-
-        acceptText: "Placer dans la corbeille"
-        isDestructive: true
-        message: "Vous pourrez restaurer cette compétence depuis la corbeille."
-            + (editor.skill.draft.isModified || propertyForm.isModified ? "\n\nLes modifications non enregistrées seront perdues." : "")
-        title: "Placer « " + (editor.detail?.manifest.displayName ?? "") + " » dans la corbeille ?"
-        onAccepted: {
+        onPropertiesAsked: if (!editor.arePropertiesOpen) editor.openProperties()
+        onTextAsked: editor.showText()
+        onTrashed: {
             editor.isGoing = true;
             editor.model.moveSelectedSkillToTrash();
         }

@@ -129,12 +129,22 @@ QVariantList Addition::revisedIDs() const
 {
     QVariantList ids;
     for (const SkillAddition &addition : m_differing.records()) {
-        for (const SkillSummary &skill : m_library.skills(Destination::library)) {
-            if (addition.choice == AdditionChoice::added && skill.slug == addition.slug)
-                ids.append(QVariant::fromValue(skill.id));
-        }
+        if (addition.choice == AdditionChoice::added)
+            ids.append(QVariant::fromValue(skillID(addition.slug)));
     }
     return ids;
+}
+
+QUuid Addition::skillID(const QString &slug) const
+{
+    const QList<SkillSummary> skills = m_library.skills(Destination::library);
+    const auto skill = std::ranges::find(skills, slug, &SkillSummary::slug);
+    return skill == skills.end() ? QUuid() : skill->id;
+}
+
+QFuture<std::optional<QByteArray>> Addition::readFile(const QString &slug, const QString &path) const
+{
+    return m_service->readAddedFile(m_sources, slug, path);
 }
 
 int Addition::revisedCount() const

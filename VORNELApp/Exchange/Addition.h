@@ -79,6 +79,12 @@ public:
     /// The library's skills that are to get the added content.
     QVariantList revisedIDs() const;
 
+    /// The library's skill of this slug; null where it has none.
+    QUuid skillID(const QString &slug) const;
+
+    /// The bytes of a file of a skill that is to be added; nothing where no file is.
+    QFuture<std::optional<QByteArray>> readFile(const QString &slug, const QString &path) const;
+
 Q_SIGNALS:
     void changed();
 

@@ -23,6 +23,20 @@ FocusScope {
         return first !== null;
     }
 
+    DeferredItem {
+        id: comparison
+
+        file: "AdditionComparisonSheet.qml"
+        properties: ({ model: review.model })
+    }
+    Connections {
+        function onChosen(choice: int) {
+            review.addition.choose((comparison.item as AdditionComparisonSheet).row, choice);
+        }
+
+        ignoreUnknownSignals: true
+        target: comparison.item
+    }
     Row {
         id: cards
 
@@ -87,6 +101,10 @@ FocusScope {
                         addition: record
                         width: parent?.width ?? 0
                         onChosen: choice => review.addition.choose(index, choice)
+                        onComparisonAsked: {
+                            comparison.make();
+                            (comparison.item as AdditionComparisonSheet).compare(record, index);
+                        }
                     }
                 }
             }

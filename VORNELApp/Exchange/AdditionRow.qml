@@ -11,6 +11,9 @@ Item {
     /** The user picks a side. */
     signal chosen(choice: int)
 
+    /** The user wants to see both. */
+    signal comparisonAsked
+
     function focusChoice(): void {
         library.forceActiveFocus(Qt.TabFocusReason);
     }
@@ -35,9 +38,20 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         spacing: Metrics.small
 
+        ActionButton {
+            id: compare
+
+            KeyNavigation.right: library
+            isFlat: true
+            text: "Comparer…"
+
+            Accessible.description: row.addition.slug
+            onClicked: row.comparisonAsked()
+        }
         ChoiceButton {
             id: library
 
+            KeyNavigation.left: compare
             KeyNavigation.right: added
             isChosen: row.addition.choice === Vornel.AdditionChoice.library
             text: "Garder la mienne"

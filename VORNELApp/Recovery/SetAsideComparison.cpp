@@ -34,7 +34,7 @@ void SetAsideComparison::show(const HistoryComparison &comparison, bool hasSkill
             found.append({file, FileChange::added});
     }
     m_sameCount = hasSkill ? static_cast<int>(same) : 0;
-    m_files.setSetAside(found);
+    m_files.setDifferences(found);
     Q_EMIT changed();
 }
 

@@ -1,5 +1,6 @@
 #include "ExchangeReport.h"
 
+#include "Cells.h"
 #include "Terminal.h"
 
 #include <VORNELCore/Library/Wording.h>
@@ -37,8 +38,11 @@ QString exported(const SkillExport &written)
 QString additions(const QList<SkillAddition> &additions)
 {
     QList<QList<Cell>> rows;
-    for (const SkillAddition &addition : additions)
+    for (const SkillAddition &addition : additions) {
         rows.append({{addition.slug}, additionCell(addition)});
+        for (const FileDifference &difference : addition.differences)
+            rows.append({{}, differenceCell(difference)});
+    }
     return Terminal::table(rows);
 }
 

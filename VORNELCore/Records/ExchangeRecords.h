@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CopyInspection.h"
 #include "Enumerations.h"
 
 #include <QStringList>
@@ -34,6 +35,7 @@ struct SkillAddition
     Q_PROPERTY(QString digest MEMBER digest)
     Q_PROPERTY(vornel::AdditionKind kind MEMBER kind)
     Q_PROPERTY(qint64 revision MEMBER revision)
+    Q_PROPERTY(QList<vornel::FileDifference> differences MEMBER differences)
     Q_PROPERTY(QVariant choice READ choiceValue)
 
 public:
@@ -41,6 +43,7 @@ public:
     QString digest; ///< of its tree
     AdditionKind kind = AdditionKind::added;
     qint64 revision = 0;                       ///< that of the library's skill; 0 where it has none
+    QList<FileDifference> differences = {};    ///< what leads from the library's content to this one
     std::optional<AdditionChoice> choice = {}; ///< where the contents differ, once the user has decided
 
     /// The choice, or an invalid variant while there is none.

@@ -3,10 +3,12 @@
 #include <VORNELCore/Records/ExchangeRecords.h>
 #include <VORNELCore/Records/WorkspaceModels.h>
 
+#include <QByteArray>
 #include <QFuture>
 #include <QUuid>
 
 #include <filesystem>
+#include <optional>
 
 namespace vornel {
 
@@ -30,6 +32,11 @@ public:
     /// `duplicateSlug` where the trash holds it, what a walk over it throws, and `integrityFailure` for an
     /// archive that can't be read, holds too much, or would lead out of its folder.
     virtual QFuture<QList<SkillAddition>> reviewAddition(QList<std::filesystem::path> sources) = 0;
+
+    /// The bytes of a file of a skill that is to be added; nothing where no file is. Fails as a review does,
+    /// with `invalidPath` for a path out of the skill, and with `symlinkUnsupported` for a link on the way.
+    virtual QFuture<std::optional<QByteArray>> readAddedFile(QList<std::filesystem::path> sources,
+                                                             QString slug, QString relativePath) = 0;
 
     /// Adds what was reviewed: new skills as an import does, and of those that differ and for which the user
     /// has chosen so, the next revision. Returns all of them as they are then. Before anything is written, it

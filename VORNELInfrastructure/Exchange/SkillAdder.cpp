@@ -3,6 +3,7 @@
 #include <VORNELCore/Errors/VORNELWorkspaceError.h>
 #include <VORNELInfrastructure/Adoption/ComposedRevision.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
+#include <VORNELInfrastructure/Tree/TreeDifferences.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
 #include <algorithm>
@@ -46,15 +47,25 @@ SkillAddition SkillAdder::reviewed(const QString &slug, const FileTreeSnapshot &
 {
     SkillAddition addition{.slug = slug, .digest = QString::fromStdString(content.digest)};
     if (const SkillRecord *skill = known(slug)) {
-        const bool isSame = contentOf(m_workspace, *skill).digest == content.digest;
+        const FileTreeSnapshot own = contentOf(m_workspace, *skill);
+        const bool isSame = own.digest == content.digest;
         addition.kind = isSame ? AdditionKind::identical : AdditionKind::different;
         addition.revision = skill->manifest.revision;
+        addition.differences = differences(own, content);
         if (!isSame)
             requireText(m_workspace, *skill, treeOf(content));
     } else {
         m_authoring.manifestFor(content.root, slug); // for what it refuses
     }
     return addition;
+}
+
+std::optional<QByteArray> SkillAdder::readFile(const QString &slug, const QString &relativePath) const
+{
+    const auto skill = m_offered.bySlug().find(slug);
+    if (skill == m_offered.bySlug().end())
+        return std::nullopt;
+    return SkillFolderStore(m_workspace).fileBytes(skill->second.root, relativePath);
 }
 
 QList<SkillDetail> SkillAdder::add(const QList<SkillAddition> &reviewed) const

@@ -18,6 +18,14 @@ QFuture<QList<SkillAddition>> LocalWorkspaceService::reviewAddition(QList<std::f
                    [=](const Workspace &workspace) { return SkillAdder(workspace, sources).review(); });
 }
 
+QFuture<std::optional<QByteArray>> LocalWorkspaceService::readAddedFile(QList<std::filesystem::path> sources,
+                                                                        QString slug, QString relativePath)
+{
+    return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
+        return SkillAdder(workspace, sources).readFile(slug, relativePath);
+    });
+}
+
 QFuture<QList<SkillDetail>> LocalWorkspaceService::addSkills(QList<std::filesystem::path> sources,
                                                              QList<SkillAddition> reviewed)
 {

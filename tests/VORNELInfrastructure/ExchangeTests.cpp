@@ -83,6 +83,11 @@ protected:
         return service->reviewAddition({path(source)}).result();
     }
 
+    std::optional<QByteArray> fileOffered(const std::string &source, const QString &file)
+    {
+        return service->readAddedFile({path(source)}, u"demo"_s, file).result();
+    }
+
     /// Adds what is offered; where the contents differ, as chosen.
     QList<SkillDetail> add(const std::string &source, std::optional<AdditionChoice> choice = std::nullopt)
     {
@@ -256,6 +261,12 @@ TEST_F(Exchange, MakesARevisionOfOtherContentWhenTold)
     EXPECT_EQ(add("given/demo", AdditionChoice::library).first().skillMD, u"le mien"_s);
     EXPECT_EQ(tree("workspace"), before);
     const QList<SkillAddition> stale = review("given/demo");
+    EXPECT_EQ(stale.first().differences, (QList<FileDifference>{{u"SKILL.md"_s, FileChange::changed},
+                                                                {u"notes.md"_s, FileChange::added}}));
+    EXPECT_EQ(fileOffered("given/demo", u"SKILL.md"_s), "le sien");
+    EXPECT_EQ(fileOffered("given/demo", u"absent.md"_s), std::nullopt);
+    EXPECT_EQ(errorOf([&] { fileOffered("given/demo", u"../other/SKILL.md"_s); })->caseName(),
+              u"invalidPath"_s);
     const SkillDetail revised = add("given/demo", AdditionChoice::added).first();
     EXPECT_EQ(revised.manifest.revision, 2);
     EXPECT_EQ(revised.skillMD, u"le sien"_s);

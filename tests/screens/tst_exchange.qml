@@ -77,6 +77,23 @@ ScreenTest {
         verify(fixture.history("audit").includes("ce que Codex a écrit"));
     }
 
+    function test_both_contents_are_seen_before_one_is_kept() {
+        openShell(["audit"]);
+        give("audit", "name: audit\ndu nouveau");
+        fixture.write("given/audit/guide.md", "le guide");
+        drop(addressOf("given"));
+        awaitText("Reste 1 différence à trancher.");
+        const row = control("Prendre la nouvelle");
+        click("Comparer…");
+        awaitText("Les deux contenus de «\u00A0audit\u00A0»", /^SKILL.md, /, /^guide.md, /, "du nouveau");
+        mouseClick(all(/^guide.md, /)[0]);
+        awaitText("le guide");
+        all("Prendre la nouvelle").find(item => item !== row).forceActiveFocus();
+        press(Qt.Key_Space);
+        awaitGone("Les deux contenus de «\u00A0audit\u00A0»");
+        awaitText("1 compétence recevra une nouvelle révision.");
+    }
+
     function test_a_failure_is_told_where_it_is_mended() {
         openShell(["audit"]);
         fixture.write("given.zip", "pas une archive");
