@@ -64,7 +64,7 @@ bool FileChanges::isTaken(const QString &path) const
         known, [&path](const QString &other) { return other == path || other.startsWith(path + u'/'); });
 }
 
-bool FileChanges::isFolder(const QString &path) const
+bool FileChanges::hasFolder(const QString &path) const
 {
     const auto isBelow = [&path](const QString &other) { return other.startsWith(path + u'/'); };
     return m_emptyFolders.contains(path) ||
@@ -162,7 +162,7 @@ QCoro::Task<DroppedFiles> FileChanges::read(QList<QUrl> urls, QString folder)
 
 void FileChanges::receive(DroppedFiles dropped)
 {
-    dropped.emptyFolders.removeIf([this](const QString &folder) { return isFolder(folder); });
+    dropped.emptyFolders.removeIf([this](const QString &folder) { return hasFolder(folder); });
     if (dropped.failure.isEmpty() && dropped.files.isEmpty() && dropped.emptyFolders.isEmpty())
         dropped.failure = u"Il n’y a rien de nouveau à copier."_s;
     if (!dropped.failure.isEmpty())
@@ -189,7 +189,7 @@ void FileChanges::add()
         return;
     const bool isOne = changes.size() == 1;
     const bool isOfFolders = added.files.isEmpty();
-    const QString noun = (isOfFolders ? u"dossier"_s : u"fichier"_s) + (isOne ? u""_s : u"s"_s);
+    const QString noun = (isOfFolders ? u"dossier"_s : u"fichier"_s) + (isOne ? QString() : u"s"_s);
     const QString first = isOfFolders ? added.emptyFolders.first() : added.files.first().path;
     Change change{.changes = changes,
                   .confirmation = noun.toUpper() + (isOne ? u" COPIÉ"_s : u" COPIÉS"_s),

@@ -66,7 +66,7 @@ private:
     };
 
     bool isTaken(const QString &path) const;
-    bool isFolder(const QString &path) const;
+    bool hasFolder(const QString &path) const;
     void look();
     bool ask(Change change, const QString &verb);
     QCoro::Task<> run(Change change);
