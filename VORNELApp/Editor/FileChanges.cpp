@@ -53,8 +53,9 @@ try {
     if (!former.isEmpty())
         FilePathRules::requireElsewhere(former, path);
     return {};
-} catch (const VORNELWorkspaceError &error) {
-    return error.errorDescription();
+} catch (const VORNELWorkspaceError &error) { // nothing has failed while it is typed
+    const auto *const refusal = error.as<WorkspaceErrorCase::IntegrityFailure>();
+    return refusal != nullptr ? refusal->reason : error.errorDescription();
 }
 
 bool FileChanges::isTaken(const QString &path) const
