@@ -4,6 +4,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusUnixFileDescriptor>
 #include <QGuiApplication>
+#include <QTimer>
 #include <QUuid>
 #include <QWindow>
 
@@ -37,7 +38,7 @@ ApplicationChoice::ApplicationChoice(const QDBusConnection &bus, const QFile &fi
     if (bus.isConnected())
         ask(bus, file);
     else // whoever waits for it has yet to say so
-        QMetaObject::invokeMethod(this, &ApplicationChoice::fail, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, &ApplicationChoice::fail);
 }
 
 /// The answer may come before that to the call. No service is named for it: its owner would be waited for.
