@@ -1,11 +1,8 @@
 #include "MarkdownHighlighter.h"
 
 #include <QRegularExpression>
-#include <QTextBlock>
-#include <QTextDocument>
 
 #include <algorithm>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -13,18 +10,8 @@ namespace vornel {
 
 namespace {
 
-QTextCharFormat colored(const QColor &color)
-{
-    QTextCharFormat format;
-    format.setForeground(color);
-    return format;
-}
-
 /// A longer line isn't written by hand; looking for spans in it could take for ever.
 constexpr qsizetype longestLine = 1'000;
-
-/// So many lines are coloured within a few milliseconds.
-constexpr int linesInSlice = 400;
 
 /// Whether it is worth looking for spans, which takes longer than this.
 bool mayHoldSpans(const QString &text)
@@ -41,17 +28,6 @@ bool isFence(const QString &text)
 
 } // namespace
 
-MarkdownHighlighter::MarkdownHighlighter(QObject *parent) : QSyntaxHighlighter(parent)
-{
-    m_turn.setSingleShot(true);
-    connect(&m_turn, &QTimer::timeout, this, &MarkdownHighlighter::goOn);
-}
-
-void MarkdownHighlighter::componentComplete()
-{
-    setDocument(m_document->textDocument());
-}
-
 void MarkdownHighlighter::highlightBlock(const QString &text)
 {
     if (!mayGoOn())
@@ -65,34 +41,6 @@ void MarkdownHighlighter::highlightBlock(const QString &text)
         setFormat(0, static_cast<int>(text.size()), colored(m_codeColor));
     else
         highlightProse(text);
-}
-
-/// Whether this line is still part of the slice; if not, it is left to the next ones.
-bool MarkdownHighlighter::mayGoOn()
-{
-    if (!m_turn.isActive()) {
-        m_linesLeft = linesInSlice;
-        m_turn.start();
-    }
-    if (m_linesLeft-- > 0)
-        return true;
-    if (m_rest.isNull() || currentBlock().position() < m_rest.position())
-        m_rest = QTextCursor(currentBlock());
-    if (m_restEnd.isNull() || currentBlock().position() > m_restEnd.position())
-        m_restEnd = QTextCursor(currentBlock());
-    return false;
-}
-
-void MarkdownHighlighter::goOn()
-{
-    if (m_rest.isNull())
-        return;
-    QTextBlock line = std::exchange(m_rest, {}).block();
-    const QTextCursor end = std::exchange(m_restEnd, {});
-    for (; m_rest.isNull() && line.isValid() && line.position() <= end.position(); line = line.next())
-        rehighlightBlock(line); // with those after it, as far as their states change
-    if (!m_rest.isNull() && m_restEnd.position() < end.position())
-        m_restEnd = end;
 }
 
 /// What the line after this one belongs to.
