@@ -1,10 +1,11 @@
 # shellcheck shell=bash disable=SC2034 # the lists of packages are for those who source it
 # Sourced by the scripts: sees to the Debian packages, and builds. What takes time says what it is doing.
 
-window_packages=(fonts-dejavu-core libgit2-dev libgl-dev pkg-config qcoro-qt6-dev qml6-module-qt-labs-folderlistmodel
-    qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-controls
-    qml6-module-qtquick-dialogs qml6-module-qtquick-layouts qml6-module-qtquick-templates qml6-module-qtquick-window
-    qt6-declarative-dev qt6-declarative-dev-tools qt6-qpa-plugins qt6-svg-dev)
+window_packages=(fonts-dejavu-core libgit2-dev libgl-dev libtree-sitter-dev pkg-config qcoro-qt6-dev
+    qml6-module-qt-labs-folderlistmodel qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
+    qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-dialogs qml6-module-qtquick-layouts
+    qml6-module-qtquick-templates qml6-module-qtquick-window qt6-declarative-dev qt6-declarative-dev-tools
+    qt6-qpa-plugins qt6-svg-dev)
 build_packages=(cmake g++ libarchive-dev libcmark-dev librsvg2-bin libssl-dev libyaml-cpp-dev ninja-build qt6-base-dev
     "${window_packages[@]}")
 test_packages=("${build_packages[@]}" at-spi2-core bash-completion dbus libgtest-dev libx11-6 python3-gi
@@ -82,7 +83,7 @@ missing_packages() {
         <(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null | sed -n 's/ installed$//p' | sort -u)
 }
 
-# npm brings the typeface and the icons; it need not be Debian's.
+# npm brings the typeface, the icons and the grammars; it need not be Debian's.
 require_npm() {
     command -v npm >/dev/null || require npm
 }
