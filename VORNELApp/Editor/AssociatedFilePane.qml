@@ -55,6 +55,19 @@ FocusScope {
             markColor: Colors.muted
         }
     }
+    Instantiator {
+        active: !pane.path.endsWith(".md")
+
+        CodeHighlighter {
+            commentColor: Colors.muted
+            constantColor: Colors.literal
+            document: text.area.textDocument
+            keywordColor: Colors.accent
+            nameColor: Colors.link
+            path: pane.path
+            stringColor: Colors.code
+        }
+    }
     PaneHeader {
         id: header
 

@@ -27,6 +27,7 @@ QtObject {
     // Only for code.
     readonly property color code: "#9FD8B4"
     readonly property color link: "#8FB8FF"
+    readonly property color literal: "#F0C08A"
 
     // Only for categories.
     readonly property color violet: "#8A61E6"
