@@ -285,6 +285,16 @@ void photographFiles(const Photographer &photographer, Studio &studio)
     abandon(studio);
 }
 
+/// A script in its colours.
+void photographCode(const Photographer &photographer, Studio &studio)
+{
+    studio.open(u"tests-de-charge"_s);
+    photographer.click(u"charge.py"_s);
+    Studio::rest();
+    photographer.take(u"editor-code"_s);
+    studio.model().closeSkill();
+}
+
 /// An edit here while the skill is edited, and then removed, in the workspace.
 void photographStale(const Photographer &photographer, Studio &studio)
 {
@@ -375,6 +385,7 @@ void photographEditor(Photographer &photographer, Studio &studio)
     photographProperties(photographer, studio);
     photographProblems(photographer, studio);
     photographFiles(photographer, studio);
+    photographCode(photographer, studio);
     photographPicture(photographer, studio);
     photographStale(photographer, studio);
     photographFound(photographer, studio);
