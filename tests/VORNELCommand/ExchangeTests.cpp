@@ -31,7 +31,7 @@ TEST_F(Vornelctl, AddsFoldersArchivesAndPipes)
     const QJsonArray planned = run("add given --dry-run --json").json().array();
     ASSERT_EQ(planned.size(), 2);
     EXPECT_EQ(planned.first().toObject().keys(),
-              (QStringList{u"choice"_s, u"digest"_s, u"kind"_s, u"revision"_s, u"slug"_s}));
+              (QStringList{u"choice"_s, u"differences"_s, u"digest"_s, u"kind"_s, u"revision"_s, u"slug"_s}));
     EXPECT_EQ(planned[0][u"kind"], u"added"_s);
     EXPECT_EQ(run("list --json").json().array().size(), 0);
     write("codex/demo/notes.txt", "theirs");
@@ -46,8 +46,9 @@ TEST_F(Vornelctl, AddsFoldersArchivesAndPipes)
     EXPECT_TRUE(undecided.errors.startsWith(
         "À choisir avec --choose IDENTIFIANT=library|added ou --prefer\u00A0: demo\n"));
     EXPECT_EQ(run("add - --choose rien=added --json", archive).error()[u"error"], u"collisionNotFound"_s);
-    EXPECT_EQ(run("add - --prefer added --dry-run", archive).output,
-              QByteArray("demo   révision 3\nother  déjà dans la bibliothèque, identique\n"));
+    EXPECT_EQ(
+        run("add - --prefer added --dry-run", archive).output,
+        QByteArray("demo   révision 3\n       ~ SKILL.md\nother  déjà dans la bibliothèque, identique\n"));
     EXPECT_EQ(run("add - --choose demo=library --json", archive).json()[0][u"skillMD"], u"trois"_s);
     EXPECT_EQ(run("add - --choose demo=added --json", archive).json()[0][u"skillMD"], u"un"_s);
 

@@ -226,6 +226,6 @@ ScreenTest {
         click("Ouvrir le dossier");
         compare(fixture.openedFolder + "/workspace", fixture.path("workspace"));
         fixture.remove("workspace");
-        clickUntil("Réessayer", "Ouverture d’VORNEL", "Étape 1 sur 5");
+        clickUntil("Réessayer", "Étape 1 sur 5");
     }
 }
