@@ -80,7 +80,7 @@ FocusScope {
         text: "PROBLÈMES"
         visible: panel.isOpen
 
-        Accessible.name: "Problèmes"
+        Accessible.ignored: true // the list has this name
     }
     ProblemRow {
         id: line
@@ -112,7 +112,12 @@ FocusScope {
         leftPadding: Metrics.small
         symbol: panel.isOpen ? "chevron-down" : "chevron-up"
         text: check.countText
-        onClicked: panel.isOpen = !panel.isOpen
+        onClicked: {
+            const isLeft = line.activeFocus;
+            panel.isOpen = !panel.isOpen;
+            if (isLeft) // as it is hidden
+                list.forceActiveFocus(Qt.OtherFocusReason);
+        }
 
         Accessible.description: panel.isOpen ? "Replier la liste des problèmes" : "Voir tous les problèmes"
     }

@@ -98,12 +98,12 @@ void FileComparison::compareSetAside(const QString &copy, const QString &path)
           [this, copy, path] { return m_model->recovery().readSetAsideFile(copy, path); });
 }
 
-void FileComparison::compareAdded(const QString &slug, const QString &path)
+void FileComparison::compareAdded(const SkillAddition &addition, const QString &path)
 {
     if (isFolder(path))
         return showFolder();
     begin(fileOf(std::nullopt, path),
-          [addition = m_model->addition(), slug, path] { return addition->readFile(slug, path); });
+          [this, addition, path] { return m_model->addition()->readFile(addition, path); });
 }
 
 void FileComparison::copy(int first, int last) const

@@ -36,8 +36,8 @@ public:
     /// Begins to compare this file of a copy that was set aside with that of the skill, if there is one.
     Q_INVOKABLE void compareSetAside(const QString &copy, const QString &path);
 
-    /// Begins to compare this file of a skill that is to be added with that of the skill.
-    Q_INVOKABLE void compareAdded(const QString &slug, const QString &path);
+    /// Begins to compare this file of what is to be added with that of the skill.
+    Q_INVOKABLE void compareAdded(const vornel::SkillAddition &addition, const QString &path);
 
     /// Begins to compare this file of a version with what it has become, or with what it was in the version
     /// before. Until then, what was shown stays.

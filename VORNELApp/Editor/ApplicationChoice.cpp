@@ -8,6 +8,8 @@
 #include <QUuid>
 #include <QWindow>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace vornel {
@@ -51,7 +53,8 @@ void ApplicationChoice::ask(QDBusConnection bus, const QFile &file)
                                                u"org.freedesktop.portal.OpenURI"_s, u"OpenFile"_s);
     call << parentWindow() << QVariant::fromValue(QDBusUnixFileDescriptor(file.handle()))
          << QVariantMap{{u"handle_token"_s, request}, {u"ask"_s, true}, {u"writable"_s, file.isWritable()}};
-    const auto *const answer = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
+    constexpr int longest = 120'000; // milliseconds: the call may have to start the portal first
+    const auto *const answer = new QDBusPendingCallWatcher(bus.asyncCall(call, longest), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *answered) {
         if (answered->isError())
             fail();
@@ -61,15 +64,20 @@ void ApplicationChoice::ask(QDBusConnection bus, const QFile &file)
 void ApplicationChoice::conclude(uint response, const QVariantMap & /*results*/)
 {
     enum Response : uint { Opened, Cancelled, Ended };
-    if (response == Ended)
-        fail();
-    else
-        deleteLater();
+    end(response == Ended);
 }
 
 void ApplicationChoice::fail()
 {
-    Q_EMIT failed();
+    end(true);
+}
+
+void ApplicationChoice::end(bool hasFailed)
+{
+    if (std::exchange(m_hasEnded, true))
+        return;
+    if (hasFailed)
+        Q_EMIT failed();
     deleteLater();
 }
 

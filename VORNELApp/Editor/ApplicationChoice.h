@@ -25,6 +25,9 @@ private Q_SLOTS:
 private:
     void ask(QDBusConnection bus, const QFile &file);
     void fail();
+    void end(bool hasFailed);
+
+    bool m_hasEnded = false; ///< whatever answer is still to come
 };
 
 } // namespace vornel

@@ -14,6 +14,7 @@ FocusScope {
 
     readonly property SkillFileContent content: content
     readonly property EditedFile edited: edited
+    readonly property bool isMarkdown: /\.(md|markdown)$/i.test(path)
 
     function find(): void {
         if (edited.isShown)
@@ -45,7 +46,7 @@ FocusScope {
         onBegun: text.area.cursorPosition = 0
     }
     Instantiator {
-        active: pane.path.endsWith(".md")
+        active: pane.isMarkdown
 
         MarkdownHighlighter {
             codeColor: Colors.code
@@ -56,7 +57,7 @@ FocusScope {
         }
     }
     Instantiator {
-        active: !pane.path.endsWith(".md")
+        active: !pane.isMarkdown
 
         CodeHighlighter {
             commentColor: Colors.muted

@@ -163,6 +163,7 @@ QCoro::Task<DroppedFiles> FileChanges::read(QList<QUrl> urls, QString folder)
 
 void FileChanges::receive(DroppedFiles dropped)
 {
+    dropped.emptyFolders.removeDuplicates();
     dropped.emptyFolders.removeIf([this](const QString &folder) { return hasFolder(folder); });
     if (dropped.failure.isEmpty() && dropped.files.isEmpty() && dropped.emptyFolders.isEmpty())
         dropped.failure = u"Il n’y a rien de nouveau à copier."_s;

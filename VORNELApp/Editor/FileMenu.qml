@@ -62,7 +62,7 @@ ActionMenu {
         onTriggered: menu.actions.copyPath(menu.path)
     }
     ActionMenuItem {
-        enabled: menu.path !== "" && !menu.isFolder
+        enabled: menu.path !== "" && !menu.isFolder && menu.path !== "vornel.json" // which only VORNEL writes
         symbol: "external-link"
         text: "Ouvrir avec…"
         onTriggered: menu.actions.openWith(menu.path)

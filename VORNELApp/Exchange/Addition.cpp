@@ -129,8 +129,9 @@ QVariantList Addition::revisedIDs() const
 {
     QVariantList ids;
     for (const SkillAddition &addition : m_differing.records()) {
-        if (addition.choice == AdditionChoice::added)
-            ids.append(QVariant::fromValue(skillID(addition.slug)));
+        const QUuid id = skillID(addition.slug);
+        if (addition.choice == AdditionChoice::added && !id.isNull())
+            ids.append(QVariant::fromValue(id));
     }
     return ids;
 }
@@ -142,9 +143,10 @@ QUuid Addition::skillID(const QString &slug) const
     return skill == skills.end() ? QUuid() : skill->id;
 }
 
-QFuture<std::optional<QByteArray>> Addition::readFile(const QString &slug, const QString &path) const
+QFuture<std::optional<QByteArray>> Addition::readFile(const SkillAddition &reviewed,
+                                                      const QString &path) const
 {
-    return m_service->readAddedFile(m_sources, slug, path);
+    return m_service->readAddedFile(m_sources, reviewed, path);
 }
 
 int Addition::revisedCount() const

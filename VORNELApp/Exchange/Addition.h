@@ -83,7 +83,7 @@ public:
     QUuid skillID(const QString &slug) const;
 
     /// The bytes of a file of a skill that is to be added; nothing where no file is.
-    QFuture<std::optional<QByteArray>> readFile(const QString &slug, const QString &path) const;
+    QFuture<std::optional<QByteArray>> readFile(const SkillAddition &reviewed, const QString &path) const;
 
 Q_SIGNALS:
     void changed();

@@ -63,7 +63,7 @@ Sheet {
             height: parent.height
             model: sides.files
             width: Math.min(300, parent.width / 3)
-            onChosen: (target, path) => lines.compareAdded(sheet.addition.slug, path)
+            onChosen: (target, path) => lines.compareAdded(sheet.addition, path)
         }
         DifferentLines {
             comparison: lines

@@ -62,7 +62,8 @@ QCoro::Task<FoundDraft> SelectedSkill::findDraft(SkillDetail skill)
     try {
         found.draft = co_await m_drafts->draft(skill.manifest.id);
         if (found.draft) {
-            const QString digest = co_await QtConcurrent::run(sha256Of, skill.skillMD.toUtf8());
+            const QString digest =
+                co_await QtConcurrent::run([text = skill.skillMD] { return sha256Of(text.toUtf8()); });
             found.isStale = found.draft->baseDigest != digest;
         }
     } catch (const std::exception &error) {

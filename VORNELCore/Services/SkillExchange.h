@@ -33,10 +33,11 @@ public:
     /// archive that can't be read, holds too much, or would lead out of its folder.
     virtual QFuture<QList<SkillAddition>> reviewAddition(QList<std::filesystem::path> sources) = 0;
 
-    /// The bytes of a file of a skill that is to be added; nothing where no file is. Fails as a review does,
-    /// with `invalidPath` for a path out of the skill, and with `symlinkUnsupported` for a link on the way.
-    virtual QFuture<std::optional<QByteArray>> readAddedFile(QList<std::filesystem::path> sources,
-                                                             QString slug, QString relativePath) = 0;
+    /// The bytes of a file of a skill that was reviewed; nothing where no file is. Fails as a review does,
+    /// with `integrityFailure` where the skill holds something else by now, and with `invalidPath` for a path
+    /// out of it.
+    virtual QFuture<std::optional<QByteArray>>
+    readAddedFile(QList<std::filesystem::path> sources, SkillAddition reviewed, QString relativePath) = 0;
 
     /// Adds what was reviewed: new skills as an import does, and of those that differ and for which the user
     /// has chosen so, the next revision. Returns all of them as they are then. Before anything is written, it

@@ -16,6 +16,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
+VORNELWorkspaceError changedSinceReview()
+{
+    return VORNELWorkspaceError::integrityFailure(u"Ce qui est à ajouter a changé depuis l’examen."_s);
+}
+
 ComposedTree treeOf(const FileTreeSnapshot &content)
 {
     ComposedTree tree;
@@ -60,11 +65,12 @@ SkillAddition SkillAdder::reviewed(const QString &slug, const FileTreeSnapshot &
     return addition;
 }
 
-std::optional<QByteArray> SkillAdder::readFile(const QString &slug, const QString &relativePath) const
+std::optional<QByteArray> SkillAdder::readFile(const SkillAddition &reviewed,
+                                               const QString &relativePath) const
 {
-    const auto skill = m_offered.bySlug().find(slug);
-    if (skill == m_offered.bySlug().end())
-        return std::nullopt;
+    const auto skill = m_offered.bySlug().find(reviewed.slug);
+    if (skill == m_offered.bySlug().end() || skill->second.digest != reviewed.digest.toStdString())
+        throw changedSinceReview();
     return SkillFolderStore(m_workspace).fileBytes(skill->second.root, relativePath);
 }
 
@@ -98,7 +104,7 @@ void SkillAdder::requireDecisions(const QList<SkillAddition> &reviewed) const
         addition.choice.reset();
     }
     if (undecided != review())
-        throw VORNELWorkspaceError::integrityFailure(u"Ce qui est à ajouter a changé depuis l’examen."_s);
+        throw changedSinceReview();
     if (!unresolved.isEmpty())
         throw VORNELWorkspaceError::unresolvedCollisions(unresolved);
 }

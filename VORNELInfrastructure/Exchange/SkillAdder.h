@@ -15,7 +15,7 @@ public:
     SkillAdder(const Workspace &workspace, const QList<std::filesystem::path> &sources);
 
     QList<SkillAddition> review() const;
-    std::optional<QByteArray> readFile(const QString &slug, const QString &relativePath) const;
+    std::optional<QByteArray> readFile(const SkillAddition &reviewed, const QString &relativePath) const;
     QList<SkillDetail> add(const QList<SkillAddition> &reviewed) const;
 
 private:

@@ -53,13 +53,13 @@ fs::path SkillHistory::placeFor(const QUuid &id, const QString &name) const
 FileTreeSnapshot SkillHistory::add(const SkillManifest &manifest, const fs::path &skillURL) const
 {
     FileTreeSnapshot content = read(skillURL, TreeFilter::all);
-    add(manifest, content);
+    put(stage(manifest, content));
     return content;
 }
 
-void SkillHistory::add(const SkillManifest &manifest, const FileTreeSnapshot &content) const
+StagedEntry SkillHistory::stage(const SkillManifest &manifest, const FileTreeSnapshot &content) const
 {
-    keep(placeFor(manifest.id, revisionEntry(manifest.revision)), content);
+    return stage(placeFor(manifest.id, revisionEntry(manifest.revision)), content);
 }
 
 StagedFolder SkillHistory::stageFirst(const SkillManifest &manifest, const fs::path &skillURL) const
@@ -72,15 +72,25 @@ StagedFolder SkillHistory::stageFirst(const SkillManifest &manifest, const fs::p
 
 void SkillHistory::keep(const fs::path &place, const FileTreeSnapshot &content) const
 {
+    put(stage(place, content));
+}
+
+StagedEntry SkillHistory::stage(const fs::path &place, const FileTreeSnapshot &content) const
+{
     const fs::path history = place.parent_path();
     const bool isFirst = !m_files.kindAt(history);
-    StagedFolder entry{Stage(m_files, m_config.staging()), {.path = isFirst ? history : place}};
-    const fs::path &stage = entry.stage.path();
+    StagedFolder folder{Stage(m_files, m_config.staging()), {.path = isFirst ? history : place}};
+    const fs::path stage = folder.stage.path();
     Unflushed made = sharedFiles(history).copyTree(content, isFirst ? stage / place.filename() : stage);
     if (isFirst)
         made.folders.push_back(stage);
-    commit(m_files, entry, made);
-    treeOf(place); // a further name changes what is known of a file
+    return {std::move(folder), std::move(made), place};
+}
+
+void SkillHistory::put(StagedEntry entry) const
+{
+    commit(m_files, entry.folder, entry.made);
+    treeOf(entry.place); // a further name changes what is known of a file
 }
 
 fs::path SkillHistory::placeForReplaced(const SkillManifest &manifest, VersionOrigin origin) const

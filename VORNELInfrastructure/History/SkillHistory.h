@@ -22,6 +22,14 @@ struct FormerFolder
     std::filesystem::path keptAs; ///< where the folder itself must be kept; empty where it need not be
 };
 
+/// An entry in the making, and what of it isn't on the disk.
+struct StagedEntry
+{
+    StagedFolder folder;
+    Unflushed made;
+    std::filesystem::path place;
+};
+
 /// What is kept of a skill: a copy of each revision, under its number, and what was replaced and is in no
 /// revision, under "replaced-" or "merged-" and its origin.
 class SkillHistory
@@ -37,8 +45,10 @@ public:
     /// Adds a copy of the skill's folder, and returns what it holds.
     FileTreeSnapshot add(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
-    /// The same for a folder of which is known what it holds.
-    void add(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
+    /// The same in two steps, of a folder of which is known what it holds. Where others may write, it might
+    /// hold something else by the time it is copied: what is to become a revision is staged before.
+    StagedEntry stage(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
+    void put(StagedEntry entry) const;
 
     /// Stages the history of a new skill with the first copy of its folder, to be committed by the caller.
     StagedFolder stageFirst(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
@@ -101,6 +111,7 @@ private:
     bool anyHolds(const QUuid &id, std::vector<KeptVersion> versions, TreeFilter filter,
                   const std::string &digest) const;
     void keep(const std::filesystem::path &place, const FileTreeSnapshot &content) const;
+    StagedEntry stage(const std::filesystem::path &place, const FileTreeSnapshot &content) const;
     EntryTrees::Tree treeOf(const std::filesystem::path &entry) const;
     std::optional<std::string> digestOf(const std::filesystem::path &entry, TreeFilter filter) const;
     std::filesystem::path placeFor(const QUuid &id, const QString &name) const;

@@ -12,6 +12,7 @@
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
 #include <VORNELInfrastructure/Tree/ComposedTree.h>
+#include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
 using namespace Qt::StringLiterals;
@@ -118,14 +119,18 @@ SkillDetail SkillAuthoring::revise(SkillRecord skill,
 
     ComposedTree composed = compose(former.tree);
     composed.put(SkillFiles::manifest, SkillFolderStore::bytesOf(skill.manifest));
-    const FileTreeSnapshot tree = composed.snapshotAt(skill.folder);
-    replaceFolder(before, composed, former);
+    Stage stage = m_store.makeStage();
+    const fs::path takenOver = former.keptAs.empty() ? former.tree.root : fs::path();
+    const Unflushed made = composed.write(m_workspace.files, stage.path(), takenOver);
+    const FileTreeSnapshot staged = composed.snapshotAt(stage.path());
+    StagedEntry entry = history.stage(skill.manifest, staged);
+    replaceFolder(before, std::move(stage), made, former);
     SkillChange &change = m_workspace.changes[skill.manifest.id];
     change.revision = skill.manifest.revision;
     change.formerContent = former.tree.contentDigest();
-    change.installedContent = tree.contentDigest();
-    history.add(skill.manifest, tree);
-    return install(skill, tree, leftAlone);
+    change.installedContent = staged.contentDigest();
+    history.put(std::move(entry));
+    return install(skill, treeOf(skill), leftAlone);
 }
 
 SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill, const QSet<TargetKind> &leftAlone) const
@@ -156,12 +161,15 @@ SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
     return makeDetail(m_workspace, skill);
 }
 
-void SkillAuthoring::replaceFolder(const SkillRecord &skill, const ComposedTree &tree,
+/// Somebody may have written there since it took its place.
+FileTreeSnapshot SkillAuthoring::treeOf(const SkillRecord &skill) const
+{
+    return SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::all, &m_workspace.digests);
+}
+
+void SkillAuthoring::replaceFolder(const SkillRecord &skill, Stage stage, const Unflushed &made,
                                    const FormerFolder &former) const
 {
-    Stage stage = m_store.makeStage();
-    const Unflushed made =
-        tree.write(m_workspace.files, stage.path(), former.keptAs.empty() ? former.tree.root : fs::path());
     const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + skill.manifest.slug;
     const fs::path backup = m_workspace.config.recovery() / pathFromText(name);
     StagedFolder staged{std::move(stage), {.path = skill.folder, .backup = backup, .keptAs = former.keptAs}};

@@ -59,10 +59,13 @@ public:
     SkillDetail setAside(const QUuid &id, TargetKind target) const;
 
 private:
-    /// Replaces the skill's folder by the staged one, flushed to the disk. Whatever fails, the skill stands
-    /// whole in its place or, on a volume that can't exchange two folders, in the recovery folder. The former
-    /// folder is removed unless it is to be kept, or is no longer what was read of it.
-    void replaceFolder(const SkillRecord &skill, const ComposedTree &tree, const FormerFolder &former) const;
+    /// Replaces the skill's folder by the staged one, of which this is flushed to the disk before. Whatever
+    /// fails, the skill stands whole in its place or, on a volume that can't exchange two folders, in the
+    /// recovery folder. The former folder is removed unless it is to be kept, or is no longer what was read
+    /// of it.
+    void replaceFolder(const SkillRecord &skill, Stage stage, const Unflushed &made,
+                       const FormerFolder &former) const;
+    FileTreeSnapshot treeOf(const SkillRecord &skill) const;
     SkillDetail install(const SkillRecord &skill, const FileTreeSnapshot &tree,
                         const QSet<TargetKind> &leftAlone) const;
     void keepRevision(const SkillRecord &skill) const;

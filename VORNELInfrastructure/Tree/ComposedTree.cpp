@@ -137,17 +137,22 @@ Unflushed ComposedTree::write(FileSystem &files, const fs::path &folder, const f
             copied.push_back(piece.entry);
     }
     const auto source = [this](const Entry &entry) { return m_pieces.at(entry.relativePath).source; };
+    std::vector<fs::path> unsettled;
     Unflushed made = copySharing(files, copied, source, folder, [&](const Entry &entry) {
-        const bool isTakenOver = !former.empty() && entry.names == 1 && isInside(source(entry), former);
-        return isTakenOver ? source(entry) : fs::path();
+        if (former.empty() || entry.names != 1 || !isInside(source(entry), former))
+            return fs::path();
+        if (!wasWrittenLongAgo(std::chrono::seconds(entry.modifiedAt)))
+            unsettled.push_back(folder / entry.relativePath);
+        return source(entry);
     });
+    made.files.insert(made.files.end(), unsettled.begin(), unsettled.end());
     LastFolder folders(files);
     for (const auto &[path, piece] : m_pieces) {
+        if (!piece.bytes)
+            continue;
         const fs::path place = folder / path;
-        if (piece.bytes)
-            files.write(files.createFile(folders.at(place.parent_path()), place.filename()), *piece.bytes);
-        if (piece.bytes || !wasWrittenLongAgo(std::chrono::seconds(piece.entry.modifiedAt)))
-            made.files.push_back(place);
+        files.write(files.createFile(folders.at(place.parent_path()), place.filename()), *piece.bytes);
+        made.files.push_back(place);
     }
     return made;
 }

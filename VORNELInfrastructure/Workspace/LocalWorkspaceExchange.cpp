@@ -19,10 +19,11 @@ QFuture<QList<SkillAddition>> LocalWorkspaceService::reviewAddition(QList<std::f
 }
 
 QFuture<std::optional<QByteArray>> LocalWorkspaceService::readAddedFile(QList<std::filesystem::path> sources,
-                                                                        QString slug, QString relativePath)
+                                                                        SkillAddition reviewed,
+                                                                        QString relativePath)
 {
     return perform(LockMode::Exclusive, [=](const Workspace &workspace) {
-        return SkillAdder(workspace, sources).readFile(slug, relativePath);
+        return SkillAdder(workspace, sources).readFile(reviewed, relativePath);
     });
 }
 

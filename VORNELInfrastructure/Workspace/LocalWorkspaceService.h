@@ -93,8 +93,8 @@ public:
     QFuture<QList<SkillProblem>> checkText(QUuid id, QString text) override;
     QFuture<SkillExport> exportSkills(QList<QUuid> ids, std::filesystem::path file) override;
     QFuture<QList<SkillAddition>> reviewAddition(QList<std::filesystem::path> sources) override;
-    QFuture<std::optional<QByteArray>> readAddedFile(QList<std::filesystem::path> sources, QString slug,
-                                                     QString relativePath) override;
+    QFuture<std::optional<QByteArray>> readAddedFile(QList<std::filesystem::path> sources,
+                                                     SkillAddition reviewed, QString relativePath) override;
     QFuture<QList<SkillDetail>> addSkills(QList<std::filesystem::path> sources,
                                           QList<SkillAddition> reviewed) override;
 

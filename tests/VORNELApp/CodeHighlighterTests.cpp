@@ -138,6 +138,22 @@ TEST(CodeHighlighter, ColoursAllOfALongText)
     EXPECT_TRUE(file.hasMarks(marks));
 }
 
+/// What can be said of them is only that the program goes on: their colours are nobody's concern.
+TEST(CodeHighlighter, SurvivesWhatIsNestedDeep)
+{
+    for (const QString &suffix : {u"py"_s, u"sh"_s, u"yaml"_s, u"ts"_s, u"html"_s, u"css"_s, u"toml"_s}) {
+        for (const QString &opening :
+             {u"("_s, u"[\n"_s, u"{"_s, u"!"_s, u"<a>"_s, u"- "_s, u"`${"_s, u"a:{"_s}) {
+            const qsizetype times = 49'000 / opening.size();
+            ColoredFile file(u"a."_s + suffix, opening.repeated(times));
+            QTest::qWait(20);
+            file.replace(static_cast<int>(times) / 2, static_cast<int>(times) / 2 + 1, u"x\n"_s);
+            QTest::qWait(20);
+            EXPECT_GT(file.document.characterCount(), times);
+        }
+    }
+}
+
 TEST(CodeHighlighter, FollowsEveryEdit)
 {
     const QStringList pieces{u"\n"_s,     u"\n    "_s, u"\""_s,         u"'"_s,
@@ -157,8 +173,8 @@ TEST(CodeHighlighter, FollowsEveryEdit)
         for (int edit = 1; edit <= 200; ++edit) {
             const int length = file.document.characterCount() - 1;
             const int begin = pick(length + 1);
-            file.replace(begin, std::min(length, begin + pick(edit % 5 == 0 ? 20 : 3)),
-                         pieces.at(pick(pieces.size())));
+            const int end = std::min(length, begin + pick(edit % 5 == 0 ? 20 : 3));
+            file.replace(begin, end, pieces.at(pick(pieces.size())));
             if (edit % 11 == 0)
                 file.document.undo();
             if (edit % 20 == 0) {

@@ -83,9 +83,9 @@ protected:
         return service->reviewAddition({path(source)}).result();
     }
 
-    std::optional<QByteArray> fileOffered(const std::string &source, const QString &file)
+    std::optional<QByteArray> fileOffered(const SkillAddition &reviewed, const QString &file)
     {
-        return service->readAddedFile({path(source)}, u"demo"_s, file).result();
+        return service->readAddedFile({path("given/demo")}, reviewed, file).result();
     }
 
     /// Adds what is offered; where the contents differ, as chosen.
@@ -263,9 +263,9 @@ TEST_F(Exchange, MakesARevisionOfOtherContentWhenTold)
     const QList<SkillAddition> stale = review("given/demo");
     EXPECT_EQ(stale.first().differences, (QList<FileDifference>{{u"SKILL.md"_s, FileChange::changed},
                                                                 {u"notes.md"_s, FileChange::added}}));
-    EXPECT_EQ(fileOffered("given/demo", u"SKILL.md"_s), "le sien");
-    EXPECT_EQ(fileOffered("given/demo", u"absent.md"_s), std::nullopt);
-    EXPECT_EQ(errorOf([&] { fileOffered("given/demo", u"../other/SKILL.md"_s); })->caseName(),
+    EXPECT_EQ(fileOffered(stale.first(), u"SKILL.md"_s), "le sien");
+    EXPECT_EQ(fileOffered(stale.first(), u"absent.md"_s), std::nullopt);
+    EXPECT_EQ(errorOf([&] { fileOffered(stale.first(), u"../other/SKILL.md"_s); })->caseName(),
               u"invalidPath"_s);
     const SkillDetail revised = add("given/demo", AdditionChoice::added).first();
     EXPECT_EQ(revised.manifest.revision, 2);
@@ -278,6 +278,8 @@ TEST_F(Exchange, MakesARevisionOfOtherContentWhenTold)
               integrity(u"Ce qui est à ajouter a changé depuis l’examen."_s));
 
     write("given/demo/SKILL.md", " \n");
+    EXPECT_EQ(errorOf([&] { fileOffered(stale.first(), u"SKILL.md"_s); }),
+              integrity(u"Ce qui est à ajouter a changé depuis l’examen."_s));
     EXPECT_EQ(errorOf([&] { review("given"); }), Error::missingSkillFile(u"demo"_s));
     service->moveToTrash(demo).result();
     EXPECT_EQ(errorOf([&] { review("given"); }), Error::duplicateSlug(u"demo"_s));
