@@ -10,6 +10,16 @@
 
 namespace vornel {
 
+namespace {
+
+/// Of a text as its file holds it, which may be long.
+QString digestOfText(const QString &text)
+{
+    return sha256Of(text.toUtf8());
+}
+
+} // namespace
+
 SelectedSkill::SelectedSkill(std::shared_ptr<WindowServicing> service, std::shared_ptr<DraftKeeping> drafts,
                              Operations &operations)
     : m_service(std::move(service)), m_drafts(std::move(drafts)), m_operations(operations)
@@ -62,8 +72,7 @@ QCoro::Task<FoundDraft> SelectedSkill::findDraft(SkillDetail skill)
     try {
         found.draft = co_await m_drafts->draft(skill.manifest.id);
         if (found.draft) {
-            const QString digest =
-                co_await QtConcurrent::run([text = skill.skillMD] { return sha256Of(text.toUtf8()); });
+            const QString digest = co_await QtConcurrent::run(digestOfText, skill.skillMD);
             found.isStale = found.draft->baseDigest != digest;
         }
     } catch (const std::exception &error) {
