@@ -281,6 +281,21 @@ TEST_F(LateWriter, LosesNothingInAFolderThatIsReplaced)
     EXPECT_EQ(kept("late"), 2);
 }
 
+TEST_F(LateWriter, NeverStandsForWhatWasSaved)
+{
+    auto &disk = static_cast<SteppedFileSystem &>(*manager);
+    disk.around = [&](const Step &step, const auto &make) {
+        make();
+        if (step.kind == Step::Kind::Rename && step.mode == RenameMode::Exchange && step.to->name == "demo")
+            write("workspace/skills/demo/SKILL.md", "late");
+    };
+    EXPECT_EQ(service->saveSkill(demo, 1, u"two"_s).result().skillMD, u"late"_s);
+    disk.reset();
+    EXPECT_EQ(kept("two"), 1);
+    service->saveSkill(demo, 2, u"three"_s).result();
+    EXPECT_EQ(kept("late"), 1);
+}
+
 /// Nor does it copy what is too large to be a skill's.
 TEST_F(LateWriter, IsKeptWithoutCopyingWhatNothingShares)
 {
