@@ -40,7 +40,7 @@ ApplicationChoice::ApplicationChoice(const QDBusConnection &bus, const QFile &fi
     if (bus.isConnected())
         ask(bus, file);
     else // whoever waits for it has yet to say so
-        QTimer::singleShot(0, this, &ApplicationChoice::fail);
+        QTimer::singleShot(0, this, SLOT(fail()));
 }
 
 /// The answer may come before that to the call. No service is named for it: its owner would be waited for.

@@ -21,10 +21,10 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void conclude(uint response, const QVariantMap &results);
+    void fail();
 
 private:
     void ask(QDBusConnection bus, const QFile &file);
-    void fail();
     void end(bool hasFailed);
 
     bool m_hasEnded = false; ///< whatever answer is still to come
