@@ -6,8 +6,6 @@
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Adoption/ComposedRevision.h>
-#include <VORNELInfrastructure/Tree/SecureFileTree.h>
-#include <VORNELInfrastructure/Workspace/Locating.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
 #include <ranges>
@@ -100,7 +98,7 @@ private:
 SkillDetail FileEdit::run(const QUuid &id, const QList<PathChange> &changes, qint64 expectedRevision) const
 {
     const SkillRecord skill = m_authoring.recordAt(id, expectedRevision);
-    const FileTreeSnapshot former = treeOf(skill);
+    const FileTreeSnapshot former = folderTree(m_workspace, skill);
     ComposedTree tree;
     tree.takeAll(former);
     for (const PathChange &change : changes)
@@ -116,7 +114,7 @@ SkillDetail FileEdit::run(const QUuid &id, const QList<PathChange> &changes, qin
 
 QStringList FileEdit::emptyFolders(const QUuid &id) const
 {
-    const FileTreeSnapshot tree = treeOf(activeRecord(m_workspace, id));
+    const FileTreeSnapshot tree = folderTree(m_workspace, activeRecord(m_workspace, id));
     QStringList folders;
     std::set<std::filesystem::path> filled;                         // each with the folders above it
     for (const Entry &entry : tree.entries | std::views::reverse) { // what a folder holds comes before it
@@ -133,14 +131,6 @@ std::shared_ptr<QFile> FileEdit::open(const QUuid &id, const QString &relativePa
     WorkspaceValidation::validateRelativePath(relativePath.toUtf8());
     const std::filesystem::path path = activeRecord(m_workspace, id).folder / pathFromText(relativePath);
     return m_workspace.files.openForOthers(m_workspace.files.openFolder(path.parent_path()), path.filename());
-}
-
-FileTreeSnapshot FileEdit::treeOf(const SkillRecord &skill) const
-{
-    return locating(m_workspace, skill.folder, [&] {
-        return SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::all,
-                                        &m_workspace.digests);
-    });
 }
 
 } // namespace vornel

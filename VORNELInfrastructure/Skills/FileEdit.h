@@ -23,8 +23,6 @@ public:
     std::shared_ptr<QFile> open(const QUuid &id, const QString &relativePath) const;
 
 private:
-    FileTreeSnapshot treeOf(const SkillRecord &skill) const;
-
     const Workspace &m_workspace;
     SkillAuthoring m_authoring;
 };

@@ -12,7 +12,6 @@
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
 #include <VORNELInfrastructure/Tree/ComposedTree.h>
-#include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
 using namespace Qt::StringLiterals;
@@ -130,7 +129,8 @@ SkillDetail SkillAuthoring::revise(SkillRecord skill,
     change.formerContent = former.tree.contentDigest();
     change.installedContent = staged.contentDigest();
     history.put(std::move(entry));
-    return install(skill, treeOf(skill), leftAlone);
+    // Somebody may have written there since it took its place.
+    return install(skill, folderTree(m_workspace, skill), leftAlone);
 }
 
 SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill, const QSet<TargetKind> &leftAlone) const
@@ -159,12 +159,6 @@ SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
     keepRevision(skill);
     TargetSynchronizer(m_workspace).setAside(skill, target);
     return makeDetail(m_workspace, skill);
-}
-
-/// Somebody may have written there since it took its place.
-FileTreeSnapshot SkillAuthoring::treeOf(const SkillRecord &skill) const
-{
-    return SecureFileTree::snapshot(m_workspace.files, skill.folder, TreeFilter::all, &m_workspace.digests);
 }
 
 void SkillAuthoring::replaceFolder(const SkillRecord &skill, Stage stage, const Unflushed &made,

@@ -65,7 +65,6 @@ private:
     /// of it.
     void replaceFolder(const SkillRecord &skill, Stage stage, const Unflushed &made,
                        const FormerFolder &former) const;
-    FileTreeSnapshot treeOf(const SkillRecord &skill) const;
     SkillDetail install(const SkillRecord &skill, const FileTreeSnapshot &tree,
                         const QSet<TargetKind> &leftAlone) const;
     void keepRevision(const SkillRecord &skill) const;

@@ -63,13 +63,17 @@ WorkspaceOverview makeOverview(const Workspace &workspace)
     return {workspace.config.workspace, active, trashed, readCategoryCatalog(workspace).categories};
 }
 
+FileTreeSnapshot folderTree(const Workspace &workspace, const SkillRecord &skill)
+{
+    return locating(workspace, skill.folder, [&] {
+        return SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all, &workspace.digests);
+    });
+}
+
 SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill)
 {
-    const QString skillMD = textOf(workspace, skill);
-    return detailOf(workspace, skill, skillMD, locating(workspace, skill.folder, [&] {
-                        return SecureFileTree::snapshot(workspace.files, skill.folder, TreeFilter::all,
-                                                        &workspace.digests);
-                    }));
+    const QString skillMD = textOf(workspace, skill); // which is the first to be missed
+    return detailOf(workspace, skill, skillMD, folderTree(workspace, skill));
 }
 
 SkillDetail makeDetail(const Workspace &workspace, const SkillRecord &skill, const FileTreeSnapshot &tree)
