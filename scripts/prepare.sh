@@ -10,6 +10,7 @@ build_packages=(cmake g++ libarchive-dev libcmark-dev librsvg2-bin libssl-dev li
     "${window_packages[@]}")
 test_packages=("${build_packages[@]}" at-spi2-core bash-completion dbus libgtest-dev libx11-6 python3-gi
     qml6-module-qttest strace xvfb zsh)
+sanitizer_packages=(clang-16 libclang-rt-16-dev)
 package_packages=("${build_packages[@]}" dpkg-dev file)
 benchmark_packages=("${build_packages[@]}" diffutils libbenchmark-dev openssl python3 rsync)
 

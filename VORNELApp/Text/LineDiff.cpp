@@ -128,7 +128,8 @@ std::optional<QList<DiffLine>> lineDiff(QByteArrayView before, QByteArrayView af
         return {{remark(Kind::hunk, u"Trop de lignes pour une comparaison"_s)}};
 
     static const GitLibrary library;
-    git_diff_options options = GIT_DIFF_OPTIONS_INIT;
+    git_diff_options options;
+    git_diff_options_init(&options, GIT_DIFF_OPTIONS_VERSION);
     options.flags = GIT_DIFF_FORCE_TEXT;
     options.context_lines = 3;
     Lines lines(before.endsWith('\n') != after.endsWith('\n'));

@@ -1,4 +1,5 @@
 #include "FaultyFileSystem.h"
+#include "Sample.h"
 #include "Scratch.h"
 
 #include <VORNELCore/Records/SerializedForms.h>
@@ -294,7 +295,7 @@ protected:
 TEST_P(FailingUndo, CanBeTriedAgain)
 {
     constexpr auto change = FaultyFileSystem::Call::Change;
-    for (int number = 1;; ++number) {
+    for (int number = 1;; number += sampleStride(1)) {
         const auto files = std::make_shared<FaultyFileSystem>();
         EditedLibrary library(files);
         const Standing before = checkedOf(library);

@@ -9,9 +9,7 @@
 
 namespace vornel {
 
-namespace {
-
-int wantedStride(int otherwise)
+int sampleStride(int otherwise)
 {
     const char *points = std::getenv("VORNEL_POINTS");
     if (points == nullptr)
@@ -19,11 +17,9 @@ int wantedStride(int otherwise)
     return points == std::string_view("all") ? 1 : std::max(1, std::atoi(points));
 }
 
-} // namespace
-
 Sample::Sample(const Scenario &scenario, int stride)
     : m_scenario(scenario),
-      m_stride(wantedStride(stride)),
+      m_stride(sampleStride(stride)),
       m_shift(static_cast<int>(std::ranges::find(scenarios(), scenario.name, &Scenario::name) -
                                scenarios().begin()))
 {}

@@ -6,13 +6,16 @@
 
 namespace vornel {
 
-/// The points at which a test interrupts a scenario. Where the environment's `VORNEL_POINTS` is "all" those
-/// are all of them, where it is a number one in so many; otherwise the first, the last and some between, the
-/// same in every run. Each run and each scenario has others, so that together they meet every kind of step.
+/// How many points there are from one of a sample to the next: 1 where the environment's `VORNEL_POINTS` is
+/// "all", its number where it is one.
+int sampleStride(int otherwise);
+
+/// The points at which a test interrupts a scenario: the first, the last and some between, the same in every
+/// run. Each run and each scenario has others, so that together they meet every kind of step.
 class Sample
 {
 public:
-    /// `stride` is how many points there are from one of a sample to the next.
+    /// `stride` is that of the sample where the environment wants no other.
     Sample(const Scenario &scenario, int stride);
 
     /// The points for the next run, which has `count` of them: their numbers, ascending from 1. With a
