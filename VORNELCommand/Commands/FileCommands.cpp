@@ -31,11 +31,19 @@ int changeEach(const Session &session)
     return change(session, changes);
 }
 
+/// Each path with the file that stands at the same place among those that were named.
 int put(const Session &session)
 {
-    const Invocation &invocation = session.invocation;
-    return change(session,
-                  {WrittenFile{invocation.operands.at(1), bytesOfFile(invocation.value(u"file"_s))}});
+    const QStringList paths = session.invocation.operands.sliced(1);
+    const QStringList files = session.invocation.values.value(u"file"_s);
+    if (files.size() != paths.size())
+        throw UsageError(u"Indiquez un --file pour chaque chemin."_s);
+    if (files.count(u"-"_s) > 1)
+        throw UsageError(u"--file - ne vaut que pour un seul chemin."_s);
+    QList<PathChange> changes;
+    for (qsizetype index = 0; index < paths.size(); ++index)
+        changes.append(WrittenFile{paths.at(index), bytesOfFile(files.at(index))});
+    return change(session, changes);
 }
 
 int move(const Session &session)
@@ -50,8 +58,9 @@ QList<Command> fileCommands()
 {
     const QString section = u"Écrire"_s;
     return {
-        {{section, u"put SKILL CHEMIN --file FICHIER --expect RÉVISION"_s,
-          u"Écrit un fichier d’une compétence, nouveau ou à la place de l’ancien."_s},
+        {{section, u"put SKILL CHEMIN… --file FICHIER… --expect RÉVISION"_s,
+          u"Écrit des fichiers d’une compétence, nouveaux ou à la place des anciens\u00A0; "
+          "un --file par chemin, dans le même ordre."_s},
          put},
         {{section, u"mkdir SKILL CHEMIN… --expect RÉVISION"_s,
           u"Crée des dossiers vides dans une compétence."_s},

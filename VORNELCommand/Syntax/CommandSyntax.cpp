@@ -12,7 +12,7 @@ namespace {
 
 const QRegularExpression &optionPattern()
 {
-    static const QRegularExpression pattern(uR"((\[)?--([a-z-]+)(?: ([^][ )]+))?[])]?…?)"_s);
+    static const QRegularExpression pattern(uR"((\[)?--([a-z-]+)(?: ([^][ )…]+))?[])]?…?)"_s);
     return pattern;
 }
 

@@ -95,7 +95,16 @@ TEST_F(Vornelctl, ChangesFiles)
     EXPECT_EQ(run("put demo ../out --file text --expect 6 --json").error()[u"error"], u"invalidPath"_s);
     EXPECT_EQ(run("put demo x --file nowhere --expect 6 --json").error()[u"error"], u"fileSystem"_s);
     EXPECT_EQ(run("cat demo a --json").error()[u"error"], u"fileNotFound"_s);
-    for (const char *line : {"put demo x --file text", "rm demo --expect 6", "mv demo x --expect 6", "cat"})
+    EXPECT_EQ(run("put demo a/x --file text y --file - --expect 6", bytes).output,
+              "demo  révision 7  à jour\n");
+    EXPECT_EQ(tree("codex/demo"), (Tree{{"SKILL.md", "Démo sans fin"},
+                                        {"a/", ""},
+                                        {"a/x", "Démo sans fin"},
+                                        {"y", bytes.toStdString()}}));
+    for (const char *line :
+         {"put demo x --file text", "put demo x y --file text --expect 7",
+          "put demo x --file text --file text --expect 7", "put demo x y --file - --file - --expect 7",
+          "rm demo --expect 6", "mv demo x --expect 6", "cat"})
         EXPECT_EQ(run(line).code, 64) << line;
 }
 

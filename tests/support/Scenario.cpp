@@ -58,13 +58,24 @@ void changeFiles(Service &service)
     service.changeFiles(demo, {MovedPath{u"reference"_s, u"moved/here"_s}}, 3).result();
 }
 
+/// Writes all files that are edited.
 void changeFilesTogether(Service &service)
+{
+    const QByteArray text = savedText.toUtf8();
+    service
+        .changeFiles(*activeIDs(service, {u"demo"_s}).cbegin(),
+                     {WrittenFile{u"SKILL.md"_s, text}, WrittenFile{u"reference/table.csv"_s, text},
+                      WrittenFile{u"new/text"_s, text}},
+                     3)
+        .result();
+}
+
+void rearrangeFiles(Service &service)
 {
     service
         .changeFiles(*activeIDs(service, {u"demo"_s}).cbegin(),
                      {MovedPath{u"reference"_s, u"moved"_s}, RemovedPath{u"run.sh"_s},
-                      WrittenFile{u"moved/new.bin"_s, QByteArray("\0\xFF", 2)},
-                      WrittenFile{u"SKILL.md"_s, savedText.toUtf8()}},
+                      WrittenFile{u"moved/new.bin"_s, QByteArray("\0\xFF", 2)}},
                      3)
         .result();
 }
@@ -287,7 +298,11 @@ std::vector<Scenario> allScenarios()
         operation("duplicate", duplicate, "duplicate demo fresh --replace", Error::duplicateSlug(u"fresh"_s)),
         operation("changeFiles", changeFiles, "mv demo reference moved/here --expect 3",
                   Error::revisionConflict(3, 4)),
-        {"changeFilesTogether", buildLibrary, changeFilesTogether, {}, Error::revisionConflict(3, 4)},
+        operation(
+            "changeFilesTogether", changeFilesTogether,
+            "put demo SKILL.md --file text reference/table.csv --file text new/text --file text --expect 3",
+            Error::revisionConflict(3, 4)),
+        {"rearrangeFiles", buildLibrary, rearrangeFiles, {}, Error::revisionConflict(3, 4)},
         operation("assign", assign, "assign design demo second"),
         operation("setProperties", setProperties, "set demo second --add-tags essai --maturity ready"),
         operation("rename", rename, "set demo --slug renamed --name Autre --expect 3", done),
