@@ -107,6 +107,10 @@ ScreenTest {
         press(Qt.Key_Right, Qt.Key_Left);
         keyClick(Qt.Key_F10, Qt.ShiftModifier);
         tryVerify(() => focusedName() === "Ouvrir", 5000, "the first command");
+        for (const [letters, name] of [["du", "Dupliquer…"], ["de", "Déplacer…"], ["o", "Ouvrir le dossier"], ["o", "Ouvrir"]]) {
+            type(letters);
+            compare(focusedName(), name);
+        }
         press(Qt.Key_Down, Qt.Key_Return, "1 sélectionnée");
         compare(focusedName(), "notes");
         press(Qt.Key_Menu, ...Array(11).fill(Qt.Key_Down), Qt.Key_Return);
