@@ -13,19 +13,20 @@ FocusScope {
 
     readonly property bool hasResults: page.skillCount > 0
 
-    /** Asks about this skill or, where it is selected or none is given, about all that are selected. */
-    function askToTrash(id: var): void {
+    /** What is asked is about this skill or, where it is selected or none is given, about all that are selected. */
+    function hold(id: var): SkillActions {
         if (id === undefined)
             selection.hold();
         else
             selection.hold(id);
         actions.make();
-        (actions.item as SkillActions).askToTrash();
+        return actions.item as SkillActions;
     }
-    function askForProperties(): void {
-        selection.hold();
-        actions.make();
-        (actions.item as SkillActions).askForProperties();
+    function askToTrash(id: var): void {
+        hold(id).askToTrash();
+    }
+    function askForProperties(id: var): void {
+        hold(id).askForProperties();
     }
     function enterResults(): void {
         grid.go(0, Qt.NoModifier);
@@ -110,6 +111,7 @@ FocusScope {
             actions.make();
             (actions.item as SkillActions).menu.openFor(card.skill, card, place);
         }
+        onPropertiesAsked: id => library.askForProperties(id)
         onTrashAsked: id => library.askToTrash(id)
     }
     DeferredItem {

@@ -7,8 +7,8 @@ import VORNELDesignSystem
 
 /**
  * The cards of a page. Arrows, Home and End move, and select with Shift; Page Up and Page Down turn the page, Enter
- * opens, Space or a Ctrl+click selects, a Shift+click all up to there; a right click or the Menu key asks for its menu.
- * A card that is dragged takes its skills to where it is dropped.
+ * opens, Alt+Enter asks for the properties, Space or a Ctrl+click selects, a Shift+click all up to there; a right click or
+ * the Menu key asks for its menu. A card that is dragged takes its skills to where it is dropped.
  */
 FocusScope {
     id: grid
@@ -18,6 +18,7 @@ FocusScope {
     required property SkillSelection selection
 
     signal trashAsked(id: uuid)
+    signal propertiesAsked(id: uuid)
     signal menuAsked(card: SkillCard, place: point)
 
     property int currentIndex: 0
@@ -143,6 +144,8 @@ FocusScope {
             return;
         case Qt.Key_Return:
         case Qt.Key_Enter:
+            if (event.modifiers & Qt.AltModifier)
+                return propertiesAsked(card(currentIndex).skill.id);
             return choose(card(currentIndex).skill);
         case Qt.Key_Delete:
             return trashAsked(card(currentIndex).skill.id);
