@@ -33,7 +33,8 @@ class Program:
             VORNEL_CODEX_SKILLS_PATH=str(folder / "codex"),
         )
         environment.pop("VORNEL_TEST_MODE", None)  # its settings don't outlive the process
-        self.process = subprocess.Popen([executable], env=environment, stderr=errors)
+        self.process = subprocess.Popen([os.path.abspath(executable)], cwd=os.environ["HOME"],  # as from a desktop
+                                        env=environment, stderr=errors)
         self.source = None
 
     def __enter__(self):
