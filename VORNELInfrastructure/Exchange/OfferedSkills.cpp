@@ -7,7 +7,7 @@
 #include <VORNELCore/Errors/WorkspaceValidation.h>
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELCore/Records/SkillFiles.h>
-#include <VORNELInfrastructure/Skills/SkillText.h>
+#include <VORNELInfrastructure/Skills/FrontMatter.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 #include <algorithm>
@@ -114,7 +114,9 @@ QString OfferedSkills::slugAtTop(const fs::path &folder, const fs::path &archive
 {
     const auto bytes = m_store.fileBytes(folder, QString::fromLatin1(SkillFiles::text));
     const QString text = textFromUtf8(bytes.value_or(QByteArray())).value_or(QString());
-    const QString named = SkillText::frontmatterMetadata(text, {}).name;
+    const FrontMatter head = readFrontMatter(text);
+    const FrontMatter::Field *name = head.find(u"name");
+    const QString named = name != nullptr ? name->text.value_or(QString()) : QString();
     const fs::path stem = archive.stem();
     return isSlug(named) ? named : pathText(stem.extension() == ".tar" ? stem.stem() : stem);
 }

@@ -293,7 +293,7 @@ TEST_F(Exchange, FindsTheSkillsOfAnArchive)
                     {{"./", "", AE_IFDIR}, {"./SKILL.md", "texte"}, {"./sub//notes.md", "notes"}});
         EXPECT_EQ(offered(file), std::vector<std::string>{"demo"}) << file;
     }
-    makeArchive(path("demo (1).zip"), {{"SKILL.md", "name: named\n"}});
+    makeArchive(path("demo (1).zip"), {{"SKILL.md", "---\nname: 'named'\n---\nname: sample\n"}});
     EXPECT_EQ(offered("demo (1).zip"), std::vector<std::string>{"named"});
     makeArchive(path("several.tgz"), {{"repository-main/README.md", "x"},
                                       {"repository-main/b/SKILL.md", "name: other\n"},
