@@ -2,6 +2,7 @@
 
 #include "YamlFailure.h"
 
+#include <QRegularExpression>
 #include <QSet>
 
 #include <yaml-cpp/eventhandler.h>
@@ -25,6 +26,19 @@ bool isForbidden(QChar c)
     return c.category() == QChar::Other_Control && c != u'\t' && c != u'\n' && c != u'\r' && c != u'\u0085';
 }
 
+/// Whether readers of YAML take a scalar for a text: one without quotes may be a number, a date, a truth or
+/// nothing.
+bool isText(const std::string &tag, const QString &value)
+{
+    static const QString number =
+        uR"([-+]?(0x[\da-f]+|0o[0-7]+|\.inf|(\d+\.?\d*|\.\d+)(e[-+]?\d+)?)|\.nan)"_s;
+    static const QString date = uR"(\d{4}-\d\d?-\d\d?)"_s;
+    static const QRegularExpression other(
+        QRegularExpression::anchoredPattern(u"~|null|true|false|"_s + number + u'|' + date),
+        QRegularExpression::CaseInsensitiveOption);
+    return tag != "?" || !other.match(value).hasMatch();
+}
+
 /// Gathers the fields of the outermost level, and passes over what is below.
 class FieldReader : public YAML::EventHandler
 {
@@ -46,10 +60,11 @@ public:
             addNode(mark, std::nullopt);
     }
     void OnAlias(const YAML::Mark &mark, YAML::anchor_t /*anchor*/) override { addNode(mark, std::nullopt); }
-    void OnScalar(const YAML::Mark &mark, const std::string & /*tag*/, YAML::anchor_t /*anchor*/,
+    void OnScalar(const YAML::Mark &mark, const std::string &tag, YAML::anchor_t /*anchor*/,
                   const std::string &value) override
     {
-        addNode(mark, QString::fromStdString(value));
+        const QString text = QString::fromStdString(value);
+        addNode(mark, m_isNamed && !isText(tag, text) ? std::nullopt : std::optional(text));
     }
     void OnSequenceStart(const YAML::Mark &mark, const std::string & /*tag*/, YAML::anchor_t /*anchor*/,
                          YAML::EmitterStyle::value /*style*/) override

@@ -45,7 +45,7 @@ TEST(FrontMatter, IsReadAsYaml)
         {u"---\n'name': \"\\u00e9: \\\"x\\\"\" # c\n---\n"_s, u"2 name=[é: \"x\"]"_s},
         {u"---\nname: 'l''é'\n\nmetadata:\n  name: no\n  list: [a, {b: c}]\ntags:\n- a\nlicense: x\n---\n"_s,
          u"2 name=[l'é] 4 metadata 7 tags 9 license=[x]"_s},
-        {u"---\n{name: 12, description: 漢字}\n---\n"_s, u"2 name=[12] 2 description=[漢字]"_s},
+        {u"---\n{name: 12, description: 漢字}\n---\n"_s, u"2 name 2 description=[漢字]"_s},
         {u"---\nname: ~\ndescription:\nlicense: ''\n---\n"_s, u"2 name 3 description 4 license=[]"_s},
         {u"---\nname: &x [a]\nother: *x\n---\n"_s, u"2 name 3 other"_s},
     };
@@ -171,6 +171,9 @@ TEST_F(Check, FindsEachProblem)
         {{{"SKILL.md", head + "license: a: b\n" + end}}, "error front-matter-invalid SKILL.md:4\n"},
         {{{"SKILL.md", "---\ndescription: x\n---\n"}}, "error name-missing SKILL.md:1\n"},
         {{{"SKILL.md", "---\ndescription: x\nname: [demo]\n---\n"}}, "error name-missing SKILL.md:3\n"},
+        {{{"SKILL.md", "---\nname: demo\ndescription: 2024-01-01\n---\n"}},
+         "error description-missing SKILL.md:3\n"},
+        {{{"SKILL.md", "---\nname: demo\ndescription: 'true'\n---\n"}}, ""},
         {{{"SKILL.md", "---\nname: Démo\ndescription: x\n---\n"}}, "error name-invalid SKILL.md:2\n"},
         {{{"SKILL.md", "---\nname: de--mo\ndescription: x\n---\n"}}, "error name-invalid SKILL.md:2\n"},
         {{{"SKILL.md", "---\nname: " + times(65, "a") + "\ndescription: x\n---\n"}},
