@@ -110,6 +110,8 @@ void AppModel::showAdded()
     setSelectedCategory({});
     setSelectedMaturity({});
     m_filters.clear();
+    const QStringList &slugs = m_addition.newSlugs();
+    m_importedTexts.lookAt({slugs.begin(), slugs.end()});
 }
 
 void AppModel::followImport()

@@ -33,7 +33,7 @@ public:
                              : m_isOfNames    ? u"le nom ou la description"_s
                                               : u"la description"_s;
         const QString whose =
-            m_count == 1 ? u" d’une compétence importée."_s : u" de %1 compétences importées."_s.arg(m_count);
+            m_count == 1 ? u" d’une nouvelle compétence."_s : u" de %1 nouvelles compétences."_s.arg(m_count);
         return u"«\u00A0Reprendre du SKILL.md\u00A0» corrigerait "_s + what + whose;
     }
 

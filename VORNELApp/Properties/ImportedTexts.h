@@ -21,10 +21,10 @@ class ImportedTexts : public QObject
 public:
     ImportedTexts(std::shared_ptr<WindowServicing> service, Library &library);
 
-    /// Looks at the skills of these slugs, in the place of those of the import before.
+    /// Looks at the skills of these slugs, in the place of those of the import or addition before.
     void lookAt(const QSet<QString> &slugs);
 
-    /// "« Reprendre du SKILL.md » corrigerait la description de 2 compétences importées."; empty for none.
+    /// "« Reprendre du SKILL.md » corrigerait la description de 2 nouvelles compétences."; empty for none.
     const QString &notice() const { return m_notice; }
 
     /// The identifiers of the skills that the notice is about.

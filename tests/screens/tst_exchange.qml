@@ -53,7 +53,8 @@ ScreenTest {
         openShell(["audit", "revue"]);
         give("audit", "un autre audit");
         give("revue", "une autre revue");
-        give("plan", "un plan");
+        const plan = "---\nname: plan\ndescription: >-\n  Un plan\n---\n";
+        give("plan", plan);
         fixture.write("codex/audit/SKILL.md", "ce que Codex a écrit");
         fixture.write("claude/plan/brouillon.txt", "à garder");
         drop(addressOf("given"));
@@ -72,7 +73,8 @@ ScreenTest {
         awaitGone("Ajouter des compétences");
         verifyTextIs("audit", "un autre audit");
         verifyTextIs("revue", "name: revue");
-        verifyTextIs("plan", "un plan");
+        verifyTextIs("plan", plan);
+        awaitText("«\u00a0Reprendre du SKILL.md\u00a0» corrigerait la description d’une nouvelle compétence.");
         compare(fixture.bytes("codex/audit/SKILL.md"), fixture.bytesOfText("un autre audit"));
         verify(fixture.history("audit").includes("ce que Codex a écrit"));
     }

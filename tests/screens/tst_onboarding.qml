@@ -71,7 +71,7 @@ ScreenTest {
         all("Claude")[1].clicked();
         awaitText("Prêt à commencer.");
         clickUntil("Ouvrir la bibliothèque", "Bibliothèque", "PRÊT", "Notes");
-        awaitText("«\u00a0Reprendre du SKILL.md\u00a0» corrigerait la description d’une compétence importée.");
+        awaitText("«\u00a0Reprendre du SKILL.md\u00a0» corrigerait la description d’une nouvelle compétence.");
 
         close();
         fixture.restart();

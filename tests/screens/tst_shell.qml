@@ -75,7 +75,7 @@ ScreenTest {
         fixture.write("codex/revue/SKILL.md", "---\nname: revue\ndescription: \"Relit\"\n---\n");
         fixture.write("codex/juste/SKILL.md", "---\nname: juste\ndescription: Relit\n---\n");
         importAll(3);
-        const both = offer("le nom ou la description de 2 compétences importées.");
+        const both = offer("le nom ou la description de 2 nouvelles compétences.");
         awaitText(both);
         control("Reprendre…").forceActiveFocus();
         press(Qt.Key_Escape);
@@ -92,7 +92,7 @@ ScreenTest {
 
         fixture.write("claude/autre/SKILL.md", "---\nname: autre\ndescription: 'Une autre'\n---\n");
         importAll(1);
-        const other = offer("la description d’une compétence importée.");
+        const other = offer("la description d’une nouvelle compétence.");
         awaitText(other);
         reload();
         verify(shows(other));
