@@ -3,6 +3,8 @@
 
 #include <VORNELCommand/Output/Report.h>
 
+#include <QSet>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +42,8 @@ int put(const Session &session)
         throw UsageError(u"Indiquez un --file pour chaque chemin."_s);
     if (files.count(u"-"_s) > 1)
         throw UsageError(u"--file - ne vaut que pour un seul chemin."_s);
+    if (QSet(paths.begin(), paths.end()).size() != paths.size())
+        throw UsageError(u"Le même chemin est donné deux fois."_s);
     QList<PathChange> changes;
     for (qsizetype index = 0; index < paths.size(); ++index)
         changes.append(WrittenFile{paths.at(index), bytesOfFile(files.at(index))});

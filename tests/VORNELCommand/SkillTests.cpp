@@ -103,8 +103,8 @@ TEST_F(Vornelctl, ChangesFiles)
                                         {"y", bytes.toStdString()}}));
     for (const char *line :
          {"put demo x --file text", "put demo x y --file text --expect 7",
-          "put demo x --file text --file text --expect 7", "put demo x y --file - --file - --expect 7",
-          "rm demo --expect 6", "mv demo x --expect 6", "cat"})
+          "put demo x --file text --file text --expect 7", "put demo x x --file text --file text --expect 7",
+          "put demo x y --file - --file - --expect 7", "rm demo --expect 6", "mv demo x --expect 6", "cat"})
         EXPECT_EQ(run(line).code, 64) << line;
 }
 
