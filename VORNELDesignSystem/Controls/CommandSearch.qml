@@ -27,7 +27,7 @@ Item {
 
     /** The same for these letters, beginning so many commands behind the current one. */
     function goTo(beginning: string, distance: int): bool {
-        const first = menu.currentIndex + distance;
+        const first = Math.max(menu.currentIndex + distance, 0);
         for (let index = first; index < first + menu.count; ++index) {
             const command = menu.itemAt(index % menu.count) as ActionMenuItem;
             if (!command?.enabled || !plain(command.text).startsWith(plain(beginning)))
@@ -38,8 +38,18 @@ Item {
         return false;
     }
 
-    Keys.onPressed: event => event.accepted = take(event.text)
+    Keys.onPressed: event => {
+        const isCommand = event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier);
+        event.accepted = !isCommand && take(event.text);
+    }
 
+    Connections {
+        target: search.menu
+
+        function onAboutToShow(): void {
+            search.letters = "";
+        }
+    }
     Timer {
         id: pause
 
