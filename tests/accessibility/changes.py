@@ -5,7 +5,7 @@ import shutil
 from program import BACKTAB, RETURN, UNAVAILABLE
 
 NAME = "Essai de marche"
-MENDED_BY_TEXTS = "«\u00a0Reprendre du SKILL.md\u00a0» corrigerait la description de 2 compétences importées."
+MENDED_BY_TEXTS = "«\u00a0Reprendre du SKILL.md\u00a0» corrigerait la description de 2 nouvelles compétences."
 
 
 def creation(program):
