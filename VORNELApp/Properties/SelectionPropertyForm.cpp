@@ -1,5 +1,6 @@
 #include "SelectionPropertyForm.h"
 
+#include <VORNELCore/Library/LocaleText.h>
 #include <VORNELCore/Library/TagRules.h>
 #include <VORNELCore/Library/Wording.h>
 
@@ -9,14 +10,26 @@ namespace vornel {
 
 namespace {
 
-/// "notes : nom « Notes de version », description « Rédige… »"; empty where nothing would change.
+/// "nom « Ancien » → « Nouveau »", of long texts the beginnings.
+QString replacement(const QString &what, const QString &former, const QString &given)
+{
+    constexpr int most = 160;
+    const auto quoted = [](const QString &text) {
+        const QString beginning = LocaleText::truncated(text.simplified(), most);
+        const QString rest = LocaleText::characterCount(text.simplified()) > most ? u"…"_s : QString();
+        return u" «\u00A0"_s + beginning + rest + u"\u00A0»"_s;
+    };
+    return what + (former.isEmpty() ? QString() : quoted(former) + u" →"_s) + quoted(given);
+}
+
+/// "notes : nom « notes » → « Notes de version », description « Rédige… »"; empty where nothing would change.
 QString textChange(const SkillSummary &skill, const SkillProperties &given)
 {
     QStringList parts;
     if (given.displayName != skill.displayName)
-        parts.append(u"nom «\u00A0"_s + given.displayName + u"\u00A0»"_s);
+        parts.append(replacement(u"nom"_s, skill.displayName, given.displayName));
     if (given.summary != skill.summary)
-        parts.append(u"description «\u00A0"_s + given.summary + u"\u00A0»"_s);
+        parts.append(replacement(u"description"_s, skill.summary, given.summary));
     return parts.isEmpty() ? QString() : skill.slug + u"\u00A0: "_s + parts.join(u", "_s);
 }
 

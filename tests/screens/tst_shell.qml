@@ -83,7 +83,8 @@ ScreenTest {
 
         control("Reprendre…").forceActiveFocus();
         press(Qt.Key_Return, "Propriétés de 2 compétences");
-        awaitText("plan\u00a0: nom «\u00a0Plan\u00a0», description «\u00a0Prépare tout\u00a0»\nrevue\u00a0: description «\u00a0Relit\u00a0»");
+        awaitText("plan\u00a0: nom «\u00a0'Plan'\u00a0» → «\u00a0Plan\u00a0», description «\u00a0>-\u00a0» → «\u00a0Prépare tout\u00a0»\n"
+                  + "revue\u00a0: description «\u00a0\"Relit\"\u00a0» → «\u00a0Relit\u00a0»");
         tryVerify(() => focusedName() === "Modifier 2 compétences");
         press(Qt.Key_Return, "PROPRIÉTÉS MODIFIÉES");
         awaitGone("Propriétés de 2 compétences", both);
