@@ -49,7 +49,8 @@ Folder FileSystem::openFolder(const fs::path &path) const
         if (name == "." || name == "..")
             throw VORNELWorkspaceError::invalidPath(PathViolation::outsideRoot);
     }
-    return openBelow(openAbove(above), path.lexically_relative(above));
+    const std::size_t length = above == "/" ? 1 : above.native().size() + 1;
+    return openBelow(openAbove(above), path.native().substr(length));
 }
 
 std::optional<FileKind> FileSystem::kindAt(const fs::path &path) const

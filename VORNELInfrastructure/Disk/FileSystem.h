@@ -51,12 +51,6 @@ struct Folder
     std::string path; ///< where it was opened, for messages
 };
 
-/// How a file has been put at another place.
-enum class Sharing {
-    Clone, ///< where the volume makes such; its bytes are to be flushed
-    Name   ///< of the same file
-};
-
 /// What the disk says of an entry without reading it. Times are since 1970 (UTC).
 struct EntryStatus
 {
@@ -198,10 +192,11 @@ public:
     /// when anything stands at `to`.
     virtual void copyLink(const Place &from, const Place &to) = 0;
 
-    /// Puts what a file holds at another place of its volume, where it takes no room of its own.
-    /// `file_exists` when anything stands at `to`; other errors where the volume can do neither, or the file
-    /// has as many names as it may.
-    virtual Sharing share(const Place &from, const Place &to) = 0;
+    /// Puts what a file holds at another place of its volume, where it takes no room of its own: a clone
+    /// where the volume makes such, whose bytes are to be flushed, or a further name of the same file.
+    /// Returns what stands at `to` then. `file_exists` when anything stood there; other errors where the
+    /// volume can do neither, or the file has as many names as it may.
+    virtual EntryStatus share(const Place &from, const Place &to) = 0;
 
     /// Gives a file or folder the permissions and times of another. Both must exist.
     virtual void copyAttributes(const Place &from, const Place &to) = 0;

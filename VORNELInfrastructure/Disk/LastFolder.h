@@ -3,27 +3,37 @@
 #include "FileSystem.h"
 
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace vornel {
 
-/// Opens folders by their paths; one that is asked for again stays open meanwhile.
+/// Finds places by their paths; the folder of the last one stays open for those that follow.
 class LastFolder
 {
 public:
     explicit LastFolder(const FileSystem &files) : m_files(files) {}
 
-    const Folder &at(const std::filesystem::path &path)
+    /// The place at an absolute path, good until the next call. Opens the folder that holds it.
+    Place placeAt(const std::string &path)
     {
-        if (!m_folder || m_path != path) {
-            m_folder.emplace(m_files.openFolder(path));
-            m_path = path;
-        }
-        return *m_folder;
+        const std::size_t slash = path.rfind('/');
+        const std::string folder = path.substr(0, slash);
+        if (!m_folder || m_path != folder)
+            keep(folder, m_files.openFolder(folder));
+        return {*m_folder, path.substr(slash + 1)};
+    }
+
+    /// Takes an open folder for the last one.
+    void keep(std::string path, Folder folder)
+    {
+        m_folder.emplace(std::move(folder));
+        m_path = std::move(path);
     }
 
 private:
     const FileSystem &m_files;
-    std::filesystem::path m_path;
+    std::string m_path;
     std::optional<Folder> m_folder;
 };
 

@@ -11,6 +11,15 @@ namespace vornel::PosixCalls {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+std::chrono::nanoseconds sinceEpoch(const timespec &time)
+{
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+} // namespace
+
 FileKind kindOf(mode_t mode)
 {
     if (S_ISREG(mode))
@@ -65,6 +74,19 @@ std::optional<FileKind> kindOf(const Folder &folder, const std::string &name)
 {
     const auto status = statusOf(folder, name);
     return status ? std::optional(kindOf(status->st_mode)) : std::nullopt;
+}
+
+EntryStatus entryStatus(const struct stat &status)
+{
+    constexpr std::int64_t block = 512; // in which st_blocks counts, whatever those of the volume
+    return {.kind = kindOf(status.st_mode),
+            .volume = status.st_dev,
+            .number = status.st_ino,
+            .names = status.st_nlink,
+            .size = status.st_size,
+            .room = status.st_blocks * block,
+            .modified = sinceEpoch(status.st_mtim),
+            .changed = sinceEpoch(status.st_ctim)};
 }
 
 } // namespace vornel::PosixCalls

@@ -23,6 +23,7 @@ void refuseSeveralComponents(const std::string &name);
 /// The status of the entry itself, where it is a link; nothing when nothing stands there.
 std::optional<struct stat> statusOf(const Folder &folder, const std::string &name);
 
+EntryStatus entryStatus(const struct stat &status);
 FileKind kindOf(mode_t mode);
 std::optional<FileKind> kindOf(const Folder &folder, const std::string &name);
 

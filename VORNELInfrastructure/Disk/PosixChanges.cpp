@@ -146,17 +146,17 @@ void PosixFileSystem::copyLink(const Place &from, const Place &to)
         fail("symlink", pathOf(to));
 }
 
-Sharing PosixFileSystem::share(const Place &from, const Place &to)
+EntryStatus PosixFileSystem::share(const Place &from, const Place &to)
 {
     refuseSeveralComponents(from.name);
     refuseSeveralComponents(to.name);
-    if (isCloned(from, to))
-        return Sharing::Clone;
-    if (::linkat(from.folder.descriptor.fd(), from.name.c_str(), to.folder.descriptor.fd(), to.name.c_str(),
-                 0) != 0)
+    const bool isThere = isCloned(from, to) || ::linkat(from.folder.descriptor.fd(), from.name.c_str(),
+                                                        to.folder.descriptor.fd(), to.name.c_str(), 0) == 0;
+    if (!isThere)
         fail("link", pathOf(to));
-    if (kindOf(to.folder, to.name) == FileKind::Regular)
-        return Sharing::Name;
+    const auto status = PosixCalls::statusOf(to.folder, to.name);
+    if (status && S_ISREG(status->st_mode))
+        return entryStatus(*status);
     PosixFileSystem::remove(to.folder, to.name); // what stood there has become a link, say
     errno = EINVAL;
     fail("link", pathOf(from));
@@ -165,15 +165,16 @@ Sharing PosixFileSystem::share(const Place &from, const Place &to)
 /// A part of one step: what overrides the steps has no part in it.
 bool PosixFileSystem::isCloned(const Place &from, const Place &to)
 {
-    const auto status = PosixCalls::statusOf(to.folder, ".");
-    if (!status || status->st_dev == m_withoutClones)
+    struct stat folder
+    {};
+    if (::fstat(to.folder.descriptor.fd(), &folder) != 0 || folder.st_dev == m_withoutClones)
         return false;
     const File source = PosixFileSystem::openFile(from.folder, from.name);
     const File clone = PosixFileSystem::createFile(to.folder, to.name);
     if (::ioctl(clone.descriptor.fd(), FICLONE, source.descriptor.fd()) == 0)
         return true;
     if (errno != EXDEV)
-        m_withoutClones = status->st_dev;
+        m_withoutClones = folder.st_dev;
     PosixFileSystem::remove(to.folder, to.name);
     return false;
 }

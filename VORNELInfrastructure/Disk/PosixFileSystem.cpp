@@ -57,24 +57,6 @@ Descriptor open(const Folder &folder, const std::string &name, int flags)
     fail("open", pathOf(folder, name));
 }
 
-std::chrono::nanoseconds sinceEpoch(const timespec &time)
-{
-    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
-}
-
-EntryStatus entryStatus(const struct stat &status)
-{
-    constexpr std::int64_t block = 512; // in which st_blocks counts, whatever those of the volume
-    return {.kind = kindOf(status.st_mode),
-            .volume = status.st_dev,
-            .number = status.st_ino,
-            .names = status.st_nlink,
-            .size = status.st_size,
-            .room = status.st_blocks * block,
-            .modified = sinceEpoch(status.st_mtim),
-            .changed = sinceEpoch(status.st_ctim)};
-}
-
 /// Opens a file that is neither folder, pipe nor device; none of these is waited for.
 File openRegular(const Folder &folder, const std::string &name, int access)
 {

@@ -235,7 +235,8 @@ void flush(FileSystem &files, const Unflushed &unflushed)
 {
     LastFolder folders(files);
     const auto opened = [&](const fs::path &file) {
-        return files.openFile(folders.at(file.parent_path()), file.filename());
+        const Place place = folders.placeAt(file);
+        return files.openFile(place.folder, place.name);
     };
     for (const fs::path &file : unflushed.files)
         files.startWriting(opened(file));

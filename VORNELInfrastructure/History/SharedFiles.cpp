@@ -1,7 +1,6 @@
 #include "SharedFiles.h"
 
 #include <VORNELCore/Records/SkillFiles.h>
-#include <VORNELInfrastructure/Tree/SharingCopy.h>
 
 #include <algorithm>
 
@@ -18,9 +17,8 @@ bool isShareable(const FileTreeSnapshot::Entry &entry)
 
 } // namespace
 
-SharedFiles::SharedFiles(FileSystem &files, std::vector<fs::path> entries,
-                         std::function<Tree(const fs::path &)> read)
-    : m_files(files), m_unread(std::move(entries)), m_read(std::move(read))
+SharedFiles::SharedFiles(std::vector<fs::path> entries, std::function<Tree(const fs::path &)> read)
+    : m_unread(std::move(entries)), m_read(std::move(read))
 {
     std::ranges::reverse(m_unread);
     readNext();
@@ -42,7 +40,7 @@ void SharedFiles::readNext()
     }
 }
 
-fs::path SharedFiles::find(const FileTreeSnapshot::Entry &file)
+std::string SharedFiles::find(const FileTreeSnapshot::Entry &file)
 {
     constexpr std::int64_t much = 65'536;
     if (!isShareable(file))
@@ -52,13 +50,7 @@ fs::path SharedFiles::find(const FileTreeSnapshot::Entry &file)
         readNext();
         found = m_byDigest.find(*file.fileDigest);
     }
-    return found == m_byDigest.end() ? fs::path() : found->second;
-}
-
-Unflushed SharedFiles::copyTree(const FileTreeSnapshot &source, const fs::path &destination)
-{
-    return copySharing(m_files, source, destination,
-                       [this](const FileTreeSnapshot::Entry &entry) { return find(entry); });
+    return found == m_byDigest.end() ? std::string() : found->second;
 }
 
 } // namespace vornel

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
 
 #include <functional>
@@ -20,22 +19,18 @@ public:
 
     /// The files of these entries, which are on the disk. `read` reads one, and returns nothing where that
     /// can't be done: the first, and the others only where much is missing in those before.
-    SharedFiles(FileSystem &files, std::vector<std::filesystem::path> entries,
+    SharedFiles(std::vector<std::filesystem::path> entries,
                 std::function<Tree(const std::filesystem::path &)> read);
 
-    /// Copies what was read of a tree to a new folder, and shares what it can instead of copying it. Returns
-    /// what of it isn't on the disk.
-    Unflushed copyTree(const FileTreeSnapshot &source, const std::filesystem::path &destination);
+    /// The path of a file with the same bytes; empty where there is none.
+    std::string find(const FileTreeSnapshot::Entry &file);
 
 private:
-    std::filesystem::path find(const FileTreeSnapshot::Entry &file);
     void readNext();
 
-    FileSystem &m_files;
     std::vector<std::filesystem::path> m_unread; ///< the next one last
     std::function<Tree(const std::filesystem::path &)> m_read;
-    std::map<std::string, std::filesystem::path>
-        m_byDigest; ///< the files but the manifest, and none that is empty
+    std::map<std::string, std::string> m_byDigest; ///< the files but the manifest, and none that is empty
 };
 
 } // namespace vornel

@@ -7,6 +7,7 @@
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Recovery/SetAsideName.h>
 #include <VORNELInfrastructure/Skills/SkillFolderStore.h>
+#include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 #include <algorithm>
@@ -53,13 +54,13 @@ fs::path SkillHistory::placeFor(const QUuid &id, const QString &name) const
 FileTreeSnapshot SkillHistory::add(const SkillManifest &manifest, const fs::path &skillURL) const
 {
     FileTreeSnapshot content = read(skillURL, TreeFilter::all);
-    put(stage(manifest, content));
+    keep(placeFor(manifest.id, revisionEntry(manifest.revision)), content);
     return content;
 }
 
-StagedEntry SkillHistory::stage(const SkillManifest &manifest, const FileTreeSnapshot &content) const
+StagedEntry SkillHistory::begin(const SkillManifest &manifest, const FileTreeSnapshot &content) const
 {
-    return stage(placeFor(manifest.id, revisionEntry(manifest.revision)), content);
+    return begin(placeFor(manifest.id, revisionEntry(manifest.revision)), content);
 }
 
 StagedFolder SkillHistory::stageFirst(const SkillManifest &manifest, const fs::path &skillURL) const
@@ -72,25 +73,45 @@ StagedFolder SkillHistory::stageFirst(const SkillManifest &manifest, const fs::p
 
 void SkillHistory::keep(const fs::path &place, const FileTreeSnapshot &content) const
 {
-    put(stage(place, content));
+    StagedEntry entry = begin(place, content);
+    complete(entry);
+    put(entry);
 }
 
-StagedEntry SkillHistory::stage(const fs::path &place, const FileTreeSnapshot &content) const
+StagedEntry SkillHistory::begin(const fs::path &place, const FileTreeSnapshot &content) const
 {
     const fs::path history = place.parent_path();
     const bool isFirst = !m_files.kindAt(history);
     StagedFolder folder{Stage(m_files, m_config.staging()), {.path = isFirst ? history : place}};
-    const fs::path stage = folder.stage.path();
-    Unflushed made = sharedFiles(history).copyTree(content, isFirst ? stage / place.filename() : stage);
-    if (isFirst)
-        made.folders.push_back(stage);
-    return {std::move(folder), std::move(made), place};
+    const fs::path &stage = folder.stage.path();
+    SharingCopy copy = sharingCopy(content, history, isFirst ? stage / place.filename() : stage);
+    return {std::move(folder), std::move(copy), Commit(m_files), content.root};
 }
 
-void SkillHistory::put(StagedEntry entry) const
+SharingCopy SkillHistory::sharingCopy(const FileTreeSnapshot &content, const fs::path &history,
+                                      const fs::path &destination) const
 {
-    commit(m_files, entry.folder, entry.made);
-    treeOf(entry.place); // a further name changes what is known of a file
+    SharedFiles shared = sharedFiles(history);
+    SharingCopy copy(m_files, destination);
+    copy.share(content.entries, [&](const FileTreeSnapshot::Entry &entry) { return shared.find(entry); });
+    for (const EntryStatus &file : copy.shared())
+        m_digests.follow(file);
+    return copy;
+}
+
+void SkillHistory::complete(StagedEntry &entry) const
+{
+    entry.copy.copyRest(entry.source);
+    Unflushed made = entry.copy.made();
+    const fs::path &stage = entry.folder.stage.path();
+    if (made.folders.back() != stage)
+        made.folders.push_back(stage);
+    entry.commit.flush(made);
+}
+
+void SkillHistory::put(StagedEntry &entry) const
+{
+    entry.commit.finish(entry.folder);
 }
 
 fs::path SkillHistory::placeForReplaced(const SkillManifest &manifest, VersionOrigin origin) const
@@ -186,9 +207,15 @@ std::optional<std::string> SkillHistory::contentOf(const QUuid &id, const std::s
 
 FormerFolder SkillHistory::keepRevision(const SkillManifest &manifest, const fs::path &skillURL) const
 {
-    FileTreeSnapshot content = read(skillURL, TreeFilter::all);
-    if (!holdsRevision(manifest, content)) {
-        const bool isRevision = ownVersions(manifest).empty();
+    const std::vector<KeptVersion> own = ownVersions(manifest);
+    FileTreeSnapshot content;
+    together([&] { content = read(skillURL, TreeFilter::all); },
+             [&] { // which is what holds it as a rule
+                 if (!own.empty())
+                     treeOf(placeFor(manifest.id, QString::fromStdString(own.front().entry)));
+             });
+    if (!anyHolds(manifest.id, own, TreeFilter::all, content.digest)) {
+        const bool isRevision = own.empty();
         keep(isRevision ? placeFor(manifest.id, revisionEntry(manifest.revision))
                         : placeForReplaced(manifest, VersionOrigin::library),
              content);
@@ -245,10 +272,11 @@ void SkillHistory::shareReplaced(const fs::path &entry) const noexcept
         if (!content.isWhole || !version)
             return;
         const Stage copy(m_files, m_config.staging());
-        const Unflushed made = sharedFiles(entry.parent_path()).copyTree(content, copy.path());
+        SharingCopy made = sharingCopy(content, entry.parent_path(), copy.path());
+        made.copyRest(content.root);
         if (digestOfAll(copy.path()) != content.digest)
             return;
-        flush(m_files, made);
+        flush(m_files, made.made());
         exchange(copy.path(), entry);
         if (digestOfAll(copy.path()) != content.digest) // somebody has written there meanwhile
             moveTree(m_files, copy.path(),
@@ -278,7 +306,7 @@ SharedFiles SkillHistory::sharedFiles(const fs::path &history) const
     std::vector<fs::path> latest;
     for (const KeptVersion &version : own | std::views::take(most))
         latest.push_back(history / version.entry);
-    return {m_files, std::move(latest), [this](const fs::path &entry) { return treeOf(entry); }};
+    return {std::move(latest), [this](const fs::path &entry) { return treeOf(entry); }};
 }
 
 void SkillHistory::remove(const QUuid &id, const fs::path &skillURL) const

@@ -7,6 +7,7 @@
 #include <VORNELCore/Records/WorkspaceModels.h>
 #include <VORNELInfrastructure/Disk/Commit.h>
 #include <VORNELInfrastructure/Tree/FileTreeSnapshot.h>
+#include <VORNELInfrastructure/Tree/SharingCopy.h>
 #include <VORNELInfrastructure/Workspace/Workspace.h>
 
 #include <optional>
@@ -22,12 +23,13 @@ struct FormerFolder
     std::filesystem::path keptAs; ///< where the folder itself must be kept; empty where it need not be
 };
 
-/// An entry in the making, and what of it isn't on the disk.
+/// An entry in the making.
 struct StagedEntry
 {
-    StagedFolder folder;
-    Unflushed made;
-    std::filesystem::path place;
+    StagedFolder folder; ///< the entry or, with the first one, the whole history
+    SharingCopy copy;
+    Commit commit;
+    std::filesystem::path source; ///< of the files that no other entry holds
 };
 
 /// What is kept of a skill: a copy of each revision, under its number, and what was replaced and is in no
@@ -45,10 +47,12 @@ public:
     /// Adds a copy of the skill's folder, and returns what it holds.
     FileTreeSnapshot add(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
-    /// The same in two steps, of a folder of which is known what it holds. Where others may write, it might
-    /// hold something else by the time it is copied: what is to become a revision is staged before.
-    StagedEntry stage(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
-    void put(StagedEntry entry) const;
+    /// The same in three steps, of a folder of which is known what it will hold: what other entries hold; the
+    /// rest, once the folder is there, flushed to the disk; and to its place. Where others may write, the
+    /// folder might hold something else by then: what is to become a revision is completed before.
+    StagedEntry begin(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
+    void complete(StagedEntry &entry) const;
+    void put(StagedEntry &entry) const;
 
     /// Stages the history of a new skill with the first copy of its folder, to be committed by the caller.
     StagedFolder stageFirst(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
@@ -108,10 +112,12 @@ private:
     FileTreeSnapshot read(const std::filesystem::path &folder, TreeFilter filter) const;
     void exchange(const std::filesystem::path &stage, const std::filesystem::path &entry) const;
     SharedFiles sharedFiles(const std::filesystem::path &history) const;
+    SharingCopy sharingCopy(const FileTreeSnapshot &content, const std::filesystem::path &history,
+                            const std::filesystem::path &destination) const;
     bool anyHolds(const QUuid &id, std::vector<KeptVersion> versions, TreeFilter filter,
                   const std::string &digest) const;
     void keep(const std::filesystem::path &place, const FileTreeSnapshot &content) const;
-    StagedEntry stage(const std::filesystem::path &place, const FileTreeSnapshot &content) const;
+    StagedEntry begin(const std::filesystem::path &place, const FileTreeSnapshot &content) const;
     EntryTrees::Tree treeOf(const std::filesystem::path &entry) const;
     std::optional<std::string> digestOf(const std::filesystem::path &entry, TreeFilter filter) const;
     std::filesystem::path placeFor(const QUuid &id, const QString &name) const;

@@ -127,7 +127,7 @@ try {
     const FileTreeSnapshot content = stageContent(candidate, folder);
     const SkillManifest manifest = stageManifest(candidate, folder);
     skill.history.emplace(SkillHistory(m_workspace).stageFirst(manifest, folder));
-    skill.install = m_targets.stage(manifest, content, m_unusableTargets);
+    skill.install = m_targets.stage(manifest, content, m_targets.find(manifest, m_unusableTargets));
     return skill;
 } catch (...) {
     return {.candidate = &candidate, .failure = std::current_exception()};

@@ -10,8 +10,8 @@
 #include <VORNELCore/Records/SkillFiles.h>
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
-#include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
 #include <VORNELInfrastructure/Tree/ComposedTree.h>
+#include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Workspace/Overview.h>
 
 using namespace Qt::StringLiterals;
@@ -70,13 +70,14 @@ SkillDetail SkillAuthoring::add(const SkillManifest &manifest,
     m_store.writeManifest(manifest, folder.stage.path(), Durability::Later);
     commit(m_workspace.files, folder);
 
-    return install(skill, SkillHistory(m_workspace).add(skill.manifest, skill.folder), {});
+    const FileTreeSnapshot tree = SkillHistory(m_workspace).add(skill.manifest, skill.folder);
+    return install(skill, tree, TargetSynchronizer(m_workspace).find(skill.manifest));
 }
 
 SkillDetail SkillAuthoring::install(const SkillRecord &skill, const FileTreeSnapshot &tree,
-                                    const QSet<TargetKind> &leftAlone) const
+                                    TargetCopies copies) const
 {
-    TargetSynchronizer(m_workspace).synchronize(skill.manifest, tree, leftAlone);
+    TargetSynchronizer(m_workspace).synchronize(skill.manifest, tree, std::move(copies));
     return makeDetail(m_workspace, skill, tree);
 }
 
@@ -118,19 +119,35 @@ SkillDetail SkillAuthoring::revise(SkillRecord skill,
 
     ComposedTree composed = compose(former.tree);
     composed.put(SkillFiles::manifest, SkillFolderStore::bytesOf(skill.manifest));
-    Stage stage = m_store.makeStage();
+    StagedFolder folder{m_store.makeStage(), placeOf(before, former)};
+    const fs::path &stage = folder.stage.path();
+    const FileTreeSnapshot staged = composed.snapshotAt(stage);
     const fs::path takenOver = former.keptAs.empty() ? former.tree.root : fs::path();
-    const Unflushed made = composed.write(m_workspace.files, stage.path(), takenOver);
-    const FileTreeSnapshot staged = composed.snapshotAt(stage.path());
-    StagedEntry entry = history.stage(skill.manifest, staged);
-    replaceFolder(before, std::move(stage), made, former);
+    Unflushed made;
+    std::optional<StagedEntry> entry;
+    together([&] { made = composed.write(m_workspace.files, stage, takenOver); },
+             [&] { entry.emplace(history.begin(skill.manifest, staged)); });
+    Commit commit(m_workspace.files);
+    together([&] { commit.flush(made); }, [&] { history.complete(*entry); });
+    const fs::path left = commit.finish(folder);
+
     SkillChange &change = m_workspace.changes[skill.manifest.id];
     change.revision = skill.manifest.revision;
     change.formerContent = former.tree.contentDigest();
     change.installedContent = staged.contentDigest();
-    history.put(std::move(entry));
-    // Somebody may have written there since it took its place.
-    return install(skill, folderTree(m_workspace, skill), leftAlone);
+
+    FileTreeSnapshot tree;
+    TargetCopies copies;
+    together(
+        [&] {
+            settle(left, before.manifest, former.tree);
+            tree = folderTree(m_workspace, skill); // somebody may have written there since
+        },
+        [&] {
+            history.put(*entry);
+            copies = TargetSynchronizer(m_workspace).find(skill.manifest, leftAlone);
+        });
+    return install(skill, tree, std::move(copies));
 }
 
 SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill, const QSet<TargetKind> &leftAlone) const
@@ -138,7 +155,8 @@ SkillDetail SkillAuthoring::reviseInPlace(SkillRecord skill, const QSet<TargetKi
     advanceRevision(skill.manifest);
     m_store.writeManifest(skill.manifest, skill.folder, Durability::Now);
     m_workspace.changes[skill.manifest.id].revision = skill.manifest.revision;
-    return install(skill, SkillHistory(m_workspace).add(skill.manifest, skill.folder), leftAlone);
+    const FileTreeSnapshot tree = SkillHistory(m_workspace).add(skill.manifest, skill.folder);
+    return install(skill, tree, TargetSynchronizer(m_workspace).find(skill.manifest, leftAlone));
 }
 
 SkillDetail SkillAuthoring::synchronize(const QUuid &id) const
@@ -161,18 +179,21 @@ SkillDetail SkillAuthoring::setAside(const QUuid &id, TargetKind target) const
     return makeDetail(m_workspace, skill);
 }
 
-void SkillAuthoring::replaceFolder(const SkillRecord &skill, Stage stage, const Unflushed &made,
-                                   const FormerFolder &former) const
+CommitPlace SkillAuthoring::placeOf(const SkillRecord &skill, const FormerFolder &former) const
 {
     const QString name = uuidText(QUuid::createUuid()) + u"-canonical-"_s + skill.manifest.slug;
     const fs::path backup = m_workspace.config.recovery() / pathFromText(name);
-    StagedFolder staged{std::move(stage), {.path = skill.folder, .backup = backup, .keptAs = former.keptAs}};
-    const fs::path left = commit(m_workspace.files, staged, made);
+    return {.path = skill.folder, .backup = backup, .keptAs = former.keptAs};
+}
+
+void SkillAuthoring::settle(const fs::path &left, const SkillManifest &manifest,
+                            const FileTreeSnapshot &asRead) const
+{
     if (left.empty())
         return;
     bestEffort([&] {
         if (!SkillHistory(m_workspace)
-                 .keepIfChanged(skill.manifest, VersionOrigin::library, left, former.tree, TreeFilter::all))
+                 .keepIfChanged(manifest, VersionOrigin::library, left, asRead, TreeFilter::all))
             m_store.discard(left);
     });
 }

@@ -5,6 +5,7 @@
 
 #include <VORNELCore/Records/WorkspaceModels.h>
 #include <VORNELInfrastructure/History/SkillHistory.h>
+#include <VORNELInfrastructure/Targets/TargetSynchronizer.h>
 #include <VORNELInfrastructure/Tree/ComposedTree.h>
 
 #include <functional>
@@ -59,14 +60,14 @@ public:
     SkillDetail setAside(const QUuid &id, TargetKind target) const;
 
 private:
-    /// Replaces the skill's folder by the staged one, of which this is flushed to the disk before. Whatever
-    /// fails, the skill stands whole in its place or, on a volume that can't exchange two folders, in the
-    /// recovery folder. The former folder is removed unless it is to be kept, or is no longer what was read
-    /// of it.
-    void replaceFolder(const SkillRecord &skill, Stage stage, const Unflushed &made,
-                       const FormerFolder &former) const;
-    SkillDetail install(const SkillRecord &skill, const FileTreeSnapshot &tree,
-                        const QSet<TargetKind> &leftAlone) const;
+    /// The place of the skill's folder, for a commit that replaces it. Whatever fails, the skill stands whole
+    /// there or, on a volume that can't exchange two folders, in the recovery folder.
+    CommitPlace placeOf(const SkillRecord &skill, const FormerFolder &former) const;
+
+    /// Removes the folder that was replaced, unless it is kept already or no longer what was read of it.
+    void settle(const std::filesystem::path &left, const SkillManifest &manifest,
+                const FileTreeSnapshot &asRead) const;
+    SkillDetail install(const SkillRecord &skill, const FileTreeSnapshot &tree, TargetCopies copies) const;
     void keepRevision(const SkillRecord &skill) const;
 
     const Workspace &m_workspace;

@@ -7,6 +7,7 @@
 #include <VORNELInfrastructure/Disk/BestEffort.h>
 #include <VORNELInfrastructure/Disk/FileOperations.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
+#include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 #include <VORNELInfrastructure/Tree/SharingCopy.h>
 
@@ -69,20 +70,20 @@ void TargetSynchronizer::synchronize(const SkillRecord &skill) const
         for (const TargetKind kind : allCases<TargetKind>())
             unusable.emplace(kind, unreadable);
     }
-    installAll(skill.manifest, content, unusable, {});
+    installAll(skill.manifest, content, find(skill.manifest, unusable));
 }
 
 void TargetSynchronizer::synchronize(const SkillManifest &manifest, const FileTreeSnapshot &tree,
-                                     const QSet<TargetKind> &leftAlone) const
+                                     TargetCopies copies) const
 {
-    installAll(manifest, tree.content(), prepareRoots(), leftAlone);
+    installAll(manifest, tree.content(), std::move(copies));
 }
 
 void TargetSynchronizer::installAll(const SkillManifest &manifest, const FileTreeSnapshot &content,
-                                    const Failures &unusable, const QSet<TargetKind> &leftAlone) const
+                                    TargetCopies copies) const
 {
     m_workspace.changes[manifest.id].installedContent = content.digest;
-    install(manifest, stage(manifest, content, unusable, leftAlone));
+    install(manifest, stage(manifest, content, std::move(copies)));
 }
 
 void TargetSynchronizer::putBack(const SkillManifest &manifest, TargetKind kind,
@@ -91,7 +92,7 @@ void TargetSynchronizer::putBack(const SkillManifest &manifest, TargetKind kind,
     const auto targets = allCases<TargetKind>();
     QSet<TargetKind> others(targets.begin(), targets.end());
     others.remove(kind);
-    install(manifest, stage(manifest, kept, prepareRoots(), others));
+    install(manifest, stage(manifest, kept, find(manifest, others)));
 }
 
 void TargetSynchronizer::install(const SkillManifest &manifest, Install install) const
@@ -115,8 +116,7 @@ void TargetSynchronizer::putBack(const SkillManifest &manifest, const TakenOut &
         if (copy == copies.end())
             return;
         prepareRoot(kind);
-        moveTree(m_workspace.files, copy->second,
-                 m_workspace.config.target(kind) / pathFromText(manifest.slug));
+        moveTree(m_workspace.files, copy->second, placeIn(kind, manifest));
     });
 }
 
@@ -195,19 +195,59 @@ void TargetSynchronizer::prepareRoot(TargetKind kind) const
     createFolders(m_workspace.files, root, Durability::Now);
 }
 
-Install TargetSynchronizer::stage(const SkillManifest &manifest, const FileTreeSnapshot &content,
-                                  const Failures &unusable, const QSet<TargetKind> &leftAlone) const
+TargetCopies TargetSynchronizer::find(const SkillManifest &manifest, const QSet<TargetKind> &leftAlone) const
 {
-    Install install{manifest, content.digest, leftAlone};
-    Looks looks;
-    install.failures = failuresOf([&](TargetKind kind) {
-        if (leftAlone.contains(kind))
-            return;
-        if (unusable.contains(kind))
-            std::rethrow_exception(unusable.at(kind));
-        stageCopy(install, manifest, content, kind, looks);
+    return find(manifest, prepareRoots(), leftAlone);
+}
+
+TargetCopies TargetSynchronizer::find(const SkillManifest &manifest, const Failures &unusable,
+                                      const QSet<TargetKind> &leftAlone) const
+{
+    QList<TargetKind> kinds = allCases<TargetKind>();
+    kinds.removeIf([&](TargetKind kind) { return leftAlone.contains(kind); });
+    const auto found = parallelMap(kinds, [&](TargetKind kind) {
+        return TargetCopies::value_type(kind, findIn(kind, manifest, unusable));
     });
+    return {found.begin(), found.end()};
+}
+
+TargetCopy TargetSynchronizer::findIn(TargetKind kind, const SkillManifest &manifest,
+                                      const Failures &unusable) const
+{
+    if (const auto known = unusable.find(kind); known != unusable.end())
+        return {.failure = known->second};
+    TargetCopy found;
+    found.failure = failureOf([&] {
+        const fs::path place = placeIn(kind, manifest);
+        if (m_workspace.files.kindAt(place))
+            found.tree = contentOf(place);
+    });
+    return found;
+}
+
+Install TargetSynchronizer::stage(const SkillManifest &manifest, const FileTreeSnapshot &content,
+                                  TargetCopies copies) const
+{
+    Install install{manifest, content.digest};
+    Looks looks;
+    for (const TargetKind kind : allCases<TargetKind>()) {
+        const auto copy = copies.find(kind);
+        if (copy == copies.end()) {
+            install.leftAlone.insert(kind);
+            continue;
+        }
+        auto &[found, failure] = copy->second;
+        if (!failure)
+            failure = failureOf([&] { stageCopy(install, kind, std::move(found), content, looks); });
+        if (failure)
+            install.failures.emplace(kind, failure);
+    }
     return install;
+}
+
+fs::path TargetSynchronizer::placeIn(TargetKind kind, const SkillManifest &manifest) const
+{
+    return m_workspace.config.target(kind) / pathFromText(manifest.slug);
 }
 
 FileTreeSnapshot TargetSynchronizer::contentOf(const fs::path &folder) const
@@ -216,16 +256,16 @@ FileTreeSnapshot TargetSynchronizer::contentOf(const fs::path &folder) const
                                     &m_workspace.digests);
 }
 
-void TargetSynchronizer::stageCopy(Install &install, const SkillManifest &manifest,
-                                   const FileTreeSnapshot &content, TargetKind kind, Looks &looks) const
+void TargetSynchronizer::stageCopy(Install &install, TargetKind kind, std::optional<FileTreeSnapshot> found,
+                                   const FileTreeSnapshot &content, Looks &looks) const
 {
-    CommitPlace destination{.path = m_workspace.config.target(kind) / pathFromText(manifest.slug)};
+    const SkillManifest &manifest = install.manifest;
+    CommitPlace destination{.path = placeIn(kind, manifest)};
     const FileTreeSnapshot *discarded = nullptr;
-    if (m_workspace.files.kindAt(destination.path)) {
-        FileTreeSnapshot found = contentOf(destination.path);
-        if (found.digest == content.digest)
+    if (found) {
+        if (found->digest == content.digest)
             return;
-        const FileTreeSnapshot &former = install.formers.emplace(kind, std::move(found)).first->second;
+        const FileTreeSnapshot &former = install.formers.emplace(kind, std::move(*found)).first->second;
         if (isHeld(manifest.id, former, looks)) {
             if (auto renewal = FileRenewal::between(m_workspace.files, former, content)) {
                 install.renewals.emplace(kind, std::move(*renewal));

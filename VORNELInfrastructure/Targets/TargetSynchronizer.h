@@ -29,6 +29,16 @@ struct Install
     std::vector<std::filesystem::path> stages() const;
 };
 
+/// What stands in a target under the name of a skill.
+struct TargetCopy
+{
+    std::optional<FileTreeSnapshot> tree = {};
+    std::exception_ptr failure = nullptr; ///< why it can't be read
+};
+
+/// In the targets that an install is about.
+using TargetCopies = std::map<TargetKind, TargetCopy>;
+
 /// What became of the staged copies of a skill.
 using CopyResults = std::map<TargetKind, CommitResult>;
 
@@ -45,9 +55,8 @@ public:
     /// thrown as `partialSync`. Targets that are left alone stay as they are.
     void synchronize(const SkillRecord &skill) const;
 
-    /// The same for a skill of which all files have just been read.
-    void synchronize(const SkillManifest &manifest, const FileTreeSnapshot &tree,
-                     const QSet<TargetKind> &leftAlone = {}) const;
+    /// The same for a skill of which all files have just been read, in the targets of these copies.
+    void synchronize(const SkillManifest &manifest, const FileTreeSnapshot &tree, TargetCopies copies) const;
 
     /// Puts a content that the history has kept into one target, as a synchronisation does.
     void putBack(const SkillManifest &manifest, TargetKind kind, const FileTreeSnapshot &kept) const;
@@ -74,10 +83,14 @@ public:
     /// Sees to it that the targets' roots are there, and no links. Returns those of no use.
     Failures prepareRoots() const;
 
-    /// Stages what the targets need for their copies to have this content. What these replace goes into the
+    /// What stands in the targets, but for those that are left alone. The first form prepares their roots.
+    TargetCopies find(const SkillManifest &manifest, const QSet<TargetKind> &leftAlone = {}) const;
+    TargetCopies find(const SkillManifest &manifest, const Failures &unusable,
+                      const QSet<TargetKind> &leftAlone = {}) const;
+
+    /// Stages what these targets need for their copies to have this content. What these replace goes into the
     /// history, which has to be there when they are committed.
-    Install stage(const SkillManifest &manifest, const FileTreeSnapshot &content, const Failures &unusable,
-                  const QSet<TargetKind> &leftAlone = {}) const;
+    Install stage(const SkillManifest &manifest, const FileTreeSnapshot &content, TargetCopies copies) const;
 
     /// Puts the staged copies, which are flushed, in their places.
     CopyResults rename(Install &install, Commit &commit) const;
@@ -92,11 +105,13 @@ private:
     /// By the digest of a content, where an install has kept a copy that had it.
     using KeptCopies = std::map<std::string, std::filesystem::path>;
 
-    void stageCopy(Install &install, const SkillManifest &manifest, const FileTreeSnapshot &content,
-                   TargetKind kind, Looks &looks) const;
+    TargetCopy findIn(TargetKind kind, const SkillManifest &manifest, const Failures &unusable) const;
+    void stageCopy(Install &install, TargetKind kind, std::optional<FileTreeSnapshot> found,
+                   const FileTreeSnapshot &content, Looks &looks) const;
+    std::filesystem::path placeIn(TargetKind kind, const SkillManifest &manifest) const;
     void install(const SkillManifest &manifest, Install install) const;
-    void installAll(const SkillManifest &manifest, const FileTreeSnapshot &content, const Failures &unusable,
-                    const QSet<TargetKind> &leftAlone) const;
+    void installAll(const SkillManifest &manifest, const FileTreeSnapshot &content,
+                    TargetCopies copies) const;
     bool holdsOnly(const std::filesystem::path &folder, const std::string &digest) const;
     bool isHeld(const QUuid &id, const FileTreeSnapshot &copy, Looks &looks) const;
     void prepareRoot(TargetKind kind) const;

@@ -131,29 +131,34 @@ FileTreeSnapshot ComposedTree::snapshotAt(const fs::path &root) const
 
 Unflushed ComposedTree::write(FileSystem &files, const fs::path &folder, const fs::path &former) const
 {
-    std::vector<Entry> copied;
+    std::vector<Entry> taken;
     for (const Piece &piece : m_pieces | std::views::values) {
         if (!piece.bytes)
-            copied.push_back(piece.entry);
+            taken.push_back(piece.entry);
     }
-    const auto source = [this](const Entry &entry) { return m_pieces.at(entry.relativePath).source; };
-    std::vector<fs::path> unsettled;
-    Unflushed made = copySharing(files, copied, source, folder, [&](const Entry &entry) {
-        if (former.empty() || entry.names != 1 || !isInside(source(entry), former))
-            return fs::path();
+    const auto source = [this](const Entry &entry) -> const std::string & {
+        return m_pieces.at(entry.relativePath).source;
+    };
+    std::vector<fs::path> written;
+    SharingCopy copy(files, folder);
+    copy.share(taken, [&](const Entry &entry) {
+        if (former.empty() || entry.names != 1 || !isAtOrBelow(source(entry), former.native()))
+            return std::string();
         if (!wasWrittenLongAgo(std::chrono::seconds(entry.modifiedAt)))
-            unsettled.push_back(folder / entry.relativePath);
+            written.push_back(folder / entry.relativePath);
         return source(entry);
     });
-    made.files.insert(made.files.end(), unsettled.begin(), unsettled.end());
+    copy.copyRest(source);
     LastFolder folders(files);
     for (const auto &[path, piece] : m_pieces) {
         if (!piece.bytes)
             continue;
-        const fs::path place = folder / path;
-        files.write(files.createFile(folders.at(place.parent_path()), place.filename()), *piece.bytes);
-        made.files.push_back(place);
+        const std::string &url = written.emplace_back(folder / path).native();
+        const Place place = folders.placeAt(url);
+        files.write(files.createFile(place.folder, place.name), *piece.bytes);
     }
+    Unflushed made = copy.made();
+    made.files.insert(made.files.end(), written.begin(), written.end());
     return made;
 }
 

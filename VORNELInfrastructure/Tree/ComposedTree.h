@@ -65,7 +65,7 @@ private:
     struct Piece
     {
         FileTreeSnapshot::Entry entry;
-        std::filesystem::path source = {};    ///< a file
+        std::string source = {};              ///< a file
         std::optional<QByteArray> bytes = {}; ///< in the place of a source
     };
 

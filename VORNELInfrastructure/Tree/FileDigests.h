@@ -23,6 +23,9 @@ public:
 
     std::optional<std::string> find(const EntryStatus &file);
 
+    /// Takes note of a file that the operation itself has given a further name.
+    void follow(const EntryStatus &file) { find(file); }
+
     /// Remembers a digest of bytes that were read after this was true of the file.
     void remember(const EntryStatus &file, const std::string &digest);
 

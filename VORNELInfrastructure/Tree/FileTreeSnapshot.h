@@ -53,8 +53,8 @@ struct FileTreeSnapshot
     /// The digest of the listing of these entries.
     static std::string digestOf(const std::vector<Entry> &entries);
 
-    /// Where an entry stands on the disk.
-    std::filesystem::path url(const Entry &entry) const { return root / entry.relativePath; }
+    /// Where an entry stands on the disk: its path.
+    std::string url(const Entry &entry) const { return root.native() + '/' + entry.relativePath; }
 };
 
 } // namespace vornel

@@ -110,7 +110,7 @@ void SteppedFileSystem::copyLink(const Place &from, const Place &to)
     take({Kind::Create, &to.folder.descriptor, &to}, [&] { Real::copyLink(from, to); });
 }
 
-Sharing SteppedFileSystem::share(const Place &from, const Place &to)
+EntryStatus SteppedFileSystem::share(const Place &from, const Place &to)
 {
     return take({Kind::Share, &to.folder.descriptor, &to}, [&] { return Real::share(from, to); });
 }

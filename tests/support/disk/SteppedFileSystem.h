@@ -58,7 +58,7 @@ public:
     void rename(const Place &from, const Place &to, RenameMode mode) override;
     void remove(const Folder &folder, const std::string &name) override;
     void copyLink(const Place &from, const Place &to) override;
-    Sharing share(const Place &from, const Place &to) override;
+    EntryStatus share(const Place &from, const Place &to) override;
     void flush(const File &file) override;
     void flush(const Folder &folder) override;
     void flushVolume(const Folder &folder) override;
