@@ -46,6 +46,16 @@ bool comesFirst(const KeptVersion &a, const KeptVersion &b)
 
 } // namespace
 
+void StagedEntry::complete()
+{
+    copy.copyRest(source);
+    Unflushed made = copy.made();
+    const fs::path &stage = folder.stage.path();
+    if (made.folders.back() != stage)
+        made.folders.push_back(stage);
+    commit.flush(made);
+}
+
 fs::path SkillHistory::placeFor(const QUuid &id, const QString &name) const
 {
     return m_config.historyOf(id) / pathFromText(name);
@@ -74,8 +84,8 @@ StagedFolder SkillHistory::stageFirst(const SkillManifest &manifest, const fs::p
 void SkillHistory::keep(const fs::path &place, const FileTreeSnapshot &content) const
 {
     StagedEntry entry = begin(place, content);
-    complete(entry);
-    put(entry);
+    entry.complete();
+    entry.put();
 }
 
 StagedEntry SkillHistory::begin(const fs::path &place, const FileTreeSnapshot &content) const
@@ -97,21 +107,6 @@ SharingCopy SkillHistory::sharingCopy(const FileTreeSnapshot &content, const fs:
     for (const EntryStatus &file : copy.shared())
         m_digests.follow(file);
     return copy;
-}
-
-void SkillHistory::complete(StagedEntry &entry) const
-{
-    entry.copy.copyRest(entry.source);
-    Unflushed made = entry.copy.made();
-    const fs::path &stage = entry.folder.stage.path();
-    if (made.folders.back() != stage)
-        made.folders.push_back(stage);
-    entry.commit.flush(made);
-}
-
-void SkillHistory::put(StagedEntry &entry) const
-{
-    entry.commit.finish(entry.folder);
 }
 
 fs::path SkillHistory::placeForReplaced(const SkillManifest &manifest, VersionOrigin origin) const

@@ -26,6 +26,12 @@ struct FormerFolder
 /// An entry in the making.
 struct StagedEntry
 {
+    /// Copies what no other entry holds, and flushes all of it to the disk.
+    void complete();
+
+    /// Puts it in its place.
+    void put() { commit.finish(folder); }
+
     StagedFolder folder; ///< the entry or, with the first one, the whole history
     SharingCopy copy;
     Commit commit;
@@ -47,12 +53,9 @@ public:
     /// Adds a copy of the skill's folder, and returns what it holds.
     FileTreeSnapshot add(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;
 
-    /// The same in three steps, of a folder of which is known what it will hold: what other entries hold; the
-    /// rest, once the folder is there, flushed to the disk; and to its place. Where others may write, the
-    /// folder might hold something else by then: what is to become a revision is completed before.
+    /// Begins a copy of a folder of which is known what it will hold, with what other entries hold. It is to
+    /// be completed once the folder is there, and before others may write to it.
     StagedEntry begin(const SkillManifest &manifest, const FileTreeSnapshot &content) const;
-    void complete(StagedEntry &entry) const;
-    void put(StagedEntry &entry) const;
 
     /// Stages the history of a new skill with the first copy of its folder, to be committed by the caller.
     StagedFolder stageFirst(const SkillManifest &manifest, const std::filesystem::path &skillURL) const;

@@ -128,7 +128,7 @@ SkillDetail SkillAuthoring::revise(SkillRecord skill,
     together([&] { made = composed.write(m_workspace.files, stage, takenOver); },
              [&] { entry.emplace(history.begin(skill.manifest, staged)); });
     Commit commit(m_workspace.files);
-    together([&] { commit.flush(made); }, [&] { history.complete(*entry); });
+    together([&] { commit.flush(made); }, [&] { entry->complete(); });
     const fs::path left = commit.finish(folder);
 
     SkillChange &change = m_workspace.changes[skill.manifest.id];
@@ -144,7 +144,7 @@ SkillDetail SkillAuthoring::revise(SkillRecord skill,
             tree = folderTree(m_workspace, skill); // somebody may have written there since
         },
         [&] {
-            history.put(*entry);
+            entry->put();
             copies = TargetSynchronizer(m_workspace).find(skill.manifest, leftAlone);
         });
     return install(skill, tree, std::move(copies));
