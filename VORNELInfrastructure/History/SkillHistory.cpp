@@ -53,7 +53,7 @@ void StagedEntry::complete()
     const fs::path &stage = folder.stage.path();
     if (made.folders.back() != stage)
         made.folders.push_back(stage);
-    commit.flush(made);
+    flush(files, made);
 }
 
 fs::path SkillHistory::placeFor(const QUuid &id, const QString &name) const
@@ -95,7 +95,7 @@ StagedEntry SkillHistory::begin(const fs::path &place, const FileTreeSnapshot &c
     StagedFolder folder{Stage(m_files, m_config.staging()), {.path = isFirst ? history : place}};
     const fs::path &stage = folder.stage.path();
     SharingCopy copy = sharingCopy(content, history, isFirst ? stage / place.filename() : stage);
-    return {std::move(folder), std::move(copy), Commit(m_files), content.root};
+    return {std::move(folder), std::move(copy), m_files, content.root};
 }
 
 SharingCopy SkillHistory::sharingCopy(const FileTreeSnapshot &content, const fs::path &history,

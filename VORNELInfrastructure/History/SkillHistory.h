@@ -26,15 +26,15 @@ struct FormerFolder
 /// An entry in the making.
 struct StagedEntry
 {
-    /// Copies what no other entry holds, and flushes all of it to the disk.
+    /// Copies what no other entry holds, and flushes all of it to the disk. Throws when either fails.
     void complete();
 
     /// Puts it in its place.
-    void put() { commit.finish(folder); }
+    void put() { Commit(files).finish(folder); }
 
     StagedFolder folder; ///< the entry or, with the first one, the whole history
     SharingCopy copy;
-    Commit commit;
+    FileSystem &files;
     std::filesystem::path source; ///< of the files that no other entry holds
 };
 

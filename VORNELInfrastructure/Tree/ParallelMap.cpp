@@ -1,10 +1,13 @@
 #include "ParallelMap.h"
 
+#include <VORNELInfrastructure/Disk/BestEffort.h>
+
 #include <QThread>
 
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <condition_variable>
 #include <deque>
@@ -150,6 +153,16 @@ void parallelFor(std::size_t count, const std::function<void(std::size_t)> &work
     loop.run();
     loop.awaitHelpers();
     loop.rethrowFailure();
+}
+
+void together(const std::function<void()> &one, const std::function<void()> &other)
+{
+    std::array<std::exception_ptr, 2> failures;
+    parallelFor(2, [&](std::size_t index) { failures.at(index) = failureOf(index == 0 ? one : other); });
+    for (const std::exception_ptr &failure : failures) {
+        if (failure)
+            std::rethrow_exception(failure);
+    }
 }
 
 } // namespace vornel

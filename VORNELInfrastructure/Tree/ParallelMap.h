@@ -14,11 +14,9 @@ namespace vornel {
 /// thrown once all that began has ended; indexes above it may be left out.
 void parallelFor(std::size_t count, const std::function<void(std::size_t)> &work);
 
-/// Does both, side by side where a core is idle.
-inline void together(const std::function<void()> &one, const std::function<void()> &other)
-{
-    parallelFor(2, [&](std::size_t index) { index == 0 ? one() : other(); });
-}
+/// Does both, side by side where a core is idle; when one throws, the other is done all the same. Throws the
+/// exception of the first, or else that of the second.
+void together(const std::function<void()> &one, const std::function<void()> &other);
 
 /// `function` applied to every item as `parallelFor` does, the results in the order of the items.
 template <typename Items, typename Function>

@@ -4,6 +4,7 @@
 #include <VORNELCore/Records/SerializedForms.h>
 #include <VORNELInfrastructure/Disk/TreeOperations.h>
 #include <VORNELInfrastructure/Tree/NaturalOrder.h>
+#include <VORNELInfrastructure/Tree/ParallelMap.h>
 #include <VORNELInfrastructure/Tree/SecureFileTree.h>
 
 #include <fcntl.h>
@@ -12,7 +13,9 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <fstream>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -276,6 +279,22 @@ TEST(NaturalOrder, IgnoresCaseAndCountsDigits)
         EXPECT_TRUE(naturallyBefore(ordered[index - 1], ordered[index])) << ordered[index];
         EXPECT_FALSE(naturallyBefore(ordered[index], ordered[index - 1])) << ordered[index];
     }
+}
+
+/// Where no thread is idle, one is done after the other.
+TEST(Together, DoesTheOtherWhereOneFails)
+{
+    std::atomic<int> done = 0;
+    std::atomic<int> refused = 0;
+    parallelFor(64, [&](std::size_t) {
+        try {
+            together([] { throw std::runtime_error("fails"); }, [&] { ++done; });
+        } catch (const std::runtime_error &) {
+            ++refused;
+        }
+    });
+    EXPECT_EQ(done, 64);
+    EXPECT_EQ(refused, 64);
 }
 
 } // namespace

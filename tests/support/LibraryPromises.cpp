@@ -32,6 +32,13 @@ bool areAlike(const SkillOnDisk &found, const SkillOnDisk &expected, bool isCrea
     return manifest == expected.manifest && files == expected.files;
 }
 
+/// What was edited in its place becomes a revision there.
+bool areAlikeButForRevision(const SkillOnDisk &found, SkillOnDisk expected)
+{
+    expected.manifest.revision = found.manifest.revision;
+    return areAlike(found, expected, false);
+}
+
 bool areInOnePlaceAndAlike(const SkillOnDisk &found, const SkillOnDisk &expected, bool isCreated)
 {
     return found.isTrashed == expected.isTrashed && areAlike(found, expected, isCreated);
@@ -52,6 +59,7 @@ public:
     void check() const
     {
         checkSkills();
+        checkFormerContent();
         checkKeptHistory();
         checkCatalog();
         checkIgnoredNames();
@@ -99,18 +107,47 @@ private:
         return areInOnePlaceAndAlike(*now, *done, m_before.find(slug) == nullptr);
     }
 
+    /// What the library held of a skill is there still, or whole in its history, its manifest included.
+    void checkFormerContent() const
+    {
+        for (const auto &[slug, former] : m_before.skills) {
+            const SkillOnDisk *now = m_now.findByID(idText(former));
+            if (now == nullptr || areAlikeButForRevision(*now, former))
+                continue;
+            const auto history = m_now.history.find(idText(former));
+            EXPECT_TRUE(history != m_now.history.end() &&
+                        std::ranges::any_of(history->second,
+                                            [&](const auto &entry) { return entry.second == former.files; }))
+                << "what the library held of " << slug << " is lost";
+        }
+    }
+
     /// As long as a skill exists, its history keeps every entry, byte for byte, but for those that are
     /// pruned.
     void checkKeptHistory() const
     {
         for (const auto &[id, entries] : m_before.history) {
-            if (m_now.findByID(id) == nullptr)
+            if (m_now.findByID(id) == nullptr) {
+                checkReplacedAreSetAside(id, entries);
                 continue;
+            }
             const auto now = m_now.history.find(id);
             ASSERT_NE(now, m_now.history.end()) << "the history of " << id << " is lost";
             for (const auto &[name, tree] : entries)
                 EXPECT_TRUE(now->second.contains(name) ? now->second.at(name) == tree : mayGo(id, name))
                     << "history " << id << '/' << name << " has changed";
+        }
+    }
+
+    /// Of a skill that is gone, what was replaced goes to the recovery folder before its history goes.
+    void checkReplacedAreSetAside(const std::string &id, const std::map<std::string, Tree> &entries) const
+    {
+        const auto left = m_now.history.find(id);
+        for (const auto &[name, tree] : entries) {
+            const bool isLeft = left != m_now.history.end() && left->second.contains(name);
+            const bool isSetAside = std::ranges::any_of(
+                m_now.recovery, [&tree = tree](const auto &copy) { return copy.second == tree; });
+            EXPECT_TRUE(!isOfReplaced(name) || isLeft || isSetAside) << name << " is lost";
         }
     }
 
