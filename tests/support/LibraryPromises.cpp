@@ -144,7 +144,8 @@ private:
     {
         const auto left = m_now.history.find(id);
         for (const auto &[name, tree] : entries) {
-            const bool isLeft = left != m_now.history.end() && left->second.contains(name);
+            const bool isLeft =
+                left != m_now.history.end() && left->second.contains(name) && left->second.at(name) == tree;
             const bool isSetAside = std::ranges::any_of(
                 m_now.recovery, [&tree = tree](const auto &copy) { return copy.second == tree; });
             EXPECT_TRUE(!isOfReplaced(name) || isLeft || isSetAside) << name << " is lost";
